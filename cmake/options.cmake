@@ -1,0 +1,28 @@
+# Compile options that every target of the project shares.
+
+add_library(project_options INTERFACE)
+target_compile_options(project_options INTERFACE
+    -Wall -Wextra -Wconversion -Wshadow -Werror -fno-strict-aliasing)
+
+if(ZPLUI_SANITIZER)
+    add_compile_options(-fsanitize=${ZPLUI_SANITIZER} -fno-omit-frame-pointer)
+    add_link_options(-fsanitize=${ZPLUI_SANITIZER})
+    if(ZPLUI_SANITIZER MATCHES "undefined")
+        add_compile_options(-fno-sanitize-recover=undefined)
+    endif()
+endif()
+if(ZPLUI_FUZZ)
+    add_compile_options(-fsanitize=fuzzer-no-link)
+endif()
+
+# One folder of the module: an object library with every source file of the folder.
+function(zplui_folder name)
+    file(GLOB sources CONFIGURE_DEPENDS ${CMAKE_CURRENT_SOURCE_DIR}/${name}/*.cpp)
+    if(sources)
+        add_library(zplui_${name} OBJECT ${sources})
+        target_include_directories(zplui_${name} PUBLIC ${PROJECT_SOURCE_DIR}/src
+                                                        ${PROJECT_SOURCE_DIR}/include)
+        target_link_libraries(zplui_${name} PUBLIC project_options win32_headers)
+        set_property(GLOBAL APPEND PROPERTY ZPLUI_FOLDERS zplui_${name})
+    endif()
+endfunction()

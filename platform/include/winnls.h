@@ -1,0 +1,4 @@
+// Code pages and user locale.
+#pragma once
+
+#include <windef.h>

@@ -1,0 +1,4 @@
+// Kernel types, security records and registry value types.
+#pragma once
+
+#include <windef.h>

@@ -1,0 +1,4 @@
+// The print spooler.
+#pragma once
+
+#include <windef.h>

@@ -1,0 +1,4 @@
+// Strings, resources and message boxes.
+#pragma once
+
+#include <windef.h>

@@ -1,0 +1,4 @@
+// Version resources.
+#pragma once
+
+#include <windef.h>
