@@ -1,0 +1,133 @@
+#include "core/ofile.h"
+
+#include <new>
+
+OFile::OFile() = default;
+
+OFile::OFile(const OString& name, uint32_t mode) {
+    OFile::Open(name, mode);
+}
+
+OFile::~OFile() {
+    OFile::Close();
+}
+
+namespace {
+
+DWORD ShareModeOf(uint32_t mode) {
+    switch (mode & OFILE_SHARE_MASK) {
+    case OFILE_SHARE_NONE:
+        return 0;
+    case OFILE_SHARE_READ:
+        return FILE_SHARE_READ;
+    case OFILE_SHARE_WRITE:
+        return FILE_SHARE_WRITE;
+    default:
+        return FILE_SHARE_READ | FILE_SHARE_WRITE;
+    }
+}
+
+} // namespace
+
+bool OFile::Open(const OString& name, uint32_t mode) {
+    OFile::Close();
+    handle_ = new (std::nothrow) HANDLE;
+    if (!handle_) return false;
+    name_ = name;
+    const bool write = (mode & OFILE_WRITE) != 0;
+    *handle_ = CreateFileW(name.wstring(), write ? GENERIC_READ | GENERIC_WRITE : GENERIC_READ,
+                           ShareModeOf(mode), nullptr, OPEN_ALWAYS, FILE_ATTRIBUTE_NORMAL, nullptr);
+    if (*handle_ == INVALID_HANDLE_VALUE) {
+        delete handle_;
+        handle_ = nullptr;
+        return false;
+    }
+    if (write) {
+        if (mode & OFILE_APPEND)
+            OFile::Seek(0, FILE_END);
+        else
+            SetEndOfFile(*handle_);
+    }
+    return true;
+}
+
+void OFile::Close() {
+    if (!handle_) return;
+    Flush();
+    CloseHandle(*handle_);
+    delete handle_;
+    handle_ = nullptr;
+}
+
+void OFile::Seek(int32_t offset, uint32_t origin) {
+    if (!handle_) return;
+    Flush();
+    SetFilePointer(*handle_, offset, nullptr, origin);
+}
+
+uint32_t OFile::GetLength() const {
+    if (!handle_) return 0;
+    DWORD high = 0;
+    SetLastError(NO_ERROR);
+    DWORD low = GetFileSize(*handle_, &high);
+    if (low == INVALID_FILE_SIZE && GetLastError() != NO_ERROR) return 0;
+    return high != 0 ? 0xFFFFFFFF : low;
+}
+
+int32_t OFile::Read(void* data, int32_t size) {
+    if (!handle_ || !data || size <= 0) return 0;
+    DWORD read = 0;
+    if (!ReadFile(*handle_, data, static_cast<DWORD>(size), &read, nullptr)) return 0;
+    return static_cast<int32_t>(read);
+}
+
+uint32_t OFile::_StreamWrite(const void* data, uint32_t size) {
+    if (!handle_) return 0;
+    DWORD written = 0;
+    if (!WriteFile(*handle_, data, size, &written, nullptr)) return 0;
+    return written;
+}
+
+bool OFile::ReadLine(OString& line) {
+    OString text;
+    text.SetCodePage(GetCodePage());
+    char block[128];
+    for (bool line_ended = false; !line_ended;) {
+        const int32_t count = Read(block, sizeof(block));
+        if (count == 0) break;
+        int32_t used = 0;
+        while (used < count && !line_ended) {
+            const char c = block[used++];
+            text << c;
+            line_ended = c == '\n';
+        }
+        // What was read beyond the line belongs to the next read.
+        if (used < count) SetFilePointer(*handle_, used - count, nullptr, FILE_CURRENT);
+    }
+    if (text.GetLength() == 0) return false;
+    text.TrimRight("\r\n");
+    text.SetCodePage(line.GetCodePage());
+    line = text;
+    return true;
+}
+
+OString OFile::GetFileName() const {
+    // On the UTF-16 form: in a double-byte code page a backslash may be half of a character.
+    const WCHAR* full = name_.wstring();
+    const WCHAR* start = full;
+    for (const WCHAR* at = full; *at; ++at)
+        if (*at == TEXT('\\')) start = at + 1;
+    OString name(start);
+    name.SetCodePage(name_.GetCodePage());
+    return name;
+}
+
+bool OFile::Exists(const OString& name) {
+    // By its UTF-16 name, so that a name outside the ANSI code page is found like any other.
+    const DWORD attributes = GetFileAttributesW(name.wstring());
+    return attributes != INVALID_FILE_ATTRIBUTES && !(attributes & FILE_ATTRIBUTE_DIRECTORY);
+}
+
+bool OFile::Delete(const OString& name) {
+    return DeleteFileW(name.wstring()) != 0;
+}

@@ -1,0 +1,73 @@
+// A file: written through the stream's buffer, read directly and line by line.
+#pragma once
+
+#include <windows.h>
+
+#include "core/ostream.h"
+
+// The mode that OFile::Open takes. Bits not named here are ignored.
+enum OFileMode : uint32_t {
+    OFILE_READ = 0x0,
+    OFILE_WRITE = 0x1, // reading and writing
+
+    // What other openers of the file may do; any other value of this digit, 0 included, lets them
+    // read and write.
+    OFILE_SHARE_NONE = 0x10,
+    OFILE_SHARE_READ = 0x20,
+    OFILE_SHARE_WRITE = 0x30,
+    OFILE_SHARE_MASK = 0xF0,
+
+    OFILE_APPEND = 0x2000 // with OFILE_WRITE: keep the contents and write behind them
+};
+
+// Failures are false or a count of 0; the platform's error code is not passed on. One thread uses
+// a file at a time.
+class OFile : public OCore::OStream {
+public:
+    OFile();
+    // Opens at once; is_open tells whether that worked.
+    OFile(const OString& name, uint32_t mode);
+    ~OFile() override;
+
+    // Opens `name`, after closing what was open. A missing file is created, also when it is opened
+    // only for reading. Opened for writing without OFILE_APPEND, the file is cut to length 0.
+    virtual bool Open(const OString& name, uint32_t mode);
+
+    // Writes out the buffer and closes. Harmless when not open.
+    virtual void Close();
+
+    // Flushes, then moves the position: `origin` 0 from the start, 1 from the current position,
+    // 2 from the end.
+    virtual void Seek(int32_t offset, uint32_t origin);
+
+    // The size in bytes of what is in the file (not of what waits in the buffer); 0 when not open,
+    // 0xFFFFFFFF for a file of 4 GiB or more.
+    virtual uint32_t GetLength() const;
+
+    // Reads up to `size` bytes at the current position; answers the bytes read, 0 at the end of the
+    // file or when not open. Bytes that still wait in the write buffer are not seen.
+    virtual int32_t Read(void* data, int32_t size);
+
+    bool is_open() const { return handle_ != nullptr; }
+
+    // Reads up to the next line feed or the end of the file. NUL bytes are skipped, trailing
+    // carriage returns and line feeds cut off. The text, read in the file's code page, is converted
+    // to the code page that `line` has. False, with `line` unchanged, at the end of the file.
+    bool ReadLine(OString& line);
+
+    // The part of the file's name after its last backslash.
+    OString GetFileName() const;
+
+    // Whether `name` is a file (a folder is none).
+    static bool Exists(const OString& name);
+
+    // Deletes a file; true on success.
+    static bool Delete(const OString& name);
+
+protected:
+    uint32_t _StreamWrite(const void* data, uint32_t size) override;
+
+private:
+    OString name_;
+    HANDLE* handle_ = nullptr; // a heap cell with the platform's handle; null while closed
+};
