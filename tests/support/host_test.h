@@ -1,4 +1,5 @@
-// The fixture of every test that touches the host: a fresh root folder per test, removed afterwards.
+// The fixture of every test that touches the host: a fresh root folder per test, removed
+// afterwards.
 #pragma once
 
 #include <gtest/gtest.h>

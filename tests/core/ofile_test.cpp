@@ -1,0 +1,204 @@
+#include "core/ofile.h"
+
+#include "support/host_test.h"
+
+#include <fstream>
+#include <sstream>
+#include <string>
+#include <vector>
+
+namespace {
+
+// A stream whose sink takes at most `room` bytes a call and remembers the size of every call.
+class SinkStream : public OCore::OStream {
+public:
+    std::vector<uint32_t> calls;
+    std::string bytes;
+    uint32_t room = 0xFFFFFFFF;
+
+protected:
+    uint32_t _StreamWrite(const void* data, uint32_t size) override {
+        calls.push_back(size);
+        const uint32_t taken = size < room ? size : room;
+        bytes.append(static_cast<const char*>(data), taken);
+        return taken;
+    }
+};
+
+TEST(Stream, HandsOnFullBuffersAndKeepsTheRest) {
+    SinkStream stream;
+    const std::string block(3000, 'x');
+    EXPECT_EQ(stream.Write(block.data(), 3000), 3000u);
+    EXPECT_EQ(stream.calls, (std::vector<uint32_t>{1024, 1024}));
+    EXPECT_EQ(stream.Flush(), 952u);
+    EXPECT_EQ(stream.Flush(), 0u);
+    EXPECT_EQ(stream.bytes, block);
+}
+
+TEST(Stream, WithoutABufferHandsOnEveryWrite) {
+    SinkStream stream;
+    stream.Write("ab", 2);
+    stream.SetBufferSize(0);
+    stream.Write("c", 1);
+    EXPECT_EQ(stream.calls, (std::vector<uint32_t>{2, 1}));
+    EXPECT_EQ(stream.bytes, "abc");
+}
+
+TEST(Stream, ReportsASinkThatTakesLessThanAFullBuffer) {
+    SinkStream stream;
+    stream.room = 1000;
+    const std::string block(1024, 'x');
+    EXPECT_EQ(stream.Write(block.data(), 1024), 0u);
+    EXPECT_EQ(stream.Write("y", 1), 1u) << "the buffer was emptied all the same";
+    stream.Flush();
+    EXPECT_EQ(stream.calls, (std::vector<uint32_t>{1024, 1}));
+}
+
+TEST(Stream, WritesTextInItsCodePage) {
+    const WCHAR text[] = {0xE9, 0};
+    const struct {
+        uint32_t code_page;
+        const char* bytes;
+    } cases[] = {{1208, "\xC3\xA9"}, {1252, "\xE9"}};
+    for (const auto& c : cases) {
+        SinkStream stream;
+        stream.SetCodePage(c.code_page);
+        const OString source(text);
+        stream << source << "=" << -12 << static_cast<const char*>(nullptr);
+        stream << OCore::endl;
+        stream.Flush();
+        EXPECT_EQ(stream.bytes, std::string(c.bytes) + "=-12\r\n") << c.code_page;
+        EXPECT_EQ(source.GetCodePage(), 0u);
+    }
+}
+
+class FileTest : public HostTest {
+protected:
+    std::string Contents(const std::string& name) const {
+        std::ifstream in(OnDriveC(name), std::ios::binary);
+        std::ostringstream all;
+        all << in.rdbuf();
+        return all.str();
+    }
+};
+
+TEST_F(FileTest, OpensExistingFilesByTheModeAndCreatesMissingOnes) {
+    const struct {
+        uint32_t mode;
+        const char* after_writing_new;
+    } cases[] = {
+        {OFILE_READ, "old"},
+        {OFILE_WRITE, "new"},
+        {OFILE_WRITE | OFILE_APPEND, "oldnew"},
+        {OFILE_WRITE | OFILE_APPEND | OFILE_SHARE_NONE | 0x100, "oldnew"},
+    };
+    for (const auto& c : cases) {
+        WriteFile("list.txt", "old");
+        OFile file(OString("C:\\list.txt"), c.mode);
+        ASSERT_TRUE(file.is_open()) << c.mode;
+        file << "new";
+        file.Close();
+        EXPECT_EQ(Contents("list.txt"), c.after_writing_new) << c.mode;
+    }
+    OFile missing;
+    EXPECT_TRUE(missing.Open(OString("C:\\missing.txt"), OFILE_READ));
+    EXPECT_TRUE(OFile::Exists(OString("C:\\missing.txt")));
+    EXPECT_EQ(missing.GetLength(), 0u);
+    EXPECT_FALSE(missing.Open(OString("C:\\no folder\\x.txt"), OFILE_WRITE));
+    EXPECT_FALSE(missing.is_open());
+    char byte = 0;
+    EXPECT_EQ(missing.Read(&byte, 1), 0);
+    EXPECT_EQ(missing.GetLength(), 0u);
+}
+
+TEST_F(FileTest, LetsOthersInByItsSharing) {
+    const struct {
+        uint32_t sharing;
+        bool read, write;
+    } cases[] = {
+        {OFILE_SHARE_NONE, false, false},
+        {OFILE_SHARE_READ, true, false},
+        {0, true, true},
+        {0x40, true, true},
+    };
+    for (const auto& c : cases) {
+        OFile first(OString("C:\\shared.txt"), c.sharing);
+        OFile second;
+        EXPECT_EQ(second.Open(OString("C:\\shared.txt"), OFILE_READ), c.read) << c.sharing;
+        EXPECT_EQ(second.Open(OString("C:\\shared.txt"), OFILE_WRITE), c.write) << c.sharing;
+    }
+}
+
+TEST_F(FileTest, ReadsLinesWhateverEndsThem) {
+    const struct {
+        std::string bytes;
+        std::vector<std::string> lines;
+    } cases[] = {
+        {"a\r\n\r\nb", {"a", "", "b"}},
+        {"", {}},
+        {"\n", {""}},
+        {std::string("x\0y\nz\0", 6), {"xy", "z"}},
+        {"one\rtwo\r\r\n", {"one\rtwo"}},
+        {std::string(300, 'l') + "\n" + std::string(128, 'm'),
+         {std::string(300, 'l'), std::string(128, 'm')}},
+    };
+    for (const auto& c : cases) {
+        WriteFile("lines.txt", c.bytes);
+        OFile file(OString("C:\\lines.txt"), OFILE_READ);
+        OString line("before");
+        for (const std::string& expected : c.lines) {
+            ASSERT_TRUE(file.ReadLine(line)) << c.bytes;
+            EXPECT_STREQ(line.nstring(), expected.c_str());
+        }
+        line = "unchanged";
+        EXPECT_FALSE(file.ReadLine(line)) << c.bytes;
+        EXPECT_STREQ(line.nstring(), "unchanged");
+    }
+}
+
+TEST_F(FileTest, ReadsOnBehindALineAndConvertsItsText) {
+    WriteFile("mixed.txt", "\xC3\xA9\nrest of the file");
+    OFile file(OString("C:\\mixed.txt"), OFILE_READ);
+    file.SetCodePage(1208);
+    OString line;
+    line.SetCodePage(1252);
+    ASSERT_TRUE(file.ReadLine(line));
+    EXPECT_STREQ(line.nstring(), "\xE9");
+    char rest[5] = {};
+    EXPECT_EQ(file.Read(rest, 4), 4);
+    EXPECT_STREQ(rest, "rest");
+}
+
+TEST_F(FileTest, SeeksOverWhatWasWritten) {
+    OFile file(OString("C:\\data.bin"), OFILE_WRITE);
+    file.Write("0123456789", 10);
+    EXPECT_EQ(file.GetLength(), 0u) << "still in the buffer";
+    file.Seek(-3, 2);
+    EXPECT_EQ(file.GetLength(), 10u);
+    char tail[4] = {};
+    EXPECT_EQ(file.Read(tail, 4), 3);
+    EXPECT_STREQ(tail, "789");
+    file.Seek(2, 0);
+    file.Seek(1, 1);
+    file.Write("x", 1);
+    file.Close();
+    EXPECT_EQ(Contents("data.bin"), "012x456789");
+}
+
+TEST_F(FileTest, KnowsItsNameAndDeletes) {
+    const struct {
+        const char* full;
+        const char* name;
+    } cases[] = {{"C:\\dir\\list.txt", "list.txt"}, {"C:\\list.txt", "list.txt"}};
+    WriteFile("dir\\list.txt", "");
+    for (const auto& c : cases) {
+        OFile file(OString(c.full), OFILE_READ);
+        EXPECT_STREQ(file.GetFileName().nstring(), c.name);
+    }
+    EXPECT_FALSE(OFile::Exists(OString("C:\\dir"))) << "a folder is no file";
+    EXPECT_TRUE(OFile::Delete(OString("C:\\dir\\list.txt")));
+    EXPECT_FALSE(OFile::Delete(OString("C:\\dir\\list.txt")));
+    EXPECT_FALSE(OFile::Exists(OString("C:\\dir\\list.txt")));
+}
+
+} // namespace
