@@ -1,0 +1,166 @@
+// The gateway to the Windows registry: every value has one symbolic path.
+#pragma once
+
+#include <windows.h>
+
+#include "core/ostring.h"
+#include "core/ostring_array.h"
+
+// A path is a root, a colon, and names separated by "/" (or "\"); the last name is a value, for
+// the operations on keys the last key: "LOCAL:Printers/Dock3/Shadow". Roots, in any case:
+//
+//   CLASSES_ROOT:  CURRENT_USER:  LOCAL_MACHINE:  USERS:   the registry's roots, also written
+//                  0: 1: 2: 3:
+//   USER:          the driver's settings of the current user
+//   LOCAL:         those of the machine;  GLOBAL: "Global Settings" below them
+//   PRINT:         the spooler's key
+//
+// Inside a name "//" is a slash, "::" a colon and "%%" a percent sign; "%" and two hexadecimal
+// digits stand for the character with that code. EncodeName does all that is needed. A name
+// without a root is relative to the base key, which Import and Export set.
+//
+// Reads never create a key and never look at the type of a value: what fits is taken. Writes
+// create missing keys, open to every account. A key that the user may only read can be read;
+// writes to it fail. Nothing here throws or shows a message.
+//
+// One key stays open between calls, so that work on one key is quick. An ORegistry belongs to one
+// thread; threads and processes meet in the registry itself.
+class ORegistry {
+public:
+    ORegistry() = default;
+    // A copy has the same base key and opens its own key.
+    ORegistry(const ORegistry& other)
+        : base_key_(other.base_key_) {}
+    ORegistry& operator=(const ORegistry&) = delete;
+    virtual ~ORegistry();
+
+    // Values of any type: the bytes written or read, or -1. A read fails when the value does not
+    // fit into `size` bytes; `type` is only what the caller expects.
+    int32_t SetData(const OString& name, const void* data, uint32_t size, uint32_t type);
+    int32_t GetData(const OString& name, void* buffer, uint32_t size, uint32_t type);
+
+    // REG_SZ. A read takes up to 8192 bytes, with or without a terminator; an empty string that
+    // exists is an answer, a longer one is not.
+    bool SetString(const OString& name, const OString& value);
+    OString GetString(const OString& name, const OString& default_value);
+
+    // REG_MULTI_SZ. Empty strings are not stored. Set always answers true. A read takes up to
+    // 10000 bytes; it replaces the strings, or answers false and leaves them.
+    bool SetMultiString(const OString& name, const OStringArray& values);
+    bool GetMultiString(const OString& name, OStringArray& values);
+
+    // Numbers: REG_DWORD, and REG_BINARY of 4 bytes and of 1 byte. Each reads what the others of
+    // its size have written.
+    bool SetDWORD(const OString& name, uint32_t value);
+    uint32_t GetDWORD(const OString& name, uint32_t default_value);
+    bool SetInt(const OString& name, int32_t value);
+    int32_t GetInt(const OString& name, int32_t default_value);
+    bool SetByte(const OString& name, unsigned char value);
+    unsigned char GetByte(const OString& name, unsigned char default_value);
+
+    // REG_BINARY, as SetData and GetData.
+    int32_t SetBinary(const OString& name, const void* data, uint32_t size);
+    int32_t GetBinary(const OString& name, void* buffer, uint32_t size);
+
+    // The byte size and the registry type of a value; null pointers are not filled. False when
+    // there is no such value.
+    bool GetInfo(const OString& name, uint32_t* size, uint32_t* type);
+
+    // The byte size of a value, -1 when there is none.
+    int32_t GetSize(const OString& name);
+
+    // How many subkeys and values a key has; null pointers are not filled. False when there is no
+    // such key.
+    bool GetKeyInfo(const OString& key, uint32_t* keys, uint32_t* values);
+
+    // The names of a key's subkeys or values, as they are (not escaped), in the registry's order.
+    // The number of names; -1, and `names` untouched, when the key cannot be opened.
+    int EnumKeys(const OString& key, OStringArray& names);
+    int EnumValues(const OString& key, OStringArray& names);
+
+    // The same for the names that match a pattern: a key, a slash and a last part with "*" (any
+    // run of characters) or "?" (one character), matched by case. Without either the pattern is
+    // a key of which every name counts.
+    int EnumMatchingKeys(const OString& pattern, OStringArray& names);
+    int EnumMatchingValues(const OString& pattern, OStringArray& names);
+
+    // Deletes the key of that name, or, when there is none, the value. A key that has subkeys is
+    // deleted only when `recursive` is set. The registry's roots cannot be deleted.
+    bool Delete(const OString& name, bool recursive);
+
+    // Deletes every subkey (with all below it) and every value that matches a pattern as above; a
+    // pattern without "*" and "?" is deleted as a name. False when it cannot be resolved.
+    bool DeletePattern(const OString& pattern);
+
+    // Appends a key with all below it to `lines`, in the form of Windows registry files without
+    // their head line. False when the path has no root. Every value with its type comes back
+    // from Import, except that types other than strings, lists, numbers and binary become binary.
+    bool Export(const OString& key, OStringArray& lines);
+
+    // Applies lines of that form. A key in the text replaces the one in the registry with all
+    // below it; "[-key]" deletes one. Lines that make no sense are skipped. Always true.
+    bool Import(const OStringArray& lines);
+
+    // The path of a key in Windows notation ("HKEY_CURRENT_USER\SOFTWARE\..."), empty when the
+    // path has no root.
+    OString SubstituteWindowsSyntax(const OString& key);
+
+    // A name escaped so that it stays one name in a path: "%", "/" and ":" become "%25", "%2F"
+    // and "%3A".
+    static OString EncodeName(const OString& name);
+
+protected:
+    // Splits a name into the full path of its key, roots substituted, and the name of its value,
+    // escapes decoded. `key` comes in as the key that relative names belong to. With an empty
+    // `value`, `key` itself is resolved as a key. False when neither holds a colon or a slash.
+    bool GetKeyAndValue(OString& key, OString& value);
+
+    // Makes `path`, fully substituted, the open key. False when it cannot be opened.
+    bool SetKey(const OString& path, bool create);
+
+    // Closes the open key. To be called when an OpenKey would now lead elsewhere.
+    void ReleaseKey();
+
+    // One substitution rule on `s`. A `from` with a colon is a root and replaced at the start only,
+    // in any case; any other is replaced wherever it stands, exactly.
+    static void Substitute(OString& s, const OString& from, const OString& to);
+
+    // Rewrites a key path in place, so that it begins with the number of a registry root. A path
+    // without a colon is left alone.
+    virtual void SubstituteKey(OString& key);
+
+    // Opens a substituted key; null when that fails. The caller closes it.
+    virtual HKEY OpenKey(const OString& key, bool create);
+
+private:
+    static OString SyntaxStandard(const OString& windows);
+    static OString SyntaxWindows(const OString& standard);
+
+    // Resolves `name` against the base key, opens its key; `value` becomes the value's name.
+    bool OpenValue(const OString& name, bool create, OString& value);
+
+    bool ExportKey(const OString& key, OStringArray& lines);
+    bool DeleteTree(const OString& path);
+    int EnumMatching(const OString& pattern, OStringArray& names, bool keys);
+    int EnumAll(const OString& key, OStringArray& names, bool keys);
+
+    // On an open handle.
+    static void CloseKey(HKEY key);
+    static bool DeleteKey(HKEY key, const OString& name);
+    static bool DeleteValue(HKEY key, const OString& name);
+    static int32_t SetData(HKEY key, const OString& name, const void* data, uint32_t size,
+                           uint32_t type);
+    static int32_t GetData(HKEY key, const OString& name, void* buffer, uint32_t size);
+    static bool GetKeyInfo(HKEY key, uint32_t* keys, uint32_t* values);
+    static bool GetInfo(HKEY key, const OString& name, uint32_t* size, uint32_t* type);
+    static bool EnumKey(HKEY key, uint32_t index, OString& name);
+    static bool EnumValue(HKEY key, uint32_t index, OString& name);
+
+    HKEY key_ = nullptr;
+    OString path_;     // of the open key, substituted; empty when none is open
+    OString base_key_; // what relative names belong to
+};
+
+// The byte that two hexadecimal characters stand for: a digit counts its value, any other
+// character its low four bits plus 9.
+unsigned char xtohex2(WCHAR high, WCHAR low);

@@ -1,0 +1,12 @@
+#include "driver/platform_flags.h"
+
+bool winNT = false;
+bool win2000 = false;
+
+void SetPlatformFlags(const OString& driver_directory) {
+    const WCHAR* text = driver_directory.wstring();
+    size_t length = 0;
+    while (text[length]) ++length;
+    winNT = length >= 2 && text[length - 2] == '\\';
+    win2000 = winNT && text[length - 1] >= '3';
+}

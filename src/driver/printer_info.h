@@ -1,0 +1,109 @@
+// What the print spooler knows about one printer.
+#pragma once
+
+#include <windows.h>
+#include <winspool.h>
+
+#include <memory>
+
+#include "core/obuffer.h"
+#include "core/ostring.h"
+#include "core/ostring_array.h"
+
+// Built on a printer handle or a printer name; asks the spooler only when a getter first needs an
+// answer, and once: a PrinterInfo lives for the span of one operation and does not follow later
+// changes, except its own SetDevMode. A printer that cannot be opened or asked answers empty
+// strings and no DEVMODE. Not shared between threads.
+//
+// The spooler is asked through its wide-character functions; where those do not exist (16-bit
+// systems), through the ANSI ones.
+class PrinterInfo {
+public:
+    // On a printer by name, "LABELS" or "\\SERVER\LABELS". Opened for each question and closed
+    // again.
+    explicit PrinterInfo(const OString& name);
+
+    // On an open printer handle, which is borrowed and never closed here. A null handle is a
+    // printer that the spooler does not know.
+    explicit PrinterInfo(void* handle);
+
+    virtual ~PrinterInfo();
+
+    PrinterInfo(const PrinterInfo&) = delete;
+    PrinterInfo& operator=(const PrinterInfo&) = delete;
+
+    // The printer's full name as the spooler spells it; the name given to the constructor when
+    // the spooler does not answer.
+    const OString& GetPrinterName() const;
+
+    // True when the spooler answered with the printer's record.
+    bool IsKnown() const;
+
+    // The printer's record.
+    const OString& GetServerName() const; // "\\SERVER"; empty for a local printer
+    const OString& GetShareName() const;
+    const OString& GetPortName() const;
+    const OString& GetDriverName() const;
+    const OString& GetComment() const;
+    const OString& GetLocation() const;
+    const OString& GetSeparatorFile() const;
+    const OString& GetPrintProcessor() const;
+    const OString& GetDatatype() const;
+    const OString& GetParameters() const;
+    uint32_t GetAttributes() const; // PRINTER_ATTRIBUTE_ bits
+
+    // The printer's default DEVMODE, dmSize + dmDriverExtra bytes, or null when it has none. The
+    // copy belongs to this object and is replaced by SetDevMode.
+    const DEVMODEW* GetDevMode() const;
+
+    // The record of the printer's driver. Files are named without their folder.
+    uint32_t GetDriverVersion() const;
+    const OString& GetEnvironment() const;
+    const OString& GetDriverDirectory() const; // the folder of the driver file
+    const OString& GetDriverFile() const;
+    const OString& GetDataFile() const;
+    const OString& GetConfigFile() const;
+    const OString& GetHelpFile() const;
+    const OString& GetMonitorName() const;
+    const OString& GetDefaultDatatype() const;
+    const OStringArray& GetDependentFiles() const;
+    // Empty where the spooler does not know driver information level 6.
+    const OString& GetManufacturer() const;
+    const OString& GetHardwareID() const;
+    const OString& GetProvider() const;
+
+    // The printer family's prefix: the first three characters of the data file's name, in lower
+    // case ("zpl" of "ZPLQV.DDT"). Shorter or empty when the name is.
+    OString GetPrefix() const;
+
+    // The OEM code: the fourth and fifth character of the data file's name, in lower case ("qv").
+    OString GetOEM() const;
+
+    // The printer name without its server: what follows the last backslash when there is one at
+    // or after the third character, otherwise the whole name.
+    OString PrinterPart() const;
+
+    // True when the printer has no server. Also of a printer that the spooler does not know.
+    bool IsLocal() const;
+
+    // Makes `dev_mode` (dmSize + dmDriverExtra bytes) the printer's default. False when the
+    // printer cannot be opened with full access, when the spooler refuses, and for null. From
+    // then on GetDevMode answers the new default.
+    bool SetDevMode(DEVMODEW* dev_mode);
+
+private:
+    struct PrinterRecord;
+    struct DriverRecord;
+
+    const PrinterRecord& Printer() const;
+    const DriverRecord& Driver() const;
+    void FetchPrinter() const;
+    void FetchDriver() const;
+    void KeepDevMode(const void* dev_mode, uint32_t size) const;
+
+    void* const handle_;
+    mutable OString name_;
+    mutable std::unique_ptr<PrinterRecord> printer_;
+    mutable std::unique_ptr<DriverRecord> driver_;
+    mutable OBuffer<unsigned char> dev_mode_;
+};
