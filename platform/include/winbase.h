@@ -1,4 +1,286 @@
 // Files, modules, memory, time, critical sections and errors.
+//
+// Functions that fail answer FALSE, null, 0 or the value named with them, and GetLastError tells
+// why.
 #pragma once
 
 #include <windef.h>
+#include <winnt.h>
+
+// ---- Constants ----------------------------------------------------------------------------------
+
+#define INVALID_HANDLE_VALUE (reinterpret_cast<HANDLE>(static_cast<LONG_PTR>(-1)))
+#define INVALID_FILE_SIZE 0xFFFFFFFF
+#define INVALID_SET_FILE_POINTER 0xFFFFFFFF
+#define INVALID_FILE_ATTRIBUTES 0xFFFFFFFF
+#define HFILE_ERROR (-1)
+
+// What to do with a file that exists, or does not.
+#define CREATE_NEW 1
+#define CREATE_ALWAYS 2
+#define OPEN_EXISTING 3
+#define OPEN_ALWAYS 4
+#define TRUNCATE_EXISTING 5
+
+// Rights to ask for, what others may do meanwhile, and the kinds of file.
+#ifndef GENERIC_READ
+#define GENERIC_READ 0x80000000
+#define GENERIC_WRITE 0x40000000
+#define GENERIC_EXECUTE 0x20000000
+#define GENERIC_ALL 0x10000000
+#endif
+#ifndef DELETE
+#define DELETE 0x00010000
+#endif
+#define FILE_READ_DATA 0x0001
+#define FILE_WRITE_DATA 0x0002
+#define FILE_APPEND_DATA 0x0004
+#define FILE_SHARE_READ 0x00000001
+#define FILE_SHARE_WRITE 0x00000002
+#define FILE_SHARE_DELETE 0x00000004
+#define FILE_ATTRIBUTE_READONLY 0x00000001
+#define FILE_ATTRIBUTE_HIDDEN 0x00000002
+#define FILE_ATTRIBUTE_SYSTEM 0x00000004
+#define FILE_ATTRIBUTE_DIRECTORY 0x00000010
+#define FILE_ATTRIBUTE_ARCHIVE 0x00000020
+#define FILE_ATTRIBUTE_NORMAL 0x00000080
+#define FILE_ATTRIBUTE_TEMPORARY 0x00000100
+
+#define FILE_BEGIN 0
+#define FILE_CURRENT 1
+#define FILE_END 2
+
+#define FILE_FLAG_WRITE_THROUGH 0x80000000
+#define FILE_FLAG_RANDOM_ACCESS 0x10000000
+#define FILE_FLAG_SEQUENTIAL_SCAN 0x08000000
+#define FILE_FLAG_DELETE_ON_CLOSE 0x04000000
+#define FILE_FLAG_BACKUP_SEMANTICS 0x02000000
+
+#define MOVEFILE_REPLACE_EXISTING 0x00000001
+#define MOVEFILE_COPY_ALLOWED 0x00000002
+#define MOVEFILE_WRITE_THROUGH 0x00000008
+
+#define OF_READ 0x0000
+#define OF_EXIST 0x4000
+#define OFS_MAXPATHNAME 128
+
+#define GMEM_FIXED 0x0000
+#define GMEM_MOVEABLE 0x0002
+#define GMEM_ZEROINIT 0x0040
+#define GHND (GMEM_MOVEABLE | GMEM_ZEROINIT)
+#define GPTR (GMEM_FIXED | GMEM_ZEROINIT)
+#define LMEM_FIXED 0x0000
+#define LMEM_MOVEABLE 0x0002
+#define LMEM_ZEROINIT 0x0040
+#define LPTR (LMEM_FIXED | LMEM_ZEROINIT)
+#define HEAP_ZERO_MEMORY 0x00000008
+
+#define DLL_PROCESS_ATTACH 1
+#define DLL_PROCESS_DETACH 0
+
+#define DONT_RESOLVE_DLL_REFERENCES 0x00000001
+#define LOAD_LIBRARY_AS_DATAFILE 0x00000002
+#define LOAD_WITH_ALTERED_SEARCH_PATH 0x00000008
+
+// ---- Structures ---------------------------------------------------------------------------------
+
+struct SECURITY_ATTRIBUTES {
+    DWORD nLength;
+    LPVOID lpSecurityDescriptor;
+    BOOL bInheritHandle;
+};
+using PSECURITY_ATTRIBUTES = SECURITY_ATTRIBUTES*;
+using LPSECURITY_ATTRIBUTES = SECURITY_ATTRIBUTES*;
+
+struct OVERLAPPED {
+    ULONG_PTR Internal;
+    ULONG_PTR InternalHigh;
+    DWORD Offset;
+    DWORD OffsetHigh;
+    HANDLE hEvent;
+};
+using LPOVERLAPPED = OVERLAPPED*;
+
+struct SYSTEMTIME {
+    WORD wYear;
+    WORD wMonth;
+    WORD wDayOfWeek;
+    WORD wDay;
+    WORD wHour;
+    WORD wMinute;
+    WORD wSecond;
+    WORD wMilliseconds;
+};
+using LPSYSTEMTIME = SYSTEMTIME*;
+static_assert(sizeof(SYSTEMTIME) == 16);
+
+// A lock that the thread which holds it may enter again. The contents belong to the functions.
+struct CRITICAL_SECTION {
+    alignas(8) BYTE state[48];
+};
+using LPCRITICAL_SECTION = CRITICAL_SECTION*;
+
+struct WIN32_FIND_DATAW {
+    DWORD dwFileAttributes;
+    FILETIME ftCreationTime;
+    FILETIME ftLastAccessTime;
+    FILETIME ftLastWriteTime;
+    DWORD nFileSizeHigh;
+    DWORD nFileSizeLow;
+    DWORD dwReserved0;
+    DWORD dwReserved1;
+    WCHAR cFileName[MAX_PATH];
+    WCHAR cAlternateFileName[14];
+};
+using LPWIN32_FIND_DATAW = WIN32_FIND_DATAW*;
+static_assert(sizeof(WIN32_FIND_DATAW) == 592);
+
+struct OFSTRUCT {
+    BYTE cBytes;
+    BYTE fFixedDisk;
+    WORD nErrCode;
+    WORD Reserved1;
+    WORD Reserved2;
+    CHAR szPathName[OFS_MAXPATHNAME];
+};
+using LPOFSTRUCT = OFSTRUCT*;
+static_assert(sizeof(OFSTRUCT) == 136);
+
+#pragma GCC visibility push(default)
+extern "C" {
+
+// ---- Errors -------------------------------------------------------------------------------------
+
+// The calling thread's last error.
+DWORD WINAPI GetLastError();
+void WINAPI SetLastError(DWORD code);
+
+// ---- Memory -------------------------------------------------------------------------------------
+
+// A block of `size` bytes, aligned for any type. The handle is the block's address whether or not
+// it was asked for as moveable; a moveable block counts its locks.
+HGLOBAL WINAPI GlobalAlloc(UINT flags, SIZE_T size);
+LPVOID WINAPI GlobalLock(HGLOBAL memory);
+// FALSE when the last lock is gone (GetLastError is then NO_ERROR) or there was none
+// (ERROR_NOT_LOCKED); always TRUE for a fixed block.
+BOOL WINAPI GlobalUnlock(HGLOBAL memory);
+SIZE_T WINAPI GlobalSize(HGLOBAL memory);
+// Null when the block is freed, which a null handle counts as.
+HGLOBAL WINAPI GlobalFree(HGLOBAL memory);
+HLOCAL WINAPI LocalAlloc(UINT flags, SIZE_T size);
+HLOCAL WINAPI LocalFree(HLOCAL memory);
+
+HANDLE WINAPI GetProcessHeap();
+LPVOID WINAPI HeapAlloc(HANDLE heap, DWORD flags, SIZE_T size);
+BOOL WINAPI HeapFree(HANDLE heap, DWORD flags, LPVOID memory);
+
+// ---- Time ---------------------------------------------------------------------------------------
+
+// Milliseconds since the machine started; begins again at 0 after 49.7 days.
+DWORD WINAPI GetTickCount();
+void WINAPI Sleep(DWORD milliseconds);
+void WINAPI GetLocalTime(LPSYSTEMTIME time);
+void WINAPI GetSystemTime(LPSYSTEMTIME time);
+
+// ---- Critical sections --------------------------------------------------------------------------
+
+void WINAPI InitializeCriticalSection(LPCRITICAL_SECTION section);
+void WINAPI EnterCriticalSection(LPCRITICAL_SECTION section);
+BOOL WINAPI TryEnterCriticalSection(LPCRITICAL_SECTION section);
+void WINAPI LeaveCriticalSection(LPCRITICAL_SECTION section);
+void WINAPI DeleteCriticalSection(LPCRITICAL_SECTION section);
+
+// ---- Open files ---------------------------------------------------------------------------------
+
+// INVALID_HANDLE_VALUE on failure. With CREATE_ALWAYS and OPEN_ALWAYS the last error is
+// ERROR_ALREADY_EXISTS when the file was there and NO_ERROR when it was made. The share mode binds
+// all processes of this host.
+HANDLE WINAPI CreateFileW(LPCWSTR name, DWORD access, DWORD share, LPSECURITY_ATTRIBUTES security,
+                          DWORD disposition, DWORD flags_and_attributes, HANDLE template_file);
+// At the end of the file: TRUE with 0 bytes. With `overlapped` it reads at that offset, and the
+// end is ERROR_HANDLE_EOF.
+BOOL WINAPI ReadFile(HANDLE file, LPVOID buffer, DWORD size, LPDWORD read, LPOVERLAPPED overlapped);
+BOOL WINAPI WriteFile(HANDLE file, LPCVOID buffer, DWORD size, LPDWORD written,
+                      LPOVERLAPPED overlapped);
+// The low half of the new position, INVALID_SET_FILE_POINTER on failure. A null `distance_high`
+// makes `distance` a signed 32-bit number.
+DWORD WINAPI SetFilePointer(HANDLE file, LONG distance, PLONG distance_high, DWORD method);
+BOOL WINAPI SetEndOfFile(HANDLE file);
+// The low half of the size; INVALID_FILE_SIZE, with a last error other than NO_ERROR, on failure.
+DWORD WINAPI GetFileSize(HANDLE file, LPDWORD size_high);
+BOOL WINAPI FlushFileBuffers(HANDLE file);
+// Closes files, tokens and the other objects of the system's core; not searches and printers,
+// which have functions of their own for it.
+BOOL WINAPI CloseHandle(HANDLE object);
+
+// ---- Files and folders by name ------------------------------------------------------------------
+
+BOOL WINAPI DeleteFileW(LPCWSTR name);
+BOOL WINAPI MoveFileExW(LPCWSTR from, LPCWSTR to, DWORD flags);
+BOOL WINAPI CopyFileW(LPCWSTR from, LPCWSTR to, BOOL fail_if_exists);
+// INVALID_FILE_ATTRIBUTES on failure.
+DWORD WINAPI GetFileAttributesW(LPCWSTR name);
+// Only FILE_ATTRIBUTE_READONLY is kept.
+BOOL WINAPI SetFileAttributesW(LPCWSTR name, DWORD attributes);
+BOOL WINAPI CreateDirectoryW(LPCWSTR name, LPSECURITY_ATTRIBUTES security);
+BOOL WINAPI RemoveDirectoryW(LPCWSTR name);
+
+// Searches a folder for names that match the last component ('*' and '?').
+// INVALID_HANDLE_VALUE and ERROR_FILE_NOT_FOUND when there is none; FindNextFileW ends with
+// ERROR_NO_MORE_FILES.
+HANDLE WINAPI FindFirstFileW(LPCWSTR pattern, LPWIN32_FIND_DATAW data);
+BOOL WINAPI FindNextFileW(HANDLE search, LPWIN32_FIND_DATAW data);
+BOOL WINAPI FindClose(HANDLE search);
+
+// Only the existence test (OF_EXIST), with a name in the ANSI code page: HFILE_ERROR when there is
+// no such file, else a number that is no open file. `info` receives the full name.
+HFILE WINAPI OpenFile(LPCSTR name, LPOFSTRUCT info, UINT style);
+
+// These answer the length without the terminator, or the size to provide, terminator included,
+// when `size` characters are too few.
+DWORD WINAPI GetTempPathW(DWORD size, LPWSTR path);
+DWORD WINAPI GetFullPathNameW(LPCWSTR name, DWORD size, LPWSTR path, LPWSTR* file_part);
+DWORD WINAPI GetCurrentDirectoryW(DWORD size, LPWSTR path);
+UINT WINAPI GetSystemDirectoryW(LPWSTR path, UINT size);
+UINT WINAPI GetWindowsDirectoryW(LPWSTR path, UINT size);
+
+// Makes "PATH\PREnnnn.TMP" from three characters of the prefix and a number; with `unique` 0 the
+// number is free and the file is created. Answers the number; `name` has room for MAX_PATH.
+UINT WINAPI GetTempFileNameW(LPCWSTR path, LPCWSTR prefix, UINT unique, LPWSTR name);
+
+// ---- Private profiles ---------------------------------------------------------------------------
+
+// Reads one value; a null key lists the section's keys, a null section the sections, each name
+// ended by a zero and the list by another. A name without a folder lies in the Windows folder.
+// Answers the characters copied without the last terminator; `size` - 1 (lists: `size` - 2) when
+// the text was cut.
+DWORD WINAPI GetPrivateProfileStringW(LPCWSTR section, LPCWSTR key, LPCWSTR fallback, LPWSTR text,
+                                      DWORD size, LPCWSTR file);
+// A null text deletes the key, a null key the section.
+BOOL WINAPI WritePrivateProfileStringW(LPCWSTR section, LPCWSTR key, LPCWSTR text, LPCWSTR file);
+
+// ---- Modules and resources ----------------------------------------------------------------------
+
+// Loads an ELF library (its DllInitialize, else DllMain, is told) or a PE file, of which only the
+// resources are of use. A module that is loaded already is the same handle, counted once more.
+HMODULE WINAPI LoadLibraryW(LPCWSTR name);
+HMODULE WINAPI LoadLibraryExW(LPCWSTR name, HANDLE file, DWORD flags);
+BOOL WINAPI FreeLibrary(HMODULE module);
+FARPROC WINAPI GetProcAddress(HMODULE module, LPCSTR name);
+// A loaded module by its name, the program itself for null; not counted.
+HMODULE WINAPI GetModuleHandleW(LPCWSTR name);
+// The full name of the module's file, the program's for null. A name that does not fit is cut and
+// terminated, answered as `size` and reported as ERROR_INSUFFICIENT_BUFFER.
+DWORD WINAPI GetModuleFileNameW(HMODULE module, LPWSTR name, DWORD size);
+DWORD WINAPI GetModuleFileNameA(HMODULE module, LPSTR name, DWORD size);
+
+// `type` and `name` are texts, "#123" or MAKEINTRESOURCEW(123).
+HRSRC WINAPI FindResourceW(HMODULE module, LPCWSTR name, LPCWSTR type);
+HRSRC WINAPI FindResourceExW(HMODULE module, LPCWSTR type, LPCWSTR name, WORD language);
+// The resource's bytes stay where they are until the module is freed.
+HGLOBAL WINAPI LoadResource(HMODULE module, HRSRC resource);
+LPVOID WINAPI LockResource(HGLOBAL resource);
+DWORD WINAPI SizeofResource(HMODULE module, HRSRC resource);
+
+} // extern "C"
+#pragma GCC visibility pop
