@@ -1,4 +1,133 @@
-// Code pages and user locale.
+// Code pages, the user's locale, the system's version and short text functions.
 #pragma once
 
 #include <windef.h>
+
+// ---- Code pages ---------------------------------------------------------------------------------
+
+#define CP_ACP 0        // the system's ANSI code page
+#define CP_OEMCP 1      // the system's OEM code page
+#define CP_THREAD_ACP 3 // the ANSI code page of the user's language; here the same as CP_ACP
+#define CP_UTF8 65001
+
+#define MB_PRECOMPOSED 0x00000001
+#define MB_COMPOSITE 0x00000002
+#define MB_USEGLYPHCHARS 0x00000004
+#define MB_ERR_INVALID_CHARS 0x00000008
+
+#define WC_COMPOSITECHECK 0x00000200
+#define WC_DISCARDNS 0x00000010
+#define WC_SEPCHARS 0x00000020
+#define WC_DEFAULTCHAR 0x00000040
+#define WC_ERR_INVALID_CHARS 0x00000080
+#define WC_NO_BEST_FIT_CHARS 0x00000400
+
+#define MAX_LEADBYTES 12
+#define MAX_DEFAULTCHAR 2
+
+struct CPINFO {
+    UINT MaxCharSize; // bytes of the longest character
+    BYTE DefaultChar[MAX_DEFAULTCHAR];
+    BYTE LeadByte[MAX_LEADBYTES]; // ranges as pairs of first and last, ended by two zeros
+};
+using LPCPINFO = CPINFO*;
+static_assert(sizeof(CPINFO) == 20);
+
+// ---- Locale -------------------------------------------------------------------------------------
+
+using LCID = DWORD;
+using LANGID = WORD;
+using LCTYPE = DWORD;
+
+#define LANG_NEUTRAL 0x00
+#define LANG_ENGLISH 0x09
+#define SUBLANG_NEUTRAL 0x00
+#define SUBLANG_DEFAULT 0x01
+#define SUBLANG_SYS_DEFAULT 0x02
+#define SUBLANG_ENGLISH_US 0x01
+#define SORT_DEFAULT 0x0
+#define MAKELANGID(primary, sub)                                                                   \
+    (static_cast<WORD>((static_cast<WORD>(sub) << 10) | static_cast<WORD>(primary)))
+#define MAKELCID(language, sort)                                                                   \
+    ((static_cast<DWORD>(static_cast<WORD>(sort)) << 16) |                                         \
+     static_cast<DWORD>(static_cast<WORD>(language)))
+#define LANG_USER_DEFAULT MAKELANGID(LANG_NEUTRAL, SUBLANG_DEFAULT)
+#define LANG_SYSTEM_DEFAULT MAKELANGID(LANG_NEUTRAL, SUBLANG_SYS_DEFAULT)
+#define LOCALE_USER_DEFAULT MAKELCID(LANG_USER_DEFAULT, SORT_DEFAULT)
+#define LOCALE_SYSTEM_DEFAULT MAKELCID(LANG_SYSTEM_DEFAULT, SORT_DEFAULT)
+
+#define LOCALE_NOUSEROVERRIDE 0x80000000
+#define LOCALE_USE_CP_ACP 0x40000000
+#define LOCALE_RETURN_NUMBER 0x20000000
+
+#define LOCALE_ILANGUAGE 0x00000001        // language identifier, four hexadecimal digits
+#define LOCALE_SABBREVLANGNAME 0x00000003  // three letters: two of the language, one of the country
+#define LOCALE_IDEFAULTCODEPAGE 0x0000000B // OEM code page, decimal
+#define LOCALE_SLIST 0x0000000C
+#define LOCALE_IMEASURE 0x0000000D // "0" metric, "1" inches
+#define LOCALE_SDECIMAL 0x0000000E
+#define LOCALE_STHOUSAND 0x0000000F
+#define LOCALE_ILZERO 0x00000012 // "1": decimal fractions below 1 begin with a zero
+#define LOCALE_SISO639LANGNAME 0x00000059
+#define LOCALE_SISO3166CTRYNAME 0x0000005A
+#define LOCALE_IDEFAULTANSICODEPAGE 0x00001004 // decimal
+
+// ---- Version ------------------------------------------------------------------------------------
+
+#define VER_PLATFORM_WIN32s 0
+#define VER_PLATFORM_WIN32_WINDOWS 1
+#define VER_PLATFORM_WIN32_NT 2
+
+struct OSVERSIONINFOW {
+    DWORD dwOSVersionInfoSize;
+    DWORD dwMajorVersion;
+    DWORD dwMinorVersion;
+    DWORD dwBuildNumber;
+    DWORD dwPlatformId;
+    WCHAR szCSDVersion[128];
+};
+using LPOSVERSIONINFOW = OSVERSIONINFOW*;
+static_assert(sizeof(OSVERSIONINFOW) == 276);
+
+#pragma GCC visibility push(default)
+extern "C" {
+
+// Bytes of `code_page` to UTF-16. A byte length of -1 means up to and with the terminator. With a
+// buffer size of 0 the answer is the units needed. 0 is failure: ERROR_INVALID_PARAMETER for an
+// unknown code page, a null or empty source, a negative size or a buffer that is the source;
+// ERROR_INVALID_FLAGS; ERROR_INSUFFICIENT_BUFFER; with MB_ERR_INVALID_CHARS
+// ERROR_NO_UNICODE_TRANSLATION.
+int WINAPI MultiByteToWideChar(UINT code_page, DWORD flags, LPCSTR text, int bytes, LPWSTR buffer,
+                               int size);
+
+// UTF-16 to bytes of `code_page`, under the same rules. A character that the code page lacks
+// becomes a similar one (not with WC_NO_BEST_FIT_CHARS), else `default_char`, else the code page's
+// own default, '?'; `used_default` then becomes TRUE. For UTF-8 both must be null.
+int WINAPI WideCharToMultiByte(UINT code_page, DWORD flags, LPCWSTR text, int units, LPSTR buffer,
+                               int size, LPCSTR default_char, LPBOOL used_default);
+
+BOOL WINAPI IsValidCodePage(UINT code_page);
+UINT WINAPI GetACP(void);
+UINT WINAPI GetOEMCP(void);
+BOOL WINAPI GetCPInfo(UINT code_page, LPCPINFO info);
+BOOL WINAPI IsDBCSLeadByteEx(UINT code_page, BYTE byte);
+
+// A fact of a locale as text. Every locale is the user's here. Answers the units written, with the
+// terminator; with a buffer size of 0 the units needed.
+int WINAPI GetLocaleInfoW(LCID locale, LCTYPE type, LPWSTR buffer, int size);
+LCID WINAPI GetUserDefaultLCID(void);
+LANGID WINAPI GetUserDefaultLangID(void);
+
+// The system's version: Windows NT 5.0 unless a test sets another.
+BOOL WINAPI GetVersionExW(LPOSVERSIONINFOW information);
+
+int WINAPI lstrlenA(LPCSTR text);
+int WINAPI lstrlenW(LPCWSTR text);
+LPWSTR WINAPI lstrcpyW(LPWSTR buffer, LPCWSTR text);
+// Copies at most `size` - 1 units and always ends the copy.
+LPWSTR WINAPI lstrcpynW(LPWSTR buffer, LPCWSTR text, int size);
+// Compare without regard to the case of letters: negative, 0 or positive. Null sorts first.
+int WINAPI lstrcmpiW(LPCWSTR first, LPCWSTR second);
+
+} // extern "C"
+#pragma GCC visibility pop

@@ -1,7 +1,12 @@
 // Control of the host platform layer, for tests and host programs. The module never includes this.
+//
+// What is set here holds for the whole process until it is set again or ResetControl is called.
 #pragma once
 
+#include <windef.h>
+
 #include <string>
+#include <vector>
 
 #pragma GCC visibility push(default)
 namespace win32host {
@@ -14,6 +19,81 @@ std::string Root();
 // Moves the whole host to another root folder, which is created when it is missing. Open registry
 // connections are left behind with the old one. No handle of the old root may be used afterwards.
 void SetRoot(const std::string& folder);
+
+// Puts everything below back to what the host is by itself.
+void ResetControl();
+
+// ---- System version -----------------------------------------------------------------------------
+
+// What GetVersionExW answers. By itself: platform VER_PLATFORM_WIN32_NT, version 5.0, build 2195.
+void SetVersion(DWORD platform, DWORD major, DWORD minor, DWORD build);
+
+// ---- Code pages and locale ----------------------------------------------------------------------
+
+// The code pages behind CP_ACP and CP_OEMCP; 1252 and 437 by themselves. They must be code pages
+// that the host has.
+void SetAnsiCodePage(UINT code_page);
+void SetOemCodePage(UINT code_page);
+
+// Code pages that the system is to lack: IsValidCodePage denies them and conversions fail.
+void SetMissingCodePages(const std::vector<UINT>& code_pages);
+
+// The user's locale as GetLocaleInfoW tells it.
+struct LocaleFacts {
+    bool inches = false;      // LOCALE_IMEASURE "1"
+    bool leading_zero = true; // LOCALE_ILZERO "1"
+    std::u16string decimal = u".";
+    std::u16string thousands = u",";
+    std::u16string abbreviation = u"ENU"; // LOCALE_SABBREVLANGNAME
+};
+void SetLocaleFacts(const LocaleFacts& facts);
+
+// Takes the facts from the environment's locale (LC_ALL, LC_NUMERIC, LANG...) again, as it is now.
+void UseProcessLocale();
+
+// ---- User and groups ----------------------------------------------------------------------------
+
+struct Group {
+    enum Kind {
+        Alias,      // local group of this computer
+        Builtin,    // local group that every computer has; `rid` 544 administrators, 545 users,
+                    // 546 guests, 547 power users
+        DomainGroup // group of `domain`
+    };
+    Kind kind = Alias;
+    std::u16string name;
+    std::u16string domain; // of a domain group only
+    DWORD rid = 0;         // the last number of the identifier; unique among groups of one kind
+};
+
+struct UserFacts {
+    std::u16string name;
+    std::u16string domain;        // the computer's name for a local account
+    std::u16string computer_name; // in capitals
+    std::vector<Group> groups;    // of the process token
+};
+
+// The user that runs the process, by itself the one that the machine knows: with the computer as
+// domain, the machine's groups as local groups, always in the users group, and in the
+// administrators group when root or a member of "sudo", "wheel" or "admin".
+void SetUser(const UserFacts& user);
+void UseProcessUser();
+
+// ---- Message boxes ------------------------------------------------------------------------------
+
+// What the user answers from now on. By itself a box is answered with IDOK when OK is its only
+// button, else with the careful choice: IDCANCEL, or IDNO and IDABORT where there is no Cancel.
+void AnswerMessageBoxes(int answer);
+
+struct ShownMessageBox {
+    HWND owner;
+    std::u16string text;
+    std::u16string caption;
+    UINT type;
+};
+
+// The boxes shown since the last call, oldest first.
+std::vector<ShownMessageBox> TakeMessageBoxes();
 
 } // namespace win32host
 #pragma GCC visibility pop
