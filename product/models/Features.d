@@ -1,0 +1,28 @@
+! What a printer can be told to do beyond printing, and where it keeps objects.
+! R is every printer's working memory and is always offered; the list names what else there is.
+
+[.default]
+~Options.Power=no
+~Mode.Applicator=no
+~Mode.PeelOff=no
+~Command.JB=yes
+~Command.HH=yes
+~Memory.DefaultLocation=R
+~Memory.Options=E
+
+[Desktop]
+~Mode.PeelOff=yes
+
+[Industrial]
+~Mode.Applicator=yes
+~Mode.PeelOff=yes
+~Memory.Options=E,B,A
+
+[Mobile]
+~Options.Power=yes
+~Mode.PeelOff=yes
+
+[Pplz]
+~Command.JB=no
+~Command.HH=no
+~Memory.Options=
