@@ -16,7 +16,7 @@ namespace fs = std::filesystem;
 namespace {
 
 constexpr const char* kUsage =
-    "usage: ddtpack pack FILE TABLE...   pack text tables (NAME.d, NAME.keys)\n"
+    "usage: ddtpack pack FILE [TABLE...] pack text tables (NAME.d, NAME.keys)\n"
     "       ddtpack list FILE            names and sizes of the tables\n"
     "       ddtpack show FILE TABLE      the text of one table\n";
 
@@ -87,7 +87,7 @@ int Show(const std::string& file, const std::string& name) {
 int main(int argc, char** argv) {
     const std::vector<std::string> args(argv + 1, argv + argc);
     try {
-        if (args.size() >= 3 && args[0] == "pack")
+        if (args.size() >= 2 && args[0] == "pack")
             return Pack(args[1], {args.begin() + 2, args.end()});
         if (args.size() == 2 && args[0] == "list") return List(args[1]);
         if (args.size() == 3 && args[0] == "show") return Show(args[1], args[2]);
