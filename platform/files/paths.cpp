@@ -1,0 +1,220 @@
+#include "files/paths.h"
+
+#include "host/root.h"
+#include "host/text.h"
+
+#include <windows.h>
+
+#include <dirent.h>
+#include <sys/stat.h>
+#include <unistd.h>
+
+#include <algorithm>
+#include <cerrno>
+#include <filesystem>
+#include <memory>
+#include <vector>
+
+namespace win32host {
+
+const char16_t kWindowsFolder[] = u"C:\\WINDOWS";
+const char16_t kSystemFolder[] = u"C:\\WINDOWS\\system32";
+
+namespace {
+
+bool IsSlash(char16_t c) {
+    return c == u'\\' || c == u'/';
+}
+
+bool HasDrive(std::u16string_view path) {
+    const char16_t letter = path.empty() ? u'\0' : UpperOf(path[0]);
+    return path.size() >= 2 && path[1] == u':' && letter >= u'A' && letter <= u'Z';
+}
+
+std::u16string CurrentFolder() {
+    std::error_code error;
+    const std::filesystem::path folder = std::filesystem::current_path(error);
+    return error ? std::u16string(u"Z:\\") : WindowsPath(folder.string());
+}
+
+std::vector<std::u16string_view> Components(std::u16string_view path) {
+    std::vector<std::u16string_view> parts;
+    for (size_t start = 0; start < path.size();) {
+        const size_t end = std::min(path.find_first_of(u"\\/", start), path.size());
+        if (end > start) parts.push_back(path.substr(start, end - start));
+        start = end + 1;
+    }
+    return parts;
+}
+
+// Names end in neither blanks nor dots.
+std::u16string_view TrimComponent(std::u16string_view name) {
+    const size_t last = name.find_last_not_of(u" .");
+    return name.substr(0, last == std::u16string_view::npos ? 0 : last + 1);
+}
+
+// Joins what remains of `path` once "." and ".." are resolved. `trim` is off for literal names.
+std::u16string Resolve(std::u16string_view path, bool trim) {
+    std::vector<std::u16string_view> kept;
+    for (std::u16string_view part : Components(path)) {
+        if (part == u"..") {
+            if (!kept.empty()) kept.pop_back();
+        } else if (part != u".") {
+            if (trim) part = TrimComponent(part);
+            if (!part.empty()) kept.push_back(part);
+        }
+    }
+    std::u16string resolved;
+    for (std::u16string_view part : kept) (resolved += u'\\') += part;
+    if (resolved.empty() || IsSlash(path.back())) resolved += u'\\';
+    return resolved;
+}
+
+// The name in `folder` that differs from `name` in case only; empty when there is none.
+std::string OtherCase(const std::string& folder, std::u16string_view name) {
+    std::unique_ptr<DIR, int (*)(DIR*)> directory(opendir(folder.c_str()), closedir);
+    std::string found;
+    while (directory) {
+        const dirent* entry = readdir(directory.get());
+        if (!entry) break;
+        // Several may match; the first by its bytes, so that the answer does not depend on the
+        // order on disk.
+        if (SameName(Utf16(entry->d_name), name) && (found.empty() || found > entry->d_name))
+            found = entry->d_name;
+    }
+    return found;
+}
+
+bool Exists(const std::string& path) {
+    struct stat info;
+    return lstat(path.c_str(), &info) == 0;
+}
+
+} // namespace
+
+std::u16string FullPath(std::u16string_view path) {
+    bool trim = true;
+    if (path.starts_with(u"\\\\?\\") || path.starts_with(u"\\\\.\\")) {
+        trim = path[2] == u'.';
+        path.remove_prefix(4);
+        if (path.size() >= 4 && SameName(path.substr(0, 3), u"UNC") && IsSlash(path[3]))
+            return u"\\" + Resolve(path.substr(3), trim);
+    } else if (path.starts_with(u"\\\\")) {
+        return u"\\" + Resolve(path, trim);
+    }
+    if (path.empty()) return std::u16string();
+    if (path[0] == u'/') return u"Z:" + Resolve(path, trim);
+
+    const std::u16string current = CurrentFolder();
+    if (!HasDrive(path)) {
+        if (IsSlash(path[0])) return current.substr(0, 2) + Resolve(path, trim);
+        return current.substr(0, 2) +
+               Resolve(current.substr(2) + u"\\" + std::u16string(path), trim);
+    }
+    const std::u16string drive = {UpperOf(path[0]), u':'};
+    std::u16string rest(path.substr(2));
+    const bool relative = rest.empty() || !IsSlash(rest[0]);
+    if (relative && current.starts_with(drive)) rest = current.substr(2) + u"\\" + rest;
+    if (rest.empty()) rest = u"\\";
+    return drive + Resolve(rest, trim);
+}
+
+std::optional<std::string> HostPath(std::u16string_view path) {
+    const std::u16string full = FullPath(path);
+    if (full.starts_with(u"\\\\")) {
+        SetLastError(ERROR_BAD_NETPATH);
+        return std::nullopt;
+    }
+    const bool on_c = full.starts_with(u"C:");
+    if (!on_c && !full.starts_with(u"Z:")) {
+        SetLastError(ERROR_PATH_NOT_FOUND);
+        return std::nullopt;
+    }
+    if (full.find(u'\0') != std::u16string::npos ||
+        (on_c && full.find_first_of(u"<>:\"|?*", 2) != std::u16string::npos)) {
+        SetLastError(ERROR_INVALID_NAME);
+        return std::nullopt;
+    }
+
+    std::string host = on_c ? Root() + "/drive_c" : std::string();
+    bool exists = true;
+    for (std::u16string_view part : Components(std::u16string_view(full).substr(2))) {
+        std::string name = Utf8(part);
+        if (exists && !Exists(host + "/" + name)) {
+            const std::string other = OtherCase(host.empty() ? "/" : host, part);
+            if (other.empty())
+                exists = false;
+            else
+                name = other;
+        }
+        (host += '/') += name;
+    }
+    return host.empty() ? "/" : host;
+}
+
+std::u16string WindowsPath(std::string_view path) {
+    const std::string drive_c = Root() + "/drive_c";
+    const bool on_c =
+        path.starts_with(drive_c) && (path.size() == drive_c.size() || path[drive_c.size()] == '/');
+    if (on_c) path.remove_prefix(drive_c.size());
+    std::u16string name = (on_c ? u"C:" : u"Z:") + Utf16(path);
+    std::replace(name.begin(), name.end(), u'/', u'\\');
+    if (name.size() == 2) name += u'\\';
+    return name;
+}
+
+std::u16string_view FileNameOf(std::u16string_view path) {
+    const size_t slash = path.find_last_of(u"\\/");
+    return slash == std::u16string_view::npos ? path : path.substr(slash + 1);
+}
+
+bool FailWith(int error, const std::string& path) {
+    const auto code = [&]() -> DWORD {
+        switch (error) {
+        case ENOENT: {
+            // The folder tells a missing file from a missing way to it.
+            const size_t slash = path.rfind('/');
+            struct stat info;
+            const std::string folder = slash ? path.substr(0, slash) : "/";
+            const bool has_folder = stat(folder.c_str(), &info) == 0 && S_ISDIR(info.st_mode);
+            return has_folder ? ERROR_FILE_NOT_FOUND : ERROR_PATH_NOT_FOUND;
+        }
+        case ENOTDIR:
+        case ELOOP:
+            return ERROR_PATH_NOT_FOUND;
+        case EEXIST:
+            return ERROR_FILE_EXISTS;
+        case ENOTEMPTY:
+            return ERROR_DIR_NOT_EMPTY;
+        case EACCES:
+        case EPERM:
+        case EROFS:
+        case EISDIR:
+        case ETXTBSY:
+        case EBUSY:
+            return ERROR_ACCESS_DENIED;
+        case ENAMETOOLONG:
+            return ERROR_FILENAME_EXCED_RANGE;
+        case EMFILE:
+        case ENFILE:
+            return ERROR_TOO_MANY_OPEN_FILES;
+        case ENOMEM:
+            return ERROR_NOT_ENOUGH_MEMORY;
+        case ENOSPC:
+        case EDQUOT:
+        case EFBIG:
+            return ERROR_DISK_FULL;
+        case EXDEV:
+            return ERROR_NOT_SAME_DEVICE;
+        case EINVAL:
+            return ERROR_INVALID_PARAMETER;
+        case EIO:
+        default:
+            return ERROR_GEN_FAILURE;
+        }
+    }();
+    SetLastError(code);
+    return false;
+}
+
+} // namespace win32host
