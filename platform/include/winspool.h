@@ -1,4 +1,326 @@
-// The print spooler.
+// The print spooler: printers, drivers, ports and printer data.
+//
+// A printer is named "NAME" or, on another machine, "\\SERVER\NAME". Names are compared without
+// regard to case. Unless it says otherwise a function that fails answers FALSE and GetLastError
+// tells why.
+//
+// Functions that fill a buffer write the level's structures at its start and the texts that they
+// point to behind them, in the same buffer. `*needed` always receives the size that all of it
+// takes; ERROR_INSUFFICIENT_BUFFER when `size` is less, ERROR_INVALID_LEVEL for a level that is not
+// named with the function. Texts that a record does not have are empty, never null.
 #pragma once
 
 #include <windef.h>
+#include <wingdi.h>
+#include <winnt.h>
+
+// ---- Access to printers -------------------------------------------------------------------------
+
+#define SERVER_ACCESS_ADMINISTER 0x00000001
+#define SERVER_ACCESS_ENUMERATE 0x00000002
+#define PRINTER_ACCESS_ADMINISTER 0x00000004
+#define PRINTER_ACCESS_USE 0x00000008
+#define JOB_ACCESS_ADMINISTER 0x00000010
+#define PRINTER_ALL_ACCESS                                                                         \
+    (STANDARD_RIGHTS_REQUIRED | PRINTER_ACCESS_ADMINISTER | PRINTER_ACCESS_USE)
+#define PRINTER_READ (STANDARD_RIGHTS_READ | PRINTER_ACCESS_USE)
+#define PRINTER_WRITE (STANDARD_RIGHTS_WRITE | PRINTER_ACCESS_USE)
+#define PRINTER_EXECUTE (STANDARD_RIGHTS_EXECUTE | PRINTER_ACCESS_USE)
+
+struct PRINTER_DEFAULTSW {
+    LPWSTR pDatatype;
+    PDEVMODEW pDevMode;
+    ACCESS_MASK DesiredAccess;
+};
+using PPRINTER_DEFAULTSW = PRINTER_DEFAULTSW*;
+using LPPRINTER_DEFAULTSW = PRINTER_DEFAULTSW*;
+
+// ---- Printers -----------------------------------------------------------------------------------
+
+#define PRINTER_ATTRIBUTE_QUEUED 0x00000001
+#define PRINTER_ATTRIBUTE_DIRECT 0x00000002
+#define PRINTER_ATTRIBUTE_DEFAULT 0x00000004
+#define PRINTER_ATTRIBUTE_SHARED 0x00000008
+#define PRINTER_ATTRIBUTE_NETWORK 0x00000010
+#define PRINTER_ATTRIBUTE_HIDDEN 0x00000020
+#define PRINTER_ATTRIBUTE_LOCAL 0x00000040
+#define PRINTER_ATTRIBUTE_ENABLE_DEVQ 0x00000080
+#define PRINTER_ATTRIBUTE_KEEPPRINTEDJOBS 0x00000100
+#define PRINTER_ATTRIBUTE_DO_COMPLETE_FIRST 0x00000200
+#define PRINTER_ATTRIBUTE_WORK_OFFLINE 0x00000400
+#define PRINTER_ATTRIBUTE_ENABLE_BIDI 0x00000800
+#define PRINTER_ATTRIBUTE_RAW_ONLY 0x00001000
+#define PRINTER_ATTRIBUTE_PUBLISHED 0x00002000
+
+#define PRINTER_ENUM_DEFAULT 0x00000001
+#define PRINTER_ENUM_LOCAL 0x00000002
+#define PRINTER_ENUM_CONNECTIONS 0x00000004
+#define PRINTER_ENUM_NAME 0x00000008
+#define PRINTER_ENUM_REMOTE 0x00000010
+#define PRINTER_ENUM_SHARED 0x00000020
+#define PRINTER_ENUM_NETWORK 0x00000040
+#define PRINTER_ENUM_ICON8 0x00800000
+
+struct PRINTER_INFO_1W {
+    DWORD Flags;         // PRINTER_ENUM_ICON8
+    LPWSTR pDescription; // name, driver name and location, separated by commas
+    LPWSTR pName;
+    LPWSTR pComment;
+};
+using PPRINTER_INFO_1W = PRINTER_INFO_1W*;
+using LPPRINTER_INFO_1W = PRINTER_INFO_1W*;
+
+struct PRINTER_INFO_2W {
+    LPWSTR pServerName; // "\\SERVER"; null for a printer of this machine
+    LPWSTR pPrinterName;
+    LPWSTR pShareName;
+    LPWSTR pPortName;
+    LPWSTR pDriverName;
+    LPWSTR pComment;
+    LPWSTR pLocation;
+    PDEVMODEW pDevMode; // the default document settings; null when none are set
+    LPWSTR pSepFile;
+    LPWSTR pPrintProcessor;
+    LPWSTR pDatatype;
+    LPWSTR pParameters;
+    PSECURITY_DESCRIPTOR pSecurityDescriptor; // always null here
+    DWORD Attributes;                         // PRINTER_ATTRIBUTE_ bits
+    DWORD Priority;                           // 1 (lowest) to 99
+    DWORD DefaultPriority;
+    DWORD StartTime; // minutes after midnight, Universal Time
+    DWORD UntilTime;
+    DWORD Status;
+    DWORD cJobs;
+    DWORD AveragePPM;
+};
+using PPRINTER_INFO_2W = PRINTER_INFO_2W*;
+using LPPRINTER_INFO_2W = PRINTER_INFO_2W*;
+
+struct PRINTER_INFO_2A {
+    LPSTR pServerName;
+    LPSTR pPrinterName;
+    LPSTR pShareName;
+    LPSTR pPortName;
+    LPSTR pDriverName;
+    LPSTR pComment;
+    LPSTR pLocation;
+    DEVMODEA* pDevMode;
+    LPSTR pSepFile;
+    LPSTR pPrintProcessor;
+    LPSTR pDatatype;
+    LPSTR pParameters;
+    PSECURITY_DESCRIPTOR pSecurityDescriptor;
+    DWORD Attributes;
+    DWORD Priority;
+    DWORD DefaultPriority;
+    DWORD StartTime;
+    DWORD UntilTime;
+    DWORD Status;
+    DWORD cJobs;
+    DWORD AveragePPM;
+};
+using PPRINTER_INFO_2A = PRINTER_INFO_2A*;
+using LPPRINTER_INFO_2A = PRINTER_INFO_2A*;
+
+struct PRINTER_INFO_4W {
+    LPWSTR pPrinterName;
+    LPWSTR pServerName; // null for a printer of this machine
+    DWORD Attributes;   // PRINTER_ATTRIBUTE_LOCAL or PRINTER_ATTRIBUTE_NETWORK
+};
+using PPRINTER_INFO_4W = PRINTER_INFO_4W*;
+using LPPRINTER_INFO_4W = PRINTER_INFO_4W*;
+
+// ---- Drivers ------------------------------------------------------------------------------------
+
+#define APD_STRICT_UPGRADE 0x00000001
+#define APD_STRICT_DOWNGRADE 0x00000002
+#define APD_COPY_ALL_FILES 0x00000004
+#define APD_COPY_NEW_FILES 0x00000008
+#define APD_COPY_FROM_DIRECTORY 0x00000010
+
+struct DRIVER_INFO_2W {
+    DWORD cVersion; // 3, a driver of user mode
+    LPWSTR pName;
+    LPWSTR pEnvironment;
+    LPWSTR pDriverPath;
+    LPWSTR pDataFile;
+    LPWSTR pConfigFile;
+};
+using PDRIVER_INFO_2W = DRIVER_INFO_2W*;
+using LPDRIVER_INFO_2W = DRIVER_INFO_2W*;
+
+struct DRIVER_INFO_3W {
+    DWORD cVersion;
+    LPWSTR pName;
+    LPWSTR pEnvironment;
+    LPWSTR pDriverPath;
+    LPWSTR pDataFile;
+    LPWSTR pConfigFile;
+    LPWSTR pHelpFile;
+    LPWSTR pDependentFiles; // each ended by a zero, the list by another one
+    LPWSTR pMonitorName;
+    LPWSTR pDefaultDataType;
+};
+using PDRIVER_INFO_3W = DRIVER_INFO_3W*;
+using LPDRIVER_INFO_3W = DRIVER_INFO_3W*;
+
+struct DRIVER_INFO_3A {
+    DWORD cVersion;
+    LPSTR pName;
+    LPSTR pEnvironment;
+    LPSTR pDriverPath;
+    LPSTR pDataFile;
+    LPSTR pConfigFile;
+    LPSTR pHelpFile;
+    LPSTR pDependentFiles;
+    LPSTR pMonitorName;
+    LPSTR pDefaultDataType;
+};
+using PDRIVER_INFO_3A = DRIVER_INFO_3A*;
+using LPDRIVER_INFO_3A = DRIVER_INFO_3A*;
+
+struct DRIVER_INFO_6W {
+    DWORD cVersion;
+    LPWSTR pName;
+    LPWSTR pEnvironment;
+    LPWSTR pDriverPath;
+    LPWSTR pDataFile;
+    LPWSTR pConfigFile;
+    LPWSTR pHelpFile;
+    LPWSTR pDependentFiles;
+    LPWSTR pMonitorName;
+    LPWSTR pDefaultDataType;
+    LPWSTR pszzPreviousNames; // a list like pDependentFiles
+    FILETIME ftDriverDate;
+    DWORDLONG dwlDriverVersion;
+    LPWSTR pszMfgName;
+    LPWSTR pszOEMUrl;
+    LPWSTR pszHardwareID;
+    LPWSTR pszProvider;
+};
+using PDRIVER_INFO_6W = DRIVER_INFO_6W*;
+using LPDRIVER_INFO_6W = DRIVER_INFO_6W*;
+
+// ---- Ports --------------------------------------------------------------------------------------
+
+#define PORT_TYPE_WRITE 0x0001
+#define PORT_TYPE_READ 0x0002
+#define PORT_TYPE_REDIRECTED 0x0004
+#define PORT_TYPE_NET_ATTACHED 0x0008
+
+struct PORT_INFO_2W {
+    LPWSTR pPortName;
+    LPWSTR pMonitorName;
+    LPWSTR pDescription;
+    DWORD fPortType;
+    DWORD Reserved;
+};
+using PPORT_INFO_2W = PORT_INFO_2W*;
+using LPPORT_INFO_2W = PORT_INFO_2W*;
+
+#pragma GCC visibility push(default)
+extern "C" {
+
+// ---- Opening ------------------------------------------------------------------------------------
+
+// Opens a printer with the rights of `defaults`, PRINTER_ACCESS_USE without. A null or empty name
+// is the print server of this machine and "\\SERVER" that of another one: such a handle knows no
+// printer, and what needs one answers ERROR_INVALID_HANDLE. ERROR_INVALID_PRINTER_NAME when there
+// is no such printer, ERROR_RPC_SERVER_UNAVAILABLE when its server cannot be reached,
+// ERROR_ACCESS_DENIED when the user may not have the rights: administering is for administrators
+// and power users.
+BOOL WINAPI OpenPrinterW(LPWSTR name, LPHANDLE printer, LPPRINTER_DEFAULTSW defaults);
+BOOL WINAPI ClosePrinter(HANDLE printer);
+
+// ---- Printers -----------------------------------------------------------------------------------
+
+// Levels 1, 2 and 4.
+BOOL WINAPI GetPrinterW(HANDLE printer, DWORD level, LPBYTE buffer, DWORD size, LPDWORD needed);
+// Level 2, in the ANSI code page.
+BOOL WINAPI GetPrinterA(HANDLE printer, DWORD level, LPBYTE buffer, DWORD size, LPDWORD needed);
+
+// Level 2, `command` 0: makes the PRINTER_INFO_2W `info` the printer's record. Server name, jobs,
+// status and security descriptor are not looked at, and a null pDevMode leaves the default document
+// settings as they are. Needs PRINTER_ACCESS_ADMINISTER.
+BOOL WINAPI SetPrinterW(HANDLE printer, DWORD level, LPBYTE info, DWORD command);
+
+// Adds the printer that the PRINTER_INFO_2W `info` describes (level 2) and tells its driver.
+// Answers a handle with all rights, null on failure. Empty print processor, data type and
+// priorities take the usual ones: WinPrint, RAW and 1. `server` is null or empty: printers are
+// added to this machine.
+HANDLE WINAPI AddPrinterW(LPWSTR server, DWORD level, LPBYTE info);
+
+// Deletes the printer with its data; its handle stays open for ClosePrinter. Needs
+// PRINTER_ACCESS_ADMINISTER.
+BOOL WINAPI DeletePrinter(HANDLE printer);
+
+// Levels 1, 2 and 4: printers of this machine (PRINTER_ENUM_LOCAL), the user's connections
+// (PRINTER_ENUM_CONNECTIONS), or those of the machine `name` (PRINTER_ENUM_NAME).
+// PRINTER_ENUM_SHARED with any of them leaves out what is not shared.
+BOOL WINAPI EnumPrintersW(DWORD flags, LPWSTR name, DWORD level, LPBYTE buffer, DWORD size,
+                          LPDWORD needed, LPDWORD returned);
+
+// ---- Connections --------------------------------------------------------------------------------
+
+// Connects the user to "\\SERVER\NAME": installs the printer's driver on this machine, from the
+// server, when it is missing here, and tells the driver. A connection that exists is left alone.
+BOOL WINAPI AddPrinterConnectionW(LPWSTR name);
+BOOL WINAPI DeletePrinterConnectionW(LPWSTR name);
+
+// ---- Drivers ------------------------------------------------------------------------------------
+
+// Levels 3 and 6. The files, named with their full paths or as files of the driver directory, are
+// copied to where drivers lie. `flags` has APD_COPY_ALL_FILES, APD_COPY_NEW_FILES (files that are
+// newer where drivers lie stay), APD_STRICT_UPGRADE (fails with ERROR_INVALID_PARAMETER when any
+// file there is newer) or APD_STRICT_DOWNGRADE (when any is older), and may have
+// APD_COPY_FROM_DIRECTORY.
+BOOL WINAPI AddPrinterDriverExW(LPWSTR server, DWORD level, PBYTE info, DWORD flags);
+// The same with APD_COPY_NEW_FILES.
+BOOL WINAPI AddPrinterDriverW(LPWSTR server, DWORD level, LPBYTE info);
+
+// Forgets a driver, whose files stay. ERROR_PRINTER_DRIVER_IN_USE while a printer has it.
+BOOL WINAPI DeletePrinterDriverW(LPWSTR server, LPWSTR environment, LPWSTR driver);
+
+// Levels 2, 3 and 6; files with their full paths.
+BOOL WINAPI EnumPrinterDriversW(LPWSTR server, LPWSTR environment, DWORD level, LPBYTE buffer,
+                                DWORD size, LPDWORD needed, LPDWORD returned);
+// Levels 2, 3 and 6 of the printer's driver, as it is installed on this machine.
+BOOL WINAPI GetPrinterDriverW(HANDLE printer, LPWSTR environment, DWORD level, LPBYTE buffer,
+                              DWORD size, LPDWORD needed);
+// Level 3, in the ANSI code page.
+BOOL WINAPI GetPrinterDriverA(HANDLE printer, LPSTR environment, DWORD level, LPBYTE buffer,
+                              DWORD size, LPDWORD needed);
+// Level 1: the folder to put a driver's files in, a zero-terminated text.
+BOOL WINAPI GetPrinterDriverDirectoryW(LPWSTR server, LPWSTR environment, DWORD level,
+                                       LPBYTE directory, DWORD size, LPDWORD needed);
+
+// ---- Printer data -------------------------------------------------------------------------------
+
+// These answer an error code. ERROR_MORE_DATA when `size` is too small, with the bytes that the
+// value has in `*needed`; ERROR_FILE_NOT_FOUND when there is no such value. Setting and deleting
+// need PRINTER_ACCESS_ADMINISTER. The A functions take and give texts (REG_SZ, REG_EXPAND_SZ,
+// REG_MULTI_SZ) in the ANSI code page.
+DWORD WINAPI GetPrinterDataW(HANDLE printer, LPWSTR name, LPDWORD type, LPBYTE data, DWORD size,
+                             LPDWORD needed);
+DWORD WINAPI GetPrinterDataA(HANDLE printer, LPSTR name, LPDWORD type, LPBYTE data, DWORD size,
+                             LPDWORD needed);
+DWORD WINAPI SetPrinterDataW(HANDLE printer, LPWSTR name, DWORD type, LPBYTE data, DWORD size);
+DWORD WINAPI SetPrinterDataA(HANDLE printer, LPSTR name, DWORD type, LPBYTE data, DWORD size);
+DWORD WINAPI DeletePrinterDataW(HANDLE printer, LPWSTR name);
+
+// ---- Ports --------------------------------------------------------------------------------------
+
+// Level 2.
+BOOL WINAPI EnumPortsW(LPWSTR server, DWORD level, LPBYTE buffer, DWORD size, LPDWORD needed,
+                       LPDWORD returned);
+
+// ---- Capabilities -------------------------------------------------------------------------------
+
+// Asks the driver of the printer `device` for a capability (DC_ numbers). A null output asks for
+// the count or value only. -1 when there is no such printer, its driver cannot be loaded or has no
+// answer. `port` is not looked at.
+int WINAPI DeviceCapabilitiesW(LPCWSTR device, LPCWSTR port, WORD capability, LPWSTR output,
+                               const DEVMODEW* dev_mode);
+
+} // extern "C"
+#pragma GCC visibility pop
