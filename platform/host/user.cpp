@@ -1,0 +1,28 @@
+#include "host/user.h"
+
+#include <pwd.h>
+#include <unistd.h>
+
+#include <vector>
+
+namespace win32host {
+namespace {
+
+std::string NameOfProcessOwner() {
+    const uid_t id = geteuid();
+    std::vector<char> text(16384);
+    passwd record{};
+    passwd* found = nullptr;
+    if (getpwuid_r(id, &record, text.data(), text.size(), &found) == 0 && found && *found->pw_name)
+        return found->pw_name;
+    return "uid" + std::to_string(id);
+}
+
+} // namespace
+
+std::string CurrentUserName() {
+    static const std::string* const name = new std::string(NameOfProcessOwner());
+    return *name;
+}
+
+} // namespace win32host

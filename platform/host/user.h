@@ -1,0 +1,11 @@
+// The user that the host runs for.
+#pragma once
+
+#include <string>
+
+namespace win32host {
+
+// The name of the current user in UTF-8. It names the user's tree in the registry.
+std::string CurrentUserName();
+
+} // namespace win32host
