@@ -8,7 +8,7 @@
 namespace win32host {
 namespace {
 
-std::string NameOfProcessOwner() {
+std::string ReadOwnerName() {
     const uid_t id = geteuid();
     std::vector<char> text(16384);
     passwd record{};
@@ -20,8 +20,8 @@ std::string NameOfProcessOwner() {
 
 } // namespace
 
-std::string CurrentUserName() {
-    static const std::string* const name = new std::string(NameOfProcessOwner());
+std::string ProcessOwnerName() {
+    static const std::string* const name = new std::string(ReadOwnerName());
     return *name;
 }
 

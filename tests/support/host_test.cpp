@@ -14,9 +14,11 @@ HostTest::HostTest() {
     if (!mkdtemp(pattern.data())) std::abort();
     root_ = pattern;
     win32host::SetRoot(root_);
+    win32host::ResetControl();
 }
 
 HostTest::~HostTest() {
+    win32host::ResetControl();
     std::error_code ignored;
     fs::remove_all(root_, ignored);
 }

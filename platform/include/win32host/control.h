@@ -70,6 +70,7 @@ struct UserFacts {
     std::u16string name;
     std::u16string domain;        // the computer's name for a local account
     std::u16string computer_name; // in capitals
+    DWORD rid = 1000;             // the last number of the user's identifier
     std::vector<Group> groups;    // of the process token
 };
 

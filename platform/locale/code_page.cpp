@@ -1,0 +1,272 @@
+#include "locale/code_page.h"
+
+#include <algorithm>
+#include <atomic>
+#include <iterator>
+#include <mutex>
+#include <string_view>
+
+#include <iconv.h>
+
+namespace win32host {
+namespace {
+
+constexpr CodePageInfo kCodePages[] = {
+    {437, "CP437", {}, u'?'},
+    {850, "CP850", {}, u'?'},
+    {874, "CP874", {}, u'?'},
+    {932, "CP932", {0x81, 0x9F, 0xE0, 0xFC}, u'\u30FB'},
+    {936, "CP936", {0x81, 0xFE}, u'?'},
+    {949, "CP949", {0x81, 0xFE}, u'?'},
+    {950, "CP950", {0x81, 0xFE}, u'?'},
+    {1250, "CP1250", {}, u'?'},
+    {1251, "CP1251", {}, u'?'},
+    {1252, "CP1252", {}, u'?'},
+    {1253, "CP1253", {}, u'?'},
+    {1254, "CP1254", {}, u'?'},
+    {1255, "CP1255", {}, u'?'},
+    {1256, "CP1256", {}, u'?'},
+    {1257, "CP1257", {}, u'?'},
+    {1258, "CP1258", {}, u'?'},
+    {1361, "JOHAB", {0x84, 0xD3, 0xD8, 0xDE, 0xE0, 0xF9}, u'?'},
+    {20127, "US-ASCII", {}, u'?'},
+    {28591, "ISO-8859-1", {}, u'?'},
+};
+
+// Single bytes that iconv leaves undefined and Windows maps, mostly into its private use area.
+struct ExtraByte {
+    UINT code_page;
+    BYTE byte;
+    char16_t unit;
+};
+constexpr ExtraByte kExtraBytes[] = {
+    {874, 0xDB, 0xF8C1},  {874, 0xDC, 0xF8C2},  {874, 0xDD, 0xF8C3},  {874, 0xDE, 0xF8C4},
+    {874, 0xFC, 0xF8C5},  {874, 0xFD, 0xF8C6},  {874, 0xFE, 0xF8C7},  {874, 0xFF, 0xF8C8},
+    {932, 0x80, 0x0080},  {932, 0xA0, 0x00A0},  {932, 0xFD, 0xF8F1},  {932, 0xFE, 0xF8F2},
+    {932, 0xFF, 0xF8F3},  {936, 0x80, 0x20AC},  {936, 0xFF, 0xF8F5},  {949, 0x80, 0x0080},
+    {949, 0xFF, 0xF8F7},  {950, 0x80, 0x0080},  {950, 0xFF, 0xF8F8},  {1253, 0xAA, 0xF8F9},
+    {1253, 0xD2, 0xF8FA}, {1253, 0xFF, 0xF8FB}, {1255, 0xCA, 0x05BA}, {1255, 0xD9, 0xF88D},
+    {1255, 0xDA, 0xF88E}, {1255, 0xDB, 0xF88F}, {1255, 0xDC, 0xF890}, {1255, 0xDD, 0xF891},
+    {1255, 0xDE, 0xF892}, {1255, 0xDF, 0xF893}, {1255, 0xFB, 0xF894}, {1255, 0xFC, 0xF895},
+    {1255, 0xFF, 0xF896}, {1257, 0xA1, 0xF8FC}, {1257, 0xA5, 0xF8FD},
+};
+
+// Rows for the user's own characters, counted through the private use area from `first_unit` on.
+struct UserRows {
+    UINT code_page;
+    BYTE first_lead, last_lead;
+    BYTE first_trail, last_trail;
+    char16_t first_unit;
+};
+constexpr UserRows kUserRows[] = {
+    {936, 0xAA, 0xAF, 0xA1, 0xFE, 0xE000}, {936, 0xF8, 0xFE, 0xA1, 0xFE, 0xE234},
+    {936, 0xA1, 0xA7, 0x40, 0xA0, 0xE4C6}, {949, 0xC9, 0xC9, 0xA1, 0xFE, 0xE000},
+    {949, 0xFE, 0xFE, 0xA1, 0xFE, 0xE05E},
+};
+
+// Letters of the Latin blocks beside the plain letters that Windows writes for them where a code
+// page lacks them.
+struct LookAlikes {
+    const char16_t* letters;
+    char plain;
+};
+constexpr LookAlikes kLookAlikes[] = {
+    {u"ÀÁÂÃÄÅĀĂĄǍ", 'A'},
+    {u"àáâãäåāăąǎª", 'a'},
+    {u"ÇĆĈĊČ", 'C'},
+    {u"çćĉċč", 'c'},
+    {u"ÐĎĐ", 'D'},
+    {u"ďđ", 'd'},
+    {u"ÈÉÊËĒĔĖĘĚ", 'E'},
+    {u"èéêëēĕėęě", 'e'},
+    {u"ĜĞĠĢ", 'G'},
+    {u"ĝğġģ", 'g'},
+    {u"ĤĦ", 'H'},
+    {u"ĥħ", 'h'},
+    {u"ÌÍÎÏĨĪĬĮİǏ", 'I'},
+    {u"ìíîïĩīĭįıǐ", 'i'},
+    {u"Ĵ", 'J'},
+    {u"ĵ", 'j'},
+    {u"Ķ", 'K'},
+    {u"ķ", 'k'},
+    {u"ĹĻĽŁ", 'L'},
+    {u"ĺļľł", 'l'},
+    {u"ÑŃŅŇ", 'N'},
+    {u"ñńņň", 'n'},
+    {u"ÒÓÔÕÖØŌŎŐǑ", 'O'},
+    {u"òóôõöøōŏőǒº", 'o'},
+    {u"ŔŖŘ", 'R'},
+    {u"ŕŗř", 'r'},
+    {u"ŚŜŞŠ", 'S'},
+    {u"śŝşš", 's'},
+    {u"ŢŤŦ", 'T'},
+    {u"ţťŧ", 't'},
+    {u"ÙÚÛÜŨŪŬŮŰŲǓ", 'U'},
+    {u"ùúûüũūŭůűųǔ", 'u'},
+    {u"Ŵ", 'W'},
+    {u"ŵ", 'w'},
+    {u"ÝŶŸ", 'Y'},
+    {u"ýÿŷ", 'y'},
+    {u"ŹŻŽ", 'Z'},
+    {u"źżž", 'z'},
+    {u"\u00A0\u2002\u2003\u3000", ' '},
+    {u"\u2010\u2011\u2013\u2014\u00AD", '-'},
+    {u"\u2018\u2019\u2032", '\''},
+    {u"\u201C\u201D\u2033", '"'},
+    {u"\u00A6", '|'},
+    {u"\u00B7\u2022", '.'},
+};
+
+class Iconv {
+public:
+    Iconv(const char* to, const char* from)
+        : descriptor_(iconv_open(to, from)) {}
+    ~Iconv() {
+        if (IsOpen()) iconv_close(descriptor_);
+    }
+    Iconv(const Iconv&) = delete;
+    Iconv& operator=(const Iconv&) = delete;
+
+    bool IsOpen() const { return descriptor_ != reinterpret_cast<iconv_t>(-1); }
+
+    // Converts one whole character; the number of bytes written, 0 when it is undefined.
+    size_t One(const void* bytes, size_t count, unsigned char (&out)[16]) {
+        iconv(descriptor_, nullptr, nullptr, nullptr, nullptr);
+        char* from = const_cast<char*>(static_cast<const char*>(bytes));
+        char* to = reinterpret_cast<char*>(out);
+        size_t room = sizeof out;
+        if (iconv(descriptor_, &from, &count, &to, &room) == static_cast<size_t>(-1)) return 0;
+        iconv(descriptor_, nullptr, nullptr, &to, &room); // what waits for a combining character
+        return sizeof out - room;
+    }
+
+    // The same into UTF-16: one unit, or kUndefined.
+    char16_t Unit(const void* bytes, size_t count) {
+        unsigned char out[16];
+        if (One(bytes, count, out) != 2) return CodePageTable::kUndefined;
+        return static_cast<char16_t>(out[0] | (out[1] << 8));
+    }
+
+private:
+    iconv_t descriptor_;
+};
+
+} // namespace
+
+bool CodePageInfo::IsLeadByte(BYTE byte) const {
+    for (size_t i = 0; i < std::size(lead_bytes) && lead_bytes[i]; i += 2)
+        if (byte >= lead_bytes[i] && byte <= lead_bytes[i + 1]) return true;
+    return false;
+}
+
+const CodePageInfo* FindCodePageInfo(UINT code_page) {
+    const auto* found = std::lower_bound(
+        std::begin(kCodePages), std::end(kCodePages), code_page,
+        [](const CodePageInfo& info, UINT number) { return info.number < number; });
+    return found != std::end(kCodePages) && found->number == code_page ? found : nullptr;
+}
+
+CodePageTable::CodePageTable(const CodePageInfo& info)
+    : info_(info)
+    , bytes_(0x10000) {
+    std::fill(std::begin(singles_), std::end(singles_), kUndefined);
+    if (info.IsDoubleByte()) pairs_.assign(0x80 * 256, kUndefined);
+    FillFromIconv();
+    FillWhatWindowsAdds();
+    FillBestFit();
+}
+
+char16_t CodePageTable::FromPair(BYTE lead, BYTE trail) const {
+    return pairs_[static_cast<size_t>(lead - 0x80) * 256 + trail];
+}
+
+void CodePageTable::FillFromIconv() {
+    for (char16_t c = 0; c < 0x80; ++c) {
+        singles_[c] = c;
+        bytes_[c] = c;
+    }
+    Iconv decode("UTF-16LE", info_.iconv_name);
+    Iconv encode(info_.iconv_name, "UTF-16LE");
+    if (!decode.IsOpen() || !encode.IsOpen()) return;
+
+    for (unsigned value = 0x80; value <= 0xFF; ++value) {
+        const BYTE byte = static_cast<BYTE>(value);
+        if (!info_.IsLeadByte(byte)) {
+            singles_[byte] = decode.Unit(&byte, 1);
+            continue;
+        }
+        for (unsigned trail = 0x31; trail <= 0xFE; ++trail) {
+            const BYTE pair[] = {byte, static_cast<BYTE>(trail)};
+            pairs_[(value - 0x80) * 256 + trail] = decode.Unit(pair, 2);
+        }
+    }
+    for (unsigned value = 0x80; value < 0xFFFE; ++value) {
+        if (value >= 0xD800 && value <= 0xDFFF) continue;
+        const char16_t unit = static_cast<char16_t>(value);
+        unsigned char out[16];
+        const size_t count = encode.One(&unit, sizeof unit, out);
+        if (count == 1 && out[0] < 0x80) {
+            DefineBestFit(unit, out[0]);
+        } else if (count == 1) {
+            bytes_[unit] = out[0];
+        } else if (count == 2 && info_.IsDoubleByte()) { // else a letter and a combining mark
+            bytes_[unit] = static_cast<WORD>((out[0] << 8) | out[1]);
+        }
+    }
+}
+
+void CodePageTable::FillWhatWindowsAdds() {
+    for (const ExtraByte& extra : kExtraBytes)
+        if (extra.code_page == info_.number) Define(extra.byte, extra.unit);
+    // The control codes that the Windows pages leave free stand for themselves.
+    if ((info_.number >= 1250 && info_.number <= 1258) || info_.number == 874)
+        for (WORD byte = 0x80; byte <= 0x9F; ++byte)
+            if (singles_[byte] == kUndefined) Define(byte, byte);
+    for (const UserRows& rows : kUserRows) {
+        if (rows.code_page != info_.number) continue;
+        char16_t unit = rows.first_unit;
+        for (unsigned lead = rows.first_lead; lead <= rows.last_lead; ++lead)
+            for (unsigned trail = rows.first_trail; trail <= rows.last_trail; ++trail)
+                if (trail != 0x7F) Define(static_cast<WORD>((lead << 8) | trail), unit++);
+    }
+}
+
+// Adds one character where neither side is taken.
+void CodePageTable::Define(WORD bytes, char16_t unit) {
+    char16_t& decoded = bytes < 0x100 ? singles_[bytes] : pairs_[bytes - 0x8000u];
+    if (decoded == kUndefined) decoded = unit;
+    if (bytes_[unit] == 0) bytes_[unit] = bytes;
+}
+
+void CodePageTable::FillBestFit() {
+    for (const LookAlikes& entry : kLookAlikes)
+        for (const char16_t* letter = entry.letters; *letter; ++letter)
+            DefineBestFit(*letter, static_cast<BYTE>(entry.plain));
+    for (char16_t c = 0x21; c < 0x7F; ++c)
+        DefineBestFit(static_cast<char16_t>(0xFF00 + c - 0x20), static_cast<BYTE>(c)); // full width
+}
+
+void CodePageTable::DefineBestFit(char16_t unit, BYTE byte) {
+    if (bytes_[unit] != 0) return;
+    bytes_[unit] = byte;
+    best_fit_[unit] = true;
+}
+
+const CodePageTable* FindCodePageTable(UINT code_page) {
+    static std::atomic<const CodePageTable*> tables[std::size(kCodePages)];
+    static std::mutex building;
+
+    const CodePageInfo* info = FindCodePageInfo(code_page);
+    if (!info) return nullptr;
+    std::atomic<const CodePageTable*>& slot = tables[info - kCodePages];
+    if (const CodePageTable* table = slot.load(std::memory_order_acquire)) return table;
+
+    std::lock_guard guard(building);
+    if (const CodePageTable* table = slot.load(std::memory_order_relaxed)) return table;
+    if (!Iconv("UTF-16LE", info->iconv_name).IsOpen()) return nullptr;
+    const CodePageTable* table = new CodePageTable(*info);
+    slot.store(table, std::memory_order_release);
+    return table;
+}
+
+} // namespace win32host

@@ -1,0 +1,63 @@
+// The tables behind the conversion functions: one per code page, built from iconv on first use and
+// kept for the life of the process.
+#pragma once
+
+#include <windows.h>
+
+#include <bitset>
+#include <memory>
+#include <vector>
+
+namespace win32host {
+
+// What Windows says about a code page, and the name of its conversion here.
+struct CodePageInfo {
+    UINT number;
+    const char* iconv_name;
+    BYTE lead_bytes[6];       // pairs of first and last; all zero for single-byte code pages
+    char16_t default_unicode; // for bytes that mean nothing
+
+    bool IsDoubleByte() const { return lead_bytes[0] != 0; }
+    bool IsLeadByte(BYTE byte) const;
+};
+
+// The description of a code page with tables, null for every other number (UTF-8 included).
+const CodePageInfo* FindCodePageInfo(UINT code_page);
+
+class CodePageTable {
+public:
+    static constexpr char16_t kUndefined = 0xFFFF;
+
+    explicit CodePageTable(const CodePageInfo& info);
+
+    const CodePageInfo& info() const { return info_; }
+
+    // The character of a byte that stands alone; kUndefined for lead bytes and undefined ones.
+    char16_t FromByte(BYTE byte) const { return singles_[byte]; }
+    // The character of a lead byte with its trail byte, or kUndefined.
+    char16_t FromPair(BYTE lead, BYTE trail) const;
+
+    // The one or two bytes (lead byte in the high half) of a character: 0 when the code page lacks
+    // it and has nothing like it. U+0000 is the caller's.
+    WORD ToBytes(char16_t unit) const { return bytes_[unit]; }
+    // Whether ToBytes only gives a look-alike.
+    bool IsBestFit(char16_t unit) const { return best_fit_[unit]; }
+
+private:
+    void FillFromIconv();
+    void FillWhatWindowsAdds();
+    void FillBestFit();
+    void Define(WORD bytes, char16_t unit);
+    void DefineBestFit(char16_t unit, BYTE byte);
+
+    const CodePageInfo& info_;
+    char16_t singles_[256];
+    std::vector<char16_t> pairs_; // 256 trail bytes per lead byte from 0x80 on; double-byte only
+    std::vector<WORD> bytes_;
+    std::bitset<0x10000> best_fit_;
+};
+
+// The table of a code page, or null when it has none or this machine's iconv lacks it.
+const CodePageTable* FindCodePageTable(UINT code_page);
+
+} // namespace win32host

@@ -1,0 +1,191 @@
+// GetLocaleInfoW: the user's locale, from the environment or as a test sets it.
+#include "locale/facts.h"
+#include "locale/languages.h"
+
+#include <windows.h>
+
+#include "host/text.h"
+
+#include <clocale>
+#include <cstdlib>
+#include <cstring>
+#include <mutex>
+#include <optional>
+#include <string>
+#include <vector>
+
+#include <iconv.h>
+#include <langinfo.h>
+
+namespace win32host {
+namespace {
+
+std::mutex g_lock;
+std::optional<LocaleFacts> g_facts; // set, or read from the environment on first use
+
+// The name that the environment gives a category's locale.
+std::string LocaleName(const char* category) {
+    for (const char* variable : {"LC_ALL", category, "LANG"})
+        if (const char* name = std::getenv(variable); name && *name) return name;
+    return "C";
+}
+
+bool IsNeutral(const std::string& name) {
+    const std::string base = name.substr(0, name.find_first_of(".@"));
+    return base == "C" || base == "POSIX";
+}
+
+// A locale of the machine for one category, or none when it is not installed.
+class HostLocale {
+public:
+    HostLocale(int mask, const std::string& name)
+        : locale_(newlocale(mask, name.c_str(), nullptr)) {}
+    ~HostLocale() {
+        if (locale_) freelocale(locale_);
+    }
+    HostLocale(const HostLocale&) = delete;
+    HostLocale& operator=(const HostLocale&) = delete;
+
+    explicit operator bool() const { return locale_ != nullptr; }
+    const char* Item(nl_item item) const { return nl_langinfo_l(item, locale_); }
+
+private:
+    locale_t locale_;
+};
+
+std::u16string FromCodeset(const char* text, const char* codeset) {
+    const iconv_t descriptor = iconv_open("UTF-8", codeset);
+    if (descriptor == reinterpret_cast<iconv_t>(-1)) return Utf16(text);
+    char utf8[64];
+    char *from = const_cast<char*>(text), *to = utf8;
+    size_t left = std::strlen(text), room = sizeof utf8;
+    iconv(descriptor, &from, &left, &to, &room);
+    iconv_close(descriptor);
+    return Utf16({utf8, sizeof utf8 - room});
+}
+
+LocaleFacts ReadEnvironment() {
+    LocaleFacts facts;
+    const Language& language = LanguageOfLocale(LocaleName("LC_MESSAGES"));
+    facts.abbreviation = language.abbreviation;
+
+    const std::string measurement = LocaleName("LC_MEASUREMENT");
+    const HostLocale units(LC_MEASUREMENT_MASK, measurement);
+    if (IsNeutral(measurement) || !units) {
+        facts.inches = std::string_view(LanguageOfLocale(measurement).country) == "US";
+    } else {
+        facts.inches = *units.Item(_NL_MEASUREMENT_MEASUREMENT) == 2;
+    }
+
+    const std::string numeric = LocaleName("LC_NUMERIC");
+    const HostLocale numbers(LC_NUMERIC_MASK | LC_CTYPE_MASK, numeric);
+    if (!IsNeutral(numeric) && numbers) {
+        const char* codeset = numbers.Item(CODESET);
+        facts.decimal = FromCodeset(numbers.Item(RADIXCHAR), codeset);
+        facts.thousands = FromCodeset(numbers.Item(THOUSEP), codeset);
+    }
+    return facts;
+}
+
+LocaleFacts Facts() {
+    std::lock_guard guard(g_lock);
+    if (!g_facts) g_facts = ReadEnvironment();
+    return *g_facts;
+}
+
+std::u16string Number(UINT number) {
+    return Utf16(std::to_string(number));
+}
+
+// A fact as text, and as the number that LOCALE_RETURN_NUMBER asks for when it is one.
+struct Fact {
+    std::u16string text;
+    std::optional<DWORD> number;
+};
+
+Fact NumberFact(DWORD number) {
+    return {Number(number), number};
+}
+
+std::optional<Fact> FindFact(LCTYPE type) {
+    const LocaleFacts facts = Facts();
+    const Language& language = LanguageOfAbbreviation(facts.abbreviation);
+    switch (type) {
+    case LOCALE_IMEASURE:
+        return NumberFact(facts.inches);
+    case LOCALE_ILZERO:
+        return NumberFact(facts.leading_zero);
+    case LOCALE_SDECIMAL:
+        return Fact{facts.decimal, {}};
+    case LOCALE_STHOUSAND:
+        return Fact{facts.thousands, {}};
+    case LOCALE_SABBREVLANGNAME:
+        return Fact{facts.abbreviation, {}};
+    case LOCALE_SISO639LANGNAME:
+        return Fact{Utf16(language.language), {}};
+    case LOCALE_SISO3166CTRYNAME:
+        return Fact{Utf16(language.country), {}};
+    case LOCALE_ILANGUAGE: {
+        WCHAR text[8];
+        wsprintfW(text, u"%04x", language.id);
+        return Fact{text, language.id};
+    }
+    case LOCALE_IDEFAULTANSICODEPAGE:
+        return NumberFact(GetACP());
+    case LOCALE_IDEFAULTCODEPAGE:
+        return NumberFact(GetOEMCP());
+    default:
+        return std::nullopt;
+    }
+}
+
+} // namespace
+
+void SetLocaleFacts(const LocaleFacts& facts) {
+    std::lock_guard guard(g_lock);
+    g_facts = facts;
+}
+
+void UseProcessLocale() {
+    std::lock_guard guard(g_lock);
+    g_facts.reset();
+}
+
+} // namespace win32host
+
+using namespace win32host;
+
+extern "C" {
+
+int WINAPI GetLocaleInfoW(LCID, LCTYPE type, LPWSTR buffer, int size) {
+    const auto fail = [](DWORD error) {
+        SetLastError(error);
+        return 0;
+    };
+    if (size < 0 || (size > 0 && !buffer)) return fail(ERROR_INVALID_PARAMETER);
+    constexpr LCTYPE modifiers = LOCALE_NOUSEROVERRIDE | LOCALE_USE_CP_ACP | LOCALE_RETURN_NUMBER;
+    const std::optional<Fact> fact = FindFact(type & ~modifiers);
+    const bool as_number = (type & LOCALE_RETURN_NUMBER) != 0;
+    if (!fact || (as_number && !fact->number)) return fail(ERROR_INVALID_FLAGS);
+
+    const void* data = fact->text.c_str();
+    int units = static_cast<int>(fact->text.size()) + 1;
+    if (as_number) {
+        data = &*fact->number;
+        units = sizeof(DWORD) / sizeof(WCHAR);
+    }
+    if (size == 0) return units;
+    if (size < units) return fail(ERROR_INSUFFICIENT_BUFFER);
+    std::memcpy(buffer, data, static_cast<size_t>(units) * sizeof(WCHAR));
+    return units;
+}
+
+LANGID WINAPI GetUserDefaultLangID(void) {
+    return LanguageOfAbbreviation(Facts().abbreviation).id;
+}
+
+LCID WINAPI GetUserDefaultLCID(void) {
+    return MAKELCID(GetUserDefaultLangID(), SORT_DEFAULT);
+}
+
+} // extern "C"

@@ -1,0 +1,44 @@
+#include "locale/facts.h"
+
+#include <windows.h>
+
+#include <mutex>
+
+namespace win32host {
+namespace {
+
+struct Version {
+    DWORD platform = VER_PLATFORM_WIN32_NT;
+    DWORD major = 5;
+    DWORD minor = 0;
+    DWORD build = 2195;
+};
+
+std::mutex g_lock;
+Version g_version;
+
+} // namespace
+
+void SetVersion(DWORD platform, DWORD major, DWORD minor, DWORD build) {
+    std::lock_guard guard(g_lock);
+    g_version = {platform, major, minor, build};
+}
+
+void ResetVersion() {
+    std::lock_guard guard(g_lock);
+    g_version = {};
+}
+
+} // namespace win32host
+
+extern "C" BOOL WINAPI GetVersionExW(LPOSVERSIONINFOW information) {
+    if (!information || information->dwOSVersionInfoSize != sizeof(OSVERSIONINFOW)) {
+        SetLastError(ERROR_INSUFFICIENT_BUFFER);
+        return FALSE;
+    }
+    std::lock_guard guard(win32host::g_lock);
+    const win32host::Version& version = win32host::g_version;
+    *information = {sizeof(OSVERSIONINFOW), version.major,    version.minor,
+                    version.build,          version.platform, {}};
+    return TRUE;
+}
