@@ -1,0 +1,47 @@
+// Named text values.
+#pragma once
+
+#include <cstdint>
+
+#include "core/ostring.h"
+#include "core/ostring_map.h"
+
+// A value of a property set.
+struct OProperty {
+    OString value;
+};
+
+// A map from names to values. Names count case. Every value is a text; numbers are kept in decimal,
+// flags as "1" and "0". A set belongs to one thread.
+class OPropertySet {
+public:
+    OPropertySet() = default;
+    OPropertySet(const OPropertySet&) = delete;
+    OPropertySet& operator=(const OPropertySet&) = delete;
+    virtual ~OPropertySet();
+
+    // The value, also when it is empty; the default when there is no such property.
+    OString GetString(const OString& name, const OString& default_value) const;
+    // Inserts or replaces.
+    void SetString(const OString& name, const OString& value);
+
+    // The number at the start of the value, as OString reads it; the default when the value is
+    // empty or absent.
+    int32_t GetInt(const OString& name, int32_t default_value) const;
+    void SetInt(const OString& name, int32_t value);
+
+    // Whether the number is other than 0.
+    bool GetBool(const OString& name, bool default_value) const;
+    void SetBool(const OString& name, bool value);
+
+    // Removes every property.
+    void Clear();
+
+    // The properties in an order of the set's own, for walking over them: how many there are, and
+    // the name of one of them. The order changes when a property is inserted.
+    int GetCount() const;
+    OString GetName(int index) const;
+
+private:
+    OStringMap<OProperty*> properties_; // owned
+};
