@@ -70,8 +70,8 @@ struct UserFacts {
     std::u16string name;
     std::u16string domain;        // the computer's name for a local account
     std::u16string computer_name; // in capitals
-    DWORD rid = 1000;             // the last number of the user's identifier
     std::vector<Group> groups;    // of the process token
+    DWORD rid = 1000;             // the last number of the user's identifier
 };
 
 // The user that runs the process, by itself the one that the machine knows: with the computer as
