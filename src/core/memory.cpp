@@ -1,0 +1,93 @@
+#include "core/memory.h"
+
+#include <algorithm>
+#include <cstdint>
+#include <cstring>
+#include <functional>
+#include <new>
+
+namespace {
+
+// Room in front of a block: its size sits in the last four bytes, the rest keeps the alignment.
+constexpr size_t kHeader = alignof(std::max_align_t);
+constexpr size_t kLargestBlock = UINT32_MAX - kHeader;
+static_assert(kHeader >= sizeof(uint32_t));
+
+char* SizeWord(const void* block) {
+    return static_cast<char*>(const_cast<void*>(block)) - sizeof(uint32_t);
+}
+
+} // namespace
+
+void* ___malloc(size_t size) {
+    if (size > kLargestBlock) return nullptr;
+    char* whole = static_cast<char*>(::operator new(kHeader + size, std::nothrow));
+    if (!whole) return nullptr;
+    void* block = whole + kHeader;
+    const uint32_t word = static_cast<uint32_t>(size);
+    std::memcpy(SizeWord(block), &word, sizeof(word));
+    return block;
+}
+
+void* ___calloc(size_t count, size_t size) {
+    if (size != 0 && count > kLargestBlock / size) return nullptr;
+    return __memset(___malloc(count * size), 0, count * size);
+}
+
+void* ___realloc(void* block, size_t size) {
+    if (!block) return ___malloc(size);
+    const size_t old_size = ___msize(block);
+    if (size == old_size) return block;
+    void* moved = ___malloc(size);
+    if (!moved) return nullptr;
+    std::memcpy(moved, block, std::min(old_size, size));
+    ___free(block);
+    return moved;
+}
+
+void ___free(void* block) {
+    if (block) ::operator delete(static_cast<char*>(block) - kHeader);
+}
+
+size_t ___msize(const void* block) {
+    if (!block) return 0;
+    uint32_t word;
+    std::memcpy(&word, SizeWord(block), sizeof(word));
+    return word;
+}
+
+void* memdup(const void* data, size_t size) {
+    if (!data) return nullptr;
+    if (size == 0) size = ___msize(data);
+    void* copy = ___malloc(size);
+    if (copy) std::memcpy(copy, data, size);
+    return copy;
+}
+
+void* __memcpy(void* destination, const void* source, size_t size) {
+    if (!destination || !source) return destination;
+    char* to = static_cast<char*>(destination);
+    const char* from = static_cast<const char*>(source);
+    const std::less<const char*> before;
+    if (before(from, to) && before(to, from + size))
+        for (size_t i = 0; i < size; ++i) to[i] = from[i];
+    else
+        std::memmove(to, from, size);
+    return destination;
+}
+
+void* __memmove(void* destination, const void* source, size_t size) {
+    if (destination && source) std::memmove(destination, source, size);
+    return destination;
+}
+
+int __memcmp(const void* a, const void* b, size_t size) {
+    if (!a || !b) return 0;
+    const int order = std::memcmp(a, b, size);
+    return (order > 0) - (order < 0);
+}
+
+void* __memset(void* destination, int value, size_t size) {
+    if (destination) std::memset(destination, value, size);
+    return destination;
+}

@@ -1,0 +1,45 @@
+// Heap blocks that know their size, and memory functions that tolerate null pointers.
+//
+// A block from ___malloc, ___calloc, ___realloc or memdup keeps its size in the 32-bit word
+// directly in front of it and is aligned for any type. It goes back through ___free, never through
+// `free` or `delete`. A block holds at most 4 GiB; allocation fails with null and never throws.
+#pragma once
+
+#include <cstddef>
+
+// A new block of `size` bytes, not initialised; null on failure. A size of 0 gives a block too.
+void* ___malloc(size_t size);
+
+// A new block of `count` times `size` zero bytes; null on failure, also when the product is too
+// large.
+void* ___calloc(size_t count, size_t size);
+
+// Resizes a block, which may move; what fits of the contents is kept and what is new is not
+// initialised. A null block is allocated. On failure null is returned and the block stays as it
+// was.
+void* ___realloc(void* block, size_t size);
+
+// Releases a block; null is ignored.
+void ___free(void* block);
+
+// The size of a block in bytes; 0 for null.
+size_t ___msize(const void* block);
+
+// A new block with a copy of `size` bytes. A size of 0 copies a whole block of this family. Null
+// for null and on failure.
+void* memdup(const void* data, size_t size);
+
+// The functions below do nothing when a pointer is null or the size is 0.
+
+// Copies byte by byte from the first to the last, so that a destination which begins inside the
+// source repeats the bytes in front of it. Returns the destination.
+void* __memcpy(void* destination, const void* source, size_t size);
+
+// Copies between ranges that may overlap. Returns the destination.
+void* __memmove(void* destination, const void* source, size_t size);
+
+// Compares as unsigned bytes: -1, 0 or 1. Null pointers compare equal to everything.
+int __memcmp(const void* a, const void* b, size_t size);
+
+// Fills with the low byte of `value`. Returns the destination.
+void* __memset(void* destination, int value, size_t size);

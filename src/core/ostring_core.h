@@ -1,0 +1,91 @@
+// The shared body of strings.
+#pragma once
+
+#include <windows.h>
+
+#include <cstdint>
+
+// One text in up to two forms: 8-bit in the body's code page, and UTF-16. Only OString uses it.
+//
+// A form is valid when its block exists and does not begin with NUL; when both are valid they hold
+// the same text. A form that is overwritten by a write to the other keeps its block for later.
+//
+// Every block has room for `capacity` characters with the terminator: the 16-bit block is twice
+// that many bytes, the 8-bit block twice as well, or four times for UTF-8, so that a double-byte or
+// UTF-8 text of capacity - 1 characters fits. A conversion that needs still more takes a larger
+// block. The length of a form is remembered, except while a caller may be writing into its block.
+//
+// Operations that allocate answer false when the memory cannot be had and leave the text as it was.
+class OStringCore {
+public:
+    static constexpr uint32_t kUTF8 = 1208; // the code page that our own coder serves
+    static constexpr uint32_t kMaxLength = 0x1FFFFFFF;
+
+    OStringCore() = default;
+    ~OStringCore();
+    OStringCore(const OStringCore&) = delete;
+    OStringCore& operator=(const OStringCore&) = delete;
+
+    // A copy with a reference count of 1; null when the memory cannot be had.
+    OStringCore* Clone() const;
+
+    uint32_t reference_count = 1;
+
+    char* n() const { return n_; }
+    WCHAR* w() const { return w_; }
+    bool is_valid_n() const { return n_ && *n_; }
+    bool is_valid_w() const { return w_ && *w_; }
+
+    // The length of a form in its own characters; 0 when it is not valid.
+    uint32_t nlen() const;
+    uint32_t wlen() const;
+
+    // Notes the length of a form just written, which puts the terminator there.
+    void end_n(uint32_t length);
+    void end_w(uint32_t length);
+
+    // Makes a form invalid; its block stays.
+    void invalidate_n();
+    void invalidate_w();
+
+    // From now on a caller may write into the block at any time.
+    void expose_n() { n_length_ = kUnknown; }
+    void expose_w() { w_length_ = kUnknown; }
+
+    uint32_t capacity() const { return capacity_; }
+    uint32_t code_page() const { return code_page_; }
+
+    // Changes the code page. The text survives: an 8-bit form is carried into the 16-bit form
+    // first, and comes back in the new code page when next asked for.
+    void SetCodePage(uint32_t code_page);
+
+    // Makes room for `length` characters. With `keep` the valid forms stay; without it both become
+    // invalid. Blocks never shrink.
+    bool set_length(uint32_t length, bool keep);
+
+    // Allocate the block of a form if it has none. A new block holds the empty text.
+    bool alloc_n() { return reserve_n(0); }
+    bool alloc_w() { return reserve_w(0); }
+    void free_n();
+    void free_w();
+
+    // Fill one form from the other, which is valid.
+    bool n_to_w();
+    bool w_to_n();
+
+private:
+    static constexpr uint32_t kUnknown = UINT32_MAX;
+
+    void SetSize(uint32_t length) { capacity_ = (length + 32) & ~31u; }
+    size_t BytesN() const;
+    size_t BytesW() const;
+    bool reserve_n(size_t bytes);
+    bool reserve_w(size_t bytes);
+
+    char* n_ = nullptr;
+    WCHAR* w_ = nullptr;
+    uint32_t capacity_ = 0;
+    uint32_t code_page_ = 0;
+    uint32_t n_length_ = 0;
+    uint32_t w_length_ = 0;
+};

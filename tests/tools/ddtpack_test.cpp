@@ -1,0 +1,90 @@
+// ddtpack: what it packs it shows again, and it names what it does not understand.
+
+#include "support/host_test.h"
+#include "support/program.h"
+
+#include <filesystem>
+
+namespace {
+
+class Ddtpack : public HostTest {
+protected:
+    std::string Put(const std::string& name, const std::string& bytes) const {
+        WriteFile(name, bytes);
+        return OnDriveC(name);
+    }
+
+    ProgramResult Run(const std::vector<std::string>& words) const {
+        return RunProgram(TEST_BINARY_DIR, "ddtpack", words);
+    }
+};
+
+TEST_F(Ddtpack, ShowsWhatItPacked) {
+    const std::string table = Put("Model.d", "[A]\nResolution=203\n");
+    const std::string empty = Put("Empty.d", "");
+    const std::string out = OnDriveC("x.ddt");
+    ASSERT_EQ(Run({"pack", out, table, empty}).status, 0);
+    EXPECT_EQ(Run({"show", out, "Model"}).output, "[A]\nResolution=203\n");
+    EXPECT_EQ(Run({"list", out}).output, "      19  Model.d\n       0  Empty.d\n");
+    EXPECT_EQ(Run({"show", out, "Font"}).status, 1);
+}
+
+TEST_F(Ddtpack, BuildsTheCustomDataFromItsKeys) {
+    const std::string keys = Put("~CustomData.keys", "! two facts and two speeds\n"
+                                                     "[M]\n"
+                                                     "Cutter=yes\n"
+                                                     "TearOff = yes\n"
+                                                     "Media.DirectOnly=no\n"
+                                                     "LabelTop.Min=-2\n"
+                                                     "Speed=2,\"2\"\n"
+                                                     "Speed=10,\"10\",default\n");
+    const std::string out = OnDriveC("x.ddt");
+    const ProgramResult packed = Run({"pack", out, keys});
+    ASSERT_EQ(packed.status, 0) << packed.errors;
+    // Flags 0x402, the label top minimum at byte 20, the speeds from byte 36 on.
+    EXPECT_EQ(Run({"show", out, "~CustomData"}).output,
+              "[M]\nData.Length=196\nData=AgQAAAAAAAAAAAAAAAAAAAAAAAD+////"
+              "AAAAAAAAAAAAAAAAAgAAADIAAAAKAAAA"
+              "MTAAAQ" +
+                  std::string(192, 'A') + "==\n");
+}
+
+TEST_F(Ddtpack, NamesWhatItDoesNotUnderstand) {
+    const struct {
+        const char* name;
+        const char* text;
+        const char* says;
+    } cases[] = {
+        {"a.keys", "[M]\nCuter=yes\n", "line 2: no such key"},
+        {"a.keys", "[M]\nCutter=maybe\n", "yes or no"},
+        {"a.keys", "[M]\nLabelTop.Min=3 mm\n", "whole number"},
+        {"a.keys", "[M]\nSpeed=4\n", "VALUE"},
+        {"a.keys", "[M]\nSpeed=4,\"ABC\"\n", "one or two characters"},
+        {"a.keys", "Cutter=yes\n", "before the first section"},
+        {"a.txt", "", "neither a table"},
+    };
+    for (const auto& c : cases) {
+        const ProgramResult result = Run({"pack", OnDriveC("x.ddt"), Put(c.name, c.text)});
+        EXPECT_EQ(result.status, 1) << c.text;
+        EXPECT_NE(result.errors.find(c.says), std::string::npos) << result.errors;
+        EXPECT_FALSE(std::filesystem::exists(OnDriveC("x.ddt")));
+    }
+    EXPECT_EQ(Run({"pack"}).status, 2);
+    EXPECT_EQ(Run({"list", OnDriveC("missing.ddt")}).status, 1);
+}
+
+TEST_F(Ddtpack, RefusesFilesThatAreNotSound) {
+    const std::string cases[] = {
+        std::string("\xFF\x00\x00\x00", 4),
+        std::string("\x04\x00\x00\x00", 4),
+        std::string("\x10\x00\x00\x00\x20\x00\x00\x00longer..", 16),
+        std::string("\x14\x00\x00\x00\x09\x00\x00\x00NZLIB......", 20),
+    };
+    for (const std::string& bytes : cases) {
+        const ProgramResult result = Run({"list", Put("bad.ddt", bytes)});
+        EXPECT_EQ(result.status, 1);
+        EXPECT_NE(result.errors.find("record 1"), std::string::npos) << result.errors;
+    }
+}
+
+} // namespace

@@ -1,0 +1,147 @@
+// labelhost as a person runs it: every shipped model installed and asked, mistakes answered in one
+// line, two processes at once.
+
+#include "support/host_test.h"
+#include "support/program.h"
+
+#include <nlohmann/json.hpp>
+
+#include <algorithm>
+#include <filesystem>
+#include <thread>
+
+namespace {
+
+using Json = nlohmann::json;
+
+class Labelhost : public HostTest {
+protected:
+    ProgramResult Run(std::vector<std::string> words) const {
+        words.insert(words.begin(), {"--root", root()});
+        return RunProgram(TEST_BINARY_DIR, "labelhost", words);
+    }
+
+    Json RunJson(std::vector<std::string> words) const {
+        words.push_back("--json");
+        const ProgramResult result = Run(words);
+        EXPECT_EQ(result.status, 0) << result.errors;
+        return Json::parse(result.output, nullptr, false);
+    }
+
+    void Install(const std::string& printer, const std::string& model) const {
+        const ProgramResult result = Run({"install", printer, "--model", model});
+        ASSERT_EQ(result.status, 0) << result.errors;
+    }
+};
+
+TEST_F(Labelhost, AnswersForEveryShippedModel) {
+    const Json models = RunJson({"models"});
+    ASSERT_GE(models.size(), 10u);
+    for (const Json& model : models) {
+        const std::string printer = "Printer " + model["name"].get<std::string>();
+        Install(printer, model["name"]);
+        const Json answer = RunJson({"capabilities", printer});
+        const Json& results = answer["results"];
+        EXPECT_EQ(answer["printer"], printer);
+        EXPECT_EQ(results.size(), 33u);
+        EXPECT_EQ(results["6"], 1) << "one bin";
+        EXPECT_EQ(answer["bins"], Json::parse("[256]"));
+        EXPECT_EQ(answer["bin_names"], Json::parse(R"(["Internal Spool"])"));
+        EXPECT_EQ(answer["personality"], Json::parse(R"(["ZPL"])"));
+        EXPECT_EQ(results["13"], answer["resolutions"].size());
+        ASSERT_FALSE(answer["resolutions"].empty()) << printer;
+        EXPECT_GE(answer["resolutions"][0][0].get<int>(), 203);
+        EXPECT_EQ(results["17"], 90);
+        EXPECT_EQ(results["21"], -1);
+        EXPECT_EQ(results["32"], printer.find("Spot") == std::string::npos ? 0 : 1);
+        const int smallest = results["4"], largest = results["5"];
+        EXPECT_GT(largest & 0xFFFF, smallest & 0xFFFF) << printer;
+        EXPECT_GT(largest >> 16, smallest >> 16) << printer;
+        const Json& files = answer["file_dependencies"];
+        EXPECT_NE(std::find(files.begin(), files.end(), "zpl.ddt"), files.end()) << printer;
+    }
+    EXPECT_EQ(RunJson({"list"}).size(), models.size());
+}
+
+TEST_F(Labelhost, RemovesWhatItInstalled) {
+    Install("Dock/3 %41: Ä", "valdrick x4 300 DPI");
+    const Json list = RunJson({"list"});
+    ASSERT_EQ(list.size(), 1u);
+    EXPECT_EQ(list[0]["name"], "Dock/3 %41: Ä");
+    EXPECT_EQ(list[0]["driver"], "Valdrick X4 300 dpi");
+    EXPECT_EQ(list[0]["port"], "FILE:");
+    EXPECT_EQ(Run({"remove", "Dock/3 %41: Ä"}).status, 0);
+    EXPECT_TRUE(RunJson({"list"}).empty());
+    EXPECT_EQ(Run({"remove", "Dock/3 %41: Ä"}).status, 1);
+}
+
+TEST_F(Labelhost, InstallsAModelUnderAnotherBrand) {
+    const ProgramResult result =
+        Run({"install", "Dock", "--model", "Valdrick D4 203 dpi", "--oem", "tt"});
+    ASSERT_EQ(result.status, 0) << result.errors;
+    const Json files = RunJson({"capabilities", "Dock"})["file_dependencies"];
+    EXPECT_NE(std::find(files.begin(), files.end(), "zpltenu.dll"), files.end());
+}
+
+TEST_F(Labelhost, SaysInOneLineWhatWasWrong) {
+    Install("Dock", "Valdrick M2 Mobile");
+    const struct {
+        std::vector<std::string> words;
+        int status;
+        const char* names;
+    } cases[] = {
+        {{"capabilities", "Nowhere"}, 1, "Nowhere"},
+        {{"install", "New", "--model", "Abacus"}, 1, "Abacus"},
+        {{"install", "New", "--model", "Valdrick M2 Mobile", "--oem", "zz"}, 1, "zz"},
+        {{"install", "New", "--model", "Valdrick M2 Mobile", "--port", "LPT9:"}, 1, "LPT9:"},
+        {{"install", "New", "--model", "x", "--product", "/nowhere"}, 1, "/nowhere"},
+        {{"install", "Dock", "--model", "Valdrick M2 Mobile"}, 1, "Dock"},
+        {{"install", "New"}, 2, "--model"},
+        {{"install", "New", "--model"}, 2, "--model"},
+        {{"list", "--colour"}, 2, "--colour"},
+        {{"dance"}, 2, "dance"},
+        {{"registry", "dump", "HKEY_NOWHERE\\x"}, 1, "HKEY_NOWHERE"},
+        {{"registry", "dump", "HKLM\\No such key"}, 1, "No such key"},
+        {{"registry", "set", "HKLM\\k", "v", "REG_BINARY", "0x"}, 1, "0x"},
+        {{"registry", "set", "HKLM\\k", "v", "REG_COLOUR", "00"}, 1, "REG_COLOUR"},
+        {{"registry", "delete", "HKLM"}, 1, "root"},
+    };
+    for (const auto& c : cases) {
+        const ProgramResult result = Run(c.words);
+        EXPECT_EQ(result.status, c.status) << result.errors;
+        EXPECT_NE(result.errors.find(c.names), std::string::npos) << result.errors;
+        EXPECT_EQ(std::count(result.errors.begin(), result.errors.end(), '\n'), 1) << result.errors;
+        EXPECT_EQ(result.output, "");
+    }
+}
+
+TEST_F(Labelhost, ShowsAndChangesTheRegistry) {
+    const std::string key = "HKEY_LOCAL_MACHINE\\Software\\A b";
+    EXPECT_EQ(Run({"registry", "set", key + "\\Below", "Größe", "REG_DWORD", "2a 00 00 00"}).status,
+              0);
+    EXPECT_EQ(Run({"registry", "set", key, "", "1", "41000000"}).status, 0);
+    EXPECT_EQ(RunJson({"registry", "dump", "hklm\\software\\a B"}),
+              Json::parse(R"({"values": {"": {"type": 1, "data": "41000000"}},
+                              "keys": {"Below": {"values": {"Größe": {"type": 4, "data": "2a000000"}},
+                                                 "keys": {}}}})"));
+    EXPECT_EQ(Run({"registry", "delete", key + "\\Below", "größe"}).status, 0);
+    EXPECT_EQ(Run({"registry", "delete", key}).status, 0);
+    EXPECT_EQ(Run({"registry", "dump", key}).status, 1);
+}
+
+TEST_F(Labelhost, TwoProcessesAtOnceDoNotDisturbEachOther) {
+    const auto install_many = [&](const std::string& prefix) {
+        for (int i = 0; i < 4; ++i) {
+            const ProgramResult result =
+                Run({"install", prefix + std::to_string(i), "--model", "Valdrick X4 203 dpi"});
+            EXPECT_EQ(result.status, 0) << result.errors;
+            EXPECT_EQ(Run({"capabilities", prefix + std::to_string(i)}).status, 0);
+        }
+    };
+    std::thread other([&] { install_many("B"); });
+    install_many("A");
+    other.join();
+    EXPECT_EQ(RunJson({"list"}).size(), 8u);
+}
+
+} // namespace

@@ -1,0 +1,15 @@
+// The commands of labelhost. Each gets the words behind its name, prints what it found, and throws
+// Fault (exit status 1) or UsageFault (2) when it cannot do what it was asked.
+#pragma once
+
+#include <string>
+#include <vector>
+
+using Words = std::vector<std::string>;
+
+void InstallCommand(const Words& words);
+void RemoveCommand(const Words& words);
+void ListCommand(const Words& words);
+void ModelsCommand(const Words& words);
+void CapabilitiesCommand(const Words& words);
+void RegistryCommand(const Words& words);

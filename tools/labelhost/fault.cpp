@@ -1,0 +1,32 @@
+#include "fault.h"
+
+#include <winspool.h>
+
+namespace {
+
+struct Reason {
+    DWORD error;
+    const char* text;
+};
+
+constexpr Reason kReasons[] = {
+    {ERROR_FILE_NOT_FOUND, "no such file or key"},
+    {ERROR_PATH_NOT_FOUND, "no such folder"},
+    {ERROR_ACCESS_DENIED, "access denied"},
+    {ERROR_INVALID_PARAMETER, "not a sound value"},
+    {ERROR_DISK_FULL, "the disk is full"},
+    {ERROR_UNKNOWN_PORT, "no such port"},
+    {ERROR_UNKNOWN_PRINTER_DRIVER, "no such driver"},
+    {ERROR_INVALID_PRINTER_NAME, "no such printer, or not a printer's name"},
+    {ERROR_PRINTER_ALREADY_EXISTS, "a printer of that name exists"},
+    {ERROR_RPC_SERVER_UNAVAILABLE, "the server does not answer"},
+    {ERROR_KEY_DELETED, "the key was deleted meanwhile"},
+};
+
+} // namespace
+
+Fault SystemFault(const std::string& what, DWORD error) {
+    for (const Reason& reason : kReasons)
+        if (reason.error == error) return Fault(what + ": " + reason.text);
+    return Fault(what + ": error " + std::to_string(error));
+}

@@ -1,0 +1,19 @@
+// A fault that the user can put right: one line that names what was wrong and with which input.
+#pragma once
+
+#include <windows.h>
+
+#include <stdexcept>
+#include <string>
+
+struct Fault : std::runtime_error {
+    using std::runtime_error::runtime_error;
+};
+
+// The command line itself was not understood: exit status 2.
+struct UsageFault : Fault {
+    using Fault::Fault;
+};
+
+// `what` followed by the reason that Win32 gives for `error` ("no such file", "access denied"...).
+Fault SystemFault(const std::string& what, DWORD error);

@@ -1,0 +1,16 @@
+#include "host_root.h"
+
+#include "fault.h"
+
+#include <win32host/control.h>
+
+#include <filesystem>
+
+void UseRoot(const std::string& folder) {
+    std::error_code error;
+    std::filesystem::create_directories(folder, error);
+    if (error || !std::filesystem::is_directory(folder, error))
+        throw Fault("cannot use '" + folder +
+                    "' as the root folder: " + (error ? error.message() : "not a folder"));
+    win32host::SetRoot(folder);
+}

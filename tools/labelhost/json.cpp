@@ -1,0 +1,8 @@
+#include "json.h"
+
+#include <cstdio>
+
+void PrintJson(const Json& value) {
+    const std::string text = value.dump(2, ' ', false, Json::error_handler_t::replace);
+    std::printf("%s\n", text.c_str());
+}

@@ -1,0 +1,75 @@
+// labelhost: installs label printers in a host of its own and shows what the driver's configuration
+// module answers about them, asking as the spooler and applications do.
+
+#include "commands.h"
+#include "fault.h"
+#include "host_root.h"
+
+#include <cstdio>
+#include <exception>
+
+namespace {
+
+struct Command {
+    const char* name;
+    void (*run)(const Words& words);
+    const char* usage;
+};
+
+constexpr Command kCommands[] = {
+    {"install", InstallCommand,
+     "install PRINTER --model NAME [--oem CODE] [--port PORT] [--product DIR]\n"
+     "                    add a printer with its driver"},
+    {"remove", RemoveCommand, "remove PRINTER        delete a printer"},
+    {"list", ListCommand, "list                  the installed printers"},
+    {"models", ModelsCommand,
+     "models [--product DIR]\n                    the printers that can be installed"},
+    {"capabilities", CapabilitiesCommand,
+     "capabilities PRINTER  every device capability that the driver answers"},
+    {"registry", RegistryCommand,
+     "registry dump KEY | set KEY NAME TYPE HEX | delete KEY [NAME]\n"
+     "                    look at or change the host's registry"},
+};
+
+void PrintUsage(std::FILE* out) {
+    std::fputs("usage: labelhost [--root DIR] COMMAND ...\n\n", out);
+    for (const Command& command : kCommands) std::fprintf(out, "  %s\n", command.usage);
+    std::fputs("\nCommands that show something take --json. The host lives in --root, else in\n"
+               "$LABELHOST_ROOT, else in ~/.local/share/labelhost.\n",
+               out);
+}
+
+int Run(Words words) {
+    if (words.size() >= 2 && words[0] == "--root") {
+        UseRoot(words[1]);
+        words.erase(words.begin(), words.begin() + 2);
+    }
+    if (words.empty()) {
+        PrintUsage(stderr);
+        return 2;
+    }
+    if (words[0] == "help" || words[0] == "--help" || words[0] == "-h") {
+        PrintUsage(stdout);
+        return 0;
+    }
+    for (const Command& command : kCommands) {
+        if (words[0] != command.name) continue;
+        command.run(Words(words.begin() + 1, words.end()));
+        return 0;
+    }
+    throw UsageFault("unknown command '" + words[0] + "' (labelhost help lists them)");
+}
+
+} // namespace
+
+int main(int argc, char** argv) {
+    try {
+        return Run(Words(argv + 1, argv + argc));
+    } catch (const UsageFault& fault) {
+        std::fprintf(stderr, "labelhost: %s\n", fault.what());
+        return 2;
+    } catch (const std::exception& fault) {
+        std::fprintf(stderr, "labelhost: %s\n", fault.what());
+        return 1;
+    }
+}

@@ -1,0 +1,60 @@
+#include "printer.h"
+
+#include "fault.h"
+#include "text.h"
+
+namespace {
+
+// The record of a call with the spooler's two-step protocol: ask for the size, then for the record.
+template <class Call>
+std::vector<BYTE> Record(const std::string& what, Call call) {
+    DWORD needed = 0;
+    if (call(nullptr, 0, &needed)) return {};
+    // The record may grow between the two calls.
+    while (GetLastError() == ERROR_INSUFFICIENT_BUFFER) {
+        std::vector<BYTE> buffer(needed);
+        if (call(buffer.data(), needed, &needed)) return buffer;
+    }
+    throw SystemFault(what, GetLastError());
+}
+
+PrinterFacts FactsIn(const PRINTER_INFO_2W& info) {
+    return {ToUtf8(info.pPrinterName), ToUtf8(info.pDriverName), ToUtf8(info.pPortName),
+            ToUtf8(info.pServerName)};
+}
+
+} // namespace
+
+OpenedPrinter::OpenedPrinter(const std::string& name, ACCESS_MASK access) {
+    WideString wide = ToWide(name);
+    PRINTER_DEFAULTSW defaults = {nullptr, nullptr, access};
+    if (!OpenPrinterW(wide.data(), &handle_, &defaults))
+        throw SystemFault("cannot open printer '" + name + "'", GetLastError());
+}
+
+OpenedPrinter::~OpenedPrinter() {
+    ClosePrinter(handle_);
+}
+
+std::vector<PrinterFacts> AllPrinters() {
+    DWORD count = 0;
+    const std::vector<BYTE> buffer =
+        Record("cannot list the printers", [&](BYTE* out, DWORD size, DWORD* needed) {
+            return EnumPrintersW(PRINTER_ENUM_LOCAL | PRINTER_ENUM_CONNECTIONS, nullptr, 2, out,
+                                 size, needed, &count);
+        });
+    std::vector<PrinterFacts> printers;
+    const auto* infos = reinterpret_cast<const PRINTER_INFO_2W*>(buffer.data());
+    for (DWORD i = 0; i < count && !buffer.empty(); ++i) printers.push_back(FactsIn(infos[i]));
+    return printers;
+}
+
+PrinterFacts FactsOf(const std::string& name) {
+    OpenedPrinter printer(name, PRINTER_ACCESS_USE);
+    const std::vector<BYTE> buffer =
+        Record("cannot read printer '" + name + "'", [&](BYTE* out, DWORD size, DWORD* needed) {
+            return GetPrinterW(printer.handle(), 2, out, size, needed);
+        });
+    if (buffer.size() < sizeof(PRINTER_INFO_2W)) throw Fault("cannot read printer '" + name + "'");
+    return FactsIn(*reinterpret_cast<const PRINTER_INFO_2W*>(buffer.data()));
+}

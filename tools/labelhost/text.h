@@ -1,0 +1,27 @@
+// Text between the command line (UTF-8) and Win32 (UTF-16).
+#pragma once
+
+#include <windows.h>
+
+#include <string>
+#include <vector>
+
+using WideString = std::basic_string<WCHAR>;
+
+WideString ToWide(const std::string& utf8);
+std::string ToUtf8(const WCHAR* text, size_t length);
+// Null is the empty text.
+std::string ToUtf8(const WCHAR* text);
+
+// The text in a fixed slot of `size` units, which need not be terminated.
+std::string FromSlot(const WCHAR* slot, size_t size);
+
+std::string ToHex(const std::vector<BYTE>& bytes);
+// False unless `hex` is an even number of hexadecimal digits (blanks and commas between bytes are
+// skipped).
+bool FromHex(const std::string& hex, std::vector<BYTE>& bytes);
+
+// Without regard to the case of the letters a to z.
+bool SameText(const std::string& a, const std::string& b);
+
+std::string Trim(const std::string& text);
