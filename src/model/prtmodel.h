@@ -1,0 +1,191 @@
+// The printer model: what one printer is and can do.
+#pragma once
+
+#include <windows.h>
+
+#include <cstdint>
+#include <memory>
+
+#include "config/prtreg.h"
+#include "core/oarray.h"
+#include "core/ostring.h"
+#include "core/ostring_array.h"
+#include "locale/code_page_list.h"
+#include "model/model_records.h"
+#include "settings/measurement.h"
+
+class ModelCore;
+class PrinterInfo;
+
+// Answers from the model data file beside the driver, through records that are built once per
+// process and printer. Without a data file, table or key there are zeros and defaults: no
+// resolutions, no fonts, no bar codes. Belongs to the thread of its owner.
+//
+// The operations marked virtual are the printer language's to answer.
+class prtmodel {
+public:
+    // The model of a printer, in the language that the driver speaks; the caller owns it. Null
+    // only when memory is short. `printer` is not kept.
+    static prtmodel* new_ext(const PrinterInfo& printer);
+
+    virtual ~prtmodel();
+
+    // Puts the driver settings of a printer that is being installed into their first state: the
+    // status monitor does not watch it.
+    virtual void InitializeDriverSettings();
+
+    // How far the backing paper stands out on each side of a label: 1270 micrometres.
+    virtual Measurement GetLinerWidth() const;
+
+    // Fill records of the size-prefixed memory family that come in zeroed, with their own size in
+    // the first field and may be replaced by longer ones. The model itself knows nothing to fill
+    // in.
+    virtual void GetClockCapabilities(KVClockCapabilities*& record) const;
+    virtual void GetTemplateCapabilities(KVTemplateCapabilities*& record) const;
+    virtual void GetRFIDCapabilities(KVRFIDCapabilities*& record) const;
+
+    virtual void GetDitherCapabilities(DitherCapabilities& capabilities) const;
+
+    prtmodel(const prtmodel&) = delete;
+    prtmodel& operator=(const prtmodel&) = delete;
+
+    // ---- Identity -------------------------------------------------------------------------------
+
+    // The printer's key map.
+    prtreg& GetRegistry() const;
+
+    const OString& GetPrinterName() const;
+    const OString& GetModelName() const; // the driver's name
+
+    // "o" and the two letters of the OEM code, at most three characters.
+    const char* GetOEM() const;
+    // The three letters that the names of the driver's files begin with.
+    const char* GetPrefix() const;
+
+    OString GetManufacturerName() const;
+    OString GetDriverName() const; // the product's name, not the name of the printer's driver
+
+    // ---- Records --------------------------------------------------------------------------------
+
+    // Made at the first call, good for the life of the model. Null only when memory is short, but
+    // GetCustomData never is.
+    const KVModelData* GetModelData() const;
+    const KVDriverInfo* GetDriverInfo() const;
+    const KVManufacturerInfo* GetManufacturerInfo() const;
+    const KVCapabilitiesData* GetCapabilitiesData() const;
+    const KVRFIDCapabilities* GetRFIDCapabilities() const;
+    const CustomData* GetCustomData() const;
+
+    // The code pages that fonts may be offered in.
+    const CodePageList& GetCodePages() const { return code_pages_; }
+
+    // ---- Paper ----------------------------------------------------------------------------------
+
+    Measurement GetPaperWidthMin() const;
+    Measurement GetPaperWidthMax() const;
+    Measurement GetPaperLengthMin() const;
+    Measurement GetPaperLengthMax() const;
+    Measurement GetPrintableWidth() const;
+
+    Measurement GetDefaultLabelWidth() const;
+    Measurement GetDefaultLabelLength() const;
+    // The default label with its liner on both sides; there is none in front of and behind it.
+    Measurement GetDefaultPaperWidth() const;
+    Measurement GetDefaultPaperLength() const;
+
+    // The width that the print head does not reach: as set for the printer, and as the model has
+    // it.
+    Measurement GetUnprintableWidth() const;
+    Measurement GetUnprintableWidthDefault() const;
+
+    int GetTracking() const; // 0 right, 1 left, 2 centre
+    bool IsCenterTracked() const { return GetTracking() == 2; }
+    bool IsLeftTracked() const { return GetTracking() == 1; }
+    bool IsRightTracked() const { return GetTracking() == 0; }
+
+    // ---- Drawing --------------------------------------------------------------------------------
+
+    int GetDefaultColorState() const;  // 1 monochrome, 2 colour
+    int GetNaturalOrientation() const; // 0 to 3: 0, 90, 180, 270 degrees
+    int GetMapResolution() const;      // dots per inch, 0 when there is none
+    int GetMaxLineThickness() const;   // dots
+    int GetMaxBoxThickness() const;    // dots
+    int GetMaxCopies() const;
+    bool CanFlip180() const;
+    bool CanMirror() const;
+    bool CanNegative() const;
+
+    // Whether the model has any of these colour bits (KVModelData::COLOR_).
+    bool ColorSupport(uint32_t mask) const;
+
+    // The current resolution in dots per inch, 0 when the model has none.
+    int GetXResolution() const;
+    int GetYResolution() const;
+    // Replaces the array by x, y, x, y...; the number of pairs.
+    int GetResolutions(OTypedArray<int>& resolutions) const;
+
+    bool CanCacheFormats() const;
+    bool CanCacheGraphics() const;
+    bool HasBarCodes() const;
+    bool HasRFID() const;
+
+    // ---- Ports ----------------------------------------------------------------------------------
+
+    bool IsBidiParallel() const;
+    bool IsBidiUSB() const;
+
+    // ---- Fonts ----------------------------------------------------------------------------------
+
+    bool CanDownloadFont() const; // of either kind
+    bool CanDownloadTTFont() const;
+    bool CanDownloadBitmapFont() const;
+    // Whether a bitmap font can be printed turned by `rotation` times 90 degrees; only 0 and 1 can
+    // be.
+    bool DownloadFontRotation(int rotation) const;
+
+    // The font groups of the printer: those of the model and those added by the user, without
+    // those removed by the user. Kept in the registry until FlushDataCache. Replaces the array.
+    void GetFontGroups(OStringArray& groups) const;
+    // The groups that the user added and removed, as they are stored.
+    void GetExpansionFontGroups(OStringArray& groups) const;
+    void GetExcludedFontGroups(OStringArray& groups) const;
+    bool HasDeviceFonts() const;
+
+    // ---- The spooler's questions ----------------------------------------------------------------
+
+    // Answers a device capability (DC_ number) as DrvDeviceCapabilities documents it. `dev_mode`
+    // is the one to answer about, null for the capabilities that are not about one.
+    uint32_t DeviceCapabilitiesW(uint16_t capability, unsigned char* output,
+                                 const DEVMODEW* dev_mode) const;
+
+    // ---- Upkeep ---------------------------------------------------------------------------------
+
+    // Makes this and every other process build the printer's records anew, and forgets what was
+    // derived from them in the registry.
+    void FlushDataCache();
+
+    // Writes the plug and play identifiers of the model, if it has any, to the printer's data.
+    void RecordDataToReg();
+
+    // Whether the label design program is installed.
+    bool IsFablewickInstalled() const;
+
+protected:
+    prtmodel();
+
+    // Takes the printer's names, opens its key map and makes the model data. Once per model.
+    bool Initialize(const PrinterInfo& printer);
+
+    // A property of a table by its name ("Model", "Features"; see ModelCore::UseTable).
+    OString GetPropertyString(const OString& table, const OString& key,
+                              const OString& default_value) const;
+    void GetPropertyStringArray(const OString& table, const OString& key,
+                                OStringArray& values) const;
+    bool GetPropertyBool(const OString& table, const OString& key, bool default_value) const;
+
+private:
+    const KVModelData& Data() const;
+
+    const std::unique_ptr<ModelCore> core_; // null only when memory is short
+    CodePageList code_pages_;
+};

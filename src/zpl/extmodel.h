@@ -1,0 +1,46 @@
+// The printer model of ZPL II printers.
+#pragma once
+
+#include "model/prtmodel.h"
+
+class extmodel : public prtmodel {
+public:
+    // Made by prtmodel::new_ext.
+    extmodel() = default;
+
+    using prtmodel::GetRFIDCapabilities;
+    void GetClockCapabilities(KVClockCapabilities*& record) const override;
+    void GetTemplateCapabilities(KVTemplateCapabilities*& record) const override;
+    void GetRFIDCapabilities(KVRFIDCapabilities*& record) const override;
+
+    // The printer emulates ZPL in the manner called PPLZ.
+    bool IsPPLZ() const;
+
+    bool HasPowerOptions() const;
+    bool HasApplicatorMode() const;
+    bool HasPeelOffMode() const;
+    bool HasMemoryInitializeCommand() const;   // ^JB
+    bool HasConfigurationLabelCommand() const; // ^HH
+
+    // Where objects are kept in the printer, as the letter of a memory ("R", "E").
+    OString GetDefaultMemoryLocation() const;
+    // All memories; the working memory R comes last. Replaces the array.
+    void GetMemoryLocations(OStringArray& locations) const;
+
+    // The kinds of RFID tags that the printer handles. Replaces the array.
+    void GetRFIDTagTypes(OStringArray& types) const;
+    // Where the transponder lies on the label, as set for the printer.
+    int GetRFIDTransponderOffset() const;
+
+    // Limits in dots.
+    int GetLabelTopMin() const;
+    int GetLabelTopMax() const;
+    int GetTearOffMin() const;
+    int GetTearOffMax() const;
+    bool TearOff() const; // the tear-off position can be adjusted
+    // The printer takes the tear-off position in three digits.
+    bool RequiresFixedTearOffAdjustment() const;
+
+private:
+    friend class prtmodel; // new_ext initialises what it makes
+};
