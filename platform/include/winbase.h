@@ -22,16 +22,7 @@
 #define OPEN_ALWAYS 4
 #define TRUNCATE_EXISTING 5
 
-// Rights to ask for, what others may do meanwhile, and the kinds of file.
-#ifndef GENERIC_READ
-#define GENERIC_READ 0x80000000
-#define GENERIC_WRITE 0x40000000
-#define GENERIC_EXECUTE 0x20000000
-#define GENERIC_ALL 0x10000000
-#endif
-#ifndef DELETE
-#define DELETE 0x00010000
-#endif
+// Rights to ask for beside the generic ones, what others may do meanwhile, and the kinds of file.
 #define FILE_READ_DATA 0x0001
 #define FILE_WRITE_DATA 0x0002
 #define FILE_APPEND_DATA 0x0004

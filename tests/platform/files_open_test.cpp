@@ -1,0 +1,254 @@
+#include "support/host_test.h"
+
+#include <windows.h>
+
+#include <sys/wait.h>
+#include <unistd.h>
+
+#include <filesystem>
+#include <fstream>
+#include <iterator>
+#include <string>
+#include <thread>
+#include <vector>
+
+namespace {
+
+constexpr char16_t kName[] = u"C:\\file.bin";
+constexpr DWORD kReadWrite = GENERIC_READ | GENERIC_WRITE;
+constexpr DWORD kShareAll = FILE_SHARE_READ | FILE_SHARE_WRITE | FILE_SHARE_DELETE;
+
+HANDLE Open(DWORD access, DWORD share, DWORD disposition) {
+    return CreateFileW(kName, access, share, nullptr, disposition, FILE_ATTRIBUTE_NORMAL, nullptr);
+}
+
+class FilesOpen : public HostTest {
+protected:
+    FilesOpen() { std::filesystem::create_directories(OnDriveC("")); }
+
+    std::string Contents() const {
+        std::ifstream file(OnDriveC("file.bin"), std::ios::binary);
+        return std::string(std::istreambuf_iterator<char>(file), {});
+    }
+};
+
+TEST_F(FilesOpen, FollowsTheDisposition) {
+    const struct {
+        DWORD disposition;
+        bool present;
+        bool opens;
+        DWORD error;
+        const char* contents;
+    } cases[] = {
+        {CREATE_NEW, false, true, NO_ERROR, ""},
+        {CREATE_NEW, true, false, ERROR_FILE_EXISTS, "old"},
+        {CREATE_ALWAYS, false, true, NO_ERROR, ""},
+        {CREATE_ALWAYS, true, true, ERROR_ALREADY_EXISTS, ""},
+        {OPEN_EXISTING, false, false, ERROR_FILE_NOT_FOUND, ""},
+        {OPEN_EXISTING, true, true, NO_ERROR, "old"},
+        {OPEN_ALWAYS, false, true, NO_ERROR, ""},
+        {OPEN_ALWAYS, true, true, ERROR_ALREADY_EXISTS, "old"},
+        {TRUNCATE_EXISTING, false, false, ERROR_FILE_NOT_FOUND, ""},
+        {TRUNCATE_EXISTING, true, true, NO_ERROR, ""},
+        {6, true, false, ERROR_INVALID_PARAMETER, "old"},
+    };
+    for (const auto& c : cases) {
+        std::filesystem::remove(OnDriveC("file.bin"));
+        if (c.present) WriteFile("file.bin", "old");
+        const HANDLE file = Open(kReadWrite, 0, c.disposition);
+        EXPECT_EQ(GetLastError(), c.error) << c.disposition << c.present;
+        EXPECT_EQ(file != INVALID_HANDLE_VALUE, c.opens) << c.disposition << c.present;
+        if (c.opens) CloseHandle(file);
+        EXPECT_EQ(Contents(), c.contents) << c.disposition << c.present;
+    }
+}
+
+TEST_F(FilesOpen, ReadsAndWritesAtTheFilePointer) {
+    const HANDLE file = Open(kReadWrite, 0, CREATE_NEW);
+    DWORD count = 0;
+    ASSERT_TRUE(::WriteFile(file, "0123456789", 10, &count, nullptr));
+    EXPECT_EQ(count, 10u);
+    EXPECT_EQ(SetFilePointer(file, -4, nullptr, FILE_END), 6u);
+    char text[8] = {};
+    ASSERT_TRUE(ReadFile(file, text, 8, &count, nullptr));
+    EXPECT_EQ(std::string(text, count), "6789");
+    EXPECT_TRUE(ReadFile(file, text, 8, &count, nullptr));
+    EXPECT_EQ(count, 0u);
+    OVERLAPPED at = {};
+    at.Offset = 2;
+    ASSERT_TRUE(ReadFile(file, text, 3, &count, &at));
+    EXPECT_EQ(std::string(text, count), "234");
+    at.Offset = 10;
+    EXPECT_FALSE(ReadFile(file, text, 3, &count, &at));
+    EXPECT_EQ(GetLastError(), DWORD{ERROR_HANDLE_EOF});
+    EXPECT_EQ(SetFilePointer(file, -7, nullptr, FILE_CURRENT), 3u);
+    EXPECT_TRUE(SetEndOfFile(file));
+    EXPECT_EQ(GetFileSize(file, nullptr), 3u);
+    EXPECT_TRUE(FlushFileBuffers(file));
+    EXPECT_TRUE(CloseHandle(file));
+    EXPECT_EQ(Contents(), "012");
+}
+
+TEST_F(FilesOpen, MovesThePointerBeyondFourGigabytes) {
+    const HANDLE file = Open(kReadWrite, 0, CREATE_NEW);
+    LONG high = 1;
+    EXPECT_EQ(SetFilePointer(file, 5, &high, FILE_BEGIN), 5u);
+    EXPECT_EQ(high, 1);
+    EXPECT_EQ(SetFilePointer(file, 0, nullptr, FILE_CURRENT), INVALID_SET_FILE_POINTER);
+    EXPECT_EQ(GetLastError(), DWORD{ERROR_INVALID_PARAMETER});
+    EXPECT_TRUE(SetEndOfFile(file));
+    DWORD size_high = 0;
+    EXPECT_EQ(GetFileSize(file, &size_high), 5u);
+    EXPECT_EQ(size_high, 1u);
+    EXPECT_EQ(SetFilePointer(file, -1, nullptr, FILE_BEGIN), INVALID_SET_FILE_POINTER);
+    EXPECT_EQ(GetLastError(), DWORD{ERROR_NEGATIVE_SEEK});
+    CloseHandle(file);
+}
+
+TEST_F(FilesOpen, GrantsOnlyTheAccessAskedFor) {
+    WriteFile("file.bin", "abc");
+    char text[4];
+    DWORD count = 7;
+    HANDLE file = Open(GENERIC_READ, kShareAll, OPEN_EXISTING);
+    EXPECT_FALSE(::WriteFile(file, "x", 1, &count, nullptr));
+    EXPECT_EQ(GetLastError(), DWORD{ERROR_ACCESS_DENIED});
+    EXPECT_EQ(count, 0u);
+    EXPECT_FALSE(SetEndOfFile(file));
+    CloseHandle(file);
+    file = Open(GENERIC_WRITE, kShareAll, OPEN_EXISTING);
+    EXPECT_FALSE(ReadFile(file, text, 3, &count, nullptr));
+    EXPECT_EQ(GetLastError(), DWORD{ERROR_ACCESS_DENIED});
+    CloseHandle(file);
+
+    ASSERT_TRUE(SetFileAttributesW(kName, FILE_ATTRIBUTE_READONLY));
+    EXPECT_EQ(GetFileAttributesW(kName), DWORD{FILE_ATTRIBUTE_READONLY});
+    EXPECT_EQ(Open(GENERIC_WRITE, kShareAll, OPEN_EXISTING), INVALID_HANDLE_VALUE);
+    EXPECT_EQ(GetLastError(), DWORD{ERROR_ACCESS_DENIED});
+    EXPECT_FALSE(DeleteFileW(kName));
+    EXPECT_EQ(CreateFileW(TEXT("C:\\"), GENERIC_READ, 0, nullptr, OPEN_EXISTING, 0, nullptr),
+              INVALID_HANDLE_VALUE);
+    EXPECT_EQ(GetLastError(), DWORD{ERROR_ACCESS_DENIED});
+}
+
+TEST_F(FilesOpen, KeepsShareModesBetweenTwoHandles) {
+    WriteFile("file.bin", "abc");
+    const struct {
+        DWORD access, share, other_access, other_share;
+        bool goes;
+    } cases[] = {
+        {GENERIC_READ, FILE_SHARE_READ, GENERIC_READ, FILE_SHARE_READ, true},
+        {GENERIC_READ, FILE_SHARE_READ, GENERIC_WRITE, kShareAll, false},
+        {GENERIC_READ, 0, GENERIC_READ, kShareAll, false},
+        {GENERIC_WRITE, FILE_SHARE_READ, GENERIC_READ, FILE_SHARE_READ, false},
+        {GENERIC_WRITE, FILE_SHARE_READ, GENERIC_READ, FILE_SHARE_READ | FILE_SHARE_WRITE, true},
+        {GENERIC_READ, kShareAll, DELETE, kShareAll, true},
+        {GENERIC_READ, FILE_SHARE_READ, DELETE, kShareAll, false},
+        {GENERIC_READ, 0, 0, 0, true}, // attributes only
+    };
+    for (const auto& c : cases) {
+        const HANDLE first = Open(c.access, c.share, OPEN_EXISTING);
+        ASSERT_NE(first, INVALID_HANDLE_VALUE);
+        const HANDLE second = Open(c.other_access, c.other_share, OPEN_EXISTING);
+        if (c.goes)
+            EXPECT_NE(second, INVALID_HANDLE_VALUE) << &c - cases;
+        else
+            EXPECT_EQ(GetLastError(), DWORD{ERROR_SHARING_VIOLATION}) << &c - cases;
+        EXPECT_EQ(second != INVALID_HANDLE_VALUE, c.goes) << &c - cases;
+        if (second != INVALID_HANDLE_VALUE) CloseHandle(second);
+        CloseHandle(first);
+    }
+    const HANDLE again = Open(kReadWrite, 0, OPEN_EXISTING);
+    EXPECT_NE(again, INVALID_HANDLE_VALUE) << "a closed handle holds nothing back";
+    CloseHandle(again);
+}
+
+TEST_F(FilesOpen, KeepsShareModesBetweenProcesses) {
+    WriteFile("file.bin", "abc");
+    int ready[2];
+    int done[2];
+    ASSERT_EQ(pipe(ready), 0);
+    ASSERT_EQ(pipe(done), 0);
+    const pid_t child = fork();
+    if (child == 0) {
+        const HANDLE file = Open(GENERIC_READ, FILE_SHARE_READ, OPEN_EXISTING);
+        char byte = file != INVALID_HANDLE_VALUE ? 'y' : 'n';
+        if (write(ready[1], &byte, 1) != 1) _exit(1);
+        _exit(read(done[0], &byte, 1) == 1 ? 0 : 1);
+    }
+    char byte = 0;
+    ASSERT_EQ(read(ready[0], &byte, 1), 1);
+    ASSERT_EQ(byte, 'y');
+    EXPECT_EQ(Open(GENERIC_WRITE, kShareAll, OPEN_EXISTING), INVALID_HANDLE_VALUE);
+    EXPECT_EQ(GetLastError(), DWORD{ERROR_SHARING_VIOLATION});
+    EXPECT_EQ(Open(GENERIC_READ, 0, TRUNCATE_EXISTING), INVALID_HANDLE_VALUE);
+    EXPECT_FALSE(DeleteFileW(kName));
+    const HANDLE reader = Open(GENERIC_READ, FILE_SHARE_READ, OPEN_EXISTING);
+    EXPECT_NE(reader, INVALID_HANDLE_VALUE);
+    CloseHandle(reader);
+    ASSERT_EQ(write(done[1], &byte, 1), 1);
+    waitpid(child, nullptr, 0);
+    EXPECT_TRUE(DeleteFileW(kName)) << "a process that ended holds nothing back";
+    for (int fd : {ready[0], ready[1], done[0], done[1]}) close(fd);
+}
+
+TEST_F(FilesOpen, DeletesOnCloseWhenAskedTo) {
+    const HANDLE file = CreateFileW(kName, GENERIC_WRITE, 0, nullptr, CREATE_NEW,
+                                    FILE_FLAG_DELETE_ON_CLOSE, nullptr);
+    ASSERT_NE(file, INVALID_HANDLE_VALUE);
+    EXPECT_NE(GetFileAttributesW(kName), INVALID_FILE_ATTRIBUTES);
+    CloseHandle(file);
+    EXPECT_EQ(GetFileAttributesW(kName), INVALID_FILE_ATTRIBUTES);
+}
+
+TEST_F(FilesOpen, AnswersClosedAndForeignHandlesWithAnError) {
+    const HANDLE file = Open(kReadWrite, 0, CREATE_NEW);
+    ASSERT_TRUE(CloseHandle(file));
+    WIN32_FIND_DATAW data;
+    const HANDLE search = FindFirstFileW(TEXT("C:\\*"), &data);
+    int local = 0;
+    for (HANDLE bad : {file, search, static_cast<HANDLE>(nullptr), INVALID_HANDLE_VALUE,
+                       static_cast<HANDLE>(&local)}) {
+        DWORD count = 0;
+        SetLastError(NO_ERROR);
+        EXPECT_FALSE(ReadFile(bad, &local, 1, &count, nullptr));
+        EXPECT_EQ(GetLastError(), DWORD{ERROR_INVALID_HANDLE});
+        EXPECT_FALSE(CloseHandle(bad));
+        EXPECT_EQ(GetFileSize(bad, nullptr), INVALID_FILE_SIZE);
+        EXPECT_EQ(GetLastError(), DWORD{ERROR_INVALID_HANDLE});
+    }
+    EXPECT_TRUE(FindClose(search));
+    EXPECT_FALSE(FindClose(search));
+}
+
+TEST(FilesOpenThreads, LetEachLastErrorAndEachWriteBeTheirOwn) {
+    std::string name = "/tmp/files-open-XXXXXX";
+    close(mkstemp(name.data()));
+    const HANDLE file = CreateFileW(std::u16string(name.begin(), name.end()).c_str(), kReadWrite, 0,
+                                    nullptr, OPEN_EXISTING, 0, nullptr);
+    CRITICAL_SECTION section;
+    InitializeCriticalSection(&section);
+    int held = 0;
+    std::vector<std::thread> threads;
+    for (DWORD i = 0; i < 4; ++i)
+        threads.emplace_back([&, i] {
+            SetLastError(i);
+            for (int round = 0; round < 200; ++round) {
+                DWORD count = 0;
+                ::WriteFile(file, "line", 4, &count, nullptr);
+                EnterCriticalSection(&section);
+                EnterCriticalSection(&section);
+                ++held;
+                LeaveCriticalSection(&section);
+                LeaveCriticalSection(&section);
+            }
+            EXPECT_EQ(GetLastError(), i);
+        });
+    for (auto& thread : threads) thread.join();
+    EXPECT_EQ(held, 800);
+    EXPECT_EQ(GetFileSize(file, nullptr), 3200u);
+    DeleteCriticalSection(&section);
+    CloseHandle(file);
+    unlink(name.c_str());
+}
+
+} // namespace
