@@ -18,11 +18,11 @@ std::string DefaultRoot() {
     return std::string(home && *home ? home : "/tmp") + "/.local/share/labelhost";
 }
 
-// Makes the folder (as far as that is possible: what needs it reports its own failure) and gives
+// Makes the folder and its drive C (as far as that is possible: what needs it reports its own failure) and gives
 // its absolute path.
 std::string Prepare(const std::string& folder) {
     std::error_code error;
-    std::filesystem::create_directories(folder, error);
+    std::filesystem::create_directories(folder + "/drive_c", error);
     std::filesystem::path path = std::filesystem::weakly_canonical(folder, error);
     return error ? folder : path.string();
 }

@@ -24,8 +24,6 @@ HANDLE Open(DWORD access, DWORD share, DWORD disposition) {
 
 class FilesOpen : public HostTest {
 protected:
-    FilesOpen() { std::filesystem::create_directories(OnDriveC("")); }
-
     std::string Contents() const {
         std::ifstream file(OnDriveC("file.bin"), std::ios::binary);
         return std::string(std::istreambuf_iterator<char>(file), {});

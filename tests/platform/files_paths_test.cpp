@@ -92,7 +92,6 @@ TEST_F(FilesPaths, TellWhyANameReachesNothing) {
         {u"C:\\a?b", ERROR_INVALID_NAME},
         {u"\\\\server\\share\\x", ERROR_BAD_NETPATH},
     };
-    std::filesystem::create_directories(OnDriveC(""));
     for (const auto& c : cases) {
         EXPECT_EQ(GetFileAttributesW(c.name), INVALID_FILE_ATTRIBUTES);
         EXPECT_EQ(GetLastError(), c.error) << std::filesystem::path(c.name);
@@ -119,7 +118,7 @@ TEST_F(FilesPaths, KeepEveryUtf16Name) {
     WIN32_FIND_DATAW data;
     const HANDLE search = FindFirstFileW(TEXT("C:\\*x"), &data);
     ASSERT_NE(search, INVALID_HANDLE_VALUE);
-    EXPECT_EQ(std::u16string(data.cFileName), std::u16string(odd + 3, 2) + u"\xFFFD\xFFFD\xFFFDx");
+    EXPECT_EQ(std::u16string(data.cFileName), odd + 3);
     FindClose(search);
 }
 
