@@ -24,6 +24,38 @@ extern "C" {
 // process-wide caches of the model data; detach (reason 0) frees them. Always TRUE.
 ZPLUI_API BOOL WINAPI DllInitialize(HINSTANCE instance, DWORD reason, LPVOID context);
 
+// ---- Codecs and checksums -----------------------------------------------------------------------
+//
+// Input and output are raw bytes. A null pointer is harmless where its length is 0.
+
+// Encodes `size` bytes in Base64 (RFC 4648, padded, no line breaks, no terminator). `out` has room
+// for (size + 2) / 3 * 4 bytes; `out_size` receives the bytes written.
+ZPLUI_API void WINAPI X16_Base64_Encode(const void* in, uint32_t size, void* out,
+                                        uint32_t* out_size);
+
+// Decodes `size` characters of Base64 up to the first padding. Nothing is skipped or rejected: a
+// character outside the alphabet counts as 0. `out` has room for size / 4 * 3 + 2 bytes; `out_size`
+// receives the bytes written.
+ZPLUI_API void WINAPI X16_Base64_Decode(const void* in, uint32_t size, void* out,
+                                        uint32_t* out_size);
+
+// Compresses `size` bytes into a container: "ZLIB", the two lengths, a zlib stream. `length` is the
+// room in `out`, of which size + (size + 999) / 1000 + 24 bytes always suffice, and receives the
+// container's length. FALSE when the room does not suffice; `out` and `length` are then undefined.
+ZPLUI_API BOOL WINAPI X16_LZ77_Encode(const void* in, uint32_t size, void* out, uint32_t* length);
+
+// Decompresses a container. `length` is the room in `out` and receives the uncompressed length.
+// FALSE when the container is damaged or does not fit.
+ZPLUI_API BOOL WINAPI X16_LZ77_Decode(const void* in, uint32_t size, void* out, uint32_t* length);
+
+// CRC-16, polynomial 0x1021, most significant bit first: with seed 0 the checksum called XMODEM,
+// with 0xFFFF CCITT-FALSE. Pieces chain: the checksum of one is the seed of the next.
+ZPLUI_API uint16_t WINAPI X16_CRC16(const void* data, uint32_t size, uint16_t seed);
+
+// CRC-32, polynomial 0x04C11DB7, most significant bit first, complemented at both ends: with seed 0
+// the checksum called BZIP2. Pieces chain as above.
+ZPLUI_API uint32_t WINAPI X16_CRC32(const void* data, uint32_t size, uint32_t seed);
+
 #ifdef __cplusplus
 }
 #endif

@@ -1,0 +1,74 @@
+#include "core/name_list.h"
+
+#include <algorithm>
+
+#include "core/crc.h"
+#include "core/oarray.h"
+
+namespace {
+
+NameNode* NextName(const NameNode* node) {
+    return static_cast<NameNode*>(node->GetNext());
+}
+
+// Equal names have equal hashes, whatever forms and code pages they are in.
+uint32_t HashName(const OString& name) {
+    return CRC32_Calculator(0).CRC32(name);
+}
+
+} // namespace
+
+int NameNode::Collate(const NameNode& other) const {
+    if (priority_ != other.priority_) return priority_ > other.priority_ ? -1 : 1;
+    return name_.Collate(other.name_);
+}
+
+uint32_t NameNode::GetCRC32(uint32_t seed) const {
+    const char* name = name_.nstring();
+    CRC32_Calculator crc(CRC32(name, static_cast<uint32_t>(name_.nlen()) + 1, seed));
+    return crc.CRC32(priority_);
+}
+
+NameList& NameList::operator=(const NameList& other) {
+    name_ = other.name_;
+    return *this;
+}
+
+ONode* NameList::NewNode() {
+    return new (std::nothrow) NameNode;
+}
+
+NameNode* NameList::Find(const OString& name) const {
+    NameNode* node = static_cast<NameNode*>(GetHead());
+    while (node && !(node->GetName() == name)) node = NextName(node);
+    return node;
+}
+
+bool NameList::AddTail_ReplaceName(NameNode* node) {
+    if (!node) return false;
+    NameNode* next;
+    for (NameNode* other = static_cast<NameNode*>(GetHead()); other; other = next) {
+        next = NextName(other);
+        if (other != node && other->GetName() == node->GetName()) delete other;
+    }
+    return AddTail(node);
+}
+
+bool NameList::AddTail_UniqueName(NameNode* node, bool space) {
+    if (!node) return false;
+    node->Remove();
+    OString name(node->GetName());
+    if (Find(name)) {
+        // One look at the whole list, so that a long run of numbered names does not mean a walk
+        // through the list for each.
+        OTypedArray<uint32_t> hashes;
+        for (NameNode* other = static_cast<NameNode*>(GetHead()); other; other = NextName(other))
+            hashes.Add(HashName(other->GetName()));
+        uint32_t* const end = hashes.GetData() + hashes.GetSize();
+        std::sort(hashes.GetData(), end);
+        do name.NextUnique(space);
+        while (std::binary_search(hashes.GetData(), end, HashName(name)) && Find(name));
+        node->SetName(name);
+    }
+    return AddTail(node);
+}

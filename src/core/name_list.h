@@ -1,0 +1,88 @@
+// Lists of named nodes.
+#pragma once
+
+#include <concepts>
+#include <cstdint>
+#include <new>
+
+#include "core/olist.h"
+#include "core/ostring.h"
+
+// A list element with a name and a priority. Names are compared by case.
+class NameNode : public ONode {
+public:
+    const OString& GetName() const { return name_; }
+    void SetName(const OString& name) { name_ = name; }
+
+    // 0 at first; the higher, the earlier.
+    int32_t GetPriority() const { return priority_; }
+    void SetPriority(int32_t priority) { priority_ = priority; }
+
+    // -1, 0 or 1: which node sorts first, by priority and then by name.
+    int Collate(const NameNode& other) const;
+
+    // The checksum of the 8-bit name with its terminator and the priority, continued from `seed`.
+    uint32_t GetCRC32(uint32_t seed) const;
+
+private:
+    int32_t priority_ = 0;
+    OString name_;
+};
+
+// A list of NameNode with a name of its own.
+class NameList : public OList {
+public:
+    NameList() = default;
+    // Copies take the list's name, not its nodes; assignment leaves the nodes that are there.
+    NameList(const NameList& other)
+        : OList()
+        , name_(other.name_) {}
+    NameList& operator=(const NameList& other);
+
+    // A new NameNode; null without memory.
+    ONode* NewNode() override;
+
+    const OString& GetName() const { return name_; }
+    void SetName(const OString& name) { name_ = name; }
+
+    // The first node of that name, or null.
+    NameNode* Find(const OString& name) const;
+
+    // Adds a node at the tail and deletes all others of its name. False for null.
+    bool AddTail_ReplaceName(NameNode* node);
+
+    // Adds a node at the tail, after counting its name up (OString::NextUnique) until no other node
+    // has it. False for null.
+    bool AddTail_UniqueName(NameNode* node, bool space);
+
+private:
+    OString name_;
+};
+
+// A view of a list, `Base`, all of whose nodes are of class T.
+template <class T, std::derived_from<OList> Base>
+class OTypedList : public Base {
+public:
+    ONode* NewNode() override { return new (std::nothrow) T; }
+
+    // The node behind (in front of) `node`; for null the head (tail). Null at the end.
+    T* GetNext(const T* node) const {
+        return static_cast<T*>(node ? node->ONode::GetNext() : this->GetHead());
+    }
+    T* GetPrev(const T* node) const {
+        return static_cast<T*>(node ? node->ONode::GetPrev() : this->GetTail());
+    }
+};
+
+// A named list that can tell whether it has changed.
+template <class T>
+class OTypedNameList : public OTypedList<T, NameList> {
+public:
+    // The nodes' own checksums, each continued from the one before, from head to tail; `seed` for
+    // an empty list.
+    virtual uint32_t GetCRC32(uint32_t seed) const {
+        for (T* node = this->GetNext(nullptr); node; node = this->GetNext(node))
+            seed = node->GetCRC32(seed);
+        return seed;
+    }
+};
