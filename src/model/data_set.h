@@ -56,4 +56,5 @@ private:
     OString table_;
     OString section_;
     OResourceFile* file_;
+    ODataTable* current_ = nullptr; // in tables_; null until it is asked
 };

@@ -43,5 +43,7 @@ public:
     OString GetName(int index) const;
 
 private:
+    OProperty* Find(const OString& name) const;
+
     OStringMap<OProperty*> properties_; // owned
 };

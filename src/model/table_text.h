@@ -42,11 +42,11 @@ public:
     // case. `text` has no terminator.
     template <class F>
     void ReadSection(const OString& section, F&& line) const {
-        const OString name = SectionLine(section);
-        const Range own = Find(name.nstring(), static_cast<uint32_t>(name.nlen()));
+        const Range own = FindSection(section);
         const Range shared = FindDefault();
+        const bool same = own.first == shared.first && own.last == shared.last;
         uint32_t a = own.first;
-        uint32_t b = own.first == shared.first ? shared.last : shared.first;
+        uint32_t b = same ? shared.last : shared.first;
         while (a < own.last || b < shared.last) {
             const bool take_own =
                 b == shared.last || (a < own.last && blocks_[a].first < blocks_[b].first);
@@ -74,12 +74,11 @@ private:
         uint32_t last;
     };
 
-    static OString SectionLine(const OString& section);
-    bool ParseText(const void* data, uint32_t size);
-    bool ParseLines();
+    bool ParseLines(const char* data, uint32_t size);
     bool ParseBlocks();
-    int Compare(const Block& block, const char* text, uint32_t length) const;
+    int Compare(const Line& line, const char* text, uint32_t length) const;
     Range Find(const char* text, uint32_t length) const;
+    Range FindSection(const OString& section) const;
     Range FindDefault() const;
 
     OBuffer<char> text_; // the lines without their ends, one after the other

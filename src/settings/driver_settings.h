@@ -40,8 +40,8 @@ public:
 // seen after the next Load.
 class DriverSettings {
 public:
-    // Without a printer: every value is its default, and nothing is kept.
-    DriverSettings();
+    // Without a printer: what has not been set has its default, and nothing is saved.
+    DriverSettings() = default;
 
     // Binds to the printer of `registry` (copied) and forgets everything read and set.
     void Load(const prtreg& registry);
@@ -178,5 +178,5 @@ private:
     // The path of the printer's data in Windows notation.
     OString DataPath();
 
-    std::unique_ptr<DriverSettingsCore> core_;
+    DriverSettingsCore core_;
 };

@@ -1,0 +1,36 @@
+#include "model/resource_cache.h"
+
+#include <new>
+
+OResourceCache* OResourceCache::instance_ = nullptr;
+
+OResourceCache::~OResourceCache() {
+    for (int i = 0; i < files_.GetSize(); ++i) delete files_.ValueAt(i);
+}
+
+void OResourceCache::Initialize() {
+    if (!instance_) instance_ = new (std::nothrow) OResourceCache;
+}
+
+void OResourceCache::Free() {
+    delete instance_;
+    instance_ = nullptr;
+}
+
+OResourceFile* OResourceCache::GetResourceFile(const OString& path) {
+    if (!instance_) return nullptr;
+    OSingleLock lock(&instance_->lock_, true);
+    OResourceFile* file = nullptr;
+    if (instance_->files_.Lookup(path, file)) return file;
+
+    file = new (std::nothrow) OResourceFile(path);
+    if (!file) return nullptr;
+    file->Load(path);
+    OString key(path);
+    key.ChangeCore(); // the caller's string belongs to the caller's thread
+    if (!instance_->files_.Set(key, file)) {
+        delete file;
+        return nullptr;
+    }
+    return file;
+}

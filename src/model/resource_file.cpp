@@ -1,0 +1,133 @@
+#include "model/resource_file.h"
+
+#include <algorithm>
+#include <new>
+
+#include "core/lz77.h"
+#include "core/ofile.h"
+
+namespace {
+
+constexpr size_t kRecordHead = 8; // the two lengths
+
+uint32_t ReadLength(const char* at) {
+    const auto* bytes = reinterpret_cast<const unsigned char*>(at);
+    return uint32_t{bytes[0]} | uint32_t{bytes[1]} << 8 | uint32_t{bytes[2]} << 16 |
+           uint32_t{bytes[3]} << 24;
+}
+
+// A string that shares nothing with one that belongs to the calling thread.
+OString OwnString(const OString& text) {
+    OString own(text);
+    own.ChangeCore();
+    return own;
+}
+
+} // namespace
+
+OResource::OResource(const OString& name, const void* container, uint32_t size)
+    : name_(OwnString(name)) {
+    if (container) compressed_.Assign(static_cast<const char*>(container), size);
+}
+
+void OResource::Decompress() {
+    if (compressed_.GetSize() == 0) return;
+    LZ77::Decode(compressed_, data_);
+    // Not a second time, even if this one failed: what was handed out must not change any more.
+    compressed_.SetSize(0);
+}
+
+const TableText& OResource::GetTextData() {
+    OSynchronizer alone;
+    OSingleLock lock(lock_ ? lock_ : &alone, true);
+    if (!text_parsed_) {
+        text_.Parse(data_.GetData(), data_.GetSize());
+        text_parsed_ = true;
+    }
+    return text_;
+}
+
+OResourceFile::OResourceFile(const OString& path)
+    : path_(OwnString(path)) {}
+
+OResourceFile::~OResourceFile() {
+    for (int i = 0; i < resources_.GetSize(); ++i) delete resources_[i];
+}
+
+bool OResourceFile::Load(const OString& path) {
+    OSingleLock lock(&lock_, true);
+    // To open a missing file would make it.
+    if (!OFile::Exists(path)) return false;
+    OFile file(path, OFILE_READ | OFILE_SHARE_READ);
+    if (!file.is_open()) return false;
+
+    OBuffer<char> bytes;
+    uint32_t used = 0;
+    if (bytes.SetSize(file.GetLength())) {
+        while (used < bytes.GetSize()) {
+            const uint32_t wanted = std::min<uint32_t>(bytes.GetSize() - used, INT32_MAX);
+            const int32_t count = file.Read(&bytes[used], static_cast<int32_t>(wanted));
+            if (count <= 0) break;
+            used += static_cast<uint32_t>(count);
+        }
+    }
+    Parse(bytes.GetData(), used);
+    path_ = OwnString(path);
+    modified_ = false;
+    return true;
+}
+
+void OResourceFile::Parse(const void* data, size_t size) {
+    OSingleLock lock(&lock_, true);
+    const char* at = static_cast<const char*>(data);
+    while (size >= kRecordHead) {
+        const uint32_t record_length = ReadLength(at);
+        const uint32_t header_length = ReadLength(at + 4);
+        // Behind a record with impossible lengths nothing can be found any more.
+        if (header_length < kRecordHead || header_length > record_length || header_length > size)
+            return;
+        const size_t available = std::min<size_t>(record_length, size);
+
+        OString name;
+        if (header_length > kRecordHead)
+            name.Insert(0, at + kRecordHead,
+                        static_cast<int>(std::min<size_t>(header_length - kRecordHead, INT32_MAX)));
+        Append(new (std::nothrow) OResource(name, at + header_length,
+                                            static_cast<uint32_t>(available - header_length)));
+        at += available;
+        size -= available;
+    }
+}
+
+OResource* OResourceFile::Find(const OString& name) {
+    OSingleLock lock(&lock_, true);
+    for (int i = 0; i < resources_.GetSize(); ++i) {
+        OResource* resource = resources_[i];
+        if (resource->name_.CompareNoCase(name) != 0) continue;
+        resource->Decompress();
+        return resource;
+    }
+    return nullptr;
+}
+
+void OResourceFile::Add(OResource* resource) {
+    OSingleLock lock(&lock_, true);
+    Append(resource);
+    modified_ = true;
+}
+
+void OResourceFile::Append(OResource* resource) {
+    if (!resource) return;
+    resource->lock_ = &lock_;
+    if (resources_.Add(resource) < 0) delete resource;
+}
+
+bool OResourceFile::IsModified() {
+    OSingleLock lock(&lock_, true);
+    return modified_;
+}
+
+OString OResourceFile::GetPath() {
+    OSingleLock lock(&lock_, true);
+    return OwnString(path_);
+}
