@@ -1,0 +1,158 @@
+// The user's language and units, and the texts of the user interface.
+#pragma once
+
+#include <windows.h>
+
+#include <cstdint>
+#include <span>
+
+#include "core/ostring.h"
+
+class prtmodel;
+class prtreg;
+
+// Every text, dialog, menu and bitmap of the user interface is in a language library beside the
+// driver; the module has none of its own. A locale keeps two of them loaded, that of the user's
+// language and the English one, and looks everything up in the first that has it.
+//
+// Lengths are kept in microns (thousandths of a millimetre) everywhere; inches, millimetres and
+// centimetres exist only as texts, which are made and read here.
+//
+// Languages are three lower-case letters ("enu", "deu"). Belongs to one thread.
+class prtlocale {
+public:
+    enum Units : int32_t { SYSTEM_UNITS = 0, INCHES = 1, MILLIMETRES = 2, CENTIMETRES = 3 };
+
+    struct Language {
+        char code[4];
+        uint16_t code_page;
+        uint16_t ask_name; // name (string number) for the question before it is chosen; 0: no
+                           // question, every system can show it
+    };
+
+    // English first.
+    static std::span<const Language> Languages();
+
+    // Empty: no libraries, every text empty, units as the system.
+    prtlocale() = default;
+    // Frees the libraries.
+    virtual ~prtlocale();
+    prtlocale(const prtlocale&) = delete;
+    prtlocale& operator=(const prtlocale&) = delete;
+
+    // Reads the system's locale and the user's choices, and loads both libraries. A language that
+    // cannot be used is replaced by English, and so is one whose library is missing. False unless
+    // both libraries are loaded; with one of them the locale is usable nevertheless. May be called
+    // again, to bring a new language into use.
+    bool Load(prtreg& reg, prtmodel* model);
+
+    // The first step of Load: units, separators and language of the system.
+    void LoadSystem();
+
+    // Stores the user's language and units. Always true.
+    bool Save(prtreg& reg);
+
+    // ---- Language -------------------------------------------------------------------------------
+
+    // The language in use, which is the system's while the user has chosen "sys".
+    const char* GetCurrentLanguage() const;
+    // What the user has chosen: a language, or "sys".
+    const char* GetUserLanguage() const { return user_language_; }
+    const char* GetSystemLanguage() const { return system_language_; }
+
+    // The code page of the current language; 0 for a language that is not among Languages().
+    uint32_t GetCurrentCP() const;
+
+    // Whether a language can be used with a printer: the system has its code page and its library
+    // is among the files of the printer's driver. English always can.
+    static bool LanguageExists(prtmodel* model, const char* language);
+
+    // Chooses a language or "sys", for the next Load. For some languages, unless they are the
+    // system's, the user is asked first (`owner` is the window of the question). False when
+    // nothing was chosen.
+    bool SetNewLanguage(HWND owner, const char* language);
+
+    // Turns the system's abbreviation of its language (as Windows gives it, "FRC") into one of
+    // Languages(); English for all that is not among them.
+    void ConvertSystemLanguage();
+
+    const OString& GetHelpFile() const { return help_file_; } // full path
+
+    // ---- Texts and other resources --------------------------------------------------------------
+
+    // Loads the texts that are used all the time: unit labels.
+    void init();
+
+    // A text by its number, at most 511 characters; empty when neither library has it.
+    OString GetString(int id) const;
+
+    // A dialog template by name; its size in bytes goes to `size`, which may be null. Null when
+    // neither library has it. Good, as all resources, until the next Load.
+    const void* GetDialog(const OString& name, uint32_t* size) const;
+    // A menu template by name, or null.
+    const void* GetMenu(const OString& name) const;
+    // A menu made from the template, which the caller destroys; null when there is none.
+    HMENU LoadMenuW(const OString& name) const;
+    // A bitmap by number: a BITMAPINFO with the pixels behind it. Null when there is none.
+    const void* LockBitmap(int id) const;
+
+    // The signs, or "(C)", "(TM)" and "(R)" where the code page of the language lacks them.
+    OString GetCopyright() const;
+    OString GetTrademark() const;
+    OString GetRegistered() const;
+
+    // ---- Units ----------------------------------------------------------------------------------
+
+    // The user's choice, effective at once.
+    void SetNewUnits(int32_t units);
+    int32_t GetUnits() const { return units_; }
+
+    bool is_metric() const { return is_mm() || is_cm(); }
+    bool is_mm() const { return EffectiveUnits() == MILLIMETRES; }
+    bool is_cm() const { return EffectiveUnits() == CENTIMETRES; }
+
+    // The name of the current unit ("mm"), and that of points.
+    const OString& GetUnitsLabel() const { return units_label_; }
+    const OString& GetSecondLabel() const { return second_label_; }
+
+    const OString& GetDecimalSeparator() const { return decimal_separator_; }
+    const OString& GetThousandsSeparator() const { return thousands_separator_; }
+
+    // A length with its unit: "12.7 mm", "1.27 cm", "0.50 in". Rounded, halves away from zero.
+    OString microns_to_string(int32_t microns) const;
+
+    // A length, in the unit that its first letter names ("c", "i" or "m") and in the current one
+    // without a letter. Takes the system's decimal separator and the point. Nothing it can read is
+    // 0; 25.4 m is the most, and ends the reading.
+    int32_t string_to_microns(const OString& text) const;
+
+    // The width of a bar of `dots` dots: in mils ("9.9 mils") or millimetres ("0.25 mm").
+    OString xdimension_to_string(int dots, int dpi) const;
+
+    // A resolution: "203 dpi" or "8.0 dots/mm"; and two of them, "8.0 dots/mm x 8.0 dots/mm".
+    OString dpi_to_string(int dpi) const;
+    OString dpi_to_string(int x, int y) const;
+
+private:
+    int32_t EffectiveUnits() const { return units_ ? units_ : system_units_; }
+    void LoadUnitsLabel();
+    void FreeLibraries();
+    const void* FindResourceData(const WCHAR* name, const WCHAR* type, uint32_t* size) const;
+    bool HasWesternSigns() const;
+    OString Decimal(int64_t value, int digits, bool negative) const;
+
+    HMODULE primary_library_ = nullptr;
+    HMODULE english_library_ = nullptr;
+    char user_language_[4] = "sys";
+    char system_language_[4] = "enu";
+    int32_t units_ = SYSTEM_UNITS;
+    int32_t system_units_ = MILLIMETRES;
+    OString units_label_;
+    OString second_label_;
+    OString help_file_;
+    OString primary_library_name_;
+    OString english_library_name_;
+    bool leading_zero_ = false;
+    OString decimal_separator_;
+    OString thousands_separator_;
+};
