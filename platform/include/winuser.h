@@ -38,8 +38,30 @@
 #define IDYES 6
 #define IDNO 7
 
+// ---- Resources ----------------------------------------------------------------------------------
+
+// A number in the place of a resource's name or type.
+#define MAKEINTRESOURCEW(id)                                                                       \
+    (reinterpret_cast<LPWSTR>(static_cast<ULONG_PTR>(static_cast<WORD>(id))))
+#define IS_INTRESOURCE(name) ((reinterpret_cast<ULONG_PTR>(name) >> 16) == 0)
+
+#define RT_CURSOR MAKEINTRESOURCEW(1)
+#define RT_BITMAP MAKEINTRESOURCEW(2)
+#define RT_ICON MAKEINTRESOURCEW(3)
+#define RT_MENU MAKEINTRESOURCEW(4)
+#define RT_DIALOG MAKEINTRESOURCEW(5)
+#define RT_STRING MAKEINTRESOURCEW(6)
+#define RT_RCDATA MAKEINTRESOURCEW(10)
+#define RT_GROUP_ICON MAKEINTRESOURCEW(14)
+#define RT_VERSION MAKEINTRESOURCEW(16)
+
 #pragma GCC visibility push(default)
 extern "C" {
+
+// Copies a text from a module's string tables, cut to `size` units with its terminator; answers
+// the units before it, 0 when there is no such text. With size 0, `buffer` is an LPCWSTR that
+// receives the place of the text itself, which has no terminator.
+int WINAPI LoadStringW(HINSTANCE module, UINT id, LPWSTR buffer, int size);
 
 // The system's own formatter: %c %C %d %hc %hd %hs %hu %i %lc %ld %li %ls %lu %lx %lX %p %s %S %u
 // %x %X and the 64-bit %I64d %I64i %I64u %I64x %I64X, with the flags '-', '0' and '#', a width and

@@ -1,0 +1,141 @@
+#include "support/host_test.h"
+
+#include <windows.h>
+
+#include <cstring>
+#include <filesystem>
+#include <fstream>
+#include <iterator>
+#include <string>
+
+namespace {
+
+namespace fs = std::filesystem;
+
+const std::string kData = TEST_BINARY_DIR "/bin/test_data/";
+
+class ModulesResources : public HostTest {
+protected:
+    ModulesResources() {
+        fs::copy_file(kData + "sample.dll", OnDriveC("sample.dll"));
+        module = LoadLibraryW(TEXT("C:\\sample.dll"));
+    }
+    ~ModulesResources() override { FreeLibrary(module); }
+
+    std::string Bytes(LPCWSTR name, LPCWSTR type) const {
+        const HRSRC resource = FindResourceW(module, name, type);
+        if (!resource) return "error " + std::to_string(GetLastError());
+        const void* bytes = LockResource(LoadResource(module, resource));
+        return std::string(static_cast<const char*>(bytes), SizeofResource(module, resource));
+    }
+
+    HMODULE module = nullptr;
+};
+
+std::u16string Text(HMODULE module, UINT id, int size = 100) {
+    WCHAR text[100] = {};
+    const int length = LoadStringW(module, id, text, size);
+    EXPECT_EQ(std::char_traits<WCHAR>::length(text), static_cast<size_t>(length)) << id;
+    return text;
+}
+
+TEST_F(ModulesResources, AreFoundByNumberAndByNameInAnyCase) {
+    ASSERT_NE(module, nullptr);
+    EXPECT_EQ(Bytes(MAKEINTRESOURCEW(7), RT_RCDATA), "seven");
+    EXPECT_EQ(Bytes(TEXT("#7"), TEXT("#10")), "seven");
+    EXPECT_EQ(Bytes(TEXT("named_DATA"), RT_RCDATA), "named");
+    EXPECT_EQ(Bytes(MAKEINTRESOURCEW(9), TEXT("OwnType")), "own");
+    EXPECT_EQ(Bytes(TEXT("empty"), RT_RCDATA), "");
+}
+
+TEST_F(ModulesResources, TellWhatIsMissing) {
+    EXPECT_EQ(Bytes(MAKEINTRESOURCEW(8), RT_RCDATA), "error 1814");
+    EXPECT_EQ(Bytes(TEXT("seven"), RT_RCDATA), "error 1814");
+    EXPECT_EQ(Bytes(MAKEINTRESOURCEW(7), RT_BITMAP), "error 1813");
+    EXPECT_EQ(FindResourceExW(module, RT_STRING, MAKEINTRESOURCEW(7), MAKELANGID(0x0C, 1)),
+              nullptr);
+    EXPECT_EQ(GetLastError(), DWORD{ERROR_RESOURCE_LANG_NOT_FOUND});
+    EXPECT_EQ(FindResourceW(nullptr, MAKEINTRESOURCEW(1), RT_RCDATA), nullptr);
+    EXPECT_EQ(GetLastError(), DWORD{ERROR_RESOURCE_DATA_NOT_FOUND});
+    int local = 0;
+    const HRSRC foreign = reinterpret_cast<HRSRC>(&local);
+    EXPECT_EQ(SizeofResource(module, foreign), 0u);
+    EXPECT_EQ(LoadResource(module, foreign), nullptr);
+    EXPECT_EQ(GetLastError(), DWORD{ERROR_INVALID_HANDLE});
+}
+
+TEST_F(ModulesResources, ComeInTheLanguageAskedFor) {
+    const LPCWSTR block = MAKEINTRESOURCEW(100 / 16 + 1);
+    const auto length = [&](WORD language) -> int {
+        const HRSRC resource = FindResourceExW(module, RT_STRING, block, language);
+        if (!resource) return -1;
+        // Text 100 is the fifth of its block; four empty ones are in front.
+        WORD units = 0;
+        std::memcpy(&units,
+                    static_cast<const WORD*>(LockResource(LoadResource(module, resource))) + 4,
+                    sizeof(units));
+        return units;
+    };
+    EXPECT_EQ(length(MAKELANGID(LANG_ENGLISH, SUBLANG_ENGLISH_US)), 26);
+    EXPECT_EQ(length(MAKELANGID(0x07, 1)), 17);
+    EXPECT_EQ(length(MAKELANGID(0x07, 2)), -1);
+}
+
+TEST_F(ModulesResources, HoldTextsInBlocksOfSixteen) {
+    EXPECT_EQ(Text(module, 16), u"First text");
+    EXPECT_EQ(Text(module, 17), u"Gr\u00F6\u00DFe: 5 \u00B5m");
+    EXPECT_EQ(Text(module, 31), u"Last of its block");
+    EXPECT_EQ(Text(module, 18), u"");
+    EXPECT_EQ(Text(module, 32), u"");
+    EXPECT_EQ(Text(module, 5000), u"");
+    EXPECT_EQ(Text(module, 16, 6), u"First");
+    EXPECT_EQ(Text(module, 16, 1), u"");
+    EXPECT_EQ(Text(nullptr, 16), u"");
+
+    LPCWSTR place = nullptr;
+    const int length = LoadStringW(module, 16, reinterpret_cast<LPWSTR>(&place), 0);
+    ASSERT_EQ(length, 10);
+    EXPECT_EQ(std::u16string(place, 10), u"First text");
+}
+
+TEST_F(ModulesResources, OfALibraryThatRunsLieBesideIt) {
+    fs::copy_file(kData + "module.dll", OnDriveC("module.dll"));
+    fs::copy_file(kData + "sample.dll", OnDriveC("module.dll.mui"));
+    const HMODULE running = LoadLibraryW(TEXT("C:\\module.dll"));
+    ASSERT_NE(running, nullptr);
+    EXPECT_EQ(Text(running, 16), u"First text");
+    FreeLibrary(running);
+}
+
+TEST_F(ModulesResources, OfADamagedFileAreMissingAndNothingWorse) {
+    std::ifstream file(kData + "sample.dll", std::ios::binary);
+    const std::string whole(std::istreambuf_iterator<char>(file), {});
+    const auto use = [&](const std::string& bytes) {
+        WriteFile("bad.dll", bytes);
+        const HMODULE bad = LoadLibraryW(TEXT("C:\\bad.dll"));
+        if (!bad) {
+            EXPECT_EQ(GetLastError(), DWORD{ERROR_BAD_EXE_FORMAT});
+            return;
+        }
+        WCHAR text[64];
+        for (UINT id : {16u, 31u, 100u}) LoadStringW(bad, id, text, 64);
+        const HRSRC resource = FindResourceW(bad, TEXT("named_data"), RT_RCDATA);
+        const void* place = resource ? LockResource(LoadResource(bad, resource)) : nullptr;
+        if (place) {
+            const std::string copy(static_cast<const char*>(place), SizeofResource(bad, resource));
+            EXPECT_LE(copy.size(), bytes.size());
+        }
+        FreeLibrary(bad);
+    };
+    for (size_t size = 0; size < whole.size(); size += 37) use(whole.substr(0, size));
+    // Headers and tree with every byte set to the values that break lengths, counts and offsets.
+    for (size_t at = 0; at < whole.size(); at += at < 0x400 ? 3 : 7) {
+        for (char value : {'\x00', '\x7F', '\xFF'}) {
+            std::string bytes = whole;
+            bytes[at] = value;
+            use(bytes);
+        }
+    }
+}
+
+} // namespace
