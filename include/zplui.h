@@ -8,6 +8,8 @@
 #include <windows.h>
 #include <winspool.h>
 
+#include <winddiui.h>
+
 #include <stdint.h>
 
 #ifndef ZPLUI_API
@@ -23,6 +25,32 @@ extern "C" {
 // The module's entry point. Attach (reason 1) records the module handle and creates the
 // process-wide caches of the model data; detach (reason 0) frees them. Always TRUE.
 ZPLUI_API BOOL WINAPI DllInitialize(HINSTANCE instance, DWORD reason, LPVOID context);
+
+// ---- Called by the spooler ----------------------------------------------------------------------
+
+// Whether a job may print: always TRUE, the record is not looked at.
+ZPLUI_API BOOL WINAPI DevQueryPrintEx(PDEVQUERYPRINT_INFO info);
+
+// Answers a device capability of the printer behind the open handle `printer`. `output` may be null
+// to ask for the value or the count only; otherwise the caller provides room for what the
+// capability stores there:
+//
+//   DC_MINEXTENT, DC_MAXEXTENT   paper width (low word) and length (high word) in tenths of a
+//                                millimetre; the same number is stored as a DWORD
+//   DC_BINS                      1; stores one WORD, DMBIN_USER
+//   DC_BINNAMES                  1; stores one name of 24 characters
+//   DC_ENUMRESOLUTIONS           the number of resolutions; stores a pair of LONGs (x, y) for each
+//   DC_FILEDEPENDENCIES          the number of files; stores a name of 64 characters for each
+//   DC_PERSONALITY               1; stores one name of 32 characters
+//   DC_NUP                       1; stores one DWORD, 1
+//   DC_TRUETYPE, DC_EMF_COMPLIANT   1
+//   DC_ORIENTATION 90,  DC_BINADJUST 2,  DC_COPIES the most copies,  DC_COLORDEVICE 1 or 0
+//   DC_DUPLEX, DC_COLLATE, DC_STAPLE   0
+//
+// Names are terminated and padded with zeros. Every other capability, and every one without memory,
+// is answered with -1.
+ZPLUI_API DWORD WINAPI DrvDeviceCapabilities(HANDLE printer, PWSTR device, WORD capability,
+                                             PVOID output, PDEVMODEW dev_mode);
 
 // ---- Codecs and checksums -----------------------------------------------------------------------
 //

@@ -2,11 +2,23 @@
 
 #include "driver/driver_utility.h"
 #include "driver/platform_flags.h"
+#include "model/model_data_cache.h"
+#include "model/resource_cache.h"
 
 BOOL WINAPI DllInitialize(HINSTANCE instance, DWORD reason, LPVOID) {
-    if (reason == DLL_PROCESS_ATTACH) {
+    switch (reason) {
+    case DLL_PROCESS_ATTACH:
         DriverUtility::SetModuleHandle(instance);
+        OResourceCache::Initialize();
+        ModelDataCache::Initialize();
         SetPlatformFlags(DriverUtility::GetDriverDirectory());
+        break;
+    case DLL_PROCESS_DETACH:
+        OResourceCache::Free();
+        ModelDataCache::Free();
+        break;
+    default:
+        break;
     }
     return TRUE;
 }

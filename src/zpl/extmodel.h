@@ -40,7 +40,4 @@ public:
     bool TearOff() const; // the tear-off position can be adjusted
     // The printer takes the tear-off position in three digits.
     bool RequiresFixedTearOffAdjustment() const;
-
-private:
-    friend class prtmodel; // new_ext initialises what it makes
 };

@@ -1,0 +1,178 @@
+// The builder of the model records from the tables of the model data file.
+#pragma once
+
+#include <memory>
+
+#include "config/prtreg.h"
+#include "core/ostring.h"
+#include "core/ostring_array.h"
+#include "model/data_set.h"
+#include "model/model_records.h"
+#include "model/symbology_info.h"
+
+class PrinterInfo;
+class prtmodel;
+
+// The tables of one printer's model and the records made of them. A record comes from the process's
+// record cache when it has one of the right size, else it is built and put there. Missing files,
+// tables, sections and keys leave zeros and defaults. Numbers that do not fit into a field of 16
+// bits keep their low 16 bits; where a maximum is named, larger numbers become the maximum first.
+// Texts that do not fit are cut. Owned by the printer model, and of its thread.
+class ModelCore : public ODataSet {
+public:
+    ModelCore() = default;
+    ~ModelCore() override;
+
+    // Takes the names of a printer and opens its key map. The printer is not kept.
+    void SetPrinter(const PrinterInfo& printer);
+
+    const OString& GetPrinterName() const { return printer_name_; }
+    const OString& GetModelName() const { return model_name_; }
+    const char* GetPrefix() const { return prefix_; }
+    const char* GetOEM() const { return oem_; } // "o" and the OEM code
+    prtreg& GetRegistry() { return registry_; }
+
+    // ---- Tables ---------------------------------------------------------------------------------
+
+    // The driver's name leads to the section of table Driver; that names the sections of
+    // Manufacturer and Model, Model those of all others but CodePages, which Font names. A section
+    // is named "Table:Section", or "Section" for another one of the table that names it.
+    enum Table {
+        DRIVER,
+        MANUFACTURER,
+        MODEL,
+        BARCODE,
+        CODEPAGES,
+        DRAWING,
+        FEATURES,
+        FONT,
+        METHOD,
+        CUSTOM_DATA
+    };
+
+    // Opens the model data file (the prefix and ".ddt" beside the module), once.
+    void UseResources();
+
+    // Makes the printer's section of a table current. A number out of range changes nothing.
+    void UseTable(int table);
+    // The same by name: "Driver", "Manufacturer", "Model" and "CodePages" in either case; any other
+    // name is a key of Model that names the section.
+    void UseTable(const OString& name);
+
+    // A property of the current section. One with the OEM code in capitals behind its key
+    // ("Key(QV)") goes before the one without, in this and in all other queries.
+    OString GetString(const OString& key, const OString& default_value) override;
+
+    // ---- Records --------------------------------------------------------------------------------
+
+    // Makes the model data. Comes before all others, for it drops what the record cache has when
+    // the printer's stamp "DATA:Model Synchronization" is a new one.
+    void ModelData_Initialize();
+    // Make the other records; nothing when there are made already. Without memory there is no
+    // record.
+    void DriverInfo_Initialize();
+    void ManufacturerInfo_Initialize();
+    void CapabilitiesData_Initialize();
+    // `model` fills in what its printer language knows of RFID.
+    void RFIDCapabilities_Initialize(const prtmodel* model);
+    // Reads the custom data. The blob's length in the table counts only as far as its text goes,
+    // and up to 64 KB; what the text does not fill is zero.
+    void InitializeExtPDT();
+
+    // The records; zeros or null before they are made. The custom data is always there.
+    const KVModelData& GetModelData() const { return model_data_; }
+    const KVDriverInfo* GetDriverInfo() const { return driver_info_.get(); }
+    const KVManufacturerInfo* GetManufacturerInfo() const { return manufacturer_info_.get(); }
+    const KVCapabilitiesData* GetCapabilitiesData() const { return capabilities_.get(); }
+    const KVRFIDCapabilities* GetRFIDCapabilities() const { return rfid_capabilities_; }
+    const CustomData& GetCustomData() const { return custom_data_; }
+
+private:
+    // A text of a table and the bits that it stands for.
+    struct Bit {
+        const char* text;
+        uint32_t bits;
+    };
+
+    // ---- Records --------------------------------------------------------------------------------
+
+    OString CacheKey(const char* suffix) const;
+    template <class T, class F>
+    void FetchOrCreate(T& record, const char* suffix, F create);
+    template <class T, class F>
+    void AllocateRecord(std::unique_ptr<T>& record, const char* suffix, F create);
+
+    void ModelData_Create();
+    void ReadModelTable();
+    void ReadResolutions();
+    void ReadDrawingTable();
+    void ReadFontTable();
+    void ApplyDriverSettings();
+    void DriverInfo_Create(KVDriverInfo& record);
+    void ManufacturerInfo_Create(KVManufacturerInfo& record);
+    void CapabilitiesData_Create(KVCapabilitiesData& record);
+    void DefaultFonts_Create(KVDefaultFont* fonts);
+    void DefaultFont_Create(KVDefaultFont& font, const char* name, const char* size,
+                            const char* weight);
+    KVRFIDCapabilities* RFIDCapabilities_Create(const prtmodel* model);
+
+    Measurement GetMeasurement(const char* key);
+    // The bit when the property is true, when the list holds the word (in either case).
+    uint16_t BoolBit(const char* key, uint16_t bit);
+    uint16_t FlagBit(const char* key, const char* word, uint16_t bit);
+    int16_t GetThickness(const char* key);
+    // A name with the prefix of the printer's fonts.
+    OString FontName(const OString& name) const;
+
+    static uint8_t TranslateTracking(const OString& text);
+    static uint8_t TranslatePositionAnchor(const OString& text);
+    static uint8_t TranslateThicknessAnchor(const OString& text);
+    static uint8_t TranslateOrientation(int degrees);
+
+    // ---- Bar codes (symbology_data.cpp) ---------------------------------------------------------
+
+    void SymbologyData_Create(KVSymbologyData* record, int number);
+    bool CommonSymbologyData_Create(KVSymbologyData* record, const SymbologyInfo& info);
+    void HR_Create(KVSymbologyData* record, const SymbologyInfo& info);
+    void Code39Data_Create(KVSymbologyData* record, const SymbologyInfo& info);
+    void Code93Data_Create(KVSymbologyData* record, const SymbologyInfo& info);
+    void Code128Data_Create(KVSymbologyData* record, const SymbologyInfo& info);
+    void CodabarData_Create(KVSymbologyData* record, const SymbologyInfo& info);
+    void MSIData_Create(KVSymbologyData* record, const SymbologyInfo& info);
+    void UPC_EANData_Create(KVSymbologyData* record, const SymbologyInfo& info);
+    void SupplementalData_Create(KVSymbologyData* record, const SymbologyInfo& info);
+    void PDF417Data_Create(KVSymbologyData* record, const SymbologyInfo& info);
+    void MicroPDF417Data_Create(KVSymbologyData* record, const SymbologyInfo& info);
+    void DataMatrixData_Create(KVSymbologyData* record, const SymbologyInfo& info);
+    void MaxiCodeData_Create(KVSymbologyData* record, const SymbologyInfo& info);
+    void QRCodeData_Create(KVSymbologyData* record, const SymbologyInfo& info);
+    void JapanPostData_Create(KVSymbologyData* record, const SymbologyInfo& info);
+    void CodablockData_Create(KVSymbologyData* record, const SymbologyInfo& info);
+    void AztecData_Create(KVSymbologyData* record, const SymbologyInfo& info);
+    void RSSData_Create(KVSymbologyData* record, const SymbologyInfo& info);
+    void CompositeData_Create(KVSymbologyData* record, const SymbologyInfo& info);
+    void TelepenData_Create(KVSymbologyData* record, const SymbologyInfo& info);
+
+    // The bits of all words (by case) that the list of a key holds.
+    template <size_t N>
+    uint32_t ListBits(const OString& key, const Bit (&bits)[N]);
+    uint32_t ListBits(const OString& key, const Bit* bits, size_t count);
+    // The bit when the property is true (false).
+    uint32_t TrueBit(const OString& key, uint32_t bit);
+    uint32_t FalseBit(const OString& key, uint32_t bit);
+
+    OResourceFile* resources_ = nullptr; // of the cache
+    prtreg registry_;
+    OString printer_name_;
+    OString model_name_;
+    char oem_[4] = {};
+    char prefix_[4] = {};
+    OString oem_suffix_; // "(QV)"
+    KVModelData model_data_ = {};
+    std::unique_ptr<KVDriverInfo> driver_info_;
+    std::unique_ptr<KVManufacturerInfo> manufacturer_info_;
+    std::unique_ptr<KVCapabilitiesData> capabilities_;
+    KVRFIDCapabilities* rfid_capabilities_ = nullptr; // size-prefixed block, owned
+    CustomData custom_data_ = {};
+    OString model_section_; // "Model:Section" once found
+};
