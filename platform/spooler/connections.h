@@ -1,0 +1,12 @@
+// The user's connections to printers of other machines.
+#pragma once
+
+#include <string>
+#include <vector>
+
+namespace win32host {
+
+// Their full names, in the order of their making.
+std::vector<std::u16string> ConnectionNames();
+
+} // namespace win32host

@@ -1,0 +1,90 @@
+#include "spooler/driver_files.h"
+
+#include "files/paths.h"
+
+#include <winspool.h>
+
+#include <atomic>
+#include <filesystem>
+#include <string>
+
+#include <unistd.h>
+
+namespace fs = std::filesystem;
+
+namespace win32host {
+namespace {
+
+struct Copy {
+    fs::path from;
+    fs::path to;
+};
+
+bool IsFile(const std::optional<std::string>& path) {
+    std::error_code ignored;
+    return path && fs::is_regular_file(*path, ignored);
+}
+
+// Where the file named in an installation is now.
+std::optional<std::string> FindSource(const PrintServer& server, const std::u16string& file) {
+    if (file.find_first_of(u"\\/:") != std::u16string::npos) return HostPath(file);
+    auto source = HostPath(server.DriverFolder() + u'\\' + file);
+    if (!IsFile(source)) source = HostPath(server.InstalledFolder() + u'\\' + file);
+    return source;
+}
+
+DWORD Failure(const std::error_code& error, const fs::path& path) {
+    FailWith(error.value(), path.string());
+    return GetLastError();
+}
+
+DWORD CopyWhole(const Copy& copy) {
+    static std::atomic<unsigned> count{0};
+    fs::path aside = copy.to;
+    aside += ".new" + std::to_string(getpid()) + "-" + std::to_string(count.fetch_add(1));
+    std::error_code error;
+    fs::copy_file(copy.from, aside, fs::copy_options::overwrite_existing, error);
+    // Like the system's copies it is as old as its source: that is how newer files are known.
+    if (!error) fs::last_write_time(aside, fs::last_write_time(copy.from, error), error);
+    if (!error) fs::rename(aside, copy.to, error);
+    if (!error) return ERROR_SUCCESS;
+    std::error_code ignored;
+    fs::remove(aside, ignored);
+    return Failure(error, copy.to);
+}
+
+} // namespace
+
+DWORD InstallDriverFiles(const PrintServer& server, const std::vector<std::u16string>& files,
+                         DWORD flags) {
+    std::error_code error;
+    const auto folder = HostPath(server.InstalledFolder());
+    if (!folder) return GetLastError();
+    fs::create_directories(*folder, error);
+    if (error) return Failure(error, *folder);
+
+    std::vector<Copy> copies;
+    for (const std::u16string& file : files) {
+        const auto from = FindSource(server, file);
+        const auto to =
+            HostPath(server.InstalledFolder() + u'\\' + std::u16string(FileNameOf(file)));
+        if (!IsFile(from) || !to) return ERROR_FILE_NOT_FOUND;
+        if (IsFile(to)) {
+            if (fs::equivalent(*from, *to, error)) continue;
+            const auto source_time = fs::last_write_time(*from, error);
+            const auto target_time = fs::last_write_time(*to, error);
+            if (flags & APD_STRICT_UPGRADE && target_time > source_time)
+                return ERROR_INVALID_PARAMETER;
+            if (flags & APD_STRICT_DOWNGRADE && target_time < source_time)
+                return ERROR_INVALID_PARAMETER;
+            if (flags & APD_COPY_NEW_FILES && target_time > source_time) continue;
+        }
+        copies.push_back({*from, *to});
+    }
+    for (const Copy& copy : copies) {
+        if (const DWORD code = CopyWhole(copy); code != ERROR_SUCCESS) return code;
+    }
+    return ERROR_SUCCESS;
+}
+
+} // namespace win32host

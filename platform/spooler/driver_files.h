@@ -1,0 +1,19 @@
+// The files of drivers: from where an installation finds them to where they lie afterwards.
+#pragma once
+
+#include "spooler/print_server.h"
+
+#include <string>
+#include <vector>
+
+namespace win32host {
+
+// Brings the files to the machine's folder of installed drivers. Each is named with its path, or
+// without a folder when it was put into the driver folder or is installed already. `flags` is one
+// of the APD_ numbers that say what happens to newer and older files there. Nothing is copied
+// unless all files are there (else ERROR_FILE_NOT_FOUND) and may be copied. Each file appears
+// whole: it is written aside and renamed. Answers an error code.
+DWORD InstallDriverFiles(const PrintServer& server, const std::vector<std::u16string>& files,
+                         DWORD flags);
+
+} // namespace win32host

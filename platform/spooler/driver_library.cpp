@@ -1,0 +1,96 @@
+#include "spooler/driver_library.h"
+
+#include "host/root.h"
+#include "host/text.h"
+
+#include <map>
+#include <mutex>
+#include <utility>
+
+namespace win32host {
+namespace {
+
+using PrinterEventFunction = BOOL(WINAPI*)(LPWSTR, int, DWORD, LPARAM);
+using CapabilitiesFunction = DWORD(WINAPI*)(HANDLE, LPWSTR, WORD, LPVOID, DEVMODEW*);
+
+template <class Function>
+Function As(FARPROC function) {
+    return reinterpret_cast<Function>(reinterpret_cast<void (*)()>(function));
+}
+
+struct Loaded {
+    std::mutex lock;
+    uint32_t root_generation = 0;
+    std::map<std::u16string, std::shared_ptr<const DriverLibrary>> libraries;
+};
+
+// Lives until the process ends, like the modules themselves.
+Loaded& TheLoaded() {
+    static Loaded* loaded = new Loaded;
+    return *loaded;
+}
+
+std::u16string KeyOf(std::u16string file) {
+    for (char16_t& unit : file) unit = UpperOf(unit);
+    return file;
+}
+
+} // namespace
+
+std::shared_ptr<const DriverLibrary> DriverLibrary::Load(const std::u16string& file) {
+    Loaded& loaded = TheLoaded();
+    const std::u16string key = KeyOf(file);
+    decltype(loaded.libraries) left_behind; // freed without the lock: a driver may call us
+    {
+        std::lock_guard guard(loaded.lock);
+        if (loaded.root_generation != RootGeneration()) {
+            left_behind.swap(loaded.libraries);
+            loaded.root_generation = RootGeneration();
+        }
+        if (auto found = loaded.libraries.find(key); found != loaded.libraries.end())
+            return found->second;
+    }
+    left_behind.clear();
+    const HMODULE module = LoadLibraryW(file.c_str());
+    if (!module) return nullptr;
+    auto library = std::make_shared<const DriverLibrary>(module);
+    std::lock_guard guard(loaded.lock);
+    return loaded.libraries.emplace(key, library).first->second;
+}
+
+void DriverLibrary::Drop(const std::u16string& file) {
+    Loaded& loaded = TheLoaded();
+    std::shared_ptr<const DriverLibrary> dropped;
+    std::lock_guard guard(loaded.lock);
+    if (auto found = loaded.libraries.find(KeyOf(file)); found != loaded.libraries.end()) {
+        dropped = std::move(found->second);
+        loaded.libraries.erase(found);
+    }
+}
+
+DriverLibrary::DriverLibrary(HMODULE module)
+    : module_(module)
+    , printer_event_(GetProcAddress(module, "DrvPrinterEvent"))
+    , capabilities_(GetProcAddress(module, "DrvDeviceCapabilities")) {}
+
+DriverLibrary::~DriverLibrary() {
+    FreeLibrary(module_);
+}
+
+bool DriverLibrary::RaisePrinterEvent(const std::u16string& printer, int event, DWORD flags,
+                                      LPARAM parameter) const {
+    if (!printer_event_) return true;
+    std::u16string name = printer; // the driver's to write into
+    return As<PrinterEventFunction>(printer_event_)(name.data(), event, flags, parameter) != FALSE;
+}
+
+int DriverLibrary::DeviceCapabilities(HANDLE printer, const std::u16string& device, WORD capability,
+                                      LPWSTR output, const DEVMODEW* dev_mode) const {
+    if (!capabilities_) return -1;
+    std::u16string name = device;
+    const DWORD answer = As<CapabilitiesFunction>(capabilities_)(
+        printer, name.data(), capability, output, const_cast<DEVMODEW*>(dev_mode));
+    return static_cast<int>(answer);
+}
+
+} // namespace win32host

@@ -1,0 +1,40 @@
+// A driver's configuration module, loaded to be called.
+#pragma once
+
+#include <windows.h>
+
+#include <memory>
+#include <string>
+
+namespace win32host {
+
+class DriverLibrary {
+public:
+    // The library with this full name. It stays loaded for the calls to come until it is dropped or
+    // the root folder changes. Null with the loader's error.
+    static std::shared_ptr<const DriverLibrary> Load(const std::u16string& file);
+
+    // Lets go of the library, because its file or its last printer changes. Calls that are in it
+    // end first.
+    static void Drop(const std::u16string& file);
+
+    explicit DriverLibrary(HMODULE module);
+    ~DriverLibrary();
+    DriverLibrary(const DriverLibrary&) = delete;
+    DriverLibrary& operator=(const DriverLibrary&) = delete;
+
+    // DrvPrinterEvent; true also when the driver has none.
+    bool RaisePrinterEvent(const std::u16string& printer, int event, DWORD flags,
+                           LPARAM parameter) const;
+
+    // DrvDeviceCapabilities; -1 when the driver has none.
+    int DeviceCapabilities(HANDLE printer, const std::u16string& device, WORD capability,
+                           LPWSTR output, const DEVMODEW* dev_mode) const;
+
+private:
+    HMODULE module_;
+    FARPROC printer_event_;
+    FARPROC capabilities_;
+};
+
+} // namespace win32host

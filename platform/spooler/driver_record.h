@@ -1,0 +1,44 @@
+// One driver as the registry keeps it: its files by name, without folders.
+#pragma once
+
+#include "spooler/print_server.h"
+
+#include <optional>
+#include <string>
+#include <vector>
+
+namespace win32host {
+
+struct DriverRecord {
+    std::u16string name;
+    DWORD version = 3;
+    std::u16string driver_file;
+    std::u16string data_file;
+    std::u16string config_file;
+    std::u16string help_file;
+    std::vector<std::u16string> dependent_files;
+    std::u16string monitor;
+    std::u16string datatype;
+    std::vector<std::u16string> previous_names;
+    FILETIME date = {};
+    DWORDLONG driver_version = 0;
+    std::u16string manufacturer;
+    std::u16string oem_url;
+    std::u16string hardware_id;
+    std::u16string provider;
+
+    // Every file, each once.
+    std::vector<std::u16string> Files() const;
+};
+
+// The driver's record as it is now, or nothing when there is no such driver.
+std::optional<DriverRecord> ReadDriver(const PrintServer& server, const std::u16string& name);
+// All drivers, in the order of their installation.
+std::vector<DriverRecord> ReadDrivers(const PrintServer& server);
+
+// Writes the record over one that is there. The driver file is written last: a driver without one
+// does not exist.
+LSTATUS WriteDriver(const PrintServer& server, const DriverRecord& record);
+LSTATUS EraseDriver(const PrintServer& server, const std::u16string& name);
+
+} // namespace win32host

@@ -1,0 +1,72 @@
+#include "spooler/opened_printer.h"
+
+#include "security/accounts.h"
+
+#include <algorithm>
+#include <utility>
+
+namespace win32host {
+bool MayAdminister() {
+    SID_IDENTIFIER_AUTHORITY authority = SECURITY_NT_AUTHORITY;
+    const std::vector<Account> accounts = Accounts();
+    const auto is_member = [&](DWORD alias) {
+        PSID group = nullptr;
+        if (!AllocateAndInitializeSid(&authority, 2, SECURITY_BUILTIN_DOMAIN_RID, alias, 0, 0, 0, 0,
+                                      0, 0, &group))
+            return false;
+        const bool found =
+            std::any_of(accounts.begin(), accounts.end(), [&](const Account& account) {
+                return account.in_token && EqualSid(const_cast<BYTE*>(account.sid.data()), group);
+            });
+        FreeSid(group);
+        return found;
+    };
+    return is_member(DOMAIN_ALIAS_RID_ADMINS) || is_member(DOMAIN_ALIAS_RID_POWER_USERS);
+}
+
+OpenedPrinter::OpenedPrinter(std::shared_ptr<PrintServer> server, std::u16string printer,
+                             ACCESS_MASK access)
+    : server_(std::move(server))
+    , printer_(std::move(printer))
+    , access_(access) {}
+
+std::optional<PrinterRecord> OpenedPrinter::Record() const {
+    auto record = ReadPrinter(*server_, printer_);
+    if (!record) SetLastError(ERROR_PRINTER_DELETED);
+    return record;
+}
+
+std::optional<DriverRecord> OpenedPrinter::Driver() const {
+    const auto printer = Record();
+    if (!printer) return std::nullopt;
+    auto driver = ReadDriver(*PrintServer::Named({}), printer->driver);
+    if (!driver) SetLastError(ERROR_UNKNOWN_PRINTER_DRIVER);
+    return driver;
+}
+
+std::shared_ptr<OpenedPrinter> FindPrinter(HANDLE handle) {
+    auto printer = Find<OpenedPrinter>(handle);
+    if (printer && printer->Printer().empty()) {
+        SetLastError(ERROR_INVALID_HANDLE);
+        return nullptr;
+    }
+    return printer;
+}
+
+std::shared_ptr<const DriverLibrary> LoadDriver(const std::u16string& driver) {
+    const auto local = PrintServer::Named({});
+    const auto record = ReadDriver(*local, driver);
+    if (!record) {
+        SetLastError(ERROR_UNKNOWN_PRINTER_DRIVER);
+        return nullptr;
+    }
+    return DriverLibrary::Load(local->InstalledFolder() + u'\\' + record->config_file);
+}
+
+void DropDriver(const std::u16string& driver) {
+    const auto local = PrintServer::Named({});
+    if (const auto record = ReadDriver(*local, driver))
+        DriverLibrary::Drop(local->InstalledFolder() + u'\\' + record->config_file);
+}
+
+} // namespace win32host

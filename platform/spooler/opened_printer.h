@@ -1,0 +1,68 @@
+// What a printer handle names.
+#pragma once
+
+#include "host/handles.h"
+#include "spooler/driver_library.h"
+#include "spooler/driver_record.h"
+#include "spooler/printer_record.h"
+
+#include <winspool.h>
+
+#include <memory>
+#include <optional>
+#include <string>
+
+namespace win32host {
+
+// Whether the user may change printers, drivers and printer data: administrators and power users.
+bool MayAdminister();
+
+// A printer, or a print server when the printer's name is empty.
+class OpenedPrinter : public HandleObject {
+public:
+    OpenedPrinter(std::shared_ptr<PrintServer> server, std::u16string printer, ACCESS_MASK access);
+
+    const PrintServer& Server() const { return *server_; }
+    const std::u16string& Printer() const { return printer_; }
+    std::u16string FullName() const { return server_->FullName(printer_); }
+    // Whether it was opened with all these rights.
+    bool Has(ACCESS_MASK access) const { return (access_ & access) == access; }
+
+    // The printer's record as it is now; nothing with ERROR_PRINTER_DELETED when it is gone.
+    std::optional<PrinterRecord> Record() const;
+    // Its driver's, as it is installed on this machine; nothing with ERROR_UNKNOWN_PRINTER_DRIVER.
+    std::optional<DriverRecord> Driver() const;
+
+private:
+    const std::shared_ptr<PrintServer> server_;
+    const std::u16string printer_;
+    const ACCESS_MASK access_;
+};
+
+// The printer behind a handle. Null with ERROR_INVALID_HANDLE when it is no printer's.
+std::shared_ptr<OpenedPrinter> FindPrinter(HANDLE handle);
+
+// The configuration module of a driver of this machine. Null with an error when there is no such
+// driver or it cannot be loaded.
+std::shared_ptr<const DriverLibrary> LoadDriver(const std::u16string& driver);
+// Lets go of it again.
+void DropDriver(const std::u16string& driver);
+
+// Runs the body of a function that must not throw. `failure` is its answer when memory is short.
+template <class Body, class Answer>
+Answer Guarded(Answer failure, const Body& body) {
+    try {
+        return body();
+    } catch (const std::exception&) {
+        SetLastError(ERROR_NOT_ENOUGH_MEMORY);
+        return failure;
+    }
+}
+
+// Sets the last error; always FALSE, to return it.
+inline BOOL Fail(DWORD code) {
+    SetLastError(code);
+    return FALSE;
+}
+
+} // namespace win32host

@@ -1,0 +1,102 @@
+#include "spooler/ports.h"
+
+#include "host/text.h"
+#include "spooler/level_writer.h"
+#include "spooler/opened_printer.h"
+
+#include <algorithm>
+
+namespace win32host {
+namespace {
+
+const std::u16string kFilePort = u"FILE:";
+
+bool IsNetworkPort(std::u16string_view port) {
+    if (port.size() <= 3 || !SameName(port.substr(0, 3), u"IP_")) return false;
+    std::u16string_view host = port.substr(3);
+    if (const size_t colon = host.rfind(u':'); colon != std::u16string_view::npos) {
+        DWORD number = 0;
+        const std::u16string_view digits = host.substr(colon + 1);
+        if (digits.empty() || digits.size() > 5) return false;
+        for (const char16_t digit : digits) {
+            if (digit < u'0' || digit > u'9') return false;
+            number = number * 10 + (digit - u'0');
+        }
+        if (number < 1 || number > 65535) return false;
+        host = host.substr(0, colon);
+    }
+    return !host.empty() && std::all_of(host.begin(), host.end(), [](char16_t c) {
+        return (c >= u'0' && c <= u'9') || (UpperOf(c) >= u'A' && UpperOf(c) <= u'Z') ||
+               c == u'.' || c == u'-' || c == u'_';
+    });
+}
+
+bool IsPathPort(std::u16string_view port) {
+    const bool drive = port.size() > 3 && UpperOf(port[0]) >= u'A' && UpperOf(port[0]) <= u'Z' &&
+                       port[1] == u':' && (port[2] == u'\\' || port[2] == u'/');
+    return drive || (port.size() > 1 && port[0] == u'/');
+}
+
+// All ports, "FILE:" first.
+std::vector<std::u16string> PortNames(const PrintServer& server) {
+    std::vector<std::u16string> names{kFilePort};
+    RegistryKey key;
+    if (server.OpenPorts(key) != ERROR_SUCCESS) return names;
+    for (std::u16string& name : key.ReadValues().Names()) {
+        if (!name.empty() && !SameName(name, kFilePort)) names.push_back(std::move(name));
+    }
+    return names;
+}
+
+void FillPorts(LevelWriter& writer, const std::vector<std::u16string>& names) {
+    writer.Structures<PORT_INFO_2W>(names.size());
+    for (size_t i = 0; i < names.size(); ++i) {
+        const bool network = IsNetworkPort(names[i]);
+        PORT_INFO_2W info = {};
+        writer.Text(info.pPortName, names[i]);
+        writer.Text(info.pMonitorName, network ? u"Standard TCP/IP Port" : u"Local Port");
+        writer.Text(info.pDescription, network ? u"Standard TCP/IP Port" : u"Local Port");
+        info.fPortType =
+            network ? PORT_TYPE_WRITE | PORT_TYPE_READ | PORT_TYPE_NET_ATTACHED : PORT_TYPE_WRITE;
+        writer.Put(i, info);
+    }
+}
+
+} // namespace
+
+bool IsUsablePort(const PrintServer& server, const std::u16string& port) {
+    if (IsNetworkPort(port) || IsPathPort(port)) return true;
+    const auto names = PortNames(server);
+    return std::any_of(names.begin(), names.end(),
+                       [&](const std::u16string& name) { return SameName(name, port); });
+}
+
+LSTATUS RegisterPort(const PrintServer& server, const std::u16string& port) {
+    const auto names = PortNames(server);
+    if (std::any_of(names.begin(), names.end(),
+                    [&](const std::u16string& name) { return SameName(name, port); }))
+        return ERROR_SUCCESS;
+    RegistryKey key;
+    const LSTATUS status = server.CreatePorts(key);
+    return status == ERROR_SUCCESS ? key.SetText(port, {}) : status;
+}
+
+} // namespace win32host
+
+using namespace win32host;
+
+extern "C" BOOL WINAPI EnumPortsW(LPWSTR server_name, DWORD level, LPBYTE buffer, DWORD size,
+                                  LPDWORD needed, LPDWORD returned) {
+    return Guarded(FALSE, [&] {
+        if (!needed || !returned) return Fail(ERROR_INVALID_PARAMETER);
+        *returned = 0;
+        if (level != 2) return Fail(ERROR_INVALID_LEVEL);
+        const auto server = PrintServer::Named(server_name ? server_name : u"");
+        if (!server) return FALSE;
+        const auto names = PortNames(*server);
+        const BOOL good = FillBuffer(buffer, size, needed,
+                                     [&](LevelWriter& writer) { FillPorts(writer, names); });
+        if (good) *returned = static_cast<DWORD>(names.size());
+        return good;
+    });
+}

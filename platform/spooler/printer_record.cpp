@@ -1,0 +1,174 @@
+#include "spooler/printer_record.h"
+
+#include "spooler/ansi.h"
+
+#include <algorithm>
+#include <cstddef>
+#include <cstring>
+
+namespace win32host {
+namespace {
+
+constexpr size_t kLongestName = 220;
+
+struct TextValue {
+    const char16_t* name;
+    std::u16string PrinterRecord::*member;
+};
+constexpr TextValue kTexts[] = {
+    {u"Share Name", &PrinterRecord::share_name},
+    {u"Port", &PrinterRecord::port},
+    {u"Printer Driver", &PrinterRecord::driver},
+    {u"Description", &PrinterRecord::comment},
+    {u"Location", &PrinterRecord::location},
+    {u"Separator File", &PrinterRecord::separator_file},
+    {u"Print Processor", &PrinterRecord::print_processor},
+    {u"Datatype", &PrinterRecord::datatype},
+    {u"Parameters", &PrinterRecord::parameters},
+};
+
+struct NumberValue {
+    const char16_t* name;
+    DWORD PrinterRecord::*member;
+};
+constexpr NumberValue kNumbers[] = {
+    {u"Attributes", &PrinterRecord::attributes},
+    {u"Priority", &PrinterRecord::priority},
+    {u"Default Priority", &PrinterRecord::default_priority},
+    {u"StartTime", &PrinterRecord::start_time},
+    {u"UntilTime", &PrinterRecord::until_time},
+    {u"Status", &PrinterRecord::status},
+};
+
+const std::u16string kName = u"Name";
+const std::u16string kDevMode = u"Default DevMode";
+
+std::optional<PrinterRecord> ReadKey(const RegistryKey& key) {
+    const RegistryValues values = key.ReadValues();
+    PrinterRecord record;
+    record.name = values.Text(kName);
+    if (record.name.empty()) return std::nullopt;
+    for (const TextValue& text : kTexts) record.*text.member = values.Text(text.name);
+    for (const NumberValue& number : kNumbers) record.*number.member = values.Number(number.name);
+    const std::vector<BYTE> dev_mode = values.Bytes(kDevMode);
+    record.dev_mode = CheckedDevMode(dev_mode.data(), dev_mode.size());
+    return record;
+}
+
+// A DEVMODEW that reaches less far than this tells nothing about itself.
+constexpr size_t kSmallestDevMode = offsetof(DEVMODEW, dmFields) + sizeof(DWORD);
+
+} // namespace
+
+bool IsPrinterName(std::u16string_view name) {
+    return !name.empty() && name.size() <= kLongestName &&
+           name.find(u'\\') == std::u16string_view::npos;
+}
+
+std::optional<PrinterRecord> ReadPrinter(const PrintServer& server, const std::u16string& name) {
+    RegistryKey key;
+    if (!IsPrinterName(name) || server.OpenPrinter(name, key) != ERROR_SUCCESS) return std::nullopt;
+    return ReadKey(key);
+}
+
+LSTATUS WritePrinter(const RegistryKey& key, const PrinterRecord& record,
+                     const PrinterRecord& old) {
+    const bool all = old.name.empty();
+    LSTATUS status = ERROR_SUCCESS;
+    const auto then = [&](LSTATUS next) {
+        if (status == ERROR_SUCCESS) status = next;
+    };
+    for (const TextValue& text : kTexts) {
+        if (all || record.*text.member != old.*text.member)
+            then(key.SetText(text.name, record.*text.member));
+    }
+    for (const NumberValue& number : kNumbers) {
+        if (all || record.*number.member != old.*number.member)
+            then(key.SetNumber(number.name, record.*number.member));
+    }
+    if (record.dev_mode != old.dev_mode)
+        then(key.SetBytes(kDevMode, record.dev_mode.data(), record.dev_mode.size()));
+    if (status == ERROR_SUCCESS && record.name != old.name)
+        status = key.SetText(kName, record.name);
+    return status;
+}
+
+LSTATUS ErasePrinter(const PrintServer& server, const std::u16string& name) {
+    {
+        RegistryKey key;
+        if (const LSTATUS status = server.OpenPrinter(name, key); status != ERROR_SUCCESS)
+            return status;
+        if (const LSTATUS status = key.DeleteValue(kName); status != ERROR_SUCCESS) return status;
+    }
+    RegistryKey printers;
+    if (const LSTATUS status = server.OpenPrinters(printers); status != ERROR_SUCCESS)
+        return status;
+    return printers.DeleteTree(name);
+}
+
+std::vector<PrinterRecord> ReadPrinters(const PrintServer& server, bool shared_only) {
+    std::vector<PrinterRecord> records;
+    RegistryKey printers;
+    if (server.OpenPrinters(printers) != ERROR_SUCCESS) return records;
+    for (const std::u16string& name : printers.SubkeyNames()) {
+        RegistryKey key;
+        if (key.Open(printers.get(), name) != ERROR_SUCCESS) continue;
+        auto record = ReadKey(key);
+        if (record && (!shared_only || record->attributes & PRINTER_ATTRIBUTE_SHARED))
+            records.push_back(std::move(*record));
+    }
+    return records;
+}
+
+std::vector<BYTE> CheckedDevMode(const void* bytes, size_t size) {
+    if (size < kSmallestDevMode) return {};
+    WORD public_size, private_size;
+    const BYTE* start = static_cast<const BYTE*>(bytes);
+    std::memcpy(&public_size, start + offsetof(DEVMODEW, dmSize), sizeof public_size);
+    std::memcpy(&private_size, start + offsetof(DEVMODEW, dmDriverExtra), sizeof private_size);
+    const size_t whole = size_t{public_size} + private_size;
+    if (public_size < kSmallestDevMode || whole > size) return {};
+    return {start, start + whole};
+}
+
+std::vector<BYTE> CheckedDevMode(const DEVMODEW* dev_mode) {
+    if (!dev_mode) return {};
+    return CheckedDevMode(dev_mode, size_t{dev_mode->dmSize} + dev_mode->dmDriverExtra);
+}
+
+std::vector<BYTE> AnsiDevMode(const std::vector<BYTE>& dev_mode) {
+    if (dev_mode.empty()) return {};
+    // The layouts differ in their two names only, so what lies between and behind them moves.
+    constexpr size_t name = sizeof(DEVMODEW::dmDeviceName), form = offsetof(DEVMODEW, dmFormName),
+                     tail = form + sizeof(DEVMODEW::dmFormName);
+    WORD public_size;
+    std::memcpy(&public_size, dev_mode.data() + offsetof(DEVMODEW, dmSize), sizeof public_size);
+
+    const auto text = [&](size_t offset, size_t end) {
+        std::u16string units((std::min<size_t>(end, public_size) - offset) / sizeof(WCHAR), u'\0');
+        std::memcpy(units.data(), dev_mode.data() + offset, units.size() * sizeof(WCHAR));
+        std::string ansi = Ansi(units.substr(0, units.find(u'\0')));
+        ansi.resize(CCHDEVICENAME - 1);
+        ansi.push_back('\0');
+        return ansi;
+    };
+    std::vector<BYTE> result;
+    const auto append = [&](size_t from, size_t to) {
+        if (from < to) result.insert(result.end(), dev_mode.data() + from, dev_mode.data() + to);
+    };
+    static_assert(CCHDEVICENAME == CCHFORMNAME);
+    const std::string device = text(0, name);
+    result.assign(device.begin(), device.end());
+    append(name, std::min<size_t>(form, public_size));
+    if (public_size > form) {
+        const std::string form_name = text(form, tail);
+        result.insert(result.end(), form_name.begin(), form_name.end());
+    }
+    append(tail, public_size);
+    const WORD ansi_size = static_cast<WORD>(result.size());
+    append(public_size, dev_mode.size());
+    std::memcpy(result.data() + offsetof(DEVMODEA, dmSize), &ansi_size, sizeof ansi_size);
+    return result;
+}
+
+} // namespace win32host

@@ -1,0 +1,58 @@
+// One printer as the registry keeps it.
+#pragma once
+
+#include "spooler/print_server.h"
+
+#include <winspool.h>
+
+#include <optional>
+#include <string>
+#include <vector>
+
+namespace win32host {
+
+struct PrinterRecord {
+    std::u16string name;
+    std::u16string share_name;
+    std::u16string port;
+    std::u16string driver;
+    std::u16string comment;
+    std::u16string location;
+    std::u16string separator_file;
+    std::u16string print_processor;
+    std::u16string datatype;
+    std::u16string parameters;
+    std::vector<BYTE> dev_mode; // a whole DEVMODEW, or nothing
+    DWORD attributes = 0;
+    DWORD priority = 0;
+    DWORD default_priority = 0;
+    DWORD start_time = 0;
+    DWORD until_time = 0;
+    DWORD status = 0;
+};
+
+// What can be a printer's name: not empty, no backslash, at most 220 characters.
+bool IsPrinterName(std::u16string_view name);
+
+// The printer's record as it is now, or nothing when there is no such printer.
+std::optional<PrinterRecord> ReadPrinter(const PrintServer& server, const std::u16string& name);
+
+// Writes what differs from `old` (an empty record when there was no printer). The name is written
+// last: a printer without one does not exist, so that nobody finds half a printer.
+LSTATUS WritePrinter(const RegistryKey& key, const PrinterRecord& record, const PrinterRecord& old);
+
+// Ends the printer for all who look for it, then removes its key with all printer data.
+LSTATUS ErasePrinter(const PrintServer& server, const std::u16string& name);
+
+// The printers in the order of their installation. `shared_only` leaves out the others.
+std::vector<PrinterRecord> ReadPrinters(const PrintServer& server, bool shared_only);
+
+// The DEVMODEW in `size` bytes, cut to what it says of itself; nothing when they are none.
+std::vector<BYTE> CheckedDevMode(const void* bytes, size_t size);
+// The same of a caller's structure, which is as long as it says.
+std::vector<BYTE> CheckedDevMode(const DEVMODEW* dev_mode);
+
+// The same settings with their names in the ANSI code page, a DEVMODEA.
+std::vector<BYTE> AnsiDevMode(const std::vector<BYTE>& dev_mode);
+
+} // namespace win32host

@@ -1,0 +1,226 @@
+// Opening, asking, changing, adding and deleting printers.
+#include "host/text.h"
+#include "spooler/opened_printer.h"
+#include "spooler/ports.h"
+#include "spooler/printer_levels.h"
+
+#include <winddiui.h>
+
+using namespace win32host;
+
+namespace {
+
+constexpr ACCESS_MASK kChanging = PRINTER_ACCESS_ADMINISTER | SERVER_ACCESS_ADMINISTER |
+                                  JOB_ACCESS_ADMINISTER | DELETE | WRITE_DAC | WRITE_OWNER |
+                                  GENERIC_ALL;
+constexpr DWORD kHighestPriority = 99;
+
+std::u16string Copy(LPCWSTR text) {
+    return text ? text : u"";
+}
+
+std::u16string CopyOr(LPCWSTR text, const char16_t* usual) {
+    return text && *text ? text : usual;
+}
+
+// What the caller's structure makes of a printer that is `old` so far. Fields that are not the
+// caller's stay.
+PrinterRecord RecordOf(const PRINTER_INFO_2W& info, const PrinterRecord& old) {
+    PrinterRecord record = old;
+    record.name = SplitPrinterName(Copy(info.pPrinterName)).printer;
+    record.share_name = Copy(info.pShareName);
+    record.port = Copy(info.pPortName);
+    record.driver = Copy(info.pDriverName);
+    record.comment = Copy(info.pComment);
+    record.location = Copy(info.pLocation);
+    record.separator_file = Copy(info.pSepFile);
+    record.print_processor = CopyOr(info.pPrintProcessor, u"WinPrint");
+    record.datatype = CopyOr(info.pDatatype, u"RAW");
+    record.parameters = Copy(info.pParameters);
+    if (info.pDevMode) record.dev_mode = CheckedDevMode(info.pDevMode);
+    record.attributes =
+        (info.Attributes & ~DWORD{PRINTER_ATTRIBUTE_NETWORK | PRINTER_ATTRIBUTE_DEFAULT}) |
+        PRINTER_ATTRIBUTE_LOCAL;
+    record.priority = info.Priority ? info.Priority : 1;
+    record.default_priority = info.DefaultPriority ? info.DefaultPriority : 1;
+    record.start_time = info.StartTime;
+    record.until_time = info.UntilTime;
+    return record;
+}
+
+// Whether the printer can be what the record says. What it was before stays good.
+DWORD Check(const PrintServer& server, const PrinterRecord& record, const PrinterRecord& old) {
+    if (!SameName(record.driver, old.driver) && !ReadDriver(server, record.driver))
+        return ERROR_UNKNOWN_PRINTER_DRIVER;
+    if (!SameName(record.port, old.port) && !IsUsablePort(server, record.port))
+        return ERROR_UNKNOWN_PORT;
+    if (record.priority > kHighestPriority || record.default_priority > kHighestPriority)
+        return ERROR_INVALID_PRIORITY;
+    return ERROR_SUCCESS;
+}
+
+BOOL Answer(HANDLE handle, LPDWORD needed, bool known_level, const auto& fill) {
+    auto printer = FindPrinter(handle);
+    if (!printer) return FALSE;
+    if (!needed) return Fail(ERROR_INVALID_PARAMETER);
+    if (!known_level) return Fail(ERROR_INVALID_LEVEL);
+    const auto record = printer->Record();
+    return record ? fill(ShownPrinter{&*record, &printer->Server()}) : FALSE;
+}
+
+DWORD Add(const PrintServer& server, const PrinterRecord& record) {
+    if (const DWORD code = Check(server, record, {})) return code;
+    SpoolerLock lock(server);
+    if (ReadPrinter(server, record.name)) return ERROR_PRINTER_ALREADY_EXISTS;
+    RegistryKey printers, key;
+    LSTATUS status = server.CreatePrinters(printers);
+    if (status != ERROR_SUCCESS) return static_cast<DWORD>(status);
+    // What somebody who was stopped has left of a printer.
+    printers.DeleteTree(record.name);
+    status = key.Create(printers.get(), record.name + u"\\PrinterDriverData");
+    if (status == ERROR_SUCCESS) status = RegisterPort(server, record.port);
+    if (status == ERROR_SUCCESS) status = key.Open(printers.get(), record.name, KEY_ALL_ACCESS);
+    if (status == ERROR_SUCCESS) status = WritePrinter(key, record, {});
+    return static_cast<DWORD>(status);
+}
+
+} // namespace
+
+extern "C" BOOL WINAPI OpenPrinterW(LPWSTR name, LPHANDLE handle, LPPRINTER_DEFAULTSW defaults) {
+    return Guarded(FALSE, [&] {
+        if (!handle) return Fail(ERROR_INVALID_PARAMETER);
+        *handle = nullptr;
+        const PrinterName parts = SplitPrinterName(Copy(name));
+        auto server = PrintServer::Named(parts.server);
+        if (!server) return FALSE;
+        std::u16string printer;
+        if (!parts.printer.empty() || (parts.server.empty() && name && *name)) {
+            const auto record = ReadPrinter(*server, parts.printer);
+            if (!record) return Fail(ERROR_INVALID_PRINTER_NAME);
+            printer = record->name;
+        }
+        ACCESS_MASK access = PRINTER_ACCESS_USE;
+        if (defaults && defaults->DesiredAccess) access = defaults->DesiredAccess;
+        if (access & kChanging && !MayAdminister()) return Fail(ERROR_ACCESS_DENIED);
+        if (access & GENERIC_ALL) access |= PRINTER_ALL_ACCESS;
+        *handle = NewHandle(std::make_shared<OpenedPrinter>(server, printer, access));
+        return BOOL{*handle != nullptr};
+    });
+}
+
+extern "C" BOOL WINAPI ClosePrinter(HANDLE handle) {
+    return Guarded(FALSE, [&] { return BOOL{Close<OpenedPrinter>(handle) != nullptr}; });
+}
+
+extern "C" BOOL WINAPI GetPrinterW(HANDLE handle, DWORD level, LPBYTE buffer, DWORD size,
+                                   LPDWORD needed) {
+    return Guarded(FALSE, [&] {
+        return Answer(handle, needed, IsPrinterLevel(level), [&](const ShownPrinter& printer) {
+            return FillBuffer(buffer, size, needed, [&](LevelWriter& writer) {
+                PrinterStructures(writer, level, 1);
+                PutPrinter(writer, level, 0, printer);
+            });
+        });
+    });
+}
+
+extern "C" BOOL WINAPI GetPrinterA(HANDLE handle, DWORD level, LPBYTE buffer, DWORD size,
+                                   LPDWORD needed) {
+    return Guarded(FALSE, [&] {
+        return Answer(handle, needed, level == 2, [&](const ShownPrinter& printer) {
+            return FillBuffer(buffer, size, needed,
+                              [&](LevelWriter& writer) { PutPrinterA(writer, printer); });
+        });
+    });
+}
+
+extern "C" BOOL WINAPI SetPrinterW(HANDLE handle, DWORD level, LPBYTE info, DWORD command) {
+    return Guarded(FALSE, [&] {
+        auto printer = FindPrinter(handle);
+        if (!printer) return FALSE;
+        if (level != 2) return Fail(ERROR_INVALID_LEVEL);
+        if (command) return Fail(ERROR_INVALID_PRINTER_COMMAND);
+        if (!info) return Fail(ERROR_INVALID_PARAMETER);
+        if (!printer->Has(PRINTER_ACCESS_ADMINISTER)) return Fail(ERROR_ACCESS_DENIED);
+        const PrintServer& server = printer->Server();
+        const auto& wanted = *reinterpret_cast<const PRINTER_INFO_2W*>(info);
+
+        PRINTER_EVENT_ATTRIBUTES_INFO attributes = {sizeof attributes, 0, 0};
+        std::u16string driver;
+        {
+            SpoolerLock lock(server);
+            const auto old = printer->Record();
+            if (!old) return FALSE;
+            const PrinterRecord record = RecordOf(wanted, *old);
+            if (record.name != old->name) return Fail(ERROR_INVALID_PRINTER_NAME);
+            if (wanted.pDevMode && record.dev_mode.empty()) return Fail(ERROR_INVALID_PARAMETER);
+            if (const DWORD code = Check(server, record, *old)) return Fail(code);
+            RegistryKey key;
+            LSTATUS status = server.OpenPrinter(printer->Printer(), key);
+            if (status == ERROR_SUCCESS && !SameName(record.port, old->port))
+                status = RegisterPort(server, record.port);
+            if (status == ERROR_SUCCESS) status = WritePrinter(key, record, *old);
+            if (status != ERROR_SUCCESS) return Fail(static_cast<DWORD>(status));
+            attributes.dwOldAttributes = old->attributes;
+            attributes.dwNewAttributes = record.attributes;
+            driver = record.driver;
+        }
+        if (attributes.dwOldAttributes != attributes.dwNewAttributes) {
+            if (const auto library = LoadDriver(driver))
+                library->RaisePrinterEvent(printer->FullName(), PRINTER_EVENT_ATTRIBUTES_CHANGED,
+                                           PRINTER_EVENT_FLAG_NO_UI,
+                                           reinterpret_cast<LPARAM>(&attributes));
+        }
+        return TRUE;
+    });
+}
+
+extern "C" HANDLE WINAPI AddPrinterW(LPWSTR server_name, DWORD level, LPBYTE info) {
+    return Guarded(HANDLE{}, [&]() -> HANDLE {
+        const auto fail = [](DWORD code) {
+            SetLastError(code);
+            return HANDLE{};
+        };
+        auto server = PrintServer::Named(Copy(server_name));
+        if (!server) return nullptr;
+        if (!server->IsLocal()) return fail(ERROR_NOT_SUPPORTED);
+        if (level != 2) return fail(ERROR_INVALID_LEVEL);
+        if (!info) return fail(ERROR_INVALID_PARAMETER);
+        if (!MayAdminister()) return fail(ERROR_ACCESS_DENIED);
+        const auto& wanted = *reinterpret_cast<const PRINTER_INFO_2W*>(info);
+        PrinterRecord record = RecordOf(wanted, {});
+        record.name = Copy(wanted.pPrinterName);
+        if (!IsPrinterName(record.name)) return fail(ERROR_INVALID_PRINTER_NAME);
+        if (wanted.pDevMode && record.dev_mode.empty()) return fail(ERROR_INVALID_PARAMETER);
+        if (const DWORD code = Add(*server, record)) return fail(code);
+
+        const HANDLE handle =
+            NewHandle(std::make_shared<OpenedPrinter>(server, record.name, PRINTER_ALL_ACCESS));
+        // A driver that fails here, or cannot be loaded, has a printer all the same.
+        if (const auto library = LoadDriver(record.driver))
+            library->RaisePrinterEvent(record.name, PRINTER_EVENT_INITIALIZE,
+                                       PRINTER_EVENT_FLAG_NO_UI, 0);
+        return handle;
+    });
+}
+
+extern "C" BOOL WINAPI DeletePrinter(HANDLE handle) {
+    return Guarded(FALSE, [&] {
+        auto printer = FindPrinter(handle);
+        if (!printer) return FALSE;
+        if (!printer->Has(PRINTER_ACCESS_ADMINISTER)) return Fail(ERROR_ACCESS_DENIED);
+        const auto record = printer->Record();
+        if (!record) return FALSE;
+        if (const auto library = LoadDriver(record->driver))
+            library->RaisePrinterEvent(printer->FullName(), PRINTER_EVENT_DELETE,
+                                       PRINTER_EVENT_FLAG_NO_UI, 0);
+        {
+            SpoolerLock lock(printer->Server());
+            const LSTATUS status = ErasePrinter(printer->Server(), printer->Printer());
+            if (status == ERROR_FILE_NOT_FOUND) return Fail(ERROR_PRINTER_DELETED);
+            if (status != ERROR_SUCCESS) return Fail(static_cast<DWORD>(status));
+        }
+        DropDriver(record->driver);
+        return TRUE;
+    });
+}
