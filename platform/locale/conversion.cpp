@@ -2,7 +2,7 @@
 #include "locale/code_page.h"
 #include "locale/facts.h"
 
-#include <cstring>
+#include <cstddef>
 
 namespace win32host {
 namespace {
@@ -19,7 +19,7 @@ public:
     bool Put(const Unit* units, size_t count) {
         if (buffer_) {
             if (count > size_ - used_) return false;
-            std::memcpy(buffer_ + used_, units, count * sizeof(Unit));
+            for (size_t i = 0; i < count; ++i) buffer_[used_ + i] = units[i];
         }
         used_ += count;
         return true;
@@ -114,15 +114,16 @@ int ToUtf8(DWORD flags, LPCWSTR text, size_t units, Sink<char> sink) {
             if (flags & WC_ERR_INVALID_CHARS) return Fail(ERROR_NO_UNICODE_TRANSLATION);
             c = kReplacement;
         }
+        if (c < 0x80) {
+            if (!sink.Put(static_cast<char>(c))) return sink.Finish(false);
+            continue;
+        }
         char out[4];
         size_t count;
         const auto tail = [&](unsigned shift) {
             return static_cast<char>(0x80 | ((c >> shift) & 0x3F));
         };
-        if (c < 0x80) {
-            out[0] = static_cast<char>(c);
-            count = 1;
-        } else if (c < 0x800) {
+        if (c < 0x800) {
             out[0] = static_cast<char>(0xC0 | (c >> 6));
             out[1] = tail(0);
             count = 2;
