@@ -55,6 +55,11 @@
 #define RT_GROUP_ICON MAKEINTRESOURCEW(14)
 #define RT_VERSION MAKEINTRESOURCEW(16)
 
+#define MF_BYCOMMAND 0x00000000
+#define MF_BYPOSITION 0x00000400
+
+using MENUTEMPLATEW = void; // of either form; the functions tell them apart
+
 #pragma GCC visibility push(default)
 extern "C" {
 
@@ -62,6 +67,20 @@ extern "C" {
 // the units before it, 0 when there is no such text. With size 0, `buffer` is an LPCWSTR that
 // receives the place of the text itself, which has no terminator.
 int WINAPI LoadStringW(HINSTANCE module, UINT id, LPWSTR buffer, int size);
+
+// ---- Menus --------------------------------------------------------------------------------------
+
+// Makes a menu from the bytes of a menu resource; null when they are no menu.
+HMENU WINAPI LoadMenuIndirectW(const MENUTEMPLATEW* menu_template);
+// Destroys the menu and all below it.
+BOOL WINAPI DestroyMenu(HMENU menu);
+int WINAPI GetMenuItemCount(HMENU menu); // -1 when it is no menu
+HMENU WINAPI GetSubMenu(HMENU menu, int position);
+// 0xFFFFFFFF for a popup or when there is no such item.
+UINT WINAPI GetMenuItemID(HMENU menu, int position);
+// The text of the item at a position (MF_BYPOSITION) or of a command anywhere below, cut to `size`
+// units with its terminator; its length alone without a buffer.
+int WINAPI GetMenuStringW(HMENU menu, UINT item, LPWSTR buffer, int size, UINT flags);
 
 // The system's own formatter: %c %C %d %hc %hd %hs %hu %i %lc %ld %li %ls %lu %lx %lX %p %s %S %u
 // %x %X and the 64-bit %I64d %I64i %I64u %I64x %I64X, with the flags '-', '0' and '#', a width and

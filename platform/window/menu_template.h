@@ -1,0 +1,25 @@
+// Menu templates, as menu resources hold them.
+#pragma once
+
+#include <cstdint>
+#include <optional>
+#include <span>
+#include <string>
+#include <vector>
+
+namespace win32host {
+
+struct MenuItem {
+    uint32_t id = 0; // 0 for a separator
+    bool is_popup = false;
+    std::u16string text;
+    std::vector<MenuItem> items; // of a popup
+};
+
+// Reads a template of either form, standard or extended. Nothing when it ends before its last item
+// does or is nested deeper than any menu.
+#pragma GCC visibility push(default) // the fuzz target looks inside
+std::optional<std::vector<MenuItem>> ReadMenuTemplate(std::span<const uint8_t> bytes);
+#pragma GCC visibility pop
+
+} // namespace win32host
