@@ -1,0 +1,170 @@
+#include "model/data_set.h"
+
+#include <gtest/gtest.h>
+
+#include <string>
+
+#include "model/data_file_text.h"
+
+namespace {
+
+// A file of its own with one table, and a set on the section M of it.
+struct TableSet {
+    explicit TableSet(const std::string& text)
+        : file("")
+        , set(&file) {
+        const std::string bytes = Record("Model.d", text);
+        file.Parse(bytes.data(), bytes.size());
+        set.SetTable("Model:M");
+    }
+
+    OResourceFile file;
+    ODataSet set;
+};
+
+std::string Get(ODataSet& set, const char* key) {
+    return set.GetString(key, "(default)").nstring();
+}
+
+} // namespace
+
+TEST(DataTable, SetsAndAppendsProperties) {
+    const struct {
+        const char* lines;
+        const char* key;
+        const char* value;
+    } cases[] = {
+        {"Key=value", "Key", "value"},
+        {" \t Key \t = \t some value \t ", "Key", "some value"},
+        {"Key=1\nKey=2", "Key", "2"},
+        {"Key=1\nKey=", "Key", ""},
+        {"Key=a=b", "Key", "a=b"},
+        {"=value", "", "value"},
+        {"key=value", "Key", "(default)"},
+        {"!Key=9", "Key", "(default)"},
+        {"Key", "Key", "(default)"},
+        {"Key+=A\nKey+=B", "Key", "A,B"},
+        {"Key=\nKey += A ", "Key", "A"},
+        {"Key=A\nKey+=", "Key", "A,"},
+        {"Key=A\nKey+=B+=C", "Key", "A,B+=C"},
+        {"Key=A+=B", "Key=A", "B"}, // an appending anywhere in the line comes first
+        {"Key+=A\nKey=B", "Key", "B"},
+        {"Key + = A", "Key +", "A"},
+        {"Key=\xE4\xF6", "Key", "\xE4\xF6"},
+    };
+    for (const auto& c : cases) {
+        TableSet table(std::string("[M]\n") + c.lines);
+        EXPECT_EQ(Get(table.set, c.key), c.value) << c.lines;
+    }
+}
+
+TEST(DataTable, LaterLinesOverrideEarlierOnesAcrossSections) {
+    TableSet below("[.default]\nSpeed=2\n[M]\nSpeed=4\nOptions+=A\n[N]\nOptions+=B\n");
+    EXPECT_EQ(Get(below.set, "Speed") + Get(below.set, "Options"), "4A");
+    below.set.SetTable("N");
+    EXPECT_EQ(Get(below.set, "Speed") + Get(below.set, "Options"), "2B");
+    below.set.SetTable("O");
+    EXPECT_EQ(Get(below.set, "Speed") + Get(below.set, "Options"), "2(default)");
+
+    TableSet above("[M]\nSpeed=4\n[.default]\nSpeed=2\n");
+    EXPECT_EQ(Get(above.set, "Speed"), "2");
+}
+
+TEST(DataSet, SelectsTablesAndSections) {
+    OResourceFile file("");
+    const std::string bytes =
+        Record("Model.d", "[A]\nk=model a\n[B]\nk=model b\n") + Record("Font.d", "[A]\nk=font a\n");
+    file.Parse(bytes.data(), bytes.size());
+    ODataSet set(&file);
+    EXPECT_EQ(Get(set, "k"), "(default)");
+    const struct {
+        const char* select;
+        const char* value;
+    } steps[] = {
+        {"Model:A", "model a"},   {"B", "model b"},       {"Font:A", "font a"},
+        {"B", "(default)"},       {"MODEL:B", "model b"}, {"None:A", "(default)"},
+        {"Model:a", "(default)"}, {"Model:A", "model a"},
+    };
+    for (const auto& step : steps) {
+        set.SetTable(step.select);
+        EXPECT_EQ(Get(set, "k"), step.value) << step.select;
+    }
+}
+
+TEST(DataSet, GivesDefaultsWithoutAFile) {
+    ODataSet set;
+    set.SetTable("Model:A");
+    OStringArray values;
+    values.Add("old");
+    set.GetStringArray("k", values);
+    EXPECT_EQ(values.GetSize(), 0);
+    EXPECT_EQ(Get(set, "k"), "(default)");
+    EXPECT_EQ(set.GetInt("k", 7), 7);
+    EXPECT_TRUE(set.GetBool("k", true));
+    EXPECT_FALSE(set.GetFlag("k", "a"));
+    EXPECT_FALSE(set.PropertyExists("k"));
+}
+
+TEST(DataSet, ReadsFlagsAndNumbersFromText) {
+    enum Flag { False, True, Default };
+    const struct {
+        const char* text;
+        Flag flag;
+        int32_t number;
+    } cases[] = {
+        {"true", True, 0},
+        {"Yes", True, 0},
+        {"ON", True, 0},
+        {"1", True, 1},
+        {"False", False, 0},
+        {"no", False, 0},
+        {"off", False, 0},
+        {"0", False, 0},
+        {"2", Default, 2},
+        {"truly", Default, 0},
+        {"  -12abc", Default, -12},
+        {"abc", Default, 0},
+        {"", Default, 77},
+        {"99999999999", Default, 2000000000},
+    };
+    for (const auto& c : cases) {
+        TableSet table(std::string("[M]\nk=") + c.text);
+        EXPECT_EQ(table.set.GetBool("k", true), c.flag != False) << c.text;
+        EXPECT_EQ(table.set.GetBool("k", false), c.flag == True) << c.text;
+        EXPECT_EQ(table.set.GetInt("k", 77), c.number) << c.text;
+        EXPECT_EQ(table.set.PropertyExists("k"), *c.text != 0) << c.text;
+    }
+}
+
+TEST(DataSet, FindsFlagsInLists) {
+    TableSet table("[M]\nk=A,b,C c\n");
+    EXPECT_TRUE(table.set.GetFlag("k", "B"));
+    EXPECT_TRUE(table.set.GetFlag("k", "c C"));
+    EXPECT_FALSE(table.set.GetFlag("k", "C"));
+    EXPECT_FALSE(table.set.GetFlag("k", "A,b"));
+    EXPECT_FALSE(table.set.GetFlag("none", ""));
+    OStringArray values;
+    table.set.GetStringArray("k", values);
+    ASSERT_EQ(values.GetSize(), 3);
+    EXPECT_STREQ(values[2].nstring(), "C c");
+}
+
+TEST(DataSet, LetsASubclassRenameKeysForAllQueries) {
+    class Suffixed : public ODataSet {
+    public:
+        using ODataSet::ODataSet;
+        OString GetString(const OString& key, const OString& default_value) override {
+            const OString own = key + "(X)";
+            return ODataSet::GetString(PropertyExists(own) ? own : key, default_value);
+        }
+    };
+    OResourceFile file("");
+    const std::string bytes = Record("T.d", "[M]\nk=1\nk(X)=0,a\nn=5\n");
+    file.Parse(bytes.data(), bytes.size());
+    Suffixed set(&file);
+    set.SetTable("T:M");
+    EXPECT_EQ(Get(set, "k"), "0,a");
+    EXPECT_EQ(set.GetInt("k", 9), 0);
+    EXPECT_TRUE(set.GetFlag("k", "A"));
+    EXPECT_EQ(set.GetInt("n", 9), 5);
+}

@@ -1,0 +1,45 @@
+#include "model/property_set.h"
+
+#include <gtest/gtest.h>
+
+TEST(PropertySet, KeepsTextsUnderNamesThatCountCase) {
+    OPropertySet set;
+    set.SetString("Name", "a");
+    set.SetString("name", "b");
+    set.SetString("Name", "c");
+    set.SetString("empty", "");
+    EXPECT_STREQ(set.GetString("Name", "?").nstring(), "c");
+    EXPECT_STREQ(set.GetString("name", "?").nstring(), "b");
+    EXPECT_STREQ(set.GetString("empty", "?").nstring(), "");
+    EXPECT_STREQ(set.GetString("NAME", "?").nstring(), "?");
+    EXPECT_EQ(set.GetCount(), 3);
+    set.Clear();
+    EXPECT_STREQ(set.GetString("Name", "?").nstring(), "?");
+    EXPECT_EQ(set.GetCount(), 0);
+}
+
+TEST(PropertySet, KeepsNumbersAndFlagsAsDecimalText) {
+    OPropertySet set;
+    set.SetInt("n", -42);
+    set.SetBool("b", true);
+    EXPECT_STREQ(set.GetString("n", "").nstring(), "-42");
+    EXPECT_STREQ(set.GetString("b", "").nstring(), "1");
+    set.SetString("n", " 12 mm");
+    EXPECT_EQ(set.GetInt("n", 7), 12);
+    EXPECT_TRUE(set.GetBool("n", false));
+    set.SetString("n", "no");
+    EXPECT_EQ(set.GetInt("n", 7), 0);
+    EXPECT_FALSE(set.GetBool("n", true));
+    set.SetString("n", "");
+    EXPECT_EQ(set.GetInt("n", 7), 7);
+    EXPECT_TRUE(set.GetBool("n", true));
+    EXPECT_FALSE(set.GetBool("none", false));
+}
+
+TEST(PropertySet, NamesItsProperties) {
+    OPropertySet set;
+    for (int i = 0; i < 100; ++i) set.SetInt(OString("P") << i, i);
+    int64_t sum = 0;
+    for (int i = 0; i < set.GetCount(); ++i) sum += set.GetInt(set.GetName(i), -1000);
+    EXPECT_EQ(sum, 4950);
+}

@@ -1,0 +1,71 @@
+#include "model/resource_cache.h"
+
+#include <string>
+#include <thread>
+#include <vector>
+
+#include "model/data_file_text.h"
+#include "model/data_set.h"
+#include "support/host_test.h"
+
+namespace {
+
+class ResourceCache : public HostTest {
+protected:
+    ResourceCache() { OResourceCache::Initialize(); }
+    ~ResourceCache() override { OResourceCache::Free(); }
+};
+
+using ResourceCacheThreads = ResourceCache;
+
+} // namespace
+
+TEST_F(ResourceCache, ReadsAFileOnce) {
+    WriteFile("zpl.ddt", Record("A", "a"));
+    OResourceFile* file = OResourceCache::GetResourceFile("C:\\zpl.ddt");
+    ASSERT_NE(file, nullptr);
+    WriteFile("zpl.ddt", Record("A", "changed"));
+    EXPECT_EQ(OResourceCache::GetResourceFile("C:\\zpl.ddt"), file);
+    EXPECT_EQ(Content(*file, "A"), "a");
+    EXPECT_NE(OResourceCache::GetResourceFile("C:\\other.ddt"), file);
+}
+
+TEST_F(ResourceCache, RemembersThatAFileWasMissing) {
+    OResourceFile* file = OResourceCache::GetResourceFile("C:\\zpl.ddt");
+    ASSERT_NE(file, nullptr);
+    WriteFile("zpl.ddt", Record("A", "a"));
+    EXPECT_EQ(OResourceCache::GetResourceFile("C:\\zpl.ddt"), file);
+    EXPECT_EQ(Content(*file, "A"), "(none)");
+}
+
+TEST_F(ResourceCache, HasNoFilesOutsideItsLife) {
+    OResourceCache::Free();
+    EXPECT_EQ(OResourceCache::GetResourceFile("C:\\zpl.ddt"), nullptr);
+    OResourceCache::Initialize();
+    EXPECT_NE(OResourceCache::GetResourceFile("C:\\zpl.ddt"), nullptr);
+}
+
+// Every thread opens the file, decompresses, parses and queries at the same time as the others.
+TEST_F(ResourceCacheThreads, ReadTheSameTables) {
+    std::string text = "[.default]\nShared = yes\n";
+    for (int i = 0; i < 50; ++i) {
+        const std::string n = std::to_string(i);
+        text.append("[M").append(n).append("]\nNumber = ").append(n).append("\n");
+    }
+    WriteFile("zpl.ddt", Record("Model.d", text) + Record("Font.d", text));
+
+    std::vector<std::string> faults(4);
+    std::vector<std::thread> threads;
+    for (std::string& fault : faults)
+        threads.emplace_back([&fault] {
+            ODataSet set(OResourceCache::GetResourceFile("C:\\zpl.ddt"));
+            for (const char* table : {"Model:", "Font:"})
+                for (int i = 0; i < 50; ++i) {
+                    set.SetTable(OString(table) << "M" << i);
+                    if (set.GetInt("Number", -1) != i || !set.GetBool("Shared", false))
+                        fault.append(table).append(std::to_string(i)).append(" ");
+                }
+        });
+    for (std::thread& thread : threads) thread.join();
+    for (const std::string& fault : faults) EXPECT_EQ(fault, "");
+}

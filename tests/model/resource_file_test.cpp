@@ -1,0 +1,114 @@
+#include "model/resource_file.h"
+
+#include <filesystem>
+#include <string>
+
+#include "model/data_file_text.h"
+#include "support/host_test.h"
+
+namespace {
+
+void Parse(OResourceFile& file, const std::string& bytes) {
+    file.Parse(bytes.data(), bytes.size());
+}
+
+} // namespace
+
+using ResourceFile = HostTest;
+
+TEST_F(ResourceFile, FindsTheFirstResourceOfANameInEitherCase) {
+    WriteFile("driver\\zpl.ddt", Record("Driver.d", "one") + Record("DRIVER.D", "two") +
+                                     Record("Model.d", std::string(100000, 'x')));
+    OResourceFile file("");
+    ASSERT_TRUE(file.Load("C:\\driver\\zpl.ddt"));
+    EXPECT_EQ(Content(file, "driver.D"), "one");
+    EXPECT_EQ(Content(file, "Model.d"), std::string(100000, 'x'));
+    EXPECT_EQ(Content(file, "Font.d"), "(none)");
+    EXPECT_STREQ(file.GetPath().nstring(), "C:\\driver\\zpl.ddt");
+}
+
+TEST_F(ResourceFile, IsNotMadeByLoadingIt) {
+    OResourceFile file("");
+    std::filesystem::create_directories(OnDriveC("driver"));
+    EXPECT_FALSE(file.Load("C:\\driver\\zpl.ddt"));
+    EXPECT_FALSE(std::filesystem::exists(OnDriveC("driver\\zpl.ddt")));
+}
+
+TEST_F(ResourceFile, IsModifiedUntilItIsLoaded) {
+    WriteFile("zpl.ddt", Record("A", "a"));
+    const std::string container = Container("b");
+    OResourceFile file("C:\\zpl.ddt");
+    file.Add(new OResource("B", container.data(), static_cast<uint32_t>(container.size())));
+    EXPECT_TRUE(file.IsModified());
+    EXPECT_EQ(Content(file, "B"), "b");
+    ASSERT_TRUE(file.Load("C:\\zpl.ddt"));
+    EXPECT_FALSE(file.IsModified());
+    EXPECT_EQ(Content(file, "A") + Content(file, "B"), "ab");
+}
+
+TEST(ResourceFileRecords, EndAtALengthOfZero) {
+    OResourceFile file("");
+    Parse(file, Record("A", "a") + LittleEndian(0) + Record("B", "b"));
+    EXPECT_EQ(Content(file, "A"), "a");
+    EXPECT_EQ(Content(file, "B"), "(none)");
+}
+
+TEST(ResourceFileRecords, MayHaveNamesWithATerminator) {
+    OResourceFile file("");
+    Parse(file, Record(std::string("A.d\0", 4), "a") + Record("", "nameless") + Record("B", "b"));
+    EXPECT_EQ(Content(file, "A.d"), "a");
+    EXPECT_EQ(Content(file, ""), "nameless");
+    EXPECT_EQ(Content(file, "B"), "b");
+}
+
+TEST(ResourceFileRecords, ReadAsEmptyWhenTheirContainerIsNotSound) {
+    const std::string sound = Container("0123456789");
+    std::string huge = sound;
+    huge.replace(4, 4, LittleEndian(0xFFFFFFFF));
+    std::string corrupt = sound;
+    corrupt.back() = static_cast<char>(corrupt.back() + 1);
+    const struct {
+        const char* what;
+        std::string payload;
+    } cases[] = {
+        {"nothing", ""},
+        {"not a container", "0123456789abcdef"},
+        {"a claim of 4 GB", huge},
+        {"a wrong checksum", corrupt},
+        {"cut short", sound.substr(0, sound.size() - 1)},
+    };
+    for (const auto& c : cases) {
+        OResourceFile file("");
+        Parse(file, RawRecord("A", c.payload) + Record("B", "b"));
+        EXPECT_EQ(Content(file, "A"), "") << c.what;
+        EXPECT_EQ(Content(file, "A"), "") << c.what << ", asked again";
+        EXPECT_EQ(Content(file, "B"), "b") << c.what;
+    }
+}
+
+TEST(ResourceFileRecords, KeepWhatComesBeforeADamagedOne) {
+    const std::string whole = Record("B", "b");
+    const std::string tail = whole.substr(8);
+    const struct {
+        const char* what;
+        std::string bytes;
+        const char* b;
+    } cases[] = {
+        {"half a length", whole.substr(0, 2), "(none)"},
+        {"only a length", whole.substr(0, 4), "(none)"},
+        {"cut in the name", whole.substr(0, 8), "(none)"},
+        {"cut behind the name", whole.substr(0, 9), ""},
+        {"cut in the container", whole.substr(0, whole.size() - 1), ""},
+        {"longer than the file", LittleEndian(0xFFFFFFFF) + LittleEndian(9) + tail, "b"},
+        {"header too short", LittleEndian(30) + LittleEndian(7) + tail, "(none)"},
+        {"header beyond the record", LittleEndian(20) + LittleEndian(21) + tail, "(none)"},
+        {"a name of 4 GB", LittleEndian(0xFFFFFFFF) + LittleEndian(0xFFFFFFFF) + tail, "(none)"},
+        {"shorter than its head", LittleEndian(1) + LittleEndian(9) + tail, "(none)"},
+    };
+    for (const auto& c : cases) {
+        OResourceFile file("");
+        Parse(file, Record("A", "a") + c.bytes);
+        EXPECT_EQ(Content(file, "A"), "a") << c.what;
+        EXPECT_EQ(Content(file, "B"), c.b) << c.what;
+    }
+}

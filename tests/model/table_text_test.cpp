@@ -1,0 +1,88 @@
+#include "model/table_text.h"
+
+#include <gtest/gtest.h>
+
+#include <string>
+
+namespace {
+
+TableText Parsed(const std::string& text) {
+    TableText table;
+    table.Parse(text.data(), static_cast<uint32_t>(text.size()));
+    return table;
+}
+
+// The lines of a section, each followed by "|".
+std::string Section(const TableText& table, const char* section) {
+    std::string lines;
+    table.ReadSection(section, [&lines](const char* line, uint32_t length) {
+        lines.append(line, length) += '|';
+    });
+    return lines;
+}
+
+} // namespace
+
+TEST(TableText, ReadsASectionWithTheDefaultSectionInTheOrderOfTheText) {
+    const struct {
+        const char* what;
+        std::string text;
+        const char* section;
+        const char* lines;
+    } cases[] = {
+        {"default in front", "[.default]\nd\n[A]\na\n[B]\nb\n", "A", "d|a|"},
+        {"default behind", "[A]\na\n[.default]\nd\n[B]\nb\n", "A", "a|d|"},
+        {"default between", "[A]\na\n[.default]\nd\n[A]\nb\n[.default]\ne\n", "A", "a|d|b|e|"},
+        {"several times", "[A]\na\n[B]\nb\n[A]\nc\n[A]\nd\n", "A", "a|c|d|"},
+        {"only the default", "[B]\nb\n[.default]\nd\n", "A", "d|"},
+        {"the default by its name", "[B]\nb\n[.default]\nd\n[.default]\ne\n", ".default", "d|e|"},
+        {"before any section", "x=1\n[A]\na\n", "A", "a|"},
+        {"case of the name", "[a]\na\n[A]\nb\n", "A", "b|"},
+        {"the empty name", "[]\na\n[A]\nb\n", "", "a|"},
+        {"a name with brackets", "[A]\na\n[[A]]\nb\n", "[A]", "b|"},
+        {"no such section", "[B]\nb\n", "A", ""},
+        {"a name that continues another", "[AB]\nb\n[A]\na\n", "A", "a|"},
+        {"comments and empty lines", "[A]\n!x=1\n\na\n \n", "A", "a| |"},
+        {"a comment with blanks in front is none", "[A]\n !a\n", "A", " !a|"},
+        {"an unfinished bracket closes", "[A]\na\n[A\nb\n", "A", "a|"},
+        {"a blank behind the bracket closes", "[A]\na\n[A] \nb\n", "A", "a|"},
+        {"a blank in front of the bracket is text", "[A]\na\n [B]\nb\n", "A", "a| [B]|b|"},
+        {"carriage returns", "[A]\r\na\r\nb\rc\r\n", "A", "a|bc|"},
+        {"no line feed at the end", "[A]\na\nb", "A", "a|b|"},
+        {"a NUL ends the text", std::string("[A]\na\nb\0c\nd\n", 12), "A", "a|b|"},
+    };
+    for (const auto& c : cases) EXPECT_EQ(Section(Parsed(c.text), c.section), c.lines) << c.what;
+}
+
+TEST(TableText, FindsEachOfManySectionsWhateverTheirOrder) {
+    std::string text;
+    for (int i = 0; i < 500; ++i) {
+        const std::string name = "S" + std::to_string(i * 7919 % 500);
+        text.append("[").append(name).append("]\n").append(name).append("\n");
+    }
+    const TableText table = Parsed(text + "[.default]\nd\n");
+    for (int i = 0; i < 500; ++i) {
+        const std::string name = "S" + std::to_string(i);
+        EXPECT_EQ(Section(table, name.c_str()), name + "|d|");
+    }
+    // Names that would stand directly in front of and behind the default section.
+    EXPECT_EQ(Section(table, ".defaul"), "d|");
+    EXPECT_EQ(Section(table, ".default^"), "d|");
+}
+
+TEST(TableText, KeepsEveryLine) {
+    const TableText table = Parsed("!c\r\n\n[A]\nkey = \xE4\nlast");
+    const char* const lines[] = {"!c", "", "[A]", "key = \xE4", "last"};
+    ASSERT_EQ(table.GetLineCount(), std::size(lines));
+    for (uint32_t i = 0; i < std::size(lines); ++i)
+        EXPECT_STREQ(table.GetLine(i).nstring(), lines[i]);
+    EXPECT_EQ(Parsed("a\n").GetLineCount(), 1u);
+}
+
+TEST(TableText, IsEmptyWithoutText) {
+    TableText table = Parsed("[A]\na\n");
+    table.Parse(nullptr, 0);
+    EXPECT_EQ(table.GetLineCount(), 0u);
+    EXPECT_EQ(Section(table, "A"), "");
+    EXPECT_EQ(Section(Parsed(std::string(4, '\0')), ""), "");
+}
