@@ -3,6 +3,7 @@
 
 #include <windows.h>
 
+#include "core/obuffer.h"
 #include "core/ostring.h"
 #include "core/ostring_array.h"
 
@@ -123,7 +124,7 @@ protected:
 
     // One substitution rule on `s`. A `from` with a colon is a root and replaced at the start only,
     // in any case; any other is replaced wherever it stands, exactly.
-    static void Substitute(OString& s, const OString& from, const OString& to);
+    static void Substitute(OString& s, const char* from, const OString& to);
 
     // Rewrites a key path in place, so that it begins with the number of a registry root. A path
     // without a colon is left alone.
@@ -136,25 +137,33 @@ private:
     static OString SyntaxStandard(const OString& windows);
     static OString SyntaxWindows(const OString& standard);
 
-    // Resolves `name` against the base key, opens its key; `value` becomes the value's name.
-    bool OpenValue(const OString& name, bool create, OString& value);
+    // Resolves `name` against the base key, opens its key and runs `operation` (key, value name)
+    // on it; the error is that of the operation.
+    template <typename Operation>
+    LONG OnValue(const OString& name, bool create, Operation operation);
 
-    bool ExportKey(const OString& key, OStringArray& lines);
-    bool DeleteTree(const OString& path);
+    int EnumNames(const OString& key, OStringArray& names, bool keys);
     int EnumMatching(const OString& pattern, OStringArray& names, bool keys);
-    int EnumAll(const OString& key, OStringArray& names, bool keys);
 
-    // On an open handle.
+    // On a full path, substituted.
+    int EnumPath(const OString& path, OStringArray& names, bool keys);
+    bool DeletePath(const OString& path, bool recursive);
+    void ExportPath(const OString& path, OStringArray& lines);
+    // On a value of the open key.
+    void ExportValue(const OString& name, OStringArray& lines);
+
+    // On an open handle; the results are Win32 error codes.
     static void CloseKey(HKEY key);
-    static bool DeleteKey(HKEY key, const OString& name);
-    static bool DeleteValue(HKEY key, const OString& name);
-    static int32_t SetData(HKEY key, const OString& name, const void* data, uint32_t size,
-                           uint32_t type);
-    static int32_t GetData(HKEY key, const OString& name, void* buffer, uint32_t size);
-    static bool GetKeyInfo(HKEY key, uint32_t* keys, uint32_t* values);
-    static bool GetInfo(HKEY key, const OString& name, uint32_t* size, uint32_t* type);
-    static bool EnumKey(HKEY key, uint32_t index, OString& name);
-    static bool EnumValue(HKEY key, uint32_t index, OString& name);
+    static LONG DeleteKey(HKEY key, const OString& name);
+    static LONG DeleteValue(HKEY key, const OString& name);
+    static LONG SetData(HKEY key, const OString& name, const void* data, uint32_t size,
+                        uint32_t type);
+    static LONG GetData(HKEY key, const OString& name, void* buffer, uint32_t size,
+                        uint32_t& count);
+    static LONG GetKeyInfo(HKEY key, uint32_t* keys, uint32_t* values);
+    static LONG GetInfo(HKEY key, const OString& name, uint32_t* size, uint32_t* type);
+    static LONG EnumKey(HKEY key, uint32_t index, OBuffer<WCHAR>& name);
+    static LONG EnumValue(HKEY key, uint32_t index, OBuffer<WCHAR>& name);
 
     HKEY key_ = nullptr;
     OString path_;     // of the open key, substituted; empty when none is open

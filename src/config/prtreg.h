@@ -63,8 +63,8 @@ public:
     bool IsShadow() const { return shadow_; }
     void SetShadow(bool shadow);
 
-    // The keys that a shadow copy covers: each subkey of the driver data as "DATA:name", except
-    // "(shadow)", then each subkey of the machine-wide settings as "LOCAL:name".
+    // The keys that a shadow copy covers, as paths: each subkey of the driver data as "DATA:name",
+    // except "(shadow)", then each subkey of the machine-wide settings as "LOCAL:name".
     void EnumShadowKeys(OStringArray& keys);
 
     // Whether the spooler's bidirectional support is switched on for the printer.

@@ -79,8 +79,8 @@ public:
     // The OEM code: the fourth and fifth character of the data file's name, in lower case ("qv").
     OString GetOEM() const;
 
-    // The printer name without its server: what follows the last backslash when there is one at
-    // or after the third character, otherwise the whole name.
+    // The printer name without its server: what follows the first backslash at or after the third
+    // character when there is one, otherwise the whole name.
     OString PrinterPart() const;
 
     // True when the printer has no server. Also of a printer that the spooler does not know.
@@ -99,7 +99,10 @@ private:
     const DriverRecord& Driver() const;
     void FetchPrinter() const;
     void FetchDriver() const;
-    void KeepDevMode(const void* dev_mode, uint32_t size) const;
+    // Copies the DEVMODE inside the spooler's `record`; dmSize and dmDriverExtra lie at
+    // `size_offset` of it.
+    void KeepDevMode(const void* dev_mode, const OBuffer<unsigned char>& record,
+                     size_t size_offset) const;
 
     void* const handle_;
     mutable OString name_;

@@ -1,0 +1,64 @@
+// The text work of the registry store, on UTF-16 throughout so that no character is lost: a text
+// that grows, and the escapes of key and value names.
+#pragma once
+
+#include <windows.h>
+
+#include "core/obuffer.h"
+#include "core/ostring.h"
+
+// A UTF-16 text that grows at its end in constant time per character. When memory runs out, what
+// does not fit is dropped.
+class WideText {
+public:
+    void Add(WCHAR c) { Add(&c, 1); }
+    void Add(const WCHAR* text, size_t length);
+    void Add(const OString& text);
+    void AddAscii(const char* text);
+    void Clear() { length_ = 0; }
+
+    size_t Length() const { return length_; }
+    // The text with a terminator; up to the next change.
+    const WCHAR* Text() const;
+    OString String() const { return OString(Text()); }
+
+private:
+    bool Reserve(size_t length);
+
+    OBuffer<WCHAR> buffer_;
+    size_t length_ = 0;
+};
+
+size_t WideLength(const WCHAR* text);
+
+// Compares with the letters a to z folded, nothing else.
+bool EqualNoCase(const OString& a, const OString& b);
+
+// True when `text` begins with `prefix` (ASCII), letters a to z folded.
+bool BeginsNoCase(const WCHAR* text, const char* prefix);
+
+bool HasCharacter(const OString& text, char c);
+
+// `text` with every `from` (ASCII) replaced by `to`, in one pass; what was put in is not searched
+// again.
+OString ReplaceText(const OString& text, const char* from, const OString& to);
+
+// A path as it is written, in the form that is worked with: doubled characters become percent
+// escapes, backslashes become slashes.
+OString EscapeDoubled(const OString& path);
+
+// Undoes percent escapes: "%" and two hexadecimal digits become the character with that code, a
+// code of 0 vanishes. A "%" that two hexadecimal digits do not follow stays. Each escape is decoded
+// once, so that "%252F" is "%2F".
+OString DecodeName(const OString& name);
+
+// Splits a path at its last ":" or "/": the colon stays with the key, the slash goes. False when it
+// has neither; nothing is changed then.
+bool SplitPath(const OString& path, OString& key, OString& name);
+
+// Two parts of a path with a slash between, which is left out behind a root, another slash and
+// nothing.
+OString JoinPath(const OString& key, const OString& name);
+
+// The decimal form of a number without sign.
+OString FormatUnsigned(uint32_t n);

@@ -1,0 +1,263 @@
+// Whole keys: enumeration, deletion, and the conversion to and from text.
+
+#include "config/oregistry.h"
+
+#include <cstring>
+
+#include "config/oregistry_names.h"
+#include "config/oregistry_text.h"
+#include "core/obuffer.h"
+
+namespace {
+
+constexpr uint32_t MaxKeyName = 260;
+constexpr uint32_t MaxValueName = 16384; // the registry's own limit, with its terminator
+
+bool HasWildcard(const OString& name) {
+    return HasCharacter(name, '*') || HasCharacter(name, '?');
+}
+
+const struct {
+    const char* standard;
+    const char* windows;
+} Roots[] = {
+    {"0:", "HKEY_CLASSES_ROOT"},
+    {"1:", "HKEY_CURRENT_USER"},
+    {"2:", "HKEY_LOCAL_MACHINE"},
+    {"3:", "HKEY_USERS"},
+};
+
+} // namespace
+
+LONG ORegistry::EnumKey(HKEY key, uint32_t index, OBuffer<WCHAR>& name) {
+    return RegEnumKeyW(key, index, name.GetData(), name.GetSize());
+}
+
+LONG ORegistry::EnumValue(HKEY key, uint32_t index, OBuffer<WCHAR>& name) {
+    DWORD length = name.GetSize();
+    return RegEnumValueW(key, index, name.GetData(), &length, nullptr, nullptr, nullptr, nullptr);
+}
+
+LONG ORegistry::DeleteKey(HKEY key, const OString& name) {
+    return RegDeleteKeyW(key, name.wstring());
+}
+
+LONG ORegistry::DeleteValue(HKEY key, const OString& name) {
+    return RegDeleteValueW(key, name.wstring());
+}
+
+int ORegistry::EnumPath(const OString& path, OStringArray& names, bool keys) {
+    OBuffer<WCHAR> name;
+    name.SetSize(keys ? MaxKeyName : MaxValueName);
+    HKEY key = name.GetData() ? OpenKey(path, false) : nullptr;
+    if (!key) return -1;
+    names.SetSize(0);
+    for (uint32_t i = 0; (keys ? EnumKey(key, i, name) : EnumValue(key, i, name)) == ERROR_SUCCESS;
+         ++i) {
+        names.Add(OString(name.GetData()));
+    }
+    CloseKey(key);
+    return names.GetSize();
+}
+
+int ORegistry::EnumNames(const OString& key, OStringArray& names, bool keys) {
+    OString path = key;
+    OString value;
+    return GetKeyAndValue(path, value) ? EnumPath(path, names, keys) : -1;
+}
+
+int ORegistry::EnumKeys(const OString& key, OStringArray& names) {
+    return EnumNames(key, names, true);
+}
+
+int ORegistry::EnumValues(const OString& key, OStringArray& names) {
+    return EnumNames(key, names, false);
+}
+
+int ORegistry::EnumMatching(const OString& pattern, OStringArray& names, bool keys) {
+    OString path = base_key_;
+    OString name = pattern;
+    if (!GetKeyAndValue(path, name)) return -1;
+    if (!HasWildcard(name)) return EnumNames(pattern, names, keys);
+    OStringArray all;
+    if (EnumPath(path, all, keys) < 0) return -1;
+    names.SetSize(0);
+    for (int i = 0; i < all.GetSize(); ++i) {
+        if (all[i].MatchPattern(name)) names.Add(all[i]);
+    }
+    return names.GetSize();
+}
+
+int ORegistry::EnumMatchingKeys(const OString& pattern, OStringArray& names) {
+    return EnumMatching(pattern, names, true);
+}
+
+int ORegistry::EnumMatchingValues(const OString& pattern, OStringArray& names) {
+    return EnumMatching(pattern, names, false);
+}
+
+bool ORegistry::DeletePath(const OString& path, bool recursive) {
+    if (recursive) {
+        OStringArray names;
+        EnumPath(path, names, true);
+        for (int i = 0; i < names.GetSize(); ++i) {
+            DeletePath(JoinPath(path, EncodeName(names[i])), true);
+        }
+    }
+    OString parent;
+    OString name;
+    SplitPath(path, parent, name);
+    return SetKey(parent, false) && DeleteKey(key_, DecodeName(name)) == ERROR_SUCCESS;
+}
+
+bool ORegistry::Delete(const OString& name, bool recursive) {
+    OString key = base_key_;
+    OString value = name;
+    bool deleted = false;
+    if (*name.wstring() && GetKeyAndValue(key, value)) {
+        // A name may end with its key: "LOCAL:" or "LOCAL:Printers/".
+        OString path = key;
+        if (*value.wstring()) path = JoinPath(key, EncodeName(value));
+        OString parent;
+        OString last;
+        SplitPath(path, parent, last);
+        // No key has a backslash in its name; the registry would take it for two keys.
+        const bool may_be_key = *last.wstring() && !HasCharacter(value, '\\');
+        if (may_be_key && SetKey(path, false)) {
+            deleted = DeletePath(path, recursive);
+        } else if (*value.wstring() && SetKey(key, false)) {
+            deleted = DeleteValue(key_, value) == ERROR_SUCCESS;
+        }
+    }
+    // What was open may be gone.
+    ReleaseKey();
+    return deleted;
+}
+
+bool ORegistry::DeletePattern(const OString& pattern) {
+    OString path = base_key_;
+    OString name = pattern;
+    if (!GetKeyAndValue(path, name)) return false;
+    if (!HasWildcard(name)) {
+        Delete(pattern, true);
+        return true;
+    }
+    OStringArray keys;
+    OStringArray values;
+    EnumMatchingKeys(pattern, keys);
+    EnumMatchingValues(pattern, values);
+    for (int i = 0; i < keys.GetSize(); ++i) {
+        DeletePath(JoinPath(path, EncodeName(keys[i])), true);
+    }
+    if (values.GetSize() > 0 && SetKey(path, false)) {
+        for (int i = 0; i < values.GetSize(); ++i) DeleteValue(key_, values[i]);
+    }
+    ReleaseKey();
+    return true;
+}
+
+OString ORegistry::SyntaxWindows(const OString& standard) {
+    OString path = standard;
+    for (const auto& root : Roots) {
+        if (!BeginsNoCase(path.wstring(), root.standard)) continue;
+        WideText windows;
+        windows.AddAscii(root.windows);
+        windows.Add('/');
+        windows.Add(OString(path.wstring() + 2));
+        path = windows.String();
+        break;
+    }
+    return DecodeName(ReplaceText(path, "/", "\\"));
+}
+
+OString ORegistry::SyntaxStandard(const OString& windows) {
+    OString path = EncodeName(windows);
+    for (const auto& root : Roots) {
+        const size_t length = std::strlen(root.windows);
+        if (!BeginsNoCase(path.wstring(), root.windows) || path.wstring()[length] != '\\') continue;
+        path = JoinPath(root.standard, OString(path.wstring() + length + 1));
+        break;
+    }
+    return ReplaceText(path, "\\", "/");
+}
+
+OString ORegistry::SubstituteWindowsSyntax(const OString& key) {
+    OString path = key;
+    OString value;
+    return GetKeyAndValue(path, value) ? SyntaxWindows(path) : OString();
+}
+
+bool ORegistry::Export(const OString& key, OStringArray& lines) {
+    OString path = key;
+    OString value;
+    if (!GetKeyAndValue(path, value)) return false;
+    ExportPath(path, lines);
+    return true;
+}
+
+void ORegistry::ExportPath(const OString& path, OStringArray& lines) {
+    WideText header;
+    header.Add('[');
+    header.Add(SyntaxWindows(path));
+    header.Add(']');
+    lines.Add(header.String());
+
+    OStringArray names;
+    if (EnumPath(path, names, false) > 0) {
+        base_key_ = path;
+        if (SetKey(path, false)) {
+            for (int i = 0; i < names.GetSize(); ++i) ExportValue(names[i], lines);
+        }
+    }
+    lines.Add(OString());
+
+    names.SetSize(0);
+    EnumPath(path, names, true);
+    for (int i = 0; i < names.GetSize(); ++i) {
+        ExportPath(JoinPath(path, EncodeName(names[i])), lines);
+    }
+}
+
+void ORegistry::ExportValue(const OString& name, OStringArray& lines) {
+    uint32_t size = 0;
+    uint32_t type = 0;
+    if (GetInfo(key_, name, &size, &type) != ERROR_SUCCESS) return;
+    OBuffer<unsigned char> data;
+    data.SetSize(size);
+    if (size > 0 &&
+        (!data.GetData() || GetData(key_, name, data.GetData(), size, size) != ERROR_SUCCESS)) {
+        return;
+    }
+    FormatRegistryValue(name, type, data.GetData(), size, lines);
+}
+
+bool ORegistry::Import(const OStringArray& lines) {
+    RegistryTextReader reader;
+    OString path;
+    bool resolved = false;
+    for (int i = 0; i < lines.GetSize(); ++i) {
+        switch (reader.Read(lines[i])) {
+        case RegistryTextReader::DeleteKey:
+            Delete(SyntaxStandard(reader.Key()), true);
+            break;
+        case RegistryTextReader::BeginKey: {
+            base_key_ = SyntaxStandard(reader.Key());
+            path = base_key_;
+            OString value;
+            resolved = GetKeyAndValue(path, value);
+            if (resolved && SetKey(path, true)) DeletePattern("*");
+            break;
+        }
+        case RegistryTextReader::StoreValue: {
+            const RegistryValue& value = reader.Value();
+            if (resolved && SetKey(path, true)) {
+                SetData(key_, value.name, value.data.GetData(), value.data.GetSize(), value.type);
+            }
+            break;
+        }
+        case RegistryTextReader::Nothing:
+            break;
+        }
+    }
+    return true;
+}

@@ -1,0 +1,161 @@
+#include "config/prtreg.h"
+
+#include <windows.h>
+#include <winspool.h>
+
+#include "config/oregistry_names.h"
+#include "driver/platform_flags.h"
+#include "driver/printer_info.h"
+
+namespace {
+
+enum ShadowMode { ShadowWhenRemote = 0, ShadowNever = 1, ShadowAlways = 2 };
+
+// A printer opened by its full name for administration, as long as the object lives.
+class AdministeredPrinter {
+public:
+    explicit AdministeredPrinter(const OString& name) {
+        // An empty name would open the print server.
+        if (name.IsEmpty()) return;
+        PRINTER_DEFAULTSW defaults = {nullptr, nullptr, PRINTER_ACCESS_ADMINISTER};
+        if (!OpenPrinterW(const_cast<WCHAR*>(name.wstring()), &handle_, &defaults)) {
+            handle_ = nullptr;
+        }
+    }
+    ~AdministeredPrinter() {
+        if (handle_) ClosePrinter(handle_);
+    }
+    AdministeredPrinter(const AdministeredPrinter&) = delete;
+    AdministeredPrinter& operator=(const AdministeredPrinter&) = delete;
+
+    HANDLE Get() const { return handle_; }
+
+private:
+    HANDLE handle_ = nullptr;
+};
+
+const char* DriverInfoKey() {
+    if (!winNT) return "PRINT:Environments/Windows 4.0/Drivers/[MODEL]";
+    return win2000 ? "PRINT:Environments/Windows NT x86/Drivers/Version-3/[MODEL]"
+                   : "PRINT:Environments/Windows NT x86/Drivers/Version-2/[MODEL]";
+}
+
+} // namespace
+
+prtreg::prtreg(const OString& printer_name) {
+    init(printer_name);
+}
+
+prtreg::prtreg(const PrinterInfo& printer) {
+    init(printer);
+}
+
+void prtreg::init(const OString& printer_name) {
+    init(PrinterInfo(printer_name));
+}
+
+void prtreg::init(const PrinterInfo& printer) {
+    ReleaseKey();
+    const bool known = printer.IsKnown();
+    printer_name_ = known ? printer.GetPrinterName() : OString();
+    printer_part_ = known ? printer.PrinterPart() : OString();
+    driver_name_ = printer.GetDriverName();
+    port_name_ = printer.GetPortName();
+    oem_ = printer.GetOEM();
+    server_name_ = printer.GetServerName();
+    if (BeginsNoCase(server_name_.wstring(), "\\\\")) server_name_ = server_name_.Mid(2);
+    remote_ = !printer.IsLocal();
+
+    shadow_ = false;
+    const unsigned char mode = GetByte("LOCAL:Printers/[PRINTER]/Shadow", ShadowWhenRemote);
+    SetShadow(mode == ShadowAlways || (mode == ShadowWhenRemote && remote_));
+}
+
+void prtreg::SetShadow(bool shadow) {
+    // The same path leads to another key from now on.
+    if (shadow != shadow_) ReleaseKey();
+    shadow_ = shadow;
+}
+
+void prtreg::SubstituteKey(OString& key) {
+    static const struct {
+        const char* from;
+        const char* to;
+    } roots[] = {
+        {"STOCK:", "LOCAL:Paper Sizes"},
+        {"SETTINGS:", "DATA:Settings"},
+        {"CACHE:", "DATA:Cache"},
+        {"FONTS:", "DATA:Downloaded Fonts"},
+        {"PRESETS:", "DATA:Presets"},
+        {"DEBUG:", "DATA:Development"},
+        {"USERSETTINGS:", "USER:Printers/[PRINTER]/Settings"},
+        {"DATA:", "PRINT:Printers/[PRINTER]/PrinterDriverData"},
+        {"MODEL:", "PRINT:Printers/[PRINTER]/PrinterDriverData/Model"},
+    };
+    if (!HasCharacter(key, ':')) return;
+    if (BeginsNoCase(key.wstring(), "DRIVER_INFO:")) {
+        Substitute(key, "DRIVER_INFO:", DriverInfoKey());
+    }
+    for (const auto& root : roots) {
+        if (BeginsNoCase(key.wstring(), root.from)) Substitute(key, root.from, root.to);
+    }
+
+    if (HasCharacter(key, '[')) {
+        Substitute(key, "[PRINTER]", EncodeName(printer_part_));
+        Substitute(key, "[MODEL]", EncodeName(driver_name_));
+        Substitute(key, "[PORT]", EncodeName(port_name_));
+        Substitute(key, "[SERVER]", server_name_);
+        Substitute(key, "[OEM]", oem_);
+    }
+    ORegistry::SubstituteKey(key);
+}
+
+HKEY prtreg::OpenKey(const OString& key, bool create) {
+    if (!shadow_) return ORegistry::OpenKey(key, create);
+
+    OString prefix = "1:Software/Valdrick/Drivers/";
+    if (!server_name_.IsEmpty()) prefix << "@" << server_name_ << "/";
+    // "Software" is not "SOFTWARE": the second rule leaves the results of the first alone.
+    OString shadow = ReplaceText(key, "2:SOFTWARE/Valdrick/Drivers", prefix + "LOCAL%3A");
+    shadow = ReplaceText(shadow, "1:SOFTWARE/Valdrick/Drivers", prefix + "USER%3A");
+    shadow = ReplaceText(shadow, "2:SYSTEM/CurrentControlSet/Control/Print", prefix + "PRINT%3A");
+    return ORegistry::OpenKey(shadow, create);
+}
+
+void prtreg::EnumShadowKeys(OStringArray& keys) {
+    keys.SetSize(0);
+    for (const char* root : {"DATA:", "LOCAL:"}) {
+        OStringArray names;
+        EnumKeys(root, names);
+        for (int i = 0; i < names.GetSize(); ++i) {
+            if (!EqualNoCase(names[i], "(shadow)")) keys.Add(OString(root) << EncodeName(names[i]));
+        }
+    }
+}
+
+bool prtreg::Enable_BiDirectional_On() {
+    const uint32_t attributes = GetDWORD("PRINT:Printers/[PRINTER]/Attributes", 0);
+    return (attributes & PRINTER_ATTRIBUTE_ENABLE_BIDI) != 0;
+}
+
+bool prtreg::DeletePrinterDataKey(const OString& name) {
+    return Delete(OString("DATA:") << ReplaceText(name, "/", "//"), false);
+}
+
+bool prtreg::GetPrinterDataW(const OString& name, uint32_t type, void* buffer, uint32_t size) {
+    const AdministeredPrinter printer(printer_name_);
+    if (!printer.Get()) return false;
+    DWORD found_type = type;
+    DWORD needed = 0;
+    const DWORD error = GetPrinterDataA(printer.Get(), const_cast<char*>(name.nstring()),
+                                        &found_type, static_cast<BYTE*>(buffer), size, &needed);
+    return error == ERROR_SUCCESS && needed > 0 && needed <= size;
+}
+
+bool prtreg::SetPrinterDataW(const OString& name, uint32_t type, const void* data, uint32_t size) {
+    const AdministeredPrinter printer(printer_name_);
+    if (!printer.Get()) return false;
+    auto* bytes = static_cast<BYTE*>(const_cast<void*>(data));
+    return SetPrinterDataA(printer.Get(), const_cast<char*>(name.nstring()), type, bytes, size) ==
+           ERROR_SUCCESS;
+}

@@ -1,0 +1,286 @@
+#include "config/oregistry_text.h"
+
+#include <string>
+#include <vector>
+
+#include "config/oregistry.h"
+#include "support/host_test.h"
+
+namespace {
+
+using Lines = std::vector<std::string>;
+
+class RegistryTextForm : public HostTest {
+protected:
+    Lines Export(const char* key) {
+        OStringArray lines;
+        EXPECT_TRUE(registry.Export(key, lines));
+        Lines result;
+        for (int i = 0; i < lines.GetSize(); ++i) {
+            OString line = lines[i];
+            line.SetCodePage(1208);
+            result.emplace_back(line.nstring());
+        }
+        return result;
+    }
+
+    void Import(const Lines& text) {
+        OStringArray lines;
+        for (const std::string& line : text) {
+            OString copy;
+            copy.SetCodePage(1208);
+            copy = line.c_str();
+            lines.Add(copy);
+        }
+        EXPECT_TRUE(registry.Import(lines));
+    }
+
+    ORegistry registry;
+};
+
+using RegistryImport = RegistryTextForm;
+
+const char Head[] = "[HKEY_CURRENT_USER\\T]";
+
+} // namespace
+
+TEST_F(RegistryTextForm, ShowsEachTypeInItsOwnWay) {
+    const unsigned char bytes[] = {0x01, 0xAB, 0xFF};
+    OStringArray list;
+    list.Add("a");
+    list.Add("b");
+    registry.SetString("1:T/string", "C:\\x \"y\"");
+    registry.SetDWORD("1:T/number", 0x1234ABCD);
+    registry.SetMultiString("1:T/list", list);
+    registry.SetBinary("1:T/bytes", bytes, 3);
+    registry.SetBinary("1:T/nothing", bytes, 0);
+    registry.SetData("1:T/other", bytes, 3, REG_EXPAND_SZ);
+    registry.SetInt("1:T/a%%b::c%5Cd%22", 1);
+    registry.SetInt("1:T/sub//key/deep/v", -1);
+    registry.SetString("1:T/last/s", "");
+    EXPECT_EQ(Export("CURRENT_USER:T"), (Lines{
+                                            "[HKEY_CURRENT_USER\\T]",
+                                            "\"string\"=\"C:\\\\x \\\"y\\\"\"",
+                                            "\"number\"=dword:1234abcd",
+                                            "\"list\"=hex(7):61,00,00,00,62,00,00,00,00,00",
+                                            "\"bytes\"=hex:01,ab,ff",
+                                            "\"nothing\"=hex:",
+                                            "\"other\"=hex(2):01,ab,ff",
+                                            "\"a%b:c\\\\d\\\"\"=hex:01,00,00,00",
+                                            "",
+                                            "[HKEY_CURRENT_USER\\T\\sub/key]",
+                                            "",
+                                            "[HKEY_CURRENT_USER\\T\\sub/key\\deep]",
+                                            "\"v\"=hex:ff,ff,ff,ff",
+                                            "",
+                                            "[HKEY_CURRENT_USER\\T\\last]",
+                                            "\"s\"=\"\"",
+                                            "",
+                                        }));
+    OStringArray lines;
+    EXPECT_FALSE(registry.Export("T", lines));
+    EXPECT_EQ(lines.GetSize(), 0);
+}
+
+TEST_F(RegistryTextForm, WrapsLongValuesAndReadsThemBack) {
+    for (const uint32_t size : {21u, 22u, 23u, 24u, 48u, 49u, 5000u}) {
+        std::string bytes;
+        for (uint32_t i = 0; i < size; ++i) bytes += static_cast<char>(i * 7);
+        registry.SetBinary("1:T/value", bytes.data(), size);
+        const Lines lines = Export("1:T");
+        for (size_t i = 1; i + 2 < lines.size(); ++i) {
+            // The first byte behind 76 characters begins the next line.
+            EXPECT_GT(lines[i].size(), 77u);
+            EXPECT_LE(lines[i].size(), 80u);
+            EXPECT_EQ(lines[i].substr(lines[i].size() - 2), ",\\");
+            EXPECT_EQ(lines[i + 1].substr(0, 2), "  ");
+            EXPECT_NE(lines[i + 1][2], ' ');
+        }
+        registry.Delete("1:T", true);
+        Import(lines);
+        std::string read(size, '-');
+        EXPECT_EQ(registry.GetBinary("1:T/value", read.data(), size), static_cast<int32_t>(size));
+        EXPECT_EQ(read, bytes) << size;
+        EXPECT_EQ(Export("1:T"), lines);
+    }
+}
+
+TEST_F(RegistryTextForm, WrapsBehindALongNameAndReadsItBack) {
+    const OString name = OString("1:T/") << std::string(90, 'n').c_str();
+    registry.SetInt(name, 0x01020304);
+    const Lines lines = Export("1:T");
+    ASSERT_EQ(lines.size(), 4u);
+    EXPECT_EQ(lines[1].substr(89), "nn\"=hex:\\");
+    EXPECT_EQ(lines[2], "  04,03,02,01");
+    registry.Delete("1:T", true);
+    Import(lines);
+    EXPECT_EQ(registry.GetInt(name, 0), 0x01020304);
+}
+
+TEST_F(RegistryTextForm, BringsBackEveryNameAndString) {
+    const char* texts[] = {"plain",  "",     "\"",     "\\",      "\\\"",        "\"\\\"", "a\"=b",
+                           "a\\\"=", "%41",  "a/b:c%", "x\\y\\",  "\"x\"",       " x ",    "=",
+                           "[k]",    "\\\\", ",",      "dword:1", "\xE2\x82\xAC"};
+    Lines text = {Head};
+    int index = 0;
+    for (const char* name : texts) {
+        OString wide;
+        wide.SetCodePage(1208);
+        wide = name;
+        // Written as a name of its own, whatever it holds.
+        OStringArray lines;
+        FormatRegistryValue(wide, REG_DWORD, reinterpret_cast<unsigned char*>(&index), 4, lines);
+        text.emplace_back(lines[0].nstring());
+        OString utf8 = lines[0];
+        utf8.SetCodePage(1208);
+        text.back() = utf8.nstring();
+        ++index;
+    }
+    Import(text);
+    OStringArray names;
+    ASSERT_EQ(registry.EnumValues("1:T", names), index);
+    for (int i = 0; i < index; ++i) {
+        OString name = names[i];
+        name.SetCodePage(1208);
+        EXPECT_STREQ(name.nstring(), texts[i]);
+    }
+    text.emplace_back("");
+    EXPECT_EQ(Export("1:T"), text);
+
+    for (const char* string : texts) {
+        OString wide;
+        wide.SetCodePage(1208);
+        wide = string;
+        registry.SetString("1:S/value", wide);
+        const Lines lines = Export("1:S");
+        registry.SetString("1:S/value", "changed");
+        Import(lines);
+        EXPECT_TRUE(registry.GetString("1:S/value", "missing") == wide) << string;
+    }
+}
+
+TEST_F(RegistryTextForm, KeepsStringsLongerThanAReadTakes) {
+    registry.SetString("1:T/long", OString(std::string(20000, 'x').c_str()));
+    const Lines lines = Export("1:T");
+    registry.Delete("1:T", true);
+    Import(lines);
+    EXPECT_EQ(registry.GetSize("1:T/long"), 40002);
+}
+
+TEST_F(RegistryTextForm, ReadsBackKeysWithTheirSubkeys) {
+    registry.SetInt("1:T/a//b/50%%/v", 1);
+    registry.SetInt("1:T/x::y/[z]/v", 2);
+    registry.SetInt("1:T/end]/v", 3);
+    const Lines lines = Export("1:T");
+    registry.Delete("1:T", true);
+    Import(lines);
+    EXPECT_EQ(Export("1:T"), lines);
+    EXPECT_EQ(registry.GetInt("1:T/a//b/50%%/v", 0), 1);
+    EXPECT_EQ(registry.GetInt("1:T/end]/v", 0), 3);
+}
+
+TEST_F(RegistryImport, ReplacesAKeyWithAllBelowIt) {
+    registry.SetInt("1:T/old", 1);
+    registry.SetInt("1:T/sub/old", 1);
+    registry.SetInt("1:Other/v", 1);
+    Import({Head, "\"new\"=dword:00000002"});
+    OStringArray names;
+    EXPECT_EQ(registry.EnumKeys("1:T", names), 0);
+    ASSERT_EQ(registry.EnumValues("1:T", names), 1);
+    EXPECT_STREQ(names[0].nstring(), "new");
+    EXPECT_EQ(registry.GetInt("1:Other/v", 0), 1);
+}
+
+TEST_F(RegistryImport, DeletesTheKeyOfAHeaderWithADash) {
+    registry.SetInt("1:T/sub/v", 1);
+    registry.SetInt("1:Keep/v", 1);
+    Import({"[-HKEY_CURRENT_USER\\T]", "[-]", "[-HKEY_CURRENT_USER\\]", "[-nonsense]"});
+    EXPECT_FALSE(registry.GetKeyInfo("1:T", nullptr, nullptr));
+    EXPECT_EQ(registry.GetInt("1:Keep/v", 0), 1);
+}
+
+TEST_F(RegistryImport, LeavesTheKeyAsBaseOfRelativeNames) {
+    Import({"[HKEY_CURRENT_USER\\T]", "\"v\"=\"x\""});
+    EXPECT_STREQ(registry.GetString("v", "").nstring(), "x");
+    ORegistry copy(registry);
+    EXPECT_STREQ(copy.GetString("v", "").nstring(), "x");
+}
+
+TEST_F(RegistryImport, StoresEachTypeFromItsText) {
+    Import({
+        "REGEDIT4",
+        "",
+        "\"stray\"=\"between keys\"",
+        "  [HKEY_CURRENT_USER\\T]\r\n",
+        "\t\"number\"=DWORD:0000000A",
+        "\"hex\"=HEX:01,fF,0a",
+        "\"expand\"=hex(2):61,00,\\",
+        "   62,00",
+        "\"list\"=hex(7):61,00,00,00,62,00",
+        "plain\"=\"unquoted name\"",
+        "\"tail\"=\"x\"\r\n",
+        "",
+        "\"after\"=\"the key's end\"",
+    });
+    const struct {
+        const char* name;
+        uint32_t type;
+        std::string bytes;
+    } cases[] = {
+        {"number", REG_DWORD, {"\x0A\0\0\0", 4}},
+        {"hex", REG_BINARY, {"\x01\xFF\x0A", 3}},
+        {"expand", REG_BINARY, {"a\0b\0", 4}},
+        {"list", REG_MULTI_SZ, {"a\0\0\0b\0\0\0\0\0", 10}},
+        {"tail", REG_SZ, {"x\0\0\0", 4}},
+    };
+    for (const auto& c : cases) {
+        const OString name = OString("1:T/") << c.name;
+        uint32_t type = 0;
+        char buffer[64];
+        EXPECT_TRUE(registry.GetInfo(name, nullptr, &type)) << c.name;
+        EXPECT_EQ(type, c.type) << c.name;
+        const int32_t size = registry.GetData(name, buffer, sizeof buffer, 0);
+        EXPECT_EQ(std::string(buffer, static_cast<size_t>(std::max(size, 0))), c.bytes) << c.name;
+    }
+    EXPECT_STREQ(registry.GetString("1:T/plain", "").nstring(), "unquoted name");
+    EXPECT_EQ(registry.GetSize("1:T/stray"), -1);
+    EXPECT_EQ(registry.GetSize("1:T/after"), -1);
+}
+
+TEST_F(RegistryImport, SurvivesWhatIsNoRegistryText) {
+    const std::string long_name(10000, 'n');
+    Import({
+        Head,
+        "\"odd\"=hex:1",
+        "\"odd2\"=hex:01,2",
+        "\"bad\"=hex:zz,!!",
+        "\"none\"=hex",
+        "\"short\"=dword:12",
+        "\"\"",
+        "\"",
+        "=",
+        "\"=",
+        "\"x\"=",
+        "\"x\"=\"",
+        "\"x\"=\"\\",
+        "\"x\"=\"\\\"",
+        "\"open",
+        "hex:00",
+        "\"list\"=hex(7):61",
+        "\"list2\"=hex(7):",
+        "\\\\\\",
+    });
+    Import({Head, "\"" + long_name + "\"=dword:00000001", "\"goes on\"=hex:01,"});
+    EXPECT_EQ(registry.GetInt(OString("1:T/") << long_name.c_str(), 0), 1);
+    EXPECT_EQ(registry.GetSize("1:T/goes on"), -1);
+    Import({"[", "[]", "\"2:SOFTWARE/v\"=\"x\"", "", "[HKEY_NOWHERE\\x]", "\"v\"=\"x\"", "",
+            "[HKEY_CURRENT_USER\\" + long_name + "]", "\"v\"=\"x\""});
+    EXPECT_EQ(registry.GetSize("2:SOFTWARE/v"), -1);
+    Import({});
+}
+
+TEST_F(RegistryImport, CutsBytesThatAreNotWhole) {
+    Import({Head, "\"odd\"=hex:1", "\"odd2\"=hex:01,2", "\"spaced\"=hex:01,02,"});
+    EXPECT_EQ(registry.GetSize("1:T/odd"), 0);
+    EXPECT_EQ(registry.GetSize("1:T/odd2"), 1);
+}
