@@ -1,0 +1,142 @@
+#include "config/network_policy.h"
+
+#include <win32host/control.h>
+
+#include "config/prtreg.h"
+#include "config/user_info.h"
+#include "driver/platform_flags.h"
+#include "support/printer_test.h"
+
+namespace {
+
+using win32host::Group;
+
+win32host::UserFacts User(std::vector<Group> groups) {
+    return {u"ann", u"SALES", u"DESK7", std::move(groups)};
+}
+
+Group Builtin(const char16_t* name, DWORD rid) {
+    return {Group::Builtin, name, u"", rid};
+}
+
+class CurrentUser : public PrinterTest {};
+
+class NetworkSharing : public PrinterTest {
+protected:
+    void AddLocal(DWORD attributes) {
+        ASSERT_TRUE(AddDriver("Model 1", "zplqv.ddt"));
+        ASSERT_TRUE(AddPrinter("Dock3", "Model 1", attributes));
+    }
+
+    void Connect() {
+        OnServer("SRV1", [&] { AddLocal(PRINTER_ATTRIBUTE_SHARED); });
+        WCHAR name[] = TEXT("\\\\SRV1\\Dock3");
+        ASSERT_TRUE(AddPrinterConnectionW(name));
+    }
+};
+
+using AccessLevels = NetworkSharing;
+
+const char Remote[] = "\\\\SRV1\\Dock3";
+
+} // namespace
+
+TEST_F(CurrentUser, HasTheLevelOfHisMightiestGroup) {
+    const Group admins = Builtin(u"Administrators", 544);
+    const Group power = Builtin(u"Power Users", 547);
+    const Group users = Builtin(u"Users", 545);
+    const Group guests = Builtin(u"Guests", 546);
+    const Group other = {Group::Alias, u"Packers", u"", 1005};
+    const struct {
+        std::vector<Group> groups;
+        int level;
+    } cases[] = {
+        {{guests, users, admins}, 3}, {{power, users}, 2}, {{users, power}, 2}, {{other, users}, 1},
+        {{guests, users}, 1},         {{guests}, 0},       {{other}, 0},        {{}, 0},
+    };
+    for (const auto& c : cases) {
+        win32host::SetUser(User(c.groups));
+        EXPECT_EQ(UserInfo().GetLevel(), c.level);
+    }
+}
+
+TEST_F(CurrentUser, HasHisLocalGroupsListedFirst) {
+    win32host::SetUser(User({{Group::DomainGroup, u"Clerks", u"SALES", 1200},
+                             Builtin(u"Users", 545),
+                             {Group::Alias, u"Packers", u"", 1005}}));
+    const UserInfo user;
+    EXPECT_STREQ(user.GetUser().nstring(), "ann");
+    EXPECT_STREQ(user.GetDomain().nstring(), "SALES");
+    EXPECT_STREQ(user.GetComputer().nstring(), "DESK7");
+    ASSERT_EQ(user.GetGroups().GetSize(), 3);
+    EXPECT_STREQ(user.GetGroups()[0].nstring(), "DESK7\\Users");
+    EXPECT_STREQ(user.GetGroups()[1].nstring(), "DESK7\\Packers");
+    EXPECT_STREQ(user.GetGroups()[2].nstring(), "SALES\\Clerks");
+}
+
+TEST_F(CurrentUser, IsAPlainUserWithoutNT) {
+    SetPlatformFlags("C:\\WINDOWS\\SYSTEM");
+    win32host::SetUser(User({Builtin(u"Administrators", 544)}));
+    const UserInfo user;
+    EXPECT_EQ(user.GetLevel(), 1);
+    ASSERT_EQ(user.GetGroups().GetSize(), 1);
+    EXPECT_STREQ(user.GetGroups()[0].nstring(), "DESK7\\Users");
+}
+
+TEST_F(NetworkSharing, OfALocalPrinterNeedsTheSwitchAndABidirectionalPort) {
+    for (const bool bidirectional : {false, true}) {
+        AddLocal(bidirectional ? PRINTER_ATTRIBUTE_ENABLE_BIDI : 0);
+        NetworkPolicy policy("Dock3");
+        EXPECT_EQ(policy.CanShareNetwork(), bidirectional);
+        EXPECT_EQ(policy.IsNetworkShared(), bidirectional);
+        policy.SetNetworkSharing(false);
+        EXPECT_FALSE(policy.IsNetworkShared());
+        EXPECT_EQ(policy.CanShareNetwork(), bidirectional);
+        EXPECT_EQ(prtreg("Dock3").GetByte("Settings:Network Sharing", 9), 0);
+        policy.SetNetworkSharing(true);
+        EXPECT_EQ(policy.IsNetworkShared(), bidirectional);
+
+        SetPlatformFlags("C:\\WINDOWS\\SYSTEM");
+        EXPECT_FALSE(policy.CanShareNetwork());
+        EXPECT_FALSE(policy.IsNetworkShared());
+        SetPlatformFlags("C:\\3");
+
+        WCHAR name[] = TEXT("Dock3");
+        PRINTER_DEFAULTSW all = {nullptr, nullptr, PRINTER_ALL_ACCESS};
+        HANDLE printer = nullptr;
+        ASSERT_TRUE(OpenPrinterW(name, &printer, &all));
+        ASSERT_TRUE(DeletePrinter(printer));
+        ClosePrinter(printer);
+    }
+}
+
+TEST_F(NetworkSharing, OfAConnectionIsOffWhenTheServerDoesNotAnswer) {
+    Connect();
+    NetworkPolicy policy(Remote);
+    EXPECT_FALSE(policy.IsNetworkShared());
+    EXPECT_FALSE(policy.CanShareNetwork());
+    // Nobody is kept from his own copy.
+    EXPECT_EQ(policy.GetAccessLevel(), 0);
+}
+
+TEST_F(NetworkSharing, OfAConnectionIsSwitchedForTheUserOutsideTheShadowTree) {
+    Connect();
+    NetworkPolicy(Remote).SetNetworkSharing(false);
+    EXPECT_EQ(ORegistry().GetByte("USER:Printers/Dock3/Network Sharing", 9), 0);
+}
+
+TEST_F(AccessLevels, OfALocalPrinterDependOnThePlatformUntilTheyAreSet) {
+    AddLocal(0);
+    NetworkPolicy policy("Dock3");
+    EXPECT_EQ(policy.GetAccessLevel(), 2);
+    EXPECT_EQ(policy.GetNetworkAccessLevel(), 2);
+    SetPlatformFlags("C:\\WINDOWS\\SYSTEM");
+    EXPECT_EQ(policy.GetAccessLevel(), 1);
+    EXPECT_EQ(policy.GetNetworkAccessLevel(), 1);
+    SetPlatformFlags("C:\\3");
+    policy.SetLocalAccessLevel(3);
+    policy.SetNetworkAccessLevel(0);
+    EXPECT_EQ(policy.GetAccessLevel(), 3);
+    EXPECT_EQ(policy.GetLocalAccessLevel(), 3);
+    EXPECT_EQ(policy.GetNetworkAccessLevel(), 0);
+}

@@ -1,0 +1,99 @@
+#include "support/printer_test.h"
+
+#include <win32host/control.h>
+
+#include <filesystem>
+#include <fstream>
+
+#include "driver/platform_flags.h"
+
+namespace fs = std::filesystem;
+
+namespace {
+
+WCHAR* Text(const OString& text) {
+    return const_cast<WCHAR*>(text.wstring());
+}
+
+} // namespace
+
+PrinterTest::PrinterTest() {
+    SetPlatformFlags("C:\\drivers\\3");
+}
+
+PrinterTest::~PrinterTest() {
+    SetPlatformFlags(OString());
+    win32host::ResetControl();
+}
+
+bool PrinterTest::AddDriver(const OString& driver, const OString& data_file, DWORD level) {
+    for (const char* file : {"zplui.dll", "zplui.hlp", "zplrender.dll", "zplvenu.dll"}) {
+        const fs::path path = fs::path(win32host::Root()) / "drive_c/stage" / file;
+        fs::create_directories(path.parent_path());
+        std::ofstream(path) << "";
+    }
+    std::ofstream(fs::path(win32host::Root()) / "drive_c/stage" / data_file.nstring()) << "";
+
+    const OString folder = "C:\\stage\\";
+    const OString module = folder + "zplui.dll";
+    const OString data = folder + data_file;
+    const OString help = folder + "zplui.hlp";
+    const WCHAR files[] = TEXT("C:\\stage\\zplrender.dll\0C:\\stage\\zplvenu.dll\0");
+    WCHAR manufacturer[] = TEXT("Maker");
+    WCHAR hardware[] = TEXT("HW1");
+    WCHAR provider[] = TEXT("Provider");
+    WCHAR raw[] = TEXT("RAW");
+
+    DRIVER_INFO_6W info = {};
+    info.cVersion = 3;
+    info.pName = Text(driver);
+    info.pDriverPath = Text(module);
+    info.pDataFile = Text(data);
+    info.pConfigFile = Text(module);
+    info.pHelpFile = Text(help);
+    info.pDependentFiles = const_cast<WCHAR*>(files);
+    info.pDefaultDataType = raw;
+    info.pszMfgName = manufacturer;
+    info.pszHardwareID = hardware;
+    info.pszProvider = provider;
+    // A level-3 record is the beginning of a level-6 one.
+    return AddPrinterDriverExW(nullptr, level, reinterpret_cast<BYTE*>(&info),
+                               APD_COPY_ALL_FILES | APD_COPY_FROM_DIRECTORY) != FALSE;
+}
+
+bool PrinterTest::AddPrinter(const OString& name, const OString& driver, DWORD attributes,
+                             DEVMODEW* dev_mode) {
+    WCHAR port[] = TEXT("FILE:");
+    WCHAR processor[] = TEXT("WinPrint");
+    WCHAR raw[] = TEXT("RAW");
+    WCHAR share[] = TEXT("SHARE");
+    WCHAR comment[] = TEXT("A comment");
+    PRINTER_INFO_2W info = {};
+    info.pPrinterName = Text(name);
+    info.pDriverName = Text(driver);
+    info.pPortName = port;
+    info.pPrintProcessor = processor;
+    info.pDatatype = raw;
+    info.pShareName = share;
+    info.pComment = comment;
+    info.pDevMode = dev_mode;
+    info.Attributes = attributes;
+    HANDLE printer = AddPrinterW(nullptr, 2, reinterpret_cast<BYTE*>(&info));
+    if (printer) ClosePrinter(printer);
+    return printer != nullptr;
+}
+
+std::string PrinterTest::EnterServer(const std::string& name) {
+    const std::string home = win32host::Root();
+    const fs::path machine = fs::path(home) / "machines" / name;
+    fs::create_directories(machine);
+    fs::create_directories(fs::path(home) / "servers");
+    const fs::path link = fs::path(home) / "servers" / name;
+    if (!fs::exists(link)) fs::create_directory_symlink(machine, link);
+    win32host::SetRoot(machine.string());
+    return home;
+}
+
+void PrinterTest::LeaveServer(const std::string& home) {
+    win32host::SetRoot(home);
+}

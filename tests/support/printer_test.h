@@ -1,0 +1,39 @@
+// The fixture of tests that need printers: installs made-up drivers and printers into the spooler.
+#pragma once
+
+#include <windows.h>
+#include <winspool.h>
+
+#include <string>
+
+#include "core/ostring.h"
+#include "support/host_test.h"
+
+// The module's platform flags are those of a version-3 driver.
+class PrinterTest : public HostTest {
+protected:
+    PrinterTest();
+    ~PrinterTest() override;
+
+    // Adds a driver whose files are empty: driver and configuration file "zplui.dll", help file
+    // "zplui.hlp", dependent files "zplrender.dll" and "zplvenu.dll", the data file as given.
+    // Level 6 adds manufacturer "Maker", hardware id "HW1" and provider "Provider".
+    bool AddDriver(const OString& driver, const OString& data_file, DWORD level = 6);
+
+    // Adds a printer of that driver on port "FILE:".
+    bool AddPrinter(const OString& name, const OString& driver, DWORD attributes = 0,
+                    DEVMODEW* dev_mode = nullptr);
+
+    // Makes another machine with a root folder of its own, "\\NAME", and does `work` there, as if
+    // this test ran on it. Then comes back.
+    template <typename Work>
+    void OnServer(const std::string& name, Work work) {
+        const std::string home = EnterServer(name);
+        work();
+        LeaveServer(home);
+    }
+
+private:
+    std::string EnterServer(const std::string& name);
+    void LeaveServer(const std::string& home);
+};
