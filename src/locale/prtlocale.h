@@ -103,7 +103,7 @@ public:
 
     // ---- Units ----------------------------------------------------------------------------------
 
-    // The user's choice, effective at once.
+    // The user's choice, effective at once. A number that is not among Units means inches.
     void SetNewUnits(int32_t units);
     int32_t GetUnits() const { return units_; }
 
@@ -134,7 +134,7 @@ public:
     OString dpi_to_string(int x, int y) const;
 
 private:
-    int32_t EffectiveUnits() const { return units_ ? units_ : system_units_; }
+    Units EffectiveUnits() const;
     void LoadUnitsLabel();
     void FreeLibraries();
     const void* FindResourceData(const WCHAR* name, const WCHAR* type, uint32_t* size) const;

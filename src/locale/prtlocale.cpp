@@ -1,0 +1,193 @@
+#include "locale/prtlocale.h"
+
+#include <cstring>
+
+#include "config/prtreg.h"
+#include "core/ascii.h"
+#include "core/ofile.h"
+#include "driver/driver_utility.h"
+#include "driver/printer_info.h"
+#include "model/prtmodel.h"
+
+namespace {
+
+constexpr int kLanguageWarning = 1299;
+
+constexpr char kFollowSystem[] = "sys";
+constexpr char kEnglish[] = "enu";
+
+constexpr prtlocale::Language kLanguages[] = {
+    {"enu", 1252, 0},    {"fra", 1252, 0},    {"deu", 1252, 0},    {"ita", 1252, 0},
+    {"esp", 1252, 0},    {"ptb", 1252, 0},    {"chs", 936, 1278},  {"cht", 950, 1279},
+    {"jpn", 932, 1275},  {"fin", 1252, 0},    {"dan", 1252, 0},    {"sve", 1252, 0},
+    {"nor", 1252, 0},    {"nld", 1252, 0},    {"ptg", 1252, 0},    {"csy", 1250, 1286},
+    {"plk", 1250, 1287}, {"kor", 949, 1288},  {"tha", 874, 1289},  {"hun", 1250, 1290},
+    {"ell", 1253, 1291}, {"trk", 1254, 1292}, {"rus", 1251, 1300},
+};
+
+// How the abbreviations of the system's languages begin. The first match counts, so that what is
+// more exact comes first.
+struct SystemLanguage {
+    const char* beginning;
+    const char* language;
+};
+constexpr SystemLanguage kSystemLanguages[] = {
+    {"chs", "chs"}, {"cht", "cht"}, {"cs", "csy"}, {"da", "dan"}, {"de", "deu"}, {"el", "ell"},
+    {"en", "enu"},  {"es", "esp"},  {"fi", "fin"}, {"fr", "fra"}, {"hu", "hun"}, {"it", "ita"},
+    {"jpn", "jpn"}, {"ko", "kor"},  {"nl", "nld"}, {"no", "nor"}, {"pl", "plk"}, {"ptg", "ptg"},
+    {"pt", "ptb"},  {"ru", "rus"},  {"sv", "sve"}, {"th", "tha"}, {"tr", "trk"},
+};
+
+void CopyLanguage(char (&to)[4], const char* from) {
+    to[0] = '\0';
+    std::strncat(to, from, sizeof to - 1);
+}
+
+bool SameLanguage(const char* a, const char* b) {
+    return xstrnicmp(a, b, 4) == 0;
+}
+
+const prtlocale::Language* FindLanguage(const char* code) {
+    for (const prtlocale::Language& language : kLanguages)
+        if (SameLanguage(language.code, code)) return &language;
+    return nullptr;
+}
+
+OString SystemText(LCTYPE fact) {
+    WCHAR text[64] = {};
+    return GetLocaleInfoW(LOCALE_USER_DEFAULT, fact, text, 64) ? OString(text) : OString();
+}
+
+// What the names of a language's files begin with: the family's prefix, the second letter of the
+// brand (the model writes "o" ahead of its two letters) and the language.
+OString FileStem(const prtmodel& model, const char* language) {
+    const char* brand = model.GetOEM();
+    OString stem(model.GetPrefix());
+    if (std::strlen(brand) > 2) stem << brand + 2;
+    stem << language;
+    return stem;
+}
+
+OString LibraryName(const prtmodel& model, const char* language) {
+    return FileStem(model, language) + ".dll";
+}
+
+OString HelpFileName(const prtmodel& model, const char* language) {
+    return FileStem(model, language) + ".chm";
+}
+
+OString InDriverDirectory(const OString& name) {
+    OString path = DriverUtility::GetDriverDirectory();
+    path << "\\" << name;
+    return path;
+}
+
+// The file of a language, or that of English where the driver's directory lacks it.
+OString WithFallback(OString (*name_of)(const prtmodel&, const char*), const prtmodel& model,
+                     const char* language) {
+    OString name = name_of(model, language);
+    if (!SameLanguage(language, kEnglish) && !OFile::Exists(InDriverDirectory(name)))
+        name = name_of(model, kEnglish);
+    return name;
+}
+
+} // namespace
+
+std::span<const prtlocale::Language> prtlocale::Languages() {
+    return kLanguages;
+}
+
+prtlocale::~prtlocale() {
+    FreeLibraries();
+}
+
+void prtlocale::FreeLibraries() {
+    for (HMODULE* library : {&primary_library_, &english_library_}) {
+        if (*library) FreeLibrary(*library);
+        *library = nullptr;
+    }
+}
+
+void prtlocale::LoadSystem() {
+    system_units_ = SystemText(LOCALE_IMEASURE) == "1" ? INCHES : MILLIMETRES;
+    leading_zero_ = SystemText(LOCALE_ILZERO) == "1";
+    decimal_separator_ = SystemText(LOCALE_SDECIMAL);
+    thousands_separator_ = SystemText(LOCALE_STHOUSAND);
+    CopyLanguage(system_language_, SystemText(LOCALE_SABBREVLANGNAME).nstring());
+    ConvertSystemLanguage();
+}
+
+void prtlocale::ConvertSystemLanguage() {
+    const char* language = kEnglish;
+    for (const SystemLanguage& entry : kSystemLanguages) {
+        const int length = static_cast<int>(std::strlen(entry.beginning));
+        if (xstrnicmp(system_language_, entry.beginning, length) == 0) {
+            language = entry.language;
+            break;
+        }
+    }
+    CopyLanguage(system_language_, language);
+}
+
+bool prtlocale::Load(prtreg& reg, prtmodel* model) {
+    LoadSystem();
+    units_ = reg.GetInt("UserSettings:Measurement System", SYSTEM_UNITS);
+    CopyLanguage(user_language_, reg.GetString("UserSettings:Language", kFollowSystem).nstring());
+
+    FreeLibraries();
+    if (model) {
+        const char* language = GetCurrentLanguage();
+        if (!LanguageExists(model, language)) language = kEnglish;
+        help_file_ = InDriverDirectory(WithFallback(HelpFileName, *model, language));
+        primary_library_name_ = WithFallback(LibraryName, *model, language);
+        english_library_name_ = LibraryName(*model, kEnglish);
+        primary_library_ = LoadLibraryW(InDriverDirectory(primary_library_name_).tstring());
+        english_library_ = LoadLibraryW(InDriverDirectory(english_library_name_).tstring());
+    }
+    init();
+    return primary_library_ && english_library_;
+}
+
+bool prtlocale::Save(prtreg& reg) {
+    reg.SetString("UserSettings:Language", user_language_);
+    reg.SetInt("UserSettings:Measurement System", units_);
+    return true;
+}
+
+const char* prtlocale::GetCurrentLanguage() const {
+    return std::strcmp(user_language_, kFollowSystem) == 0 ? system_language_ : user_language_;
+}
+
+uint32_t prtlocale::GetCurrentCP() const {
+    const Language* language = FindLanguage(GetCurrentLanguage());
+    return language ? language->code_page : 0;
+}
+
+bool prtlocale::LanguageExists(prtmodel* model, const char* language) {
+    if (SameLanguage(language, kEnglish)) return true;
+    if (!model || !language) return false;
+    const Language* known = FindLanguage(language);
+    if (known && !IsValidCodePage(known->code_page)) return false;
+
+    OString library = LibraryName(*model, language);
+    library.MakeUpper();
+    const OStringArray files = PrinterInfo(model->GetPrinterName()).GetDependentFiles();
+    for (int i = 0; i < files.GetSize(); ++i) {
+        OString file = files[i];
+        file.MakeUpper();
+        if (file.Find(library.tstring()) >= 0) return true;
+    }
+    return false;
+}
+
+bool prtlocale::SetNewLanguage(HWND owner, const char* language) {
+    if (!language) return false;
+    const Language* known = FindLanguage(language);
+    if (known && known->ask_name && std::strcmp(language, system_language_) != 0) {
+        const OString question = GetString(kLanguageWarning), title = GetString(known->ask_name);
+        if (MessageBoxW(owner, question.tstring(), title.tstring(), MB_OKCANCEL) != IDOK)
+            return false;
+    }
+    CopyLanguage(user_language_, language);
+    return true;
+}

@@ -1,0 +1,255 @@
+#include "locale/prtlocale.h"
+
+#include <windows.h>
+#include <winspool.h>
+
+#include <win32host/control.h>
+
+#include "config/prtreg.h"
+#include "driver/driver_utility.h"
+#include "driver/printer_info.h"
+#include "model/prtmodel.h"
+#include "support/printer_test.h"
+
+#include <filesystem>
+#include <memory>
+#include <string>
+
+namespace {
+
+using WideText = std::basic_string<WCHAR>;
+
+// A printer whose driver has an English and a German library, and a list of dependent files that
+// names the German, the Japanese and the Russian one.
+class LanguageLibraries : public PrinterTest {
+protected:
+    void SetUp() override {
+        WriteFile("install\\zplqv.ddt", "");
+        WriteFile("install\\zplui.dll", "");
+        CopyLibrary("english.dll", "zplvenu.dll");
+        CopyLibrary("german.dll", "zplvdeu.dll");
+        CopyLibrary("german.dll", "zplvjpn.dll");
+        CopyLibrary("german.dll", "zplvrus.dll");
+
+        WideText name = TEXT("Model"), driver = TEXT("C:\\install\\zplui.dll"),
+                 data = TEXT("C:\\install\\zplqv.ddt");
+        WideText dependent;
+        for (const WCHAR* file :
+             {TEXT("C:\\install\\ZPLVDEU.DLL"), TEXT("C:\\install\\zplvjpn.dll"),
+              TEXT("C:\\install\\zplvrus.dll"), TEXT("C:\\install\\zplvenu.dll")})
+            dependent.append(file).append(1, WCHAR{0});
+        DRIVER_INFO_3W info = {};
+        info.cVersion = 3;
+        info.pName = name.data();
+        info.pDriverPath = driver.data();
+        info.pDataFile = data.data();
+        info.pConfigFile = driver.data();
+        info.pDependentFiles = dependent.data();
+        ASSERT_TRUE(AddPrinterDriverW(nullptr, 3, reinterpret_cast<LPBYTE>(&info)))
+            << GetLastError();
+
+        ASSERT_TRUE(AddPrinter("Dock", "Model")) << GetLastError();
+
+        const PrinterInfo installed(OString("Dock"));
+        const OString module = installed.GetDriverDirectory() + "\\zplvenu.dll";
+        module_ = LoadLibraryW(module.tstring());
+        ASSERT_NE(module_, nullptr);
+        DriverUtility::SetModuleHandle(module_);
+        folder_ = installed.GetDriverDirectory();
+        model_.reset(prtmodel::new_ext(installed));
+        reg_ = std::make_unique<prtreg>(OString("Dock"));
+    }
+
+    void TearDown() override {
+        DriverUtility::SetModuleHandle(nullptr);
+        if (module_) FreeLibrary(module_);
+    }
+
+    void CopyLibrary(const char* from, const char* to) const {
+        WriteFile(std::string("install\\") + to, "");
+        std::filesystem::copy_file(std::string(TEST_BINARY_DIR "/bin/test_data/locale/") + from,
+                                   OnDriveC(std::string("install\\") + to),
+                                   std::filesystem::copy_options::overwrite_existing);
+    }
+
+    void RemoveFromDriverFolder(const char* file) const {
+        ASSERT_TRUE(DeleteFileW((folder_ + "\\" + file).tstring())) << file;
+    }
+
+    // The system's language by its abbreviation.
+    static void SetSystemLanguage(const char16_t* abbreviation) {
+        win32host::LocaleFacts facts;
+        facts.abbreviation = abbreviation;
+        win32host::SetLocaleFacts(facts);
+    }
+
+    OString folder_;
+    std::unique_ptr<prtmodel> model_;
+    std::unique_ptr<prtreg> reg_;
+
+private:
+    HMODULE module_ = nullptr;
+};
+
+TEST_F(LanguageLibraries, LoadTheSystemsLanguageWithEnglishBehindIt) {
+    SetSystemLanguage(TEXT("DES"));
+    prtlocale locale;
+    ASSERT_TRUE(locale.Load(*reg_, model_.get()));
+    EXPECT_STREQ(locale.GetUserLanguage(), "sys");
+    EXPECT_STREQ(locale.GetCurrentLanguage(), "deu");
+    EXPECT_EQ(locale.GetString(700), "Deutscher Text");
+    EXPECT_EQ(locale.GetString(701), "Only in English");
+    EXPECT_EQ(locale.GetString(799), "");
+    EXPECT_EQ(locale.microns_to_string(12700), "12.7 mm");
+    EXPECT_EQ(locale.dpi_to_string(203), "8.0 Punkte/mm");
+    EXPECT_EQ(locale.GetSecondLabel(), "Pkt");
+    EXPECT_EQ(locale.GetHelpFile(), folder_ + "\\zplvenu.chm"); // there is no German one
+}
+
+TEST_F(LanguageLibraries, FindDialogsMenusAndBitmapsInTheFirstThatHasThem) {
+    SetSystemLanguage(TEXT("DEU"));
+    prtlocale locale;
+    ASSERT_TRUE(locale.Load(*reg_, model_.get()));
+
+    uint32_t german = 0, english = 0;
+    EXPECT_NE(locale.GetDialog("PAGE", &german), nullptr);
+    EXPECT_NE(locale.GetDialog("PAGE", nullptr), nullptr);
+    EXPECT_NE(locale.GetDialog("ENGLISH_PAGE", &english), nullptr);
+    EXPECT_GT(german, 0u);
+    EXPECT_GT(english, 0u);
+    EXPECT_EQ(locale.GetDialog("NO_PAGE", nullptr), nullptr);
+
+    const char* bitmap = static_cast<const char*>(locale.LockBitmap(900));
+    ASSERT_NE(bitmap, nullptr);
+    EXPECT_EQ(std::string(bitmap, 4), "Bild");
+    bitmap = static_cast<const char*>(locale.LockBitmap(901));
+    ASSERT_NE(bitmap, nullptr);
+    EXPECT_EQ(std::string(bitmap, 4), "Only");
+    EXPECT_EQ(locale.LockBitmap(902), nullptr);
+
+    EXPECT_NE(locale.GetMenu("INSERT"), nullptr);
+    const HMENU menu = locale.LoadMenuW("INSERT");
+    EXPECT_NE(menu, nullptr);
+    DestroyMenu(menu);
+    EXPECT_EQ(locale.LoadMenuW("NO_MENU"), nullptr);
+}
+
+TEST_F(LanguageLibraries, RememberTheUsersChoice) {
+    prtlocale locale;
+    ASSERT_TRUE(locale.Load(*reg_, model_.get()));
+    EXPECT_TRUE(locale.SetNewLanguage(nullptr, "deu"));
+    locale.SetNewUnits(prtlocale::CENTIMETRES);
+    EXPECT_EQ(locale.microns_to_string(12700), "1.27 cm"); // at once
+    EXPECT_EQ(locale.GetString(700), "English text");      // only when loaded again
+    EXPECT_TRUE(locale.Save(*reg_));
+
+    prtlocale later;
+    ASSERT_TRUE(later.Load(*reg_, model_.get()));
+    EXPECT_STREQ(later.GetUserLanguage(), "deu");
+    EXPECT_EQ(later.GetUnits(), prtlocale::CENTIMETRES);
+    EXPECT_EQ(later.GetString(700), "Deutscher Text");
+    ASSERT_TRUE(locale.Load(*reg_, model_.get()));
+    EXPECT_EQ(locale.GetString(700), "Deutscher Text");
+}
+
+TEST_F(LanguageLibraries, FallBackToEnglish) {
+    const struct {
+        const char* language;
+        const char* text;
+    } cases[] = {
+        {"fra", "English text"}, // not among the driver's files
+        {"qqq", "English text"}, // no such language
+        {"ENU", "English text"}, {"deu", "Deutscher Text"}, {"DEU", "Deutscher Text"},
+    };
+    for (const auto& c : cases) {
+        reg_->SetString("UserSettings:Language", c.language);
+        prtlocale locale;
+        EXPECT_TRUE(locale.Load(*reg_, model_.get())) << c.language;
+        EXPECT_EQ(locale.GetString(700), c.text) << c.language;
+    }
+}
+
+TEST_F(LanguageLibraries, ReplaceALostOneByEnglishAndDoWithWhatIsLeft) {
+    reg_->SetString("UserSettings:Language", "deu");
+    RemoveFromDriverFolder("zplvdeu.dll");
+    {
+        prtlocale locale;
+        EXPECT_TRUE(locale.Load(*reg_, model_.get()));
+        EXPECT_EQ(locale.GetString(700), "English text");
+    }
+    reg_->SetString("UserSettings:Language", "rus");
+    RemoveFromDriverFolder("zplvenu.dll");
+    prtlocale locale;
+    EXPECT_FALSE(locale.Load(*reg_, model_.get()));
+    EXPECT_EQ(locale.GetString(700), "Deutscher Text"); // the library under the Russian name
+    EXPECT_EQ(locale.GetString(701), "");
+}
+
+TEST_F(LanguageLibraries, CanBeUsedWhenTheDriverListsThemAndTheSystemHasTheCodePage) {
+    EXPECT_TRUE(prtlocale::LanguageExists(model_.get(), "deu"));
+    EXPECT_TRUE(prtlocale::LanguageExists(model_.get(), "jpn"));
+    EXPECT_FALSE(prtlocale::LanguageExists(model_.get(), "fra"));
+    EXPECT_FALSE(prtlocale::LanguageExists(nullptr, "deu"));
+    win32host::SetMissingCodePages({932, 1252});
+    EXPECT_FALSE(prtlocale::LanguageExists(model_.get(), "jpn"));
+    EXPECT_TRUE(prtlocale::LanguageExists(model_.get(), "Enu"));
+    EXPECT_TRUE(prtlocale::LanguageExists(nullptr, "enu"));
+}
+
+TEST_F(LanguageLibraries, AskBeforeALanguageThatTheSystemMayNotShow) {
+    SetSystemLanguage(TEXT("DEU"));
+    prtlocale locale;
+    ASSERT_TRUE(locale.Load(*reg_, model_.get()));
+
+    EXPECT_FALSE(locale.SetNewLanguage(nullptr, "rus")); // cancelled
+    EXPECT_STREQ(locale.GetUserLanguage(), "sys");
+    const auto boxes = win32host::TakeMessageBoxes();
+    ASSERT_EQ(boxes.size(), 1u);
+    EXPECT_EQ(boxes[0].text, TEXT("Use it all the same?"));
+    EXPECT_EQ(boxes[0].caption, TEXT("Russian"));
+    EXPECT_EQ(boxes[0].type, UINT{MB_OKCANCEL});
+
+    win32host::AnswerMessageBoxes(IDOK);
+    EXPECT_TRUE(locale.SetNewLanguage(nullptr, "jpn"));
+    EXPECT_STREQ(locale.GetUserLanguage(), "jpn");
+    EXPECT_EQ(win32host::TakeMessageBoxes().size(), 1u);
+}
+
+TEST_F(LanguageLibraries, AskNothingForTheSystemsLanguageAndTheWesternOnes) {
+    SetSystemLanguage(TEXT("RUS"));
+    prtlocale locale;
+    ASSERT_TRUE(locale.Load(*reg_, model_.get()));
+    for (const char* language : {"rus", "deu", "fin", "sys", "enu"}) {
+        EXPECT_TRUE(locale.SetNewLanguage(nullptr, language));
+        EXPECT_STREQ(locale.GetUserLanguage(), language);
+    }
+    EXPECT_FALSE(locale.SetNewLanguage(nullptr, nullptr));
+    EXPECT_TRUE(win32host::TakeMessageBoxes().empty());
+}
+
+TEST_F(LanguageLibraries, SignsFollowTheCodePageOfTheLanguage) {
+    const struct {
+        const char* language;
+        uint32_t code_page;
+        const WCHAR* copyright;
+        const WCHAR* trademark;
+        const WCHAR* registered;
+    } cases[] = {
+        {"deu", 1252, TEXT("\u00A9"), TEXT("\u2122"), TEXT("\u00AE")},
+        {"RUS", 1251, TEXT("\u00A9"), TEXT("\u2122"), TEXT("\u00AE")},
+        {"jpn", 932, TEXT("(C)"), TEXT("(TM)"), TEXT("(R)")},
+        {"tha", 874, TEXT("(C)"), TEXT("(TM)"), TEXT("(R)")},
+        {"qqq", 0, TEXT("(C)"), TEXT("(TM)"), TEXT("(R)")},
+    };
+    for (const auto& c : cases) {
+        reg_->SetString("UserSettings:Language", c.language);
+        prtlocale locale;
+        locale.Load(*reg_, model_.get());
+        EXPECT_EQ(locale.GetCurrentCP(), c.code_page) << c.language;
+        EXPECT_EQ(WideText(locale.GetCopyright().tstring()), c.copyright) << c.language;
+        EXPECT_EQ(WideText(locale.GetTrademark().tstring()), c.trademark) << c.language;
+        EXPECT_EQ(WideText(locale.GetRegistered().tstring()), c.registered) << c.language;
+    }
+}
+
+} // namespace
