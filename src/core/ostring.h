@@ -193,8 +193,9 @@ public:
     // " 2", or "2" without `space` or when it ends in a blank (or is empty). 8-bit form.
     void NextUnique(bool space);
 
-    // Decodes "%" followed by two hexadecimal digits into the byte of that value, in the string's
-    // code page; "%00" vanishes.
+    // Decodes "%" followed by two hexadecimal digits into the character whose byte has that value
+    // in the string's code page; "%00" vanishes. Every escape is a character by itself, so this is
+    // for code pages of one byte a character, or for ASCII.
     OString& URLDecode();
 
     // The number at the start of the 8-bit form: blanks and tabs, a sign, decimal digits; within

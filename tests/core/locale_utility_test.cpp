@@ -1,0 +1,102 @@
+#include "core/locale_utility.h"
+
+#include <gtest/gtest.h>
+
+#include <string>
+
+#include "core/text.h"
+
+namespace {
+
+// A buffer without terminator.
+template <class Text>
+auto Buffer(const Text& text) {
+    OBuffer<typename Text::value_type> buffer;
+    buffer.Assign(text.data(), static_cast<uint32_t>(text.size()));
+    return buffer;
+}
+
+template <class C>
+std::basic_string<C> Contents(const OBuffer<C>& buffer) {
+    return std::basic_string<C>(buffer.GetData(), buffer.GetSize());
+}
+
+std::string Encoded(const WideText& text) {
+    OBuffer<char> out(1000);
+    LocaleUtility::ConvertUTF8(Buffer(text), out);
+    return Contents(out);
+}
+
+WideText Decoded(const std::string& bytes) {
+    OBuffer<WCHAR> out(1000);
+    LocaleUtility::ConvertUTF8(Buffer(bytes), out);
+    return Contents(out);
+}
+
+const WCHAR kEnd = 0;
+
+TEST(UTF8, CodesEveryUnitByItself) {
+    const struct {
+        WideText units;
+        std::string bytes;
+    } cases[] = {
+        {{}, ""},
+        {{'A'}, "A"},
+        {{0x7F}, "\x7F"},
+        {{0x80}, "\xC2\x80"},
+        {{0x7FF}, "\xDF\xBF"},
+        {{0x800}, "\xE0\xA0\x80"},
+        {{0x20AC}, "\xE2\x82\xAC"},
+        {{0xFFFF}, "\xEF\xBF\xBF"},
+        {{0xD83D, 0xDE00}, "\xED\xA0\xBD\xED\xB8\x80"},
+    };
+    for (const auto& c : cases) {
+        EXPECT_EQ(Encoded(c.units), c.bytes + '\0');
+        EXPECT_EQ(Decoded(c.bytes), c.units + kEnd);
+    }
+}
+
+TEST(UTF8, EndsAtTheTerminatorAndSizesTheBufferExactly) {
+    EXPECT_EQ(Encoded(WideText{'a', 0, 'b'}), std::string("a\0", 2));
+    EXPECT_EQ(Decoded(std::string("a\0b", 3)), (WideText{'a', 0}));
+}
+
+TEST(UTF8, DropsASequenceThatIsCutShort) {
+    for (const char* bytes : {"a\xC3", "a\xE2", "a\xE2\x82", "a\xF0\x9F"})
+        EXPECT_EQ(Decoded(bytes), (WideText{'a', 0})) << bytes;
+    EXPECT_EQ(Decoded(std::string("a\xE2\x82\0\xAC", 5)), (WideText{'a', 0}));
+}
+
+TEST(UTF8, TakesMalformedBytesByTheirLowBits) {
+    const struct {
+        const char* bytes;
+        WideText units;
+    } cases[] = {
+        {"\xC3"
+         "A",
+         {0xC1}},
+        {"\x80\x81\x82", {0x42}},
+        {"\xF0\x9F\x98"
+         "x",
+         {0x07D8, 'x'}},
+    };
+    for (const auto& c : cases) EXPECT_EQ(Decoded(c.bytes), c.units + kEnd);
+}
+
+TEST(CodePages, AreFoundByTheirCharacterSetAndBack) {
+    const struct {
+        uint32_t code_page;
+        unsigned char charset;
+    } cases[] = {{874, 222}, {932, 128}, {1252, 0}, {1361, 130}, {2, 2}};
+    for (const auto& c : cases) {
+        EXPECT_EQ(LocaleUtility::CharSetToCodePage(c.charset), c.code_page);
+        EXPECT_EQ(LocaleUtility::CodePageToCharSet(c.code_page), c.charset);
+    }
+    EXPECT_EQ(LocaleUtility::CharSetToCodePage(255), 0u);
+    EXPECT_EQ(LocaleUtility::CodePageToCharSet(0), 255);
+    EXPECT_EQ(LocaleUtility::CodePageToCharSet(1208), 255);
+    EXPECT_TRUE(LocaleUtility::IsMultiByteCodePage(949));
+    EXPECT_FALSE(LocaleUtility::IsMultiByteCodePage(1252));
+}
+
+} // namespace

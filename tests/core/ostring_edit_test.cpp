@@ -1,0 +1,334 @@
+#include <gtest/gtest.h>
+
+#include <climits>
+#include <cstring>
+#include <string>
+
+#include "core/ostring.h"
+#include "core/text.h"
+
+namespace {
+
+TEST(StringSearch, ClampsTheStartAndReportsPositions) {
+    const OString text("abcab");
+    EXPECT_EQ(text.Find('b', -5), 1);
+    EXPECT_EQ(text.Find('b', 2), 4);
+    EXPECT_EQ(text.Find('x', 10), -1);
+    EXPECT_EQ(text.Find('\0', 0), -1);
+    const struct {
+        const char* wanted;
+        int start, found;
+    } cases[] = {{"ab", 0, 0}, {"ab", 1, 3}, {"ab", -1, 0}, {"abcabc", 0, -1}, {"", 1, 1},
+                 {"", 5, -1},  {"b", 4, 4},  {"b", 5, -1},  {"", INT_MIN, 0}};
+    for (const auto& c : cases) {
+        EXPECT_EQ(text.Find(c.wanted, c.start), c.found) << c.wanted << " from " << c.start;
+        EXPECT_EQ(text.Find(Widen(c.wanted).c_str(), c.start), c.found);
+    }
+    EXPECT_EQ(OString().Find("", 0), -1);
+    EXPECT_EQ(text.Find(static_cast<const char*>(nullptr), 0), -1);
+    EXPECT_EQ(text.ReverseFind('b'), 4);
+    EXPECT_EQ(text.ReverseFind('x'), -1);
+    EXPECT_EQ(text.ReverseFind('\0'), 5);
+    EXPECT_EQ(text.FindOneOf("xcb"), 1);
+    EXPECT_EQ(text.ReverseFindOneOf("xca"), 3);
+    EXPECT_EQ(text.FindOneOf(""), -1);
+    EXPECT_EQ(text.ReverseFindOneOf(nullptr), -1);
+    EXPECT_EQ(OString().ReverseFindOneOf("a"), -1);
+}
+
+TEST(StringPattern, CoversTheWholeText) {
+    const struct {
+        const char *text, *pattern;
+        bool matches;
+    } cases[] = {
+        {"abc", "abc", true},
+        {"abc", "a*", true},
+        {"abc", "*c", true},
+        {"abc", "a?c", true},
+        {"abc", "*", true},
+        {"abc", "ab", false},
+        {"abc", "?", false},
+        {"abc", "A*", false},
+        {"abc", "a?", false},
+        {"abc", "abc**", true},
+        {"abc", "***", true},
+        {"", "", true},
+        {"", "*", true},
+        {"", "?", false},
+        {"a", "", false},
+        {"abab", "*ab", true},
+        {"abcbc", "a*bc", true},
+        {"abc", "*?*?*?", true},
+        {"ab", "*?*?*?", false},
+        {"aab", "*a?b", true},
+        {"xaxbxc", "*a*b*c", true},
+        {"mississippi", "m*iss*ppi", true},
+    };
+    for (const auto& c : cases)
+        EXPECT_EQ(OString(c.text).MatchPattern(OString(c.pattern)), c.matches)
+            << c.text << " against " << c.pattern;
+}
+
+TEST(StringPattern, IsQuickOnPatternsMadeToBeSlow) {
+    OString pattern;
+    for (int i = 0; i < 100; ++i) pattern << "a*";
+    pattern << "b";
+    EXPECT_FALSE(OString(std::string(5000, 'a').c_str()).MatchPattern(pattern));
+}
+
+TEST(StringInsert, ClampsPositionAndCount) {
+    const struct {
+        const char* text;
+        int pos;
+        const char* added;
+        int count;
+        const char* result;
+    } cases[] = {
+        {"ad", 1, "bcx", 2, "abcd"}, {"a", -7, "b", 1, "ba"},   {"a", 99, "b", 1, "ab"},
+        {"a", 0, "b", 0, "a"},       {"a", 0, "b", -1, "a"},    {"", 5, "abc", 2, "ab"},
+        {"a", 1, "bc", 99, "abc"},   {"a", 0, nullptr, 3, "a"},
+    };
+    for (const auto& c : cases) {
+        OString narrow(c.text);
+        EXPECT_EQ(narrow.Insert(c.pos, c.added, c.count), static_cast<int>(std::strlen(c.result)));
+        EXPECT_STREQ(narrow.nstring(), c.result);
+        if (!c.added) continue;
+        OString wide(c.text);
+        wide.Insert(c.pos, Widen(c.added).c_str(), c.count);
+        EXPECT_STREQ(wide.nstring(), c.result);
+    }
+}
+
+TEST(StringInsert, TakesPartOfTheOwnText) {
+    for (const int repeats : {1, 20}) { // within the block, and beyond it
+        std::string expected;
+        for (int i = 0; i < repeats; ++i) expected += "abcdef";
+        OString narrow(expected.c_str());
+        OString wide(expected.c_str());
+        wide.wstring();
+        const int length = narrow.nlen();
+        narrow.Insert(2, narrow.nstring() + 1, length);
+        wide.Insert(2, wide.wstring() + 1, length);
+        expected = expected.substr(0, 2) + expected.substr(1) + expected.substr(2);
+        EXPECT_EQ(narrow.nstring(), expected);
+        EXPECT_EQ(wide.nstring(), expected);
+    }
+}
+
+TEST(StringDelete, ClampsAndCutsBothForms) {
+    const struct {
+        int pos, count;
+        const char* result;
+    } cases[] = {{1, 2, "ad"}, {-3, 2, "cd"},  {3, 99, "abc"},     {99, 1, "abcd"},
+                 {0, 4, ""},   {1, 0, "abcd"}, {2, INT_MAX, "ab"}, {0, INT_MIN, "abcd"}};
+    for (const auto& c : cases) {
+        OString text("abcd");
+        text.wstring();
+        EXPECT_EQ(text.Delete(c.pos, c.count), static_cast<int>(std::strlen(c.result)));
+        EXPECT_STREQ(text.nstring(), c.result);
+        EXPECT_EQ(WideText(text.wstring()), Widen(c.result));
+    }
+    OString text("abcd");
+    text.Truncate(9);
+    EXPECT_STREQ(text.nstring(), "abcd");
+    text.Truncate(3);
+    EXPECT_STREQ(text.nstring(), "abc");
+    text.Truncate(-1);
+    EXPECT_TRUE(text.IsEmpty());
+}
+
+TEST(StringDelete, KeepsTheFormsTheSameTextWhenTheyCountDifferently) {
+    OString text = InCodePage(1208, "\xC3\xA9\xE2\x82\xACx\xC3\xA9  ");
+    text.wstring();
+    text.Delete(0, 1);
+    EXPECT_STREQ(text.nstring(), "\xE2\x82\xACx\xC3\xA9  ");
+    text.wstring();
+    text.TrimRight(' ');
+    EXPECT_STREQ(text.nstring(), "\xE2\x82\xACx\xC3\xA9");
+}
+
+TEST(StringReplace, CountsAndNeverSearchesWhatItPutIn) {
+    const struct {
+        const char *text, *from, *to;
+        int count;
+        const char* result;
+    } cases[] = {
+        {"aba", "a", "aa", 2, "aabaa"},  {"aaa", "a", "", 3, ""},
+        {"aaa", "aa", "b", 1, "ba"},     {"abab", "ab", "", 2, ""},
+        {"aabb", "ab", "", 1, "ab"},     {"abc", "x", "y", 0, "abc"},
+        {"abc", "", "y", 0, "abc"},      {"", "a", "b", 0, ""},
+        {"abc", "abc", "x", 1, "x"},     {"a.b.", ".", "--", 2, "a--b--"},
+        {"abc", nullptr, "x", 0, "abc"}, {"abc", "b", nullptr, 1, "ac"},
+    };
+    for (const auto& c : cases) {
+        OString text(c.text);
+        EXPECT_EQ(text.Replace(c.from, c.to), c.count) << c.text;
+        EXPECT_STREQ(text.nstring(), c.result);
+        EXPECT_EQ(text.GetLength(), static_cast<int>(std::strlen(c.result)));
+    }
+    OString text("a-b-c");
+    EXPECT_EQ(text.Replace('-', '+'), 2);
+    EXPECT_EQ(text.Replace('x', 'x'), 0);
+    EXPECT_STREQ(text.nstring(), "a+b+c");
+    EXPECT_EQ(text.Remove('+'), 2);
+    EXPECT_STREQ(text.nstring(), "abc");
+}
+
+TEST(StringReplace, TakesPartsOfTheOwnText) {
+    OString text("abcabc");
+    EXPECT_EQ(text.Replace(text.nstring() + 4, text.nstring() + 3), 2);
+    EXPECT_STREQ(text.nstring(), "aabcaabc");
+    EXPECT_EQ(text.Replace(text.nstring() + 6, ""), 2);
+    EXPECT_STREQ(text.nstring(), "aaaa");
+}
+
+TEST(StringRemove, LosesNoCharacterThatTheCodePageLacks) {
+    OString text;
+    text.SetCodePage(1252);
+    text = TEXT("&\x0416&x");
+    EXPECT_EQ(text.Remove('&'), 2);
+    EXPECT_EQ(WideText(text.wstring()), (WideText{0x0416, 'x'}));
+}
+
+TEST(StringTrim, RemovesOnlyWhatTheSetNames) {
+    OString text("  xax  ");
+    text.TrimLeft("");
+    text.TrimRight(static_cast<const char*>(nullptr));
+    EXPECT_STREQ(text.nstring(), "  xax  ");
+    text.TrimLeft(' ');
+    text.TrimRight(" x");
+    EXPECT_STREQ(text.nstring(), "xa");
+    text.TrimLeft("ax");
+    EXPECT_TRUE(text.IsEmpty());
+    text.TrimRight('x');
+    EXPECT_TRUE(text.IsEmpty());
+}
+
+TEST(StringCase, ChangesAsciiLettersOnly) {
+    OString text = InCodePage(1252, "aZ\xE9{`");
+    text.wstring();
+    text.MakeUpper();
+    EXPECT_STREQ(text.nstring(), "AZ\xE9{`");
+    EXPECT_EQ(WideText(text.wstring()), Widen("AZ\xE9{`"));
+    text.MakeLower();
+    EXPECT_STREQ(text.nstring(), "az\xE9{`");
+    // The second byte of this katakana letter is the code of "A".
+    OString japanese = InCodePage(932, "\x83\x41x");
+    japanese.MakeLower();
+    japanese.MakeUpper();
+    EXPECT_STREQ(japanese.nstring(), "\x83\x41X");
+}
+
+TEST(StringPart, IsCutFromTheMiddle) {
+    const struct {
+        int start, count;
+        const char* result;
+    } cases[] = {{1, 100, "bcd"}, {5, 1, ""}, {1, 2, "bc"},         {-1, 2, "ab"},
+                 {2, -1, ""},     {4, 1, ""}, {0, INT_MAX, "abcd"}, {3, INT_MAX, "d"}};
+    const OString text = InCodePage(1252, "abcd");
+    for (const auto& c : cases) {
+        const OString part = text.Mid(c.start, c.count);
+        EXPECT_STREQ(part.nstring(), c.result) << c.start << ", " << c.count;
+        EXPECT_EQ(part.GetCodePage(), 1252u);
+    }
+    EXPECT_EQ(text.Mid(0, 4).nstring(), text.nstring()) << "the whole text is shared";
+    EXPECT_STREQ(text.Mid(2).nstring(), "cd");
+    EXPECT_STREQ(text.Mid(-2).nstring(), "abcd");
+    EXPECT_TRUE(text.Left(-1).IsEmpty());
+    EXPECT_STREQ(text.Left(3).nstring(), "abc");
+}
+
+TEST(StringPath, IsCutAtItsLastBackslash) {
+    const struct {
+        const char *text, *path, *file;
+    } cases[] = {
+        {"C:\\dir\\file", "C:\\dir", "file"},
+        {"file", "", "file"},
+        {"\\file", "\\file", "\\file"},
+        {"dir\\", "dir", ""},
+        {"", "", ""},
+    };
+    for (const auto& c : cases) {
+        EXPECT_STREQ(OString(c.text).PathPart().nstring(), c.path);
+        EXPECT_STREQ(OString(c.text).FilePart().nstring(), c.file);
+    }
+    // The second byte of the first letter is the code of a backslash.
+    const OString japanese = InCodePage(932, "\x83\x5C\x5C\x83\x5C");
+    EXPECT_STREQ(japanese.PathPart().nstring(), "\x83\x5C");
+    EXPECT_STREQ(japanese.FilePart().nstring(), "\x83\x5C");
+}
+
+TEST(StringHex, GoesForwardOrBackward) {
+    const unsigned char bytes[] = {0x01, 0xAB, 0xFF};
+    OString text("old");
+    text.Hex(bytes, 3);
+    EXPECT_STREQ(text.nstring(), "01ABFF");
+    text.Hex(bytes, -2);
+    EXPECT_STREQ(text.nstring(), "AB01");
+    text.Hex(bytes, 0);
+    EXPECT_TRUE(text.IsEmpty());
+    text = "J";
+    text.Hex(text.nstring(), 1);
+    EXPECT_STREQ(text.nstring(), "4A");
+}
+
+TEST(StringNumbering, CountsUpTheNumberAtTheEnd) {
+    const struct {
+        const char *text, *with_space, *without;
+    } cases[] = {
+        {"Copy", "Copy 2", "Copy2"},
+        {"Copy ", "Copy 2", "Copy 2"},
+        {"Copy 9", "Copy 10", "Copy 10"},
+        {"File009", "File10", "File10"},
+        {"41", "42", "42"},
+        {"", "2", "2"},
+        {"x9999999999", "x2000000001", "x2000000001"},
+        {"7 up", "7 up 2", "7 up2"},
+    };
+    for (const auto& c : cases) {
+        OString with(c.text);
+        with.NextUnique(true);
+        EXPECT_STREQ(with.nstring(), c.with_space);
+        OString without(c.text);
+        without.NextUnique(false);
+        EXPECT_STREQ(without.nstring(), c.without);
+    }
+    OString accented = InCodePage(1208, "\xC3\xA9 9");
+    accented.wstring();
+    accented.NextUnique(true);
+    EXPECT_STREQ(accented.nstring(), "\xC3\xA9 10");
+}
+
+TEST(StringEscapes, AreDecoded) {
+    const struct {
+        const char *text, *result;
+    } cases[] = {
+        {"a%5Cb%5Cc", "a\\b\\c"},
+        {"%4", "%4"},
+        {"%41", "A"},
+        {"x%00y", "xy"},
+        {"%5c", "\\"},
+        {"%2541", "%41"},
+        {"%zz", "C"},
+        {"100%", "100%"},
+        {"%%41", "\xE4"
+                 "1"},
+        {"", ""},
+        {"%2F%3A%25", "/:%"},
+    };
+    for (const auto& c : cases) {
+        OString text = InCodePage(1252, c.text);
+        EXPECT_STREQ(text.URLDecode().nstring(), c.result) << c.text;
+    }
+}
+
+TEST(StringEscapes, AreDecodedInALongName) {
+    std::string escaped;
+    for (int i = 0; i < 3000; ++i) escaped += "%2Fx";
+    OString text(escaped.c_str());
+    text.URLDecode();
+    EXPECT_EQ(text.GetLength(), 6000);
+    EXPECT_EQ(text.Find('%'), -1);
+}
+
+} // namespace

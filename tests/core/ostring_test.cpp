@@ -1,0 +1,232 @@
+#include "core/ostring.h"
+
+#include <gtest/gtest.h>
+
+#include <climits>
+#include <cstring>
+#include <string>
+
+#include "core/text.h"
+
+namespace {
+
+// Which forms exist, as "n", "w", "nw" or "".
+std::string Forms(const OString& text) {
+    return std::string(text.is_valid_n() ? "n" : "") + (text.is_valid_w() ? "w" : "");
+}
+
+TEST(StringForms, AreAbsentInAnEmptyString) {
+    OString nul;
+    *nul.GetBufferA(10) = 0;
+    for (const OString& text : {OString(), OString(""), OString(TEXT("")), nul,
+                                OString(static_cast<const char*>(nullptr))}) {
+        EXPECT_EQ(Forms(text), "");
+        EXPECT_EQ(text.GetLength(), 0);
+        EXPECT_STREQ(text.nstring(), "");
+        EXPECT_EQ(text.wstring()[0], 0);
+        EXPECT_TRUE(text == OString());
+    }
+}
+
+TEST(StringForms, ComeOnDemandAndGoWithAWriteToTheOther) {
+    OString text("abc");
+    EXPECT_EQ(Forms(text), "n");
+    text.wstring();
+    EXPECT_EQ(Forms(text), "nw");
+    text << 'd';
+    EXPECT_EQ(Forms(text), "n");
+    EXPECT_EQ(text.GetLength(), 4);
+    text << WCHAR('e');
+    EXPECT_EQ(Forms(text), "w");
+    text = "x";
+    EXPECT_EQ(Forms(text), "n");
+    text = "";
+    EXPECT_EQ(Forms(text), "");
+}
+
+TEST(StringForms, FollowWhatACallerWritesIntoTheBuffer) {
+    OString text("before");
+    char* buffer = text.GetBufferA(100);
+    EXPECT_EQ(Forms(text), "");
+    std::memcpy(buffer, "hello", 6);
+    EXPECT_EQ(text.nlen(), 5);
+    std::memcpy(buffer, "hi", 3);
+    EXPECT_EQ(text.nlen(), 2) << "the length is not remembered while the buffer may change";
+    text << '!';
+    EXPECT_STREQ(text.nstring(), "hi!");
+    WCHAR* wide = text.GetBufferW(3);
+    wide[0] = 'w';
+    wide[1] = 0;
+    EXPECT_EQ(text.GetLength(), 1);
+    EXPECT_STREQ(text.nstring(), "w");
+}
+
+TEST(StringCodePage, ChangesTheBytesAndKeepsTheText) {
+    OString text = InCodePage(1252, "\xE9");
+    text.SetCodePage(1208);
+    EXPECT_STREQ(text.nstring(), "\xC3\xA9");
+    EXPECT_EQ(text.nlen(), 2);
+    EXPECT_EQ(text.GetLength(), 1);
+    text.SetCodePage(1252);
+    EXPECT_STREQ(text.nstring(), "\xE9");
+    OString copy(text);
+    copy.SetCodePage(1251);
+    EXPECT_EQ(text.GetCodePage(), 1252u);
+}
+
+TEST(StringCodePage, NeverCutsATextThatNeedsMoreBytesThanUsual) {
+    // Three bytes a unit in a code page that the platform, not our coder, converts.
+    for (const size_t length : {1, 31, 32, 100, 10000}) {
+        const WideText euros(length, WCHAR{0x20AC});
+        OString text;
+        text.SetCodePage(65001);
+        text = euros.c_str();
+        EXPECT_EQ(std::strlen(text.nstring()), 3 * length);
+        // A write makes the long 8-bit form the only one, which must come back whole.
+        text << 'x';
+        EXPECT_EQ(WideText(text.wstring()), euros + WCHAR{'x'});
+    }
+}
+
+TEST(StringCodePage, WithoutConverterGivesTheEmptyText) {
+    OString text;
+    text.SetCodePage(9999);
+    text = TEXT("abc");
+    EXPECT_STREQ(text.nstring(), "");
+    EXPECT_EQ(text.GetLength(), 3);
+}
+
+TEST(StringCopies, ShareTheTextUntilOneWrites) {
+    OString first("shared");
+    OString second(first);
+    EXPECT_EQ(first.nstring(), second.nstring());
+    second << '!';
+    EXPECT_STREQ(first.nstring(), "shared");
+    EXPECT_STREQ(second.nstring(), "shared!");
+    OString moved(std::move(second));
+    EXPECT_STREQ(moved.nstring(), "shared!");
+    moved = first;
+    EXPECT_EQ(first.nstring(), moved.nstring());
+    first = *&first;
+    EXPECT_STREQ(first.nstring(), "shared");
+}
+
+TEST(StringAssignment, TakesPartOfTheOwnText) {
+    OString text = InCodePage(1208, "abcdef");
+    text = text.nstring() + 3;
+    EXPECT_STREQ(text.nstring(), "def");
+    EXPECT_EQ(text.GetCodePage(), 1208u);
+    text = text.wstring() + 1;
+    EXPECT_STREQ(text.nstring(), "ef");
+}
+
+TEST(StringAppending, StaysInEightBitsOnlyForTwoEightBitTextsOfOneCodePage) {
+    OString wide("b");
+    wide.wstring();
+    const struct {
+        OString first, second;
+        const char* forms;
+        uint32_t code_page;
+    } cases[] = {
+        {OString("a"), OString("b"), "n", 0},
+        {OString("a"), wide, "w", 0},
+        {OString(TEXT("a")), OString("b"), "w", 0},
+        {InCodePage(1208, "a"), OString("b"), "w", 1208},
+        {InCodePage(1208, "a"), InCodePage(1208, "b"), "n", 1208},
+        {InCodePage(1208, ""), OString("ab"), "n", 0},
+        {InCodePage(1208, "ab"), InCodePage(1252, ""), "n", 1208},
+    };
+    for (const auto& c : cases) {
+        OString text(c.first);
+        text << c.second;
+        EXPECT_EQ(Forms(text), c.forms);
+        EXPECT_EQ(text.GetCodePage(), c.code_page);
+        EXPECT_STREQ(text.nstring(), "ab");
+    }
+}
+
+TEST(StringAppending, TakesTheStringItself) {
+    OString text("ab");
+    text << text;
+    EXPECT_STREQ(text.nstring(), "abab");
+    text << text.nstring() + 2;
+    EXPECT_STREQ(text.nstring(), "ababab");
+    text << text.wstring();
+    EXPECT_STREQ(text.nstring(), "abababababab");
+}
+
+TEST(StringAppending, WritesNumbersOfEveryKind) {
+    OString text;
+    text << 0 << ',' << -17 << ',' << int32_t{INT32_MIN} << ',' << uint32_t{0xFFFFFFFF} << ','
+         << DWORD{7} << ',' << LONG{-7} << ',' << uint16_t{65535} << ',' << INT64_MIN << ','
+         << uint8_t{200};
+    EXPECT_STREQ(text.nstring(),
+                 "0,-17,-2147483648,4294967295,7,-7,65535,-9223372036854775808,200");
+    EXPECT_STREQ(FormatInt(INT32_MIN).nstring(), "-2147483648");
+}
+
+TEST(StringAppending, TakesManipulators) {
+    OString text("a");
+    text << tab << "b" << endl << 'c' << '\0';
+    EXPECT_STREQ(text.nstring(), "a\tb\r\nc");
+    EXPECT_STREQ((text + "d" + 'e' + OString("f")).nstring(), "a\tb\r\ncdef");
+    text << clear;
+    EXPECT_TRUE(text.IsEmpty());
+}
+
+TEST(StringAppending, KeepsALongTextWhole) {
+    OString narrow;
+    OString wide;
+    std::string expected;
+    for (int i = 0; i < 10000; ++i) {
+        const char c = static_cast<char>('a' + i % 26);
+        narrow << c;
+        wide << static_cast<WCHAR>(c);
+        expected.push_back(c);
+    }
+    EXPECT_EQ(narrow.nstring(), expected);
+    EXPECT_EQ(wide.nstring(), expected);
+    EXPECT_TRUE(narrow == wide);
+}
+
+TEST(StringOrder, GoesBySignedBytesOrByUnits) {
+    const struct {
+        const char *first, *second;
+        int order, order_without_case, order_in_utf16;
+    } cases[] = {
+        {"a", "B", 1, -1, 1},  {"a", "A", 1, 0, 1}, {"ab", "a", 1, 1, 1},
+        {"", "a", -1, -1, -1}, {"", "", 0, 0, 0},   {"\xE9", "z", -1, -1, 1},
+        {"[", "a", -1, 1, -1},
+    };
+    for (const auto& c : cases) {
+        const OString first = InCodePage(1252, c.first);
+        const OString second = InCodePage(1252, c.second);
+        EXPECT_EQ(first.Collate(second), c.order) << c.first << ' ' << c.second;
+        EXPECT_EQ(second.Collate(first), -c.order);
+        EXPECT_EQ(first.CompareNoCase(second), c.order_without_case);
+        EXPECT_EQ(first == second, c.order == 0);
+        EXPECT_EQ(first != second, c.order != 0);
+        first.wstring();
+        EXPECT_EQ(first.Collate(second), c.order_in_utf16);
+    }
+}
+
+TEST(StringOrder, FindsTheSameTextInDifferentCodePagesEqual) {
+    EXPECT_TRUE(InCodePage(1252, "\xE9") == InCodePage(1208, "\xC3\xA9"));
+    EXPECT_FALSE(InCodePage(1252, "\xE9") == InCodePage(1251, "\xE9"));
+    EXPECT_TRUE(OString(TEXT("abc")) == "abc");
+}
+
+TEST(StringNumber, IsReadFromTheStart) {
+    EXPECT_EQ(static_cast<int32_t>(OString(" -42x")), -42);
+    EXPECT_EQ(static_cast<int32_t>(OString(TEXT("99999999999"))), 2000000000);
+    EXPECT_EQ(static_cast<int32_t>(OString()), 0);
+}
+
+TEST(StringFormat, MayUseTheStringItself) {
+    OString text("File");
+    text.Format(TEXT("%s-%d"), text.wstring(), 12);
+    EXPECT_STREQ(text.nstring(), "File-12");
+}
+
+} // namespace
