@@ -1,7 +1,7 @@
 // The registry: keys as a tree, values with a name, a type and bytes.
 //
-// The functions return their error code (ERROR_SUCCESS when all is well) and leave the thread's
-// last error alone. Names are matched without regard to case and shown as they were first written.
+// The functions return their error code (ERROR_SUCCESS when all is well); GetLastError says nothing
+// about them. Names are matched without regard to case and shown as they were first written.
 // Keys and values are enumerated in the order of their creation.
 #pragma once
 

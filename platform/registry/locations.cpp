@@ -1,5 +1,6 @@
 #include "registry/locations.h"
 
+#include "files/paths.h"
 #include "host/root.h"
 #include "host/text.h"
 
@@ -53,19 +54,15 @@ Location LocalLocation() {
 }
 
 Location ServerLocation(std::u16string_view name) {
-    const std::string wanted = Utf8(name);
-    if (wanted.empty() || wanted == "." || wanted == ".." ||
-        wanted.find_first_of("/\\") != std::string::npos)
+    if (name.empty() || name == u"." || name == u".." ||
+        name.find_first_of(u"/\\") != std::u16string_view::npos)
         return nullptr;
+    const auto path = HostPath(Utf16(Root() + "/servers/") + std::u16string(name));
+    if (!path) return nullptr;
     std::error_code error;
-    const fs::path servers = fs::path(Root()) / "servers";
-    for (fs::directory_iterator entry(servers, error), end; !error && entry != end;
-         entry.increment(error)) {
-        if (!SameName(Utf16(entry->path().filename().string()), name)) continue;
-        const fs::path folder = fs::canonical(entry->path(), error);
-        if (!error && fs::is_directory(folder, error)) return Intern(folder.string());
-    }
-    return nullptr;
+    const fs::path folder = fs::canonical(*path, error);
+    if (error || !fs::is_directory(folder, error)) return nullptr;
+    return Intern(folder.string());
 }
 
 Store& StoreOf(Location location) {
