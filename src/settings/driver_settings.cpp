@@ -2,6 +2,8 @@
 
 #include <new>
 
+#include "settings/options_block.h"
+
 namespace {
 
 constexpr char kLoaded[] = ":Loaded";
@@ -111,4 +113,27 @@ void DriverSettings::SetBool(const char* name, bool value) {
 void DriverSettings::SetEscapeCharacter(char c) {
     OString text;
     SetString("Function Character", text << c);
+}
+
+bool DriverSettings::Export(OFile& file, const char* model) {
+    if (!core_.registry) return false;
+    OStringArray lines;
+    core_.registry->Export("Settings:", lines);
+    WriteOptionsBlock(file, model, lines, core_.registry->SubstituteWindowsSyntax("DATA:"));
+    return true;
+}
+
+bool DriverSettings::Import(OFile& file, const char* model) {
+    if (!core_.registry) return false;
+    OptionsBlockReader reader(model, core_.registry->SubstituteWindowsSyntax("DATA:"));
+    bool found = false;
+    file.Seek(0, FILE_BEGIN);
+    OString line;
+    line.SetCodePage(file.GetCodePage());
+    while (file.ReadLine(line)) {
+        if (!reader.Read(line)) continue;
+        core_.registry->Import(reader.GetLines());
+        found = true;
+    }
+    return found;
 }

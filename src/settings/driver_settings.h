@@ -50,16 +50,8 @@ public:
     // belongs to. They stay marked: a second Save writes them again.
     void Save(const prtreg& registry);
 
-    // Appends one options block to `file`: all settings of the printer as they are in the
-    // registry, headed by the model's name,
-    //
-    //   <options model='MODEL'>
-    //   [DATA:\Settings\Status]
-    //   "Query Interval"=dword:000003e8
-    //   </options>
-    //
-    // in the registry's text form, except that keys are relative to the printer's data: the block
-    // fits every printer of the model. False only before Load.
+    // Appends one options block (see settings/options_block.h) to `file`: all settings of the
+    // printer as they are in the registry, headed by the model's name. False only before Load.
     bool Export(OFile& file, const char* model);
 
     // Applies every options block of that model in `file`, which is read from its start in its
@@ -174,9 +166,6 @@ private:
     void SetInt(const char* name, int32_t value);
     bool GetBool(const char* name, bool default_value);
     void SetBool(const char* name, bool value);
-
-    // The path of the printer's data in Windows notation.
-    OString DataPath();
 
     DriverSettingsCore core_;
 };
