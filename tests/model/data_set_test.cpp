@@ -4,7 +4,7 @@
 
 #include <string>
 
-#include "model/data_file_text.h"
+#include "support/data_file_text.h"
 
 namespace {
 

@@ -4,8 +4,8 @@
 #include <thread>
 #include <vector>
 
-#include "model/data_file_text.h"
 #include "model/data_set.h"
+#include "support/data_file_text.h"
 #include "support/host_test.h"
 
 namespace {

@@ -3,7 +3,7 @@
 #include <filesystem>
 #include <string>
 
-#include "model/data_file_text.h"
+#include "support/data_file_text.h"
 #include "support/host_test.h"
 
 namespace {

@@ -1,0 +1,90 @@
+// Device capabilities, from a program's question to the spooler down to the module's tables and
+// back.
+
+#include <cstring>
+#include <string>
+#include <vector>
+
+#include "support/staged_driver_test.h"
+#include "zplui.h"
+
+namespace {
+
+class DeviceCapabilities : public StagedDriverTest {
+protected:
+    static int Ask(WORD capability, void* output = nullptr) {
+        return DeviceCapabilitiesW(TEXT("Dock 3"), nullptr, capability, static_cast<LPWSTR>(output),
+                                   nullptr);
+    }
+};
+
+} // namespace
+
+TEST_F(DeviceCapabilities, ComeFromTheModuleThatTheSpoolerLoads) {
+    Install(TEST_BINARY_DIR, {.model = "Resolution=203,300x600\nColor=yes\nColor.Process=CMYK\n"
+                                       "Stock.Minimum.X=20 mm\nStock.Minimum.Y=6 mm\n"
+                                       "Stock.Maximum.X=114 mm\nStock.Maximum.Y=3988 mm\n",
+                              .method = "Copies.Limit=9999\n"});
+    const struct {
+        WORD capability;
+        int expected;
+    } cases[] = {{4, 60 << 16 | 200},
+                 {5, 32767 << 16 | 1140},
+                 {6, 1},
+                 {7, 0},
+                 {12, 1},
+                 {13, 2},
+                 {14, 2},
+                 {15, 1},
+                 {17, 90},
+                 {18, 9999},
+                 {19, 2},
+                 {20, 1},
+                 {21, -1},
+                 {22, 0},
+                 {23, -1},
+                 {24, -1},
+                 {25, 1},
+                 {26, -1},
+                 {29, -1},
+                 {30, 0},
+                 {31, -1},
+                 {32, 1},
+                 {33, 1},
+                 {0, -1},
+                 {34, -1}};
+    for (const auto& c : cases) EXPECT_EQ(Ask(c.capability), c.expected) << c.capability;
+
+    int32_t pairs[4] = {};
+    EXPECT_EQ(Ask(DC_ENUMRESOLUTIONS, pairs), 2);
+    EXPECT_EQ(pairs[0], 203);
+    EXPECT_EQ(pairs[3], 600);
+    WCHAR files[2][64] = {};
+    EXPECT_EQ(Ask(DC_FILEDEPENDENCIES, files), 2);
+    EXPECT_EQ(Text(OString(files[0])), "zplrender.dll");
+    EXPECT_EQ(Text(OString(files[1])), "zplvenu.dll");
+    WCHAR personality[32] = {};
+    EXPECT_EQ(Ask(DC_PERSONALITY, personality), 1);
+    EXPECT_EQ(Text(OString(personality)), "ZPL");
+}
+
+TEST_F(DeviceCapabilities, FollowAFlushOfAnotherProcess) {
+    Install(TEST_BINARY_DIR, {.method = "Copies.Limit=9999\n"});
+    EXPECT_EQ(Ask(DC_COPIES), 9999);
+    prtreg registry(OString("Dock 3"));
+    registry.SetByte("Settings:Disable Copies Limit", 1);
+    EXPECT_EQ(Ask(DC_COPIES), 9999) << "the record of the process";
+    registry.SetDWORD("DATA:Model Synchronization", 1234);
+    EXPECT_EQ(Ask(DC_COPIES), 32767);
+}
+
+TEST_F(DeviceCapabilities, OfNoPrinterAreDefaults) {
+    EXPECT_EQ(DrvDeviceCapabilities(nullptr, nullptr, DC_COPIES, nullptr, nullptr), 32767u);
+    EXPECT_EQ(DrvDeviceCapabilities(nullptr, nullptr, DC_ENUMRESOLUTIONS, nullptr, nullptr), 0u);
+    EXPECT_EQ(DrvDeviceCapabilities(nullptr, nullptr, DC_FILEDEPENDENCIES, nullptr, nullptr), 0u);
+    EXPECT_EQ(Ask(DC_COPIES), -1) << "the spooler knows better";
+}
+
+TEST(DevQueryPrint, LetsEveryJobPrint) {
+    EXPECT_TRUE(DevQueryPrintEx(nullptr));
+}

@@ -1,0 +1,65 @@
+// What the module does when it is attached and detached.
+
+#include <memory>
+
+#include "driver/driver_utility.h"
+#include "driver/platform_flags.h"
+#include "model/model_data_cache.h"
+#include "model/resource_cache.h"
+#include "support/host_test.h"
+#include "zplui.h"
+
+namespace {
+
+class Attach : public HostTest {
+protected:
+    ~Attach() override {
+        DriverUtility::SetModuleHandle(nullptr);
+        SetPlatformFlags(OString());
+    }
+};
+
+} // namespace
+
+TEST(PlatformFlags, FollowTheVersionFolderOfTheDriver) {
+    const struct {
+        const char* folder;
+        bool nt;
+        bool user_mode;
+    } cases[] = {
+        {"C:\\WINDOWS\\system32\\spool\\drivers\\w32x86\\3", true, true},
+        {"C:\\drivers\\4", true, true},
+        {"C:\\drivers\\2", true, false},
+        {"C:\\drivers\\33", false, false},
+        {"C:\\WINDOWS\\SYSTEM", false, false},
+        {"\\3", true, true},
+        {"3", false, false},
+        {"", false, false},
+    };
+    for (const auto& c : cases) {
+        SetPlatformFlags(c.folder);
+        EXPECT_EQ(winNT, c.nt) << c.folder;
+        EXPECT_EQ(win2000, c.user_mode) << c.folder;
+    }
+}
+
+TEST_F(Attach, MakesTheCachesAndDetachFreesThem) {
+    const HINSTANCE module = GetModuleHandleW(TEXT("kernel32.dll"));
+    ASSERT_TRUE(module);
+    EXPECT_TRUE(DllInitialize(module, DLL_PROCESS_ATTACH, nullptr));
+    EXPECT_EQ(DriverUtility::GetModuleHandle(), module);
+    EXPECT_FALSE(winNT) << "a folder without a version";
+    EXPECT_TRUE(OResourceCache::GetResourceFile("C:\\none.ddt"));
+    ModelDataCache().SetData("key", "data", 4);
+    EXPECT_EQ(ModelDataCache().GetDataSize("key"), 4u);
+
+    const DWORD thread_attach = 2;
+    const DWORD thread_detach = 3;
+    EXPECT_TRUE(DllInitialize(module, thread_attach, nullptr));
+    EXPECT_TRUE(DllInitialize(module, thread_detach, nullptr));
+    EXPECT_EQ(ModelDataCache().GetDataSize("key"), 4u);
+
+    EXPECT_TRUE(DllInitialize(module, DLL_PROCESS_DETACH, nullptr));
+    EXPECT_FALSE(OResourceCache::GetResourceFile("C:\\none.ddt"));
+    EXPECT_EQ(ModelDataCache().GetDataSize("key"), 0u);
+}

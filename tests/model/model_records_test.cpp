@@ -1,0 +1,141 @@
+// The other records of a model: capabilities, versions, makers.
+
+#include <cstring>
+
+#include "driver/printer_info.h"
+#include "model/model_data_cache.h"
+#include "support/model_test.h"
+
+namespace {
+
+class ModelRecords : public ModelTest {};
+
+uint16_t Word(const void* record, size_t offset) {
+    uint16_t value;
+    std::memcpy(&value, static_cast<const char*>(record) + offset, sizeof value);
+    return value;
+}
+
+} // namespace
+
+TEST_F(ModelRecords, OfCapabilitiesDescribeTheirOwnLayout) {
+    Install({});
+    auto model = Model();
+    const KVCapabilitiesData* record = model->GetCapabilitiesData();
+    const struct {
+        size_t offset;
+        uint16_t expected;
+    } fields[] = {{0, 1900}, {2, 48},    {4, 52}, {6, 37}, {8, 0}, {40, 2},
+                  {42, 36},  {44, 1828}, {46, 0}, {48, 0}, {50, 0}};
+    for (const auto& field : fields)
+        EXPECT_EQ(Word(record, field.offset), field.expected) << field.offset;
+    EXPECT_EQ(model->GetCapabilitiesData(), record) << "made once";
+}
+
+TEST_F(ModelRecords, OfCapabilitiesTellWhatThePrinterDrawsAndHowItRepeats) {
+    const struct {
+        std::string ModelTables::*table;
+        const char* lines;
+        size_t offset;
+        uint16_t expected;
+    } cases[] = {
+        {&ModelTables::drawing, "Line=yes", 10, 1},
+        {&ModelTables::drawing, "Line=yes", 18, 1},
+        {&ModelTables::drawing, "Line.Color=yes\nLine.Diagonal=yes", 10, 6},
+        {&ModelTables::drawing, "Line.Color=yes", 18, 0},
+        {&ModelTables::drawing, "Box=yes\nBox.Color=yes\nBox.Fill.Color=yes", 12, 7},
+        {&ModelTables::drawing, "Box=yes", 20, 1},
+        {&ModelTables::drawing, "Box.Join=Mitered,Rounded\nCircle=yes", 12, 48},
+        {&ModelTables::drawing, "BarCode.DrawUnsupported.1D=Graphic,Lines", 14, 1},
+        {&ModelTables::drawing, "BarCode.DrawUnsupported.1D=Graphic,Lines", 22, 0},
+        {&ModelTables::drawing, "BarCode.DrawUnsupported.1D=Lines,Graphic", 22, 1},
+        {&ModelTables::drawing, "BarCode.DrawUnsupported.2D=Lines", 16, 1},
+        {&ModelTables::drawing, "BarCode.DrawUnsupported.2D=Lines", 24, 1},
+        {&ModelTables::drawing, "BarCode.DrawUnsupported.2D=Graphic", 16, 0},
+        {&ModelTables::method, "Serialization=yes\nStaticFields=yes\nVariableData=yes", 26, 7},
+        {&ModelTables::method, "StaticGraphics=yes", 26, 8},
+        {&ModelTables::method, "StaticGraphics=yes\nStaticGraphics.Restrictions=NoVariableGraphics",
+         26, 16},
+        {&ModelTables::method, "StaticGraphics.Restrictions=NoVariableGraphics", 26, 0},
+        {&ModelTables::method, "Cache.Graphic=yes", 26, 160},
+        {&ModelTables::method, "Cache.Format=yes", 26, 192},
+        {&ModelTables::method, "TemplateExport=yes", 26, 256},
+        {&ModelTables::method, "Serialization.Count.Limit=99999999", 28, 0xE0FF},
+        {&ModelTables::method, "Serialization.Count.Limit=99999999", 30, 0x05F5},
+        {&ModelTables::method, "Serialization.Step.Limit=65537", 34, 1},
+        {&ModelTables::method, "Serialization.RolloverExpands=yes", 36, 1},
+        {&ModelTables::method, "Serialization.Copies=yes", 38, 0},
+        {&ModelTables::method, "Serialization.Copies=no", 38, 1},
+    };
+    Install({});
+    for (const auto& c : cases) {
+        ModelTables tables;
+        tables.*c.table = c.lines;
+        Replace(tables);
+        EXPECT_EQ(Word(Model()->GetCapabilitiesData(), c.offset), c.expected)
+            << c.lines << " at " << c.offset;
+    }
+}
+
+TEST_F(ModelRecords, OfCapabilitiesNameTheDefaultFonts) {
+    Install({.font = "DefaultFont.Text.Name=Font 0\nDefaultFont.Text.Size=12\n"
+                     "DefaultFont.BarCode.Name=A face name that is far too long\n"
+                     "DefaultFont.BarCode.Size=36\nDefaultFont.BarCode.Weight=700\n",
+             .manufacturer = "Fonts.Prefix=AB\n"});
+    auto model = Model();
+    const auto* fonts = model->GetCapabilitiesData()->fonts;
+    EXPECT_STREQ(fonts[0].name, "AB Font 0");
+    EXPECT_EQ(fonts[0].size, 12);
+    EXPECT_EQ(fonts[0].weight, 400);
+    EXPECT_STREQ(fonts[1].name, "AB A face name that is far too ");
+    EXPECT_EQ(fonts[1].size, 36);
+    EXPECT_EQ(fonts[1].weight, 700);
+}
+
+TEST_F(ModelRecords, OfTheDriverHasItsVersions) {
+    Install({});
+    const unsigned char expected[24] = {24,  0,   6,   0, 7, 0,    4, 0, 1, 0, 2, 0,
+                                        'z', 'p', 'l', 0, 0, 0x80, 0, 0, 0, 0, 0, 0};
+    EXPECT_EQ(std::memcmp(Model()->GetDriverInfo(), expected, sizeof expected), 0);
+}
+
+TEST_F(ModelRecords, OfTheMakerFollowsTheOemCode) {
+    const struct {
+        const char* oem;
+        const char* maker;
+    } cases[] = {{"in", "Intermec Corporation"},
+                 {"tt", "Toshiba TEC Corporation"},
+                 {"dt", "Datamax Corporation"},
+                 {"qv", "Valdrick"}};
+    const std::string company = "CompanyName=A company whose name goes on and on and on\n";
+    Install({.manufacturer = company});
+    for (const auto& c : cases) {
+        ASSERT_TRUE(AddDriver("Model 1", (std::string("zpl") + c.oem + ".ddt").c_str()));
+        Replace({.manufacturer = company});
+        auto model = Model();
+        const KVManufacturerInfo* record = model->GetManufacturerInfo();
+        EXPECT_EQ(record->size, 78);
+        EXPECT_STREQ(record->manufacturer, c.maker);
+        EXPECT_STREQ(record->oem, c.oem);
+        EXPECT_STREQ(record->company_name, "A company whose name goes on an");
+    }
+}
+
+TEST_F(ModelRecords, AreKeptPerPrinterUntilTheStampChanges) {
+    Install({.drawing = "Line=yes\n", .barcode = "Code39=yes\n"});
+    Model()->GetCapabilitiesData();
+    Model()->GetDriverInfo();
+    Model()->GetManufacturerInfo();
+    Model()->GetRFIDCapabilities();
+    ModelDataCache cache;
+    EXPECT_EQ(cache.GetDataSize("Dock 3:ModelData"), 180u);
+    EXPECT_EQ(cache.GetDataSize("Dock 3:CapabilitiesData"), 1900u);
+    EXPECT_EQ(cache.GetDataSize("Dock 3:DriverInfo"), 24u);
+    EXPECT_EQ(cache.GetDataSize("Dock 3:ManufacturerInfo"), 78u);
+    EXPECT_EQ(cache.GetDataSize("Dock 3:RFIDCapabilities"), 28u);
+    ASSERT_TRUE(AddPrinter("Dock 4", "Model 1"));
+    prtreg("Dock 4").SetDWORD("DATA:Model Synchronization", 5);
+    std::unique_ptr<prtmodel>(prtmodel::new_ext(PrinterInfo(OString("Dock 4"))));
+    EXPECT_EQ(cache.GetDataSize("Dock 3:CapabilitiesData"), 0u);
+    EXPECT_EQ(cache.GetDataSize("Dock 4:ModelData"), 180u);
+}

@@ -1,0 +1,209 @@
+// What the printer model answers and keeps.
+
+#include "model/prtmodel.h"
+
+#include <vector>
+
+#include "driver/printer_info.h"
+#include "settings/driver_settings.h"
+#include "support/model_test.h"
+
+namespace {
+
+class PrinterModel : public ModelTest {};
+
+} // namespace
+
+TEST_F(PrinterModel, KnowsItsPrinterAndItsNames) {
+    Install({.manufacturer = "CompanyName=Maker\nProductName=Product\n"});
+    auto model = Model();
+    EXPECT_EQ(Text(model->GetPrinterName()), "Dock 3");
+    EXPECT_EQ(Text(model->GetModelName()), "Model 1");
+    EXPECT_STREQ(model->GetOEM(), "oqv");
+    EXPECT_STREQ(model->GetPrefix(), "zpl");
+    EXPECT_EQ(Text(model->GetManufacturerName()), "Maker");
+    EXPECT_EQ(Text(model->GetDriverName()), "Product");
+    EXPECT_EQ(Text(model->GetRegistry().GetPrinterName()), "Dock 3");
+    EXPECT_NE(model->GetCodePages().GetHead(), nullptr);
+}
+
+TEST_F(PrinterModel, OfAnUnknownPrinterAnswersDefaults) {
+    std::unique_ptr<prtmodel> model(prtmodel::new_ext(PrinterInfo(nullptr)));
+    ASSERT_TRUE(model);
+    EXPECT_STREQ(model->GetPrefix(), "");
+    EXPECT_EQ(model->GetXResolution(), 0);
+    EXPECT_EQ(model->GetMaxCopies(), 32767);
+    EXPECT_FALSE(model->HasBarCodes());
+    EXPECT_FALSE(model->HasRFID());
+    EXPECT_FALSE(model->HasDeviceFonts());
+    EXPECT_EQ(model->GetCustomData()->flags, 0u);
+    ASSERT_TRUE(model->GetManufacturerInfo());
+    EXPECT_STREQ(model->GetManufacturerInfo()->oem, "");
+}
+
+TEST_F(PrinterModel, MeasuresPaper) {
+    Install({.model =
+                 "Stock.UnprintableWidth=1 mm\nStock.Printable.X=2 mm\nStock.Default.X=100 mm\n"
+                 "Stock.Default.Y=5 mm\nStock.Minimum.Y=6 mm\nStock.Maximum.Y=7 mm\n"
+                 "Stock.Minimum.X=8 mm\nStock.Maximum.X=9 mm\nStock.Tracking=Center\n"});
+    auto model = Model();
+    EXPECT_EQ(model->GetPrintableWidth().Microns(), 2000);
+    EXPECT_EQ(model->GetDefaultLabelWidth().Microns(), 100000);
+    EXPECT_EQ(model->GetDefaultPaperWidth().Microns(), 102540) << "with liner on both sides";
+    EXPECT_EQ(model->GetDefaultLabelLength().Microns(), 5000);
+    EXPECT_EQ(model->GetDefaultPaperLength().Microns(), 5000);
+    EXPECT_EQ(model->GetPaperLengthMin().Microns(), 6000);
+    EXPECT_EQ(model->GetPaperLengthMax().Microns(), 7000);
+    EXPECT_EQ(model->GetPaperWidthMin().Microns(), 8000);
+    EXPECT_EQ(model->GetPaperWidthMax().Microns(), 9000);
+    EXPECT_EQ(model->GetUnprintableWidth().Microns(), 1000);
+    EXPECT_EQ(model->GetUnprintableWidthDefault().Microns(), 1000);
+    EXPECT_TRUE(model->IsCenterTracked());
+    EXPECT_FALSE(model->IsLeftTracked());
+    EXPECT_FALSE(model->IsRightTracked());
+}
+
+TEST_F(PrinterModel, ListsResolutionsUpToTheFirstThatIsZero) {
+    const struct {
+        const char* text;
+        std::vector<int> expected;
+    } cases[] = {
+        {"203,300", {203, 203, 300, 300}},
+        {"203,300x0,600", {203, 203}},
+        {"1,2,3,4,5,6,7,8", {1, 1, 2, 2, 3, 3, 4, 4, 5, 5, 6, 6, 7, 7, 8, 8}},
+        {"", {}},
+    };
+    Install({});
+    for (const auto& c : cases) {
+        Replace({.model = std::string("Resolution=") + c.text});
+        OTypedArray<int> numbers;
+        numbers.Add(99);
+        EXPECT_EQ(Model()->GetResolutions(numbers), static_cast<int>(c.expected.size() / 2))
+            << c.text;
+        ASSERT_EQ(numbers.GetSize(), static_cast<int>(c.expected.size())) << c.text;
+        for (int i = 0; i < numbers.GetSize(); ++i)
+            EXPECT_EQ(numbers[i], c.expected[static_cast<size_t>(i)]) << c.text;
+    }
+}
+
+TEST_F(PrinterModel, AnswersWhetherItCan) {
+    const struct {
+        ModelTables tables;
+        bool (prtmodel::*can)() const;
+    } cases[] = {
+        {{.drawing = "Transform.Flip180=yes"}, &prtmodel::CanFlip180},
+        {{.drawing = "Transform.Mirror=yes"}, &prtmodel::CanMirror},
+        {{.drawing = "Transform.Inverse=yes"}, &prtmodel::CanNegative},
+        {{.font = "Download.TrueType=yes"}, &prtmodel::CanDownloadTTFont},
+        {{.font = "Download.TrueType=yes"}, &prtmodel::CanDownloadFont},
+        {{.font = "Download.Bitmap=yes"}, &prtmodel::CanDownloadBitmapFont},
+        {{.font = "Download.Bitmap=yes"}, &prtmodel::CanDownloadFont},
+        {{.method = "Cache.Format=yes"}, &prtmodel::CanCacheFormats},
+        {{.method = "Cache.Graphic=yes"}, &prtmodel::CanCacheGraphics},
+        {{.model = "Ports.Bidirectional=Parallel"}, &prtmodel::IsBidiParallel},
+        {{.model = "Ports.Bidirectional=USB"}, &prtmodel::IsBidiUSB},
+        {{.barcode = "Telepen=yes"}, &prtmodel::HasBarCodes},
+        {{.font = "Fonts=FontGroup:A.pfg"}, &prtmodel::HasDeviceFonts},
+        {{.model = "~RFID.TagTypes=EPC96"}, &prtmodel::HasRFID},
+    };
+    Install({});
+    int number = 0;
+    for (const auto& c : cases) {
+        Replace({});
+        EXPECT_FALSE((*Model().*c.can)()) << number;
+        Registry().Delete("MODEL:", true);
+        Replace(c.tables);
+        EXPECT_TRUE((*Model().*c.can)()) << number++;
+        Registry().Delete("MODEL:", true);
+    }
+}
+
+TEST_F(PrinterModel, AnswersNumbersAndMasks) {
+    Install({.model = "Color=yes\nColor.Spot=2\nColor.Spectrum=32\nColor.DefaultState=Color\n"
+                      "Resolution=300x600\n",
+             .drawing = "Transform.Orientation=270\nTransform.MapResolution=72\n"
+                        "Line.Thickness.Maximum=10\nBox.Thickness.Maximum=20\n",
+             .method = "Copies.Limit=99\n",
+             .font = "Download.Bitmap=yes\nDownload.Bitmap.Orientation=90\n"});
+    auto model = Model();
+    EXPECT_TRUE(model->ColorSupport(0x01));
+    EXPECT_TRUE(model->ColorSupport(0x82));
+    EXPECT_FALSE(model->ColorSupport(0x7E));
+    EXPECT_FALSE(model->ColorSupport(0xFFFFFF00));
+    EXPECT_EQ(model->GetDefaultColorState(), 2);
+    EXPECT_EQ(model->GetXResolution(), 300);
+    EXPECT_EQ(model->GetYResolution(), 600);
+    EXPECT_EQ(model->GetNaturalOrientation(), 3);
+    EXPECT_EQ(model->GetMapResolution(), 72);
+    EXPECT_EQ(model->GetMaxLineThickness(), 10);
+    EXPECT_EQ(model->GetMaxBoxThickness(), 20);
+    EXPECT_EQ(model->GetMaxCopies(), 99);
+    EXPECT_FALSE(model->DownloadFontRotation(0));
+    EXPECT_TRUE(model->DownloadFontRotation(1));
+    EXPECT_FALSE(model->DownloadFontRotation(2));
+    EXPECT_FALSE(model->DownloadFontRotation(-1));
+    DitherCapabilities dither = {9, 9};
+    model->GetDitherCapabilities(dither);
+    EXPECT_EQ(dither.own_dithering, 0u);
+    EXPECT_EQ(dither.algorithm, 2u);
+}
+
+TEST_F(PrinterModel, AddsAndRemovesFontGroupsAndKeepsTheList) {
+    Install({.font = "Fonts=FontGroup:A.pfg,FontGroup:B.pfg"});
+    prtreg registry = Registry();
+    OStringArray expansion;
+    expansion.Add("FontGroup:C.pfg");
+    registry.SetMultiString("Settings:Expansion Fonts", expansion);
+    OStringArray excluded;
+    excluded.Add("fontgroup:b.PFG");
+    registry.SetMultiString("Settings:Excluded Fonts", excluded);
+
+    OStringArray groups;
+    groups.Add("stale");
+    Model()->GetFontGroups(groups);
+    EXPECT_EQ(Text(groups), "A,C");
+
+    registry.Delete("Settings:Excluded Fonts", false);
+    Model()->GetFontGroups(groups);
+    EXPECT_EQ(Text(groups), "A,C") << "as it is stored";
+    auto model = Model();
+    model->FlushDataCache();
+    model->GetFontGroups(groups);
+    EXPECT_EQ(Text(groups), "A,B,C");
+}
+
+TEST_F(PrinterModel, RecordsPlugAndPlayIdentifiersOnlyWhenThereAreSome) {
+    Install({});
+    Model()->RecordDataToReg();
+    OStringArray ids;
+    EXPECT_FALSE(Registry().GetMultiString("DATA:Plug And Play IDs", ids));
+    Replace({.model = "Ports.PNP.ID=First,Second"});
+    Model()->RecordDataToReg();
+    EXPECT_TRUE(Registry().GetMultiString("DATA:Plug And Play IDs", ids));
+    EXPECT_EQ(Text(ids), "First,Second");
+}
+
+TEST_F(PrinterModel, OfANewPrinterIsNotWatched) {
+    Install({});
+    DriverSettings settings;
+    settings.Load(Registry());
+    settings.SetMonitorStatus(true);
+    settings.Save(Registry());
+    Model()->InitializeDriverSettings();
+    settings.Load(Registry());
+    EXPECT_FALSE(settings.MonitorStatus());
+}
+
+TEST_F(PrinterModel, FindsTheLabelDesignProgramByItsDocuments) {
+    Install({});
+    EXPECT_FALSE(Model()->IsFablewickInstalled());
+    HKEY key = nullptr;
+    ASSERT_EQ(RegCreateKeyExW(HKEY_CLASSES_ROOT, TEXT(".fwk"), 0, nullptr, 0, KEY_WRITE, nullptr,
+                              &key, nullptr),
+              ERROR_SUCCESS);
+    EXPECT_FALSE(Model()->IsFablewickInstalled()) << "a type of no class";
+    const WCHAR type[] = TEXT("Fablewick.Document");
+    RegSetValueExW(key, nullptr, 0, REG_SZ, reinterpret_cast<const BYTE*>(type), sizeof type);
+    RegCloseKey(key);
+    EXPECT_TRUE(Model()->IsFablewickInstalled());
+}

@@ -1,0 +1,219 @@
+// The bar code symbologies: their numbers, and the records that the table BarCode makes.
+
+#include "model/symbology_info.h"
+
+#include <cstring>
+#include <vector>
+
+#include "support/model_test.h"
+
+TEST(SymbologyInfo, NamesNumbersAndTheirKeys) {
+    const struct {
+        int number;
+        const char* name;
+        const char* key;
+    } cases[] = {
+        {0, "Code39", "Code39.HR"},
+        {1, "Code39", "Code39.HR"},
+        {5, "I-2/5", "I-2/5.HR"},
+        {11, "Supplemental2", "Supplemental2.HR"},
+        {19, "RoyalMail", "RoyalMail.HR"},
+        {30, "AztecMesa", "AztecMesa.HR"},
+        {36, "Telepen", "Telepen.HR"},
+        {37, "", ".HR"},
+        {-1, "", ".HR"},
+    };
+    for (const auto& c : cases) {
+        EXPECT_STREQ(SymbologyInfo(c.number).GetName().nstring(), c.name) << c.number;
+        EXPECT_STREQ(SymbologyInfo(c.number).CreateKey("HR").nstring(), c.key) << c.number;
+    }
+}
+
+TEST(SymbologyInfo, KnowsWhatEachSymbologyOffers) {
+    const auto numbers = [](bool (SymbologyInfo::*offers)() const) {
+        std::vector<int> found;
+        for (int i = 0; i <= 36; ++i)
+            if ((SymbologyInfo(i).*offers)()) found.push_back(i);
+        return found;
+    };
+    using Numbers = std::vector<int>;
+    EXPECT_EQ(numbers(&SymbologyInfo::Ratios_Supported), (Numbers{0, 2, 4, 5, 6, 24}));
+    EXPECT_EQ(numbers(&SymbologyInfo::ShowCheckDigit_Supported),
+              (Numbers{0, 2, 5, 6, 7, 8, 9, 10, 24}));
+    EXPECT_EQ(numbers(&SymbologyInfo::NumberSystem_Supported), (Numbers{8}));
+    EXPECT_EQ(numbers(&SymbologyInfo::HR_Supported),
+              (Numbers{0,  1,  2,  3,  4,  5,  6,  7,  8,  9,  10, 11, 12, 13,
+                       19, 20, 21, 22, 23, 24, 25, 26, 27, 31, 32, 33, 36}));
+}
+
+namespace {
+
+class Symbologies : public ModelTest {
+protected:
+    const KVSymbologyData& Record(int number) {
+        return model_->GetCapabilitiesData()->symbologies[number];
+    }
+
+    void Load(const std::string& barcode) {
+        const ModelTables tables = {.barcode = barcode, .manufacturer = "Fonts.Prefix=AB\n"};
+        if (model_)
+            Replace(tables);
+        else
+            Install(tables);
+        model_ = Model();
+    }
+
+    std::unique_ptr<extmodel> model_;
+};
+
+} // namespace
+
+TEST_F(Symbologies, ThatAreNotSupportedHaveEmptyRecords) {
+    Load("Code39=yes\nCode128=no\nCode128.Color=yes\nCode128.HR=On\nCode93.HR=On\n");
+    const KVSymbologyData empty = {};
+    for (int i = 2; i <= 36; ++i) EXPECT_EQ(std::memcmp(&Record(i), &empty, sizeof empty), 0) << i;
+    EXPECT_EQ(Record(0).flags, 1);
+    EXPECT_EQ(Record(1).flags, 1);
+    EXPECT_TRUE(model_->HasBarCodes());
+    Load("");
+    EXPECT_FALSE(model_->HasBarCodes());
+}
+
+TEST_F(Symbologies, HaveTheirOwnOptions) {
+    const struct {
+        int number;
+        const char* name;
+        const char* lines;
+        uint32_t expected;
+    } cases[] = {
+        {0, "Code39", "", 0x1},
+        {0, "Code39", "FullASCII=yes", 0},
+        {1, "Code39", "FullASCII=yes;StartStop.Required=yes", 0x2},
+        {0, "Code39", "FullASCII=yes;CheckDigit.Required=yes;StartStop.Variable=yes", 0xC},
+        {0, "Code39", "FullASCII=yes;Ratio=Variable,2:1,11:5,9:4,7:3,12:5,5:2", 0x7F000},
+        {0, "Code39", "FullASCII=yes;Ratio=13:5,8:3,11:4,14:5,3:1,4:1", 0xF80000},
+        {1, "Code39", "FullASCII=yes;Ratio=2:1", 0},
+        {2, "Code93", "Ratio=2:1", 0x2001},
+        {3, "Code128", "Ratio=2:1", 0x2},
+        {3, "Code128", "Encoding=Auto", 0x3},
+        {3, "Code128", "Encoding=Auto,Manual", 0x1},
+        {3, "Code128", "Encoding=Manual", 0},
+        {3, "Code128", "Encoding=manual", 0x2},
+        {3, "Code128", "Encoding=Manual;RestrictedMethods=Serialization,Static", 0xA0000000},
+        {4, "Codabar", "StartStop.Required=yes;StartStop.Uppercase=yes", 0x3},
+        {5, "I-2/5", "CheckDigit.Required=yes", 0x1},
+        {6, "MSI", "CheckDigit.Required=yes;RestrictedMethods=VariableData,TemplateFile",
+         0x50000001},
+        {7, "UPC-A", "GuardBar.Variable=yes;GuardBar.WithoutHR=yes", 0xC},
+        {7, "UPC-A", "NumberSystem=1;CheckDigit.Required=yes", 0x1},
+        {8, "UPC-E", "NumberSystem=0,1", 0x2},
+        {8, "UPC-E", "NumberSystem=10", 0},
+        {9, "EAN-13", "CheckDigit.Required=yes", 0x1},
+        {10, "EAN-8", "CheckDigit.Required=yes", 0x1},
+        {13, "Postnet", "CheckDigit.Required=yes", 0},
+        {15, "PDF417", "", 0x1},
+        {15, "PDF417", "Truncated=yes;CorrectionLevel=1,Auto;Columns=Auto", 0x6},
+        {16, "DataMatrix", "ECC=000,010,040,050,060,070,080", 0x7F},
+        {16, "DataMatrix", "ECC=090,100,110,120,130,140,200", 0x3F80},
+        {16, "DataMatrix", "WhiteOnBlack=yes;StructuredAppend=yes", 0x84000},
+        {16, "DataMatrix", "Rectangle=No", 0},
+        {16, "DataMatrix", "Rectangle=Auto", 0x8000},
+        {16, "DataMatrix", "Rectangle=Manual", 0x48000},
+        {16, "DataMatrix", "FormatID=Auto;FunctionCodes=None", 0x30000},
+        {17, "MaxiCode", "Mode=2,3,4,5,6", 0x1F},
+        {17, "MaxiCode", "ZipperBlock=yes;ContrastBlock=yes;StructuredAppend=yes", 0xE0},
+        {18, "QRCode", "Model=1,2;Mode=Manual,Auto;Mask=Manual,Auto;StructuredAppend=yes", 0x7F},
+        {21, "JapanPost", "HighPriority=yes", 0x1},
+        {24, "Code11", "Ratio=2:1;CheckDigit.Required=yes", 0x2000},
+        {27, "Codablock", "Type=A,E,F", 0x7},
+        {28, "MicroPDF417", "Size=1,auto", 0x1},
+        {29, "Aztec",
+         "FinderPattern=Auto,Compact,Full;WhiteOnBlack=yes;ErrorCorrection=Auto;"
+         "Layers=Auto;StructuredAppend=yes",
+         0x7F},
+        {30, "AztecMesa", "WhiteOnBlack=yes", 0},
+        {31, "RSS",
+         "Type=RSS14,Truncated,Stacked,Omnidirectional,Limited,Expanded,"
+         "ExpandedStacked;SegmentsPerRow=Manual",
+         0x1007F},
+        {31, "RSS", "Type=EAN8,UPCA", 0},
+        {32, "Composite", "Type=RSS14,EAN8,EAN13,UPCA,UPCE,128_CC_AB,128_CC_C", 0x3F01},
+        {32, "Composite", "SegmentsPerRow=Manual", 0x10000},
+        {36, "Telepen", "CheckDigit.Required=yes;Mode=Numeric", 0x3},
+    };
+    std::string barcode;
+    for (const auto& c : cases) {
+        barcode = std::string(c.name) + "=yes\n";
+        std::string line;
+        for (const char* p = c.lines;; ++p) {
+            if (*p && *p != ';') {
+                line += *p;
+                continue;
+            }
+            if (!line.empty()) barcode += std::string(c.name) + "." + line + "\n";
+            line.clear();
+            if (!*p) break;
+        }
+        Load(barcode);
+        EXPECT_EQ(Record(c.number).options, c.expected) << barcode;
+    }
+}
+
+TEST_F(Symbologies, HaveHumanReadableTextWhereItCanBe) {
+    const struct {
+        int number;
+        const char* name;
+        const char* lines;
+        uint16_t mode;
+        uint32_t bits;
+    } cases[] = {
+        {0, "Code39", "HR=On,Off\nCode39.HR.Placement=Above,Below\n", 0, 0xC},
+        {0, "Code39", "HR=On\nCode39.HR.Offset=Vertical,Horizontal\n", 2, 0x3},
+        {0, "Code39", "HR=Off\nCode39.HR.Placement=Above\n", 1, 0},
+        {0, "Code39", "HR=Off,On\nCode39.HR.Placement=Above\n", 1, 0},
+        {0, "Code39", "HR.Placement=Above\n", 1, 0},
+        {0, "Code39", "HR=On\nCode39.HR.Alignment=Left,Right,Center,Bar\n", 2, 0xF0},
+        {0, "Code39", "HR=On\nCode39.HR.CheckDigit=Show,Hide\n", 2, 0x300},
+        {1, "Code39", "HR=On\nCode39.HR.CheckDigit=Show,Hide\n", 2, 0},
+        {0, "Code39", "HR=On\nCode39.HR.StartStop=Show,Hide\n", 2, 0xC00},
+        {0, "Code39", "HR=On\nCode39.HR.Font.Select=yes\n", 2, 0x8000},
+        {0, "Code39", "HR=Off\nCode39.HR.Translation=On,Off\n", 1, 0x30000},
+        {3, "Code128", "HR=On\nCode128.HR.CheckDigit=Show\n", 2, 0},
+        {7, "UPC-A", "HR=On\nUPC-A.SplitDigit=Full\n", 2, 0x90000},
+        {8, "UPC-E", "HR=On\nUPC-E.SplitDigit=Small\n", 2, 0x50000},
+        {9, "EAN-13", "HR=On\nEAN-13.SplitDigit=None\n", 2, 0x20000},
+        {15, "PDF417", "HR=On\nPDF417.HR.Placement=Above\n", 0, 0},
+        {13, "Postnet", "HR=On\nPostnet.HR.Placement=Above\n", 2, 0x4},
+    };
+    for (const auto& c : cases) {
+        const std::string name = c.name;
+        Load(name + "=yes\n" + name + "." + c.lines);
+        EXPECT_EQ(Record(c.number).hr_mode, c.mode) << c.lines;
+        EXPECT_EQ(Record(c.number).hr_bits, c.bits) << c.lines;
+    }
+}
+
+TEST_F(Symbologies, NameTheFontOfTheirText) {
+    Load("Code39=yes\nCode39.Color=yes\nCode39.HR=On\nCode39.HR.Font.Name=OCR\nCode39.HR.Font.Size="
+         "12\n"
+         "Code93=yes\nCode93.HR=On\nCode93.HR.Font.Name=A face name that is far too long\n"
+         "Code93.HR.Font.Weight=700\n");
+    EXPECT_STREQ(Record(0).font_name, "AB OCR");
+    EXPECT_EQ(Record(0).font_size, 12);
+    EXPECT_EQ(Record(0).font_weight, 400);
+    EXPECT_EQ(Record(0).flags, 3);
+    EXPECT_STREQ(Record(2).font_name, "AB A face name that is far too ");
+    EXPECT_EQ(Record(2).font_weight, 700);
+}
+
+TEST_F(Symbologies, ThatSupplementOthersAreReadEvenWhenTheyDoNotStandAlone) {
+    Load("Supplemental2.Attached=1,5\nSupplemental2.HR=On,Off\nSupplemental2.HR.Placement=Above\n"
+         "Supplemental5.HR=On\n");
+    EXPECT_EQ(Record(11).flags, 0);
+    EXPECT_EQ(Record(11).options, 0x11u);
+    EXPECT_EQ(Record(11).hr_bits, 0x4u);
+    EXPECT_EQ(Record(12).hr_mode, 0) << "attached to nothing";
+    Load("Supplemental5=yes\nSupplemental5.Attached=2,3,4\n");
+    EXPECT_EQ(Record(12).flags, 1);
+    EXPECT_EQ(Record(12).options, 0xEu);
+}

@@ -1,0 +1,52 @@
+// The fixture of tests that need a printer model: one made-up printer with the tables of its model.
+#pragma once
+
+#include <memory>
+#include <string>
+
+#include "support/printer_test.h"
+#include "zpl/extmodel.h"
+
+// The properties of the model, as the lines of its section in each table.
+struct ModelTables {
+    std::string model = {};
+    std::string drawing = {};
+    std::string method = {};
+    std::string font = {};
+    std::string barcode = {};
+    std::string features = {};
+    std::string manufacturer = {};
+    std::string custom_data = {};
+    std::string code_pages = {};
+};
+
+// The bytes of a model data file in which the driver "Model 1" leads to these properties.
+std::string ModelDataFile(const ModelTables& tables);
+
+class ModelTest : public PrinterTest {
+protected:
+    ModelTest();
+    ~ModelTest() override;
+
+    // Installs the printer "Dock 3" with driver "Model 1" and these tables. The OEM code is the
+    // end of the name of its data file.
+    void Install(const ModelTables& tables, const std::string& oem = "qv");
+
+    // Gives the installed printer other tables and forgets what was read of the old ones, as if
+    // the module had been loaded anew.
+    void Replace(const ModelTables& tables);
+
+    // The model of the installed printer, never null.
+    static std::unique_ptr<extmodel> Model();
+
+    // Its key map.
+    static prtreg Registry();
+
+private:
+    void WriteDataFile(const ModelTables& tables);
+};
+
+// The 8-bit text of a string, to be compared.
+std::string Text(const OString& text);
+// The strings of an array with commas between them.
+std::string Text(const OStringArray& texts);
