@@ -1,0 +1,115 @@
+#include "core/base64.h"
+
+#include <gtest/gtest.h>
+
+#include <random>
+#include <string>
+
+#include "core/lz77.h"
+#include "core/text.h"
+
+namespace {
+
+// Into a block of exactly the promised size, so that a byte too much is seen.
+std::string Encoded(const std::string& bytes) {
+    OBuffer<char> out(Base64::EncodeLength(static_cast<uint32_t>(bytes.size())));
+    uint32_t length = 99;
+    Base64::Encode(bytes.data(), static_cast<uint32_t>(bytes.size()), out.GetData(), &length);
+    return std::string(out.GetData(), length);
+}
+
+std::string Decoded(const std::string& text) {
+    OBuffer<char> in;
+    in.Assign(text.data(), static_cast<uint32_t>(text.size()));
+    OBuffer<char> out(Base64::DecodeLength(in.GetSize()));
+    uint32_t length = 99;
+    Base64::Decode(in.GetData(), in.GetSize(), out.GetData(), &length);
+    return std::string(out.GetData(), length);
+}
+
+TEST(Base64Text, IsTheStandardOne) {
+    const struct {
+        std::string bytes, text;
+    } cases[] = {
+        {"", ""},
+        {"M", "TQ=="},
+        {"Ma", "TWE="},
+        {"Man", "TWFu"},
+        {"foobar", "Zm9vYmFy"},
+        {std::string("\0\0\0\0", 4), "AAAAAA=="},
+        {"\xFB\xEF\xBE\xFF\xFF\xFF", "++++////"},
+    };
+    for (const auto& c : cases) {
+        EXPECT_EQ(Encoded(c.bytes), c.text);
+        EXPECT_EQ(Decoded(c.text), c.bytes);
+    }
+}
+
+TEST(Base64Text, ComesBackForEveryLength) {
+    std::mt19937 random(1);
+    std::string bytes;
+    for (int length = 0; length < 200; ++length) {
+        ASSERT_EQ(Decoded(Encoded(bytes)), bytes) << length;
+        bytes.push_back(static_cast<char>(random()));
+    }
+}
+
+TEST(Base64Text, EndsAtPaddingAndToleratesTheRest) {
+    const struct {
+        const char *text, *bytes;
+    } cases[] = {
+        {"TQ==TWFu", "M"}, {"TWE=TWFu", "Ma"}, {"TWFuTQ", "ManM"}, {"TWFuTWE", "ManMa"},
+        {"TWFuT", "Man"},  {"T", ""},          {"TQ=A", "M"},      {"TWFu\n", "Man"},
+        {"TQ", "M"},       {"T===", "L"},
+    };
+    for (const auto& c : cases) EXPECT_EQ(Decoded(c.text), c.bytes) << c.text;
+    EXPECT_EQ(Decoded("T\xFF"
+                      "!u"),
+              Decoded("TAAu"))
+        << "strangers count as zero";
+    EXPECT_EQ(Decoded("==Fu"), Decoded("AAFu")) << "padding ends the text in its places only";
+}
+
+TEST(Base64Text, HasKnownLengths) {
+    const struct {
+        uint32_t size, encoded, decoded;
+    } cases[] = {{0, 0, 0}, {1, 4, 0}, {3, 4, 2}, {4, 8, 3}, {6, 8, 4}, {7, 12, 5}};
+    for (const auto& c : cases) {
+        EXPECT_EQ(Base64::EncodeLength(c.size), c.encoded);
+        EXPECT_EQ(Base64::DecodeLength(c.size), c.decoded);
+    }
+    EXPECT_EQ(Base64::EncodeLength(0xFFFFFFFF), 0xFFFFFFFFu);
+    EXPECT_EQ(Base64::DecodeLength(0xFFFFFFFF), 3221225471u);
+}
+
+TEST(Base64Text, ReplacesABufferInPlace) {
+    OBuffer<char> buffer;
+    buffer.Assign("Man!", 4);
+    EXPECT_TRUE(Base64::Encode(buffer));
+    EXPECT_EQ(std::string(buffer.GetData(), buffer.GetSize()), "TWFuIQ==");
+    EXPECT_TRUE(Base64::Decode(buffer));
+    EXPECT_EQ(std::string(buffer.GetData(), buffer.GetSize()), "Man!");
+}
+
+TEST(BlobText, ComesBackFromAString) {
+    std::mt19937 random(2);
+    for (const uint32_t size : {0u, 1u, 28u, 5000u}) {
+        OBuffer<char> blob(size);
+        for (uint32_t i = 0; i < size; ++i) blob[i] = static_cast<char>(random());
+        OString text = InCodePage(1208, "old");
+        EXPECT_TRUE(Base64::BufferToString(blob, text));
+        EXPECT_EQ(text.Left(5), "WkxJQ") << "the text of \"ZLIB\"";
+        EXPECT_EQ(text.GetCodePage(), 1208u);
+        OBuffer<char> back(3);
+        EXPECT_TRUE(Base64::StringToBuffer(OString(text.wstring()), back));
+        EXPECT_EQ(std::string(back.GetData(), back.GetSize()), std::string(blob.GetData(), size));
+    }
+}
+
+TEST(BlobText, IsRefusedWhenItIsNone) {
+    OBuffer<char> out;
+    for (const char* text : {"", "TWFu", "not a blob at all", "WkxJQgAAAAAAAAAA"})
+        EXPECT_FALSE(Base64::StringToBuffer(OString(text), out)) << text;
+}
+
+} // namespace

@@ -1,0 +1,118 @@
+#include "core/lz77.h"
+
+#include <gtest/gtest.h>
+
+#include <cstring>
+#include <random>
+#include <string>
+
+namespace {
+
+OBuffer<char> Buffer(const std::string& bytes) {
+    OBuffer<char> buffer;
+    buffer.Assign(bytes.data(), static_cast<uint32_t>(bytes.size()));
+    return buffer;
+}
+
+std::string Contents(const OBuffer<char>& buffer) {
+    return std::string(buffer.GetData(), buffer.GetSize());
+}
+
+std::string Container(const std::string& bytes) {
+    OBuffer<char> buffer = Buffer(bytes);
+    EXPECT_TRUE(LZ77::Encode(buffer));
+    return Contents(buffer);
+}
+
+std::string WithField(std::string container, size_t offset, uint32_t value) {
+    std::memcpy(container.data() + offset, &value, sizeof(value));
+    return container;
+}
+
+uint32_t Field(const std::string& container, size_t offset) {
+    uint32_t value;
+    std::memcpy(&value, container.data() + offset, sizeof(value));
+    return value;
+}
+
+TEST(CompressedContainer, BringsEveryContentBack) {
+    std::mt19937 random(1);
+    std::string noise;
+    for (int i = 0; i < 100000; ++i) noise.push_back(static_cast<char>(random()));
+    for (const std::string& bytes : {std::string(), std::string("a"), noise,
+                                     std::string(1 << 20, '\0'), std::string(1 << 20, 'x') + "y"}) {
+        const std::string container = Container(bytes);
+        EXPECT_EQ(container.substr(0, 4), "ZLIB");
+        EXPECT_EQ(Field(container, 4), bytes.size());
+        EXPECT_EQ(Field(container, 8), container.size() - 12);
+        OBuffer<char> buffer = Buffer(container);
+        ASSERT_TRUE(LZ77::Decode(buffer));
+        EXPECT_EQ(Contents(buffer), bytes);
+    }
+}
+
+TEST(CompressedContainer, IsRefusedWhenAnythingIsWrongWithIt) {
+    const std::string good = Container("some text, some text, some text");
+    const uint32_t length = Field(good, 4);
+    const uint32_t stream = Field(good, 8);
+    std::string damaged = good;
+    damaged.back() = static_cast<char>(damaged.back() ^ 1);
+    const struct {
+        const char* what;
+        std::string container;
+    } cases[] = {
+        {"empty", ""},
+        {"header cut short", good.substr(0, 11)},
+        {"no stream", WithField(good.substr(0, 12), 8, 0)},
+        {"wrong case", "zlib" + good.substr(4)},
+        {"stream length one less", WithField(good, 8, stream - 1)},
+        {"stream length one more", WithField(good, 8, stream + 1)},
+        {"stream length wraps", WithField(good, 8, stream - 12)},
+        {"one byte cut off", WithField(good.substr(0, good.size() - 1), 8, stream - 1)},
+        {"claims one byte more", WithField(good, 4, length + 1)},
+        {"claims one byte less", WithField(good, 4, length - 1)},
+        {"claims far more than a stream can hold", WithField(good, 4, 0xFFFFFFFF)},
+        {"wrong checksum", damaged},
+    };
+    for (const auto& c : cases) {
+        OBuffer<char> buffer = Buffer(c.container);
+        OBuffer<char> out = Buffer("before");
+        EXPECT_FALSE(LZ77::Decode(buffer, out)) << c.what;
+        EXPECT_EQ(Contents(out), "before");
+        EXPECT_FALSE(LZ77::Decode(buffer)) << c.what;
+        EXPECT_EQ(Contents(buffer), c.container) << "what cannot be decoded stays";
+    }
+}
+
+TEST(CompressedContainer, RespectsTheRoomThatTheCallerHas) {
+    const std::string bytes(1000, 'x');
+    const std::string container = Container(bytes);
+    const uint32_t size = static_cast<uint32_t>(container.size());
+    OBuffer<char> out(1000);
+    uint32_t length = 999;
+    EXPECT_FALSE(LZ77::Decode(container.data(), size, out.GetData(), &length));
+    length = 5000;
+    EXPECT_TRUE(LZ77::Decode(container.data(), size, out.GetData(), &length));
+    EXPECT_EQ(length, 1000u);
+    for (const uint32_t room : {0u, 11u, 12u, size - 1}) {
+        length = room;
+        OBuffer<char> small(room);
+        EXPECT_FALSE(LZ77::Encode(bytes.data(), 1000, small.GetData(), &length)) << room;
+    }
+    length = size;
+    EXPECT_TRUE(LZ77::Encode(bytes.data(), 1000, out.GetData(), &length));
+    EXPECT_EQ(length, size);
+}
+
+TEST(CompressedContainer, FitsTheRoomThatIsPromisedToSuffice) {
+    std::mt19937 random(5);
+    for (uint32_t size = 0; size < 3000; size += 1 + size / 7) {
+        std::string bytes;
+        for (uint32_t i = 0; i < size; ++i) bytes.push_back(static_cast<char>(random()));
+        uint32_t length = size + (size + 999) / 1000 + 24;
+        OBuffer<char> out(length);
+        EXPECT_TRUE(LZ77::Encode(bytes.data(), size, out.GetData(), &length)) << size;
+    }
+}
+
+} // namespace

@@ -1,0 +1,84 @@
+#include "core/oarray.h"
+
+#include <gtest/gtest.h>
+
+#include <vector>
+
+namespace {
+
+template <class T>
+std::vector<T> Contents(const OTypedArray<T>& array) {
+    return std::vector<T>(array.GetData(), array.GetData() + array.GetSize());
+}
+
+TEST(Array, GrowsByAnEighthWithinFourAndAThousand) {
+    const struct {
+        int first, second, capacity;
+    } cases[] = {{10, 11, 14}, {80, 81, 90}, {10000, 10001, 11024}, {10, 100, 100}, {1, 2, 5}};
+    for (const auto& c : cases) {
+        OBaseArray<4> array;
+        array.SetSize(c.first);
+        EXPECT_EQ(array.GetCapacity(), c.first);
+        array.SetSize(c.second);
+        EXPECT_EQ(array.GetCapacity(), c.capacity) << c.first;
+    }
+}
+
+TEST(Array, GrowsByTheStepOfItsOwnerAndNeverShrinks) {
+    OTypedArray<uint16_t> array;
+    array.SetSize(1, 100);
+    array.SetSize(2);
+    EXPECT_EQ(array.GetCapacity(), 101);
+    array.SetSize(1);
+    EXPECT_EQ(array.GetCapacity(), 101);
+    array.SetSize(0);
+    EXPECT_EQ(array.GetCapacity(), 0);
+    EXPECT_EQ(array.GetData(), nullptr);
+}
+
+TEST(Array, ClearsElementsThatComeBack) {
+    OTypedArray<int> array;
+    for (int i = 1; i <= 3; ++i) array.Add(i);
+    array.SetSize(1);
+    array.SetSize(3);
+    EXPECT_EQ(Contents(array), (std::vector<int>{1, 0, 0}));
+}
+
+TEST(Array, OpensGaps) {
+    OTypedArray<char> array;
+    for (char c : {'a', 'b', 'c'}) array.Add(c);
+    array.InsertAt(1, 2);
+    EXPECT_EQ(Contents(array), (std::vector<char>{'a', 0, 0, 'b', 'c'}));
+    array.InsertAt(7, 1);
+    EXPECT_EQ(Contents(array), (std::vector<char>{'a', 0, 0, 'b', 'c', 0, 0, 0}));
+    array.InsertAt(0, 'x', 2);
+    array.RemoveAt(3, 6);
+    EXPECT_EQ(Contents(array), (std::vector<char>{'x', 'x', 'a', 0}));
+    array.SetAtGrow(5, 'z');
+    EXPECT_EQ(Contents(array), (std::vector<char>{'x', 'x', 'a', 0, 0, 'z'}));
+}
+
+TEST(Array, HoldsElementsOfEveryWidth) {
+    struct Pair {
+        int32_t a, b;
+    };
+    OTypedArray<Pair> pairs;
+    EXPECT_EQ(pairs.Add({1, 2}), 0);
+    EXPECT_EQ(pairs.Add({3, 4}), 1);
+    EXPECT_EQ(pairs[1].b, 4);
+    OPointerArray<const char*> pointers;
+    const char* text = "text";
+    pointers.InsertAt(0, text, 3);
+    EXPECT_EQ(pointers[2], text);
+}
+
+TEST(Array, StaysAsItWasWhenTheMemoryCannotBeHad) {
+    OTypedArray<uint64_t> array;
+    array.Add(7);
+    EXPECT_FALSE(array.SetSize(INT_MAX));
+    EXPECT_FALSE(array.InsertAt(INT_MAX, 1));
+    EXPECT_FALSE(array.InsertAt(0, INT_MAX));
+    EXPECT_EQ(Contents(array), (std::vector<uint64_t>{7}));
+}
+
+} // namespace

@@ -1,0 +1,167 @@
+#include "core/ostring_array.h"
+
+#include <gtest/gtest.h>
+
+#include <string>
+#include <vector>
+
+#include "core/text.h"
+
+namespace {
+
+using Strings = std::vector<std::string>;
+
+Strings Contents(const OStringArray& array) {
+    Strings strings;
+    for (int i = 0; i < array.GetSize(); ++i) strings.push_back(array[i].nstring());
+    return strings;
+}
+
+OStringArray Array(const Strings& strings) {
+    OStringArray array;
+    for (const std::string& string : strings) array.Add(OString(string.c_str()));
+    return array;
+}
+
+template <class Text>
+auto Buffer(const Text& text) {
+    OBuffer<typename Text::value_type> buffer;
+    buffer.Assign(text.data(), static_cast<uint32_t>(text.size()));
+    return buffer;
+}
+
+TEST(StringArray, GrowsShrinksAndSharesItsStrings) {
+    OStringArray array;
+    const OString text("text");
+    EXPECT_EQ(array.Add(text), 0);
+    EXPECT_EQ(array[0].nstring(), text.nstring());
+    array.SetAtGrow(2, OString("c"));
+    EXPECT_EQ(Contents(array), (Strings{"text", "", "c"}));
+    EXPECT_EQ(array.GetCapacity(), 5);
+    array.SetSize(1);
+    array.SetSize(2);
+    EXPECT_EQ(Contents(array), (Strings{"text", ""}));
+    array.SetSize(0);
+    EXPECT_EQ(array.GetCapacity(), 0);
+}
+
+TEST(StringArray, TakesItsOwnStrings) {
+    OStringArray array = Array({"a", "b"});
+    for (int i = 0; i < 20; ++i) array.Add(array[i]);
+    EXPECT_EQ(array.GetSize(), 22);
+    EXPECT_STREQ(array[21].nstring(), "b");
+    array.SetSize(2);
+    array.InsertAt(0, array[1], 2);
+    EXPECT_EQ(Contents(array), (Strings{"b", "b", "a", "b"}));
+    EXPECT_EQ(array.Append(array), 4);
+    EXPECT_EQ(Contents(array), (Strings{"b", "b", "a", "b", "b", "b", "a", "b"}));
+}
+
+TEST(StringArray, InsertsAndRemoves) {
+    OStringArray array = Array({"a", "b", "c"});
+    array.InsertEmpty(1, 2);
+    EXPECT_EQ(Contents(array), (Strings{"a", "", "", "b", "c"}));
+    array.RemoveAt(0, 2);
+    EXPECT_EQ(Contents(array), (Strings{"", "b", "c"}));
+    array.InsertEmpty(4, 1);
+    EXPECT_EQ(Contents(array), (Strings{"", "b", "c", "", ""}));
+    array.RemoveAt(0, 5);
+    EXPECT_EQ(array.GetSize(), 0);
+}
+
+TEST(StringArray, SplitsAndKeepsEmptyPieces) {
+    const struct {
+        const char *text, *separator;
+        Strings pieces;
+    } cases[] = {
+        {"a,,b", ",", {"a", "", "b"}},
+        {"a,", ",", {"a", ""}},
+        {",a", ",", {"", "a"}},
+        {",", ",", {"", ""}},
+        {"", ",", {}},
+        {"abc", "", {"abc"}},
+        {"abc", nullptr, {"abc"}},
+        {"a, b", ", ", {"a", "b"}},
+        {"abc", ",", {"abc"}},
+        {"xxx", "xx", {"", "x"}},
+    };
+    for (const auto& c : cases) {
+        OStringArray array = Array({"old"});
+        array.Split(OString(c.text), c.separator);
+        EXPECT_EQ(Contents(array), c.pieces) << c.text;
+    }
+}
+
+TEST(StringArray, SplitsATextOfAnyCodePage) {
+    OStringArray array;
+    array.Split(InCodePage(1208, "\xC3\xA9\xE2\x82\xAC,\xC3\xA9,x"), ",");
+    EXPECT_EQ(Contents(array), (Strings{"\xC3\xA9\xE2\x82\xAC", "\xC3\xA9", "x"}));
+    EXPECT_EQ(array[0].GetCodePage(), 1208u);
+    array.Split(array[1], ",");
+    EXPECT_EQ(Contents(array), (Strings{"\xC3\xA9"}));
+}
+
+TEST(PackedList, HasALayoutForEachMode) {
+    using namespace std::string_literals;
+    const struct {
+        Strings strings;
+        int mode;
+        std::string packed;
+    } cases[] = {
+        {{"ab", "", "c"}, 0, "ab\0c\0\0"s},
+        {{"ab", "", "c"}, 1, "\3\0ab\0\0c\0"s},
+        {{"ab", "", "c"}, 2, "\10\0ab\0\0c\0"s},
+        {{"ab", "", "c"}, 3, "ab\0\0c\0"s},
+        {{}, 0, "\0"s},
+        {{}, 1, "\0\0"s},
+        {{}, 2, "\2\0"s},
+        {{}, 3, ""s},
+        {{""}, 0, "\0"s},
+    };
+    for (const auto& c : cases) {
+        OBuffer<char> buffer;
+        EXPECT_EQ(Array(c.strings).Pack(buffer, c.mode), c.packed.size());
+        EXPECT_EQ(std::string(buffer.GetData(), buffer.GetSize()), c.packed);
+    }
+    OBuffer<WCHAR> wide;
+    EXPECT_EQ(Array({"ab", "c"}).Pack(wide, 2), 6u);
+    EXPECT_EQ(WideText(wide.GetData(), 6), (WideText{6, 'a', 'b', 0, 'c', 0}));
+}
+
+TEST(PackedList, LeavesALargerBufferAsLarge) {
+    OBuffer<char> buffer = Buffer(std::string(10, 'x'));
+    EXPECT_EQ(Array({"a"}).Pack(buffer, 3), 2u);
+    EXPECT_EQ(std::string(buffer.GetData(), buffer.GetSize()), std::string("a\0xxxxxxxx", 10));
+}
+
+TEST(PackedList, IsAppendedWhenUnpacked) {
+    using namespace std::string_literals;
+    const struct {
+        std::string packed;
+        int mode;
+        Strings strings;
+    } cases[] = {
+        {"ab\0c\0\0d\0"s, 0, {"+", "ab", "c"}},
+        {"\3\0ab\0\0c\0"s, 1, {"+", "ab", "", "c"}},
+        {"\xFF\xFF"s
+         "a\0"s,
+         2,
+         {"+", "a"}},
+        {"a\0\0b"s, 3, {"+", "a", "", "b"}},
+        {""s, 0, {"+"}},
+        {"\0a\0"s, 0, {"+"}},
+        {"\1"s, 1, {"+"}},
+        {"no end"s, 0, {"+", "no end"}},
+    };
+    for (const auto& c : cases) {
+        OStringArray array = Array({"+"});
+        array.Unpack(Buffer(c.packed), c.mode);
+        EXPECT_EQ(Contents(array), c.strings);
+    }
+    OStringArray array;
+    array.Unpack(Buffer(WideText{2, 'a', 0, 0x20AC, 0}), 1);
+    ASSERT_EQ(array.GetSize(), 2);
+    EXPECT_EQ(WideText(array[1].wstring()), WideText{0x20AC});
+}
+
+} // namespace
