@@ -1,5 +1,7 @@
 #include "locale/code_page.h"
 
+#include "host/guarded.h"
+
 #include <algorithm>
 #include <atomic>
 #include <iterator>
@@ -170,7 +172,7 @@ CodePageTable::CodePageTable(const CodePageInfo& info)
     : info_(info)
     , bytes_(0x10000) {
     std::fill(std::begin(singles_), std::end(singles_), kUndefined);
-    if (info.IsDoubleByte()) pairs_.assign(0x80 * 256, kUndefined);
+    if (info.IsDoubleByte()) pairs_.assign(size_t{0x80} * 256, kUndefined);
     FillFromIconv();
     FillWhatWindowsAdds();
     FillBestFit();
@@ -264,9 +266,11 @@ const CodePageTable* FindCodePageTable(UINT code_page) {
     std::lock_guard guard(building);
     if (const CodePageTable* table = slot.load(std::memory_order_relaxed)) return table;
     if (!Iconv("UTF-16LE", info->iconv_name).IsOpen()) return nullptr;
-    const CodePageTable* table = new CodePageTable(*info);
-    slot.store(table, std::memory_order_release);
-    return table;
+    return Guarded(static_cast<const CodePageTable*>(nullptr), [&] {
+        const CodePageTable* table = new CodePageTable(*info);
+        slot.store(table, std::memory_order_release);
+        return table;
+    });
 }
 
 } // namespace win32host

@@ -1,6 +1,8 @@
 // The system's text formatter.
 #include <windows.h>
 
+#include "host/guarded.h"
+
 #include <algorithm>
 #include <cstring>
 #include <string>
@@ -136,11 +138,7 @@ std::u16string NarrowText(LPCSTR text, int precision) {
     return FromNarrow(text, strnlen(text, limit));
 }
 
-} // namespace
-
-extern "C" {
-
-int WINAPI wvsprintfW(LPWSTR buffer, LPCWSTR format, va_list arguments) {
+int Write(LPWSTR buffer, LPCWSTR format, va_list arguments) {
     Output out(buffer);
     while (*format) {
         if (*format != u'%') {
@@ -209,6 +207,14 @@ int WINAPI wvsprintfW(LPWSTR buffer, LPCWSTR format, va_list arguments) {
         out.Field(c, lead, text);
     }
     return out.Finish();
+}
+
+} // namespace
+
+extern "C" {
+
+int WINAPI wvsprintfW(LPWSTR buffer, LPCWSTR format, va_list arguments) {
+    return win32host::Guarded(0, [&] { return Write(buffer, format, arguments); });
 }
 
 int wsprintfW(LPWSTR buffer, LPCWSTR format, ...) {

@@ -4,6 +4,7 @@
 
 #include <windows.h>
 
+#include "host/guarded.h"
 #include "host/text.h"
 
 #include <clocale>
@@ -158,30 +159,29 @@ using namespace win32host;
 extern "C" {
 
 int WINAPI GetLocaleInfoW(LCID, LCTYPE type, LPWSTR buffer, int size) {
-    const auto fail = [](DWORD error) {
-        SetLastError(error);
-        return 0;
-    };
-    if (size < 0 || (size > 0 && !buffer)) return fail(ERROR_INVALID_PARAMETER);
-    constexpr LCTYPE modifiers = LOCALE_NOUSEROVERRIDE | LOCALE_USE_CP_ACP | LOCALE_RETURN_NUMBER;
-    const std::optional<Fact> fact = FindFact(type & ~modifiers);
-    const bool as_number = (type & LOCALE_RETURN_NUMBER) != 0;
-    if (!fact || (as_number && !fact->number)) return fail(ERROR_INVALID_FLAGS);
+    return Guarded(0, [&] {
+        if (size < 0 || (size > 0 && !buffer)) return Fail(ERROR_INVALID_PARAMETER);
+        constexpr LCTYPE modifiers =
+            LOCALE_NOUSEROVERRIDE | LOCALE_USE_CP_ACP | LOCALE_RETURN_NUMBER;
+        const std::optional<Fact> fact = FindFact(type & ~modifiers);
+        const bool as_number = (type & LOCALE_RETURN_NUMBER) != 0;
+        if (!fact || (as_number && !fact->number)) return Fail(ERROR_INVALID_FLAGS);
 
-    const void* data = fact->text.c_str();
-    int units = static_cast<int>(fact->text.size()) + 1;
-    if (as_number) {
-        data = &*fact->number;
-        units = sizeof(DWORD) / sizeof(WCHAR);
-    }
-    if (size == 0) return units;
-    if (size < units) return fail(ERROR_INSUFFICIENT_BUFFER);
-    std::memcpy(buffer, data, static_cast<size_t>(units) * sizeof(WCHAR));
-    return units;
+        const void* data = fact->text.c_str();
+        int units = static_cast<int>(fact->text.size()) + 1;
+        if (as_number) {
+            data = &*fact->number;
+            units = sizeof(DWORD) / sizeof(WCHAR);
+        }
+        if (size == 0) return units;
+        if (size < units) return Fail(ERROR_INSUFFICIENT_BUFFER);
+        std::memcpy(buffer, data, static_cast<size_t>(units) * sizeof(WCHAR));
+        return units;
+    });
 }
 
 LANGID WINAPI GetUserDefaultLangID(void) {
-    return LanguageOfAbbreviation(Facts().abbreviation).id;
+    return Guarded(LANGID{0x0409}, [] { return LanguageOfAbbreviation(Facts().abbreviation).id; });
 }
 
 LCID WINAPI GetUserDefaultLCID(void) {

@@ -3,6 +3,8 @@
 
 #include <windows.h>
 
+#include "host/guarded.h"
+
 #include <mutex>
 #include <optional>
 #include <utility>
@@ -48,8 +50,11 @@ void ResetMessageBoxes() {
 } // namespace win32host
 
 extern "C" int WINAPI MessageBoxW(HWND owner, LPCWSTR text, LPCWSTR caption, UINT type) {
-    std::lock_guard guard(win32host::g_lock);
-    // Windows titles a box without a caption itself.
-    win32host::g_shown.push_back({owner, text ? text : u"", caption ? caption : u"Error", type});
-    return win32host::g_answer.value_or(win32host::CarefulAnswer(type));
+    return win32host::Guarded(0, [&] {
+        std::lock_guard guard(win32host::g_lock);
+        // Windows titles a box without a caption itself.
+        win32host::g_shown.push_back(
+            {owner, text ? text : u"", caption ? caption : u"Error", type});
+        return win32host::g_answer.value_or(win32host::CarefulAnswer(type));
+    });
 }

@@ -3,6 +3,7 @@
 
 #include <windows.h>
 
+#include "host/guarded.h"
 #include "host/text.h"
 
 #include <algorithm>
@@ -10,11 +11,6 @@
 
 namespace win32host {
 namespace {
-
-bool Fail(DWORD error) {
-    SetLastError(error);
-    return false;
-}
 
 bool IsThisComputer(LPCWSTR system) {
     if (!system) return true;
@@ -61,68 +57,76 @@ extern "C" {
 
 BOOL WINAPI LookupAccountNameW(LPCWSTR system, LPCWSTR name, PSID sid, LPDWORD sid_size,
                                LPWSTR domain, LPDWORD domain_size, PSID_NAME_USE use) {
-    if (!name || !sid_size || !domain_size || !use) return Fail(ERROR_INVALID_PARAMETER);
-    if (!IsThisComputer(system)) return Fail(ERROR_RPC_SERVER_UNAVAILABLE);
-    for (const Account& account : Accounts()) {
-        if (!Names(name, account)) continue;
-        TextResult domain_result(account.domain, domain, domain_size);
-        const DWORD needed = static_cast<DWORD>(account.sid.size());
-        const bool fits = sid && *sid_size >= needed && domain_result.Fits();
-        *sid_size = needed;
-        if (!fits) {
-            domain_result.Tell();
-            return Fail(ERROR_INSUFFICIENT_BUFFER);
+    return Guarded(FALSE, [&]() -> BOOL {
+        if (!name || !sid_size || !domain_size || !use) return Fail(ERROR_INVALID_PARAMETER);
+        if (!IsThisComputer(system)) return Fail(ERROR_RPC_SERVER_UNAVAILABLE);
+        for (const Account& account : Accounts()) {
+            if (!Names(name, account)) continue;
+            TextResult domain_result(account.domain, domain, domain_size);
+            const DWORD needed = static_cast<DWORD>(account.sid.size());
+            const bool fits = sid && *sid_size >= needed && domain_result.Fits();
+            *sid_size = needed;
+            if (!fits) {
+                domain_result.Tell();
+                return Fail(ERROR_INSUFFICIENT_BUFFER);
+            }
+            std::memcpy(sid, account.sid.data(), needed);
+            domain_result.Copy();
+            *use = account.use;
+            return TRUE;
         }
-        std::memcpy(sid, account.sid.data(), needed);
-        domain_result.Copy();
-        *use = account.use;
-        return TRUE;
-    }
-    return Fail(ERROR_NONE_MAPPED);
+        return Fail(ERROR_NONE_MAPPED);
+    });
 }
 
 BOOL WINAPI LookupAccountSidW(LPCWSTR system, PSID sid, LPWSTR name, LPDWORD name_size,
                               LPWSTR domain, LPDWORD domain_size, PSID_NAME_USE use) {
-    if (!name_size || !domain_size || !use) return Fail(ERROR_INVALID_PARAMETER);
-    if (!IsValidSid(sid)) return Fail(ERROR_INVALID_SID);
-    if (!IsThisComputer(system)) return Fail(ERROR_RPC_SERVER_UNAVAILABLE);
-    for (Account& account : Accounts()) {
-        if (!EqualSid(sid, account.sid.data())) continue;
-        TextResult name_result(account.name, name, name_size);
-        TextResult domain_result(account.domain, domain, domain_size);
-        if (!name_result.Fits() || !domain_result.Fits()) {
-            name_result.Tell();
-            domain_result.Tell();
-            return Fail(ERROR_INSUFFICIENT_BUFFER);
+    return Guarded(FALSE, [&]() -> BOOL {
+        if (!name_size || !domain_size || !use) return Fail(ERROR_INVALID_PARAMETER);
+        if (!IsValidSid(sid)) return Fail(ERROR_INVALID_SID);
+        if (!IsThisComputer(system)) return Fail(ERROR_RPC_SERVER_UNAVAILABLE);
+        for (Account& account : Accounts()) {
+            if (!EqualSid(sid, account.sid.data())) continue;
+            TextResult name_result(account.name, name, name_size);
+            TextResult domain_result(account.domain, domain, domain_size);
+            if (!name_result.Fits() || !domain_result.Fits()) {
+                name_result.Tell();
+                domain_result.Tell();
+                return Fail(ERROR_INSUFFICIENT_BUFFER);
+            }
+            name_result.Copy();
+            domain_result.Copy();
+            *use = account.use;
+            return TRUE;
         }
-        name_result.Copy();
-        domain_result.Copy();
-        *use = account.use;
-        return TRUE;
-    }
-    return Fail(ERROR_NONE_MAPPED);
+        return Fail(ERROR_NONE_MAPPED);
+    });
 }
 
 BOOL WINAPI GetUserNameW(LPWSTR buffer, LPDWORD size) {
-    if (!size) return Fail(ERROR_INVALID_PARAMETER);
-    const std::u16string name = Accounts().front().name;
-    TextResult result(name, buffer, size);
-    const bool fits = result.Fits();
-    if (fits) result.Copy();
-    result.Tell(); // the terminator is counted in both cases
-    return fits || Fail(ERROR_INSUFFICIENT_BUFFER);
+    return Guarded(FALSE, [&]() -> BOOL {
+        if (!size) return Fail(ERROR_INVALID_PARAMETER);
+        const std::u16string name = Accounts().front().name;
+        TextResult result(name, buffer, size);
+        const bool fits = result.Fits();
+        if (fits) result.Copy();
+        result.Tell(); // the terminator is counted in both cases
+        return fits || Fail(ERROR_INSUFFICIENT_BUFFER);
+    });
 }
 
 BOOL WINAPI GetComputerNameW(LPWSTR buffer, LPDWORD size) {
-    if (!size) return Fail(ERROR_INVALID_PARAMETER);
-    const std::u16string name = ComputerName();
-    TextResult result(name, buffer, size);
-    if (result.Fits()) {
-        result.Copy();
-        return TRUE;
-    }
-    result.Tell();
-    return Fail(ERROR_BUFFER_OVERFLOW);
+    return Guarded(FALSE, [&]() -> BOOL {
+        if (!size) return Fail(ERROR_INVALID_PARAMETER);
+        const std::u16string name = ComputerName();
+        TextResult result(name, buffer, size);
+        if (result.Fits()) {
+            result.Copy();
+            return TRUE;
+        }
+        result.Tell();
+        return Fail(ERROR_BUFFER_OVERFLOW);
+    });
 }
 
 } // extern "C"

@@ -1,6 +1,8 @@
 // Security identifiers and descriptors.
 #include <windows.h>
 
+#include "host/guarded.h"
+
 #include <cstring>
 #include <new>
 
@@ -8,12 +10,9 @@ namespace {
 
 constexpr size_t kHeader = offsetof(SID, SubAuthority);
 
-BOOL Fail(DWORD error) {
-    SetLastError(error);
-    return FALSE;
-}
-
 } // namespace
+
+using win32host::Fail;
 
 extern "C" {
 

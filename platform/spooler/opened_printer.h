@@ -1,6 +1,7 @@
 // What a printer handle names.
 #pragma once
 
+#include "host/guarded.h"
 #include "host/handles.h"
 #include "spooler/driver_library.h"
 #include "spooler/driver_record.h"
@@ -47,22 +48,5 @@ std::shared_ptr<OpenedPrinter> FindPrinter(HANDLE handle);
 std::shared_ptr<const DriverLibrary> LoadDriver(const std::u16string& driver);
 // Lets go of it again.
 void DropDriver(const std::u16string& driver);
-
-// Runs the body of a function that must not throw. `failure` is its answer when memory is short.
-template <class Body, class Answer>
-Answer Guarded(Answer failure, const Body& body) {
-    try {
-        return body();
-    } catch (const std::exception&) {
-        SetLastError(ERROR_NOT_ENOUGH_MEMORY);
-        return failure;
-    }
-}
-
-// Sets the last error; always FALSE, to return it.
-inline BOOL Fail(DWORD code) {
-    SetLastError(code);
-    return FALSE;
-}
 
 } // namespace win32host
