@@ -47,11 +47,11 @@ std::optional<DriverRecord> ReadKey(const RegistryKey& key, const std::u16string
     return record;
 }
 
+} // namespace
+
 bool IsDriverName(const std::u16string& name) {
     return !name.empty() && name.find(u'\\') == std::u16string::npos;
 }
-
-} // namespace
 
 std::vector<std::u16string> DriverRecord::Files() const {
     std::vector<std::u16string> files;

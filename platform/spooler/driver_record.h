@@ -31,6 +31,9 @@ struct DriverRecord {
     std::vector<std::u16string> Files() const;
 };
 
+// What can be a driver's name: not empty, no backslash.
+bool IsDriverName(const std::u16string& name);
+
 // The driver's record as it is now, or nothing when there is no such driver.
 std::optional<DriverRecord> ReadDriver(const PrintServer& server, const std::u16string& name);
 // All drivers, in the order of their installation.

@@ -140,7 +140,7 @@ extern "C" BOOL WINAPI AddPrinterDriverExW(LPWSTR server_name, DWORD level, PBYT
             return Fail(ERROR_INVALID_ENVIRONMENT);
         if (!MayAdminister()) return Fail(ERROR_ACCESS_DENIED);
         const auto [record, files] = NewDriverOf(level, info);
-        if (record.name.empty() || record.driver_file.empty() || record.data_file.empty() ||
+        if (!IsDriverName(record.name) || record.driver_file.empty() || record.data_file.empty() ||
             record.config_file.empty() || record.version != kUserModeVersion)
             return Fail(ERROR_INVALID_PARAMETER);
         SpoolerLock lock(*server);

@@ -48,11 +48,13 @@ PrinterRecord RecordOf(const PRINTER_INFO_2W& info, const PrinterRecord& old) {
     return record;
 }
 
-// Whether the printer can be what the record says. What it was before stays good.
+// Whether the printer can be what the record says. What it was before stays good; `old` is empty
+// for a new one.
 DWORD Check(const PrintServer& server, const PrinterRecord& record, const PrinterRecord& old) {
-    if (!SameName(record.driver, old.driver) && !ReadDriver(server, record.driver))
+    const bool is_new = old.name.empty();
+    if ((is_new || !SameName(record.driver, old.driver)) && !ReadDriver(server, record.driver))
         return ERROR_UNKNOWN_PRINTER_DRIVER;
-    if (!SameName(record.port, old.port) && !IsUsablePort(server, record.port))
+    if ((is_new || !SameName(record.port, old.port)) && !IsUsablePort(server, record.port))
         return ERROR_UNKNOWN_PORT;
     if (record.priority > kHighestPriority || record.default_priority > kHighestPriority)
         return ERROR_INVALID_PRIORITY;

@@ -1,0 +1,86 @@
+// A printer driver that notes how it is called, for the tests of the spooler. Its notes are the
+// texts of HKEY_CURRENT_USER\TestDriver.
+#include <winddiui.h>
+#include <windows.h>
+
+#include <string>
+#include <vector>
+
+namespace {
+
+std::u16string Number(DWORD number) {
+    std::u16string digits;
+    do digits.insert(digits.begin(), static_cast<WCHAR>(u'0' + number % 10));
+    while (number /= 10);
+    return digits;
+}
+
+void Note(const std::u16string& line) {
+    HKEY key;
+    RegCreateKeyExW(HKEY_CURRENT_USER, TEXT("TestDriver"), 0, nullptr, 0, KEY_ALL_ACCESS, nullptr,
+                    &key, nullptr);
+    WCHAR notes[1024] = {};
+    DWORD size = sizeof notes - sizeof(WCHAR);
+    RegQueryValueExW(key, TEXT("Notes"), nullptr, nullptr, reinterpret_cast<LPBYTE>(notes), &size);
+    const std::u16string all = notes + line + u";";
+    RegSetValueExW(key, TEXT("Notes"), 0, REG_SZ, reinterpret_cast<const BYTE*>(all.c_str()),
+                   static_cast<DWORD>((all.size() + 1) * sizeof(WCHAR)));
+    RegCloseKey(key);
+}
+
+// How many of the questions that a real driver asks about its printer were answered.
+DWORD AskAboutPrinter(HANDLE printer) {
+    DWORD good = 0, needed = 0;
+    GetPrinterW(printer, 2, nullptr, 0, &needed);
+    std::vector<BYTE> buffer(needed);
+    good += GetPrinterW(printer, 2, buffer.data(), needed, &needed) ? 1 : 0;
+    GetPrinterDriverW(printer, nullptr, 6, nullptr, 0, &needed);
+    buffer.resize(needed);
+    good += GetPrinterDriverW(printer, nullptr, 6, buffer.data(), needed, &needed) ? 1 : 0;
+    return good;
+}
+
+DWORD g_capability_calls = 0;
+
+} // namespace
+
+extern "C" {
+
+// FALSE for printers whose names begin with "Broken".
+__declspec(dllexport) BOOL WINAPI DrvPrinterEvent(LPWSTR name, int event, DWORD, LPARAM parameter) {
+    std::u16string line = Number(static_cast<DWORD>(event)) + u' ' + name;
+    if (event == PRINTER_EVENT_ATTRIBUTES_CHANGED) {
+        const auto& info = *reinterpret_cast<const PRINTER_EVENT_ATTRIBUTES_INFO*>(parameter);
+        line += u' ' + Number(info.dwOldAttributes) + u' ' + Number(info.dwNewAttributes);
+    }
+    // A printer is there while its driver is told of it, and may be changed.
+    PRINTER_DEFAULTSW defaults = {nullptr, nullptr, PRINTER_ALL_ACCESS};
+    HANDLE printer = nullptr;
+    if (!OpenPrinterW(name, &printer, &defaults)) line += u" (not there)";
+    BYTE byte = 1;
+    SetPrinterDataW(printer, const_cast<LPWSTR>(TEXT("Seen")), REG_BINARY, &byte, 1);
+    ClosePrinter(printer);
+    Note(line);
+    return !std::u16string(name).starts_with(u"Broken");
+}
+
+__declspec(dllexport) DWORD WINAPI
+    DrvDeviceCapabilities(HANDLE printer, LPWSTR name, WORD capability, LPVOID output,
+                          DEVMODEW* dev_mode) {
+    ++g_capability_calls;
+    switch (capability) {
+    case DC_VERSION:
+        return dev_mode ? dev_mode->dmSpecVersion : 0;
+    case DC_BINNAMES:
+        if (output) std::u16string(name).copy(static_cast<LPWSTR>(output), 23);
+        return 1;
+    case DC_COPIES:
+        return g_capability_calls;
+    case DC_PERSONALITY:
+        return AskAboutPrinter(printer);
+    default:
+        return static_cast<DWORD>(-1);
+    }
+}
+
+} // extern "C"
