@@ -158,8 +158,14 @@ HKEY ORegistry::OpenKey(const OString& key, bool create) {
     wide = name.wstring();
 
     HKEY opened = nullptr;
-    if (RegOpenKeyExW(root, wide, 0, KEY_READ | KEY_WRITE, &opened) == ERROR_SUCCESS) return opened;
-    if (RegOpenKeyExW(root, wide, 0, KEY_READ, &opened) == ERROR_SUCCESS) return opened;
+    const LONG error = RegOpenKeyExW(root, wide, 0, KEY_READ | KEY_WRITE, &opened);
+    if (error == ERROR_SUCCESS) return opened;
+    // Only a key that is there is opened for reading alone. Had it been missing, someone could make
+    // it at this moment, and a writer would be left with a handle that cannot write.
+    if (error != ERROR_FILE_NOT_FOUND &&
+        RegOpenKeyExW(root, wide, 0, KEY_READ, &opened) == ERROR_SUCCESS) {
+        return opened;
+    }
     return create ? CreateOpenKey(root, wide) : nullptr;
 }
 

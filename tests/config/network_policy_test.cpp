@@ -1,5 +1,6 @@
 #include "config/network_policy.h"
 
+#include <win32host/clock_control.h>
 #include <win32host/control.h>
 
 #include "config/prtreg.h"
@@ -117,6 +118,32 @@ TEST_F(NetworkSharing, OfAConnectionIsOffWhenTheServerDoesNotAnswer) {
     EXPECT_FALSE(policy.CanShareNetwork());
     // Nobody is kept from his own copy.
     EXPECT_EQ(policy.GetAccessLevel(), 0);
+}
+
+TEST_F(NetworkSharing, OfAConnectionIsWhatTheServerAnswersAndTheUserFollows) {
+    Connect();
+    // The question carries the tick count, so that the answer is never an old one.
+    win32host::SetTickCount(3000000000u);
+    const struct {
+        unsigned char answer;
+        bool shared;
+    } cases[] = {{1, true}, {0, false}, {255, true}};
+    NetworkPolicy policy(Remote);
+    policy.SetNetworkAccessLevel(3);
+    for (const auto& c : cases) {
+        ASSERT_TRUE(
+            prtreg(Remote).SetPrinterDataW("Network Sharing3000000000", REG_BINARY, &c.answer, 1));
+        EXPECT_EQ(policy.CanShareNetwork(), c.shared) << int{c.answer};
+        EXPECT_EQ(policy.IsNetworkShared(), c.shared) << int{c.answer};
+        EXPECT_EQ(policy.GetAccessLevel(), c.shared ? 3 : 0) << int{c.answer};
+    }
+    policy.SetNetworkSharing(false);
+    EXPECT_TRUE(policy.CanShareNetwork());
+    EXPECT_FALSE(policy.IsNetworkShared());
+    EXPECT_EQ(policy.GetAccessLevel(), 0);
+    win32host::SetTickCount(3000000001u);
+    EXPECT_FALSE(policy.CanShareNetwork());
+    win32host::UseRealTickCount();
 }
 
 TEST_F(NetworkSharing, OfAConnectionIsSwitchedForTheUserOutsideTheShadowTree) {

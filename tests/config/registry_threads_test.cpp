@@ -17,8 +17,8 @@ TEST_F(RegistryThreads, WorkOnOneKeyEachWithItsOwnObject) {
             ORegistry registry;
             const OString own = OString("USER:Shared/Own ") << t;
             for (int i = 0; i < Values; ++i) {
-                registry.SetInt(OString("USER:Shared/") << t << "-" << i, i);
-                registry.SetString(OString(own) << "/" << i, "x");
+                EXPECT_TRUE(registry.SetInt(OString("USER:Shared/") << t << "-" << i, i));
+                EXPECT_TRUE(registry.SetString(OString(own) << "/" << i, "x"));
                 registry.Delete(OString("USER:Shared/Fleeting"), true);
                 registry.SetInt("USER:Shared/Fleeting/v", t);
             }
