@@ -1,0 +1,172 @@
+#include "settings/scolor.h"
+
+#include <array>
+#include <cstring>
+#include <memory>
+
+#include "driver/printer_info.h"
+#include "model/model_data_cache.h"
+#include "model/prtmodel.h"
+#include "support/printer_test.h"
+
+namespace {
+
+SCOLOR WithHeads(uint32_t heads, uint32_t mode) {
+    SCOLOR record = {};
+    record.heads = heads;
+    record.SetMode(mode, true);
+    return record;
+}
+
+// A printer whose model data is what the test puts into the record cache.
+class SpotColorOfPrinter : public PrinterTest {
+protected:
+    SpotColorOfPrinter() {
+        ModelDataCache::Initialize();
+        EXPECT_TRUE(AddDriver("Model 1", "zplqv.ddt"));
+        EXPECT_TRUE(AddPrinter("Dock3", "Model 1"));
+    }
+    ~SpotColorOfPrinter() override { ModelDataCache::Free(); }
+
+    std::unique_ptr<prtmodel> Model(uint16_t color) {
+        KVModelData data = {};
+        data.color = color;
+        ModelDataCache().SetData("Dock3:ModelData", &data, sizeof(data));
+        return std::unique_ptr<prtmodel>(prtmodel::new_ext(PrinterInfo("Dock3")));
+    }
+};
+
+} // namespace
+
+TEST(SpotColor, ChoosesInksByModeAndHeads) {
+    const struct {
+        uint32_t mode;
+        uint32_t heads;
+        uint32_t last_plane;
+        std::array<uint32_t, 4> inks; // as GetColor answers: unused planes are white
+    } cases[] = {
+        {1, 1, 0, {0x000000, 0xFFFFFF, 0xFFFFFF, 0xFFFFFF}},
+        {1, 2, 1, {0x0000FF, 0x000000, 0xFFFFFF, 0xFFFFFF}},
+        {1, 3, 2, {0xFF0000, 0x0000FF, 0x000000, 0xFFFFFF}},
+        {1, 4, 3, {0x00FFFF, 0xFF0000, 0x0000FF, 0x000000}},
+        {2, 1, 3, {0x00FFFF, 0xFFFFFF, 0xFFFFFF, 0xFFFFFF}},
+        {2, 3, 3, {0x00FFFF, 0xFFFF00, 0xFF00FF, 0xFFFFFF}},
+        {2, 4, 3, {0x00FFFF, 0xFFFF00, 0xFF00FF, 0xFFFFFF}}, // black stays out
+        {3, 4, 3, {0x00FFFF, 0xFFFF00, 0xFF00FF, 0x000000}},
+        {4, 4, 3, {0x00FFFF, 0xFFFF00, 0xFF00FF, 0x000000}},
+    };
+    for (const auto& c : cases) {
+        const SCOLOR record = WithHeads(c.heads, c.mode);
+        EXPECT_EQ(record.last_plane, c.last_plane) << c.mode << ", " << c.heads << " heads";
+        for (int i = 0; i < 4; ++i) {
+            EXPECT_EQ(record.GetColor(i), c.inks[static_cast<size_t>(i)])
+                << c.mode << ", " << c.heads << " heads, plane " << i;
+            EXPECT_EQ(record.GetColorUsed(i), i < static_cast<int>(c.heads));
+        }
+    }
+}
+
+TEST(SpotColor, SetsAModeAgainOnlyByForce) {
+    SCOLOR record = WithHeads(4, SPOT_COLOR_HEADS);
+    record.SetColorPlane(1, 0x123456);
+    record.SetColorUsed(2, false);
+    record.SetMode(SPOT_COLOR_HEADS, false);
+    EXPECT_EQ(record.GetColor(1), 0x123456u);
+    EXPECT_EQ(record.GetColor(2), 0xFFFFFFu);
+    record.SetMode(SPOT_COLOR_HEADS, true);
+    EXPECT_EQ(record.GetColor(1), 0xFF0000u);
+    EXPECT_EQ(record.GetColor(2), 0x0000FFu);
+}
+
+TEST(SpotColor, KeepsToItsFourPlanesWhateverWasStored) {
+    SCOLOR record;
+    std::memset(&record, 0xFF, sizeof(record));
+    record.SetMode(SPOT_COLOR_HEADS, true);
+    for (int plane : {-1, 4, 1000000}) {
+        record.SetColorUsed(plane, true);
+        record.SetColorPlane(plane, 0x123456);
+        EXPECT_FALSE(record.GetColorUsed(plane));
+        EXPECT_EQ(record.GetColor(plane), 0xFFFFFFu);
+    }
+    EXPECT_EQ(record.heads, 0xFFFFFFFFu);
+}
+
+TEST(SpotColor, MixesInksSubtractively) {
+    const struct {
+        uint32_t a, b, mixed;
+    } cases[] = {
+        {0xFFFFFF, 0x123456, 0x123456}, {0x00FFFF, 0xFFFF00, 0x00FF00},
+        {0x0000FF, 0xFF0000, 0x000000}, {0x0000FF, 0x000000, 0x000000},
+        {0xC0C0C0, 0xC0C0C0, 0x818181}, {0xFF80FF, 0xFF7FFF, 0xFF00FF},
+    };
+    for (const auto& c : cases) {
+        EXPECT_EQ(AddColors(c.a, c.b), c.mixed) << std::hex << c.a << " " << c.b;
+        EXPECT_EQ(AddColors(c.b, c.a), c.mixed) << std::hex << c.b << " " << c.a;
+    }
+}
+
+TEST(SpotColor, MixesAPalette) {
+    Palette palette;
+    WithHeads(2, SPOT_COLOR_HEADS).GeneratePalette(palette);
+    EXPECT_EQ(palette[0], 0xFFFFFFu);
+    EXPECT_EQ(palette[8], 0x0000FFu);
+    EXPECT_EQ(palette[4], 0x000000u);
+    EXPECT_EQ(palette[12], 0x000000u);
+    EXPECT_EQ(palette[3], 0xFFFFFFu);
+
+    WithHeads(4, SPOT_COLOR_PROCESS).GeneratePalette(palette);
+    EXPECT_EQ(palette[12], 0x00FF00u); // yellow and cyan
+    EXPECT_EQ(palette[10], 0x0000FFu); // yellow and magenta
+    EXPECT_EQ(palette[6], 0xFF0000u);  // cyan and magenta
+    EXPECT_EQ(palette[14], 0x000000u);
+    EXPECT_EQ(palette[1], 0x000000u);
+}
+
+TEST_F(SpotColorOfPrinter, BeginsWithWhatTheModelCanDo) {
+    const struct {
+        const char* what;
+        uint16_t color; // KVModelData::COLOR_ bits
+        uint32_t heads;
+        uint32_t mode;
+    } cases[] = {
+        {"no colour", 0x00, 1, SPOT_COLOR_HEADS},
+        {"two spot colours", 0x01, 2, SPOT_COLOR_CMY},
+        {"three spot colours", 0x03, 3, SPOT_COLOR_CMY},
+        {"four spot colours", 0x07, 4, SPOT_COLOR_CMY},
+        {"CMY only", 0x08, 3, SPOT_COLOR_HEADS},
+        {"CMYK only", 0x10, 4, SPOT_COLOR_HEADS},
+        {"a spectrum", 0x40, 4, SPOT_COLOR_SPECTRUM},
+        {"everything", 0xFF, 4, SPOT_COLOR_SPECTRUM},
+    };
+    for (const auto& c : cases) {
+        SCOLOR record;
+        std::memset(&record, 0xFF, sizeof(record));
+        record.Init(Model(c.color).get());
+        EXPECT_EQ(record.GetHeads(), static_cast<int>(c.heads)) << c.what;
+        EXPECT_EQ(record.mode, c.mode) << c.what;
+        const SCOLOR expected = WithHeads(c.heads, c.mode);
+        EXPECT_EQ(record.last_plane, expected.last_plane) << c.what;
+        for (int i = 0; i < 4; ++i)
+            EXPECT_EQ(record.GetColor(i), expected.GetColor(i)) << c.what << ", plane " << i;
+    }
+}
+
+TEST_F(SpotColorOfPrinter, ReadsWhatIsStored) {
+    SCOLOR record = WithHeads(3, SPOT_COLOR_HEADS);
+    const SCOLOR before = record;
+    prtreg registry("Dock3");
+    EXPECT_TRUE(record.Load(registry));
+    EXPECT_EQ(std::memcmp(&record, &before, sizeof(record)), 0);
+
+    SCOLOR stored = WithHeads(4, SPOT_COLOR_PROCESS);
+    stored.SetColorPlane(2, 0x123456);
+    registry.SetBinary("Settings:Spot Color", &stored, sizeof(stored));
+    EXPECT_TRUE(record.Load(registry));
+    EXPECT_EQ(std::memcmp(&record, &stored, sizeof(record)), 0);
+
+    const uint32_t mode = SPOT_COLOR_SPECTRUM;
+    registry.SetBinary("Settings:Spot Color", &mode, sizeof(mode));
+    EXPECT_TRUE(record.Load(registry));
+    EXPECT_EQ(record.mode, mode);
+    EXPECT_EQ(record.GetColor(2), 0x123456u) << "the rest stays";
+}
