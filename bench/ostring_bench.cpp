@@ -11,7 +11,7 @@ using WideText = std::basic_string<WCHAR>;
 
 // Makes a text of `range` characters piece by piece.
 template <class Text, class Append>
-void Append(benchmark::State& state, int piece, Append append) {
+void AppendPieces(benchmark::State& state, int piece, Append append) {
     const int count = static_cast<int>(state.range(0)) / piece;
     for (auto _ : state) {
         Text text;
@@ -22,37 +22,37 @@ void Append(benchmark::State& state, int piece, Append append) {
 }
 
 void BM_Append_Char(benchmark::State& state) {
-    Append<OString>(state, 1, [](OString& text) { text << 'x'; });
+    AppendPieces<OString>(state, 1, [](OString& text) { text << 'x'; });
 }
 
 void BM_Append_Char_std(benchmark::State& state) {
-    Append<std::string>(state, 1, [](std::string& text) { text += 'x'; });
+    AppendPieces<std::string>(state, 1, [](std::string& text) { text += 'x'; });
 }
 
 void BM_Append_WChar(benchmark::State& state) {
-    Append<OString>(state, 1, [](OString& text) { text << WCHAR{'x'}; });
+    AppendPieces<OString>(state, 1, [](OString& text) { text << WCHAR{'x'}; });
 }
 
 void BM_Append_WChar_std(benchmark::State& state) {
-    Append<WideText>(state, 1, [](WideText& text) { text += WCHAR{'x'}; });
+    AppendPieces<WideText>(state, 1, [](WideText& text) { text += WCHAR{'x'}; });
 }
 
 void BM_Append_String(benchmark::State& state) {
     const OString piece("piece ");
-    Append<OString>(state, 6, [&piece](OString& text) { text << piece; });
+    AppendPieces<OString>(state, 6, [&piece](OString& text) { text << piece; });
 }
 
 void BM_Append_String_std(benchmark::State& state) {
     const std::string piece("piece ");
-    Append<std::string>(state, 6, [&piece](std::string& text) { text += piece; });
+    AppendPieces<std::string>(state, 6, [&piece](std::string& text) { text += piece; });
 }
 
 void BM_Append_Literal(benchmark::State& state) {
-    Append<OString>(state, 6, [](OString& text) { text << "piece "; });
+    AppendPieces<OString>(state, 6, [](OString& text) { text << "piece "; });
 }
 
 void BM_Append_Literal_std(benchmark::State& state) {
-    Append<std::string>(state, 6, [](std::string& text) { text += "piece "; });
+    AppendPieces<std::string>(state, 6, [](std::string& text) { text += "piece "; });
 }
 
 OString Sample(uint32_t code_page, int64_t length) {

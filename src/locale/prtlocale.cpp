@@ -39,8 +39,9 @@ constexpr SystemLanguage kSystemLanguages[] = {
 };
 
 void CopyLanguage(char (&to)[4], const char* from) {
-    to[0] = '\0';
-    std::strncat(to, from, sizeof to - 1);
+    size_t length = 0;
+    for (; length < sizeof to - 1 && from[length]; ++length) to[length] = from[length];
+    to[length] = '\0';
 }
 
 bool SameLanguage(const char* a, const char* b) {
