@@ -135,6 +135,10 @@ bool OString::WriteNew() {
 }
 
 bool OString::WriteN() {
+    if (core_ && core_->reference_count == 1 && core_->is_valid_n()) {
+        core_->invalidate_w();
+        return true;
+    }
     const bool empty = IsEmpty();
     nstring();
     ChangeCore();
@@ -144,6 +148,10 @@ bool OString::WriteN() {
 }
 
 bool OString::WriteW() {
+    if (core_ && core_->reference_count == 1 && core_->is_valid_w()) {
+        core_->invalidate_n();
+        return true;
+    }
     const bool empty = IsEmpty();
     wstring();
     ChangeCore();

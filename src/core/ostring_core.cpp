@@ -53,32 +53,12 @@ OStringCore* OStringCore::Clone() const {
     return copy;
 }
 
-uint32_t OStringCore::nlen() const {
-    if (!is_valid_n()) return 0;
-    return n_length_ == kUnknown ? Length(n_) : n_length_;
+uint32_t OStringCore::CountN() const {
+    return Length(n_);
 }
 
-uint32_t OStringCore::wlen() const {
-    if (!is_valid_w()) return 0;
-    return w_length_ == kUnknown ? Length(w_) : w_length_;
-}
-
-void OStringCore::end_n(uint32_t length) {
-    n_[length] = 0;
-    n_length_ = length;
-}
-
-void OStringCore::end_w(uint32_t length) {
-    w_[length] = 0;
-    w_length_ = length;
-}
-
-void OStringCore::invalidate_n() {
-    if (n_) end_n(0);
-}
-
-void OStringCore::invalidate_w() {
-    if (w_) end_w(0);
+uint32_t OStringCore::CountW() const {
+    return Length(w_);
 }
 
 void OStringCore::SetCodePage(uint32_t code_page) {

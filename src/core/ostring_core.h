@@ -37,16 +37,32 @@ public:
     bool is_valid_w() const { return w_ && *w_; }
 
     // The length of a form in its own characters; 0 when it is not valid.
-    uint32_t nlen() const;
-    uint32_t wlen() const;
+    uint32_t nlen() const {
+        if (!is_valid_n()) return 0;
+        return n_length_ == kUnknown ? CountN() : n_length_;
+    }
+    uint32_t wlen() const {
+        if (!is_valid_w()) return 0;
+        return w_length_ == kUnknown ? CountW() : w_length_;
+    }
 
     // Notes the length of a form just written, which puts the terminator there.
-    void end_n(uint32_t length);
-    void end_w(uint32_t length);
+    void end_n(uint32_t length) {
+        n_[length] = 0;
+        n_length_ = length;
+    }
+    void end_w(uint32_t length) {
+        w_[length] = 0;
+        w_length_ = length;
+    }
 
     // Makes a form invalid; its block stays.
-    void invalidate_n();
-    void invalidate_w();
+    void invalidate_n() {
+        if (n_) end_n(0);
+    }
+    void invalidate_w() {
+        if (w_) end_w(0);
+    }
 
     // From now on a caller may write into the block at any time.
     void expose_n() { n_length_ = kUnknown; }
@@ -64,8 +80,8 @@ public:
     bool set_length(uint32_t length, bool keep);
 
     // Allocate the block of a form if it has none. A new block holds the empty text.
-    bool alloc_n() { return reserve_n(0); }
-    bool alloc_w() { return reserve_w(0); }
+    bool alloc_n() { return n_ || reserve_n(0); }
+    bool alloc_w() { return w_ || reserve_w(0); }
     void free_n();
     void free_w();
 
@@ -76,6 +92,8 @@ public:
 private:
     static constexpr uint32_t kUnknown = UINT32_MAX;
 
+    uint32_t CountN() const;
+    uint32_t CountW() const;
     void SetSize(uint32_t length) { capacity_ = (length + 32) & ~31u; }
     size_t BytesN() const;
     size_t BytesW() const;
