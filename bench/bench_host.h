@@ -1,0 +1,19 @@
+// A host of its own for a benchmark, with the module installed as the driver of one printer.
+#pragma once
+
+#include <string>
+
+class BenchHost {
+public:
+    // `model_data` are the bytes of the driver's model data file. The driver is "Model 1", the
+    // printer "Dock 3". Ends the program when the installation fails.
+    explicit BenchHost(const std::string& model_data);
+    ~BenchHost();
+    BenchHost(const BenchHost&) = delete;
+    BenchHost& operator=(const BenchHost&) = delete;
+
+    const std::string& Root() const { return root_; }
+
+private:
+    std::string root_;
+};
