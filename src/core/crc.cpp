@@ -21,7 +21,8 @@ public:
     }
 
 private:
-    static constexpr int kTopByte = 8 * (sizeof(Word) - 1);
+    static constexpr size_t kWordBytes = sizeof(Word);
+    static constexpr int kTopByte = 8 * (kWordBytes - 1);
 
     static constexpr auto kTables = [] {
         std::array<std::array<Word, 256>, kSlices> tables{};
@@ -50,7 +51,7 @@ private:
     // Byte I of the data with the byte of the register that falls on it.
     template <size_t I>
     static uint8_t Byte(Word crc, const uint8_t* data) {
-        if constexpr (I < sizeof(Word))
+        if constexpr (I < kWordBytes)
             return static_cast<uint8_t>(data[I] ^ (crc >> (kTopByte - 8 * static_cast<int>(I))));
         else
             return data[I];

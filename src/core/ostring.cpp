@@ -25,16 +25,17 @@ uint32_t Length(const WCHAR* text) {
     return static_cast<uint32_t>(std::min<size_t>(std::char_traits<WCHAR>::length(text), INT_MAX));
 }
 
-int FoldCase(int c) {
-    return c >= 'a' && c <= 'z' ? c - 'a' + 'A' : c;
+template <class Unit>
+Unit FoldCase(Unit c) {
+    return c >= 'a' && c <= 'z' ? static_cast<Unit>(c - 'a' + 'A') : c;
 }
 
 // The order of two terminated texts by their units.
 template <class Unit, class C>
 int Order(const C* a, const C* b, bool fold) {
     for (;; ++a, ++b) {
-        int x = static_cast<Unit>(*a);
-        int y = static_cast<Unit>(*b);
+        Unit x = static_cast<Unit>(*a);
+        Unit y = static_cast<Unit>(*b);
         if (fold) {
             x = FoldCase(x);
             y = FoldCase(y);
@@ -139,10 +140,9 @@ bool OString::WriteN() {
         core_->invalidate_w();
         return true;
     }
-    const bool empty = IsEmpty();
-    nstring();
+    if (is_valid_w() && !is_valid_n() && !core_->w_to_n()) return false;
     ChangeCore();
-    if (!core_ || (!empty && !core_->is_valid_n())) return false;
+    if (!core_) return false;
     core_->invalidate_w();
     return true;
 }
@@ -152,10 +152,9 @@ bool OString::WriteW() {
         core_->invalidate_n();
         return true;
     }
-    const bool empty = IsEmpty();
-    wstring();
+    if (is_valid_n() && !is_valid_w() && !core_->n_to_w()) return false;
     ChangeCore();
-    if (!core_ || (!empty && !core_->is_valid_w())) return false;
+    if (!core_) return false;
     core_->invalidate_n();
     return true;
 }
@@ -240,12 +239,12 @@ void OString::Format(const WCHAR* format, ...) {
 OString& OString::operator<<(const OString& text) {
     if (text.IsEmpty()) return *this;
     if (IsEmpty()) return *this = text;
-    const OString held(text); // keeps the text, should it be this string's
-    if (_IsUnicodeOperation(held)) {
-        const WCHAR* units = held.wstring();
-        return AppendW(units, static_cast<uint32_t>(held.wlen()));
+    if (&text == this) return *this << OString(text);
+    if (_IsUnicodeOperation(text)) {
+        const WCHAR* units = text.wstring();
+        return AppendW(units, static_cast<uint32_t>(text.wlen()));
     }
-    return AppendN(held.nstring(), static_cast<uint32_t>(held.nlen()));
+    return AppendN(text.nstring(), static_cast<uint32_t>(text.nlen()));
 }
 
 OString& OString::operator<<(const char* text) {

@@ -146,7 +146,8 @@ void OStringArray::Copy(const OStringArray& other) {
 }
 
 bool OStringArray::InsertAt(int index, const OString& text, int count) {
-    const OString held(text); // it may be one of ours
+    // It may be one of ours.
+    const OString held(text); // NOLINT(performance-unnecessary-copy-initialization)
     if (!InsertEmpty(index, count)) return false;
     if (count > 0) std::fill_n(data_ + index, count, held);
     return true;
@@ -168,7 +169,8 @@ void OStringArray::RemoveAt(int index, int count) {
 }
 
 void OStringArray::Split(const OString& text, const char* separator) {
-    const OString whole(text); // it may be one of ours
+    // It may be one of ours.
+    const OString whole(text); // NOLINT(performance-unnecessary-copy-initialization)
     SetSize(0);
     if (whole.IsEmpty()) return;
     if (!separator || !*separator) {

@@ -72,7 +72,8 @@ public:
 
     // Stores a value, in the place of the one that the key has. False without memory.
     bool Set(const OString& key, T value) {
-        const OString held(key); // it may be one of ours
+        // It may be one of ours.
+        const OString held(key); // NOLINT(performance-unnecessary-copy-initialization)
         const uint32_t hash = HashCalculate(held);
         int at = IndexOf(held, hash);
         if (at >= 0) {

@@ -145,6 +145,12 @@ TEST(StringAppending, StaysInEightBitsOnlyForTwoEightBitTextsOfOneCodePage) {
     }
 }
 
+TEST(StringAppending, GoesOnBehindATextThatConvertsToNothing) {
+    OString text = InCodePage(1208, "\xC3");
+    text << WCHAR{'x'};
+    EXPECT_STREQ(text.nstring(), "x");
+}
+
 TEST(StringAppending, TakesTheStringItself) {
     OString text("ab");
     text << text;
