@@ -6,20 +6,25 @@
 namespace {
 
 constexpr uint32_t MaxRecordSize = 64u << 20;
-constexpr int MaxAttempts = 8; // for a record that keeps growing between two questions
+constexpr uint32_t UsualRecordSize = 4096; // larger than any of the structures
+constexpr int MaxAttempts = 8;             // for a record that keeps growing between two questions
 
 // How far a question to the spooler got.
 enum Outcome {
     Done,
     Failed,     // the size was known, the record could not be had
-    NotOffered, // not even the size can be asked for
+    NotOffered, // neither the record nor its size
 };
 
-// Asks for a record of at least `minimum` bytes: first for its size, then for the record itself.
+// Asks for a record of at least `minimum` bytes: with room for what is usual first, for a question
+// costs the spooler more than the room costs us, then with as much as it says.
 template <typename Ask>
 Outcome GetRecord(OBuffer<unsigned char>& buffer, uint32_t minimum, Ask ask) {
     DWORD needed = 0;
-    if (ask(nullptr, 0, &needed) || GetLastError() != ERROR_INSUFFICIENT_BUFFER) return NotOffered;
+    if (!buffer.SetSize(UsualRecordSize)) return Failed;
+    std::memset(buffer.GetData(), 0, buffer.GetSize());
+    if (ask(buffer.GetData(), buffer.GetSize(), &needed)) return Done;
+    if (GetLastError() != ERROR_INSUFFICIENT_BUFFER) return NotOffered;
     for (int attempt = 0; attempt < MaxAttempts; ++attempt) {
         if (needed < minimum || needed > MaxRecordSize || !buffer.SetSize(needed)) return Failed;
         if (ask(buffer.GetData(), buffer.GetSize(), &needed)) return Done;
