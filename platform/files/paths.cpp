@@ -19,6 +19,7 @@ namespace win32host {
 
 const char16_t kWindowsFolder[] = u"C:\\WINDOWS";
 const char16_t kSystemFolder[] = u"C:\\WINDOWS\\system32";
+const char16_t kDriversFolder[] = u"C:\\WINDOWS\\system32\\spool\\drivers\\w32x86";
 
 namespace {
 

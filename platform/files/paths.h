@@ -32,6 +32,7 @@ std::u16string WindowsPath(std::string_view path);
 // Windows folders (full names without a separator at the end).
 extern const char16_t kWindowsFolder[]; // C:\WINDOWS
 extern const char16_t kSystemFolder[];  // C:\WINDOWS\system32
+extern const char16_t kDriversFolder[]; // C:\WINDOWS\system32\spool\drivers\w32x86
 
 // The last component.
 std::u16string_view FileNameOf(std::u16string_view path);

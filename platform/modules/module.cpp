@@ -178,13 +178,11 @@ Module* Program() {
 // Where a bare name is looked for: beside the program, in the system and Windows folders, among
 // the spooler's drivers and in the working folder.
 std::vector<std::u16string> SearchFolders() {
-    const std::u16string system = kSystemFolder;
     std::u16string program = Program()->file_name;
     program.resize(program.size() - FileNameOf(program).size());
     WCHAR current[MAX_PATH] = {};
     GetCurrentDirectoryW(MAX_PATH, current);
-    return {program, system, kWindowsFolder,
-            system + u"\\spool\\drivers\\" + (sizeof(void*) == 8 ? u"x64" : u"w32x86") + u"\\3",
+    return {program, kSystemFolder, kWindowsFolder, kDriversFolder + std::u16string(u"\\3"),
             current};
 }
 

@@ -58,7 +58,7 @@ HKEY PrintServer::Machine() const {
 }
 
 std::u16string PrintServer::DriverFolder() const {
-    std::u16string folder = std::u16string(kSystemFolder) + u"\\spool\\drivers\\w32x86";
+    std::u16string folder = kDriversFolder;
     // On another machine's drive C.
     if (!IsLocal()) folder = WindowsPath(root_ + "/drive_c") + folder.substr(2);
     return folder;

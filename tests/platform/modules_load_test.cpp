@@ -74,14 +74,20 @@ TEST_F(ModulesLoad, FailWhenTheModuleRefuses) {
     FreeLibrary(module);
 }
 
-TEST_F(ModulesLoad, FindBareNamesInTheSystemsFolders) {
-    Stage("sample.dll", "WINDOWS\\system32\\inner.dll");
-    const HMODULE module = LoadLibraryW(TEXT("INNER"));
-    ASSERT_NE(module, nullptr);
-    WCHAR name[MAX_PATH];
-    EXPECT_GT(GetModuleFileNameW(module, name, MAX_PATH), 0u);
-    EXPECT_EQ(std::u16string(name), u"C:\\WINDOWS\\system32\\inner.dll");
-    FreeLibrary(module);
+TEST_F(ModulesLoad, FindBareNamesInTheSystemsFoldersAndAmongTheDrivers) {
+    for (const char16_t* folder :
+         {u"C:\\WINDOWS\\system32", u"C:\\WINDOWS\\system32\\spool\\drivers\\w32x86\\3"}) {
+        const std::u16string expected = std::u16string(folder) + u"\\inner.dll";
+        const std::string relative(expected.begin() + 3, expected.end());
+        Stage("sample.dll", relative);
+        const HMODULE module = LoadLibraryW(TEXT("INNER"));
+        ASSERT_NE(module, nullptr) << relative;
+        WCHAR name[MAX_PATH];
+        EXPECT_GT(GetModuleFileNameW(module, name, MAX_PATH), 0u);
+        EXPECT_EQ(std::u16string(name), expected);
+        FreeLibrary(module);
+        fs::remove(OnDriveC(relative));
+    }
 }
 
 TEST_F(ModulesLoad, TellWhyAFileIsNoModule) {
