@@ -194,8 +194,9 @@ KVRFIDCapabilities* ModelCore::RFIDCapabilities_Create(const prtmodel* model) {
 }
 
 void ModelCore::InitializeExtPDT() {
+    if (custom_data_loaded_) return;
+    custom_data_loaded_ = true;
     const OString key = CacheKey(":~CustomData");
-    custom_data_ = {};
     if (const uint32_t size = ModelDataCache().GetDataSize(key)) {
         if (ModelDataCache().GetData(key, &custom_data_, std::min(size, CUSTOM_DATA_SIZE))) return;
     }

@@ -174,5 +174,6 @@ private:
     std::unique_ptr<KVCapabilitiesData> capabilities_;
     KVRFIDCapabilities* rfid_capabilities_ = nullptr; // size-prefixed block, owned
     CustomData custom_data_ = {};
+    bool custom_data_loaded_ = false;
     OString model_section_; // "Model:Section" once found
 };
