@@ -2,7 +2,6 @@
 
 #include <new>
 
-#include "core/memory.h"
 #include "model/model_core.h"
 #include "settings/driver_settings.h"
 

@@ -95,8 +95,7 @@ uint32_t prtmodel::DeviceCapabilitiesW(uint16_t capability, unsigned char* outpu
         if (output) Put<uint32_t>(output, 1);
         return 1;
 
-    case DC_TRUETYPE:
-        return 1; // DCTT_BITMAP
+    case DC_TRUETYPE: // as bitmaps
     case DC_EMF_COMPLIANT:
         return 1;
     case DC_ORIENTATION:
