@@ -31,21 +31,29 @@ WideString DriverFolder() {
     return folder.data();
 }
 
-// Copies one file of the product into the driver folder: beside its place first, then over it, so
-// that a copy that fails leaves the old file. Answers the new file's path.
+// Copies one file of the product into the driver folder: under a name of this process's own first,
+// then over its place, so that a copy that fails leaves the old file and another process that
+// installs at the same time is not disturbed. Answers the new file's path.
 WideString StageFile(const std::string& product, const std::string& file,
                      const WideString& folder) {
     const std::string source = product + "/" + file;
     const WideString target = folder + TEXT("\\") + ToWide(file);
-    const WideString aside = target + TEXT(".new");
-    if (!CopyFileW(ToWide(source).c_str(), aside.c_str(), FALSE))
-        throw SystemFault("cannot copy driver file '" + source + "'", GetLastError());
-    if (!MoveFileExW(aside.c_str(), target.c_str(), MOVEFILE_REPLACE_EXISTING)) {
-        const DWORD error = GetLastError();
-        DeleteFileW(aside.c_str());
-        throw SystemFault("cannot replace driver file '" + ToUtf8(target.c_str()) + "'", error);
+    WCHAR aside[MAX_PATH] = {};
+    if (!GetTempFileNameW(folder.c_str(), TEXT("inst"), 0, aside))
+        throw SystemFault("cannot write to the folder '" + ToUtf8(folder.c_str()) + "'",
+                          GetLastError());
+    DWORD error = NO_ERROR;
+    std::string what;
+    if (!CopyFileW(ToWide(source).c_str(), aside, FALSE)) {
+        error = GetLastError();
+        what = "cannot copy driver file '" + source + "'";
+    } else if (!MoveFileExW(aside, target.c_str(), MOVEFILE_REPLACE_EXISTING)) {
+        error = GetLastError();
+        what = "cannot replace driver file '" + ToUtf8(target.c_str()) + "'";
     }
-    return target;
+    if (error == NO_ERROR) return target;
+    DeleteFileW(aside);
+    throw SystemFault(what, error);
 }
 
 void AddDriver(const Installation& product, const Model& model, const DriverFiles& files) {
