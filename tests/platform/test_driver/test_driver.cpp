@@ -3,6 +3,7 @@
 #include <winddiui.h>
 #include <windows.h>
 
+#include <atomic>
 #include <string>
 #include <vector>
 
@@ -40,7 +41,7 @@ DWORD AskAboutPrinter(HANDLE printer) {
     return good;
 }
 
-DWORD g_capability_calls = 0;
+std::atomic<DWORD> g_capability_calls = 0; // the spooler calls from every thread
 
 } // namespace
 
