@@ -11,8 +11,8 @@ extern "C" int WINAPI DeviceCapabilitiesW(LPCWSTR device, LPCWSTR, WORD capabili
         if (!OpenPrinterW(name.data(), &handle, nullptr)) return -1;
         int answer = -1;
         if (const auto printer = FindPrinter(handle)) {
-            const auto record = printer->Record();
-            const auto library = record ? LoadDriver(record->driver) : nullptr;
+            const auto driver = printer->DriverName();
+            const auto library = driver ? LoadDriver(*driver) : nullptr;
             if (library)
                 answer = library->DeviceCapabilities(handle, printer->FullName(), capability,
                                                      output, dev_mode);

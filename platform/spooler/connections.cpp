@@ -92,7 +92,7 @@ extern "C" BOOL WINAPI DeletePrinterConnectionW(LPWSTR name) {
             connections.Open(HKEY_CURRENT_USER, kConnections, KEY_ALL_ACCESS) != ERROR_SUCCESS ||
             key.Open(connections.get(), KeyOf(full_name)) != ERROR_SUCCESS)
             return Fail(ERROR_INVALID_PRINTER_NAME);
-        if (const auto library = LoadDriver(key.ReadValues().Text(u"Printer Driver")))
+        if (const auto library = LoadDriver(key.Text(u"Printer Driver")))
             library->RaisePrinterEvent(full_name, PRINTER_EVENT_DELETE_CONNECTION, 0, 0);
         key.Close();
         const LSTATUS status = connections.DeleteTree(KeyOf(full_name));

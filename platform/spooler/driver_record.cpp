@@ -8,42 +8,43 @@
 namespace win32host {
 namespace {
 
+constexpr char16_t kDriver[] = u"Driver";
+constexpr char16_t kConfigFile[] = u"Configuration File";
+constexpr char16_t kDependentFiles[] = u"Dependent Files";
+constexpr char16_t kPreviousNames[] = u"Previous Names";
+constexpr char16_t kVersion[] = u"Version";
+constexpr char16_t kDriverDate[] = u"DriverDate";
+constexpr char16_t kDriverVersion[] = u"DriverVersion";
+
 struct TextValue {
     const char16_t* name;
     std::u16string DriverRecord::*member;
 };
 constexpr TextValue kTexts[] = {
-    {u"Data File", &DriverRecord::data_file}, {u"Configuration File", &DriverRecord::config_file},
+    {u"Data File", &DriverRecord::data_file}, {kConfigFile, &DriverRecord::config_file},
     {u"Help File", &DriverRecord::help_file}, {u"Monitor", &DriverRecord::monitor},
     {u"Datatype", &DriverRecord::datatype},   {u"Manufacturer", &DriverRecord::manufacturer},
     {u"OEM URL", &DriverRecord::oem_url},     {u"HardwareID", &DriverRecord::hardware_id},
     {u"Provider", &DriverRecord::provider},
 };
-const std::u16string kDriver = u"Driver";
-const std::u16string kDependentFiles = u"Dependent Files";
-const std::u16string kPreviousNames = u"Previous Names";
-const std::u16string kVersion = u"Version";
-const std::u16string kDriverDate = u"DriverDate";
-const std::u16string kDriverVersion = u"DriverVersion";
 
 template <class T>
-void ReadBytes(const RegistryValues& values, const std::u16string& name, T& target) {
-    const std::vector<BYTE> bytes = values.Bytes(name);
+void ReadBytes(const RegistryKey& key, const char16_t* name, T& target) {
+    const std::vector<BYTE> bytes = key.Bytes(name);
     if (bytes.size() == sizeof target) std::memcpy(&target, bytes.data(), sizeof target);
 }
 
 std::optional<DriverRecord> ReadKey(const RegistryKey& key, const std::u16string& name) {
-    const RegistryValues values = key.ReadValues();
     DriverRecord record;
     record.name = name;
-    record.driver_file = values.Text(kDriver);
+    record.driver_file = key.Text(kDriver);
     if (record.driver_file.empty()) return std::nullopt;
-    for (const TextValue& text : kTexts) record.*text.member = values.Text(text.name);
-    record.version = values.Number(kVersion, record.version);
-    record.dependent_files = values.Texts(kDependentFiles);
-    record.previous_names = values.Texts(kPreviousNames);
-    ReadBytes(values, kDriverDate, record.date);
-    ReadBytes(values, kDriverVersion, record.driver_version);
+    for (const TextValue& text : kTexts) record.*text.member = key.Text(text.name);
+    record.version = key.Number(kVersion, record.version);
+    record.dependent_files = key.Texts(kDependentFiles);
+    record.previous_names = key.Texts(kPreviousNames);
+    ReadBytes(key, kDriverDate, record.date);
+    ReadBytes(key, kDriverVersion, record.driver_version);
     return record;
 }
 
@@ -71,6 +72,14 @@ std::optional<DriverRecord> ReadDriver(const PrintServer& server, const std::u16
     RegistryKey key;
     if (!IsDriverName(name) || server.OpenDriver(name, key) != ERROR_SUCCESS) return std::nullopt;
     return ReadKey(key, name);
+}
+
+std::u16string ReadConfigFile(const PrintServer& server, const std::u16string& name) {
+    RegistryKey key;
+    if (!IsDriverName(name) || server.OpenDriver(name, key) != ERROR_SUCCESS ||
+        key.Text(kDriver).empty())
+        return {};
+    return key.Text(kConfigFile);
 }
 
 std::vector<DriverRecord> ReadDrivers(const PrintServer& server) {

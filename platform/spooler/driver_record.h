@@ -36,6 +36,8 @@ bool IsDriverName(const std::u16string& name);
 
 // The driver's record as it is now, or nothing when there is no such driver.
 std::optional<DriverRecord> ReadDriver(const PrintServer& server, const std::u16string& name);
+// Its configuration file alone; empty when there is no such driver.
+std::u16string ReadConfigFile(const PrintServer& server, const std::u16string& name);
 // All drivers, in the order of their installation.
 std::vector<DriverRecord> ReadDrivers(const PrintServer& server);
 

@@ -30,13 +30,9 @@ public:
         if (buffer_) std::memcpy(buffer_ + index * sizeof(Info), &info, sizeof info);
     }
 
-    void Text(LPWSTR& target, std::u16string_view text) {
-        const std::u16string terminated(text);
-        target = Block<WCHAR>(terminated.c_str(), (terminated.size() + 1) * sizeof(WCHAR));
-    }
+    void Text(LPWSTR& target, std::u16string_view text) { target = Terminated(text); }
     void Text(LPSTR& target, std::u16string_view text) {
-        const std::string terminated = Ansi(text);
-        target = Block<CHAR>(terminated.c_str(), terminated.size() + 1);
+        target = Terminated(std::string_view(Ansi(text)));
     }
 
     // A text that points to nothing when it is empty.
@@ -58,19 +54,35 @@ public:
         Text(target, all);
     }
 
-    // Aligned for `Unit` as far as the buffer itself is.
     template <class Unit>
     Unit* Block(const void* bytes, size_t size) {
-        used_ = (used_ + alignof(Unit) - 1) / alignof(Unit) * alignof(Unit);
-        void* target = buffer_ ? buffer_ + used_ : nullptr;
+        LPBYTE target = Room<Unit>(size);
         if (target) std::memcpy(target, bytes, size);
-        used_ += size;
-        return static_cast<Unit*>(target);
+        return reinterpret_cast<Unit*>(target);
     }
 
     size_t used() const { return used_; }
 
 private:
+    // The next bytes, aligned for `Unit` as far as the buffer itself is; null without a buffer.
+    template <class Unit>
+    LPBYTE Room(size_t size) {
+        used_ = (used_ + alignof(Unit) - 1) / alignof(Unit) * alignof(Unit);
+        LPBYTE room = buffer_ ? buffer_ + used_ : nullptr;
+        used_ += size;
+        return room;
+    }
+
+    template <class Char>
+    Char* Terminated(std::basic_string_view<Char> text) {
+        const size_t bytes = text.size() * sizeof(Char);
+        LPBYTE target = Room<Char>(bytes + sizeof(Char));
+        if (!target) return nullptr;
+        std::memcpy(target, text.data(), bytes);
+        std::memset(target + bytes, 0, sizeof(Char));
+        return reinterpret_cast<Char*>(target);
+    }
+
     LPBYTE buffer_;
     size_t used_ = 0;
 };

@@ -36,10 +36,16 @@ std::optional<PrinterRecord> OpenedPrinter::Record() const {
     return record;
 }
 
+std::optional<std::u16string> OpenedPrinter::DriverName() const {
+    auto name = ReadPrinterDriver(*server_, printer_);
+    if (!name) SetLastError(ERROR_PRINTER_DELETED);
+    return name;
+}
+
 std::optional<DriverRecord> OpenedPrinter::Driver() const {
-    const auto printer = Record();
-    if (!printer) return std::nullopt;
-    auto driver = ReadDriver(*PrintServer::Named({}), printer->driver);
+    const auto name = DriverName();
+    if (!name) return std::nullopt;
+    auto driver = ReadDriver(*PrintServer::Named({}), *name);
     if (!driver) SetLastError(ERROR_UNKNOWN_PRINTER_DRIVER);
     return driver;
 }
@@ -55,18 +61,18 @@ std::shared_ptr<OpenedPrinter> FindPrinter(HANDLE handle) {
 
 std::shared_ptr<const DriverLibrary> LoadDriver(const std::u16string& driver) {
     const auto local = PrintServer::Named({});
-    const auto record = ReadDriver(*local, driver);
-    if (!record) {
+    const std::u16string file = ReadConfigFile(*local, driver);
+    if (file.empty()) {
         SetLastError(ERROR_UNKNOWN_PRINTER_DRIVER);
         return nullptr;
     }
-    return DriverLibrary::Load(local->InstalledFolder() + u'\\' + record->config_file);
+    return DriverLibrary::Load(local->InstalledFolder() + u'\\' + file);
 }
 
 void DropDriver(const std::u16string& driver) {
     const auto local = PrintServer::Named({});
-    if (const auto record = ReadDriver(*local, driver))
-        DriverLibrary::Drop(local->InstalledFolder() + u'\\' + record->config_file);
+    const std::u16string file = ReadConfigFile(*local, driver);
+    if (!file.empty()) DriverLibrary::Drop(local->InstalledFolder() + u'\\' + file);
 }
 
 } // namespace win32host

@@ -31,7 +31,10 @@ public:
 
     // The printer's record as it is now; nothing with ERROR_PRINTER_DELETED when it is gone.
     std::optional<PrinterRecord> Record() const;
-    // Its driver's, as it is installed on this machine; nothing with ERROR_UNKNOWN_PRINTER_DRIVER.
+    // The name of its driver; nothing likewise.
+    std::optional<std::u16string> DriverName() const;
+    // Its driver's record, as it is installed on this machine; nothing with
+    // ERROR_UNKNOWN_PRINTER_DRIVER.
     std::optional<DriverRecord> Driver() const;
 
 private:

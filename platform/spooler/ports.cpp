@@ -42,7 +42,7 @@ std::vector<std::u16string> PortNames(const PrintServer& server) {
     std::vector<std::u16string> names{kFilePort};
     RegistryKey key;
     if (server.OpenPorts(key) != ERROR_SUCCESS) return names;
-    for (std::u16string& name : key.ReadValues().Names()) {
+    for (std::u16string& name : key.ValueNames()) {
         if (!name.empty() && !SameName(name, kFilePort)) names.push_back(std::move(name));
     }
     return names;

@@ -11,6 +11,10 @@ namespace {
 
 constexpr size_t kLongestName = 220;
 
+constexpr char16_t kName[] = u"Name";
+constexpr char16_t kDriver[] = u"Printer Driver";
+constexpr char16_t kDevMode[] = u"Default DevMode";
+
 struct TextValue {
     const char16_t* name;
     std::u16string PrinterRecord::*member;
@@ -18,7 +22,7 @@ struct TextValue {
 constexpr TextValue kTexts[] = {
     {u"Share Name", &PrinterRecord::share_name},
     {u"Port", &PrinterRecord::port},
-    {u"Printer Driver", &PrinterRecord::driver},
+    {kDriver, &PrinterRecord::driver},
     {u"Description", &PrinterRecord::comment},
     {u"Location", &PrinterRecord::location},
     {u"Separator File", &PrinterRecord::separator_file},
@@ -40,19 +44,19 @@ constexpr NumberValue kNumbers[] = {
     {u"Status", &PrinterRecord::status},
 };
 
-const std::u16string kName = u"Name";
-const std::u16string kDevMode = u"Default DevMode";
-
 std::optional<PrinterRecord> ReadKey(const RegistryKey& key) {
-    const RegistryValues values = key.ReadValues();
     PrinterRecord record;
-    record.name = values.Text(kName);
+    record.name = key.Text(kName);
     if (record.name.empty()) return std::nullopt;
-    for (const TextValue& text : kTexts) record.*text.member = values.Text(text.name);
-    for (const NumberValue& number : kNumbers) record.*number.member = values.Number(number.name);
-    const std::vector<BYTE> dev_mode = values.Bytes(kDevMode);
+    for (const TextValue& text : kTexts) record.*text.member = key.Text(text.name);
+    for (const NumberValue& number : kNumbers) record.*number.member = key.Number(number.name);
+    const std::vector<BYTE> dev_mode = key.Bytes(kDevMode);
     record.dev_mode = CheckedDevMode(dev_mode.data(), dev_mode.size());
     return record;
+}
+
+bool OpenKey(const PrintServer& server, const std::u16string& name, RegistryKey& key) {
+    return IsPrinterName(name) && server.OpenPrinter(name, key) == ERROR_SUCCESS;
 }
 
 // A DEVMODEW that reaches less far than this tells nothing about itself.
@@ -67,8 +71,19 @@ bool IsPrinterName(std::u16string_view name) {
 
 std::optional<PrinterRecord> ReadPrinter(const PrintServer& server, const std::u16string& name) {
     RegistryKey key;
-    if (!IsPrinterName(name) || server.OpenPrinter(name, key) != ERROR_SUCCESS) return std::nullopt;
-    return ReadKey(key);
+    return OpenKey(server, name, key) ? ReadKey(key) : std::nullopt;
+}
+
+std::u16string ReadPrinterName(const PrintServer& server, const std::u16string& name) {
+    RegistryKey key;
+    return OpenKey(server, name, key) ? key.Text(kName) : std::u16string();
+}
+
+std::optional<std::u16string> ReadPrinterDriver(const PrintServer& server,
+                                                const std::u16string& name) {
+    RegistryKey key;
+    if (!OpenKey(server, name, key) || key.Text(kName).empty()) return std::nullopt;
+    return key.Text(kDriver);
 }
 
 LSTATUS WritePrinter(const RegistryKey& key, const PrinterRecord& record,

@@ -37,6 +37,12 @@ bool IsPrinterName(std::u16string_view name);
 // The printer's record as it is now, or nothing when there is no such printer.
 std::optional<PrinterRecord> ReadPrinter(const PrintServer& server, const std::u16string& name);
 
+// Its name alone, as it is spelled there; empty when there is no such printer.
+std::u16string ReadPrinterName(const PrintServer& server, const std::u16string& name);
+// Its driver's name alone.
+std::optional<std::u16string> ReadPrinterDriver(const PrintServer& server,
+                                                const std::u16string& name);
+
 // Writes what differs from `old` (an empty record when there was no printer). The name is written
 // last: a printer without one does not exist, so that nobody finds half a printer.
 LSTATUS WritePrinter(const RegistryKey& key, const PrinterRecord& record, const PrinterRecord& old);

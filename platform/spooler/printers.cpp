@@ -73,7 +73,7 @@ BOOL Answer(HANDLE handle, LPDWORD needed, bool known_level, const auto& fill) {
 DWORD Add(const PrintServer& server, const PrinterRecord& record) {
     if (const DWORD code = Check(server, record, {})) return code;
     SpoolerLock lock(server);
-    if (ReadPrinter(server, record.name)) return ERROR_PRINTER_ALREADY_EXISTS;
+    if (!ReadPrinterName(server, record.name).empty()) return ERROR_PRINTER_ALREADY_EXISTS;
     RegistryKey printers, key;
     LSTATUS status = server.CreatePrinters(printers);
     if (status != ERROR_SUCCESS) return static_cast<DWORD>(status);
@@ -97,9 +97,8 @@ extern "C" BOOL WINAPI OpenPrinterW(LPWSTR name, LPHANDLE handle, LPPRINTER_DEFA
         if (!server) return FALSE;
         std::u16string printer;
         if (!parts.printer.empty() || (parts.server.empty() && name && *name)) {
-            const auto record = ReadPrinter(*server, parts.printer);
-            if (!record) return Fail(ERROR_INVALID_PRINTER_NAME);
-            printer = record->name;
+            printer = ReadPrinterName(*server, parts.printer);
+            if (printer.empty()) return Fail(ERROR_INVALID_PRINTER_NAME);
         }
         ACCESS_MASK access = PRINTER_ACCESS_USE;
         if (defaults && defaults->DesiredAccess) access = defaults->DesiredAccess;
@@ -211,9 +210,9 @@ extern "C" BOOL WINAPI DeletePrinter(HANDLE handle) {
         auto printer = FindPrinter(handle);
         if (!printer) return FALSE;
         if (!printer->Has(PRINTER_ACCESS_ADMINISTER)) return Fail(ERROR_ACCESS_DENIED);
-        const auto record = printer->Record();
-        if (!record) return FALSE;
-        if (const auto library = LoadDriver(record->driver))
+        const auto driver = printer->DriverName();
+        if (!driver) return FALSE;
+        if (const auto library = LoadDriver(*driver))
             library->RaisePrinterEvent(printer->FullName(), PRINTER_EVENT_DELETE,
                                        PRINTER_EVENT_FLAG_NO_UI, 0);
         {
@@ -222,7 +221,7 @@ extern "C" BOOL WINAPI DeletePrinter(HANDLE handle) {
             if (status == ERROR_FILE_NOT_FOUND) return Fail(ERROR_PRINTER_DELETED);
             if (status != ERROR_SUCCESS) return Fail(static_cast<DWORD>(status));
         }
-        DropDriver(record->driver);
+        DropDriver(*driver);
         return TRUE;
     });
 }

@@ -1,72 +1,24 @@
 #include "spooler/registry_key.h"
 
-#include "host/text.h"
-
-#include <algorithm>
 #include <cstring>
 #include <utility>
 
 namespace win32host {
-namespace {
 
-std::u16string Units(const std::vector<BYTE>& data) {
-    std::u16string text(data.size() / sizeof(WCHAR), u'\0');
-    if (!text.empty()) std::memcpy(text.data(), data.data(), text.size() * sizeof(WCHAR));
-    return text;
-}
+// One value as it was read. Most are short: those take no memory of their own.
+struct RegistryKey::Value {
+    DWORD type = REG_NONE;
+    DWORD size = 0;
+    WCHAR small[128];
+    std::vector<WCHAR> big;
 
-} // namespace
-
-void RegistryValues::Add(std::u16string name, DWORD type, std::vector<BYTE> data) {
-    values_.push_back({std::move(name), type, std::move(data)});
-}
-
-std::vector<std::u16string> RegistryValues::Names() const {
-    std::vector<std::u16string> names;
-    for (const Value& value : values_) names.push_back(value.name);
-    return names;
-}
-
-const RegistryValues::Value* RegistryValues::Find(std::u16string_view name) const {
-    for (const Value& value : values_) {
-        if (SameName(value.name, name)) return &value;
+    const WCHAR* Data() const { return big.empty() ? small : big.data(); }
+    // As text, up to the first zero from `start` on.
+    std::u16string_view TextAt(size_t start) const {
+        const std::u16string_view all(Data(), size / sizeof(WCHAR));
+        return all.substr(start, all.find(u'\0', start) - start);
     }
-    return nullptr;
-}
-
-std::u16string RegistryValues::Text(std::u16string_view name) const {
-    const Value* value = Find(name);
-    if (!value || (value->type != REG_SZ && value->type != REG_EXPAND_SZ)) return {};
-    std::u16string text = Units(value->data);
-    if (const size_t end = text.find(u'\0'); end != std::u16string::npos) text.resize(end);
-    return text;
-}
-
-std::vector<std::u16string> RegistryValues::Texts(std::u16string_view name) const {
-    const Value* value = Find(name);
-    if (!value || value->type != REG_MULTI_SZ) return {};
-    std::vector<std::u16string> texts;
-    const std::u16string all = Units(value->data);
-    for (size_t start = 0; start < all.size() && all[start];) {
-        const size_t end = std::min(all.find(u'\0', start), all.size());
-        texts.push_back(all.substr(start, end - start));
-        start = end + 1;
-    }
-    return texts;
-}
-
-DWORD RegistryValues::Number(std::u16string_view name, DWORD fallback) const {
-    const Value* value = Find(name);
-    DWORD number = fallback;
-    if (value && value->type == REG_DWORD && value->data.size() == sizeof number)
-        std::memcpy(&number, value->data.data(), sizeof number);
-    return number;
-}
-
-std::vector<BYTE> RegistryValues::Bytes(std::u16string_view name) const {
-    const Value* value = Find(name);
-    return value && value->type == REG_BINARY ? value->data : std::vector<BYTE>();
-}
+};
 
 RegistryKey& RegistryKey::operator=(RegistryKey&& other) noexcept {
     if (this != &other) {
@@ -95,24 +47,70 @@ HKEY RegistryKey::Release() {
     return std::exchange(key_, nullptr);
 }
 
-RegistryValues RegistryKey::ReadValues() const {
-    RegistryValues values;
+void RegistryKey::Read(const char16_t* name, Value& value) const {
+    value.size = sizeof value.small;
+    auto* data = reinterpret_cast<BYTE*>(value.small);
+    LSTATUS status;
+    while ((status = RegQueryValueExW(key_, name, nullptr, &value.type, data, &value.size)) ==
+           ERROR_MORE_DATA) {
+        value.big.resize((value.size + sizeof(WCHAR) - 1) / sizeof(WCHAR));
+        value.size = static_cast<DWORD>(value.big.size() * sizeof(WCHAR));
+        data = reinterpret_cast<BYTE*>(value.big.data());
+    }
+    if (status != ERROR_SUCCESS) {
+        value.type = REG_NONE;
+        value.size = 0;
+    }
+}
+
+std::u16string RegistryKey::Text(const char16_t* name) const {
+    Value value;
+    Read(name, value);
+    if (value.type != REG_SZ && value.type != REG_EXPAND_SZ) return {};
+    return std::u16string(value.TextAt(0));
+}
+
+std::vector<std::u16string> RegistryKey::Texts(const char16_t* name) const {
+    Value value;
+    Read(name, value);
+    std::vector<std::u16string> texts;
+    if (value.type != REG_MULTI_SZ) return texts;
+    const size_t end = value.size / sizeof(WCHAR);
+    for (size_t start = 0; start < end && value.Data()[start]; start += texts.back().size() + 1)
+        texts.emplace_back(value.TextAt(start));
+    return texts;
+}
+
+DWORD RegistryKey::Number(const char16_t* name, DWORD fallback) const {
+    Value value;
+    Read(name, value);
+    DWORD number = fallback;
+    if (value.type == REG_DWORD && value.size == sizeof number)
+        std::memcpy(&number, value.Data(), sizeof number);
+    return number;
+}
+
+std::vector<BYTE> RegistryKey::Bytes(const char16_t* name) const {
+    Value value;
+    Read(name, value);
+    if (value.type != REG_BINARY) return {};
+    const auto* bytes = reinterpret_cast<const BYTE*>(value.Data());
+    return {bytes, bytes + value.size};
+}
+
+std::vector<std::u16string> RegistryKey::ValueNames() const {
+    std::vector<std::u16string> names;
     std::u16string name(64, u'\0');
-    std::vector<BYTE> data(1024);
     for (DWORD index = 0;;) {
-        DWORD name_size = static_cast<DWORD>(name.size()), type = REG_NONE;
-        DWORD size = static_cast<DWORD>(data.size());
+        DWORD size = static_cast<DWORD>(name.size());
         const LSTATUS status =
-            RegEnumValueW(key_, index, name.data(), &name_size, nullptr, &type, data.data(), &size);
-        if (status == ERROR_MORE_DATA) { // the name's or the value's buffer, or both
-            if (size > data.size())
-                data.resize(size);
-            else
-                name.resize(name.size() * 2);
+            RegEnumValueW(key_, index, name.data(), &size, nullptr, nullptr, nullptr, nullptr);
+        if (status == ERROR_MORE_DATA) {
+            name.resize(name.size() * 2);
             continue;
         }
-        if (status != ERROR_SUCCESS) return values;
-        values.Add(name.substr(0, name_size), type, {data.begin(), data.begin() + size});
+        if (status != ERROR_SUCCESS) return names;
+        names.push_back(name.substr(0, size));
         ++index;
     }
 }

@@ -1,4 +1,4 @@
-// One open key of the registry, and all its values read in one pass.
+// One open key of the registry.
 #pragma once
 
 #include <windows.h>
@@ -8,35 +8,6 @@
 #include <vector>
 
 namespace win32host {
-
-// A key's values as they were at one moment. Names are matched without regard to case; a value
-// that is missing or has another type answers the fallback.
-class RegistryValues {
-public:
-    void Add(std::u16string name, DWORD type, std::vector<BYTE> data);
-
-    bool Has(std::u16string_view name) const { return Find(name) != nullptr; }
-    bool empty() const { return values_.empty(); }
-    std::vector<std::u16string> Names() const;
-
-    // REG_SZ or REG_EXPAND_SZ, up to its first zero.
-    std::u16string Text(std::u16string_view name) const;
-    // The texts of a REG_MULTI_SZ, up to the first empty one.
-    std::vector<std::u16string> Texts(std::u16string_view name) const;
-    DWORD Number(std::u16string_view name, DWORD fallback = 0) const;
-    // REG_BINARY.
-    std::vector<BYTE> Bytes(std::u16string_view name) const;
-
-private:
-    struct Value {
-        std::u16string name;
-        DWORD type;
-        std::vector<BYTE> data;
-    };
-    const Value* Find(std::u16string_view name) const;
-
-    std::vector<Value> values_;
-};
 
 // Closes the key when it goes. Operations answer error codes, ERROR_SUCCESS among them.
 class RegistryKey {
@@ -57,7 +28,16 @@ public:
     HKEY get() const { return key_; }
     explicit operator bool() const { return key_ != nullptr; }
 
-    RegistryValues ReadValues() const;
+    // Values as they are now; one that is missing or has another type is empty, or the fallback.
+    // REG_SZ or REG_EXPAND_SZ, up to its first zero.
+    std::u16string Text(const char16_t* name) const;
+    // The texts of a REG_MULTI_SZ, up to the first empty one.
+    std::vector<std::u16string> Texts(const char16_t* name) const;
+    DWORD Number(const char16_t* name, DWORD fallback = 0) const;
+    // REG_BINARY.
+    std::vector<BYTE> Bytes(const char16_t* name) const;
+
+    std::vector<std::u16string> ValueNames() const;
     std::vector<std::u16string> SubkeyNames() const;
 
     LSTATUS SetText(const std::u16string& name, std::u16string_view text) const;
@@ -69,7 +49,10 @@ public:
     LSTATUS DeleteTree(const std::u16string& subkey) const;
 
 private:
+    struct Value;
+
     HKEY Release();
+    void Read(const char16_t* name, Value& value) const;
 
     HKEY key_ = nullptr;
 };
