@@ -3,6 +3,7 @@
 
 #include <cstring>
 #include <string>
+#include <thread>
 #include <vector>
 
 #include "support/staged_driver_test.h"
@@ -83,6 +84,28 @@ TEST_F(DeviceCapabilities, OfNoPrinterAreDefaults) {
     EXPECT_EQ(DrvDeviceCapabilities(nullptr, nullptr, DC_ENUMRESOLUTIONS, nullptr, nullptr), 0u);
     EXPECT_EQ(DrvDeviceCapabilities(nullptr, nullptr, DC_FILEDEPENDENCIES, nullptr, nullptr), 0u);
     EXPECT_EQ(Ask(DC_COPIES), -1) << "the spooler knows better";
+}
+
+using DeviceCapabilitiesThreads = DeviceCapabilities;
+
+TEST_F(DeviceCapabilitiesThreads, AnswerSeveralAtOnceWhileTheRecordsAreRebuilt) {
+    Install(TEST_BINARY_DIR, {.model = "Resolution=203\n", .method = "Copies.Limit=9999\n"});
+    const auto ask = [] {
+        for (int i = 0; i < 50; ++i) {
+            int32_t pair[2] = {};
+            WCHAR files[2][64] = {};
+            EXPECT_EQ(Ask(DC_COPIES), 9999);
+            EXPECT_EQ(Ask(DC_ENUMRESOLUTIONS, pair), 1);
+            EXPECT_EQ(pair[1], 203);
+            EXPECT_EQ(Ask(DC_FILEDEPENDENCIES, files), 2);
+        }
+    };
+    std::thread first(ask), second(ask);
+    prtreg registry(OString("Dock 3"));
+    for (uint32_t stamp = 1; stamp <= 50; ++stamp)
+        registry.SetDWORD("DATA:Model Synchronization", stamp);
+    first.join();
+    second.join();
 }
 
 TEST(DevQueryPrint, LetsEveryJobPrint) {

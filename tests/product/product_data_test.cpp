@@ -1,0 +1,278 @@
+// The model tables that ship: every printer has sound limits, and no key is misspelt.
+
+#include <algorithm>
+#include <fstream>
+#include <map>
+#include <set>
+#include <sstream>
+
+#include "driver/printer_info.h"
+#include "model/symbology_info.h"
+#include "support/model_test.h"
+#include "support/program.h"
+
+namespace {
+
+class ProductData : public ModelTest {
+protected:
+    // Installs every model of the product, each as "Printer MODEL"; answers the printers.
+    std::vector<std::string> InstallAll() const {
+        std::vector<std::string> printers;
+        std::ifstream in(TEST_BINARY_DIR "/product/zplui.inf");
+        for (std::string line; std::getline(in, line);) {
+            const size_t end = line.find("\"=Install.");
+            if (end == std::string::npos) continue;
+            const std::string model = line.substr(1, end - 1);
+            const ProgramResult result =
+                RunProgram(TEST_BINARY_DIR, "labelhost",
+                           {"--root", root(), "install", "Printer " + model, "--model", model});
+            EXPECT_EQ(result.status, 0) << result.errors;
+            printers.push_back("Printer " + model);
+        }
+        // The tables that were installed are those that this test's own module reads.
+        WriteFile("WINDOWS\\system32\\zpl.ddt", Contents(TEST_BINARY_DIR "/product/zpl.ddt"));
+        return printers;
+    }
+
+    static std::string Contents(const std::string& file) {
+        std::ostringstream all;
+        all << std::ifstream(file, std::ios::binary).rdbuf();
+        return all.str();
+    }
+
+    static std::unique_ptr<extmodel> ModelOf(const std::string& printer) {
+        return std::unique_ptr<extmodel>(
+            static_cast<extmodel*>(prtmodel::new_ext(PrinterInfo(OString(printer.c_str())))));
+    }
+};
+
+TEST_F(ProductData, GivesEveryPrinterSoundLimits) {
+    const std::vector<std::string> printers = InstallAll();
+    ASSERT_GE(printers.size(), 10u);
+    for (const std::string& printer : printers) {
+        SCOPED_TRACE(printer);
+        const auto model = ModelOf(printer);
+        const auto microns = [](const Measurement& length) { return length.Microns(); };
+        EXPECT_FALSE(model->GetManufacturerName().IsEmpty());
+        EXPECT_FALSE(model->GetDriverName().IsEmpty());
+        EXPECT_GT(microns(model->GetPaperWidthMin()), 0);
+        EXPECT_LE(microns(model->GetPaperWidthMin()), microns(model->GetDefaultLabelWidth()));
+        EXPECT_LE(microns(model->GetDefaultPaperWidth()), microns(model->GetPaperWidthMax()));
+        EXPECT_LE(microns(model->GetPaperLengthMin()), microns(model->GetDefaultLabelLength()));
+        EXPECT_LE(microns(model->GetDefaultLabelLength()), microns(model->GetPaperLengthMax()));
+        EXPECT_GT(microns(model->GetPrintableWidth()), 0);
+        EXPECT_LE(microns(model->GetPrintableWidth()), microns(model->GetPaperWidthMax()));
+        EXPECT_GE(model->GetXResolution(), 203);
+        EXPECT_TRUE(model->HasBarCodes());
+        EXPECT_TRUE(model->HasDeviceFonts());
+        EXPECT_GT(model->GetMaxLineThickness(), 0);
+
+        const CustomData& custom = *model->GetCustomData();
+        EXPECT_EQ((custom.flags & CustomData::TEAR_OFF) != 0, model->TearOff());
+        EXPECT_LT(model->GetLabelTopMin(), model->GetLabelTopMax());
+        EXPECT_EQ(model->TearOff(), model->GetTearOffMin() < model->GetTearOffMax());
+        const auto* last = std::begin(custom.speeds);
+        while (last != std::end(custom.speeds) && last->value != 0) ++last;
+        EXPECT_GT(last - std::begin(custom.speeds), 1);
+        EXPECT_EQ(std::count_if(std::begin(custom.speeds), last,
+                                [](const CustomData::Speed& speed) { return speed.is_default; }),
+                  1);
+        EXPECT_TRUE(std::is_sorted(std::begin(custom.speeds), last,
+                                   [](const auto& a, const auto& b) { return a.value < b.value; }));
+    }
+}
+
+TEST_F(ProductData, HasOnePrinterOfEachKind) {
+    struct Kind {
+        bool power = false, applicator = false, rfid = false, pplz = false, color = false,
+             center = false;
+        auto operator<=>(const Kind&) const = default;
+    };
+    std::map<std::string, Kind> expected = {
+        {"Valdrick D4 203 dpi", {}},
+        {"Valdrick X4 600 dpi", {.applicator = true}},
+        {"Valdrick M2 Mobile", {.power = true}},
+        {"Valdrick R4 RFID", {.applicator = true, .rfid = true}},
+        {"Valdrick P4 PPLZ", {.pplz = true}},
+        {"Valdrick C4 Spot Color", {.applicator = true, .color = true}},
+        {"Valdrick J2 Center", {.center = true}},
+    };
+    for (const std::string& printer : InstallAll()) {
+        const auto found = expected.find(printer.substr(8));
+        if (found == expected.end()) continue;
+        SCOPED_TRACE(printer);
+        const auto model = ModelOf(printer);
+        const Kind kind = {model->HasPowerOptions(), model->HasApplicatorMode(),
+                           model->HasRFID(),         model->IsPPLZ(),
+                           model->ColorSupport(255), model->IsCenterTracked()};
+        EXPECT_TRUE(kind == found->second);
+        expected.erase(found);
+    }
+    EXPECT_TRUE(expected.empty());
+}
+
+TEST_F(ProductData, NamesTheSecondBrandThroughItsOverrides) {
+    InstallAll();
+    EXPECT_EQ(Text(ModelOf("Printer TT X4 203 dpi")->GetManufacturerName()),
+              "Toshiba TEC Corporation");
+    EXPECT_EQ(Text(ModelOf("Printer Valdrick X4 203 dpi")->GetManufacturerName()), "Valdrick");
+}
+
+// The keys that a section may have. A key that is not listed is read by nobody: a misspelling.
+const std::map<std::string, std::set<std::string>> kKeys = {
+    {"Driver", {"Manufacturer", "Model"}},
+    {"Manufacturer", {"CompanyName", "ProductName", "Fonts.Prefix"}},
+    {"Model",
+     {"BarCode",
+      "Drawing",
+      "Features",
+      "Font",
+      "Method",
+      "~CustomData",
+      "Stock.UnprintableWidth",
+      "Stock.Printable.X",
+      "Stock.Printable.Y",
+      "Stock.Default.X",
+      "Stock.Default.Y",
+      "Stock.Minimum.X",
+      "Stock.Minimum.Y",
+      "Stock.Maximum.X",
+      "Stock.Maximum.Y",
+      "Stock.Tracking",
+      "Resolution",
+      "Color",
+      "Color.Spot",
+      "Color.Process",
+      "Color.Spectrum",
+      "Color.DefaultState",
+      "Ports.Bidirectional",
+      "Ports.PNP.ID",
+      "~ArgoxPPLZ",
+      "~RFID.TagTypes"}},
+    {"Drawing",
+     {"Transform.Orientation",
+      "Transform.Flip180",
+      "Transform.Mirror",
+      "Transform.Inverse",
+      "Transform.MapResolution",
+      "Line",
+      "Line.Color",
+      "Line.Diagonal",
+      "Line.Thickness.Maximum",
+      "Line.Thickness.Anchor",
+      "Line.Anchor",
+      "Box",
+      "Box.Color",
+      "Box.Fill",
+      "Box.Fill.Color",
+      "Box.Join",
+      "Box.Thickness.Maximum",
+      "Box.Thickness.Anchor",
+      "Box.Anchor",
+      "Circle",
+      "BarCode.Anchor",
+      "BarCode.Anchor.Relative",
+      "BarCode.DrawUnsupported.1D",
+      "BarCode.DrawUnsupported.2D",
+      "Text.WhiteOnBlack.Background",
+      "Text.Anchor",
+      "Text.Anchor.Relative",
+      "Text.Rotation",
+      "Text.Scaling"}},
+    {"Method",
+     {"Copies.Limit", "Serialization", "Serialization.Count.Limit", "Serialization.Step.Limit",
+      "Serialization.RolloverExpands", "Serialization.Copies", "StaticFields", "VariableData",
+      "StaticGraphics", "StaticGraphics.Restrictions", "Cache.Graphic", "Cache.Format",
+      "TemplateExport"}},
+    {"Font",
+     {"Fonts", "CodePages", "Download.TrueType", "Download.Bitmap", "Download.Bitmap.Orientation",
+      "DefaultFont.Text.Name", "DefaultFont.Text.Size", "DefaultFont.Text.Weight",
+      "DefaultFont.BarCode.Name", "DefaultFont.BarCode.Size", "DefaultFont.BarCode.Weight"}},
+    {"Features",
+     {"~Options.Power", "~Mode.Applicator", "~Mode.PeelOff", "~Command.JB", "~Command.HH",
+      "~Memory.DefaultLocation", "~Memory.Options"}},
+    {"CodePages", {"CodePages"}},
+    {"~CustomData", {"Data", "Data.Length"}},
+};
+
+const std::set<std::string> kBarCodeOptions = {
+    "",
+    "Color",
+    "RestrictedMethods",
+    "Ratio",
+    "HR",
+    "HR.Offset",
+    "HR.Placement",
+    "HR.Alignment",
+    "HR.CheckDigit",
+    "HR.StartStop",
+    "HR.Translation",
+    "HR.Font.Select",
+    "HR.Font.Name",
+    "HR.Font.Size",
+    "HR.Font.Weight",
+    "FullASCII",
+    "StartStop.Required",
+    "StartStop.Variable",
+    "StartStop.Uppercase",
+    "CheckDigit.Required",
+    "Encoding",
+    "GuardBar.Variable",
+    "GuardBar.WithoutHR",
+    "SplitDigit",
+    "NumberSystem",
+    "Attached",
+    "Truncated",
+    "CorrectionLevel",
+    "Columns",
+    "ECC",
+    "WhiteOnBlack",
+    "Rectangle",
+    "FormatID",
+    "FunctionCodes",
+    "StructuredAppend",
+    "Mode",
+    "ZipperBlock",
+    "ContrastBlock",
+    "Model",
+    "Mask",
+    "HighPriority",
+    "Type",
+    "Size",
+    "FinderPattern",
+    "ErrorCorrection",
+    "Layers",
+    "SegmentsPerRow",
+};
+
+bool IsBarCodeKey(const std::string& key) {
+    for (int number = 0; number <= 36; ++number) {
+        const std::string name = Text(SymbologyInfo(number).GetName());
+        if (key.rfind(name, 0) != 0) continue;
+        const std::string rest = key.substr(name.size());
+        if (rest.empty() || (rest[0] == '.' && kBarCodeOptions.count(rest.substr(1)))) return true;
+    }
+    return false;
+}
+
+TEST_F(ProductData, HasOnlyKeysThatAreRead) {
+    std::vector<std::string> tables = {"BarCode"};
+    for (const auto& [table, keys] : kKeys) tables.push_back(table);
+    for (const std::string& table : tables) {
+        const ProgramResult shown = RunProgram(TEST_BINARY_DIR, "ddtpack",
+                                               {"show", TEST_BINARY_DIR "/product/zpl.ddt", table});
+        ASSERT_EQ(shown.status, 0) << shown.errors;
+        std::istringstream in(shown.output);
+        for (std::string line; std::getline(in, line);) {
+            if (line.empty() || line[0] == '!' || line[0] == '[') continue;
+            std::string key = line.substr(0, line.find('='));
+            if (!key.empty() && key.back() == '+') key.pop_back();
+            key = key.substr(0, key.find('('));
+            const bool known =
+                table == "BarCode" ? IsBarCodeKey(key) : kKeys.at(table).count(key) != 0;
+            EXPECT_TRUE(known) << table << ": " << line;
+        }
+    }
+}
+
+} // namespace
