@@ -66,8 +66,12 @@ bool NameList::AddTail_UniqueName(NameNode* node, bool space) {
             hashes.Add(HashName(other->GetName()));
         uint32_t* const end = hashes.GetData() + hashes.GetSize();
         std::sort(hashes.GetData(), end);
-        do name.NextUnique(space);
-        while (std::binary_search(hashes.GetData(), end, HashName(name)) && Find(name));
+        do {
+            const OString taken(name); // NOLINT(performance-unnecessary-copy-initialization)
+            name.NextUnique(space);
+            // The last number is taken too: a new one begins behind it.
+            if (name == taken) name << " 2";
+        } while (std::binary_search(hashes.GetData(), end, HashName(name)) && Find(name));
         node->SetName(name);
     }
     return AddTail(node);

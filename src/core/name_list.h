@@ -52,7 +52,7 @@ public:
     bool AddTail_ReplaceName(NameNode* node);
 
     // Adds a node at the tail, after counting its name up (OString::NextUnique) until no other node
-    // has it. False for null.
+    // has it; behind the last number that can be counted to, " 2" begins a new one. False for null.
     bool AddTail_UniqueName(NameNode* node, bool space);
 
 private:

@@ -153,6 +153,14 @@ TEST(NameList, NumbersManyEqualNames) {
     EXPECT_STREQ(list.GetPrev(nullptr)->GetName().nstring(), "Label 300");
 }
 
+TEST(NameList, FindsAFreeNameWhenTheNumbersRunOut) {
+    for (const bool space : {true, false}) {
+        CountedList list;
+        for (int i = 0; i < 3; ++i) list.AddTail_UniqueName(new CountedNode("x2000000001"), space);
+        EXPECT_EQ(Names(list), "x2000000001;x2000000001 2;x2000000001 3;") << space;
+    }
+}
+
 TEST(NameList, CopiesItsNameOnly) {
     CountedList list;
     list.SetName(OString("list"));
