@@ -81,7 +81,8 @@ OString& OString::operator=(OString&& other) noexcept {
     return *this;
 }
 
-OString& OString::operator=(const char* text) {
+template <class C>
+OString& OString::Assign(const C* text) {
     if (Owns(text)) {
         OString copy;
         copy.SetCodePage(GetCodePage());
@@ -89,26 +90,16 @@ OString& OString::operator=(const char* text) {
         return *this = std::move(copy);
     }
     const uint32_t length = Length(text);
-    if (WriteNew() && core_->set_length(length, false) && length != 0 && core_->alloc_n()) {
-        std::memcpy(core_->n(), text, length);
-        core_->end_n(length);
-    }
+    if (WriteNew() && core_->set_length(length, false) && length != 0) Append(text, length);
     return *this;
 }
 
+OString& OString::operator=(const char* text) {
+    return Assign(text);
+}
+
 OString& OString::operator=(const WCHAR* text) {
-    if (Owns(text)) {
-        OString copy;
-        copy.SetCodePage(GetCodePage());
-        copy = text;
-        return *this = std::move(copy);
-    }
-    const uint32_t length = Length(text);
-    if (WriteNew() && core_->set_length(length, false) && length != 0 && core_->alloc_w()) {
-        std::memcpy(core_->w(), text, length * sizeof(WCHAR));
-        core_->end_w(length);
-    }
-    return *this;
+    return Assign(text);
 }
 
 void OString::ReleaseCore() {
@@ -242,31 +233,31 @@ OString& OString::operator<<(const OString& text) {
     if (&text == this) return *this << OString(text);
     if (_IsUnicodeOperation(text)) {
         const WCHAR* units = text.wstring();
-        return AppendW(units, static_cast<uint32_t>(text.wlen()));
+        return Append(units, static_cast<uint32_t>(text.wlen()));
     }
-    return AppendN(text.nstring(), static_cast<uint32_t>(text.nlen()));
+    return Append(text.nstring(), static_cast<uint32_t>(text.nlen()));
 }
 
 OString& OString::operator<<(const char* text) {
     if (is_valid_n() && !is_valid_w() && GetCodePage() == 0 && text && !Owns(text))
-        return AppendN(text, Length(text));
+        return Append(text, Length(text));
     return *this << OString(text);
 }
 
 OString& OString::operator<<(const WCHAR* text) {
-    if (!IsEmpty() && text && *text && !Owns(text)) return AppendW(text, Length(text));
+    if (!IsEmpty() && text && *text && !Owns(text)) return Append(text, Length(text));
     return *this << OString(text);
 }
 
 OString& OString::operator<<(char c) {
-    return c == 0 ? *this : AppendN(&c, 1);
+    return c == 0 ? *this : Append(&c, 1);
 }
 
 OString& OString::operator<<(WCHAR c) {
-    return c == 0 ? *this : AppendW(&c, 1);
+    return c == 0 ? *this : Append(&c, 1);
 }
 
-OString& OString::AppendN(const char* text, uint32_t length) {
+OString& OString::Append(const char* text, uint32_t length) {
     if (!WriteN()) return *this;
     const uint32_t old_length = core_->nlen();
     if (!core_->set_length(old_length + length, true) || !core_->alloc_n()) return *this;
@@ -275,7 +266,7 @@ OString& OString::AppendN(const char* text, uint32_t length) {
     return *this;
 }
 
-OString& OString::AppendW(const WCHAR* text, uint32_t length) {
+OString& OString::Append(const WCHAR* text, uint32_t length) {
     if (!WriteW()) return *this;
     const uint32_t old_length = core_->wlen();
     if (!core_->set_length(old_length + length, true) || !core_->alloc_w()) return *this;

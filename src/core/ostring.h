@@ -204,8 +204,11 @@ public:
 
 private:
     OString& AppendNumber(bool negative, uint64_t magnitude);
-    OString& AppendN(const char* text, uint32_t length);
-    OString& AppendW(const WCHAR* text, uint32_t length);
+    // A text that is not part of this string's own.
+    OString& Append(const char* text, uint32_t length);
+    OString& Append(const WCHAR* text, uint32_t length);
+    template <class C>
+    OString& Assign(const C* text);
     // Make the text private for a write to one form: that form is valid or the string is empty, the
     // other is invalid. False when the memory cannot be had.
     bool WriteN();

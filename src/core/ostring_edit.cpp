@@ -307,7 +307,7 @@ OString OString::Mid(int start, int count) const {
     // A position in the 8-bit form may lie beyond the end of the UTF-16 form.
     const WCHAR* text = wstring();
     count = std::min(count, wlen() - std::min(start, wlen()));
-    if (count > 0) part.AppendW(text + start, static_cast<uint32_t>(count));
+    if (count > 0) part.Append(text + start, static_cast<uint32_t>(count));
     return part;
 }
 
