@@ -6,6 +6,7 @@
 
 CodePage::CodePage(uint16_t number)
     : code_page(number)
+    , listed_as(number)
     , multi_byte(LocaleUtility::IsMultiByteCodePage(number))
     , utf8(number == 1208) {
     name << number;

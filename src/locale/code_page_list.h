@@ -11,6 +11,7 @@ public:
     explicit CodePage(uint16_t number = 0);
 
     uint16_t code_page; // Windows number, or 1208 for UTF-8
+    uint16_t listed_as; // the number that it was made with
     OString name;       // the number in decimal
     bool multi_byte;    // characters may take two bytes
     bool utf8;          // code page 1208

@@ -122,8 +122,10 @@ public:
     OString microns_to_string(int32_t microns) const;
 
     // A length, in the unit that its first letter names ("c", "i" or "m") and in the current one
-    // without a letter. Takes the system's decimal separator and the point. Nothing it can read is
-    // 0; 25.4 m is the most, and ends the reading.
+    // without a letter; thousandths of the unit at most. Takes the system's decimal separator and
+    // the point. A text without a number is 0. A number beyond 25.4 m in the current unit (1000,
+    // 2540 or 25400, before the separator) is 25.4 m, whatever follows it. Below that another unit
+    // may still make more of it, 645 m at most.
     int32_t string_to_microns(const OString& text) const;
 
     // The width of a bar of `dots` dots: in mils ("9.9 mils") or millimetres ("0.25 mm").

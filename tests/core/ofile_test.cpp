@@ -118,6 +118,7 @@ TEST_F(FileTest, LetsOthersInByItsSharing) {
     } cases[] = {
         {OFILE_SHARE_NONE, false, false},
         {OFILE_SHARE_READ, true, false},
+        {OFILE_SHARE_WRITE, false, false}, // a writer of this class reads as well
         {0, true, true},
         {0x40, true, true},
     };

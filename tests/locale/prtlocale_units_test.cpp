@@ -83,11 +83,12 @@ TEST_F(UnitTexts, LengthsAreReadInAnyUnit) {
         EXPECT_EQ(Locale(c.units).string_to_microns(c.text), c.microns) << c.units << c.text;
 }
 
-TEST_F(UnitTexts, NoLengthIsBeyond25Metres) {
+TEST_F(UnitTexts, ANumberBeyond25MetresInTheCurrentUnitEndsTheReading) {
     for (int units : {prtlocale::INCHES, prtlocale::MILLIMETRES, prtlocale::CENTIMETRES})
         for (const char* text : {"99999 mm", "26000", "99999999999999999999.9 in"})
             EXPECT_EQ(Locale(units).string_to_microns(text), 25400000) << units << text;
     EXPECT_EQ(Locale(prtlocale::INCHES).string_to_microns("-1001 mm"), -25400000);
+    EXPECT_EQ(Locale(prtlocale::MILLIMETRES).string_to_microns("25400.999 in"), 645185375);
 }
 
 TEST_F(UnitTexts, TheSystemsSeparatorIsTakenAndSoIsThePoint) {
