@@ -1,5 +1,6 @@
 #include "support/model_test.h"
 
+#include "core/base64.h"
 #include "driver/driver_utility.h"
 #include "driver/printer_info.h"
 #include "model/model_data_cache.h"
@@ -19,6 +20,19 @@ std::string ModelDataFile(const ModelTables& tables) {
            Record("CodePages.d", "[A]\n" + tables.code_pages) +
            Record("Method.d", "[A]\n" + tables.method) +
            Record("~CustomData.d", "[A]\n" + tables.custom_data);
+}
+
+std::string Encoded(const void* data, size_t size) {
+    std::string text(Base64::EncodeLength(static_cast<uint32_t>(size)), '\0');
+    uint32_t length = 0;
+    Base64::Encode(data, static_cast<uint32_t>(size), text.data(), &length);
+    text.resize(length);
+    return text;
+}
+
+std::string CustomDataLines(const CustomData& data) {
+    return "Data.Length=" + std::to_string(sizeof data) + "\nData=" + Encoded(&data, sizeof data) +
+           "\n";
 }
 
 // The module stands for one of the system's own libraries, so that its folder is on drive C.

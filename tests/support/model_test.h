@@ -23,6 +23,12 @@ struct ModelTables {
 // The bytes of a model data file in which the driver "Model 1" leads to these properties.
 std::string ModelDataFile(const ModelTables& tables);
 
+// Bytes in Base64, as tables and settings files hold them.
+std::string Encoded(const void* data, size_t size);
+
+// The lines of table custom_data for this record.
+std::string CustomDataLines(const CustomData& data);
+
 class ModelTest : public PrinterTest {
 protected:
     ModelTest();

@@ -5,20 +5,11 @@
 #include <cstring>
 #include <vector>
 
-#include "core/base64.h"
 #include "core/memory.h"
 #include "model/model_data_cache.h"
 #include "support/model_test.h"
 
 namespace {
-
-std::string Encoded(const void* data, size_t size) {
-    std::string text(Base64::EncodeLength(static_cast<uint32_t>(size)), '\0');
-    uint32_t length = 0;
-    Base64::Encode(data, static_cast<uint32_t>(size), text.data(), &length);
-    text.resize(length);
-    return text;
-}
 
 class ZplModel : public ModelTest {
 protected:
