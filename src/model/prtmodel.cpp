@@ -147,7 +147,7 @@ Measurement prtmodel::GetDefaultLabelLength() const {
 }
 
 Measurement prtmodel::GetDefaultPaperWidth() const {
-    return Measurement(GetDefaultLabelWidth().Microns() + 2 * GetLinerWidth().Microns());
+    return GetLinerWidth() + GetDefaultLabelWidth() + GetLinerWidth();
 }
 
 Measurement prtmodel::GetDefaultPaperLength() const {

@@ -27,7 +27,9 @@ uint32_t ModelCore::FalseBit(const OString& key, uint32_t bit) {
 
 void ModelCore::SymbologyData_Create(KVSymbologyData* record, int number) {
     UseTable(BARCODE);
-    const SymbologyInfo info(number);
+    // Both variants of Code 39 are one symbology to the printer: their records are the same.
+    const bool variant = number == SymbologyInfo::CODE39_VARIANT;
+    const SymbologyInfo info(variant ? SymbologyInfo::CODE39 : number);
     const bool supported = CommonSymbologyData_Create(record, info);
 
     // What can be attached to another symbology's code is told whether or not it stands alone.

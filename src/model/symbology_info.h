@@ -4,7 +4,8 @@
 #include "core/ostring.h"
 
 // A symbology's name in the tables and what can be asked about it. Numbers 0 and 1 are two variants
-// of Code 39 with one set of properties. A number outside 0 to 36 has an empty name.
+// of Code 39 with one set of properties, which are read as those of 0: asked by itself, 1 has
+// neither ratios nor a check digit to show. A number outside 0 to 36 has an empty name.
 class SymbologyInfo {
 public:
     enum Number {

@@ -127,3 +127,9 @@ int32_t Measurement::MM10() const {
 int32_t Measurement::Dots(int dpi) const {
     return muldiv64s(value_, dpi, kInch);
 }
+
+Measurement Measurement::operator+(Measurement other) const {
+    Measurement sum;
+    sum.value_ = Saturate(int64_t{value_} + other.value_);
+    return sum;
+}

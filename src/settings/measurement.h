@@ -36,6 +36,7 @@ public:
     // Dots of a printer with `dpi` dots to the inch.
     int32_t Dots(int dpi) const;
 
+    Measurement operator+(Measurement other) const;
     bool operator==(const Measurement& other) const = default;
 
 private:

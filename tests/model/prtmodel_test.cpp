@@ -63,6 +63,11 @@ TEST_F(PrinterModel, MeasuresPaper) {
     EXPECT_FALSE(model->IsRightTracked());
 }
 
+TEST_F(PrinterModel, AddsTheLinerToExactlyTheWidthThatTheModelHas) {
+    Install({.model = "Stock.Default.X=0.051 in\n"}); // 12954 tenths of a micrometre
+    EXPECT_EQ(Model()->GetDefaultPaperWidth().Dots(254000), 12954 + 2 * 12700);
+}
+
 TEST_F(PrinterModel, ListsResolutionsUpToTheFirstThatIsZero) {
     const struct {
         const char* text;
@@ -170,6 +175,20 @@ TEST_F(PrinterModel, AddsAndRemovesFontGroupsAndKeepsTheList) {
     model->FlushDataCache();
     model->GetFontGroups(groups);
     EXPECT_EQ(Text(groups), "A,B,C");
+}
+
+TEST_F(PrinterModel, KeepsTheListOfFontGroupsAlsoWhenThereAreNone) {
+    Install({});
+    OStringArray groups;
+    Model()->GetFontGroups(groups);
+    EXPECT_EQ(groups.GetSize(), 0);
+    Replace({.font = "Fonts=FontGroup:A.pfg"});
+    Model()->GetFontGroups(groups);
+    EXPECT_EQ(groups.GetSize(), 0) << "as it is stored";
+    auto model = Model();
+    model->FlushDataCache();
+    model->GetFontGroups(groups);
+    EXPECT_EQ(Text(groups), "A");
 }
 
 TEST_F(PrinterModel, RecordsPlugAndPlayIdentifiersOnlyWhenThereAreSome) {

@@ -79,6 +79,15 @@ TEST_F(Symbologies, ThatAreNotSupportedHaveEmptyRecords) {
     EXPECT_FALSE(model_->HasBarCodes());
 }
 
+TEST_F(Symbologies, OfCode39HaveTheSameRecord) {
+    Load("Code39=yes\nCode39.Color=yes\nCode39.Ratio=Variable,3:1\nCode39.FullASCII=yes\n"
+         "Code39.CheckDigit.Required=yes\nCode39.HR=On,Off\nCode39.HR.CheckDigit=Show\n"
+         "Code39.HR.Translation=On\nCode39.HR.Font.Name=OCR\n");
+    EXPECT_EQ(Record(1).options, 0x801004u);
+    EXPECT_EQ(Record(1).hr_bits, 0x10100u);
+    EXPECT_EQ(std::memcmp(&Record(0), &Record(1), sizeof(KVSymbologyData)), 0);
+}
+
 TEST_F(Symbologies, HaveTheirOwnOptions) {
     const struct {
         int number;
@@ -92,7 +101,6 @@ TEST_F(Symbologies, HaveTheirOwnOptions) {
         {0, "Code39", "FullASCII=yes;CheckDigit.Required=yes;StartStop.Variable=yes", 0xC},
         {0, "Code39", "FullASCII=yes;Ratio=Variable,2:1,11:5,9:4,7:3,12:5,5:2", 0x7F000},
         {0, "Code39", "FullASCII=yes;Ratio=13:5,8:3,11:4,14:5,3:1,4:1", 0xF80000},
-        {1, "Code39", "FullASCII=yes;Ratio=2:1", 0},
         {2, "Code93", "Ratio=2:1", 0x2001},
         {3, "Code128", "Ratio=2:1", 0x2},
         {3, "Code128", "Encoding=Auto", 0x3},
@@ -174,7 +182,6 @@ TEST_F(Symbologies, HaveHumanReadableTextWhereItCanBe) {
         {0, "Code39", "HR.Placement=Above\n", 1, 0},
         {0, "Code39", "HR=On\nCode39.HR.Alignment=Left,Right,Center,Bar\n", 2, 0xF0},
         {0, "Code39", "HR=On\nCode39.HR.CheckDigit=Show,Hide\n", 2, 0x300},
-        {1, "Code39", "HR=On\nCode39.HR.CheckDigit=Show,Hide\n", 2, 0},
         {0, "Code39", "HR=On\nCode39.HR.StartStop=Show,Hide\n", 2, 0xC00},
         {0, "Code39", "HR=On\nCode39.HR.Font.Select=yes\n", 2, 0x8000},
         {0, "Code39", "HR=Off\nCode39.HR.Translation=On,Off\n", 1, 0x30000},

@@ -101,6 +101,12 @@ TEST(MeasurementUnits, AreTenthsOfMicrometresAndSaturate) {
     EXPECT_FALSE(Measurement(25400) == Measurement(25401));
 }
 
+TEST(MeasurementUnits, AddUpAndSaturate) {
+    EXPECT_EQ(Units(OfUnits(12954) + OfUnits(-7)), 12947);
+    EXPECT_EQ(Units(OfUnits(INT32_MAX) + OfUnits(1)), INT32_MAX);
+    EXPECT_EQ(Units(OfUnits(INT32_MIN) + OfUnits(-1)), INT32_MIN);
+}
+
 TEST(MeasurementUnits, RoundToNearestAwayFromZero) {
     const struct {
         int32_t units, microns, mm10, dots203;
