@@ -69,6 +69,22 @@ TEST_F(SpoolerPrinters, KeepEverythingTheyWereAddedWith) {
     EXPECT_TRUE(ClosePrinter(printer));
 }
 
+TEST_F(SpoolerPrinters, KeepTextsOfEveryLength) {
+    AddDriver();
+    AddPrinter(u"LABELS");
+    const HANDLE printer = Open(u"LABELS");
+    for (const size_t length : {1u, 126u, 127u, 128u, 129u, 5000u}) {
+        const std::u16string comment(length, u'\u00e9');
+        PRINTER_INFO_2W info = Wanted(u"LABELS");
+        info.pComment = Text(comment);
+        EXPECT_TRUE(SetPrinterW(printer, 2, reinterpret_cast<LPBYTE>(&info), 0)) << length;
+        const auto answer = PrinterInfo2(printer);
+        ASSERT_TRUE(answer.good()) << length;
+        EXPECT_EQ(std::u16string(answer->pComment), comment) << length;
+    }
+    EXPECT_TRUE(ClosePrinter(printer));
+}
+
 TEST_F(SpoolerPrinters, HaveEmptyTextsAndNoDocumentSettingsWhereNoneWereGiven) {
     AddDriver();
     AddPrinter(u"LABELS");
