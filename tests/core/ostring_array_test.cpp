@@ -57,6 +57,20 @@ TEST(StringArray, TakesItsOwnStrings) {
     EXPECT_EQ(Contents(array), (Strings{"b", "b", "a", "b", "b", "b", "a", "b"}));
 }
 
+TEST(StringArray, BecomesACopyOfAnother) {
+    const OStringArray source = Array({"a", "", "c"});
+    OStringArray array = Array({"1", "2", "3", "4", "5"});
+    array = source;
+    EXPECT_EQ(Contents(array), (Strings{"a", "", "c"}));
+    EXPECT_EQ(array[2].nstring(), source[2].nstring()) << "the strings are shared";
+    array[0] << "b";
+    EXPECT_EQ(Contents(source), (Strings{"a", "", "c"}));
+    array = *&array;
+    EXPECT_EQ(Contents(array), (Strings{"ab", "", "c"}));
+    array = OStringArray();
+    EXPECT_EQ(array.GetCapacity(), 0);
+}
+
 TEST(StringArray, InsertsAndRemoves) {
     OStringArray array = Array({"a", "b", "c"});
     array.InsertEmpty(1, 2);
@@ -123,9 +137,23 @@ TEST(PackedList, HasALayoutForEachMode) {
         EXPECT_EQ(Array(c.strings).Pack(buffer, c.mode), c.packed.size());
         EXPECT_EQ(std::string(buffer.GetData(), buffer.GetSize()), c.packed);
     }
-    OBuffer<WCHAR> wide;
-    EXPECT_EQ(Array({"ab", "c"}).Pack(wide, 2), 6u);
-    EXPECT_EQ(WideText(wide.GetData(), 6), (WideText{6, 'a', 'b', 0, 'c', 0}));
+}
+
+TEST(PackedList, HasAHeaderOfOneUnitInUTF16) {
+    const struct {
+        int mode;
+        WideText packed;
+    } cases[] = {
+        {0, {'a', 'b', 0, 'c', 0, 0}},
+        {1, {3, 'a', 'b', 0, 0, 'c', 0}},
+        {2, {7, 'a', 'b', 0, 0, 'c', 0}},
+        {3, {'a', 'b', 0, 0, 'c', 0}},
+    };
+    for (const auto& c : cases) {
+        OBuffer<WCHAR> buffer;
+        EXPECT_EQ(Array({"ab", "", "c"}).Pack(buffer, c.mode), c.packed.size());
+        EXPECT_EQ(WideText(buffer.GetData(), buffer.GetSize()), c.packed);
+    }
 }
 
 TEST(PackedList, LeavesALargerBufferAsLarge) {

@@ -94,6 +94,9 @@ TEST(StringCodePage, WithoutConverterGivesTheEmptyText) {
     text = TEXT("abc");
     EXPECT_STREQ(text.nstring(), "");
     EXPECT_EQ(text.GetLength(), 3);
+    const OString bytes = InCodePage(9999, "abc");
+    EXPECT_EQ(bytes.wstring()[0], 0);
+    EXPECT_STREQ(bytes.nstring(), "abc");
 }
 
 TEST(StringCopies, ShareTheTextUntilOneWrites) {
