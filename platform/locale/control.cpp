@@ -1,6 +1,7 @@
 #include "locale/facts.h"
 
 #include <win32host/clock_control.h>
+#include <win32host/spooler_control.h>
 
 namespace win32host {
 
@@ -11,6 +12,8 @@ void ResetControl() {
     UseProcessUser();
     ResetMessageBoxes();
     UseRealTickCount();
+    RefuseSpoolerQuestions(nullptr);
+    AlterSpoolerAnswers(nullptr);
 }
 
 } // namespace win32host

@@ -2,6 +2,7 @@
 #include "spooler/driver_files.h"
 #include "spooler/level_writer.h"
 #include "spooler/opened_printer.h"
+#include "spooler/question.h"
 
 #include "files/paths.h"
 #include "host/text.h"
@@ -197,7 +198,7 @@ extern "C" BOOL WINAPI EnumPrinterDriversW(LPWSTR server_name, LPWSTR environmen
 
 extern "C" BOOL WINAPI GetPrinterDriverW(HANDLE handle, LPWSTR environment, DWORD level,
                                          LPBYTE buffer, DWORD size, LPDWORD needed) {
-    return Guarded(FALSE, [&] {
+    return AnswerQuestion({"GetPrinterDriverW", level}, buffer, size, [&] {
         const auto printer = FindPrinter(handle);
         if (!printer) return FALSE;
         if (!needed) return Fail(ERROR_INVALID_PARAMETER);
@@ -212,7 +213,7 @@ extern "C" BOOL WINAPI GetPrinterDriverW(HANDLE handle, LPWSTR environment, DWOR
 
 extern "C" BOOL WINAPI GetPrinterDriverA(HANDLE handle, LPSTR environment, DWORD level,
                                          LPBYTE buffer, DWORD size, LPDWORD needed) {
-    return Guarded(FALSE, [&] {
+    return AnswerQuestion({"GetPrinterDriverA", level}, buffer, size, [&] {
         const auto printer = FindPrinter(handle);
         if (!printer) return FALSE;
         if (!needed) return Fail(ERROR_INVALID_PARAMETER);

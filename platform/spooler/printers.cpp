@@ -3,6 +3,7 @@
 #include "spooler/opened_printer.h"
 #include "spooler/ports.h"
 #include "spooler/printer_levels.h"
+#include "spooler/question.h"
 
 #include <winddiui.h>
 
@@ -115,7 +116,7 @@ extern "C" BOOL WINAPI ClosePrinter(HANDLE handle) {
 
 extern "C" BOOL WINAPI GetPrinterW(HANDLE handle, DWORD level, LPBYTE buffer, DWORD size,
                                    LPDWORD needed) {
-    return Guarded(FALSE, [&] {
+    return AnswerQuestion({"GetPrinterW", level}, buffer, size, [&] {
         return Answer(handle, needed, IsPrinterLevel(level), [&](const ShownPrinter& printer) {
             return FillBuffer(buffer, size, needed, [&](LevelWriter& writer) {
                 PrinterStructures(writer, level, 1);
@@ -127,7 +128,7 @@ extern "C" BOOL WINAPI GetPrinterW(HANDLE handle, DWORD level, LPBYTE buffer, DW
 
 extern "C" BOOL WINAPI GetPrinterA(HANDLE handle, DWORD level, LPBYTE buffer, DWORD size,
                                    LPDWORD needed) {
-    return Guarded(FALSE, [&] {
+    return AnswerQuestion({"GetPrinterA", level}, buffer, size, [&] {
         return Answer(handle, needed, level == 2, [&](const ShownPrinter& printer) {
             return FillBuffer(buffer, size, needed,
                               [&](LevelWriter& writer) { PutPrinterA(writer, printer); });
