@@ -2,7 +2,6 @@
 
 #include <windows.h>
 
-#include "config/oregistry_names.h"
 #include "config/prtreg.h"
 #include "config/user_info.h"
 #include "driver/platform_flags.h"
@@ -20,7 +19,7 @@ int DefaultLevel() {
 
 // Whether the server offers its settings. The name is new each time, so that no cache can answer.
 bool ServerShares(prtreg& printer) {
-    const OString name = OString("Network Sharing") << FormatUnsigned(GetTickCount());
+    const OString name = OString("Network Sharing") << GetTickCount();
     unsigned char answer = 0;
     return printer.GetPrinterDataW(name, REG_BINARY, &answer, sizeof answer) && answer != 0;
 }

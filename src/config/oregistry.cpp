@@ -6,7 +6,6 @@
 #include <new>
 
 #include "config/oregistry_names.h"
-#include "core/obuffer.h"
 
 namespace {
 
@@ -86,7 +85,7 @@ void ORegistry::Substitute(OString& s, const char* from, const OString& to) {
     const char* from_end = from + std::strlen(from);
     const bool is_root = std::find(from, from_end, ':') != from_end;
     if (!is_root) {
-        s = EqualNoCase(s, from) ? to : ReplaceText(s, from, to);
+        s = s.CompareNoCase(from) == 0 ? to : ReplaceText(s, from, to);
     } else if (BeginsNoCase(s.wstring(), from)) {
         const WCHAR* rest = s.wstring() + (from_end - from);
         s = *rest ? JoinPath(to, OString(rest)) : to;
@@ -123,10 +122,9 @@ bool ORegistry::GetKeyAndValue(OString& key, OString& value) {
     if (!rooted) {
         path = EscapeDoubled(key);
         const WCHAR* text = path.wstring();
-        size_t length = WideLength(text);
-        const size_t whole = length;
+        int length = path.wlen();
         while (length > 0 && text[length - 1] == '/') --length;
-        if (length < whole) path = path.Left(static_cast<int>(length));
+        path = path.Left(length);
         if (!is_key) path = JoinPath(path, name);
     }
 
@@ -152,9 +150,9 @@ HKEY ORegistry::OpenKey(const OString& key, bool create) {
 
     OString name = DecodeName(ReplaceText(OString(colon + 1), "/", "\\"));
     const WCHAR* wide = name.wstring();
-    size_t length = WideLength(wide);
+    int length = name.wlen();
     while (length > 0 && wide[length - 1] == '\\') --length;
-    name.Truncate(static_cast<int>(length));
+    name.Truncate(length);
     wide = name.wstring();
 
     HKEY opened = nullptr;
@@ -170,7 +168,7 @@ HKEY ORegistry::OpenKey(const OString& key, bool create) {
 }
 
 bool ORegistry::SetKey(const OString& path, bool create) {
-    if (key_ && EqualNoCase(path_, path)) return true;
+    if (key_ && path_.CompareNoCase(path) == 0) return true;
     ReleaseKey();
     key_ = OpenKey(path, create);
     if (!key_) return false;
@@ -182,14 +180,8 @@ template <typename Operation>
 LONG ORegistry::OnValue(const OString& name, bool create, Operation operation) {
     OString key = base_key_;
     OString value = name;
-    if (!GetKeyAndValue(key, value) || !SetKey(key, create)) return ERROR_FILE_NOT_FOUND;
-    LONG error = operation(key_, value);
-    if (error == ERROR_KEY_DELETED) {
-        // Someone else deleted the key that was kept open; there may be a new one by now.
-        ReleaseKey();
-        if (SetKey(key, create)) error = operation(key_, value);
-    }
-    return error;
+    if (!GetKeyAndValue(key, value)) return ERROR_FILE_NOT_FOUND;
+    return OnKey(key, create, [&](HKEY opened) { return operation(opened, value); });
 }
 
 LONG ORegistry::SetData(HKEY key, const OString& name, const void* data, uint32_t size,
@@ -244,8 +236,8 @@ int32_t ORegistry::GetData(const OString& name, void* buffer, uint32_t size, uin
 
 bool ORegistry::SetString(const OString& name, const OString& value) {
     const WCHAR* text = value.wstring();
-    const size_t bytes = (WideLength(text) + 1) * sizeof(WCHAR);
-    return SetData(name, text, static_cast<uint32_t>(bytes), REG_SZ) >= 0;
+    const auto length = static_cast<uint32_t>(value.wlen()) + 1;
+    return SetData(name, text, length * static_cast<uint32_t>(sizeof(WCHAR)), REG_SZ) >= 0;
 }
 
 OString ORegistry::GetString(const OString& name, const OString& default_value) {
@@ -348,11 +340,7 @@ LONG ORegistry::GetKeyInfo(HKEY key, uint32_t* keys, uint32_t* values) {
 bool ORegistry::GetKeyInfo(const OString& key, uint32_t* keys, uint32_t* values) {
     OString path = key;
     OString value;
-    if (!GetKeyAndValue(path, value) || !SetKey(path, false)) return false;
-    LONG error = GetKeyInfo(key_, keys, values);
-    if (error == ERROR_KEY_DELETED) {
-        ReleaseKey();
-        if (SetKey(path, false)) error = GetKeyInfo(key_, keys, values);
-    }
-    return error == ERROR_SUCCESS;
+    if (!GetKeyAndValue(path, value)) return false;
+    return OnKey(path, false, [&](HKEY opened) { return GetKeyInfo(opened, keys, values); }) ==
+           ERROR_SUCCESS;
 }

@@ -137,8 +137,21 @@ private:
     static OString SyntaxStandard(const OString& windows);
     static OString SyntaxWindows(const OString& standard);
 
-    // Resolves `name` against the base key, opens its key and runs `operation` (key, value name)
-    // on it; the error is that of the operation.
+    // Makes `path` (substituted) the open key and runs `operation` on it; the error is that of the
+    // operation.
+    template <typename Operation>
+    LONG OnKey(const OString& path, bool create, Operation operation) {
+        if (!SetKey(path, create)) return ERROR_FILE_NOT_FOUND;
+        LONG error = operation(key_);
+        if (error == ERROR_KEY_DELETED) {
+            // Someone else deleted the key that was kept open; there may be a new one by now.
+            ReleaseKey();
+            if (SetKey(path, create)) error = operation(key_);
+        }
+        return error;
+    }
+    // The same on the key of `name`, resolved against the base key: `operation` is given the key
+    // and the name of the value.
     template <typename Operation>
     LONG OnValue(const OString& name, bool create, Operation operation);
 

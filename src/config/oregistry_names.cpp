@@ -40,7 +40,7 @@ void WideText::Add(const WCHAR* text, size_t length) {
 
 void WideText::Add(const OString& text) {
     const WCHAR* wide = text.wstring();
-    Add(wide, WideLength(wide));
+    Add(wide, static_cast<size_t>(text.wlen()));
 }
 
 void WideText::AddAscii(const char* text) {
@@ -49,21 +49,6 @@ void WideText::AddAscii(const char* text) {
 
 const WCHAR* WideText::Text() const {
     return length_ ? buffer_.GetData() : Empty;
-}
-
-size_t WideLength(const WCHAR* text) {
-    size_t length = 0;
-    while (text[length]) ++length;
-    return length;
-}
-
-bool EqualNoCase(const OString& a, const OString& b) {
-    const WCHAR* left = a.wstring();
-    const WCHAR* right = b.wstring();
-    for (; Fold(*left) == Fold(*right); ++left, ++right) {
-        if (!*left) return true;
-    }
-    return false;
 }
 
 bool BeginsNoCase(const WCHAR* text, const char* prefix) {
@@ -150,13 +135,13 @@ OString ORegistry::EncodeName(const OString& name) {
 
 bool SplitPath(const OString& path, OString& key, OString& name) {
     const WCHAR* text = path.wstring();
-    size_t start = WideLength(text);
+    int start = path.wlen();
     while (start > 0 && text[start - 1] != ':' && text[start - 1] != '/') --start;
     if (start == 0) return false;
-    const size_t end = text[start - 1] == ':' ? start : start - 1;
+    const int end = text[start - 1] == ':' ? start : start - 1;
     const OString whole = path; // `path` may be one of the results
     name = OString(text + start);
-    key = whole.Left(static_cast<int>(end));
+    key = whole.Left(end);
     return true;
 }
 
@@ -167,17 +152,6 @@ OString JoinPath(const OString& key, const OString& name) {
     if (last != ':' && last != '/') path.Add('/');
     path.Add(name);
     return path.String();
-}
-
-OString FormatUnsigned(uint32_t n) {
-    char digits[11];
-    char* p = digits + sizeof digits;
-    *--p = 0;
-    do {
-        *--p = static_cast<char>('0' + n % 10);
-        n /= 10;
-    } while (n > 0);
-    return OString(p);
 }
 
 unsigned char xtohex2(WCHAR high, WCHAR low) {

@@ -29,11 +29,6 @@ private:
     size_t length_ = 0;
 };
 
-size_t WideLength(const WCHAR* text);
-
-// Compares with the letters a to z folded, nothing else.
-bool EqualNoCase(const OString& a, const OString& b);
-
 // True when `text` begins with `prefix` (ASCII), letters a to z folded.
 bool BeginsNoCase(const WCHAR* text, const char* prefix);
 
@@ -59,6 +54,3 @@ bool SplitPath(const OString& path, OString& key, OString& name);
 // Two parts of a path with a slash between, which is left out behind a root, another slash and
 // nothing.
 OString JoinPath(const OString& key, const OString& name);
-
-// The decimal form of a number without sign.
-OString FormatUnsigned(uint32_t n);

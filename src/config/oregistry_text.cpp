@@ -91,7 +91,8 @@ bool IsLineEnd(WCHAR c) {
 void FormatRegistryValue(const OString& name, uint32_t type, const unsigned char* data,
                          uint32_t size, OStringArray& lines) {
     WideText line;
-    AddQuoted(line, name.wstring(), WideLength(name.wstring()));
+    const WCHAR* wide = name.wstring();
+    AddQuoted(line, wide, static_cast<size_t>(name.wlen()));
     line.Add('=');
     switch (type) {
     case REG_SZ: {
@@ -116,7 +117,7 @@ void FormatRegistryValue(const OString& name, uint32_t type, const unsigned char
         break;
     default:
         line.AddAscii("hex(");
-        line.Add(FormatUnsigned(type));
+        line.Add(OString() << type);
         line.AddAscii("):");
         AddHex(line, data, size, lines);
     }
@@ -125,7 +126,7 @@ void FormatRegistryValue(const OString& name, uint32_t type, const unsigned char
 
 RegistryTextReader::Event RegistryTextReader::Read(const OString& line) {
     const WCHAR* text = line.wstring();
-    size_t length = WideLength(text);
+    auto length = static_cast<size_t>(line.wlen());
     while (length > 0 && IsLineEnd(text[length - 1])) --length;
     while (length > 0 && IsBlank(*text)) ++text, --length;
 
@@ -196,7 +197,8 @@ bool RegistryTextReader::ParseData(const WCHAR* text, size_t length) {
         if (length > 0 && text[length - 1] == '"') --length;
         const OString string = Unescape(text, length);
         value_.type = REG_SZ;
-        SetBytes(value_.data, string.wstring(), (WideLength(string.wstring()) + 1) * sizeof(WCHAR));
+        const WCHAR* wide = string.wstring();
+        SetBytes(value_.data, wide, (static_cast<size_t>(string.wlen()) + 1) * sizeof(WCHAR));
         return true;
     }
     if (BeginsNoCase(text, "dword:")) {

@@ -111,6 +111,8 @@ bool ORegistry::DeletePath(const OString& path, bool recursive) {
 }
 
 bool ORegistry::Delete(const OString& name, bool recursive) {
+    // What has been open for a while may be gone and would pass for a key that exists.
+    ReleaseKey();
     OString key = base_key_;
     OString value = name;
     bool deleted = false;
@@ -129,7 +131,6 @@ bool ORegistry::Delete(const OString& name, bool recursive) {
             deleted = DeleteValue(key_, value) == ERROR_SUCCESS;
         }
     }
-    // What was open may be gone.
     ReleaseKey();
     return deleted;
 }
@@ -149,8 +150,8 @@ bool ORegistry::DeletePattern(const OString& pattern) {
     for (int i = 0; i < keys.GetSize(); ++i) {
         DeletePath(JoinPath(path, EncodeName(keys[i])), true);
     }
-    if (values.GetSize() > 0 && SetKey(path, false)) {
-        for (int i = 0; i < values.GetSize(); ++i) DeleteValue(key_, values[i]);
+    for (int i = 0; i < values.GetSize(); ++i) {
+        OnKey(path, false, [&](HKEY opened) { return DeleteValue(opened, values[i]); });
     }
     ReleaseKey();
     return true;
@@ -250,9 +251,11 @@ bool ORegistry::Import(const OStringArray& lines) {
         }
         case RegistryTextReader::StoreValue: {
             const RegistryValue& value = reader.Value();
-            if (resolved && SetKey(path, true)) {
-                SetData(key_, value.name, value.data.GetData(), value.data.GetSize(), value.type);
-            }
+            if (!resolved) break;
+            OnKey(path, true, [&](HKEY opened) {
+                return SetData(opened, value.name, value.data.GetData(), value.data.GetSize(),
+                               value.type);
+            });
             break;
         }
         case RegistryTextReader::Nothing:

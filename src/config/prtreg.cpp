@@ -128,7 +128,8 @@ void prtreg::EnumShadowKeys(OStringArray& keys) {
         OStringArray names;
         EnumKeys(root, names);
         for (int i = 0; i < names.GetSize(); ++i) {
-            if (!EqualNoCase(names[i], "(shadow)")) keys.Add(OString(root) << EncodeName(names[i]));
+            if (names[i].CompareNoCase("(shadow)") != 0)
+                keys.Add(OString(root) << EncodeName(names[i]));
         }
     }
 }

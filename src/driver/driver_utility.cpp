@@ -4,9 +4,13 @@ namespace {
 HINSTANCE g_module = nullptr;
 }
 
-void DriverUtility::SetModuleHandle(HINSTANCE instance) { g_module = instance; }
+void DriverUtility::SetModuleHandle(HINSTANCE instance) {
+    g_module = instance;
+}
 
-HINSTANCE DriverUtility::GetModuleHandle() { return g_module; }
+HINSTANCE DriverUtility::GetModuleHandle() {
+    return g_module;
+}
 
 OString DriverUtility::GetDriverDirectory() {
     WCHAR path[MAX_PATH] = {};

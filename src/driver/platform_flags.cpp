@@ -5,8 +5,7 @@ bool win2000 = false;
 
 void SetPlatformFlags(const OString& driver_directory) {
     const WCHAR* text = driver_directory.wstring();
-    size_t length = 0;
-    while (text[length]) ++length;
+    const int length = driver_directory.wlen();
     winNT = length >= 2 && text[length - 2] == '\\';
     win2000 = winNT && text[length - 1] >= '3';
 }

@@ -347,6 +347,14 @@ TEST_F(RegistryDeletion, TakesAKeyBeforeAValueOfTheSameName) {
     EXPECT_FALSE(registry.Delete("USER:D/x", false));
 }
 
+TEST_F(RegistryDeletion, TakesTheValueWhenAnotherObjectHasTakenTheKey) {
+    registry.SetInt("USER:D/x", 1);
+    registry.SetInt("USER:D/x/v", 1); // the key stays open
+    ASSERT_TRUE(ORegistry().Delete("USER:D/x", false));
+    EXPECT_TRUE(registry.Delete("USER:D/x", false));
+    EXPECT_EQ(registry.GetSize("USER:D/x"), -1);
+}
+
 TEST_F(RegistryDeletion, OfAKeyWithSubkeysNeedsTheRecursiveFlag) {
     registry.SetInt("USER:D/a/b/c/v", 1);
     EXPECT_FALSE(registry.Delete("USER:D/a", false));
