@@ -3,6 +3,8 @@
 #include <cstring>
 #include <new>
 
+#include "driver/spooler_dev_mode.h"
+
 namespace {
 
 constexpr uint32_t MaxRecordSize = 64u << 20;
@@ -173,41 +175,26 @@ void PrinterInfo::FetchPrinter() const {
         GetRecord(buffer, sizeof(PRINTER_INFO_2W), [&](BYTE* data, DWORD size, DWORD* needed) {
             return GetPrinterW(printer.Get(), 2, data, size, needed);
         });
-    if (outcome == Done) {
-        const auto& info = *reinterpret_cast<const PRINTER_INFO_2W*>(buffer.GetData());
-        printer_->Read(info);
-        name_ = info.pPrinterName;
-        KeepDevMode(info.pDevMode, buffer, offsetof(DEVMODEW, dmSize));
-    }
+    if (outcome == Done) TakePrinter<PRINTER_INFO_2W>(buffer);
     if (outcome != NotOffered) return;
 
     outcome =
         GetRecord(buffer, sizeof(PRINTER_INFO_2A), [&](BYTE* data, DWORD size, DWORD* needed) {
             return GetPrinterA(printer.Get(), 2, data, size, needed);
         });
-    if (outcome == Done) {
-        const auto& info = *reinterpret_cast<const PRINTER_INFO_2A*>(buffer.GetData());
-        printer_->Read(info);
-        name_ = info.pPrinterName;
-        KeepDevMode(info.pDevMode, buffer, offsetof(DEVMODEA, dmSize));
-    }
+    if (outcome == Done) TakePrinter<PRINTER_INFO_2A>(buffer);
 }
 
-void PrinterInfo::KeepDevMode(const void* dev_mode, const OBuffer<unsigned char>& record,
-                              size_t size_offset) const {
-    const auto* bytes = static_cast<const unsigned char*>(dev_mode);
-    const unsigned char* start = record.GetData();
-    const unsigned char* end = start + record.GetSize();
-    if (!bytes || bytes < start || bytes >= end) return;
-    const auto available = static_cast<size_t>(end - bytes);
-    const size_t header = size_offset + 4; // dmSize and dmDriverExtra
-    if (available < header) return;
-    WORD sizes[2];
-    std::memcpy(sizes, bytes + size_offset, sizeof sizes);
-    const size_t size = size_t{sizes[0]} + sizes[1];
-    // One that claims more than the spooler has given, or less than its own head, is none.
-    if (sizes[0] < header || size > available) return;
-    dev_mode_.Assign(bytes, static_cast<uint32_t>(size));
+template <typename Info>
+void PrinterInfo::TakePrinter(const OBuffer<unsigned char>& record) const {
+    const auto& info = *reinterpret_cast<const Info*>(record.GetData());
+    printer_->Read(info);
+    name_ = info.pPrinterName;
+
+    const auto* dev_mode = reinterpret_cast<const unsigned char*>(info.pDevMode);
+    const unsigned char* end = record.GetData() + record.GetSize();
+    if (dev_mode < record.GetData() || dev_mode >= end) return;
+    dev_mode_ = CopyDevMode(info.pDevMode, static_cast<size_t>(end - dev_mode));
 }
 
 void PrinterInfo::FetchDriver() const {

@@ -52,8 +52,9 @@ public:
     const OString& GetParameters() const;
     uint32_t GetAttributes() const; // PRINTER_ATTRIBUTE_ bits
 
-    // The printer's default DEVMODE, dmSize + dmDriverExtra bytes, or null when it has none. The
-    // copy belongs to this object and is replaced by SetDevMode.
+    // The printer's default DEVMODE, dmSize + dmDriverExtra bytes, or null when it has none. What
+    // an ANSI function answered is converted. The copy belongs to this object and is replaced by
+    // SetDevMode.
     const DEVMODEW* GetDevMode() const;
 
     // The record of the printer's driver. Files are named without their folder.
@@ -99,10 +100,9 @@ private:
     const DriverRecord& Driver() const;
     void FetchPrinter() const;
     void FetchDriver() const;
-    // Copies the DEVMODE inside the spooler's `record`; dmSize and dmDriverExtra lie at
-    // `size_offset` of it.
-    void KeepDevMode(const void* dev_mode, const OBuffer<unsigned char>& record,
-                     size_t size_offset) const;
+    // Takes what the spooler has answered, a PRINTER_INFO_2W or PRINTER_INFO_2A.
+    template <typename Info>
+    void TakePrinter(const OBuffer<unsigned char>& record) const;
 
     void* const handle_;
     mutable OString name_;

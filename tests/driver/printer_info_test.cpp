@@ -3,7 +3,6 @@
 #include <cstring>
 #include <vector>
 
-#include "driver/platform_flags.h"
 #include "support/printer_test.h"
 
 namespace {
@@ -193,25 +192,4 @@ TEST_F(PrinterInformation, TellsAConnectionFromALocalPrinter) {
     EXPECT_STREQ(printer.GetServerName().nstring(), "\\\\SRV1");
     EXPECT_STREQ(printer.PrinterPart().nstring(), "Dock3");
     EXPECT_STREQ(printer.GetDataFile().nstring(), "zplqv.ddt");
-}
-
-TEST(PlatformFlags, ComeFromTheDriverDirectory) {
-    const struct {
-        const char* directory;
-        bool nt, version3;
-    } cases[] = {
-        {"C:\\WINNT\\system32\\spool\\drivers\\w32x86\\3", true, true},
-        {"C:\\WINNT\\system32\\spool\\drivers\\w32x86\\2", true, false},
-        {"\\4", true, true},
-        {"C:\\WINDOWS\\SYSTEM", false, false},
-        {"C:\\drivers\\33", false, false},
-        {"3", false, false},
-        {"", false, false},
-    };
-    for (const auto& c : cases) {
-        SetPlatformFlags(c.directory);
-        EXPECT_EQ(winNT, c.nt) << c.directory;
-        EXPECT_EQ(win2000, c.version3) << c.directory;
-    }
-    SetPlatformFlags(OString());
 }

@@ -1,0 +1,22 @@
+// DEVMODEs of the spooler, wide (first byte even) and ANSI: a copy never reads outside, and has
+// just the size that it claims.
+#include <cstddef>
+#include <cstdint>
+#include <cstdlib>
+#include <cstring>
+
+#include "driver/spooler_dev_mode.h"
+
+extern "C" int LLVMFuzzerTestOneInput(const uint8_t* data, size_t size) {
+    if (size == 0) return 0;
+    const bool ansi = *data & 1;
+    ++data, --size;
+    const OBuffer<unsigned char> copy =
+        ansi ? CopyDevMode(reinterpret_cast<const DEVMODEA*>(data), size)
+             : CopyDevMode(reinterpret_cast<const DEVMODEW*>(data), size);
+    if (copy.GetSize() == 0) return 0;
+    uint16_t sizes[2];
+    std::memcpy(sizes, copy.GetData() + offsetof(DEVMODEW, dmSize), sizeof sizes);
+    if (copy.GetSize() != uint32_t{sizes[0]} + sizes[1]) std::abort();
+    return 0;
+}
