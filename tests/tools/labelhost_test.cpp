@@ -124,6 +124,9 @@ TEST_F(Labelhost, ShowsAndChangesTheRegistry) {
               Json::parse(R"({"values": {"": {"type": 1, "data": "41000000"}},
                               "keys": {"Below": {"values": {"Größe": {"type": 4, "data": "2a000000"}},
                                                  "keys": {}}}})"));
+    EXPECT_EQ(Run({"registry", "dump", key}).output, "[" + key +
+                                                         "]\n  (default) (REG_SZ) \"A\"\n[" + key +
+                                                         "\\Below]\n  Größe (REG_DWORD) 42\n");
     EXPECT_EQ(Run({"registry", "delete", key + "\\Below", "größe"}).status, 0);
     EXPECT_EQ(Run({"registry", "delete", key}).status, 0);
     EXPECT_EQ(Run({"registry", "dump", key}).status, 1);

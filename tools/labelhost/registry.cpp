@@ -7,6 +7,7 @@
 #include <windows.h>
 
 #include <cstdio>
+#include <cstring>
 
 namespace {
 
@@ -125,12 +126,30 @@ std::string TypeText(DWORD type) {
     return std::to_string(type);
 }
 
+// Text and numbers as a person reads them, everything else in hexadecimal.
+std::string DataText(const Json& entry) {
+    const DWORD type = entry["type"].get<DWORD>();
+    const std::string hex = entry["data"].get<std::string>();
+    std::vector<BYTE> bytes;
+    FromHex(hex, bytes);
+    if ((type == REG_SZ || type == REG_EXPAND_SZ) && bytes.size() % sizeof(WCHAR) == 0) {
+        std::vector<WCHAR> units(bytes.size() / sizeof(WCHAR));
+        if (!units.empty()) std::memcpy(units.data(), bytes.data(), bytes.size());
+        return '"' + FromSlot(units.data(), units.size()) + '"';
+    }
+    if (type == REG_DWORD && bytes.size() == sizeof(DWORD)) {
+        DWORD number = 0;
+        std::memcpy(&number, bytes.data(), sizeof(number));
+        return std::to_string(number);
+    }
+    return hex;
+}
+
 void PrintKey(const Json& key, const std::string& name) {
     std::printf("[%s]\n", name.c_str());
     for (const auto& [value, entry] : key["values"].items())
         std::printf("  %s (%s) %s\n", value.empty() ? "(default)" : value.c_str(),
-                    TypeText(entry["type"].get<DWORD>()).c_str(),
-                    entry["data"].get<std::string>().c_str());
+                    TypeText(entry["type"].get<DWORD>()).c_str(), DataText(entry).c_str());
     for (const auto& [subkey, entry] : key["keys"].items()) PrintKey(entry, name + "\\" + subkey);
 }
 
