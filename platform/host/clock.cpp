@@ -48,7 +48,7 @@ DWORD WINAPI GetTickCount() {
 
 void WINAPI Sleep(DWORD milliseconds) {
     timespec left = {static_cast<time_t>(milliseconds / 1000),
-                     static_cast<int32_t>(milliseconds % 1000) * 1000000};
+                     static_cast<int64_t>(milliseconds % 1000) * 1000000};
     while (nanosleep(&left, &left) != 0 && errno == EINTR) {
     }
 }

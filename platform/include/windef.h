@@ -82,7 +82,7 @@ using PHANDLE = HANDLE*;
     struct name##__ {                                                                              \
         int unused;                                                                                \
     };                                                                                             \
-    using name = name##__*
+    using name = name##__* /* NOLINT(bugprone-macro-parentheses) */
 
 DECLARE_HANDLE(HINSTANCE);
 DECLARE_HANDLE(HKEY);

@@ -18,7 +18,7 @@
 namespace win32host {
 namespace {
 
-constexpr off_t kLargestResourceFile = 256 * 1024 * 1024;
+constexpr off_t kLargestResourceFile = off_t{256} * 1024 * 1024;
 
 // Newest first. Lives until the process ends.
 std::vector<std::unique_ptr<Module>>& Modules() {

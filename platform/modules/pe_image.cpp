@@ -73,7 +73,7 @@ std::optional<PeImage> PeImage::Parse(std::span<const uint8_t> file) {
     // The data directories; the third names the resources.
     const size_t directories = magic == 0x20B ? 108 : 92;
     if (Dword(optional_header, directories) < 3) return image;
-    const uint32_t address = Dword(optional_header, directories + 4 + 2 * 8);
+    const uint32_t address = Dword(optional_header, directories + 4 + size_t{2} * 8);
     if (address == 0) return image;
     for (size_t i = 0; i < section_count; ++i) {
         const Section section = image.SectionAt(i);

@@ -26,7 +26,7 @@ void ConvertBuffer(const OBuffer<From>& in, OBuffer<To>& out, uint32_t growth) {
     const uint32_t length = TextLength(in);
     if (length > (UINT32_MAX - 1) / growth) return;
     OBuffer<To> result;
-    if (!result.SetSize(length * growth + 1)) return;
+    if (!result.SetSize(length * growth + 1) || !result.GetData()) return;
     const uint32_t written = LocaleUtility::ConvertUTF8(in.GetData(), length, result.GetData());
     result[written] = 0;
     result.SetSize(written + 1);

@@ -82,7 +82,7 @@ public:
     const T* GetData() const { return data_; }
 
     // An element; the index is not checked.
-    T& operator[](uint32_t index) { return data_[index]; }
+    T& operator[](uint32_t index) { return data_[index]; } // NOLINT: the analyzer assumes null
     const T& operator[](uint32_t index) const { return data_[index]; }
 
 private:

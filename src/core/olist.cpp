@@ -62,7 +62,7 @@ void OList::Remove(ONode* node) {
 }
 
 void OList::Clear() {
-    while (head_) delete head_;
+    while (head_) delete head_; // NOLINT: destroying a node takes it off the list
 }
 
 ONode* OList::RemoveHead() {
