@@ -84,6 +84,44 @@ ZPLUI_API uint16_t WINAPI X16_CRC16(const void* data, uint32_t size, uint16_t se
 // the checksum called BZIP2. Pieces chain as above.
 ZPLUI_API uint32_t WINAPI X16_CRC32(const void* data, uint32_t size, uint32_t seed);
 
+// ---- Dithering ----------------------------------------------------------------------------------
+//
+// Reduces an image of 24-bit pixels (blue, green, red; rows packed, top row first), in place, to
+// black and white, to a palette or to colours whose channels are on or off. The image and the
+// settings are in a record that the caller fills in, all fields little-endian and 32 bits wide
+// unless stated otherwise; offsets are those of 32-bit systems, to which 64-bit ones add 4 from the
+// width on (and 4 bytes at the end):
+//
+//     0  pointer to the pixels
+//     4  width, at most 32767       8  height, at most 32767      12  row size, not looked at
+//    16  palette, 16 entries of red, green, blue and an unused byte
+//    80  number of entries in use, 1..16
+//    84  colour mode: 0 monochrome, 1 palette, 2 on or off, 3 and 4 the same with black as index 1
+//    88  0: colours go into all three bytes; else: a colour index goes into the first byte (1
+//    white,
+//        0 black in mode 0; the entry in mode 1; else 2 magenta + 4 cyan + 8 yellow ink)
+//    92  the entry nearest to the last pixel that was looked up in the palette, or -1: output
+//    96  the second nearest entry with another value, or -1: output
+//   100  column and            104  row of the pattern that the image's first pixel meets
+//   108  twelve 16-bit numbers: algorithm (0 none, 1 ordered dispersed-dot, 2 ordered
+//   clustered-dot,
+//        3 algebraic, 4 and 5 error diffusion); brightness, contrast, red, green, blue (-100..100);
+//        dispersed-dot matrix (0..2: 2, 4, 8 square), clustered-dot matrix (0..3: 2, 4, 6, 8
+//        square); diffusion kernel (0 Floyd-Steinberg, 1 Jarvis); algebraic sequence (0..19); flags
+//        (1 mirror left to right, 2 mirror top to bottom, 4 invert); reserved
+//
+// Values out of their ranges never lead outside the image. A null record, one without pixels and
+// one with an impossible size are left alone.
+struct ImageDither;
+
+// Adjusts the colours, mirrors and dithers.
+ZPLUI_API void WINAPI X16_ImageDither_Dither(struct ImageDither* record);
+
+// Makes a preview for a screen: dithers at twice the size, ignoring the origin of the pattern, and
+// averages each block of 2 x 2 pixels. Needs memory for the larger image, whose sides are at most
+// 32767 as well, and leaves the image alone otherwise.
+ZPLUI_API void WINAPI X16_ImageDither_DitherSmooth(struct ImageDither* record);
+
 #ifdef __cplusplus
 }
 #endif
