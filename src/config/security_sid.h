@@ -18,7 +18,6 @@ public:
     // 547 Power Users).
     static SecuritySID LocalGroup(uint32_t alias);
 
-    bool IsValid() const { return valid_; }
     bool operator==(const SecuritySID& other) const;
 
     // The account behind the identifier. Empty, and type 0, when there is none.

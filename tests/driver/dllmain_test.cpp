@@ -6,17 +6,15 @@
 #include "driver/platform_flags.h"
 #include "model/model_data_cache.h"
 #include "model/resource_cache.h"
-#include "support/host_test.h"
+#include "support/staged_driver_test.h"
 #include "zplui.h"
 
 namespace {
 
-class Attach : public HostTest {
+class Attach : public StagedDriverTest {
 protected:
-    ~Attach() override {
-        DriverUtility::SetModuleHandle(nullptr);
-        SetPlatformFlags(OString());
-    }
+    Attach() { SetPlatformFlags(OString()); }
+    ~Attach() override { DriverUtility::SetModuleHandle(nullptr); }
 };
 
 } // namespace
@@ -62,4 +60,18 @@ TEST_F(Attach, MakesTheCachesAndDetachFreesThem) {
     EXPECT_TRUE(DllInitialize(module, DLL_PROCESS_DETACH, nullptr));
     EXPECT_FALSE(OResourceCache::GetResourceFile("C:\\none.ddt"));
     EXPECT_EQ(ModelDataCache().GetDataSize("key"), 0u);
+}
+
+TEST_F(Attach, KnowsThePlatformFromTheFolderThatTheModuleWasLoadedFrom) {
+    Install(TEST_BINARY_DIR, {});
+    EXPECT_TRUE(DriverUtility::GetDriverDirectory().IsEmpty());
+    const OString file = DriverFolder() + "\\zplui.dll";
+    const HMODULE module = LoadLibraryW(file.wstring());
+    ASSERT_TRUE(module);
+    EXPECT_TRUE(DllInitialize(module, DLL_PROCESS_ATTACH, nullptr));
+    EXPECT_EQ(DriverUtility::GetDriverDirectory(), DriverFolder());
+    EXPECT_TRUE(winNT);
+    EXPECT_TRUE(win2000);
+    EXPECT_TRUE(DllInitialize(module, DLL_PROCESS_DETACH, nullptr));
+    FreeLibrary(module);
 }
