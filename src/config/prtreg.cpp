@@ -4,35 +4,13 @@
 #include <winspool.h>
 
 #include "config/oregistry_names.h"
+#include "driver/open_printer.h"
 #include "driver/platform_flags.h"
 #include "driver/printer_info.h"
 
 namespace {
 
 enum ShadowMode { ShadowWhenRemote = 0, ShadowNever = 1, ShadowAlways = 2 };
-
-// A printer opened by its full name for administration, as long as the object lives.
-class AdministeredPrinter {
-public:
-    explicit AdministeredPrinter(const OString& name) {
-        // An empty name would open the print server.
-        if (name.IsEmpty()) return;
-        PRINTER_DEFAULTSW defaults = {nullptr, nullptr, PRINTER_ACCESS_ADMINISTER};
-        if (!OpenPrinterW(const_cast<WCHAR*>(name.wstring()), &handle_, &defaults)) {
-            handle_ = nullptr;
-        }
-    }
-    ~AdministeredPrinter() {
-        if (handle_) ClosePrinter(handle_);
-    }
-    AdministeredPrinter(const AdministeredPrinter&) = delete;
-    AdministeredPrinter& operator=(const AdministeredPrinter&) = delete;
-
-    HANDLE Get() const { return handle_; }
-
-private:
-    HANDLE handle_ = nullptr;
-};
 
 const char* DriverInfoKey() {
     if (!winNT) return "PRINT:Environments/Windows 4.0/Drivers/[MODEL]";
@@ -144,7 +122,7 @@ bool prtreg::DeletePrinterDataKey(const OString& name) {
 }
 
 bool prtreg::GetPrinterDataW(const OString& name, uint32_t type, void* buffer, uint32_t size) {
-    const AdministeredPrinter printer(printer_name_);
+    const OpenPrinter printer(printer_name_, PRINTER_ACCESS_ADMINISTER);
     if (!printer.Get()) return false;
     DWORD found_type = type;
     DWORD needed = 0;
@@ -154,7 +132,7 @@ bool prtreg::GetPrinterDataW(const OString& name, uint32_t type, void* buffer, u
 }
 
 bool prtreg::SetPrinterDataW(const OString& name, uint32_t type, const void* data, uint32_t size) {
-    const AdministeredPrinter printer(printer_name_);
+    const OpenPrinter printer(printer_name_, PRINTER_ACCESS_ADMINISTER);
     if (!printer.Get()) return false;
     auto* bytes = static_cast<BYTE*>(const_cast<void*>(data));
     return SetPrinterDataA(printer.Get(), const_cast<char*>(name.nstring()), type, bytes, size) ==

@@ -3,6 +3,7 @@
 #include <cstring>
 #include <new>
 
+#include "driver/open_printer.h"
 #include "driver/spooler_dev_mode.h"
 
 namespace {
@@ -34,29 +35,6 @@ Outcome GetRecord(OBuffer<unsigned char>& buffer, uint32_t minimum, Ask ask) {
     }
     return Failed;
 }
-
-// A handle on the printer: the one that is there, or one opened by name for the moment.
-class OpenPrinter {
-public:
-    OpenPrinter(void* handle, const OString& name, DWORD access)
-        : handle_(handle) {
-        if (handle_ || name.IsEmpty()) return;
-        PRINTER_DEFAULTSW defaults = {nullptr, nullptr, access};
-        opened_ = OpenPrinterW(const_cast<WCHAR*>(name.wstring()), &handle_, &defaults) != FALSE;
-        if (!opened_) handle_ = nullptr;
-    }
-    ~OpenPrinter() {
-        if (opened_) ClosePrinter(handle_);
-    }
-    OpenPrinter(const OpenPrinter&) = delete;
-    OpenPrinter& operator=(const OpenPrinter&) = delete;
-
-    HANDLE Get() const { return handle_; }
-
-private:
-    HANDLE handle_;
-    bool opened_ = false;
-};
 
 OString FilePartOf(const OString& path) {
     return path.FilePart();
@@ -167,7 +145,7 @@ const PrinterInfo::DriverRecord& PrinterInfo::Driver() const {
 }
 
 void PrinterInfo::FetchPrinter() const {
-    const OpenPrinter printer(handle_, name_, PRINTER_ACCESS_USE);
+    const OpenPrinter printer(name_, PRINTER_ACCESS_USE, handle_);
     if (!printer.Get()) return;
 
     OBuffer<unsigned char> buffer;
@@ -198,7 +176,7 @@ void PrinterInfo::TakePrinter(const OBuffer<unsigned char>& record) const {
 }
 
 void PrinterInfo::FetchDriver() const {
-    const OpenPrinter printer(handle_, name_, PRINTER_ACCESS_USE);
+    const OpenPrinter printer(name_, PRINTER_ACCESS_USE, handle_);
     if (!printer.Get()) return;
 
     OBuffer<unsigned char> buffer;
@@ -335,7 +313,7 @@ bool PrinterInfo::IsLocal() const {
 
 bool PrinterInfo::SetDevMode(DEVMODEW* dev_mode) {
     if (!dev_mode) return false;
-    const OpenPrinter printer(handle_, name_, PRINTER_ALL_ACCESS);
+    const OpenPrinter printer(name_, PRINTER_ALL_ACCESS, handle_);
     if (!printer.Get()) return false;
 
     OBuffer<unsigned char> buffer;
