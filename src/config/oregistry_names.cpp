@@ -1,5 +1,7 @@
 #include "config/oregistry_names.h"
 
+#include <utility>
+
 #include "config/oregistry.h"
 
 namespace {
@@ -139,9 +141,9 @@ bool SplitPath(const OString& path, OString& key, OString& name) {
     while (start > 0 && text[start - 1] != ':' && text[start - 1] != '/') --start;
     if (start == 0) return false;
     const int end = text[start - 1] == ':' ? start : start - 1;
-    const OString whole = path; // `path` may be one of the results
+    OString front = path.Left(end); // `path` may be one of the results
     name = OString(text + start);
-    key = whole.Left(end);
+    key = std::move(front);
     return true;
 }
 
