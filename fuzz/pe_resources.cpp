@@ -12,7 +12,7 @@ extern "C" int LLVMFuzzerTestOneInput(const uint8_t* data, size_t size) {
     ResourceName text;
     text.is_number = false;
     text.text = u"NAMED_DATA";
-    for (uint16_t type : {4, 6, 10}) {
+    for (const uint16_t type : {uint16_t{4}, uint16_t{6}, uint16_t{10}}) {
         ResourceName type_name;
         type_name.number = type;
         for (uint16_t number = 0; number < 32; ++number) {

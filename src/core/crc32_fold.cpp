@@ -7,7 +7,7 @@
 namespace {
 
 // x to the power n modulo the checksum's polynomial.
-constexpr long long PowerOfX(unsigned n) {
+constexpr int64_t PowerOfX(unsigned n) {
     uint32_t rest = 1;
     for (; n != 0; --n) rest = (rest << 1) ^ ((rest >> 31) * 0x04C11DB7u);
     return rest;
