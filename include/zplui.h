@@ -35,6 +35,9 @@ ZPLUI_API BOOL WINAPI DevQueryPrintEx(PDEVQUERYPRINT_INFO info);
 // to ask for the value or the count only; otherwise the caller provides room for what the
 // capability stores there:
 //
+//   DC_FIELDS, DC_SIZE, DC_EXTRA, DC_VERSION, DC_DRIVER
+//                                the field of that name of the printer's default DEVMODE, after
+//                                `dev_mode` has been merged into it unless it is null
 //   DC_MINEXTENT, DC_MAXEXTENT   paper width (low word) and length (high word) in tenths of a
 //                                millimetre; the same number is stored as a DWORD
 //   DC_BINS                      1; stores one WORD, DMBIN_USER
@@ -51,6 +54,22 @@ ZPLUI_API BOOL WINAPI DevQueryPrintEx(PDEVQUERYPRINT_INFO info);
 // is answered with -1.
 ZPLUI_API DWORD WINAPI DrvDeviceCapabilities(HANDLE printer, PWSTR device, WORD capability,
                                              PVOID output, PDEVMODEW dev_mode);
+
+// Converts a DEVMODE. `needed` holds the size of `out` in bytes. FALSE with
+// ERROR_INSUFFICIENT_BUFFER, and the size it takes in `needed`, when that is too small; without
+// `out` this is the size of the driver's own DEVMODE, 1508. `mode` is one of:
+//
+//   CDM_DRIVER_DEFAULT   stores the defaults of the printer of that name; `in` is not looked at.
+//                        FALSE when the printer cannot be opened
+//   CDM_CONVERT          stores `in` in the layout that dmSpecVersion and dmSize of `out` ask for:
+//                        the public part is cut or padded with zeros, the private part follows
+//                        unchanged. `needed` receives the size. It may be one buffer with `in`
+//   CDM_CONVERT351       the same in the layout of Windows NT 3.51: version 0x320, 188 bytes
+//
+// FALSE with ERROR_INVALID_PARAMETER without `needed`, without an `in` to convert, and when `out`
+// asks for a layout that does not reach to dmFields. FALSE for any other mode.
+ZPLUI_API BOOL WINAPI DrvConvertDevMode(LPWSTR printer, PDEVMODEW in, PDEVMODEW out, PDWORD needed,
+                                        DWORD mode);
 
 // ---- Codecs and checksums -----------------------------------------------------------------------
 //

@@ -101,6 +101,26 @@ struct DEVMODEA {
 };
 static_assert(sizeof(DEVMODEA) == 156);
 
+// How halftones adjust colours. Gammas and references are in ten-thousandths.
+struct COLORADJUSTMENT {
+    WORD caSize;
+    WORD caFlags;
+    WORD caIlluminantIndex;
+    WORD caRedGamma;
+    WORD caGreenGamma;
+    WORD caBlueGamma;
+    WORD caReferenceBlack;
+    WORD caReferenceWhite;
+    SHORT caContrast;
+    SHORT caBrightness;
+    SHORT caColorfulness;
+    SHORT caRedGreenTint;
+};
+static_assert(sizeof(COLORADJUSTMENT) == 24);
+
+// The version of DEVMODEW that has all of the fields above.
+#define DM_SPECVERSION 0x0401
+
 #define DM_ORIENTATION 0x00000001
 #define DM_PAPERSIZE 0x00000002
 #define DM_PAPERLENGTH 0x00000004
@@ -132,9 +152,17 @@ static_assert(sizeof(DEVMODEA) == 156);
 
 #define DMORIENT_PORTRAIT 1
 #define DMORIENT_LANDSCAPE 2
+#define DMPAPER_USER 256
 #define DMBIN_USER 256
 #define DMCOLOR_MONOCHROME 1
 #define DMCOLOR_COLOR 2
+#define DMDUP_SIMPLEX 1
+#define DMTT_BITMAP 1
+#define DMCOLLATE_FALSE 0
+#define DMICMMETHOD_SYSTEM 2
+#define DMICM_SATURATE 1
+#define DMMEDIA_STANDARD 1
+#define DMDITHER_USER 256
 
 #define DC_FIELDS 1
 #define DC_PAPERS 2

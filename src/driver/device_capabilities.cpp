@@ -5,14 +5,30 @@
 
 #include "driver/printer_info.h"
 #include "model/prtmodel.h"
+#include "settings/dev_mode.h"
 
 BOOL WINAPI DevQueryPrintEx(PDEVQUERYPRINT_INFO) {
     return TRUE;
 }
 
 DWORD WINAPI DrvDeviceCapabilities(HANDLE printer, PWSTR, WORD capability, PVOID output,
-                                   PDEVMODEW) {
-    std::unique_ptr<const prtmodel> model(prtmodel::new_ext(PrinterInfo(printer)));
+                                   PDEVMODEW dev_mode) {
+    const std::unique_ptr<const prtmodel> model(prtmodel::new_ext(PrinterInfo(printer)));
     if (!model) return static_cast<DWORD>(-1);
-    return model->DeviceCapabilitiesW(capability, static_cast<unsigned char*>(output), nullptr);
+
+    DevMode settings;
+    switch (capability) {
+    case DC_FIELDS:
+    case DC_SIZE:
+    case DC_EXTRA:
+    case DC_VERSION:
+    case DC_DRIVER:
+        settings.CreateDefault(model.get());
+        settings.Merge(dev_mode, model.get());
+        break;
+    default:
+        break;
+    }
+    return model->DeviceCapabilitiesW(capability, static_cast<unsigned char*>(output),
+                                      settings.GetDevMode());
 }

@@ -29,10 +29,15 @@ TEST_F(DeviceCapabilities, ComeFromTheModuleThatTheSpoolerLoads) {
     const struct {
         WORD capability;
         int expected;
-    } cases[] = {{4, 60 << 16 | 200},
+    } cases[] = {{1, 0x780FF1F},
+                 {4, 60 << 16 | 200},
                  {5, 32767 << 16 | 1140},
                  {6, 1},
                  {7, 0},
+                 {8, 220},
+                 {9, 1288},
+                 {10, 0x401},
+                 {11, 0x607},
                  {12, 1},
                  {13, 2},
                  {14, 2},
@@ -67,6 +72,25 @@ TEST_F(DeviceCapabilities, ComeFromTheModuleThatTheSpoolerLoads) {
     WCHAR personality[32] = {};
     EXPECT_EQ(Ask(DC_PERSONALITY, personality), 1);
     EXPECT_EQ(Text(OString(personality)), "ZPL");
+}
+
+TEST_F(DeviceCapabilities, OfDocumentsFollowTheDevModeOfTheProgram) {
+    Install(TEST_BINARY_DIR, {});
+    DEVMODEW mode = {};
+    mode.dmSpecVersion = 0x320;
+    mode.dmDriverVersion = 5;
+    mode.dmSize = 188;
+    mode.dmFields = DM_PAPERSIZE;
+    mode.dmPaperSize = 9;
+    const struct {
+        WORD capability;
+        int expected;
+    } cases[] = {{DC_FIELDS, 0x780FF13}, {DC_SIZE, 220},     {DC_EXTRA, 1288},
+                 {DC_VERSION, 0x401},    {DC_DRIVER, 0x607}, {DC_COPIES, 32767}};
+    for (const auto& c : cases)
+        EXPECT_EQ(DeviceCapabilitiesW(TEXT("Dock 3"), nullptr, c.capability, nullptr, &mode),
+                  c.expected)
+            << c.capability;
 }
 
 TEST_F(DeviceCapabilities, FollowAFlushOfAnotherProcess) {

@@ -44,6 +44,9 @@ TEST_F(Labelhost, AnswersForEveryShippedModel) {
         const Json& results = answer["results"];
         EXPECT_EQ(answer["printer"], printer);
         EXPECT_EQ(results.size(), 33u);
+        EXPECT_EQ(results["1"], 0x780FF1F);
+        EXPECT_EQ(results["8"], 220);
+        EXPECT_EQ(results["9"], 1288);
         EXPECT_EQ(results["6"], 1) << "one bin";
         EXPECT_EQ(answer["bins"], Json::parse("[256]"));
         EXPECT_EQ(answer["bin_names"], Json::parse(R"(["Internal Spool"])"));

@@ -1,0 +1,90 @@
+// DrvConvertDevMode: DEVMODEs in the layout that the spooler or a program asks for.
+#include "zplui.h"
+
+#include <algorithm>
+#include <cstddef>
+#include <cstring>
+#include <memory>
+
+#include "driver/printer_info.h"
+#include "model/prtmodel.h"
+#include "settings/dev_mode.h"
+
+namespace {
+
+// Names, versions and sizes, which every DEVMODE has.
+constexpr DWORD HEADER = offsetof(DEVMODEW, dmFields);
+
+// The layout of Windows NT 3.51, which ends in front of the colour management.
+constexpr WORD SPEC_VERSION_351 = 0x320;
+constexpr WORD SIZE_351 = offsetof(DEVMODEW, dmICMMethod);
+
+BOOL Fail(DWORD error) {
+    SetLastError(error);
+    return FALSE;
+}
+
+BOOL Fail(PDWORD needed, DWORD size) {
+    *needed = size;
+    return Fail(ERROR_INSUFFICIENT_BUFFER);
+}
+
+BOOL MakeDefault(LPWSTR printer, DEVMODEW* out, PDWORD size) {
+    const auto needed = static_cast<DWORD>(DevMode::GetDefaultDevModeSize());
+    if (*size < needed) return Fail(size, needed);
+    HANDLE handle = nullptr;
+    if (!OpenPrinterW(printer, &handle, nullptr)) return FALSE;
+    const std::unique_ptr<const prtmodel> model(prtmodel::new_ext(PrinterInfo(handle)));
+    if (model) DevMode(out).Reset(model.get());
+    ClosePrinter(handle);
+    return model ? TRUE : FALSE;
+}
+
+BOOL Convert(const DEVMODEW* in, DEVMODEW* out, PDWORD size, bool to_351) {
+    if (!in) return Fail(ERROR_INVALID_PARAMETER);
+    // A buffer that is shorter than that does not say what layout it wants.
+    if (*size < HEADER)
+        return Fail(size, (to_351 ? SIZE_351 : DWORD{sizeof(DEVMODEW)}) + in->dmDriverExtra);
+    if (to_351) {
+        out->dmSpecVersion = SPEC_VERSION_351;
+        out->dmSize = SIZE_351;
+    }
+
+    const WORD spec_version = out->dmSpecVersion;
+    const WORD out_size = out->dmSize;
+    const WORD in_size = in->dmSize;
+    const WORD extra = in->dmDriverExtra;
+    if (out_size < HEADER) return Fail(ERROR_INVALID_PARAMETER);
+    const DWORD needed = DWORD{out_size} + extra;
+    if (*size < needed) return Fail(size, needed);
+
+    // The private part first, so that a buffer can be converted in place.
+    const auto* from = reinterpret_cast<const char*>(in);
+    auto* to = reinterpret_cast<char*>(out);
+    std::memmove(to + out_size, from + in_size, extra);
+    const WORD copied = std::min(in_size, out_size);
+    std::memmove(to, from, copied);
+    std::memset(to + copied, 0, static_cast<size_t>(out_size - copied));
+    out->dmSpecVersion = spec_version;
+    out->dmSize = out_size;
+    out->dmDriverExtra = extra;
+    *size = needed;
+    return TRUE;
+}
+
+} // namespace
+
+BOOL WINAPI DrvConvertDevMode(LPWSTR printer, PDEVMODEW in, PDEVMODEW out, PDWORD needed,
+                              DWORD mode) {
+    if (!needed) return Fail(ERROR_INVALID_PARAMETER);
+    if (!out) return Fail(needed, static_cast<DWORD>(DevMode::GetDefaultDevModeSize()));
+    switch (mode) {
+    case CDM_DRIVER_DEFAULT:
+        return MakeDefault(printer, out, needed);
+    case CDM_CONVERT:
+    case CDM_CONVERT351:
+        return Convert(in, out, needed, mode == CDM_CONVERT351);
+    default:
+        return FALSE;
+    }
+}

@@ -1,0 +1,34 @@
+// The public part of a DEVMODE of any size.
+#pragma once
+
+#include <windows.h>
+
+#include <algorithm>
+#include <cstddef>
+#include <cstring>
+
+// A copy of the public fields in today's layout: what the DEVMODE does not hold is 0, what it has
+// beyond is left out. So all fields can be looked at and changed without a thought to its size.
+struct PublicPart {
+    DEVMODEW fields = {};
+
+    explicit PublicPart(const DEVMODEW* dev_mode) {
+        std::memcpy(&fields, dev_mode, std::max(Held(dev_mode), HEADER));
+    }
+
+    // Writes the fields from dmFields on back, as far as the DEVMODE holds them.
+    void WriteTo(DEVMODEW* dev_mode) const {
+        const size_t size = Held(dev_mode);
+        if (size <= HEADER) return;
+        std::memcpy(reinterpret_cast<char*>(dev_mode) + HEADER,
+                    reinterpret_cast<const char*>(&fields) + HEADER, size - HEADER);
+    }
+
+private:
+    // Names, versions and sizes, which every DEVMODE has.
+    static constexpr size_t HEADER = offsetof(DEVMODEW, dmFields);
+
+    static size_t Held(const DEVMODEW* dev_mode) {
+        return std::min<size_t>(dev_mode->dmSize, sizeof(DEVMODEW));
+    }
+};

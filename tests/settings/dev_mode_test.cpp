@@ -1,0 +1,372 @@
+// The driver's DEVMODE: its layout, its defaults and its settings.
+#include "settings/dev_mode.h"
+
+#include <string>
+
+#include "core/crc.h"
+#include "driver/platform_flags.h"
+#include "driver/printer_info.h"
+#include "settings/common_private_dm.h"
+#include "support/dev_mode_test.h"
+
+namespace {
+
+class DriverDevMode : public DevModeTest {};
+
+// The expected bytes of a record, written value by value.
+class Bytes {
+public:
+    explicit Bytes(size_t size)
+        : bytes_(size) {}
+    void Words(size_t offset, std::initializer_list<int> values) { Put<uint16_t>(offset, values); }
+    void Longs(size_t offset, std::initializer_list<int> values) { Put<uint32_t>(offset, values); }
+    void Text(size_t offset, const std::string& text) {
+        std::memcpy(&bytes_[offset], text.data(), text.size());
+    }
+    void ExpectAt(const void* record) const {
+        const char* actual = static_cast<const char*>(record);
+        for (size_t i = 0; i < bytes_.size(); ++i) ASSERT_EQ(actual[i], bytes_[i]) << "byte " << i;
+    }
+
+private:
+    template <class T>
+    void Put(size_t offset, std::initializer_list<int> values) {
+        for (const int number : values) {
+            const T value = static_cast<T>(number);
+            std::memcpy(&bytes_[offset], &value, sizeof value);
+            offset += sizeof value;
+        }
+    }
+    std::vector<char> bytes_;
+};
+
+} // namespace
+
+TEST_F(DriverDevMode, HasEveryByteOfItsDefaultsInPlace) {
+    CustomData data = {};
+    data.speeds[0] = {4, "C", 1};
+    ModelTables tables = Tables("Color=yes\nColor.DefaultState=Color\n");
+    tables.custom_data = CustomDataLines(data);
+    Install(tables);
+    ASSERT_EQ(DevMode::GetDefaultDevModeSize(), 1508);
+    DevMode mode;
+    mode.CreateDefault(Model().get());
+
+    Bytes expected(1508);
+    expected.Words(0, {'D', 'o', 'c', 'k', ' ', '3'});
+    expected.Words(64, {0x401, 0x607, 220, 1288});
+    expected.Longs(72, {0x780FF1F});
+    expected.Words(76, {1, 256, 1524, 1041, 100, 1, 256, 203, 2, 1, 203, 1, 0});
+    expected.Longs(188, {2, 1, 1, 256});
+
+    expected.Words(220, {164, 1});
+    expected.Text(224, "MDTN");
+    expected.Longs(228, {2,    5,    203,   6380,  3350,  0,    2345, 6075, 0,    1410, 932,
+                         0,    2000, 2450,  0,     5210,  2100, 0,    4750, 5100, 0,    3127,
+                         3290, 0,    12500, 12500, 12500, 585,  120,  0,    0,    0,    10000});
+    expected.Words(360, {24, 0, 0, 10000, 10000, 10000, 0, 10000});
+
+    expected.Words(384 + 1024, {1116, 1028, 0, 0});
+    expected.Longs(384 + 1032, {6350});
+    expected.Words(384 + 1036, {2, 0, 0, 0, 0, 0, 2, 2, 0, 18, 16, 0});
+    expected.Words(384 + 1060, {-1, -1});
+    expected.Longs(384 + 1072, {4, 4, 4, 0, 0, 0, 12});
+    expected.Words(384 + 1100, {-1});
+    expected.Text(1500, "kvkzpl");
+    expected.Words(1506, {1124});
+    expected.ExpectAt(mode.GetDevMode());
+}
+
+TEST_F(DriverDevMode, CutsTheDeviceNameToLeaveATerminator) {
+    ASSERT_TRUE(AddDriver("Model 1", "zplqv.ddt"));
+    const std::string name(40, 'n');
+    ASSERT_TRUE(AddPrinter(name.c_str(), "Model 1"));
+    const std::unique_ptr<prtmodel> model(prtmodel::new_ext(PrinterInfo(OString(name.c_str()))));
+    DevMode mode;
+    mode.CreateDefault(model.get());
+    EXPECT_EQ(Text(OString(mode.GetDevMode()->dmDeviceName)), std::string(31, 'n'));
+    EXPECT_EQ(mode.GetDevMode()->dmSpecVersion, 0x401);
+}
+
+TEST_F(DriverDevMode, LeavesColourManagementToSystemsThatHaveIt) {
+    Install(Tables());
+    const struct {
+        const char* folder;
+        bool supported;
+    } cases[] = {{"C:\\drivers\\w32x86\\2", false},
+                 {"C:\\drivers\\w32x86\\3", true},
+                 {"C:\\WINDOWS\\SYSTEM", true}};
+    const bool nt = winNT, w2000 = win2000;
+    for (const auto& c : cases) {
+        SetPlatformFlags(c.folder);
+        EXPECT_EQ(DevMode::SupportsICM(), c.supported) << c.folder;
+        DevMode mode;
+        mode.CreateDefault(Model().get());
+        EXPECT_EQ(mode.GetDevMode()->dmFields, c.supported ? 0x780FF1Fu : 0xFF1Fu) << c.folder;
+        EXPECT_EQ(mode.GetDevMode()->dmDitherType, c.supported ? 256u : 0u) << c.folder;
+        mode.SetICMIntent(3);
+        mode.SetICMMethod(4);
+        EXPECT_EQ(mode.GetICMIntent(), c.supported ? 3 : 1) << c.folder;
+        EXPECT_EQ(mode.GetICMMethod(), c.supported ? 4 : 2) << c.folder;
+        EXPECT_EQ(mode.GetDevMode()->dmICMIntent, c.supported ? 3u : 0u) << c.folder;
+    }
+    winNT = nt;
+    win2000 = w2000;
+}
+
+TEST(HalftonePattern, GrowsWithTheLowerResolution) {
+    const struct {
+        SHORT x, y;
+        DWORD dpi, pattern;
+    } cases[] = {{152, 152, 152, 3},     {179, 600, 179, 3},     {180, 180, 180, 5},
+                 {203, 203, 203, 5},     {300, 300, 300, 5},     {400, 400, 400, 7},
+                 {600, 600, 600, 7},     {1200, 899, 899, 7},    {900, 900, 900, 9},
+                 {1200, 1200, 1200, 11}, {1800, 2400, 1800, 13}, {2400, 2400, 2400, 15},
+                 {0, 0, 0, 3},           {-4, 203, 0, 3}};
+    for (const auto& c : cases) {
+        DEVMODEW mode = {};
+        mode.dmPrintQuality = c.x;
+        mode.dmYResolution = c.y;
+        DEVHTINFO info;
+        DefaultDevHTInfo(&info, &mode);
+        EXPECT_EQ(info.DevPelsDPI, c.dpi) << c.x << " x " << c.y;
+        EXPECT_EQ(info.HTPatternSize, c.pattern) << c.x << " x " << c.y;
+    }
+}
+
+TEST_F(DriverDevMode, TurnsThePageInItsConfiguration) {
+    Install(Tables());
+    DevMode mode;
+    mode.CreateDefault(Model().get());
+    for (int orientation : {3, 2, 1, 0}) {
+        mode.SetOrientation(orientation);
+        EXPECT_EQ(mode.GetOrientation(), orientation);
+        EXPECT_EQ(mode.GetDevMode()->dmOrientation, orientation % 2 + 1);
+        EXPECT_EQ(mode.GetConfiguration()->flags, orientation / 2);
+    }
+    mode.SetOrientation(3);
+    mode.GetDevMode()->dmFields &= ~DWORD(DM_ORIENTATION);
+    EXPECT_EQ(mode.GetOrientation(), 2) << "dmOrientation does not count";
+}
+
+TEST_F(DriverDevMode, KeepsItsSettings) {
+    Install(Tables());
+    DevMode mode;
+    mode.CreateDefault(Model().get());
+    DEVMODEW& raw = *mode.GetDevMode();
+
+    mode.SetMirror(true);
+    mode.SetNegative(true);
+    EXPECT_EQ(mode.GetConfiguration()->flags, 6);
+    EXPECT_TRUE(mode.GetMirror() && mode.GetNegative());
+    mode.SetMirror(false);
+    EXPECT_EQ(mode.GetConfiguration()->flags, 4);
+
+    raw.dmFields = 0;
+    raw.dmCopies = 7;
+    EXPECT_EQ(mode.GetCopies(), 1);
+    mode.SetCopies(9);
+    EXPECT_EQ(mode.GetCopies(), 9);
+    mode.SetColor(2);
+    EXPECT_EQ(mode.GetColor(), 2);
+    mode.SetPaperSize(258);
+    EXPECT_EQ(raw.dmPaperSize, 258);
+    EXPECT_EQ(raw.dmFields, DWORD(DM_COPIES | DM_COLOR | DM_PAPERSIZE));
+
+    mode.SetResolutionID(0x8000012C);
+    EXPECT_EQ(raw.dmPrintQuality, 300);
+    EXPECT_EQ(raw.dmYResolution, -32768);
+    EXPECT_EQ(mode.GetResolutionID(), 0x8000012Cu);
+
+    mode.SetPresetName(TEXT("Fast"));
+    EXPECT_EQ(mode.GetPresetCRC32(), CRC32("F\0a\0s\0t\0", 8, 0));
+    mode.SetPresetName(nullptr);
+    EXPECT_EQ(mode.GetPresetCRC32(), 0u);
+}
+
+TEST(DevModeSettings, AreNeutralWithoutBufferOrConfiguration) {
+    ForeignDevMode foreign(220, 0);
+    foreign->dmFields = DM_COPIES;
+    foreign->dmCopies = 3;
+    ForeignDevMode stub(0, 0);
+    for (DEVMODEW* buffer :
+         {static_cast<DEVMODEW*>(nullptr), foreign.dev_mode(), stub.dev_mode()}) {
+        DevMode mode(buffer);
+        mode.SetPresetCRC32(5);
+        mode.SetMirror(true);
+        mode.SetNegative(true);
+        EXPECT_EQ(mode.GetConfiguration(), nullptr);
+        EXPECT_EQ(mode.GetPresetCRC32(), 0u);
+        EXPECT_FALSE(mode.GetMirror() || mode.GetNegative());
+        EXPECT_EQ(mode.GetCopies(), buffer == foreign.dev_mode() ? 3 : 1);
+        EXPECT_FALSE(mode == mode);
+        if (buffer != foreign.dev_mode()) {
+            mode.SetCopies(9);
+            mode.SetOrientation(3);
+            mode.SetResolutionID(1);
+            EXPECT_EQ(mode.GetColor(), 1);
+            EXPECT_EQ(mode.GetICMIntent(), 1);
+            EXPECT_EQ(mode.GetICMMethod(), 2);
+            EXPECT_EQ(mode.GetOrientation(), 0);
+            EXPECT_EQ(mode.GetResolutionID(), 0u);
+        }
+    }
+}
+
+TEST_F(DriverDevMode, IsEqualInWhatPresetsAreKnownBy) {
+    Install(Tables());
+    const auto model = Model();
+    DevMode a, b;
+    a.CreateDefault(model.get());
+    const struct {
+        const char* what;
+        SHORT DEVMODEW::*field;
+        SHORT change;
+        bool equal;
+    } cases[] = {
+        {"orientation", &DEVMODEW::dmOrientation, 1, false},
+        {"width by 0.2 mm", &DEVMODEW::dmPaperWidth, 2, true},
+        {"width by 0.3 mm", &DEVMODEW::dmPaperWidth, 3, false},
+        {"length by -0.2 mm", &DEVMODEW::dmPaperLength, -2, true},
+        {"length by -0.3 mm", &DEVMODEW::dmPaperLength, -3, false},
+        {"source", &DEVMODEW::dmDefaultSource, 1, false},
+        {"x resolution", &DEVMODEW::dmPrintQuality, 1, false},
+        {"y resolution", &DEVMODEW::dmYResolution, 1, false},
+        {"colour", &DEVMODEW::dmColor, 1, false},
+        {"duplex", &DEVMODEW::dmDuplex, 1, false},
+        {"collation", &DEVMODEW::dmCollate, 1, false},
+        {"copies", &DEVMODEW::dmCopies, 1, true},
+        {"scale", &DEVMODEW::dmScale, 1, true},
+        {"paper", &DEVMODEW::dmPaperSize, 1, true},
+        {"TrueType option", &DEVMODEW::dmTTOption, 1, true},
+    };
+    for (const auto& c : cases) {
+        b.CreateDefault(model.get());
+        EXPECT_TRUE(a == b);
+        SHORT& field = b.GetDevMode()->*c.field;
+        field = static_cast<SHORT>(field + c.change);
+        EXPECT_EQ(a == b, c.equal) << c.what;
+        EXPECT_EQ(b == a, c.equal) << c.what;
+    }
+    for (DWORD DEVMODEW::*field :
+         {&DEVMODEW::dmICMMethod, &DEVMODEW::dmICMIntent, &DEVMODEW::dmMediaType}) {
+        b.CreateDefault(model.get());
+        b.GetDevMode()->*field += 1;
+        EXPECT_FALSE(a == b);
+    }
+    b.CreateDefault(model.get());
+    b.GetDevMode()->dmDitherType += 1;
+    EXPECT_TRUE(a == b);
+    b.SetMirror(true);
+    EXPECT_FALSE(a == b) << "another configuration";
+}
+
+TEST_F(DriverDevMode, AssignsSettingsAndKeepsWhoseItIs) {
+    Install(Tables());
+    const auto model = Model();
+    DevMode a;
+    a.CreateDefault(model.get());
+    DevMode b;
+    b.CreateDefault(model.get());
+    b.SetNegative(true);
+    b.SetPresetCRC32(77);
+    DEVMODEW& source = *b.GetDevMode();
+    source.dmDeviceName[0] = 'X';
+    source.dmDriverVersion = 9;
+    source.dmScale = 50;
+    source.dmPanningHeight = 6;
+    reinterpret_cast<char*>(&source)[228] = 99;
+    a = b;
+    EXPECT_EQ(Text(OString(a.GetDevMode()->dmDeviceName)), "Dock 3");
+    EXPECT_EQ(a.GetDevMode()->dmDriverVersion, 0x607);
+    EXPECT_EQ(a.GetDevMode()->dmScale, 50);
+    EXPECT_EQ(a.GetDevMode()->dmPanningHeight, 6u);
+    EXPECT_EQ(reinterpret_cast<char*>(a.GetDevMode())[228], 2) << "its own halftones";
+    EXPECT_TRUE(a.GetNegative());
+    EXPECT_EQ(a.GetPresetCRC32(), 77u);
+
+    ForeignDevMode older(156, 0);
+    older->dmScale = 25;
+    a = DevMode(older.dev_mode());
+    EXPECT_EQ(a.GetDevMode()->dmScale, 25);
+    EXPECT_EQ(a.GetDevMode()->dmPanningHeight, 6u) << "not in the older one";
+    EXPECT_TRUE(a.GetNegative());
+    DevMode none;
+    a = none;
+    none = a;
+    EXPECT_EQ(none.GetDevMode(), nullptr);
+}
+
+TEST_F(DriverDevMode, OwnsOnlyWhatItMade) {
+    Install(Tables());
+    const auto model = Model();
+    DevMode mode;
+    mode.CreateDefault(model.get());
+    std::vector<char> copy(1508);
+    auto* raw = reinterpret_cast<DEVMODEW*>(copy.data());
+    mode.CopyTo(raw);
+    EXPECT_EQ(std::memcmp(raw, mode.GetDevMode(), 1508), 0);
+    mode.GetConfiguration();
+    mode.SetDevMode(raw);
+    EXPECT_EQ(static_cast<void*>(mode.GetConfiguration()), copy.data() + 384);
+    mode.Create();
+    EXPECT_EQ(mode.GetConfiguration(), nullptr) << "all zeros";
+    mode.Reset(model.get());
+    EXPECT_NE(mode.GetConfiguration(), nullptr);
+    mode.Free();
+    EXPECT_EQ(mode.GetDevMode(), nullptr);
+    EXPECT_EQ(mode.GetConfiguration(), nullptr);
+}
+
+TEST_F(DriverDevMode, TakesOverTheSettingsOf16BitPrograms) {
+    Install(Tables());
+    const auto model = Model();
+    DevMode mode;
+    const struct {
+        const char* what;
+        WORD size;
+        DWORD bits_per_pel, icm;
+        SHORT collate;
+    } cases[] = {{"all", 156, 24, 5, 1},
+                 {"without colour management", 124, 24, 2, 1},
+                 {"not quite all of it", 147, 24, 2, 1},
+                 {"fields up to the form's name", 70, 0, 2, 1},
+                 {"a few fields", 60, 0, 2, 0},
+                 {"none", 0, 0, 2, 0}};
+    for (const auto& c : cases) {
+        std::vector<char> bytes((c.size < 40u ? 40u : c.size) + 1124u);
+        auto* source = reinterpret_cast<DEVMODE16*>(bytes.data());
+        DEVMODE16 all = {};
+        all.dmFields = DM_COPIES;
+        all.dmOrientation = 2;
+        all.dmCollate = 1;
+        all.dmFormName[0] = 'F';
+        all.dmLogPixels = 96;
+        all.dmBitsPerPel = 24;
+        all.dmICMMethod = 5;
+        all.dmPanningWidth = 3;
+        std::memcpy(bytes.data(), &all, c.size);
+        source->dmSize = c.size;
+        source->dmDriverExtra = 1124;
+        mode.CreateDefault(model.get());
+        mode.SetNegative(true);
+        char* end = bytes.data() + c.size + 1124;
+        if (c.size >= 40) {
+            std::memcpy(end - 1124, mode.GetConfiguration(), 1116);
+            std::memcpy(end - 8, "kvkzpl", 6);
+            const uint16_t total = 1124;
+            std::memcpy(end - 2, &total, 2);
+        }
+        mode.SetNegative(false);
+        mode.Convert(bytes.data());
+        const DEVMODEW& raw = *mode.GetDevMode();
+        EXPECT_EQ(raw.dmCollate, c.collate) << c.what;
+        EXPECT_EQ(raw.dmBitsPerPel, c.bits_per_pel) << c.what;
+        EXPECT_EQ(raw.dmICMMethod, c.icm) << c.what;
+        EXPECT_EQ(raw.dmPanningWidth, 0u) << c.what;
+        EXPECT_EQ(raw.dmFormName[0], 0) << c.what;
+        EXPECT_EQ(raw.dmSize, 220) << c.what;
+        EXPECT_EQ(mode.GetNegative(), c.size >= 40) << c.what;
+        EXPECT_EQ(Text(OString(raw.dmDeviceName)), "Dock 3") << c.what;
+    }
+}
