@@ -1,6 +1,12 @@
 #include "imaging/dither_palette.h"
 
 #include <algorithm>
+#include <utility>
+
+#include "imaging/simd.h"
+
+#define KERNEL_LEVEL plain
+#include "imaging/vector_kernels.h"
 
 DitherPalette::DitherPalette(const uint8_t (*entries)[4], int count) {
     for (int i = 0; i < std::min(count, kMaxSize); ++i) {
@@ -24,7 +30,7 @@ void DitherPalette::Search(const uint8_t* point, int32_t& nearest, int32_t& seco
     uint32_t first_key = UINT32_MAX, second_key = UINT32_MAX;
     for (int e = 0; e < size; ++e) {
         uint32_t key;
-        PaletteKey<uint32_t>(key, *this, e, point[0], point[1], point[2]);
+        plain::PaletteKey<uint32_t>(key, *this, e, point[0], point[1], point[2]);
         second_key = std::min(second_key, std::max(first_key, key));
         first_key = std::min(first_key, key);
     }
