@@ -6,6 +6,7 @@
 #include <cstring>
 #include <memory>
 
+#include "driver/open_printer.h"
 #include "driver/printer_info.h"
 #include "model/prtmodel.h"
 #include "settings/dev_mode.h"
@@ -29,14 +30,13 @@ BOOL Fail(PDWORD needed, DWORD size) {
     return Fail(ERROR_INSUFFICIENT_BUFFER);
 }
 
-BOOL MakeDefault(LPWSTR printer, DEVMODEW* out, PDWORD size) {
+BOOL MakeDefault(const WCHAR* printer, DEVMODEW* out, PDWORD size) {
     const auto needed = static_cast<DWORD>(DevMode::GetDefaultDevModeSize());
     if (*size < needed) return Fail(size, needed);
-    HANDLE handle = nullptr;
-    if (!OpenPrinterW(printer, &handle, nullptr)) return FALSE;
-    const std::unique_ptr<const prtmodel> model(prtmodel::new_ext(PrinterInfo(handle)));
+    const OpenPrinter opened(OString(printer), PRINTER_ACCESS_USE);
+    if (!opened.Get()) return FALSE;
+    const std::unique_ptr<const prtmodel> model(prtmodel::new_ext(PrinterInfo(opened.Get())));
     if (model) DevMode(out).Reset(model.get());
-    ClosePrinter(handle);
     return model ? TRUE : FALSE;
 }
 

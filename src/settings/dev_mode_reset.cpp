@@ -47,7 +47,8 @@ void DevMode::Reset(const prtmodel* model) {
     char* bytes = reinterpret_cast<char*>(&mode);
     auto* tail = reinterpret_cast<endconfig*>(bytes + GetDefaultDevModeSize() - sizeof(endconfig));
     std::memcpy(tail->signature, "kvk", sizeof tail->signature);
-    std::strncpy(tail->prefix, model->GetPrefix(), sizeof tail->prefix);
+    const char* prefix = model->GetPrefix();
+    std::memcpy(tail->prefix, prefix, strnlen(prefix, sizeof tail->prefix));
     tail->size = static_cast<uint16_t>(prtconfig::GetTotalSize());
     prtconfig::Reset(
         reinterpret_cast<prtconfig*>(bytes + sizeof(DEVMODEW) + sizeof(COMMONPRIVATEDM)), model);
