@@ -9,15 +9,21 @@ protected:
         AddPrinter(u"LABELS");
         printer_ = Open(u"LABELS");
     }
-    ~SpoolerData() override { ClosePrinter(printer_); }
 
-    DWORD Set(LPCWSTR name, DWORD type, const std::string& bytes) const {
-        std::string copy = bytes;
-        return SetPrinterDataW(printer_, Text(name), type, reinterpret_cast<LPBYTE>(copy.data()),
-                               static_cast<DWORD>(copy.size()));
+    static DWORD Set(HANDLE printer, LPCWSTR name, DWORD type, std::string bytes) {
+        return SetPrinterDataW(printer, Text(name), type, reinterpret_cast<LPBYTE>(bytes.data()),
+                               static_cast<DWORD>(bytes.size()));
+    }
+    // Fills what it is given, from the start.
+    static DWORD Get(HANDLE printer, LPCWSTR name, std::string& bytes, size_t size, DWORD* type,
+                     DWORD* needed) {
+        return GetPrinterDataW(printer, Text(name), type, reinterpret_cast<LPBYTE>(bytes.data()),
+                               static_cast<DWORD>(size), needed);
     }
 
     HANDLE printer_ = nullptr;
+    DWORD type_ = 99, needed_ = 99;
+    BYTE byte_ = 0;
 };
 
 TEST_F(SpoolerData, KeepsTypeAndBytes) {
@@ -35,96 +41,73 @@ TEST_F(SpoolerData, KeepsTypeAndBytes) {
         {u"large", REG_BINARY, std::string(70000, 'x')},
         {u"a/b:c%d", 77, "own type"},
     };
-    for (const auto& c : cases) ASSERT_EQ(Set(c.name, c.type, c.bytes), DWORD{ERROR_SUCCESS});
+    for (const auto& c : cases) ASSERT_EQ(Set(printer_, c.name, c.type, c.bytes), 0u);
     for (const auto& c : cases) {
-        DWORD type = 99, needed = 99;
-        std::string bytes(c.bytes.size(), 0);
-        const auto size = static_cast<DWORD>(bytes.size());
-        if (size > 0) {
-            EXPECT_EQ(GetPrinterDataW(printer_, Text(c.name), &type, nullptr, 0, &needed),
-                      DWORD{ERROR_MORE_DATA});
-            EXPECT_EQ(needed, size);
-            EXPECT_EQ(GetPrinterDataW(printer_, Text(c.name), &type,
-                                      reinterpret_cast<LPBYTE>(bytes.data()), size - 1, &needed),
-                      DWORD{ERROR_MORE_DATA});
+        const size_t size = c.bytes.size();
+        std::string bytes(size, 0);
+        for (size_t room : {size_t{0}, size - 1}) {
+            if (size == 0) continue;
+            EXPECT_EQ(Get(printer_, c.name, bytes, room, &type_, &needed_), DWORD{ERROR_MORE_DATA});
+            EXPECT_EQ(needed_, size);
             EXPECT_EQ(bytes, std::string(size, 0));
         }
-        EXPECT_EQ(GetPrinterDataW(printer_, Text(c.name), &type,
-                                  reinterpret_cast<LPBYTE>(bytes.data()), size, &needed),
-                  DWORD{ERROR_SUCCESS});
+        EXPECT_EQ(Get(printer_, c.name, bytes, size, &type_, &needed_), 0u);
         EXPECT_EQ(bytes, c.bytes);
-        EXPECT_EQ(needed, size);
-        EXPECT_EQ(type, c.type);
+        EXPECT_EQ(needed_, size);
+        EXPECT_EQ(type_, c.type);
     }
 }
 
 TEST_F(SpoolerData, TellsWhatIsMissingOrWrong) {
-    BYTE byte = 0;
-    DWORD needed = 0;
-    EXPECT_EQ(GetPrinterDataW(printer_, Text(u"none"), nullptr, &byte, 1, &needed),
-              DWORD{ERROR_FILE_NOT_FOUND});
-    EXPECT_EQ(GetPrinterDataA(printer_, const_cast<LPSTR>("none"), nullptr, &byte, 1, &needed),
-              DWORD{ERROR_FILE_NOT_FOUND});
-    EXPECT_EQ(DeletePrinterDataW(printer_, Text(u"none")), DWORD{ERROR_FILE_NOT_FOUND});
-    EXPECT_EQ(GetPrinterDataW(printer_, nullptr, nullptr, &byte, 1, &needed),
-              DWORD{ERROR_INVALID_PARAMETER});
-    EXPECT_EQ(GetPrinterDataW(printer_, Text(u"none"), nullptr, &byte, 1, nullptr),
-              DWORD{ERROR_INVALID_PARAMETER});
-    EXPECT_EQ(SetPrinterDataW(printer_, Text(u"x"), REG_BINARY, nullptr, 1),
-              DWORD{ERROR_INVALID_PARAMETER});
-    ASSERT_EQ(Set(u"x", REG_BINARY, "x"), DWORD{ERROR_SUCCESS});
-    EXPECT_EQ(DeletePrinterDataW(printer_, Text(u"X")), DWORD{ERROR_SUCCESS});
-    EXPECT_EQ(GetPrinterDataW(printer_, Text(u"x"), nullptr, &byte, 1, &needed),
-              DWORD{ERROR_FILE_NOT_FOUND});
+    const LPWSTR x = Text(u"x");
+    ASSERT_EQ(Set(printer_, x, REG_BINARY, "x"), 0u);
+    EXPECT_EQ(DeletePrinterDataW(printer_, Text(u"X")), 0u);
+    for (DWORD answer :
+         {GetPrinterDataW(printer_, x, nullptr, &byte_, 1, &needed_),
+          GetPrinterDataA(printer_, const_cast<LPSTR>("x"), nullptr, &byte_, 1, &needed_),
+          DeletePrinterDataW(printer_, x)})
+        EXPECT_EQ(answer, DWORD{ERROR_FILE_NOT_FOUND});
+    for (DWORD answer : {GetPrinterDataW(printer_, nullptr, nullptr, &byte_, 1, &needed_),
+                         GetPrinterDataW(printer_, x, nullptr, &byte_, 1, nullptr),
+                         SetPrinterDataW(printer_, x, REG_BINARY, nullptr, 1)})
+        EXPECT_EQ(answer, DWORD{ERROR_INVALID_PARAMETER});
 }
 
 TEST_F(SpoolerData, IsReadByUsersAndWrittenByAdministrators) {
-    ASSERT_EQ(Set(u"x", REG_BINARY, "x"), DWORD{ERROR_SUCCESS});
+    const LPWSTR x = Text(u"x");
+    ASSERT_EQ(Set(printer_, x, REG_BINARY, "x"), 0u);
     const HANDLE user = Open(u"LABELS", PRINTER_ACCESS_USE);
-    BYTE byte = 0;
-    DWORD needed = 0;
-    EXPECT_EQ(GetPrinterDataW(user, Text(u"x"), nullptr, &byte, 1, &needed), DWORD{ERROR_SUCCESS});
-    EXPECT_EQ(byte, 'x');
-    EXPECT_EQ(SetPrinterDataW(user, Text(u"x"), REG_BINARY, &byte, 1), DWORD{ERROR_ACCESS_DENIED});
-    EXPECT_EQ(SetPrinterDataA(user, const_cast<LPSTR>("x"), REG_BINARY, &byte, 1),
-              DWORD{ERROR_ACCESS_DENIED});
-    EXPECT_EQ(DeletePrinterDataW(user, Text(u"x")), DWORD{ERROR_ACCESS_DENIED});
-    EXPECT_TRUE(ClosePrinter(user));
+    EXPECT_EQ(GetPrinterDataW(user, x, nullptr, &byte_, 1, &needed_), 0u);
+    EXPECT_EQ(byte_, 'x');
+    for (DWORD answer : {SetPrinterDataW(user, x, REG_BINARY, &byte_, 1),
+                         SetPrinterDataA(user, const_cast<LPSTR>("x"), REG_BINARY, &byte_, 1),
+                         DeletePrinterDataW(user, x)})
+        EXPECT_EQ(answer, DWORD{ERROR_ACCESS_DENIED});
 }
 
 TEST_F(SpoolerData, ConvertsNamesAndTextsOfTheAnsiFunctions) {
-    std::string text("caf\xE9\0", 5);
-    std::string name = "Gr\xF6\xDF"
-                       "e";
-    ASSERT_EQ(
-        SetPrinterDataA(printer_, name.data(), REG_SZ, reinterpret_cast<LPBYTE>(text.data()), 5),
-        DWORD{ERROR_SUCCESS});
-    WCHAR wide[8] = {};
-    DWORD type = 0, needed = 0;
-    EXPECT_EQ(GetPrinterDataW(printer_, Text(u"Gr\u00f6\u00dfe"), &type,
-                              reinterpret_cast<LPBYTE>(wide), sizeof wide, &needed),
-              DWORD{ERROR_SUCCESS});
-    EXPECT_EQ(needed, 10u);
-    EXPECT_EQ(std::u16string(wide), u"caf\u00e9");
-    char ansi[8] = {};
-    EXPECT_EQ(
-        GetPrinterDataA(printer_, name.data(), &type, reinterpret_cast<LPBYTE>(ansi), 4, &needed),
-        DWORD{ERROR_MORE_DATA});
-    EXPECT_EQ(needed, 5u);
-    EXPECT_EQ(
-        GetPrinterDataA(printer_, name.data(), &type, reinterpret_cast<LPBYTE>(ansi), 5, &needed),
-        DWORD{ERROR_SUCCESS});
-    EXPECT_EQ(std::string(ansi), "caf\xE9");
-    EXPECT_EQ(type, DWORD{REG_SZ});
+    constexpr LPCWSTR kWide = u"Gr\u00f6\u00dfe";
+    std::string name = "Gr\xF6\xDF\x65", text("caf\xE9\0", 5), ansi(8, '\0'), wide(16, '\0');
+    const auto set = [&](DWORD type, DWORD size) {
+        return SetPrinterDataA(printer_, name.data(), type, reinterpret_cast<LPBYTE>(text.data()),
+                               size);
+    };
+    const auto get = [&](DWORD size) {
+        return GetPrinterDataA(printer_, name.data(), &type_, reinterpret_cast<LPBYTE>(ansi.data()),
+                               size, &needed_);
+    };
+    ASSERT_EQ(set(REG_SZ, 5), 0u);
+    EXPECT_EQ(Get(printer_, kWide, wide, 16, &type_, &needed_), 0u);
+    EXPECT_EQ(wide.substr(0, needed_), std::string("c\0a\0f\0\xE9\0\0\0", 10));
+    EXPECT_EQ(get(4), DWORD{ERROR_MORE_DATA});
+    EXPECT_EQ(needed_, 5u);
+    EXPECT_EQ(get(5), 0u);
+    EXPECT_STREQ(ansi.c_str(), "caf\xE9");
+    EXPECT_EQ(type_, DWORD{REG_SZ});
 
-    // Bytes stay bytes.
-    ASSERT_EQ(SetPrinterDataA(printer_, name.data(), REG_BINARY,
-                              reinterpret_cast<LPBYTE>(text.data()), 4),
-              DWORD{ERROR_SUCCESS});
-    EXPECT_EQ(GetPrinterDataW(printer_, Text(u"Gr\u00f6\u00dfe"), &type,
-                              reinterpret_cast<LPBYTE>(ansi), sizeof ansi, &needed),
-              DWORD{ERROR_SUCCESS});
-    EXPECT_EQ(std::string(ansi, needed), "caf\xE9");
+    ASSERT_EQ(set(REG_BINARY, 4), 0u);
+    EXPECT_EQ(Get(printer_, kWide, wide, 16, &type_, &needed_), 0u);
+    EXPECT_EQ(wide.substr(0, needed_), "caf\xE9") << "bytes stay bytes";
 }
 
 } // namespace

@@ -7,7 +7,15 @@ namespace {
 
 namespace fs = std::filesystem;
 
-using SpoolerDriverCalls = SpoolerTest;
+// A machine with the driver and the printer LABELS.
+class SpoolerDriverCalls : public SpoolerTest {
+protected:
+    SpoolerDriverCalls() {
+        AddDriver();
+        AddPrinter(u"LABELS");
+        EXPECT_EQ(TakeNotes(), u"3 LABELS;");
+    }
+};
 
 int Capability(LPCWSTR printer, WORD capability, LPWSTR output = nullptr,
                const DEVMODEW* dev_mode = nullptr) {
@@ -15,47 +23,34 @@ int Capability(LPCWSTR printer, WORD capability, LPWSTR output = nullptr,
 }
 
 TEST_F(SpoolerDriverCalls, TellTheDriverOfWhatHappensToItsPrinters) {
-    AddDriver();
-    EXPECT_EQ(TakeNotes(), u"");
-    AddPrinter(u"LABELS");
-    EXPECT_EQ(TakeNotes(), u"3 LABELS;");
-
     const HANDLE printer = Open(u"LABELS");
     PRINTER_INFO_2W info = Wanted(u"LABELS");
     info.pComment = Text(u"changed");
-    EXPECT_TRUE(SetPrinterW(printer, 2, reinterpret_cast<LPBYTE>(&info), 0));
+    EXPECT_EQ(SetInfo(printer, info), 0);
     EXPECT_EQ(TakeNotes(), u"");
     info.Attributes = PRINTER_ATTRIBUTE_ENABLE_BIDI;
-    EXPECT_TRUE(SetPrinterW(printer, 2, reinterpret_cast<LPBYTE>(&info), 0));
+    EXPECT_EQ(SetInfo(printer, info), 0);
     EXPECT_EQ(TakeNotes(), u"7 LABELS 64 2112;");
-
     EXPECT_TRUE(DeletePrinter(printer));
     EXPECT_EQ(TakeNotes(), u"4 LABELS;");
-    EXPECT_TRUE(ClosePrinter(printer));
 }
 
 TEST_F(SpoolerDriverCalls, KeepAPrinterWhoseDriverFails) {
-    AddDriver();
     AddPrinter(u"Broken 1");
     EXPECT_EQ(TakeNotes(), u"3 Broken 1;");
-    const HANDLE printer = Open(u"Broken 1");
-    EXPECT_TRUE(PrinterInfo2(printer).good());
-    EXPECT_TRUE(ClosePrinter(printer));
+    EXPECT_TRUE(PrinterInfo2(Open(u"Broken 1")).good());
     // A file that is no library at all.
     WriteFile("setup\\testdrv.dll", "not a library");
     AddDriver(u"Bad");
     PRINTER_INFO_2W info = Wanted(u"Broken 2");
     info.pDriverName = Text(u"Bad");
-    const HANDLE broken = AddPrinterW(nullptr, 2, reinterpret_cast<LPBYTE>(&info));
+    const HANDLE broken = Add(info);
     EXPECT_NE(broken, nullptr);
     EXPECT_EQ(Capability(TEXT("Broken 2"), DC_COPIES), -1);
     EXPECT_TRUE(DeletePrinter(broken));
-    EXPECT_TRUE(ClosePrinter(broken));
 }
 
 TEST_F(SpoolerDriverCalls, AskTheDriverForCapabilities) {
-    AddDriver();
-    AddPrinter(u"LABELS");
     WCHAR name[24] = {};
     DEVMODEW dev_mode = {};
     dev_mode.dmSpecVersion = 0x401;
@@ -65,28 +60,21 @@ TEST_F(SpoolerDriverCalls, AskTheDriverForCapabilities) {
     EXPECT_EQ(std::u16string(name), u"LABELS");
     EXPECT_EQ(Capability(TEXT("labels"), DC_PERSONALITY), 2);
     EXPECT_EQ(Capability(TEXT("labels"), DC_MANUFACTURER), -1);
-    EXPECT_EQ(Capability(TEXT("NONE"), DC_COPIES), -1);
-    EXPECT_EQ(Capability(TEXT(""), DC_COPIES), -1);
-    EXPECT_EQ(Capability(nullptr, DC_COPIES), -1);
+    for (LPCWSTR name_of_none : {TEXT("NONE"), TEXT(""), LPCWSTR{}})
+        EXPECT_EQ(Capability(name_of_none, DC_COPIES), -1);
 }
 
 TEST_F(SpoolerDriverCalls, KeepTheDriverLoadedUntilItChanges) {
-    AddDriver();
-    AddPrinter(u"LABELS");
     EXPECT_EQ(Capability(TEXT("LABELS"), DC_COPIES), 1);
     EXPECT_EQ(Capability(TEXT("LABELS"), DC_COPIES), 2);
     AddDriver(); // the file is another one now
     EXPECT_EQ(Capability(TEXT("LABELS"), DC_COPIES), 1);
     AddPrinter(u"OTHER");
-    const HANDLE other = Open(u"OTHER");
-    EXPECT_TRUE(DeletePrinter(other));
-    EXPECT_TRUE(ClosePrinter(other));
+    EXPECT_TRUE(DeletePrinter(Open(u"OTHER")));
     EXPECT_EQ(Capability(TEXT("LABELS"), DC_COPIES), 1);
 }
 
 TEST_F(SpoolerDriverCalls, LeaveTheDriverOfAnotherRootBehind) {
-    AddDriver();
-    AddPrinter(u"LABELS");
     EXPECT_EQ(Capability(TEXT("LABELS"), DC_COPIES), 1);
     const std::string elsewhere = root() + "/elsewhere";
     fs::create_directories(elsewhere);
@@ -96,11 +84,9 @@ TEST_F(SpoolerDriverCalls, LeaveTheDriverOfAnotherRootBehind) {
     EXPECT_EQ(Capability(TEXT("LABELS"), DC_COPIES), 1);
 }
 
-using SpoolerThreads = SpoolerTest;
+using SpoolerThreads = SpoolerDriverCalls;
 
 TEST_F(SpoolerThreads, AskOpenAndChangeAtOnce) {
-    AddDriver();
-    AddPrinter(u"LABELS");
     const HANDLE shared = Open(u"LABELS");
     std::vector<std::thread> threads;
     std::vector<int> failures(4);
@@ -119,7 +105,6 @@ TEST_F(SpoolerThreads, AskOpenAndChangeAtOnce) {
     }
     for (std::thread& thread : threads) thread.join();
     EXPECT_EQ(failures, std::vector<int>(failures.size()));
-    EXPECT_TRUE(ClosePrinter(shared));
 }
 
 } // namespace

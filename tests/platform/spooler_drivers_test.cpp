@@ -26,14 +26,8 @@ protected:
         info.pConfigFile = Text(u"C:\\setup\\testdrv.dll");
         return info;
     }
-    static bool Add(DRIVER_INFO_3W info, DWORD flags = APD_COPY_ALL_FILES) {
-        return AddPrinterDriverExW(nullptr, 3, reinterpret_cast<LPBYTE>(&info), flags) != FALSE;
-    }
-    template <class Info>
-    static Answer<Info> Driver(HANDLE printer, DWORD level) {
-        return Answer<Info>([&](LPBYTE buffer, DWORD size, LPDWORD needed) {
-            return GetPrinterDriverW(printer, nullptr, level, buffer, size, needed);
-        });
+    static int AddError(DRIVER_INFO_3W info, DWORD flags = APD_COPY_ALL_FILES) {
+        return ErrorOf(AddPrinterDriverExW(nullptr, 3, reinterpret_cast<LPBYTE>(&info), flags));
     }
 };
 
@@ -48,87 +42,71 @@ TEST_F(SpoolerDrivers, AreInstalledWithAllTheirFiles) {
 
     AddPrinter(u"LABELS");
     const HANDLE printer = Open(u"LABELS", PRINTER_ACCESS_USE);
-    const auto answer = Driver<DRIVER_INFO_6W>(printer, 6);
+    const auto answer = DriverInfo<DRIVER_INFO_6W>(printer, 6);
     ASSERT_TRUE(answer.good());
-    EXPECT_EQ(answer->cVersion, 3u);
-    EXPECT_EQ(std::u16string(answer->pName), u"Test Driver");
-    EXPECT_EQ(std::u16string(answer->pEnvironment), u"Windows NT x86");
+    EXPECT_EQ(
+        Joined({answer->pName, answer->pEnvironment, answer->pMonitorName, answer->pDefaultDataType,
+                answer->pszMfgName, answer->pszOEMUrl, answer->pszHardwareID, answer->pszProvider}),
+        u"Test Driver;Windows NT x86;Test Monitor;RAW;Maker;;LPTENUM\\Test;Provider;");
     EXPECT_EQ(std::u16string(answer->pDriverPath), kFolder + u"testdrv.dll");
     EXPECT_EQ(std::u16string(answer->pDataFile), kFolder + u"testzpl.ddt");
     EXPECT_EQ(std::u16string(answer->pConfigFile), kFolder + u"testdrv.dll");
     EXPECT_EQ(std::u16string(answer->pHelpFile), kFolder + u"testdrv.hlp");
     const std::u16string list = kFolder + u"extra1.dat" + u'\0' + kFolder + u"extra2.dat" + u'\0';
     EXPECT_EQ(std::u16string(answer->pDependentFiles, list.size() + 1), list + u'\0');
-    EXPECT_EQ(std::u16string(answer->pMonitorName), u"Test Monitor");
-    EXPECT_EQ(std::u16string(answer->pDefaultDataType), u"RAW");
     EXPECT_EQ(std::u16string(answer->pszzPreviousNames, 2), std::u16string(2, u'\0'));
+    EXPECT_EQ(answer->cVersion, 3u);
     EXPECT_EQ(answer->ftDriverDate.dwHighDateTime, 2u);
     EXPECT_EQ(answer->dwlDriverVersion, 0x0001000200030004u);
-    EXPECT_EQ(std::u16string(answer->pszMfgName), u"Maker");
-    EXPECT_EQ(std::u16string(answer->pszOEMUrl), u"");
-    EXPECT_EQ(std::u16string(answer->pszHardwareID), u"LPTENUM\\Test");
-    EXPECT_EQ(std::u16string(answer->pszProvider), u"Provider");
     const Answer<DRIVER_INFO_3A> ansi([&](LPBYTE buffer, DWORD size, LPDWORD needed) {
         return GetPrinterDriverA(printer, nullptr, 3, buffer, size, needed);
     });
-    EXPECT_EQ(Utf16Of(ansi->pConfigFile), kFolder + u"testdrv.dll");
-    EXPECT_EQ(Utf16Of(ansi->pDependentFiles), kFolder + u"extra1.dat");
-    EXPECT_TRUE(ClosePrinter(printer));
+    const std::string folder(kFolder.begin(), kFolder.end());
+    EXPECT_EQ(ansi->pConfigFile, folder + "testdrv.dll");
+    EXPECT_EQ(ansi->pDependentFiles, folder + "extra1.dat");
 }
 
 TEST_F(SpoolerDrivers, OfTheSmallerLevelHaveNoMaker) {
-    ASSERT_TRUE(Add(Wanted3()));
+    ASSERT_EQ(AddError(Wanted3()), 0);
     PRINTER_INFO_2W info = Wanted(u"LABELS");
     info.pDriverName = Text(u"Small Driver");
-    const HANDLE printer = AddPrinterW(nullptr, 2, reinterpret_cast<LPBYTE>(&info));
-    const auto answer = Driver<DRIVER_INFO_6W>(printer, 6);
+    const auto answer = DriverInfo<DRIVER_INFO_6W>(Add(info), 6);
     ASSERT_TRUE(answer.good());
-    for (LPWSTR text : {answer->pHelpFile, answer->pDependentFiles, answer->pMonitorName,
-                        answer->pszMfgName, answer->pszHardwareID, answer->pszProvider}) {
-        ASSERT_NE(text, nullptr);
-        EXPECT_EQ(*text, 0);
-    }
+    EXPECT_EQ(Joined({answer->pHelpFile, answer->pDependentFiles, answer->pMonitorName,
+                      answer->pszMfgName, answer->pszHardwareID, answer->pszProvider}),
+              u";;;;;;");
     EXPECT_EQ(std::u16string(answer->pDataFile), kFolder + u"testzpl.ddt");
-    EXPECT_TRUE(ClosePrinter(printer));
 }
 
 TEST_F(SpoolerDrivers, AreNotInstalledWhenSomethingIsWrongWithThem) {
+    using Info = DRIVER_INFO_3W;
     const struct {
-        const char* what;
-        void (*spoil)(DRIVER_INFO_3W&);
-        DWORD code;
+        void (*spoil)(Info&);
+        int error;
     } cases[] = {
-        {"no name", [](DRIVER_INFO_3W& i) { i.pName = nullptr; }, ERROR_INVALID_PARAMETER},
-        {"name", [](DRIVER_INFO_3W& i) { i.pName = Text(u"a\\b"); }, ERROR_INVALID_PARAMETER},
-        {"no data file", [](DRIVER_INFO_3W& i) { i.pDataFile = nullptr; }, ERROR_INVALID_PARAMETER},
-        {"version", [](DRIVER_INFO_3W& i) { i.cVersion = 2; }, ERROR_INVALID_PARAMETER},
-        {"environment", [](DRIVER_INFO_3W& i) { i.pEnvironment = Text(u"Windows 4.0"); },
-         ERROR_INVALID_ENVIRONMENT},
-        {"missing file", [](DRIVER_INFO_3W& i) { i.pHelpFile = Text(u"C:\\setup\\none.hlp"); },
-         ERROR_FILE_NOT_FOUND},
-        {"folder", [](DRIVER_INFO_3W& i) { i.pHelpFile = Text(u"C:\\setup"); },
-         ERROR_FILE_NOT_FOUND},
-        {"missing dependent file",
-         [](DRIVER_INFO_3W& i) {
-             i.pDependentFiles = const_cast<LPWSTR>(u"C:\\setup\\extra1.dat\0C:\\none.dat\0");
-         },
+        {[](Info& i) { i.pName = nullptr; }, ERROR_INVALID_PARAMETER},
+        {[](Info& i) { i.pName = Text(u"a\\b"); }, ERROR_INVALID_PARAMETER},
+        {[](Info& i) { i.pDataFile = nullptr; }, ERROR_INVALID_PARAMETER},
+        {[](Info& i) { i.cVersion = 2; }, ERROR_INVALID_PARAMETER},
+        {[](Info& i) { i.pEnvironment = Text(u"Windows 4.0"); }, ERROR_INVALID_ENVIRONMENT},
+        {[](Info& i) { i.pHelpFile = Text(u"C:\\setup\\none.hlp"); }, ERROR_FILE_NOT_FOUND},
+        {[](Info& i) { i.pHelpFile = Text(u"C:\\setup"); }, ERROR_FILE_NOT_FOUND},
+        {[](Info& i) { i.pDependentFiles = Text(u"C:\\setup\\extra1.dat\0C:\\none.dat\0"); },
          ERROR_FILE_NOT_FOUND},
     };
     for (const auto& c : cases) {
-        SCOPED_TRACE(c.what);
-        DRIVER_INFO_3W info = Wanted3();
+        SCOPED_TRACE(&c - cases);
+        Info info = Wanted3();
         c.spoil(info);
-        EXPECT_FALSE(Add(info));
-        EXPECT_EQ(GetLastError(), c.code);
+        EXPECT_EQ(AddError(info), c.error);
         EXPECT_FALSE(fs::exists(Installed("testdrv.dll")));
     }
-    EXPECT_FALSE(Add(Wanted3(), APD_COPY_ALL_FILES | APD_COPY_NEW_FILES));
-    EXPECT_EQ(GetLastError(), DWORD{ERROR_INVALID_PARAMETER});
-    EXPECT_FALSE(AddPrinterDriverExW(nullptr, 3, nullptr, APD_COPY_ALL_FILES));
-    EXPECT_EQ(GetLastError(), DWORD{ERROR_INVALID_PARAMETER});
+    EXPECT_EQ(AddError(Wanted3(), APD_COPY_ALL_FILES | APD_COPY_NEW_FILES),
+              ERROR_INVALID_PARAMETER);
+    EXPECT_EQ(ErrorOf(AddPrinterDriverExW(nullptr, 3, nullptr, APD_COPY_ALL_FILES)),
+              ERROR_INVALID_PARAMETER);
     UseGuest();
-    EXPECT_FALSE(Add(Wanted3()));
-    EXPECT_EQ(GetLastError(), DWORD{ERROR_ACCESS_DENIED});
+    EXPECT_EQ(AddError(Wanted3()), ERROR_ACCESS_DENIED);
 }
 
 TEST_F(SpoolerDrivers, TreatFilesThatAreThereByTheirAge) {
@@ -152,23 +130,23 @@ TEST_F(SpoolerDrivers, TreatFilesThatAreThereByTheirAge) {
     for (const auto& c : cases) {
         SCOPED_TRACE(c.flags);
         WriteFile("setup\\testzpl.ddt", "old");
-        ASSERT_TRUE(Add(Wanted3()));
+        ASSERT_EQ(AddError(Wanted3()), 0);
         WriteFile("setup\\testzpl.ddt", "new");
         const auto there = fs::last_write_time(Installed("testzpl.ddt"));
         fs::last_write_time(OnDriveC("setup\\testzpl.ddt"), there + (c.there_is_newer ? -1h : 1h));
-        EXPECT_EQ(Add(Wanted3(), c.flags), c.added);
+        EXPECT_EQ(AddError(Wanted3(), c.flags) == 0, c.added);
         EXPECT_EQ(Contents(Installed("testzpl.ddt")), c.then);
     }
 }
 
 TEST_F(SpoolerDrivers, TakeFilesFromTheDriverFolderAndWhereTheyAlreadyLie) {
     WriteFile("WINDOWS\\system32\\spool\\drivers\\w32x86\\staged.ddt", "staged");
-    ASSERT_TRUE(Add(Wanted3()));
+    ASSERT_EQ(AddError(Wanted3()), 0);
     DRIVER_INFO_3W info = Wanted3();
     info.pDataFile = Text(u"staged.ddt");
     info.pConfigFile = Text(u"C:\\WINDOWS\\system32\\spool\\drivers\\w32x86\\3\\testdrv.dll");
     info.pDriverPath = Text(u"testdrv.dll");
-    EXPECT_TRUE(Add(info)) << GetLastError();
+    EXPECT_EQ(AddError(info), 0);
     EXPECT_EQ(Contents(Installed("staged.ddt")), "staged");
     EXPECT_EQ(Contents(Installed("testdrv.dll")), Contents(OnDriveC("setup\\testdrv.dll")));
 
@@ -183,7 +161,7 @@ TEST_F(SpoolerDrivers, TakeFilesFromTheDriverFolderAndWhereTheyAlreadyLie) {
 
 TEST_F(SpoolerDrivers, AreListedAndForgotten) {
     AddDriver();
-    ASSERT_TRUE(Add(Wanted3()));
+    ASSERT_EQ(AddError(Wanted3()), 0);
     AddPrinter(u"LABELS");
     const auto names = [] {
         DWORD count = 0;
@@ -191,17 +169,17 @@ TEST_F(SpoolerDrivers, AreListedAndForgotten) {
             return EnumPrinterDriversW(nullptr, nullptr, 2, buffer, size, needed, &count);
         });
         std::u16string all;
-        for (DWORD i = 0; i < count; ++i) all += list[i].pName + std::u16string(u";");
+        for (DWORD i = 0; i < count; ++i) all += Joined({list[i].pName});
         return all;
     };
     const auto forget = [](LPCWSTR name) {
-        return DeletePrinterDriverW(nullptr, nullptr, Text(name)) ? DWORD{0} : GetLastError();
+        return ErrorOf(DeletePrinterDriverW(nullptr, nullptr, Text(name)));
     };
     EXPECT_EQ(names(), u"Test Driver;Small Driver;");
-    EXPECT_EQ(forget(u"test driver"), DWORD{ERROR_PRINTER_DRIVER_IN_USE});
-    EXPECT_EQ(forget(u"Nobody"), DWORD{ERROR_UNKNOWN_PRINTER_DRIVER});
-    EXPECT_EQ(forget(u""), DWORD{ERROR_UNKNOWN_PRINTER_DRIVER});
-    EXPECT_EQ(forget(u"Small Driver"), 0u);
+    EXPECT_EQ(forget(u"test driver"), ERROR_PRINTER_DRIVER_IN_USE);
+    EXPECT_EQ(forget(u"Nobody"), ERROR_UNKNOWN_PRINTER_DRIVER);
+    EXPECT_EQ(forget(u""), ERROR_UNKNOWN_PRINTER_DRIVER);
+    EXPECT_EQ(forget(u"Small Driver"), 0);
     EXPECT_EQ(names(), u"Test Driver;");
     EXPECT_TRUE(fs::exists(Installed("testdrv.dll")));
 }

@@ -16,6 +16,7 @@ SpoolerTest::SpoolerTest() {
 }
 
 SpoolerTest::~SpoolerTest() {
+    for (HANDLE printer : opened_) ClosePrinter(printer);
     win32host::UseProcessUser();
 }
 
@@ -68,7 +69,15 @@ void SpoolerTest::AddPrinter(const std::u16string& name) const {
 HANDLE SpoolerTest::Open(const std::u16string& name, ACCESS_MASK access) {
     PRINTER_DEFAULTSW defaults = {nullptr, nullptr, access};
     HANDLE printer = nullptr;
-    return OpenPrinterW(Text(name), &printer, &defaults) ? printer : nullptr;
+    if (!OpenPrinterW(Text(name), &printer, &defaults)) return nullptr;
+    opened_.push_back(printer);
+    return printer;
+}
+
+HANDLE SpoolerTest::Add(PRINTER_INFO_2W info) {
+    const HANDLE printer = AddPrinterW(nullptr, 2, reinterpret_cast<LPBYTE>(&info));
+    if (printer) opened_.push_back(printer);
+    return printer;
 }
 
 std::u16string SpoolerTest::TakeNotes() {

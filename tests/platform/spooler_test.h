@@ -2,6 +2,7 @@
 // forms of the questions that most tests ask.
 #pragma once
 
+#include "platform/error_of.h"
 #include "support/host_test.h"
 
 #include <windows.h>
@@ -9,7 +10,7 @@
 
 #include <win32host/control.h>
 
-#include <cstring>
+#include <initializer_list>
 #include <string>
 #include <vector>
 
@@ -27,13 +28,19 @@ protected:
     static PRINTER_INFO_2W Wanted(LPCWSTR name);
     static PRINTER_INFO_2W Wanted(const std::u16string& name) { return Wanted(name.c_str()); }
     static PRINTER_INFO_2W Wanted(std::u16string&& name) = delete;
-    static HANDLE Open(const std::u16string& name, ACCESS_MASK access = PRINTER_ALL_ACCESS);
+
+    // Null when it fails; what these open is closed at the end of the test.
+    HANDLE Open(const std::u16string& name, ACCESS_MASK access = PRINTER_ALL_ACCESS);
+    HANDLE Add(PRINTER_INFO_2W info);
 
     // What the driver has noted since the last call.
     static std::u16string TakeNotes();
 
     static void UseAdministrator();
     static void UseGuest();
+
+private:
+    std::vector<HANDLE> opened_;
 };
 
 // The SDK's structures point to texts that they do not change.
@@ -45,9 +52,11 @@ inline LPWSTR Text(const std::u16string& text) {
 }
 LPWSTR Text(std::u16string&& text) = delete; // it would be gone before it is looked at
 
-// A text of ASCII characters.
-inline std::u16string Utf16Of(const char* text) {
-    return {text, text + std::strlen(text)};
+// All these texts, each with a semicolon behind it.
+inline std::u16string Joined(std::initializer_list<LPCWSTR> texts) {
+    std::u16string all;
+    for (LPCWSTR text : texts) all += std::u16string(text ? text : u"(null)") + u';';
+    return all;
 }
 
 // A filled buffer, and the structures at its start.
@@ -77,4 +86,27 @@ inline Answer<PRINTER_INFO_2W> PrinterInfo2(HANDLE printer) {
     return Answer<PRINTER_INFO_2W>([&](LPBYTE buffer, DWORD size, LPDWORD needed) {
         return GetPrinterW(printer, 2, buffer, size, needed);
     });
+}
+
+template <class Info>
+Answer<Info> DriverInfo(HANDLE printer, DWORD level) {
+    return Answer<Info>([&](LPBYTE buffer, DWORD size, LPDWORD needed) {
+        return GetPrinterDriverW(printer, nullptr, level, buffer, size, needed);
+    });
+}
+
+// Changes a printer's record; answers the error code.
+inline int SetInfo(HANDLE printer, PRINTER_INFO_2W info, DWORD command = 0) {
+    return ErrorOf(SetPrinterW(printer, 2, reinterpret_cast<LPBYTE>(&info), command));
+}
+
+// The names that EnumPrintersW gives, joined.
+inline std::u16string PrinterNames(DWORD flags, LPWSTR server = nullptr) {
+    DWORD count = 0;
+    const Answer<PRINTER_INFO_2W> list([&](LPBYTE buffer, DWORD size, LPDWORD needed) {
+        return EnumPrintersW(flags, server, 2, buffer, size, needed, &count);
+    });
+    std::u16string all;
+    for (DWORD i = 0; list.good() && i < count; ++i) all += Joined({list[i].pPrinterName});
+    return all;
 }

@@ -1,0 +1,12 @@
+// The error codes of calls, for tests.
+#pragma once
+
+#include <windows.h>
+
+// 0 when a call went well, else the error that it left.
+inline int ErrorOf(bool done) {
+    return done ? 0 : static_cast<int>(GetLastError());
+}
+inline int ErrorOf(HANDLE opened) {
+    return ErrorOf(opened != nullptr && opened != INVALID_HANDLE_VALUE);
+}
