@@ -70,32 +70,32 @@ struct ImageDither {
     // the one before and the third before), from number n on, 0..19.
     static void GetAlgebraicSequence(int n, int& A, int& B, int& C);
 
-    unsigned char* pixels;
-    int32_t width;
-    int32_t height;
-    int32_t row_size;
+    unsigned char* pixels = nullptr;
+    int32_t width = 0;
+    int32_t height = 0;
+    int32_t row_size = 0;
 
     // Red, green, blue and an unused byte each.
-    uint8_t palette[kPaletteSize][4];
-    int32_t palette_count;
-    int32_t color_mode;
+    uint8_t palette[kPaletteSize][4] = {};
+    int32_t palette_count = 0;
+    int32_t color_mode = 0;
 
     // 0: the colour goes into all three bytes of a pixel. Otherwise the first byte becomes a colour
     // index and the other two stay what adjustment, mirroring and diffusion made of them. The index
     // is 1 for white and 0 for black in monochrome, the entry's number in palette mode, else the
     // sum of the inks: 2 magenta (green is off), 4 cyan (red is off), 8 yellow (blue is off).
-    int32_t index_output;
+    int32_t index_output = 0;
 
     // The entries nearest to the last pixel that was looked up in the palette (the last one of the
     // image): the nearest, and the nearest of those with another value. -1: none.
-    int32_t nearest;
-    int32_t second_nearest;
+    int32_t nearest = -1;
+    int32_t second_nearest = -1;
 
     // Added to a pixel's column and row when it is looked up in a pattern.
-    int32_t origin_x;
-    int32_t origin_y;
+    int32_t origin_x = 0;
+    int32_t origin_y = 0;
 
-    dithercfg config;
+    dithercfg config = {};
 };
 static_assert(sizeof(void*) != 4 || sizeof(ImageDither) == 132);
 static_assert(offsetof(ImageDither, width) == sizeof(void*));

@@ -1,0 +1,453 @@
+#include "imaging/image_dither.h"
+
+#include <gmock/gmock.h>
+#include <gtest/gtest.h>
+
+#include <algorithm>
+#include <cstring>
+#include <initializer_list>
+#include <string>
+#include <vector>
+
+#include "zplui.h"
+
+namespace {
+
+using testing::Each;
+using testing::ElementsAre;
+using Image = std::vector<uint8_t>;
+
+// Pixels that are all the same.
+Image Flat(int width, int height, uint8_t blue, uint8_t green, uint8_t red) {
+    Image image;
+    for (int i = 0; i < width * height; ++i) image.insert(image.end(), {blue, green, red});
+    return image;
+}
+
+Image Grey(int width, int height, uint8_t value) {
+    return Flat(width, height, value, value, value);
+}
+
+// Settings that change nothing before thresholding.
+dithercfg Plain(int16_t algorithm = dithercfg::ALGORITHM_NONE) {
+    dithercfg config = {};
+    config.algorithm = algorithm;
+    return config;
+}
+
+ImageDither Record(Image& image, int width, int height, int mode, bool index = false) {
+    ImageDither record;
+    record.SetBitmap(image.data(), width, height, 0);
+    record.SetColorMode(mode, index);
+    record.SetDither(Plain());
+    return record;
+}
+
+// A palette value as the engine takes it.
+constexpr uint32_t Rgb(uint32_t red, uint32_t green, uint32_t blue, uint32_t unused = 0) {
+    return red | green << 8 | blue << 16 | unused << 24;
+}
+
+// The first byte of every pixel.
+Image FirstBytes(const Image& image) {
+    Image bytes;
+    for (size_t i = 0; i < image.size(); i += 3) bytes.push_back(image[i]);
+    return bytes;
+}
+
+TEST(DitherAdjustment, IsExactAtItsEnds) {
+    // What becomes of a grey pixel's channel shows in index output's second byte.
+    const struct {
+        const char* what;
+        int16_t brightness, contrast, green, flags;
+        uint8_t in, out;
+    } cases[] = {
+        {"contrast 100 doubles the distance, clamped", 0, 100, 0, 0, 192, 255},
+        {"contrast 100 doubles the distance", 0, 100, 0, 0, 100, 72},
+        {"contrast -100 leaves the middle", 0, -100, 0, 0, 7, 128},
+        {"a half is rounded away from zero above the middle", 0, -50, 0, 0, 129, 129},
+        {"a half is rounded away from zero below the middle", 0, -50, 0, 0, 127, 127},
+        {"inverted black is clamped", 0, 0, 0, 4, 0, 255},
+        {"inverted white is not black", 0, 0, 0, 4, 255, 1},
+        {"the inverted middle is the middle", 0, 0, 0, 4, 128, 128},
+        {"offsets add up before clamping", 100, 0, -100, 0, 200, 200},
+        {"inversion comes before the offset", 10, 0, 0, 4, 200, 66},
+        {"the offset comes before the contrast", 50, 100, 0, 0, 100, 172},
+        {"clamped below", -100, 0, -100, 0, 199, 0},
+    };
+    for (const auto& c : cases) {
+        Image image = Grey(1, 1, c.in);
+        ImageDither record = Record(image, 1, 1, ImageDither::COLOR, true);
+        record.config.brightness = c.brightness;
+        record.config.contrast = c.contrast;
+        record.config.green = c.green;
+        record.config.flags = c.flags;
+        record.Dither();
+        EXPECT_EQ(image[1], c.out) << c.what;
+    }
+}
+
+TEST(DitherAdjustment, WeighsTheChannelsForGrey) {
+    const struct {
+        uint8_t blue, green, red, grey;
+    } cases[] = {{0, 0, 255, 76}, {0, 255, 0, 140}, {255, 0, 0, 38}, {255, 255, 255, 255}};
+    for (const auto& c : cases) {
+        Image image = Flat(1, 1, c.blue, c.green, c.red);
+        Record(image, 1, 1, ImageDither::MONOCHROME, true).Dither();
+        EXPECT_THAT(image, ElementsAre(c.grey >= 128 ? 1 : 0, c.grey, c.grey));
+    }
+}
+
+TEST(DitherAdjustment, MirrorsBeforeScreening) {
+    // White where the pattern's threshold is below 100: in the first column of the first row and
+    // the second of the second one.
+    Image image = {0, 0, 0, 100, 100, 100, 0, 0, 0, 0, 0, 0};
+    ImageDither record = Record(image, 2, 2, ImageDither::MONOCHROME);
+    record.config.algorithm = dithercfg::ALGORITHM_DISPERSED;
+    record.config.flags = dithercfg::FLAG_MIRROR;
+    record.Dither();
+    EXPECT_THAT(FirstBytes(image), ElementsAre(255, 0, 0, 0));
+}
+
+TEST(DitherAdjustment, KeepsTheMiddleColumnAndRowWhereItMirrors) {
+    const auto mirrored = [](int16_t flags) {
+        Image image;
+        for (uint8_t i = 0; i < 9; ++i) image.insert(image.end(), {0, i, uint8_t(i + 100)});
+        ImageDither record = Record(image, 3, 3, ImageDither::COLOR, true);
+        record.config.flags = flags;
+        record.Dither();
+        Image green;
+        for (size_t i = 1; i < image.size(); i += 3) green.push_back(image[i]);
+        return green;
+    };
+    EXPECT_THAT(mirrored(1), ElementsAre(2, 1, 0, 5, 4, 3, 8, 7, 6));
+    EXPECT_THAT(mirrored(2), ElementsAre(6, 7, 8, 3, 4, 5, 0, 1, 2));
+    EXPECT_THAT(mirrored(3), ElementsAre(8, 7, 6, 5, 4, 3, 2, 1, 0));
+}
+
+TEST(DitherThresholding, TurnsTheMiddleOn) {
+    Image image = {127, 128, 255};
+    Record(image, 1, 1, ImageDither::COLOR).Dither();
+    EXPECT_THAT(image, ElementsAre(0, 255, 255));
+}
+
+TEST(DitherThresholding, NamesTheInksOfColors) {
+    const struct {
+        const char* color;
+        uint8_t blue, green, red, index;
+    } cases[] = {{"white", 255, 255, 255, 0}, {"black", 0, 0, 0, 14},   {"red", 0, 0, 255, 10},
+                 {"yellow", 0, 255, 255, 8},  {"green", 0, 255, 0, 12}, {"blue", 255, 0, 0, 6},
+                 {"magenta", 255, 0, 255, 2}, {"cyan", 255, 255, 0, 4}};
+    for (int mode : {2, 3, 4, 7, -1})
+        for (const auto& c : cases) {
+            Image image = Flat(1, 1, c.blue, c.green, c.red);
+            Record(image, 1, 1, mode, true).Dither();
+            const bool one = c.index == 14 && (mode == 3 || mode == 4);
+            EXPECT_THAT(image, ElementsAre(one ? 1 : c.index, c.green, c.red))
+                << c.color << " in mode " << mode;
+        }
+}
+
+TEST(DitherOrdered, MovesThePatternByTheOrigin) {
+    const struct {
+        int32_t x, y;
+        Image white;
+    } cases[] = {
+        {0, 0, {255, 0, 0, 255}},         {1, 0, {0, 255, 255, 0}},
+        {0, 1, {0, 255, 255, 0}},         {1, 1, {255, 0, 0, 255}},
+        {-1, 0, {0, 255, 255, 0}},        {-2, -2, {255, 0, 0, 255}},
+        {INT32_MIN, 0, {255, 0, 0, 255}}, {INT32_MAX, 0, {0, 255, 255, 0}},
+    };
+    for (const auto& c : cases) {
+        Image image = Grey(2, 2, 100);
+        ImageDither record = Record(image, 2, 2, ImageDither::MONOCHROME);
+        record.config.algorithm = dithercfg::ALGORITHM_DISPERSED;
+        record.origin_x = c.x;
+        record.origin_y = c.y;
+        record.Dither();
+        EXPECT_EQ(FirstBytes(image), c.white) << c.x << " " << c.y;
+    }
+}
+
+TEST(DitherOrdered, UsesEveryThresholdOfAMatrixOnce) {
+    // Of k * k pixels of one grey, as many are white as thresholds are below it.
+    const struct {
+        int16_t algorithm, matrix;
+        int size, scale;
+    } cases[] = {{1, 0, 2, 64}, {1, 1, 4, 16}, {1, 2, 8, 4}, {2, 0, 2, 64},
+                 {2, 1, 4, 16}, {2, 2, 6, 7},  {2, 3, 8, 4}};
+    for (const auto& c : cases)
+        for (int grey = 0; grey < 256; grey += 5) {
+            Image image = Grey(c.size, c.size, static_cast<uint8_t>(grey));
+            ImageDither record = Record(image, c.size, c.size, ImageDither::MONOCHROME, true);
+            record.config.algorithm = c.algorithm;
+            record.config.dispersed_matrix = record.config.clustered_matrix = c.matrix;
+            record.Dither();
+            int white = 0;
+            for (uint8_t byte : FirstBytes(image)) white += byte;
+            EXPECT_EQ(white, std::min((grey + c.scale - 1) / c.scale, c.size * c.size))
+                << c.algorithm << " " << c.matrix << " grey " << grey;
+        }
+}
+
+TEST(DitherAlgebraic, ComputesItsPatternFromTheSequence) {
+    const struct {
+        int n, a, b, c;
+    } cases[] = {{0, 1, 1, 2},           {4, 4, 6, 9},  {18, 872, 1278, 1873},
+                 {19, 1278, 1873, 2745}, {-1, 1, 1, 2}, {20, 1278, 1873, 2745}};
+    for (const auto& expected : cases) {
+        int a, b, c;
+        ImageDither::GetAlgebraicSequence(expected.n, a, b, c);
+        EXPECT_THAT((std::vector<int>{a, b, c}), ElementsAre(expected.a, expected.b, expected.c));
+
+        Image image = Grey(40, 3, 90);
+        ImageDither record = Record(image, 40, 3, ImageDither::MONOCHROME, true);
+        record.config.algorithm = dithercfg::ALGORITHM_ALGEBRAIC;
+        record.config.sequence = static_cast<int16_t>(expected.n);
+        record.origin_x = 3;
+        record.origin_y = -2;
+        record.Dither();
+        for (int y = 0; y < 3; ++y)
+            for (int x = 0; x < 40; ++x) {
+                const int t = (((y - 2) * a + (x + 3) * b) % c + c) % c;
+                ASSERT_EQ(image[static_cast<size_t>(y * 40 + x) * 3], 90 * c > t * 256 ? 1 : 0)
+                    << expected.n << " at " << x << " " << y;
+            }
+    }
+}
+
+TEST(DitherDiffusion, TruncatesEveryShareOfTheError) {
+    // 100 becomes black, its error -100: 43 of 43.75 to the right, 31 below, 18 to the left and 6
+    // to the right of that.
+    Image image = {0, 0, 0, 100, 0, 0, 0, 0, 0, 0, 0, 0, 0, 0, 0, 0, 0, 0};
+    ImageDither record = Record(image, 3, 2, ImageDither::COLOR, true);
+    record.config.algorithm = dithercfg::ALGORITHM_DIFFUSION;
+    for (size_t i = 1; i < image.size(); i += 3) image[i] = image[i - 1]; // green like blue
+    record.Dither();
+    Image green;
+    for (size_t i = 1; i < image.size(); i += 3) green.push_back(image[i]);
+    // The pixels that get something are black as well: of 43, 8 and 13 go to the second row, of 18
+    // there 7 go on, of the 46 that come together in its middle 20.
+    EXPECT_THAT(green, ElementsAre(0, 100, 43, 18, 46, 39));
+}
+
+TEST(DitherDiffusion, SendsTheErrorStraightDownInOneColumn) {
+    Image image = {64, 64, 64, 0, 0, 0};
+    ImageDither record = Record(image, 1, 2, ImageDither::COLOR, true);
+    record.config.algorithm = dithercfg::ALGORITHM_DIFFUSION;
+    record.Dither();
+    EXPECT_EQ(image[4], 64 * 5 / 16);
+    Image other = {64, 64, 64, 0, 0, 0, 0, 0, 0};
+    ImageDither jarvis = Record(other, 1, 3, ImageDither::COLOR, true);
+    jarvis.config.algorithm = dithercfg::ALGORITHM_DEVICE;
+    jarvis.config.diffusion_kernel = 1;
+    jarvis.Dither();
+    EXPECT_EQ(other[4], 64 * 7 / 48);
+    EXPECT_EQ(other[7], 64 * 5 / 48 + (64 * 7 / 48) * 7 / 48);
+}
+
+TEST(DitherDiffusion, SpreadsOneByteOfAGreyPixel) {
+    Image image = Grey(3, 1, 100);
+    ImageDither record = Record(image, 3, 1, ImageDither::MONOCHROME, true);
+    record.config.algorithm = dithercfg::ALGORITHM_DIFFUSION;
+    record.Dither();
+    EXPECT_THAT(image, ElementsAre(0, 100, 100, 1, 100, 100, 0, 100, 100));
+}
+
+TEST(DitherPalette, TakesRedFirstAndGivesBlueFirst) {
+    Image image = {10, 20, 240};
+    ImageDither record = Record(image, 1, 1, ImageDither::PALETTE);
+    const uint32_t entries[] = {Rgb(0, 0, 255), Rgb(250, 30, 5)};
+    record.SetPalette(entries, 2);
+    record.Dither();
+    EXPECT_THAT(image, ElementsAre(5, 30, 250));
+    EXPECT_EQ(record.nearest, 1);
+    EXPECT_EQ(record.second_nearest, 0);
+}
+
+TEST(DitherPalette, PassesOverEntriesThatRepeatTheNearest) {
+    const struct {
+        const char* what;
+        std::vector<uint32_t> entries;
+        int nearest, second;
+    } cases[] = {
+        {"alone", {Rgb(9, 9, 9)}, 0, -1},
+        {"all alike", {Rgb(9, 9, 9), Rgb(9, 9, 9)}, 0, -1},
+        {"a repeated one before another", {Rgb(9, 9, 9), Rgb(9, 9, 9), Rgb(99, 9, 9)}, 0, 2},
+        {"the unused byte makes another value", {Rgb(9, 9, 9), Rgb(9, 9, 9, 1)}, 0, 1},
+        {"the first of two that are as near", {Rgb(99, 9, 9), Rgb(9, 9, 9), Rgb(99, 9, 9)}, 1, 0},
+    };
+    for (const auto& c : cases) {
+        Image image = Grey(1, 1, 9);
+        ImageDither record = Record(image, 1, 1, ImageDither::PALETTE);
+        Palette palette;
+        for (uint32_t entry : c.entries) palette.Add(entry);
+        record.SetPalette(palette);
+        for (const int16_t algorithm : std::initializer_list<int16_t>{0, 2, 3, 4}) {
+            record.nearest = record.second_nearest = -2;
+            record.config.algorithm = algorithm;
+            record.Dither();
+            EXPECT_EQ(record.nearest, c.nearest) << c.what << ", algorithm " << algorithm;
+            EXPECT_EQ(record.second_nearest, c.second) << c.what << ", algorithm " << algorithm;
+        }
+    }
+}
+
+TEST(DitherPalette, OfOneColorScreensToThatColor) {
+    for (int16_t algorithm = 0; algorithm <= 5; ++algorithm) {
+        Image image = Grey(20, 4, 200);
+        ImageDither record = Record(image, 20, 4, ImageDither::PALETTE);
+        const uint32_t entry = Rgb(7, 7, 7);
+        record.SetPalette(&entry, 1);
+        record.config.algorithm = algorithm;
+        record.Dither();
+        EXPECT_THAT(image, Each(7)) << algorithm;
+    }
+}
+
+TEST(DitherPalette, IgnoresCountsThatItHasNoRoomFor) {
+    ImageDither record;
+    const uint32_t entries[17] = {Rgb(1, 2, 3, 4)};
+    record.SetPalette(entries, 16);
+    EXPECT_EQ(record.palette_count, 16);
+    EXPECT_THAT(record.palette[0], ElementsAre(1, 2, 3, 4));
+    const uint32_t others[17] = {Rgb(9, 9, 9)};
+    for (int count : {17, 0, -1, INT32_MAX}) record.SetPalette(others, count);
+    record.SetPalette(Palette());
+    EXPECT_EQ(record.palette_count, 16);
+    EXPECT_THAT(record.palette[0], ElementsAre(1, 2, 3, 4));
+}
+
+TEST(DitherSmooth, ShowsTheTextureInFiveLevels) {
+    Image image = Grey(40, 30, 128);
+    ImageDither record = Record(image, 40, 30, ImageDither::MONOCHROME);
+    record.config.algorithm = dithercfg::ALGORITHM_DIFFUSION;
+    record.DitherSmooth();
+    EXPECT_THAT(image, Each(testing::AnyOf(0, 63, 127, 191, 255)));
+    int64_t sum = 0;
+    for (uint8_t byte : image) sum += byte;
+    EXPECT_NEAR(static_cast<double>(sum) / static_cast<double>(image.size()), 128, 4);
+}
+
+TEST(DitherSmooth, IgnoresOriginAndRowSize) {
+    Image image = Grey(4, 4, 100), moved = image;
+    ImageDither record = Record(image, 4, 4, ImageDither::MONOCHROME);
+    record.config.algorithm = dithercfg::ALGORITHM_DISPERSED;
+    record.DitherSmooth();
+    ImageDither other = record;
+    other.SetBitmap(moved.data(), 4, 4, INT32_MIN);
+    other.origin_x = other.origin_y = 1;
+    other.DitherSmooth();
+    EXPECT_THAT(image, Each(127)); // two of every four dots
+    EXPECT_EQ(moved, image);
+}
+
+TEST(DitherRecord, TakesSettingsThatNobodyChecked) {
+    // As the nearest valid ones; the engine must stay inside its tables and the image.
+    struct Settings {
+        int16_t algorithm, dispersed, clustered, kernel, sequence;
+    };
+    const struct {
+        Settings wild, valid;
+    } cases[] = {
+        {{-1, 0, 0, 0, 0}, {0, 0, 0, 0, 0}},     {{1, -1, 0, 0, 0}, {1, 0, 0, 0, 0}},
+        {{1, 99, 0, 0, 0}, {1, 2, 0, 0, 0}},     {{2, 0, -7, 0, 0}, {2, 0, 2, 0, 0}},
+        {{2, 0, 4, 0, 0}, {2, 0, 2, 0, 0}},      {{3, 0, 0, 0, -30000}, {3, 0, 0, 0, 0}},
+        {{3, 0, 0, 0, 30000}, {3, 0, 0, 0, 19}}, {{4, 0, 0, -5, 0}, {4, 0, 0, 0, 0}},
+        {{4, 0, 0, 5, 0}, {4, 0, 0, 1, 0}},      {{32767, 0, 0, 1, 0}, {5, 0, 0, 1, 0}},
+    };
+    const auto screen = [](const Settings& s) {
+        Image image = Grey(30, 9, 77);
+        ImageDither record = Record(image, 30, 9, ImageDither::MONOCHROME);
+        record.config.algorithm = s.algorithm;
+        record.config.dispersed_matrix = s.dispersed;
+        record.config.clustered_matrix = s.clustered;
+        record.config.diffusion_kernel = s.kernel;
+        record.config.sequence = s.sequence;
+        record.Dither();
+        return image;
+    };
+    for (const auto& c : cases) EXPECT_EQ(screen(c.wild), screen(c.valid)) << c.wild.algorithm;
+}
+
+TEST(DitherRecord, WithImpossibleSizesLeavesTheImageAlone) {
+    const int32_t sizes[][2] = {{0, 1},     {1, 0},         {-1, 1},        {1, -1},
+                                {32768, 1}, {1, INT32_MAX}, {INT32_MIN, 1}, {INT32_MAX, INT32_MAX}};
+    for (const auto& size : sizes) {
+        Image image = Grey(1, 1, 77);
+        ImageDither record = Record(image, size[0], size[1], ImageDither::COLOR);
+        X16_ImageDither_Dither(&record);
+        X16_ImageDither_DitherSmooth(&record);
+        EXPECT_THAT(image, Each(77)) << size[0] << " x " << size[1];
+    }
+    ImageDither record;
+    record.SetBitmap(nullptr, 100, 100, 0);
+    X16_ImageDither_Dither(&record);
+    X16_ImageDither_DitherSmooth(&record);
+    X16_ImageDither_Dither(nullptr);
+    X16_ImageDither_DitherSmooth(nullptr);
+}
+
+TEST(DitherRecord, WithoutPaletteEntriesIsOnlyAdjusted) {
+    for (int32_t count : {0, -1, INT32_MIN})
+        for (int16_t algorithm = 0; algorithm <= 5; ++algorithm) {
+            Image image = {1, 2, 3, 4, 5, 6};
+            ImageDither record = Record(image, 2, 1, ImageDither::PALETTE);
+            record.palette_count = count;
+            record.config.algorithm = algorithm;
+            record.config.brightness = 10;
+            record.config.flags = dithercfg::FLAG_MIRROR;
+            X16_ImageDither_Dither(&record);
+            EXPECT_THAT(image, ElementsAre(14, 15, 16, 11, 12, 13));
+            EXPECT_EQ(record.nearest, -1);
+            EXPECT_EQ(record.second_nearest, -1);
+        }
+}
+
+TEST(DitherRecord, HasNoMoreThanSixteenPaletteEntries) {
+    Image image = Grey(5, 1, 200);
+    ImageDither record = Record(image, 5, 1, ImageDither::PALETTE, true);
+    for (auto& entry : record.palette) entry[0] = 0;
+    record.palette[15][1] = 200;
+    record.palette_count = INT32_MAX;
+    X16_ImageDither_Dither(&record);
+    EXPECT_THAT(FirstBytes(image), Each(15));
+}
+
+TEST(DitherRecord, TakesTheLongestRowsAndColumns) {
+    for (const int16_t algorithm : std::initializer_list<int16_t>{2, 3, 4}) {
+        Image wide = Grey(32767, 1, 255), high = wide;
+        ImageDither record = Record(wide, 32767, 1, ImageDither::MONOCHROME, true);
+        record.config.algorithm = algorithm;
+        record.Dither();
+        EXPECT_THAT(FirstBytes(wide), Each(1));
+        record.SetBitmap(high.data(), 1, 32767, 0);
+        record.Dither();
+        EXPECT_THAT(FirstBytes(high), Each(1));
+    }
+}
+
+TEST(DitherRecord, IsSetUpByItsOperations) {
+    ImageDither record;
+    EXPECT_EQ(record.pixels, nullptr);
+    EXPECT_EQ(record.origin_x, 0);
+    EXPECT_EQ(record.origin_y, 0);
+    uint8_t pixel[3];
+    record.SetBitmap(pixel, 5, 7, 0);
+    EXPECT_EQ(record.row_size, 15);
+    record.SetBitmap(pixel, 5, 7, -16);
+    EXPECT_EQ(record.row_size, -16);
+    EXPECT_EQ(record.pixels, pixel);
+    EXPECT_EQ(record.width, 5);
+    EXPECT_EQ(record.height, 7);
+    record.SetColorMode(3, true);
+    EXPECT_EQ(record.color_mode, 3);
+    EXPECT_EQ(record.index_output, 1);
+    dithercfg config;
+    config.Reset();
+    config.reserved = 12;
+    record.SetDither(config);
+    EXPECT_EQ(std::memcmp(&record.config, &config, sizeof(config)), 0);
+}
+
+} // namespace
