@@ -1,10 +1,3 @@
-// Pixels depend on those to their left and on the rows above, but only a little to the right. So a
-// band of as many rows as a vector has lanes is worked on at once, every row some columns behind
-// the one above it. Lanes are rows: what a pixel gets from the rows above are the errors of the
-// lanes above, some steps ago.
-//
-// Every share that a pixel gets is clamped by itself, so they have to come in the order in which
-// row after row would have sent them.
 #include "imaging/dither_diffusion.h"
 
 #include <algorithm>
@@ -36,7 +29,7 @@ struct Kernel {
     void (*diffuse)(const DiffusionJob& job, int y, int rows, Carry& carry, uint8_t (&last)[3]);
 };
 
-Kernel KernelOf(SimdLevel level) {
+Kernel KernelOf([[maybe_unused]] SimdLevel level) {
 #ifdef KERNEL_LEVELS
     if (level == SimdLevel::AVX512) return {avx512::kRows, avx512::Diffuse};
     if (level == SimdLevel::AVX2) return {avx2::kRows, avx2::Diffuse};
@@ -48,7 +41,7 @@ Kernel KernelOf(SimdLevel level) {
 
 bool DiffuseImage(SimdLevel level, const DiffusionJob& job, uint8_t (&last)[3]) {
     // Zeros stand before and behind the columns of the image.
-    const size_t columns = static_cast<size_t>(job.width) + 2 * kMargin;
+    const size_t columns = static_cast<size_t>(job.width) + size_t{2} * kMargin;
     const std::unique_ptr<int16_t[]> errors(new (std::nothrow) int16_t[6 * columns]());
     if (!errors) return false;
     Carry carry;

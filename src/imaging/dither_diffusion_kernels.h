@@ -1,5 +1,12 @@
 // The kernels of imaging/dither_diffusion.cpp; see imaging/kernel_levels.h.
 //
+// Pixels depend on those to their left and on the rows above, but only a little to the right. So a
+// band of as many rows as a vector has lanes is worked on at once, every row some columns behind
+// the one above it. Lanes are rows: what a pixel gets from the rows above are the errors of the
+// lanes above, some steps ago.
+//
+// Every share that a pixel gets is clamped by itself, so they have to come in the order in which
+// row after row would have sent them.
 namespace {
 namespace KERNEL_LEVEL {
 
@@ -18,7 +25,7 @@ struct Stage {
     alignas(64) uint8_t bytes[kColumns][N];
 };
 
-// Interleaves the halves of N bytes of two vectors, `half` 0 or 1.
+// Interleaves the lower (0) or upper (1) halves of two vectors.
 template <int HALF, int N, int... I>
 KERNEL_INLINE void Interleave(Vector<uint8_t, N>& out, const Vector<uint8_t, N>& a,
                               const Vector<uint8_t, N>& b, std::integer_sequence<int, I...>) {
@@ -51,14 +58,14 @@ KERNEL_INLINE void CopyPixels(Stage<N>& stage, const DiffusionJob& job, int y, i
     uint8_t* top = job.pixels + y * row_size;
     const bool inside = rows == N && first >= lag * (N - 1) && first + kSteps <= job.width;
     if (inside) {
-        constexpr int kSquare = N < 16 ? N : 16;
+        constexpr int kSquare = std::min(N, 16);
         for (int lane = 0; lane < N; lane += kSquare) {
             for (int column = 0; column < kColumns; column += kSquare) {
                 uint8_t* image[kSquare];
                 uint8_t* staged[kSquare];
                 for (int i = 0; i < kSquare; ++i) {
-                    image[i] =
-                        top + (lane + i) * row_size + 3 * (first - lag * (lane + i)) + column;
+                    const ptrdiff_t x = first - lag * (lane + i);
+                    image[i] = top + (lane + i) * row_size + 3 * x + column;
                     staged[i] = &stage.bytes[column + i][lane];
                 }
                 if (TO_IMAGE)
@@ -71,14 +78,15 @@ KERNEL_INLINE void CopyPixels(Stage<N>& stage, const DiffusionJob& job, int y, i
     }
     for (int lane = 0; lane < rows; ++lane) {
         const int x = first - lag * lane;
-        uint8_t* pixel = top + lane * row_size + 3 * static_cast<ptrdiff_t>(x);
+        uint8_t* row = top + lane * row_size;
         const int begin = 3 * std::clamp(-x, 0, kSteps);
         const int end = 3 * std::clamp(job.width - x, 0, kSteps);
         for (int column = begin; column < end; ++column) {
+            uint8_t& byte = row[3 * x + column];
             if (TO_IMAGE)
-                pixel[column] = stage.bytes[column][lane];
+                byte = stage.bytes[column][lane];
             else
-                stage.bytes[column][lane] = pixel[column];
+                stage.bytes[column][lane] = byte;
         }
     }
 }

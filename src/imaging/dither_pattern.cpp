@@ -1,6 +1,7 @@
 #include "imaging/dither_pattern.h"
 
 #include <algorithm>
+#include <cstddef>
 #include <numeric>
 
 namespace {
@@ -61,8 +62,8 @@ void DitherPattern::SetMatrix(const uint8_t* matrix, int size, int scale, int32_
     first_ = Modulo(origin_y, size);
     column_ = Modulo(origin_x, size);
     for (int row = 0; row < size; ++row) {
-        uint16_t* values = values_ + row * (size + kRun);
-        uint8_t* limits = limits_ + row * (size + kRun);
+        uint16_t* values = values_ + ptrdiff_t{row} * (size + kRun);
+        uint8_t* limits = limits_ + ptrdiff_t{row} * (size + kRun);
         for (int x = 0; x < size + kRun; ++x) {
             values[x] = static_cast<uint16_t>(matrix[row * size + x % size] * scale);
             limits[x] = static_cast<uint8_t>(values[x]);

@@ -15,7 +15,8 @@ void MirrorRow(uint8_t* row, int width) {
     }
 }
 
-void AdjustRow(SimdLevel level, uint8_t* row, int width, const DitherAdjustment& adjustment) {
+void AdjustRow([[maybe_unused]] SimdLevel level, uint8_t* row, int width,
+               const DitherAdjustment& adjustment) {
     if (adjustment.nothing) return;
 #ifdef KERNEL_LEVELS
     if (level == SimdLevel::AVX512) return avx512::Adjust(row, width, adjustment);
@@ -24,7 +25,7 @@ void AdjustRow(SimdLevel level, uint8_t* row, int width, const DitherAdjustment&
     plain::Adjust(row, width, adjustment);
 }
 
-void ScreenRow(SimdLevel level, uint8_t* row, int width, const ScreenJob& job,
+void ScreenRow([[maybe_unused]] SimdLevel level, uint8_t* row, int width, const ScreenJob& job,
                const DitherPattern::Row& pattern) {
 #ifdef KERNEL_LEVELS
     if (level == SimdLevel::AVX512) return avx512::Screen(row, width, job, pattern);

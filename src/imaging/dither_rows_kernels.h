@@ -47,7 +47,7 @@ KERNEL_INLINE void JoinChannels(uint8_t* pixels, const Vector<uint8_t, N>* in,
     using J = Join<N, P>;
     Vector<uint8_t, N> out = __builtin_shufflevector(in[0], in[1], J::First(I)...);
     out = __builtin_shufflevector(out, in[2], J::Second(I)...);
-    Store(out, pixels + P * N);
+    Store(out, pixels + ptrdiff_t{P} * N);
 }
 
 template <int N>
@@ -56,7 +56,7 @@ KERNEL_INLINE void LoadPlanes(Planes& planes, const uint8_t* pixels, int count) 
     int x = 0;
     for (; x + N <= count; x += N) {
         Vector<uint8_t, N> in[3];
-        for (int i = 0; i < 3; ++i) Load(in[i], pixels + 3 * x + i * N);
+        for (int i = 0; i < 3; ++i) Load(in[i], pixels + ptrdiff_t{3} * x + ptrdiff_t{i} * N);
         SplitChannel<N, 0>(planes.channel[0] + x, in, Lanes());
         SplitChannel<N, 1>(planes.channel[1] + x, in, Lanes());
         SplitChannel<N, 2>(planes.channel[2] + x, in, Lanes());
@@ -76,9 +76,9 @@ KERNEL_INLINE void StorePlanes(uint8_t* pixels, const uint8_t* blue, const uint8
         Load(in[0], blue + x);
         Load(in[1], green + x);
         Load(in[2], red + x);
-        JoinChannels<N, 0>(pixels + 3 * x, in, Lanes());
-        JoinChannels<N, 1>(pixels + 3 * x, in, Lanes());
-        JoinChannels<N, 2>(pixels + 3 * x, in, Lanes());
+        JoinChannels<N, 0>(pixels + ptrdiff_t{3} * x, in, Lanes());
+        JoinChannels<N, 1>(pixels + ptrdiff_t{3} * x, in, Lanes());
+        JoinChannels<N, 2>(pixels + ptrdiff_t{3} * x, in, Lanes());
     }
     for (; x < count; ++x) {
         pixels[3 * x] = blue[x];
