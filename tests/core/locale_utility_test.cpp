@@ -3,6 +3,7 @@
 #include <gtest/gtest.h>
 
 #include <string>
+#include <utility>
 
 #include "core/text.h"
 
@@ -36,10 +37,7 @@ WideText Decoded(const std::string& bytes) {
 const WCHAR kEnd = 0;
 
 TEST(UTF8, CodesEveryUnitByItself) {
-    const struct {
-        WideText units;
-        std::string bytes;
-    } cases[] = {
+    const std::pair<WideText, std::string> cases[] = {
         {{}, ""},
         {{'A'}, "A"},
         {{0x7F}, "\x7F"},
@@ -48,49 +46,38 @@ TEST(UTF8, CodesEveryUnitByItself) {
         {{0x800}, "\xE0\xA0\x80"},
         {{0x20AC}, "\xE2\x82\xAC"},
         {{0xFFFF}, "\xEF\xBF\xBF"},
-        {{0xD83D, 0xDE00}, "\xED\xA0\xBD\xED\xB8\x80"},
-    };
-    for (const auto& c : cases) {
-        EXPECT_EQ(Encoded(c.units), c.bytes + '\0');
-        EXPECT_EQ(Decoded(c.bytes), c.units + kEnd);
+        {{0xD83D, 0xDE00}, "\xED\xA0\xBD\xED\xB8\x80"}};
+    for (const auto& [units, bytes] : cases) {
+        EXPECT_EQ(Encoded(units), bytes + '\0');
+        EXPECT_EQ(Decoded(bytes), units + kEnd);
     }
 }
 
-TEST(UTF8, EndsAtTheTerminatorAndSizesTheBufferExactly) {
+TEST(UTF8, EndsAtTheTerminatorAndDropsASequenceThatIsCutShort) {
     EXPECT_EQ(Encoded(WideText{'a', 0, 'b'}), std::string("a\0", 2));
-    EXPECT_EQ(Decoded(std::string("a\0b", 3)), (WideText{'a', 0}));
-}
-
-TEST(UTF8, DropsASequenceThatIsCutShort) {
-    for (const char* bytes : {"a\xC3", "a\xE2", "a\xE2\x82", "a\xF0\x9F"})
+    for (const std::string bytes : {"a\xC3", "a\xE2", "a\xE2\x82", "a\xF0\x9F"})
         EXPECT_EQ(Decoded(bytes), (WideText{'a', 0})) << bytes;
+    EXPECT_EQ(Decoded(std::string("a\0b", 3)), (WideText{'a', 0}));
     EXPECT_EQ(Decoded(std::string("a\xE2\x82\0\xAC", 5)), (WideText{'a', 0}));
 }
 
 TEST(UTF8, TakesMalformedBytesByTheirLowBits) {
-    const struct {
-        const char* bytes;
-        WideText units;
-    } cases[] = {
-        {"\xC3"
-         "A",
-         {0xC1}},
-        {"\x80\x81\x82", {0x42}},
-        {"\xF0\x9F\x98"
-         "x",
-         {0x07D8, 'x'}},
-    };
-    for (const auto& c : cases) EXPECT_EQ(Decoded(c.bytes), c.units + kEnd);
+    const std::pair<const char*, WideText> cases[] = {{"\xC3"
+                                                       "A",
+                                                       {0xC1}},
+                                                      {"\x80\x81\x82", {0x42}},
+                                                      {"\xF0\x9F\x98"
+                                                       "x",
+                                                       {0x07D8, 'x'}}};
+    for (const auto& [bytes, units] : cases) EXPECT_EQ(Decoded(bytes), units + kEnd);
 }
 
 TEST(CodePages, AreFoundByTheirCharacterSetAndBack) {
-    const struct {
-        uint32_t code_page;
-        unsigned char charset;
-    } cases[] = {{874, 222}, {932, 128}, {1252, 0}, {1361, 130}, {2, 2}};
-    for (const auto& c : cases) {
-        EXPECT_EQ(LocaleUtility::CharSetToCodePage(c.charset), c.code_page);
-        EXPECT_EQ(LocaleUtility::CodePageToCharSet(c.code_page), c.charset);
+    const std::pair<uint32_t, unsigned char> cases[] = {
+        {874, 222}, {932, 128}, {1252, 0}, {1361, 130}, {2, 2}};
+    for (const auto& [code_page, charset] : cases) {
+        EXPECT_EQ(LocaleUtility::CharSetToCodePage(charset), code_page);
+        EXPECT_EQ(LocaleUtility::CodePageToCharSet(code_page), charset);
     }
     EXPECT_EQ(LocaleUtility::CharSetToCodePage(255), 0u);
     EXPECT_EQ(LocaleUtility::CodePageToCharSet(0), 255);

@@ -15,18 +15,14 @@ public:
 
 TEST(SingleLock, UnlocksOnlyWhatItLocked) {
     CountingLock lock;
-    { OSingleLock never(&lock, false); }
-    EXPECT_EQ(lock.unlocks, 0);
     {
+        OSingleLock never(&lock, false);
         OSingleLock held(&lock, true);
-        EXPECT_EQ(lock.locks, 1);
         EXPECT_TRUE(held.Unlock());
         EXPECT_FALSE(held.Unlock());
-    }
-    EXPECT_EQ(lock.unlocks, 1);
-    {
         OSingleLock later(&lock, false);
         EXPECT_TRUE(later.Lock());
+        EXPECT_EQ(lock.unlocks, 1);
     }
     EXPECT_EQ(lock.locks, 2);
     EXPECT_EQ(lock.unlocks, 2);

@@ -5,6 +5,7 @@
 #include <cstring>
 #include <random>
 #include <string>
+#include <utility>
 
 namespace {
 
@@ -57,10 +58,7 @@ TEST(CompressedContainer, IsRefusedWhenAnythingIsWrongWithIt) {
     const uint32_t stream = Field(good, 8);
     std::string damaged = good;
     damaged.back() = static_cast<char>(damaged.back() ^ 1);
-    const struct {
-        const char* what;
-        std::string container;
-    } cases[] = {
+    const std::pair<const char*, std::string> cases[] = {
         {"empty", ""},
         {"header cut short", good.substr(0, 11)},
         {"no stream", WithField(good.substr(0, 12), 8, 0)},
@@ -72,15 +70,14 @@ TEST(CompressedContainer, IsRefusedWhenAnythingIsWrongWithIt) {
         {"claims one byte more", WithField(good, 4, length + 1)},
         {"claims one byte less", WithField(good, 4, length - 1)},
         {"claims far more than a stream can hold", WithField(good, 4, 0xFFFFFFFF)},
-        {"wrong checksum", damaged},
-    };
-    for (const auto& c : cases) {
-        OBuffer<char> buffer = Buffer(c.container);
+        {"wrong checksum", damaged}};
+    for (const auto& [what, container] : cases) {
+        OBuffer<char> buffer = Buffer(container);
         OBuffer<char> out = Buffer("before");
-        EXPECT_FALSE(LZ77::Decode(buffer, out)) << c.what;
+        EXPECT_FALSE(LZ77::Decode(buffer, out)) << what;
         EXPECT_EQ(Contents(out), "before");
-        EXPECT_FALSE(LZ77::Decode(buffer)) << c.what;
-        EXPECT_EQ(Contents(buffer), c.container) << "what cannot be decoded stays";
+        EXPECT_FALSE(LZ77::Decode(buffer)) << what;
+        EXPECT_EQ(Contents(buffer), container) << "what cannot be decoded stays";
     }
 }
 

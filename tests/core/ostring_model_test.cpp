@@ -5,6 +5,7 @@
 #include <cstring>
 #include <random>
 #include <string>
+#include <utility>
 #include <vector>
 
 #include "core/ostring.h"
@@ -170,20 +171,16 @@ private:
 };
 
 TEST(StringModel, IsMatchedByRandomEditsInEveryKindOfCodePage) {
-    const struct {
-        uint32_t code_page;
-        WideText letters;
-    } cases[] = {
+    const std::pair<uint32_t, WideText> cases[] = {
         {0, Widen("ab71x2z ")},
         {1252, Widen("ab71\xE9\xFC<2z ")},
         {1208, Widen("ab7\xE9") + WideText{0x20AC, 0x0416, 0xFFFD, 0xD83D, 0xDE00}},
         {932, Widen("ab71z") + WideText{0x30A2, 0x30BD, 0x65E5, 0xFF71}},
-        {65001, Widen("ab7\xE9") + WideText{0x20AC, 0x0416, 0x65E5}},
-    };
-    for (const auto& c : cases) {
+        {65001, Widen("ab7\xE9") + WideText{0x20AC, 0x0416, 0x65E5}}};
+    for (const auto& [code_page, letters] : cases) {
         for (unsigned seed = 1; seed <= 3; ++seed) {
-            SCOPED_TRACE(testing::Message() << "code page " << c.code_page << ", seed " << seed);
-            Editor(c.code_page, c.letters, seed).Run(1500);
+            SCOPED_TRACE(testing::Message() << "code page " << code_page << ", seed " << seed);
+            Editor(code_page, letters, seed).Run(1500);
         }
     }
 }

@@ -1,6 +1,7 @@
 // What the module does when it is attached and detached.
 
 #include <memory>
+#include <tuple>
 
 #include "driver/driver_utility.h"
 #include "driver/platform_flags.h"
@@ -20,11 +21,7 @@ protected:
 } // namespace
 
 TEST(PlatformFlags, FollowTheVersionFolderOfTheDriver) {
-    const struct {
-        const char* folder;
-        bool nt;
-        bool user_mode;
-    } cases[] = {
+    const std::tuple<const char*, bool, bool> cases[] = {
         {"C:\\WINDOWS\\system32\\spool\\drivers\\w32x86\\3", true, true},
         {"C:\\drivers\\4", true, true},
         {"C:\\drivers\\2", true, false},
@@ -32,12 +29,11 @@ TEST(PlatformFlags, FollowTheVersionFolderOfTheDriver) {
         {"C:\\WINDOWS\\SYSTEM", false, false},
         {"\\3", true, true},
         {"3", false, false},
-        {"", false, false},
-    };
-    for (const auto& c : cases) {
-        SetPlatformFlags(c.folder);
-        EXPECT_EQ(winNT, c.nt) << c.folder;
-        EXPECT_EQ(win2000, c.user_mode) << c.folder;
+        {"", false, false}};
+    for (const auto& [folder, nt, user_mode] : cases) {
+        SetPlatformFlags(folder);
+        EXPECT_EQ(winNT, nt) << folder;
+        EXPECT_EQ(win2000, user_mode) << folder;
     }
 }
 

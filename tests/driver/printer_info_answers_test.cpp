@@ -7,6 +7,7 @@
 #include <functional>
 #include <string>
 #include <string_view>
+#include <tuple>
 #include <vector>
 
 #include "driver/printer_info.h"
@@ -113,36 +114,29 @@ TEST_F(SpoolerAnswers, AreTheSameThroughTheAnsiFunctions) {
 
 TEST_F(SpoolerAnswers, AreLookedForInTheBestLevelFirst) {
     Install();
-    const struct {
-        std::vector<std::string_view> refused;
-        DWORD code;
-        Questions asked;
-        const char* manufacturer;
-        const char* data_file;
-    } cases[] = {
-        {{}, 0, {"GetPrinterDriverW 6"}, "Maker", "ZPLQV.DDT"},
-        {{"W 6"},
-         ERROR_INVALID_LEVEL,
-         {"GetPrinterDriverW 6", "GetPrinterDriverW 3"},
-         "",
-         "ZPLQV.DDT"},
-        {{"W 6", "W 3"},
-         ERROR_CALL_NOT_IMPLEMENTED,
-         {"GetPrinterDriverW 6", "GetPrinterDriverW 3", "GetPrinterDriverA 3"},
-         "",
-         "ZPLQV.DDT"},
-        {{"Driver"},
-         ERROR_ACCESS_DENIED,
-         {"GetPrinterDriverW 6", "GetPrinterDriverW 3", "GetPrinterDriverA 3"},
-         "",
-         ""},
-    };
-    for (const auto& c : cases) {
-        Refuse(c.refused, c.code);
+    const std::tuple<std::vector<std::string_view>, DWORD, Questions, const char*, const char*>
+        cases[] = {{{}, 0, {"GetPrinterDriverW 6"}, "Maker", "ZPLQV.DDT"},
+                   {{"W 6"},
+                    ERROR_INVALID_LEVEL,
+                    {"GetPrinterDriverW 6", "GetPrinterDriverW 3"},
+                    "",
+                    "ZPLQV.DDT"},
+                   {{"W 6", "W 3"},
+                    ERROR_CALL_NOT_IMPLEMENTED,
+                    {"GetPrinterDriverW 6", "GetPrinterDriverW 3", "GetPrinterDriverA 3"},
+                    "",
+                    "ZPLQV.DDT"},
+                   {{"Driver"},
+                    ERROR_ACCESS_DENIED,
+                    {"GetPrinterDriverW 6", "GetPrinterDriverW 3", "GetPrinterDriverA 3"},
+                    "",
+                    ""}};
+    for (const auto& [refused, code, questions, manufacturer, data_file] : cases) {
+        Refuse(refused, code);
         PrinterInfo printer(name);
-        EXPECT_STREQ(printer.GetManufacturer().nstring(), c.manufacturer);
-        EXPECT_STREQ(printer.GetDataFile().nstring(), c.data_file);
-        EXPECT_EQ(asked, c.asked);
+        EXPECT_STREQ(printer.GetManufacturer().nstring(), manufacturer);
+        EXPECT_STREQ(printer.GetDataFile().nstring(), data_file);
+        EXPECT_EQ(asked, questions);
     }
 }
 
@@ -200,8 +194,7 @@ TEST_F(SpoolerAnswers, WithABrokenDevModeHaveNone) {
         {"too near the end", [](Claim& c) { c.start = c.end - c.head + 1; }, false},
         {"at the end", [](Claim& c) { c.start = c.end; }, false},
         {"elsewhere", [](Claim& c) { c.start = elsewhere; }, false},
-        {"nowhere", [](Claim& c) { c.start = nullptr; }, false},
-    };
+        {"nowhere", [](Claim& c) { c.start = nullptr; }, false}};
     for (const bool wide : {true, false}) {
         Refuse(wide ? std::vector<std::string_view>{} : std::vector<std::string_view>{"W "});
         for (const auto& c : cases) {

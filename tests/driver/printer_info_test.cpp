@@ -1,6 +1,8 @@
 #include "driver/printer_info.h"
 
 #include <cstring>
+#include <tuple>
+#include <utility>
 #include <vector>
 
 #include "support/printer_test.h"
@@ -26,62 +28,57 @@ bool HoldsDevMode(const PrinterInfo& printer, const TestDevMode& expected) {
     return found && std::memcmp(found, &expected, sizeof expected) == 0;
 }
 
-class PrinterInformation : public PrinterTest {};
+class PrinterInformation : public PrinterTest {
+protected:
+    void AddDock(DWORD attributes = 0, DEVMODEW* dev_mode = nullptr) {
+        ASSERT_TRUE(AddDriver("Model 1", "ZPLQV.DDT"));
+        ASSERT_TRUE(AddPrinter("Dock 3", "Model 1", attributes, dev_mode));
+    }
+};
 
 } // namespace
 
 TEST_F(PrinterInformation, ComesFromTheSpoolersRecords) {
-    ASSERT_TRUE(AddDriver("Model 1", "ZPLQV.DDT"));
-    ASSERT_TRUE(AddPrinter("Dock 3", "Model 1", PRINTER_ATTRIBUTE_ENABLE_BIDI));
+    AddDock(PRINTER_ATTRIBUTE_ENABLE_BIDI);
     PrinterInfo printer("Dock 3");
     EXPECT_TRUE(printer.IsKnown());
     EXPECT_TRUE(printer.IsLocal());
     EXPECT_EQ(printer.GetDevMode(), nullptr);
     EXPECT_TRUE(printer.GetAttributes() & PRINTER_ATTRIBUTE_ENABLE_BIDI);
     EXPECT_EQ(printer.GetDriverVersion(), 3u);
-    const struct {
-        OString found;
-        const char* expected;
-    } cases[] = {
-        {printer.GetPrinterName(), "Dock 3"},
-        {printer.PrinterPart(), "Dock 3"},
-        {printer.GetServerName(), ""},
-        {printer.GetShareName(), "SHARE"},
-        {printer.GetPortName(), "FILE:"},
-        {printer.GetDriverName(), "Model 1"},
-        {printer.GetComment(), "A comment"},
-        {printer.GetPrintProcessor(), "WinPrint"},
-        {printer.GetDatatype(), "RAW"},
-        {printer.GetDriverFile(), "zplui.dll"},
-        {printer.GetDataFile(), "ZPLQV.DDT"},
-        {printer.GetConfigFile(), "zplui.dll"},
-        {printer.GetHelpFile(), "zplui.hlp"},
-        {printer.GetDefaultDatatype(), "RAW"},
-        {printer.GetManufacturer(), "Maker"},
-        {printer.GetHardwareID(), "HW1"},
-        {printer.GetProvider(), "Provider"},
-        {printer.GetPrefix(), "zpl"},
-        {printer.GetOEM(), "qv"},
-    };
-    for (const auto& c : cases) EXPECT_STREQ(c.found.nstring(), c.expected);
+    const std::pair<OString, const char*> cases[] = {
+        {printer.GetPrinterName(), "Dock 3"},      {printer.PrinterPart(), "Dock 3"},
+        {printer.GetDriverName(), "Model 1"},      {printer.GetServerName(), ""},
+        {printer.GetPrintProcessor(), "WinPrint"}, {printer.GetShareName(), "SHARE"},
+        {printer.GetDriverFile(), "zplui.dll"},    {printer.GetPortName(), "FILE:"},
+        {printer.GetDataFile(), "ZPLQV.DDT"},      {printer.GetComment(), "A comment"},
+        {printer.GetConfigFile(), "zplui.dll"},    {printer.GetDatatype(), "RAW"},
+        {printer.GetHelpFile(), "zplui.hlp"},      {printer.GetHardwareID(), "HW1"},
+        {printer.GetDefaultDatatype(), "RAW"},     {printer.GetPrefix(), "zpl"},
+        {printer.GetManufacturer(), "Maker"},      {printer.GetOEM(), "qv"},
+        {printer.GetProvider(), "Provider"}};
+    for (const auto& [found, expected] : cases) EXPECT_STREQ(found.nstring(), expected);
     const OStringArray& files = printer.GetDependentFiles();
     ASSERT_EQ(files.GetSize(), 2);
     EXPECT_STREQ(files[0].nstring(), "zplrender.dll");
     EXPECT_STREQ(files[1].nstring(), "zplvenu.dll");
     EXPECT_STREQ(printer.GetDriverDirectory().FilePart().nstring(), "3");
+
+    ASSERT_TRUE(AddDriver("Old", "zpltt.ddt", 3));
+    ASSERT_TRUE(AddPrinter("Dock", "Old"));
+    PrinterInfo old("Dock");
+    EXPECT_TRUE(old.GetManufacturer().IsEmpty() && old.GetHardwareID().IsEmpty());
+    EXPECT_STREQ(old.GetOEM().nstring(), "tt");
+    EXPECT_EQ(old.GetDependentFiles().GetSize(), 2);
 }
 
 TEST_F(PrinterInformation, IsTheSameThroughAHandleWhichStaysOpen) {
-    ASSERT_TRUE(AddDriver("Model 1", "zplqv.ddt"));
-    ASSERT_TRUE(AddPrinter("Dock 3", "Model 1"));
+    AddDock();
     WCHAR name[] = TEXT("dock 3");
     HANDLE handle = nullptr;
     ASSERT_TRUE(OpenPrinterW(name, &handle, nullptr));
-    {
-        PrinterInfo printer(handle);
-        EXPECT_STREQ(printer.GetDataFile().nstring(), "zplqv.ddt");
-        EXPECT_STREQ(printer.GetPrinterName().nstring(), "Dock 3");
-    }
+    EXPECT_STREQ(PrinterInfo(handle).GetDataFile().nstring(), "ZPLQV.DDT");
+    EXPECT_STREQ(PrinterInfo(handle).GetPrinterName().nstring(), "Dock 3");
     EXPECT_TRUE(ClosePrinter(handle));
 }
 
@@ -102,94 +99,62 @@ TEST_F(PrinterInformation, OfAnUnknownPrinterIsEmpty) {
     EXPECT_FALSE(no_handle.SetDevMode(&dev_mode.public_part));
 }
 
-TEST_F(PrinterInformation, OfADriverWithoutLevelSixLacksItsMakerOnly) {
-    ASSERT_TRUE(AddDriver("Old", "zpltt.ddt", 3));
-    ASSERT_TRUE(AddPrinter("Dock", "Old"));
-    PrinterInfo printer("Dock");
-    EXPECT_STREQ(printer.GetManufacturer().nstring(), "");
-    EXPECT_STREQ(printer.GetHardwareID().nstring(), "");
-    EXPECT_STREQ(printer.GetOEM().nstring(), "tt");
-    EXPECT_EQ(printer.GetDependentFiles().GetSize(), 2);
-}
-
 TEST_F(PrinterInformation, CutsShortDataFileNames) {
-    const struct {
-        const char* file;
-        const char* prefix;
-        const char* oem;
-    } cases[] = {{"ABCDE.DDT", "abc", "de"}, {"ab", "ab", ""}, {"abcd", "abc", "d"}};
-    for (const auto& c : cases) {
-        ASSERT_TRUE(AddDriver(c.file, c.file));
-        ASSERT_TRUE(AddPrinter(c.file, c.file));
-        PrinterInfo printer((OString(c.file)));
-        EXPECT_STREQ(printer.GetPrefix().nstring(), c.prefix);
-        EXPECT_STREQ(printer.GetOEM().nstring(), c.oem);
+    const std::tuple<const char*, const char*, const char*> cases[] = {
+        {"ABCDE.DDT", "abc", "de"}, {"ab", "ab", ""}, {"abcd", "abc", "d"}};
+    for (const auto& [file, prefix, oem] : cases) {
+        ASSERT_TRUE(AddDriver(file, file));
+        ASSERT_TRUE(AddPrinter(file, file));
+        PrinterInfo printer((OString(file)));
+        EXPECT_STREQ(printer.GetPrefix().nstring(), prefix);
+        EXPECT_STREQ(printer.GetOEM().nstring(), oem);
     }
 }
 
 TEST_F(PrinterInformation, SplitsTheServerFromTheName) {
-    const struct {
-        const char* name;
-        const char* part;
-    } cases[] = {{"\\\\SERVER\\LABELS", "LABELS"},
-                 {"LABELS", "LABELS"},
-                 {"\\LABELS", "\\LABELS"},
-                 {"\\\\SERVER", "\\\\SERVER"},
-                 {"a\\b", "a\\b"},
-                 {"ab\\c", "c"},
-                 {"", ""}};
-    for (const auto& c : cases) {
-        EXPECT_STREQ(PrinterInfo(OString(c.name)).PrinterPart().nstring(), c.part) << c.name;
+    const std::pair<const char*, const char*> cases[] = {
+        {"\\\\SERVER\\LABELS", "LABELS"}, {"LABELS", "LABELS"},     {"a\\b", "a\\b"}, {"", ""},
+        {"\\\\SERVER", "\\\\SERVER"},     {"\\LABELS", "\\LABELS"}, {"ab\\c", "c"}};
+    for (const auto& [name, part] : cases) {
+        EXPECT_STREQ(PrinterInfo(OString(name)).PrinterPart().nstring(), part) << name;
     }
 }
 
-TEST_F(PrinterInformation, KeepsTheWholeDefaultDevMode) {
-    TestDevMode dev_mode(7);
-    ASSERT_TRUE(AddDriver("Model 1", "zplqv.ddt"));
-    ASSERT_TRUE(AddPrinter("Dock", "Model 1", 0, &dev_mode.public_part));
-    EXPECT_TRUE(HoldsDevMode(PrinterInfo("Dock"), dev_mode));
-}
-
 TEST_F(PrinterInformation, AnswersTheDevModeThatItHasSet) {
-    ASSERT_TRUE(AddDriver("Model 1", "zplqv.ddt"));
-    ASSERT_TRUE(AddPrinter("Dock", "Model 1"));
-    PrinterInfo printer("Dock");
-    ASSERT_EQ(printer.GetDevMode(), nullptr);
+    TestDevMode first(7);
+    AddDock(0, &first.public_part);
+    PrinterInfo printer("Dock 3");
+    EXPECT_TRUE(HoldsDevMode(printer, first));
     for (const SHORT copies : {SHORT{2}, SHORT{3}}) {
         TestDevMode dev_mode(copies);
         ASSERT_TRUE(printer.SetDevMode(&dev_mode.public_part));
         EXPECT_TRUE(HoldsDevMode(printer, dev_mode));
-        EXPECT_TRUE(HoldsDevMode(PrinterInfo("Dock"), dev_mode));
+        EXPECT_TRUE(HoldsDevMode(PrinterInfo("Dock 3"), dev_mode));
     }
     EXPECT_FALSE(printer.SetDevMode(nullptr));
-    EXPECT_STREQ(PrinterInfo("Dock").GetComment().nstring(), "A comment");
+    EXPECT_STREQ(PrinterInfo("Dock 3").GetComment().nstring(), "A comment");
 }
 
 TEST_F(PrinterInformation, NeedsFullAccessToSetTheDevMode) {
-    ASSERT_TRUE(AddDriver("Model 1", "zplqv.ddt"));
-    ASSERT_TRUE(AddPrinter("Dock", "Model 1"));
-    WCHAR name[] = TEXT("Dock");
+    AddDock();
+    WCHAR name[] = TEXT("Dock 3");
     PRINTER_DEFAULTSW use = {nullptr, nullptr, PRINTER_ACCESS_USE};
     HANDLE handle = nullptr;
     ASSERT_TRUE(OpenPrinterW(name, &handle, &use));
     TestDevMode dev_mode;
     PrinterInfo printer(handle);
-    ASSERT_EQ(printer.GetDevMode(), nullptr);
     EXPECT_FALSE(printer.SetDevMode(&dev_mode.public_part));
     EXPECT_EQ(printer.GetDevMode(), nullptr);
     ClosePrinter(handle);
 }
 
 TEST_F(PrinterInformation, TellsAConnectionFromALocalPrinter) {
-    OnServer("SRV1", [&] {
-        ASSERT_TRUE(AddDriver("Model 1", "zplqv.ddt"));
-        ASSERT_TRUE(AddPrinter("Dock3", "Model 1", PRINTER_ATTRIBUTE_SHARED));
-    });
-    WCHAR name[] = TEXT("\\\\SRV1\\Dock3");
+    OnServer("SRV1", [&] { AddDock(PRINTER_ATTRIBUTE_SHARED); });
+    WCHAR name[] = TEXT("\\\\SRV1\\Dock 3");
     ASSERT_TRUE(AddPrinterConnectionW(name));
     PrinterInfo printer((OString(name)));
     EXPECT_FALSE(printer.IsLocal());
     EXPECT_STREQ(printer.GetServerName().nstring(), "\\\\SRV1");
-    EXPECT_STREQ(printer.PrinterPart().nstring(), "Dock3");
-    EXPECT_STREQ(printer.GetDataFile().nstring(), "zplqv.ddt");
+    EXPECT_STREQ(printer.PrinterPart().nstring(), "Dock 3");
+    EXPECT_STREQ(printer.GetDataFile().nstring(), "ZPLQV.DDT");
 }

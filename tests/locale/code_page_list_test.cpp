@@ -2,7 +2,6 @@
 
 #include <gtest/gtest.h>
 
-#include <memory>
 #include <string>
 
 namespace {
@@ -20,20 +19,8 @@ TEST(CodePageList, ListsWesternFirstAndEastAsianLast) {
     }
     EXPECT_EQ(names, "1252 1250 1251 1253 1254 1255 1256 1257 1258 874 932 936 950 949 1361 ");
     EXPECT_EQ(multi_byte, "932 936 950 949 1361 ");
-}
-
-TEST(CodePageList, KnowsUtf8) {
-    CodePageList list;
-    ASSERT_TRUE(list.AddTail(new CodePage(1208)));
-    const auto& utf8 = static_cast<const CodePage&>(*list.GetHead());
-    EXPECT_TRUE(utf8.utf8);
-    EXPECT_FALSE(utf8.multi_byte);
-}
-
-TEST(CodePageList, MakesNodesOfItsKind) {
-    CodePageList list;
-    std::unique_ptr<ONode> node(list.NewNode());
-    EXPECT_NE(dynamic_cast<CodePage*>(node.get()), nullptr);
+    EXPECT_TRUE(CodePage(1208).utf8);
+    EXPECT_FALSE(CodePage(1208).multi_byte);
 }
 
 } // namespace

@@ -14,6 +14,8 @@
 #include <filesystem>
 #include <memory>
 #include <string>
+#include <tuple>
+#include <utility>
 
 namespace {
 
@@ -24,12 +26,11 @@ using WideText = std::basic_string<WCHAR>;
 class LanguageLibraries : public PrinterTest {
 protected:
     void SetUp() override {
-        WriteFile("install\\zplqv.ddt", "");
-        WriteFile("install\\zplui.dll", "");
+        for (const char* file : {"zplqv.ddt", "zplui.dll"})
+            WriteFile(std::string("install\\") + file, "");
         CopyLibrary("english.dll", "zplvenu.dll");
-        CopyLibrary("german.dll", "zplvdeu.dll");
-        CopyLibrary("german.dll", "zplvjpn.dll");
-        CopyLibrary("german.dll", "zplvrus.dll");
+        for (const char* file : {"zplvdeu.dll", "zplvjpn.dll", "zplvrus.dll"})
+            CopyLibrary("german.dll", file);
 
         WideText name = TEXT("Model"), driver = TEXT("C:\\install\\zplui.dll"),
                  data = TEXT("C:\\install\\zplqv.ddt");
@@ -153,19 +154,17 @@ TEST_F(LanguageLibraries, RememberTheUsersChoice) {
 }
 
 TEST_F(LanguageLibraries, FallBackToEnglish) {
-    const struct {
-        const char* language;
-        const char* text;
-    } cases[] = {
+    const std::pair<const char*, const char*> cases[] = {
         {"fra", "English text"}, // not among the driver's files
         {"qqq", "English text"}, // no such language
-        {"ENU", "English text"}, {"deu", "Deutscher Text"}, {"DEU", "Deutscher Text"},
-    };
-    for (const auto& c : cases) {
-        reg_->SetString("UserSettings:Language", c.language);
+        {"ENU", "English text"},
+        {"deu", "Deutscher Text"},
+        {"DEU", "Deutscher Text"}};
+    for (const auto& [language, text] : cases) {
+        reg_->SetString("UserSettings:Language", language);
         prtlocale locale;
-        EXPECT_TRUE(locale.Load(*reg_, model_.get())) << c.language;
-        EXPECT_EQ(locale.GetString(700), c.text) << c.language;
+        EXPECT_TRUE(locale.Load(*reg_, model_.get())) << language;
+        EXPECT_EQ(locale.GetString(700), text) << language;
     }
 }
 
@@ -213,42 +212,32 @@ TEST_F(LanguageLibraries, AskBeforeALanguageThatTheSystemMayNotShow) {
     EXPECT_TRUE(locale.SetNewLanguage(nullptr, "jpn"));
     EXPECT_STREQ(locale.GetUserLanguage(), "jpn");
     EXPECT_EQ(win32host::TakeMessageBoxes().size(), 1u);
-}
 
-TEST_F(LanguageLibraries, AskNothingForTheSystemsLanguageAndTheWesternOnes) {
     SetSystemLanguage(TEXT("RUS"));
-    prtlocale locale;
     ASSERT_TRUE(locale.Load(*reg_, model_.get()));
     for (const char* language : {"rus", "deu", "fin", "sys", "enu"}) {
         EXPECT_TRUE(locale.SetNewLanguage(nullptr, language));
         EXPECT_STREQ(locale.GetUserLanguage(), language);
     }
     EXPECT_FALSE(locale.SetNewLanguage(nullptr, nullptr));
-    EXPECT_TRUE(win32host::TakeMessageBoxes().empty());
+    EXPECT_TRUE(win32host::TakeMessageBoxes().empty()) << "the system's and the Western ones";
 }
 
 TEST_F(LanguageLibraries, SignsFollowTheCodePageOfTheLanguage) {
-    const struct {
-        const char* language;
-        uint32_t code_page;
-        const WCHAR* copyright;
-        const WCHAR* trademark;
-        const WCHAR* registered;
-    } cases[] = {
+    const std::tuple<const char*, uint32_t, const WCHAR*, const WCHAR*, const WCHAR*> cases[] = {
         {"deu", 1252, TEXT("\u00A9"), TEXT("\u2122"), TEXT("\u00AE")},
         {"RUS", 1251, TEXT("\u00A9"), TEXT("\u2122"), TEXT("\u00AE")},
         {"jpn", 932, TEXT("(C)"), TEXT("(TM)"), TEXT("(R)")},
         {"tha", 874, TEXT("(C)"), TEXT("(TM)"), TEXT("(R)")},
-        {"qqq", 0, TEXT("(C)"), TEXT("(TM)"), TEXT("(R)")},
-    };
-    for (const auto& c : cases) {
-        reg_->SetString("UserSettings:Language", c.language);
+        {"qqq", 0, TEXT("(C)"), TEXT("(TM)"), TEXT("(R)")}};
+    for (const auto& [language, code_page, copyright, trademark, registered] : cases) {
+        reg_->SetString("UserSettings:Language", language);
         prtlocale locale;
         locale.Load(*reg_, model_.get());
-        EXPECT_EQ(locale.GetCurrentCP(), c.code_page) << c.language;
-        EXPECT_EQ(WideText(locale.GetCopyright().tstring()), c.copyright) << c.language;
-        EXPECT_EQ(WideText(locale.GetTrademark().tstring()), c.trademark) << c.language;
-        EXPECT_EQ(WideText(locale.GetRegistered().tstring()), c.registered) << c.language;
+        EXPECT_EQ(locale.GetCurrentCP(), code_page) << language;
+        EXPECT_EQ(WideText(locale.GetCopyright().tstring()), copyright) << language;
+        EXPECT_EQ(WideText(locale.GetTrademark().tstring()), trademark) << language;
+        EXPECT_EQ(WideText(locale.GetRegistered().tstring()), registered) << language;
     }
 }
 

@@ -1,5 +1,8 @@
 #include "locale/prtlocale.h"
 
+#include <tuple>
+#include <utility>
+
 #include <win32host/control.h>
 
 #include "support/host_test.h"
@@ -24,63 +27,31 @@ private:
 };
 
 TEST_F(UnitTexts, LengthsAreRoundedToWhatAUserReads) {
-    const struct {
-        int units;
-        int32_t microns;
-        const char* text;
-    } cases[] = {
-        {prtlocale::MILLIMETRES, 12700, "12.7 "},
-        {prtlocale::CENTIMETRES, 12700, "1.27 "},
-        {prtlocale::INCHES, 12700, "0.50 "},
-        {prtlocale::MILLIMETRES, 0, "0.0 "},
-        {prtlocale::MILLIMETRES, 49, "0.0 "},
-        {prtlocale::MILLIMETRES, 50, "0.1 "},
-        {prtlocale::MILLIMETRES, -1270, "-1.3 "},
-        {prtlocale::MILLIMETRES, -1250, "-1.3 "},
-        {prtlocale::CENTIMETRES, 50, "0.01 "},
-        {prtlocale::INCHES, 126, "0.00 "},
-        {prtlocale::INCHES, 127, "0.01 "},
-        {prtlocale::INCHES, 25400000, "1000.00 "},
-        {prtlocale::MILLIMETRES, INT32_MIN, "-2147483.6 "},
-    };
-    for (const auto& c : cases)
-        EXPECT_EQ(Locale(c.units).microns_to_string(c.microns), c.text) << c.units << c.text;
-}
-
-TEST_F(UnitTexts, TheZeroAheadOfAFractionIsTheSystemsChoice) {
-    EXPECT_EQ(Locale(prtlocale::INCHES, false).microns_to_string(12700), ".50 ");
-    EXPECT_EQ(Locale(prtlocale::INCHES, false).microns_to_string(-12700), "-.50 ");
-    EXPECT_EQ(Locale(prtlocale::INCHES, false).microns_to_string(25400), "1.00 ");
-    EXPECT_EQ(Locale(prtlocale::MILLIMETRES, false, u",").xdimension_to_string(2, 203), ",25 ");
+    const std::tuple<int, int32_t, const char*> cases[] = {
+        {prtlocale::INCHES, 12700, "0.50 "},   {prtlocale::MILLIMETRES, 12700, "12.7 "},
+        {prtlocale::MILLIMETRES, 0, "0.0 "},   {prtlocale::CENTIMETRES, 12700, "1.27 "},
+        {prtlocale::MILLIMETRES, 49, "0.0 "},  {prtlocale::MILLIMETRES, -1270, "-1.3 "},
+        {prtlocale::MILLIMETRES, 50, "0.1 "},  {prtlocale::MILLIMETRES, -1250, "-1.3 "},
+        {prtlocale::CENTIMETRES, 50, "0.01 "}, {prtlocale::INCHES, 25400000, "1000.00 "},
+        {prtlocale::INCHES, 126, "0.00 "},     {prtlocale::MILLIMETRES, INT32_MIN, "-2147483.6 "},
+        {prtlocale::INCHES, 127, "0.01 "}};
+    for (const auto& [units, microns, text] : cases)
+        EXPECT_EQ(Locale(units).microns_to_string(microns), text) << units << text;
 }
 
 TEST_F(UnitTexts, LengthsAreReadInAnyUnit) {
-    const struct {
-        int units;
-        const char* text;
-        int32_t microns;
-    } cases[] = {
-        {prtlocale::INCHES, " -2.5 mm", -2500},
-        {prtlocale::CENTIMETRES, " -2.5 mm", -2500},
-        {prtlocale::MILLIMETRES, "1 in", 25400},
-        {prtlocale::MILLIMETRES, "1 CM", 10000},
-        {prtlocale::INCHES, "4", 101600},
-        {prtlocale::CENTIMETRES, "3.25", 32500},
-        {prtlocale::MILLIMETRES, ".5", 500},
-        {prtlocale::MILLIMETRES, "1.23456mm", 1234}, // thousandths at most
-        {prtlocale::INCHES, "0.005", 127},
-        {prtlocale::INCHES, "0.001", 25},    // 25.4
-        {prtlocale::INCHES, "-0.0025", -51}, // 2 thousandths: 50.8
-        {prtlocale::MILLIMETRES, "+ -- 3", 3000},
-        {prtlocale::MILLIMETRES, "-+-+-3", -3000},
-        {prtlocale::MILLIMETRES, "", 0},
-        {prtlocale::MILLIMETRES, "abc", 0},
-        {prtlocale::MILLIMETRES, "5 x", 5000},
-        {prtlocale::MILLIMETRES, "\t5", 0},
-        {prtlocale::MILLIMETRES, "25400.9", 25400900}, // at the limit, not beyond
-    };
-    for (const auto& c : cases)
-        EXPECT_EQ(Locale(c.units).string_to_microns(c.text), c.microns) << c.units << c.text;
+    const std::tuple<int, const char*, int32_t> cases[] = {
+        {prtlocale::INCHES, " -2.5 mm", -2500},    {prtlocale::CENTIMETRES, " -2.5 mm", -2500},
+        {prtlocale::MILLIMETRES, "1 in", 25400},   {prtlocale::MILLIMETRES, "1 CM", 10000},
+        {prtlocale::INCHES, "4", 101600},          {prtlocale::CENTIMETRES, "3.25", 32500},
+        {prtlocale::MILLIMETRES, ".5", 500},       {prtlocale::MILLIMETRES, "1.23456mm", 1234},
+        {prtlocale::INCHES, "0.005", 127},         {prtlocale::INCHES, "0.001", 25},
+        {prtlocale::INCHES, "-0.0025", -51},       {prtlocale::MILLIMETRES, "+ -- 3", 3000},
+        {prtlocale::MILLIMETRES, "-+-+-3", -3000}, {prtlocale::MILLIMETRES, "", 0},
+        {prtlocale::MILLIMETRES, "abc", 0},        {prtlocale::MILLIMETRES, "5 x", 5000},
+        {prtlocale::MILLIMETRES, "\t5", 0},        {prtlocale::MILLIMETRES, "25400.9", 25400900}};
+    for (const auto& [units, text, microns] : cases)
+        EXPECT_EQ(Locale(units).string_to_microns(text), microns) << units << text;
 }
 
 TEST_F(UnitTexts, ANumberBeyond25MetresInTheCurrentUnitEndsTheReading) {
@@ -91,13 +62,20 @@ TEST_F(UnitTexts, ANumberBeyond25MetresInTheCurrentUnitEndsTheReading) {
     EXPECT_EQ(Locale(prtlocale::MILLIMETRES).string_to_microns("25400.999 in"), 645185375);
 }
 
-TEST_F(UnitTexts, TheSystemsSeparatorIsTakenAndSoIsThePoint) {
-    EXPECT_EQ(Locale(prtlocale::CENTIMETRES, true, u",").string_to_microns("3,25"), 32500);
-    EXPECT_EQ(Locale(prtlocale::CENTIMETRES, true, u",").string_to_microns("3.25"), 32500);
-    EXPECT_EQ(Locale(prtlocale::CENTIMETRES, true, u".").string_to_microns("3,25"), 30000);
-    EXPECT_EQ(Locale(prtlocale::CENTIMETRES, true, u"::").string_to_microns("3::25"), 32500);
-    EXPECT_EQ(Locale(prtlocale::CENTIMETRES, true, u"::").string_to_microns("3:"), 30000);
+TEST_F(UnitTexts, TheSeparatorAndTheZeroAheadOfAFractionAreTheSystemsChoice) {
+    const std::tuple<const char16_t*, const char*, int32_t> cases[] = {{u",", "3,25", 32500},
+                                                                       {u",", "3.25", 32500},
+                                                                       {u".", "3,25", 30000},
+                                                                       {u"::", "3::25", 32500},
+                                                                       {u"::", "3:", 30000}};
+    for (const auto& [separator, text, microns] : cases)
+        EXPECT_EQ(Locale(prtlocale::CENTIMETRES, true, separator).string_to_microns(text), microns)
+            << text;
     EXPECT_EQ(Locale(prtlocale::CENTIMETRES, true, u",").microns_to_string(32500), "3,25 ");
+    for (const auto& [microns, text] :
+         {std::pair(12700, ".50 "), std::pair(-12700, "-.50 "), std::pair(25400, "1.00 ")})
+        EXPECT_EQ(Locale(prtlocale::INCHES, false).microns_to_string(microns), text);
+    EXPECT_EQ(Locale(prtlocale::MILLIMETRES, false, u",").xdimension_to_string(2, 203), ",25 ");
 }
 
 TEST_F(UnitTexts, BarWidthsAreInMilsOrMillimetres) {
@@ -136,22 +114,18 @@ TEST_F(UnitTexts, UnitsFollowTheSystemUntilTheUserChooses) {
 class SystemLanguage : public HostTest {};
 
 TEST_F(SystemLanguage, IsTheNearestThatTheDriverHas) {
-    const struct {
-        const char16_t* abbreviation;
-        const char* language;
-    } cases[] = {
+    const std::pair<const char16_t*, const char*> cases[] = {
         {u"ENU", "enu"}, {u"FRC", "fra"}, {u"DES", "deu"}, {u"PTG", "ptg"}, {u"PTB", "ptb"},
         {u"CHS", "chs"}, {u"CHT", "cht"}, {u"CSY", "csy"}, {u"ESM", "esp"}, {u"JPN", "jpn"},
-        {u"nlb", "nld"}, {u"SVF", "sve"}, {u"ZHH", "enu"}, {u"XYZ", "enu"}, {u"", "enu"},
-    };
-    for (const auto& c : cases) {
+        {u"nlb", "nld"}, {u"SVF", "sve"}, {u"ZHH", "enu"}, {u"XYZ", "enu"}, {u"", "enu"}};
+    for (const auto& [abbreviation, language] : cases) {
         win32host::LocaleFacts facts;
-        facts.abbreviation = c.abbreviation;
+        facts.abbreviation = abbreviation;
         win32host::SetLocaleFacts(facts);
         prtlocale locale;
         locale.LoadSystem();
-        EXPECT_STREQ(locale.GetSystemLanguage(), c.language);
-        EXPECT_STREQ(locale.GetCurrentLanguage(), c.language);
+        EXPECT_STREQ(locale.GetSystemLanguage(), language);
+        EXPECT_STREQ(locale.GetCurrentLanguage(), language);
     }
 }
 

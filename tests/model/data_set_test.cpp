@@ -3,6 +3,8 @@
 #include <gtest/gtest.h>
 
 #include <string>
+#include <tuple>
+#include <utility>
 
 #include "support/data_file_text.h"
 
@@ -29,11 +31,7 @@ std::string Get(ODataSet& set, const char* key) {
 } // namespace
 
 TEST(DataTable, SetsAndAppendsProperties) {
-    const struct {
-        const char* lines;
-        const char* key;
-        const char* value;
-    } cases[] = {
+    const std::tuple<const char*, const char*, const char*> cases[] = {
         {"Key=value", "Key", "value"},
         {" \t Key \t = \t some value \t ", "Key", "some value"},
         {"Key=1\nKey=2", "Key", "2"},
@@ -50,11 +48,10 @@ TEST(DataTable, SetsAndAppendsProperties) {
         {"Key=A+=B", "Key=A", "B"}, // an appending anywhere in the line comes first
         {"Key+=A\nKey=B", "Key", "B"},
         {"Key + = A", "Key +", "A"},
-        {"Key=\xE4\xF6", "Key", "\xE4\xF6"},
-    };
-    for (const auto& c : cases) {
-        TableSet table(std::string("[M]\n") + c.lines);
-        EXPECT_EQ(Get(table.set, c.key), c.value) << c.lines;
+        {"Key=\xE4\xF6", "Key", "\xE4\xF6"}};
+    for (const auto& [lines, key, value] : cases) {
+        TableSet table(std::string("[M]\n") + lines);
+        EXPECT_EQ(Get(table.set, key), value) << lines;
     }
 }
 
@@ -77,66 +74,34 @@ TEST(DataSet, SelectsTablesAndSections) {
     file.Parse(bytes.data(), bytes.size());
     ODataSet set(&file);
     EXPECT_EQ(Get(set, "k"), "(default)");
-    const struct {
-        const char* select;
-        const char* value;
-    } steps[] = {
+    const std::pair<const char*, const char*> steps[] = {
         {"Model:A", "model a"},   {"B", "model b"},       {"Font:A", "font a"},
         {"B", "(default)"},       {"MODEL:B", "model b"}, {"None:A", "(default)"},
-        {"Model:a", "(default)"}, {"Model:A", "model a"},
-    };
-    for (const auto& step : steps) {
-        set.SetTable(step.select);
-        EXPECT_EQ(Get(set, "k"), step.value) << step.select;
+        {"Model:a", "(default)"}, {"Model:A", "model a"}};
+    for (const auto& [select, value] : steps) {
+        set.SetTable(select);
+        EXPECT_EQ(Get(set, "k"), value) << select;
     }
-}
-
-TEST(DataSet, GivesDefaultsWithoutAFile) {
-    ODataSet set;
-    set.SetTable("Model:A");
-    OStringArray values;
-    values.Add("old");
-    set.GetStringArray("k", values);
-    EXPECT_EQ(values.GetSize(), 0);
-    EXPECT_EQ(Get(set, "k"), "(default)");
-    EXPECT_EQ(set.GetInt("k", 7), 7);
-    EXPECT_TRUE(set.GetBool("k", true));
-    EXPECT_FALSE(set.GetFlag("k", "a"));
-    EXPECT_FALSE(set.PropertyExists("k"));
 }
 
 TEST(DataSet, ReadsFlagsAndNumbersFromText) {
     enum Flag { False, True, Default };
-    const struct {
-        const char* text;
-        Flag flag;
-        int32_t number;
-    } cases[] = {
-        {"true", True, 0},
-        {"Yes", True, 0},
-        {"ON", True, 0},
-        {"1", True, 1},
-        {"False", False, 0},
-        {"no", False, 0},
-        {"off", False, 0},
-        {"0", False, 0},
-        {"2", Default, 2},
-        {"truly", Default, 0},
-        {"  -12abc", Default, -12},
-        {"abc", Default, 0},
-        {"", Default, 77},
-        {"99999999999", Default, 2000000000},
-    };
-    for (const auto& c : cases) {
-        TableSet table(std::string("[M]\nk=") + c.text);
-        EXPECT_EQ(table.set.GetBool("k", true), c.flag != False) << c.text;
-        EXPECT_EQ(table.set.GetBool("k", false), c.flag == True) << c.text;
-        EXPECT_EQ(table.set.GetInt("k", 77), c.number) << c.text;
-        EXPECT_EQ(table.set.PropertyExists("k"), *c.text != 0) << c.text;
+    const std::tuple<const char*, Flag, int32_t> cases[] = {
+        {"Yes", True, 0}, {"true", True, 0},   {"truly", Default, 0},
+        {"ON", True, 0},  {"False", False, 0}, {"  -12abc", Default, -12},
+        {"1", True, 1},   {"off", False, 0},   {"abc", Default, 0},
+        {"no", False, 0}, {"2", Default, 2},   {"99999999999", Default, 2000000000},
+        {"0", False, 0},  {"", Default, 77}};
+    for (const auto& [text, flag, number] : cases) {
+        TableSet table(std::string("[M]\nk=") + text);
+        EXPECT_EQ(table.set.GetBool("k", true), flag != False) << text;
+        EXPECT_EQ(table.set.GetBool("k", false), flag == True) << text;
+        EXPECT_EQ(table.set.GetInt("k", 77), number) << text;
+        EXPECT_EQ(table.set.PropertyExists("k"), *text != 0) << text;
     }
 }
 
-TEST(DataSet, FindsFlagsInLists) {
+TEST(DataSet, FindsFlagsInListsAndNothingWithoutAFile) {
     TableSet table("[M]\nk=A,b,C c\n");
     EXPECT_TRUE(table.set.GetFlag("k", "B"));
     EXPECT_TRUE(table.set.GetFlag("k", "c C"));
@@ -147,6 +112,12 @@ TEST(DataSet, FindsFlagsInLists) {
     table.set.GetStringArray("k", values);
     ASSERT_EQ(values.GetSize(), 3);
     EXPECT_STREQ(values[2].nstring(), "C c");
+    ODataSet none;
+    none.SetTable("Model:A");
+    none.GetStringArray("k", values);
+    EXPECT_EQ(values.GetSize(), 0);
+    EXPECT_EQ(Get(none, "k"), "(default)");
+    EXPECT_EQ(none.GetInt("k", 7), 7);
 }
 
 TEST(DataSet, LetsASubclassRenameKeysForAllQueries) {

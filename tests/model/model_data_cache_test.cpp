@@ -33,43 +33,31 @@ using ModelDataCacheThreads = ModelDataCacheTest;
 
 } // namespace
 
-TEST_F(ModelDataCacheTest, KeepsACopyOfTheLatestRecord) {
-    EXPECT_EQ(Get("P:ModelData", 4), "(none)");
-    EXPECT_EQ(cache.GetDataSize("P:ModelData"), 0u);
+TEST_F(ModelDataCacheTest, KeepsACopyOfTheLatestRecordAndDoesNotReadBeyondIt) {
+    EXPECT_EQ(Get("P:A", 4), "(none)");
+    EXPECT_EQ(cache.GetDataSize("P:A"), 0u);
     std::string data = "first";
-    Set("P:ModelData", data);
+    Set("P:A", data);
     data = "other";
-    EXPECT_EQ(Get("P:ModelData", 5), "first");
-    Set("P:ModelData", "second one");
-    EXPECT_EQ(cache.GetDataSize("P:ModelData"), 10u);
-    EXPECT_EQ(Get("P:ModelData", 6), "second");
-    EXPECT_EQ(Get("p:modeldata", 6), "(none)");
-    EXPECT_EQ(ModelDataCache().GetDataSize("P:ModelData"), 10u);
-}
-
-TEST_F(ModelDataCacheTest, DoesNotReadBeyondARecord) {
-    Set("P:A", "1234");
-    EXPECT_EQ(Get("P:A", 5), "(none)");
-    EXPECT_EQ(Get("P:A", 4), "1234");
+    EXPECT_EQ(Get("P:A", 5), "first");
+    Set("P:A", "second one");
+    EXPECT_EQ(ModelDataCache().GetDataSize("P:A"), 10u);
+    EXPECT_EQ(Get("P:A", 6), "second");
+    EXPECT_EQ(Get("P:A", 11), "(none)");
+    EXPECT_EQ(Get("p:a", 6), "(none)");
     Set("P:A", "");
     EXPECT_EQ(Get("P:A", 0), "");
     EXPECT_EQ(Get("P:A", 1), "(none)");
 }
 
-TEST_F(ModelDataCacheTest, ForgetsEverythingWhenTheStampChanges) {
-    Set("P:A", "1");
-    cache.Synchronize(0);
-    EXPECT_EQ(Get("P:A", 1), "1");
-    cache.Synchronize(5);
-    EXPECT_EQ(Get("P:A", 1), "(none)");
-    Set("P:A", "2");
-    cache.Synchronize(5);
-    EXPECT_EQ(Get("P:A", 1), "2");
-    cache.Synchronize(4);
-    EXPECT_EQ(Get("P:A", 1), "(none)");
-}
-
-TEST_F(ModelDataCacheTest, KeepsNothingWithoutAStore) {
+TEST_F(ModelDataCacheTest, ForgetsEverythingWhenTheStampChangesAndWithoutAStore) {
+    for (const uint32_t stamp : {5u, 4u}) {
+        cache.Synchronize(stamp);
+        EXPECT_EQ(Get("P:A", 1), "(none)");
+        Set("P:A", "1");
+        cache.Synchronize(stamp);
+        EXPECT_EQ(Get("P:A", 1), "1");
+    }
     ModelDataCache::Free();
     Set("P:A", "1");
     cache.Synchronize(1);

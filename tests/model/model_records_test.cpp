@@ -1,6 +1,8 @@
 // The other records of a model: capabilities, versions, makers.
 
 #include <cstring>
+#include <tuple>
+#include <utility>
 
 #include "driver/printer_info.h"
 #include "model/model_data_cache.h"
@@ -22,23 +24,16 @@ TEST_F(ModelRecords, OfCapabilitiesDescribeTheirOwnLayout) {
     Install({});
     auto model = Model();
     const KVCapabilitiesData* record = model->GetCapabilitiesData();
-    const struct {
-        size_t offset;
-        uint16_t expected;
-    } fields[] = {{0, 1900}, {2, 48},    {4, 52}, {6, 37}, {8, 0}, {40, 2},
-                  {42, 36},  {44, 1828}, {46, 0}, {48, 0}, {50, 0}};
-    for (const auto& field : fields)
-        EXPECT_EQ(Word(record, field.offset), field.expected) << field.offset;
+    const std::pair<size_t, uint16_t> fields[] = {{0, 1900}, {2, 48}, {4, 52},  {6, 37},
+                                                  {8, 0},    {40, 2}, {42, 36}, {44, 1828},
+                                                  {46, 0},   {48, 0}, {50, 0}};
+    for (const auto& [offset, expected] : fields)
+        EXPECT_EQ(Word(record, offset), expected) << offset;
     EXPECT_EQ(model->GetCapabilitiesData(), record) << "made once";
 }
 
 TEST_F(ModelRecords, OfCapabilitiesTellWhatThePrinterDrawsAndHowItRepeats) {
-    const struct {
-        std::string ModelTables::*table;
-        const char* lines;
-        size_t offset;
-        uint16_t expected;
-    } cases[] = {
+    const std::tuple<std::string ModelTables::*, const char*, size_t, uint16_t> cases[] = {
         {&ModelTables::drawing, "Line=yes", 10, 1},
         {&ModelTables::drawing, "Line=yes", 18, 1},
         {&ModelTables::drawing, "Line.Color=yes\nLine.Diagonal=yes", 10, 6},
@@ -65,15 +60,14 @@ TEST_F(ModelRecords, OfCapabilitiesTellWhatThePrinterDrawsAndHowItRepeats) {
         {&ModelTables::method, "Serialization.Step.Limit=65537", 34, 1},
         {&ModelTables::method, "Serialization.RolloverExpands=yes", 36, 1},
         {&ModelTables::method, "Serialization.Copies=yes", 38, 0},
-        {&ModelTables::method, "Serialization.Copies=no", 38, 1},
-    };
+        {&ModelTables::method, "Serialization.Copies=no", 38, 1}};
     Install({});
-    for (const auto& c : cases) {
+    for (const auto& [table, lines, offset, expected] : cases) {
         ModelTables tables;
-        tables.*c.table = c.lines;
+        tables.*table = lines;
         Replace(tables);
-        EXPECT_EQ(Word(Model()->GetCapabilitiesData(), c.offset), c.expected)
-            << c.lines << " at " << c.offset;
+        EXPECT_EQ(Word(Model()->GetCapabilitiesData(), offset), expected)
+            << lines << " at " << offset;
     }
 }
 
@@ -100,23 +94,20 @@ TEST_F(ModelRecords, OfTheDriverHasItsVersions) {
 }
 
 TEST_F(ModelRecords, OfTheMakerFollowsTheOemCode) {
-    const struct {
-        const char* oem;
-        const char* maker;
-    } cases[] = {{"in", "Intermec Corporation"},
-                 {"tt", "Toshiba TEC Corporation"},
-                 {"dt", "Datamax Corporation"},
-                 {"qv", "Valdrick"}};
+    const std::pair<const char*, const char*> cases[] = {{"in", "Intermec Corporation"},
+                                                         {"tt", "Toshiba TEC Corporation"},
+                                                         {"dt", "Datamax Corporation"},
+                                                         {"qv", "Valdrick"}};
     const std::string company = "CompanyName=A company whose name goes on and on and on\n";
     Install({.manufacturer = company});
-    for (const auto& c : cases) {
-        ASSERT_TRUE(AddDriver("Model 1", (std::string("zpl") + c.oem + ".ddt").c_str()));
+    for (const auto& [oem, maker] : cases) {
+        ASSERT_TRUE(AddDriver("Model 1", (std::string("zpl") + oem + ".ddt").c_str()));
         Replace({.manufacturer = company});
         auto model = Model();
         const KVManufacturerInfo* record = model->GetManufacturerInfo();
         EXPECT_EQ(record->size, 78);
-        EXPECT_STREQ(record->manufacturer, c.maker);
-        EXPECT_STREQ(record->oem, c.oem);
+        EXPECT_STREQ(record->manufacturer, maker);
+        EXPECT_STREQ(record->oem, oem);
         EXPECT_STREQ(record->company_name, "A company whose name goes on an");
     }
 }

@@ -1,6 +1,8 @@
 // The printer model's answers to the spooler, straight from the model.
 
 #include <cstring>
+#include <tuple>
+#include <utility>
 #include <vector>
 
 #include "support/model_test.h"
@@ -52,23 +54,17 @@ protected:
 
 } // namespace
 
-TEST_F(PrinterModelCapabilities, ThatAreNumbers) {
+TEST_F(PrinterModelCapabilities, ThatAreNumbersOrNotSupported) {
     Install({.model = "Color=yes\nColor.Spot=3\n", .method = "Copies.Limit=99\n"});
-    const struct {
-        uint16_t capability;
-        uint32_t expected;
-    } cases[] = {{DC_DUPLEX, 0},  {DC_TRUETYPE, 1},  {DC_ORIENTATION, 90},
-                 {DC_COPIES, 99}, {DC_BINADJUST, 2}, {DC_EMF_COMPLIANT, 1},
-                 {DC_COLLATE, 0}, {DC_STAPLE, 0},    {DC_COLORDEVICE, 1}};
-    for (const auto& c : cases) {
-        EXPECT_EQ(Ask(c.capability), c.expected) << c.capability;
-        EXPECT_EQ(Written(), 0u) << c.capability;
-        EXPECT_EQ(AskForNumber(c.capability), c.expected) << c.capability;
+    const std::pair<uint16_t, uint32_t> cases[] = {
+        {DC_DUPLEX, 0},  {DC_TRUETYPE, 1},  {DC_ORIENTATION, 90},
+        {DC_COPIES, 99}, {DC_BINADJUST, 2}, {DC_EMF_COMPLIANT, 1},
+        {DC_COLLATE, 0}, {DC_STAPLE, 0},    {DC_COLORDEVICE, 1}};
+    for (const auto& [capability, expected] : cases) {
+        EXPECT_EQ(Ask(capability), expected) << capability;
+        EXPECT_EQ(Written(), 0u) << capability;
+        EXPECT_EQ(AskForNumber(capability), expected) << capability;
     }
-}
-
-TEST_F(PrinterModelCapabilities, ThatAreNotSupported) {
-    Install({});
     for (int capability : {0, 21, 23, 24, 26, 27, 28, 29, 31, 34, 0x101, 0xFFFF}) {
         EXPECT_EQ(Ask(static_cast<uint16_t>(capability)), NOT_SUPPORTED) << capability;
         EXPECT_EQ(Written(), 0u) << capability;
@@ -76,29 +72,23 @@ TEST_F(PrinterModelCapabilities, ThatAreNotSupported) {
 }
 
 TEST_F(PrinterModelCapabilities, OfPaperStayWithinSixteenBits) {
-    const struct {
-        const char* minimum;
-        const char* maximum;
-        uint32_t smallest;
-        uint32_t largest;
-    } cases[] = {
+    const std::tuple<const char*, const char*, uint32_t, uint32_t> cases[] = {
         {"Stock.Minimum.X=20 mm\nStock.Minimum.Y=6.4 mm\n",
          "Stock.Maximum.X=4 in\nStock.Maximum.Y=991 mm\n", 64u << 16 | 200, 9910u << 16 | 1016},
-        {"", "Stock.Maximum.X=4000 mm\nStock.Maximum.Y=-5 mm\n", 1u << 16 | 1, 1u << 16 | 32767},
-    };
+        {"", "Stock.Maximum.X=4000 mm\nStock.Maximum.Y=-5 mm\n", 1u << 16 | 1, 1u << 16 | 32767}};
     Install({});
-    for (const auto& c : cases) {
-        Replace({.model = std::string(c.minimum) + c.maximum});
-        EXPECT_EQ(Ask(DC_MINEXTENT), c.smallest);
+    for (const auto& [minimum, maximum, smallest, largest] : cases) {
+        Replace({.model = std::string(minimum) + maximum});
+        EXPECT_EQ(Ask(DC_MINEXTENT), smallest);
         EXPECT_EQ(Written(), 4u);
-        EXPECT_EQ(Value<uint32_t>(), c.smallest);
-        EXPECT_EQ(Ask(DC_MAXEXTENT), c.largest);
-        EXPECT_EQ(Value<uint32_t>(), c.largest);
-        EXPECT_EQ(AskForNumber(DC_MAXEXTENT), c.largest);
+        EXPECT_EQ(Value<uint32_t>(), smallest);
+        EXPECT_EQ(Ask(DC_MAXEXTENT), largest);
+        EXPECT_EQ(Value<uint32_t>(), largest);
+        EXPECT_EQ(AskForNumber(DC_MAXEXTENT), largest);
     }
 }
 
-TEST_F(PrinterModelCapabilities, OfBinsAndSheets) {
+TEST_F(PrinterModelCapabilities, OfBinsSheetsAndNamesFillOneSlotEach) {
     Install({});
     EXPECT_EQ(Ask(DC_BINS), 1u);
     EXPECT_EQ(Written(), 2u);
@@ -106,12 +96,6 @@ TEST_F(PrinterModelCapabilities, OfBinsAndSheets) {
     EXPECT_EQ(Ask(DC_NUP), 1u);
     EXPECT_EQ(Written(), 4u);
     EXPECT_EQ(Value<uint32_t>(), 1u);
-    EXPECT_EQ(AskForNumber(DC_BINS), 1u);
-    EXPECT_EQ(AskForNumber(DC_NUP), 1u);
-}
-
-TEST_F(PrinterModelCapabilities, WithNamesFillOneSlotEach) {
-    Install({});
     EXPECT_EQ(Ask(DC_BINNAMES), 1u);
     EXPECT_EQ(Written(), 24 * sizeof(WCHAR));
     EXPECT_EQ(Name(0, 24), "Internal Spool");
@@ -122,7 +106,7 @@ TEST_F(PrinterModelCapabilities, WithNamesFillOneSlotEach) {
     EXPECT_EQ(Written(), 2 * 64 * sizeof(WCHAR));
     EXPECT_EQ(Name(0, 64), "zplrender.dll");
     EXPECT_EQ(Name(1, 64), "zplvenu.dll");
-    for (WORD capability : {WORD{DC_BINNAMES}, WORD{DC_PERSONALITY}})
+    for (WORD capability : {WORD{DC_BINS}, WORD{DC_NUP}, WORD{DC_BINNAMES}, WORD{DC_PERSONALITY}})
         EXPECT_EQ(AskForNumber(capability), 1u);
     EXPECT_EQ(AskForNumber(DC_FILEDEPENDENCIES), 2u);
 }
@@ -144,16 +128,13 @@ TEST_F(PrinterModelCapabilities, OfADevModeAreReadFromIt) {
     dev_mode.dmDriverExtra = 1000;
     dev_mode.dmSpecVersion = 0x401;
     dev_mode.dmDriverVersion = 0x607;
-    const struct {
-        uint16_t capability;
-        uint32_t expected;
-    } cases[] = {{DC_FIELDS, 0x12345678},
-                 {DC_SIZE, 220},
-                 {DC_EXTRA, 1000},
-                 {DC_VERSION, 0x401},
-                 {DC_DRIVER, 0x607}};
-    for (const auto& c : cases) {
-        EXPECT_EQ(Model()->DeviceCapabilitiesW(c.capability, nullptr, &dev_mode), c.expected);
-        EXPECT_EQ(AskForNumber(c.capability), NOT_SUPPORTED);
+    const std::pair<uint16_t, uint32_t> cases[] = {{DC_FIELDS, 0x12345678},
+                                                   {DC_SIZE, 220},
+                                                   {DC_EXTRA, 1000},
+                                                   {DC_VERSION, 0x401},
+                                                   {DC_DRIVER, 0x607}};
+    for (const auto& [capability, expected] : cases) {
+        EXPECT_EQ(Model()->DeviceCapabilitiesW(capability, nullptr, &dev_mode), expected);
+        EXPECT_EQ(AskForNumber(capability), NOT_SUPPORTED);
     }
 }

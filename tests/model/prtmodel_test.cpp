@@ -2,6 +2,9 @@
 
 #include "model/prtmodel.h"
 
+#include <gmock/gmock.h>
+
+#include <utility>
 #include <vector>
 
 #include "driver/printer_info.h"
@@ -42,60 +45,44 @@ TEST_F(PrinterModel, OfAnUnknownPrinterAnswersDefaults) {
 }
 
 TEST_F(PrinterModel, MeasuresPaper) {
-    Install({.model =
-                 "Stock.UnprintableWidth=1 mm\nStock.Printable.X=2 mm\nStock.Default.X=100 mm\n"
-                 "Stock.Default.Y=5 mm\nStock.Minimum.Y=6 mm\nStock.Maximum.Y=7 mm\n"
-                 "Stock.Minimum.X=8 mm\nStock.Maximum.X=9 mm\nStock.Tracking=Center\n"});
+    Install({.model = "Stock.UnprintableWidth=1 mm\nStock.Printable.X=2 mm\n"
+                      "Stock.Default.X=0.051 in\nStock.Default.Y=5 mm\nStock.Minimum.Y=6 mm\n"
+                      "Stock.Maximum.Y=7 mm\nStock.Minimum.X=8 mm\nStock.Maximum.X=9 mm\n"
+                      "Stock.Tracking=Center\n"});
     auto model = Model();
-    EXPECT_EQ(model->GetPrintableWidth().Microns(), 2000);
-    EXPECT_EQ(model->GetDefaultLabelWidth().Microns(), 100000);
-    EXPECT_EQ(model->GetDefaultPaperWidth().Microns(), 102540) << "with liner on both sides";
-    EXPECT_EQ(model->GetDefaultLabelLength().Microns(), 5000);
-    EXPECT_EQ(model->GetDefaultPaperLength().Microns(), 5000);
-    EXPECT_EQ(model->GetPaperLengthMin().Microns(), 6000);
-    EXPECT_EQ(model->GetPaperLengthMax().Microns(), 7000);
-    EXPECT_EQ(model->GetPaperWidthMin().Microns(), 8000);
-    EXPECT_EQ(model->GetPaperWidthMax().Microns(), 9000);
-    EXPECT_EQ(model->GetUnprintableWidth().Microns(), 1000);
-    EXPECT_EQ(model->GetUnprintableWidthDefault().Microns(), 1000);
+    const std::pair<Measurement, int> lengths[] = {
+        {model->GetUnprintableWidth(), 1000},   {model->GetUnprintableWidthDefault(), 1000},
+        {model->GetPrintableWidth(), 2000},     {model->GetDefaultLabelLength(), 5000},
+        {model->GetDefaultPaperLength(), 5000}, {model->GetPaperLengthMin(), 6000},
+        {model->GetPaperLengthMax(), 7000},     {model->GetPaperWidthMin(), 8000},
+        {model->GetPaperWidthMax(), 9000}};
+    for (const auto& [length, microns] : lengths) EXPECT_EQ(length.Microns(), microns);
+    EXPECT_EQ(model->GetDefaultLabelWidth().Dots(254000), 12954);
+    EXPECT_EQ(model->GetDefaultPaperWidth().Dots(254000), 12954 + 2 * 12700) << "with the liner";
     EXPECT_TRUE(model->IsCenterTracked());
-    EXPECT_FALSE(model->IsLeftTracked());
-    EXPECT_FALSE(model->IsRightTracked());
-}
-
-TEST_F(PrinterModel, AddsTheLinerToExactlyTheWidthThatTheModelHas) {
-    Install({.model = "Stock.Default.X=0.051 in\n"}); // 12954 tenths of a micrometre
-    EXPECT_EQ(Model()->GetDefaultPaperWidth().Dots(254000), 12954 + 2 * 12700);
+    EXPECT_FALSE(model->IsLeftTracked() || model->IsRightTracked());
 }
 
 TEST_F(PrinterModel, ListsResolutionsUpToTheFirstThatIsZero) {
-    const struct {
-        const char* text;
-        std::vector<int> expected;
-    } cases[] = {
+    const std::pair<const char*, std::vector<int>> cases[] = {
         {"203,300", {203, 203, 300, 300}},
         {"203,300x0,600", {203, 203}},
         {"1,2,3,4,5,6,7,8", {1, 1, 2, 2, 3, 3, 4, 4, 5, 5, 6, 6, 7, 7, 8, 8}},
-        {"", {}},
-    };
+        {"", {}}};
     Install({});
-    for (const auto& c : cases) {
-        Replace({.model = std::string("Resolution=") + c.text});
+    for (const auto& [text, expected] : cases) {
+        Replace({.model = std::string("Resolution=") + text});
         OTypedArray<int> numbers;
         numbers.Add(99);
-        EXPECT_EQ(Model()->GetResolutions(numbers), static_cast<int>(c.expected.size() / 2))
-            << c.text;
-        ASSERT_EQ(numbers.GetSize(), static_cast<int>(c.expected.size())) << c.text;
+        EXPECT_EQ(Model()->GetResolutions(numbers), static_cast<int>(expected.size() / 2)) << text;
+        ASSERT_EQ(numbers.GetSize(), static_cast<int>(expected.size())) << text;
         for (int i = 0; i < numbers.GetSize(); ++i)
-            EXPECT_EQ(numbers[i], c.expected[static_cast<size_t>(i)]) << c.text;
+            EXPECT_EQ(numbers[i], expected[static_cast<size_t>(i)]) << text;
     }
 }
 
 TEST_F(PrinterModel, AnswersWhetherItCan) {
-    const struct {
-        ModelTables tables;
-        bool (prtmodel::*can)() const;
-    } cases[] = {
+    const std::pair<ModelTables, bool (prtmodel::*)() const> cases[] = {
         {{.drawing = "Transform.Flip180=yes"}, &prtmodel::CanFlip180},
         {{.drawing = "Transform.Mirror=yes"}, &prtmodel::CanMirror},
         {{.drawing = "Transform.Inverse=yes"}, &prtmodel::CanNegative},
@@ -109,17 +96,14 @@ TEST_F(PrinterModel, AnswersWhetherItCan) {
         {{.model = "Ports.Bidirectional=USB"}, &prtmodel::IsBidiUSB},
         {{.barcode = "Telepen=yes"}, &prtmodel::HasBarCodes},
         {{.font = "Fonts=FontGroup:A.pfg"}, &prtmodel::HasDeviceFonts},
-        {{.model = "~RFID.TagTypes=EPC96"}, &prtmodel::HasRFID},
-    };
+        {{.model = "~RFID.TagTypes=EPC96"}, &prtmodel::HasRFID}};
     Install({});
-    int number = 0;
-    for (const auto& c : cases) {
-        Replace({});
-        EXPECT_FALSE((*Model().*c.can)()) << number;
-        Registry().Delete("MODEL:", true);
-        Replace(c.tables);
-        EXPECT_TRUE((*Model().*c.can)()) << number++;
-        Registry().Delete("MODEL:", true);
+    for (size_t i = 0; i < std::size(cases); ++i) {
+        for (const bool able : {false, true}) {
+            Replace(able ? cases[i].first : ModelTables{});
+            EXPECT_EQ((*Model().*cases[i].second)(), able) << i;
+            Registry().Delete("MODEL:", true);
+        }
     }
 }
 
@@ -131,22 +115,15 @@ TEST_F(PrinterModel, AnswersNumbersAndMasks) {
              .method = "Copies.Limit=99\n",
              .font = "Download.Bitmap=yes\nDownload.Bitmap.Orientation=90\n"});
     auto model = Model();
-    EXPECT_TRUE(model->ColorSupport(0x01));
-    EXPECT_TRUE(model->ColorSupport(0x82));
-    EXPECT_FALSE(model->ColorSupport(0x7E));
-    EXPECT_FALSE(model->ColorSupport(0xFFFFFF00));
-    EXPECT_EQ(model->GetDefaultColorState(), 2);
-    EXPECT_EQ(model->GetXResolution(), 300);
-    EXPECT_EQ(model->GetYResolution(), 600);
-    EXPECT_EQ(model->GetNaturalOrientation(), 3);
-    EXPECT_EQ(model->GetMapResolution(), 72);
-    EXPECT_EQ(model->GetMaxLineThickness(), 10);
-    EXPECT_EQ(model->GetMaxBoxThickness(), 20);
-    EXPECT_EQ(model->GetMaxCopies(), 99);
-    EXPECT_FALSE(model->DownloadFontRotation(0));
-    EXPECT_TRUE(model->DownloadFontRotation(1));
-    EXPECT_FALSE(model->DownloadFontRotation(2));
-    EXPECT_FALSE(model->DownloadFontRotation(-1));
+    for (const uint32_t mask : {0x01u, 0x82u}) EXPECT_TRUE(model->ColorSupport(mask));
+    for (const uint32_t mask : {0x7Eu, 0xFFFFFF00u}) EXPECT_FALSE(model->ColorSupport(mask));
+    const int numbers[] = {model->GetDefaultColorState(), model->GetXResolution(),
+                           model->GetYResolution(),       model->GetNaturalOrientation(),
+                           model->GetMapResolution(),     model->GetMaxLineThickness(),
+                           model->GetMaxBoxThickness(),   model->GetMaxCopies()};
+    EXPECT_THAT(numbers, testing::ElementsAre(2, 300, 600, 3, 72, 10, 20, 99));
+    for (const int rotation : {-1, 0, 1, 2})
+        EXPECT_EQ(model->DownloadFontRotation(rotation), rotation == 1) << rotation;
     DitherCapabilities dither = {9, 9};
     model->GetDitherCapabilities(dither);
     EXPECT_EQ(dither.own_dithering, 0u);

@@ -20,29 +20,18 @@ using ResourceCacheThreads = ResourceCache;
 
 } // namespace
 
-TEST_F(ResourceCache, ReadsAFileOnce) {
+TEST_F(ResourceCache, ReadsAFileOnceDuringItsLife) {
     WriteFile("zpl.ddt", Record("A", "a"));
     OResourceFile* file = OResourceCache::GetResourceFile("C:\\zpl.ddt");
-    ASSERT_NE(file, nullptr);
-    WriteFile("zpl.ddt", Record("A", "changed"));
+    OResourceFile* missing = OResourceCache::GetResourceFile("C:\\other.ddt");
+    ASSERT_TRUE(file && missing && file != missing);
+    for (const char* path : {"zpl.ddt", "other.ddt"}) WriteFile(path, Record("A", "changed"));
     EXPECT_EQ(OResourceCache::GetResourceFile("C:\\zpl.ddt"), file);
+    EXPECT_EQ(OResourceCache::GetResourceFile("C:\\other.ddt"), missing);
     EXPECT_EQ(Content(*file, "A"), "a");
-    EXPECT_NE(OResourceCache::GetResourceFile("C:\\other.ddt"), file);
-}
-
-TEST_F(ResourceCache, RemembersThatAFileWasMissing) {
-    OResourceFile* file = OResourceCache::GetResourceFile("C:\\zpl.ddt");
-    ASSERT_NE(file, nullptr);
-    WriteFile("zpl.ddt", Record("A", "a"));
-    EXPECT_EQ(OResourceCache::GetResourceFile("C:\\zpl.ddt"), file);
-    EXPECT_EQ(Content(*file, "A"), "(none)");
-}
-
-TEST_F(ResourceCache, HasNoFilesOutsideItsLife) {
+    EXPECT_EQ(Content(*missing, "A"), "(none)");
     OResourceCache::Free();
     EXPECT_EQ(OResourceCache::GetResourceFile("C:\\zpl.ddt"), nullptr);
-    OResourceCache::Initialize();
-    EXPECT_NE(OResourceCache::GetResourceFile("C:\\zpl.ddt"), nullptr);
 }
 
 // Every thread opens the file, decompresses, parses and queries at the same time as the others.

@@ -2,6 +2,8 @@
 
 #include <filesystem>
 #include <string>
+#include <tuple>
+#include <utility>
 
 #include "support/data_file_text.h"
 #include "support/host_test.h"
@@ -25,13 +27,8 @@ TEST_F(ResourceFile, FindsTheFirstResourceOfANameInEitherCase) {
     EXPECT_EQ(Content(file, "Model.d"), std::string(100000, 'x'));
     EXPECT_EQ(Content(file, "Font.d"), "(none)");
     EXPECT_STREQ(file.GetPath().nstring(), "C:\\driver\\zpl.ddt");
-}
-
-TEST_F(ResourceFile, IsNotMadeByLoadingIt) {
-    OResourceFile file("");
-    std::filesystem::create_directories(OnDriveC("driver"));
-    EXPECT_FALSE(file.Load("C:\\driver\\zpl.ddt"));
-    EXPECT_FALSE(std::filesystem::exists(OnDriveC("driver\\zpl.ddt")));
+    EXPECT_FALSE(OResourceFile("").Load("C:\\driver\\none.ddt"));
+    EXPECT_FALSE(std::filesystem::exists(OnDriveC("driver\\none.ddt"))) << "made by loading it";
 }
 
 TEST_F(ResourceFile, IsModifiedUntilItIsLoaded) {
@@ -46,19 +43,14 @@ TEST_F(ResourceFile, IsModifiedUntilItIsLoaded) {
     EXPECT_EQ(Content(file, "A") + Content(file, "B"), "ab");
 }
 
-TEST(ResourceFileRecords, EndAtALengthOfZero) {
+TEST(ResourceFileRecords, MayHaveOddNamesAndEndAtALengthOfZero) {
     OResourceFile file("");
-    Parse(file, Record("A", "a") + LittleEndian(0) + Record("B", "b"));
-    EXPECT_EQ(Content(file, "A"), "a");
-    EXPECT_EQ(Content(file, "B"), "(none)");
-}
-
-TEST(ResourceFileRecords, MayHaveNamesWithATerminator) {
-    OResourceFile file("");
-    Parse(file, Record(std::string("A.d\0", 4), "a") + Record("", "nameless") + Record("B", "b"));
+    Parse(file, Record(std::string("A.d\0", 4), "a") + Record("", "nameless") + Record("B", "b") +
+                    LittleEndian(0) + Record("C", "c"));
     EXPECT_EQ(Content(file, "A.d"), "a");
     EXPECT_EQ(Content(file, ""), "nameless");
     EXPECT_EQ(Content(file, "B"), "b");
+    EXPECT_EQ(Content(file, "C"), "(none)");
 }
 
 TEST(ResourceFileRecords, ReadAsEmptyWhenTheirContainerIsNotSound) {
@@ -67,33 +59,25 @@ TEST(ResourceFileRecords, ReadAsEmptyWhenTheirContainerIsNotSound) {
     huge.replace(4, 4, LittleEndian(0xFFFFFFFF));
     std::string corrupt = sound;
     corrupt.back() = static_cast<char>(corrupt.back() + 1);
-    const struct {
-        const char* what;
-        std::string payload;
-    } cases[] = {
+    const std::pair<const char*, std::string> cases[] = {
         {"nothing", ""},
         {"not a container", "0123456789abcdef"},
         {"a claim of 4 GB", huge},
         {"a wrong checksum", corrupt},
-        {"cut short", sound.substr(0, sound.size() - 1)},
-    };
-    for (const auto& c : cases) {
+        {"cut short", sound.substr(0, sound.size() - 1)}};
+    for (const auto& [what, payload] : cases) {
         OResourceFile file("");
-        Parse(file, RawRecord("A", c.payload) + Record("B", "b"));
-        EXPECT_EQ(Content(file, "A"), "") << c.what;
-        EXPECT_EQ(Content(file, "A"), "") << c.what << ", asked again";
-        EXPECT_EQ(Content(file, "B"), "b") << c.what;
+        Parse(file, RawRecord("A", payload) + Record("B", "b"));
+        EXPECT_EQ(Content(file, "A"), "") << what;
+        EXPECT_EQ(Content(file, "A"), "") << what << ", asked again";
+        EXPECT_EQ(Content(file, "B"), "b") << what;
     }
 }
 
 TEST(ResourceFileRecords, KeepWhatComesBeforeADamagedOne) {
     const std::string whole = Record("B", "b");
     const std::string tail = whole.substr(8);
-    const struct {
-        const char* what;
-        std::string bytes;
-        const char* b;
-    } cases[] = {
+    const std::tuple<const char*, std::string, const char*> cases[] = {
         {"half a length", whole.substr(0, 2), "(none)"},
         {"only a length", whole.substr(0, 4), "(none)"},
         {"cut in the name", whole.substr(0, 8), "(none)"},
@@ -103,12 +87,11 @@ TEST(ResourceFileRecords, KeepWhatComesBeforeADamagedOne) {
         {"header too short", LittleEndian(30) + LittleEndian(7) + tail, "(none)"},
         {"header beyond the record", LittleEndian(20) + LittleEndian(21) + tail, "(none)"},
         {"a name of 4 GB", LittleEndian(0xFFFFFFFF) + LittleEndian(0xFFFFFFFF) + tail, "(none)"},
-        {"shorter than its head", LittleEndian(1) + LittleEndian(9) + tail, "(none)"},
-    };
-    for (const auto& c : cases) {
+        {"shorter than its head", LittleEndian(1) + LittleEndian(9) + tail, "(none)"}};
+    for (const auto& [what, bytes, content] : cases) {
         OResourceFile file("");
-        Parse(file, Record("A", "a") + c.bytes);
-        EXPECT_EQ(Content(file, "A"), "a") << c.what;
-        EXPECT_EQ(Content(file, "B"), c.b) << c.what;
+        Parse(file, Record("A", "a") + bytes);
+        EXPECT_EQ(Content(file, "A"), "a") << what;
+        EXPECT_EQ(Content(file, "B"), content) << what;
     }
 }

@@ -3,16 +3,13 @@
 #include "model/symbology_info.h"
 
 #include <cstring>
+#include <tuple>
 #include <vector>
 
 #include "support/model_test.h"
 
 TEST(SymbologyInfo, NamesNumbersAndTheirKeys) {
-    const struct {
-        int number;
-        const char* name;
-        const char* key;
-    } cases[] = {
+    const std::tuple<int, const char*, const char*> cases[] = {
         {0, "Code39", "Code39.HR"},
         {1, "Code39", "Code39.HR"},
         {5, "I-2/5", "I-2/5.HR"},
@@ -21,11 +18,10 @@ TEST(SymbologyInfo, NamesNumbersAndTheirKeys) {
         {30, "AztecMesa", "AztecMesa.HR"},
         {36, "Telepen", "Telepen.HR"},
         {37, "", ".HR"},
-        {-1, "", ".HR"},
-    };
-    for (const auto& c : cases) {
-        EXPECT_STREQ(SymbologyInfo(c.number).GetName().nstring(), c.name) << c.number;
-        EXPECT_STREQ(SymbologyInfo(c.number).CreateKey("HR").nstring(), c.key) << c.number;
+        {-1, "", ".HR"}};
+    for (const auto& [number, name, key] : cases) {
+        EXPECT_STREQ(SymbologyInfo(number).GetName().nstring(), name) << number;
+        EXPECT_STREQ(SymbologyInfo(number).CreateKey("HR").nstring(), key) << number;
     }
 }
 
@@ -54,6 +50,13 @@ protected:
         return model_->GetCapabilitiesData()->symbologies[number];
     }
 
+    // A supported symbology with these lines, which semicolons divide.
+    static std::string Lines(const std::string& name, const std::string& lines) {
+        std::string text = name + "=yes\n" + (lines.empty() ? "" : name + ".");
+        for (const char c : lines) text += c == ';' ? "\n" + name + "." : std::string(1, c);
+        return text + "\n";
+    }
+
     void Load(const std::string& barcode) {
         const ModelTables tables = {.barcode = barcode, .manufacturer = "Fonts.Prefix=AB\n"};
         if (model_)
@@ -75,26 +78,15 @@ TEST_F(Symbologies, ThatAreNotSupportedHaveEmptyRecords) {
     EXPECT_EQ(Record(0).flags, 1);
     EXPECT_EQ(Record(1).flags, 1);
     EXPECT_TRUE(model_->HasBarCodes());
+    Load("Code39=yes\nCode39.HR=On\nCode39.HR.Font.Name=OCR\n");
+    EXPECT_EQ(std::memcmp(&Record(0), &Record(1), sizeof(KVSymbologyData)), 0);
+    EXPECT_STREQ(Record(1).font_name, "AB OCR");
     Load("");
     EXPECT_FALSE(model_->HasBarCodes());
 }
 
-TEST_F(Symbologies, OfCode39HaveTheSameRecord) {
-    Load("Code39=yes\nCode39.Color=yes\nCode39.Ratio=Variable,3:1\nCode39.FullASCII=yes\n"
-         "Code39.CheckDigit.Required=yes\nCode39.HR=On,Off\nCode39.HR.CheckDigit=Show\n"
-         "Code39.HR.Translation=On\nCode39.HR.Font.Name=OCR\n");
-    EXPECT_EQ(Record(1).options, 0x801004u);
-    EXPECT_EQ(Record(1).hr_bits, 0x10100u);
-    EXPECT_EQ(std::memcmp(&Record(0), &Record(1), sizeof(KVSymbologyData)), 0);
-}
-
 TEST_F(Symbologies, HaveTheirOwnOptions) {
-    const struct {
-        int number;
-        const char* name;
-        const char* lines;
-        uint32_t expected;
-    } cases[] = {
+    const std::tuple<int, const char*, const char*, uint32_t> cases[] = {
         {0, "Code39", "", 0x1},
         {0, "Code39", "FullASCII=yes", 0},
         {1, "Code39", "FullASCII=yes;StartStop.Required=yes", 0x2},
@@ -147,56 +139,35 @@ TEST_F(Symbologies, HaveTheirOwnOptions) {
         {31, "RSS", "Type=EAN8,UPCA", 0},
         {32, "Composite", "Type=RSS14,EAN8,EAN13,UPCA,UPCE,128_CC_AB,128_CC_C", 0x3F01},
         {32, "Composite", "SegmentsPerRow=Manual", 0x10000},
-        {36, "Telepen", "CheckDigit.Required=yes;Mode=Numeric", 0x3},
-    };
-    std::string barcode;
-    for (const auto& c : cases) {
-        barcode = std::string(c.name) + "=yes\n";
-        std::string line;
-        for (const char* p = c.lines;; ++p) {
-            if (*p && *p != ';') {
-                line += *p;
-                continue;
-            }
-            if (!line.empty()) barcode += std::string(c.name) + "." + line + "\n";
-            line.clear();
-            if (!*p) break;
-        }
-        Load(barcode);
-        EXPECT_EQ(Record(c.number).options, c.expected) << barcode;
+        {36, "Telepen", "CheckDigit.Required=yes;Mode=Numeric", 0x3}};
+    for (const auto& [number, name, lines, expected] : cases) {
+        Load(Lines(name, lines));
+        EXPECT_EQ(Record(number).options, expected) << name << " " << lines;
     }
 }
 
 TEST_F(Symbologies, HaveHumanReadableTextWhereItCanBe) {
-    const struct {
-        int number;
-        const char* name;
-        const char* lines;
-        uint16_t mode;
-        uint32_t bits;
-    } cases[] = {
-        {0, "Code39", "HR=On,Off\nCode39.HR.Placement=Above,Below\n", 0, 0xC},
-        {0, "Code39", "HR=On\nCode39.HR.Offset=Vertical,Horizontal\n", 2, 0x3},
-        {0, "Code39", "HR=Off\nCode39.HR.Placement=Above\n", 1, 0},
-        {0, "Code39", "HR=Off,On\nCode39.HR.Placement=Above\n", 1, 0},
-        {0, "Code39", "HR.Placement=Above\n", 1, 0},
-        {0, "Code39", "HR=On\nCode39.HR.Alignment=Left,Right,Center,Bar\n", 2, 0xF0},
-        {0, "Code39", "HR=On\nCode39.HR.CheckDigit=Show,Hide\n", 2, 0x300},
-        {0, "Code39", "HR=On\nCode39.HR.StartStop=Show,Hide\n", 2, 0xC00},
-        {0, "Code39", "HR=On\nCode39.HR.Font.Select=yes\n", 2, 0x8000},
-        {0, "Code39", "HR=Off\nCode39.HR.Translation=On,Off\n", 1, 0x30000},
-        {3, "Code128", "HR=On\nCode128.HR.CheckDigit=Show\n", 2, 0},
-        {7, "UPC-A", "HR=On\nUPC-A.SplitDigit=Full\n", 2, 0x90000},
-        {8, "UPC-E", "HR=On\nUPC-E.SplitDigit=Small\n", 2, 0x50000},
-        {9, "EAN-13", "HR=On\nEAN-13.SplitDigit=None\n", 2, 0x20000},
-        {15, "PDF417", "HR=On\nPDF417.HR.Placement=Above\n", 0, 0},
-        {13, "Postnet", "HR=On\nPostnet.HR.Placement=Above\n", 2, 0x4},
-    };
-    for (const auto& c : cases) {
-        const std::string name = c.name;
-        Load(name + "=yes\n" + name + "." + c.lines);
-        EXPECT_EQ(Record(c.number).hr_mode, c.mode) << c.lines;
-        EXPECT_EQ(Record(c.number).hr_bits, c.bits) << c.lines;
+    const std::tuple<int, const char*, const char*, uint16_t, uint32_t> cases[] = {
+        {0, "Code39", "HR=On,Off;HR.Placement=Above,Below", 0, 0xC},
+        {0, "Code39", "HR=On;HR.Offset=Vertical,Horizontal", 2, 0x3},
+        {0, "Code39", "HR=Off;HR.Placement=Above", 1, 0},
+        {0, "Code39", "HR=Off,On;HR.Placement=Above", 1, 0},
+        {0, "Code39", "HR.Placement=Above", 1, 0},
+        {0, "Code39", "HR=On;HR.Alignment=Left,Right,Center,Bar", 2, 0xF0},
+        {0, "Code39", "HR=On;HR.CheckDigit=Show,Hide", 2, 0x300},
+        {0, "Code39", "HR=On;HR.StartStop=Show,Hide", 2, 0xC00},
+        {0, "Code39", "HR=On;HR.Font.Select=yes", 2, 0x8000},
+        {0, "Code39", "HR=Off;HR.Translation=On,Off", 1, 0x30000},
+        {3, "Code128", "HR=On;HR.CheckDigit=Show", 2, 0},
+        {7, "UPC-A", "HR=On;SplitDigit=Full", 2, 0x90000},
+        {8, "UPC-E", "HR=On;SplitDigit=Small", 2, 0x50000},
+        {9, "EAN-13", "HR=On;SplitDigit=None", 2, 0x20000},
+        {15, "PDF417", "HR=On;HR.Placement=Above", 0, 0},
+        {13, "Postnet", "HR=On;HR.Placement=Above", 2, 0x4}};
+    for (const auto& [number, name, options, mode, bits] : cases) {
+        Load(Lines(name, options));
+        EXPECT_EQ(Record(number).hr_mode, mode) << name << " " << options;
+        EXPECT_EQ(Record(number).hr_bits, bits) << name << " " << options;
     }
 }
 

@@ -3,6 +3,7 @@
 #include <gtest/gtest.h>
 
 #include <string>
+#include <tuple>
 
 namespace {
 
@@ -24,12 +25,7 @@ std::string Section(const TableText& table, const char* section) {
 } // namespace
 
 TEST(TableText, ReadsASectionWithTheDefaultSectionInTheOrderOfTheText) {
-    const struct {
-        const char* what;
-        std::string text;
-        const char* section;
-        const char* lines;
-    } cases[] = {
+    const std::tuple<const char*, std::string, const char*, const char*> cases[] = {
         {"default in front", "[.default]\nd\n[A]\na\n[B]\nb\n", "A", "d|a|"},
         {"default behind", "[A]\na\n[.default]\nd\n[B]\nb\n", "A", "a|d|"},
         {"default between", "[A]\na\n[.default]\nd\n[A]\nb\n[.default]\ne\n", "A", "a|d|b|e|"},
@@ -49,9 +45,9 @@ TEST(TableText, ReadsASectionWithTheDefaultSectionInTheOrderOfTheText) {
         {"a blank in front of the bracket is text", "[A]\na\n [B]\nb\n", "A", "a| [B]|b|"},
         {"carriage returns", "[A]\r\na\r\nb\rc\r\n", "A", "a|bc|"},
         {"no line feed at the end", "[A]\na\nb", "A", "a|b|"},
-        {"a NUL ends the text", std::string("[A]\na\nb\0c\nd\n", 12), "A", "a|b|"},
-    };
-    for (const auto& c : cases) EXPECT_EQ(Section(Parsed(c.text), c.section), c.lines) << c.what;
+        {"a NUL ends the text", std::string("[A]\na\nb\0c\nd\n", 12), "A", "a|b|"}};
+    for (const auto& [what, text, section, lines] : cases)
+        EXPECT_EQ(Section(Parsed(text), section), lines) << what;
 }
 
 TEST(TableText, FindsEachOfManySectionsWhateverTheirOrder) {
@@ -77,12 +73,6 @@ TEST(TableText, KeepsEveryLine) {
     for (uint32_t i = 0; i < std::size(lines); ++i)
         EXPECT_STREQ(table.GetLine(i).nstring(), lines[i]);
     EXPECT_EQ(Parsed("a\n").GetLineCount(), 1u);
-}
-
-TEST(TableText, IsEmptyWithoutText) {
-    TableText table = Parsed("[A]\na\n");
-    table.Parse(nullptr, 0);
-    EXPECT_EQ(table.GetLineCount(), 0u);
-    EXPECT_EQ(Section(table, "A"), "");
+    EXPECT_EQ(Parsed("").GetLineCount(), 0u);
     EXPECT_EQ(Section(Parsed(std::string(4, '\0')), ""), "");
 }

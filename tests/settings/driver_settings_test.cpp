@@ -1,5 +1,7 @@
 #include "settings/driver_settings.h"
 
+#include <gmock/gmock.h>
+
 #include <fstream>
 #include <iterator>
 #include <string>
@@ -23,7 +25,7 @@ protected:
     }
 
     // Exports the settings of a printer to a file of their own.
-    void Export(const char* printer, const char* path) {
+    static void Export(const OString& printer, const char* path) {
         DriverSettings source;
         source.Load(prtreg(printer));
         OFile file(path, OFILE_WRITE);
@@ -31,7 +33,7 @@ protected:
         EXPECT_TRUE(source.Export(file, "Model 1"));
     }
 
-    static bool Import(const char* printer, const char* path, const char* model = "Model 1") {
+    static bool Import(const OString& printer, const char* path, const char* model = "Model 1") {
         DriverSettings target;
         target.Load(prtreg(printer));
         OFile file(path, OFILE_READ);
@@ -51,25 +53,24 @@ protected:
 
 TEST_F(DriverSettingsTest, OfAFreshPrinterAreTheDefaults) {
     EXPECT_EQ(settings.GetEscapeCharacter(), '^');
-    EXPECT_FALSE(settings.GetDisableCopiesLimit());
-    EXPECT_TRUE(settings.GetFixBarFontsInOffice());
-    EXPECT_FALSE(settings.OverrideSpecifications());
-    EXPECT_EQ(settings.GetXResolution(), 0);
     EXPECT_STREQ(settings.GetLogDir().nstring(), "");
-    EXPECT_FALSE(settings.MonitorStatus());
-    EXPECT_FALSE(settings.ShowOnError());
-    EXPECT_TRUE(settings.ShowIcon());
-    EXPECT_EQ(settings.GetWriteTimeout(), 30000);
-    EXPECT_EQ(settings.GetJobCompleteTimeout(), 30000);
-    EXPECT_EQ(settings.GetQueryInterval(), 1000);
-    EXPECT_EQ(settings.GetTransponderOffset(), 0);
-    EXPECT_EQ(settings.GetRetriesPerLabel(), 5);
-    EXPECT_EQ(settings.GetMaximumInvalidLabels(), 0);
-    EXPECT_EQ(settings.GetActionOnError(), 1);
-
-    settings.SetMonitorStatus(true);
-    EXPECT_TRUE(settings.QueryBeforeJob());
-    EXPECT_FALSE(settings.VerifyJobComplete());
+    EXPECT_TRUE(settings.GetFixBarFontsInOffice() && settings.ShowIcon());
+    EXPECT_FALSE(settings.GetDisableCopiesLimit() || settings.OverrideSpecifications() ||
+                 settings.MonitorStatus() || settings.ShowOnError());
+    const int32_t numbers[] = {settings.GetXResolution(),          settings.GetWriteTimeout(),
+                               settings.GetJobCompleteTimeout(),   settings.GetQueryInterval(),
+                               settings.GetTransponderOffset(),    settings.GetRetriesPerLabel(),
+                               settings.GetMaximumInvalidLabels(), settings.GetActionOnError()};
+    EXPECT_THAT(numbers, testing::ElementsAre(0, 30000, 30000, 1000, 0, 5, 0, 1));
+    for (const bool monitored : {false, true}) {
+        settings.SetMonitorStatus(monitored);
+        EXPECT_EQ(settings.QueryBeforeJob(), monitored);
+        EXPECT_FALSE(settings.VerifyJobComplete());
+    }
+    settings.SetVerifyJobComplete(true);
+    EXPECT_TRUE(settings.VerifyJobComplete());
+    settings.SetMonitorStatus(false);
+    EXPECT_FALSE(settings.VerifyJobComplete()) << "what is not monitored is not queried";
 }
 
 TEST_F(DriverSettingsTest, KeepEveryNumberUnderItsName) {
@@ -78,35 +79,23 @@ TEST_F(DriverSettingsTest, KeepEveryNumberUnderItsName) {
         void (DriverSettings::*set)(int32_t);
         int32_t (DriverSettings::*get)();
     } numbers[] = {
-        {"Specifications/X Resolution", &DriverSettings::SetXResolution,
-         &DriverSettings::GetXResolution},
-        {"Specifications/Y Resolution", &DriverSettings::SetYResolution,
-         &DriverSettings::GetYResolution},
-        {"Specifications/Printable Width", &DriverSettings::SetPrintableWidth,
-         &DriverSettings::GetPrintableWidth},
-        {"Specifications/Tracking", &DriverSettings::SetTracking, &DriverSettings::GetTracking},
-        {"Specifications/Minimum Page Width", &DriverSettings::SetPaperWidthMin,
-         &DriverSettings::GetPaperWidthMin},
-        {"Specifications/Maximum Page Width", &DriverSettings::SetPaperWidthMax,
-         &DriverSettings::GetPaperWidthMax},
-        {"Specifications/Minimum Page Length", &DriverSettings::SetPaperLengthMin,
-         &DriverSettings::GetPaperLengthMin},
-        {"Specifications/Maximum Page Length", &DriverSettings::SetPaperLengthMax,
-         &DriverSettings::GetPaperLengthMax},
-        {"Status/Write Timeout", &DriverSettings::SetWriteTimeout,
-         &DriverSettings::GetWriteTimeout},
-        {"Status/Job Complete Timeout", &DriverSettings::SetJobCompleteTimeout,
-         &DriverSettings::GetJobCompleteTimeout},
-        {"Status/Query Interval", &DriverSettings::SetQueryInterval,
-         &DriverSettings::GetQueryInterval},
-        {"RFID/Transponder Offset", &DriverSettings::SetTransponderOffset,
-         &DriverSettings::GetTransponderOffset},
-        {"RFID/Retries Per Label", &DriverSettings::SetRetriesPerLabel,
-         &DriverSettings::GetRetriesPerLabel},
-        {"RFID/Maximum Invalid Labels", &DriverSettings::SetMaximumInvalidLabels,
-         &DriverSettings::GetMaximumInvalidLabels},
-        {"RFID/Failure Action", &DriverSettings::SetActionOnError,
-         &DriverSettings::GetActionOnError},
+#define NUMBER(path, name) {path, &DriverSettings::Set##name, &DriverSettings::Get##name}
+        NUMBER("Specifications/X Resolution", XResolution),
+        NUMBER("Specifications/Y Resolution", YResolution),
+        NUMBER("Specifications/Printable Width", PrintableWidth),
+        NUMBER("Specifications/Tracking", Tracking),
+        NUMBER("Specifications/Minimum Page Width", PaperWidthMin),
+        NUMBER("Specifications/Maximum Page Width", PaperWidthMax),
+        NUMBER("Specifications/Minimum Page Length", PaperLengthMin),
+        NUMBER("Specifications/Maximum Page Length", PaperLengthMax),
+        NUMBER("Status/Write Timeout", WriteTimeout),
+        NUMBER("Status/Job Complete Timeout", JobCompleteTimeout),
+        NUMBER("Status/Query Interval", QueryInterval),
+        NUMBER("RFID/Transponder Offset", TransponderOffset),
+        NUMBER("RFID/Retries Per Label", RetriesPerLabel),
+        NUMBER("RFID/Maximum Invalid Labels", MaximumInvalidLabels),
+        NUMBER("RFID/Failure Action", ActionOnError)
+#undef NUMBER
     };
     for (int32_t i = 0; i < static_cast<int32_t>(std::size(numbers)); ++i)
         (settings.*numbers[i].set)(-100 - i);
@@ -130,23 +119,18 @@ TEST_F(DriverSettingsTest, KeepEveryFlagUnderItsName) {
         void (DriverSettings::*set)(bool);
         bool (DriverSettings::*get)();
     } flags[] = {
-        {"Disable Copies Limit", &DriverSettings::SetDisableCopiesLimit,
-         &DriverSettings::GetDisableCopiesLimit},
-        {"Data Fonts/Office Compatibility", &DriverSettings::SetFixBarFontsInOffice,
-         &DriverSettings::GetFixBarFontsInOffice},
-        {"Specifications/Override", &DriverSettings::OverrideSpecifications,
-         &DriverSettings::OverrideSpecifications},
-        {"Logging/Logging", &DriverSettings::SetLogging, &DriverSettings::GetLogging},
-        {"Logging/Overwrite Files", &DriverSettings::SetOverwriteFile,
-         &DriverSettings::GetOverwriteFile},
-        {"Logging/Print Code Recording", &DriverSettings::SetGenerateFile,
-         &DriverSettings::GetGenerateFile},
-        {"Status/Query Before Job", &DriverSettings::SetQueryBeforeJob,
-         &DriverSettings::QueryBeforeJob},
-        {"Status/Verify Job Complete", &DriverSettings::SetVerifyJobComplete,
-         &DriverSettings::VerifyJobComplete},
-        {"Status/Show On Error", &DriverSettings::SetShowOnError, &DriverSettings::ShowOnError},
-        {"Status/System Tray Icon", &DriverSettings::SetShowIcon, &DriverSettings::ShowIcon},
+#define FLAG(path, set, get) {path, &DriverSettings::set, &DriverSettings::get}
+        FLAG("Disable Copies Limit", SetDisableCopiesLimit, GetDisableCopiesLimit),
+        FLAG("Data Fonts/Office Compatibility", SetFixBarFontsInOffice, GetFixBarFontsInOffice),
+        FLAG("Specifications/Override", OverrideSpecifications, OverrideSpecifications),
+        FLAG("Logging/Logging", SetLogging, GetLogging),
+        FLAG("Logging/Overwrite Files", SetOverwriteFile, GetOverwriteFile),
+        FLAG("Logging/Print Code Recording", SetGenerateFile, GetGenerateFile),
+        FLAG("Status/Query Before Job", SetQueryBeforeJob, QueryBeforeJob),
+        FLAG("Status/Verify Job Complete", SetVerifyJobComplete, VerifyJobComplete),
+        FLAG("Status/Show On Error", SetShowOnError, ShowOnError),
+        FLAG("Status/System Tray Icon", SetShowIcon, ShowIcon)
+#undef FLAG
     };
     settings.SetMonitorStatus(true);
     for (const bool on : {true, false}) {
@@ -181,18 +165,8 @@ TEST_F(DriverSettingsTest, KeepTexts) {
     EXPECT_EQ(settings.GetEscapeCharacter(), '^');
 }
 
-TEST_F(DriverSettingsTest, DoNotQueryWhatIsNotMonitored) {
-    settings.SetQueryBeforeJob(true);
-    settings.SetVerifyJobComplete(true);
-    EXPECT_FALSE(settings.QueryBeforeJob());
-    EXPECT_FALSE(settings.VerifyJobComplete());
-    settings.SetMonitorStatus(true);
-    EXPECT_TRUE(settings.QueryBeforeJob());
-    EXPECT_TRUE(settings.VerifyJobComplete());
-}
-
 TEST_F(DriverSettingsTest, AreWrittenOnlyWhenTheyWereSet) {
-    settings.GetQueryInterval();
+    EXPECT_EQ(settings.GetQueryInterval(), 1000);
     settings.ShowIcon();
     settings.GetLogDir();
     settings.Save(prtreg("Dock3"));
@@ -210,23 +184,21 @@ TEST_F(DriverSettingsTest, AreWrittenOnlyWhenTheyWereSet) {
     EXPECT_EQ(prtreg("Dock3").GetDWORD("Settings:Status/Query Interval", 0), 1000u);
     settings.Load(prtreg("Dock3"));
     prtreg("Dock3").SetDWORD("Settings:Status/Query Interval", 7);
+    EXPECT_EQ(settings.GetQueryInterval(), 7);
+    prtreg("Dock3").SetDWORD("Settings:Status/Query Interval", 8);
+    EXPECT_EQ(settings.GetQueryInterval(), 7) << "read once until the next Load";
     settings.Save(prtreg("Dock3"));
-    EXPECT_EQ(prtreg("Dock3").GetDWORD("Settings:Status/Query Interval", 0), 7u);
+    EXPECT_EQ(prtreg("Dock3").GetDWORD("Settings:Status/Query Interval", 0), 8u);
 }
 
 TEST_F(DriverSettingsTest, AreSavedToThePrinterTheyWereLoadedFor) {
+    prtreg("Dock3").SetDWORD("Settings:a/b/c", 1);
+    OFile file("C:\\options.txt", OFILE_WRITE);
     settings.SetRetriesPerLabel(9);
+    EXPECT_TRUE(settings.Export(file, "Model 1"));
     settings.Save(prtreg("Dock4"));
     EXPECT_EQ(prtreg("Dock3").GetDWORD("Settings:RFID/Retries Per Label", 0), 9u);
     EXPECT_FALSE(HasSettings("Dock4"));
-}
-
-TEST_F(DriverSettingsTest, AreReadOnceUntilTheNextLoad) {
-    EXPECT_EQ(settings.GetQueryInterval(), 1000);
-    prtreg("Dock3").SetDWORD("Settings:Status/Query Interval", 5);
-    EXPECT_EQ(settings.GetQueryInterval(), 1000);
-    settings.Load(prtreg("Dock3"));
-    EXPECT_EQ(settings.GetQueryInterval(), 5);
 }
 
 TEST_F(DriverSettingsTest, WithoutAPrinterAreTheDefaults) {
@@ -275,32 +247,12 @@ TEST_F(DriverSettingsTest, OfAPrinterWithAnUnusualNameTravelToo) {
     const OString name(TEXT("A: 100%/\x4E00 [x]"));
     ASSERT_TRUE(AddPrinter(name, "Model 1"));
     prtreg(name).SetDWORD("Settings:Status/Query Interval", 77);
-    DriverSettings source;
-    source.Load(prtreg(name));
-    {
-        OFile file("C:\\options.txt", OFILE_WRITE);
-        file.SetCodePage(1208);
-        source.Export(file, "Model 1");
-    }
-    EXPECT_EQ(ReadFile("options.txt").rfind("<options model='Model 1'>\r\n[DATA:\\Settings]", 0),
-              0u)
-        << ReadFile("options.txt");
+    Export(name, "C:\\options.txt");
+    const std::string text = ReadFile("options.txt");
+    EXPECT_EQ(text.rfind("<options model='Model 1'>\r\n[DATA:\\Settings]", 0), 0u) << text;
     prtreg(name).SetDWORD("Settings:Status/Query Interval", 1);
     for (const OString& target : {OString("Dock4"), name}) {
-        DriverSettings other;
-        other.Load(prtreg(target));
-        OFile file("C:\\options.txt", OFILE_READ);
-        file.SetCodePage(1208);
-        EXPECT_TRUE(other.Import(file, "Model 1"));
+        EXPECT_TRUE(Import(target, "C:\\options.txt"));
         EXPECT_EQ(prtreg(target).GetDWORD("Settings:Status/Query Interval", 0), 77u);
     }
-}
-
-TEST_F(DriverSettingsTest, AreStillThoseOfThePrinterAfterTheyWereExported) {
-    prtreg("Dock3").SetDWORD("Settings:a/b/c", 1);
-    OFile file("C:\\options.txt", OFILE_WRITE);
-    settings.SetQueryInterval(8);
-    EXPECT_TRUE(settings.Export(file, "Model 1"));
-    settings.Save(prtreg("Dock3"));
-    EXPECT_EQ(prtreg("Dock3").GetDWORD("Settings:Status/Query Interval", 0), 8u);
 }

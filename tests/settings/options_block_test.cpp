@@ -3,6 +3,7 @@
 #include <gtest/gtest.h>
 
 #include <string>
+#include <tuple>
 
 namespace {
 
@@ -79,11 +80,7 @@ TEST(OptionsBlock, IsWrittenWithKeysRelativeToThePrintersData) {
 
 TEST(OptionsBlock, IsReadWithTheKeysOfTheOtherPrinter) {
     const std::string key = std::string("[") + kPath;
-    const struct {
-        const char* what;
-        std::string text;
-        std::string blocks;
-    } cases[] = {
+    const std::tuple<const char*, std::string, std::string> cases[] = {
         {"one block", "<options model='M 1'>\r\n[DATA:\\S]\r\n\"a\"=\"b\"\r\n</options>\r\n",
          "|" + key + "\\S]|\"a\"=\"b\"||#"},
         {"the root in another case", "<options model='M 1'>\n[data:\\S]\n</options>\n",
@@ -109,7 +106,6 @@ TEST(OptionsBlock, IsReadWithTheKeysOfTheOtherPrinter) {
         {"cut off by another model",
          "<options model='M 1'>\na\n<options model='M 2'>\nb\n</options>\n", ""},
         {"cut off by the same model",
-         "<options model='M 1'>\na\n<options model='M 1'>\nb\n</options>\n", "b||#"},
-    };
-    for (const auto& c : cases) EXPECT_EQ(Read(c.text), c.blocks) << c.what;
+         "<options model='M 1'>\na\n<options model='M 1'>\nb\n</options>\n", "b||#"}};
+    for (const auto& [what, text, blocks] : cases) EXPECT_EQ(Read(text), blocks) << what;
 }

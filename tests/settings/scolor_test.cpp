@@ -3,6 +3,7 @@
 #include <array>
 #include <cstring>
 #include <memory>
+#include <tuple>
 
 #include "driver/printer_info.h"
 #include "model/model_data_cache.h"
@@ -44,17 +45,15 @@ TEST(SpotColor, ChoosesInksByModeAndHeads) {
         uint32_t heads;
         uint32_t last_plane;
         std::array<uint32_t, 4> inks; // as GetColor answers: unused planes are white
-    } cases[] = {
-        {1, 1, 0, {0x000000, 0xFFFFFF, 0xFFFFFF, 0xFFFFFF}},
-        {1, 2, 1, {0x0000FF, 0x000000, 0xFFFFFF, 0xFFFFFF}},
-        {1, 3, 2, {0xFF0000, 0x0000FF, 0x000000, 0xFFFFFF}},
-        {1, 4, 3, {0x00FFFF, 0xFF0000, 0x0000FF, 0x000000}},
-        {2, 1, 3, {0x00FFFF, 0xFFFFFF, 0xFFFFFF, 0xFFFFFF}},
-        {2, 3, 3, {0x00FFFF, 0xFFFF00, 0xFF00FF, 0xFFFFFF}},
-        {2, 4, 3, {0x00FFFF, 0xFFFF00, 0xFF00FF, 0xFFFFFF}}, // black stays out
-        {3, 4, 3, {0x00FFFF, 0xFFFF00, 0xFF00FF, 0x000000}},
-        {4, 4, 3, {0x00FFFF, 0xFFFF00, 0xFF00FF, 0x000000}},
-    };
+    } cases[] = {{1, 1, 0, {0x000000, 0xFFFFFF, 0xFFFFFF, 0xFFFFFF}},
+                 {1, 2, 1, {0x0000FF, 0x000000, 0xFFFFFF, 0xFFFFFF}},
+                 {1, 3, 2, {0xFF0000, 0x0000FF, 0x000000, 0xFFFFFF}},
+                 {1, 4, 3, {0x00FFFF, 0xFF0000, 0x0000FF, 0x000000}},
+                 {2, 1, 3, {0x00FFFF, 0xFFFFFF, 0xFFFFFF, 0xFFFFFF}},
+                 {2, 3, 3, {0x00FFFF, 0xFFFF00, 0xFF00FF, 0xFFFFFF}},
+                 {2, 4, 3, {0x00FFFF, 0xFFFF00, 0xFF00FF, 0xFFFFFF}}, // black stays out
+                 {3, 4, 3, {0x00FFFF, 0xFFFF00, 0xFF00FF, 0x000000}},
+                 {4, 4, 3, {0x00FFFF, 0xFFFF00, 0xFF00FF, 0x000000}}};
     for (const auto& c : cases) {
         const SCOLOR record = WithHeads(c.heads, c.mode);
         EXPECT_EQ(record.last_plane, c.last_plane) << c.mode << ", " << c.heads << " heads";
@@ -92,34 +91,28 @@ TEST(SpotColor, KeepsToItsFourPlanesWhateverWasStored) {
 }
 
 TEST(SpotColor, MixesInksSubtractively) {
-    const struct {
-        uint32_t a, b, mixed;
-    } cases[] = {
+    const std::tuple<uint32_t, uint32_t, uint32_t> cases[] = {
         {0xFFFFFF, 0x123456, 0x123456}, {0x00FFFF, 0xFFFF00, 0x00FF00},
         {0x0000FF, 0xFF0000, 0x000000}, {0x0000FF, 0x000000, 0x000000},
-        {0xC0C0C0, 0xC0C0C0, 0x818181}, {0xFF80FF, 0xFF7FFF, 0xFF00FF},
-    };
-    for (const auto& c : cases) {
-        EXPECT_EQ(AddColors(c.a, c.b), c.mixed) << std::hex << c.a << " " << c.b;
-        EXPECT_EQ(AddColors(c.b, c.a), c.mixed) << std::hex << c.b << " " << c.a;
+        {0xC0C0C0, 0xC0C0C0, 0x818181}, {0xFF80FF, 0xFF7FFF, 0xFF00FF}};
+    for (const auto& [a, b, mixed] : cases) {
+        EXPECT_EQ(AddColors(a, b), mixed) << std::hex << a << " " << b;
+        EXPECT_EQ(AddColors(b, a), mixed) << std::hex << b << " " << a;
     }
 }
 
 TEST(SpotColor, MixesAPalette) {
-    Palette palette;
-    WithHeads(2, SPOT_COLOR_HEADS).GeneratePalette(palette);
-    EXPECT_EQ(palette[0], 0xFFFFFFu);
-    EXPECT_EQ(palette[8], 0x0000FFu);
-    EXPECT_EQ(palette[4], 0x000000u);
-    EXPECT_EQ(palette[12], 0x000000u);
-    EXPECT_EQ(palette[3], 0xFFFFFFu);
-
-    WithHeads(4, SPOT_COLOR_PROCESS).GeneratePalette(palette);
-    EXPECT_EQ(palette[12], 0x00FF00u); // yellow and cyan
-    EXPECT_EQ(palette[10], 0x0000FFu); // yellow and magenta
-    EXPECT_EQ(palette[6], 0xFF0000u);  // cyan and magenta
-    EXPECT_EQ(palette[14], 0x000000u);
-    EXPECT_EQ(palette[1], 0x000000u);
+    const std::tuple<uint32_t, uint32_t, size_t, uint32_t> cases[] = {
+        {2, SPOT_COLOR_HEADS, 0, 0xFFFFFF},    {2, SPOT_COLOR_HEADS, 8, 0x0000FF},
+        {2, SPOT_COLOR_HEADS, 4, 0x000000},    {2, SPOT_COLOR_HEADS, 12, 0x000000},
+        {2, SPOT_COLOR_HEADS, 3, 0xFFFFFF},    {4, SPOT_COLOR_PROCESS, 12, 0x00FF00},
+        {4, SPOT_COLOR_PROCESS, 10, 0x0000FF}, {4, SPOT_COLOR_PROCESS, 6, 0xFF0000},
+        {4, SPOT_COLOR_PROCESS, 14, 0x000000}, {4, SPOT_COLOR_PROCESS, 1, 0x000000}};
+    for (const auto& [heads, mode, index, color] : cases) {
+        Palette palette;
+        WithHeads(heads, mode).GeneratePalette(palette);
+        EXPECT_EQ(palette[index], color) << heads << " heads, " << index;
+    }
 }
 
 TEST_F(SpotColorOfPrinter, BeginsWithWhatTheModelCanDo) {
@@ -128,16 +121,14 @@ TEST_F(SpotColorOfPrinter, BeginsWithWhatTheModelCanDo) {
         uint16_t color; // KVModelData::COLOR_ bits
         uint32_t heads;
         uint32_t mode;
-    } cases[] = {
-        {"no colour", 0x00, 1, SPOT_COLOR_HEADS},
-        {"two spot colours", 0x01, 2, SPOT_COLOR_CMY},
-        {"three spot colours", 0x03, 3, SPOT_COLOR_CMY},
-        {"four spot colours", 0x07, 4, SPOT_COLOR_CMY},
-        {"CMY only", 0x08, 3, SPOT_COLOR_HEADS},
-        {"CMYK only", 0x10, 4, SPOT_COLOR_HEADS},
-        {"a spectrum", 0x40, 4, SPOT_COLOR_SPECTRUM},
-        {"everything", 0xFF, 4, SPOT_COLOR_SPECTRUM},
-    };
+    } cases[] = {{"no colour", 0x00, 1, SPOT_COLOR_HEADS},
+                 {"two spot colours", 0x01, 2, SPOT_COLOR_CMY},
+                 {"three spot colours", 0x03, 3, SPOT_COLOR_CMY},
+                 {"four spot colours", 0x07, 4, SPOT_COLOR_CMY},
+                 {"CMY only", 0x08, 3, SPOT_COLOR_HEADS},
+                 {"CMYK only", 0x10, 4, SPOT_COLOR_HEADS},
+                 {"a spectrum", 0x40, 4, SPOT_COLOR_SPECTRUM},
+                 {"everything", 0xFF, 4, SPOT_COLOR_SPECTRUM}};
     for (const auto& c : cases) {
         SCOLOR record;
         std::memset(&record, 0xFF, sizeof(record));
