@@ -1,3 +1,4 @@
+#include "platform/error_of.h"
 #include "support/host_test.h"
 
 #include <windows.h>
@@ -6,8 +7,6 @@
 #include <unistd.h>
 
 #include <filesystem>
-#include <fstream>
-#include <iterator>
 #include <string>
 #include <thread>
 #include <vector>
@@ -24,17 +23,13 @@ HANDLE Open(DWORD access, DWORD share, DWORD disposition) {
 
 class FilesOpen : public HostTest {
 protected:
-    std::string Contents() const {
-        std::ifstream file(OnDriveC("file.bin"), std::ios::binary);
-        return std::string(std::istreambuf_iterator<char>(file), {});
-    }
+    std::string Contents() const { return BytesOf(OnDriveC("file.bin")); }
 };
 
 TEST_F(FilesOpen, FollowsTheDisposition) {
     const struct {
         DWORD disposition;
-        bool present;
-        bool opens;
+        bool present, opens;
         DWORD error;
         const char* contents;
     } cases[] = {
@@ -51,13 +46,14 @@ TEST_F(FilesOpen, FollowsTheDisposition) {
         {6, true, false, ERROR_INVALID_PARAMETER, "old"},
     };
     for (const auto& c : cases) {
+        SCOPED_TRACE(&c - cases);
         std::filesystem::remove(OnDriveC("file.bin"));
         if (c.present) WriteFile("file.bin", "old");
         const HANDLE file = Open(kReadWrite, 0, c.disposition);
-        EXPECT_EQ(GetLastError(), c.error) << c.disposition << c.present;
-        EXPECT_EQ(file != INVALID_HANDLE_VALUE, c.opens) << c.disposition << c.present;
+        EXPECT_EQ(GetLastError(), c.error);
+        EXPECT_EQ(file != INVALID_HANDLE_VALUE, c.opens);
         if (c.opens) CloseHandle(file);
-        EXPECT_EQ(Contents(), c.contents) << c.disposition << c.present;
+        EXPECT_EQ(Contents(), c.contents);
     }
 }
 
@@ -77,8 +73,7 @@ TEST_F(FilesOpen, ReadsAndWritesAtTheFilePointer) {
     ASSERT_TRUE(ReadFile(file, text, 3, &count, &at));
     EXPECT_EQ(std::string(text, count), "234");
     at.Offset = 10;
-    EXPECT_FALSE(ReadFile(file, text, 3, &count, &at));
-    EXPECT_EQ(GetLastError(), DWORD{ERROR_HANDLE_EOF});
+    EXPECT_EQ(ErrorOf(ReadFile(file, text, 3, &count, &at)), ERROR_HANDLE_EOF);
     EXPECT_EQ(SetFilePointer(file, -7, nullptr, FILE_CURRENT), 3u);
     EXPECT_TRUE(SetEndOfFile(file));
     EXPECT_EQ(GetFileSize(file, nullptr), 3u);
@@ -92,14 +87,15 @@ TEST_F(FilesOpen, MovesThePointerBeyondFourGigabytes) {
     LONG high = 1;
     EXPECT_EQ(SetFilePointer(file, 5, &high, FILE_BEGIN), 5u);
     EXPECT_EQ(high, 1);
-    EXPECT_EQ(SetFilePointer(file, 0, nullptr, FILE_CURRENT), INVALID_SET_FILE_POINTER);
-    EXPECT_EQ(GetLastError(), DWORD{ERROR_INVALID_PARAMETER});
+    const auto move = [&](LONG distance, DWORD from) {
+        return ErrorOf(SetFilePointer(file, distance, nullptr, from) != INVALID_SET_FILE_POINTER);
+    };
+    EXPECT_EQ(move(0, FILE_CURRENT), ERROR_INVALID_PARAMETER);
     EXPECT_TRUE(SetEndOfFile(file));
     DWORD size_high = 0;
     EXPECT_EQ(GetFileSize(file, &size_high), 5u);
     EXPECT_EQ(size_high, 1u);
-    EXPECT_EQ(SetFilePointer(file, -1, nullptr, FILE_BEGIN), INVALID_SET_FILE_POINTER);
-    EXPECT_EQ(GetLastError(), DWORD{ERROR_NEGATIVE_SEEK});
+    EXPECT_EQ(move(-1, FILE_BEGIN), ERROR_NEGATIVE_SEEK);
     CloseHandle(file);
 }
 
@@ -108,24 +104,19 @@ TEST_F(FilesOpen, GrantsOnlyTheAccessAskedFor) {
     char text[4];
     DWORD count = 7;
     HANDLE file = Open(GENERIC_READ, kShareAll, OPEN_EXISTING);
-    EXPECT_FALSE(::WriteFile(file, "x", 1, &count, nullptr));
-    EXPECT_EQ(GetLastError(), DWORD{ERROR_ACCESS_DENIED});
+    EXPECT_EQ(ErrorOf(::WriteFile(file, "x", 1, &count, nullptr)), ERROR_ACCESS_DENIED);
     EXPECT_EQ(count, 0u);
     EXPECT_FALSE(SetEndOfFile(file));
     CloseHandle(file);
     file = Open(GENERIC_WRITE, kShareAll, OPEN_EXISTING);
-    EXPECT_FALSE(ReadFile(file, text, 3, &count, nullptr));
-    EXPECT_EQ(GetLastError(), DWORD{ERROR_ACCESS_DENIED});
+    EXPECT_EQ(ErrorOf(ReadFile(file, text, 3, &count, nullptr)), ERROR_ACCESS_DENIED);
     CloseHandle(file);
 
     ASSERT_TRUE(SetFileAttributesW(kName, FILE_ATTRIBUTE_READONLY));
-    EXPECT_EQ(GetFileAttributesW(kName), DWORD{FILE_ATTRIBUTE_READONLY});
-    EXPECT_EQ(Open(GENERIC_WRITE, kShareAll, OPEN_EXISTING), INVALID_HANDLE_VALUE);
-    EXPECT_EQ(GetLastError(), DWORD{ERROR_ACCESS_DENIED});
+    EXPECT_EQ(ErrorOf(Open(GENERIC_WRITE, kShareAll, OPEN_EXISTING)), ERROR_ACCESS_DENIED);
     EXPECT_FALSE(DeleteFileW(kName));
-    EXPECT_EQ(CreateFileW(TEXT("C:\\"), GENERIC_READ, 0, nullptr, OPEN_EXISTING, 0, nullptr),
-              INVALID_HANDLE_VALUE);
-    EXPECT_EQ(GetLastError(), DWORD{ERROR_ACCESS_DENIED});
+    EXPECT_EQ(ErrorOf(CreateFileW(u"C:\\", GENERIC_READ, 0, nullptr, OPEN_EXISTING, 0, nullptr)),
+              ERROR_ACCESS_DENIED);
 }
 
 TEST_F(FilesOpen, KeepsShareModesBetweenTwoHandles) {
@@ -147,11 +138,7 @@ TEST_F(FilesOpen, KeepsShareModesBetweenTwoHandles) {
         const HANDLE first = Open(c.access, c.share, OPEN_EXISTING);
         ASSERT_NE(first, INVALID_HANDLE_VALUE);
         const HANDLE second = Open(c.other_access, c.other_share, OPEN_EXISTING);
-        if (c.goes)
-            EXPECT_NE(second, INVALID_HANDLE_VALUE) << &c - cases;
-        else
-            EXPECT_EQ(GetLastError(), DWORD{ERROR_SHARING_VIOLATION}) << &c - cases;
-        EXPECT_EQ(second != INVALID_HANDLE_VALUE, c.goes) << &c - cases;
+        EXPECT_EQ(ErrorOf(second), c.goes ? 0 : ERROR_SHARING_VIOLATION) << &c - cases;
         if (second != INVALID_HANDLE_VALUE) CloseHandle(second);
         CloseHandle(first);
     }
@@ -176,8 +163,7 @@ TEST_F(FilesOpen, KeepsShareModesBetweenProcesses) {
     char byte = 0;
     ASSERT_EQ(read(ready[0], &byte, 1), 1);
     ASSERT_EQ(byte, 'y');
-    EXPECT_EQ(Open(GENERIC_WRITE, kShareAll, OPEN_EXISTING), INVALID_HANDLE_VALUE);
-    EXPECT_EQ(GetLastError(), DWORD{ERROR_SHARING_VIOLATION});
+    EXPECT_EQ(ErrorOf(Open(GENERIC_WRITE, kShareAll, OPEN_EXISTING)), ERROR_SHARING_VIOLATION);
     EXPECT_EQ(Open(GENERIC_READ, 0, TRUNCATE_EXISTING), INVALID_HANDLE_VALUE);
     EXPECT_FALSE(DeleteFileW(kName));
     const HANDLE reader = Open(GENERIC_READ, FILE_SHARE_READ, OPEN_EXISTING);
@@ -202,17 +188,14 @@ TEST_F(FilesOpen, AnswersClosedAndForeignHandlesWithAnError) {
     const HANDLE file = Open(kReadWrite, 0, CREATE_NEW);
     ASSERT_TRUE(CloseHandle(file));
     WIN32_FIND_DATAW data;
-    const HANDLE search = FindFirstFileW(TEXT("C:\\*"), &data);
+    const HANDLE search = FindFirstFileW(u"C:\\*", &data);
     int local = 0;
-    for (HANDLE bad : {file, search, static_cast<HANDLE>(nullptr), INVALID_HANDLE_VALUE,
-                       static_cast<HANDLE>(&local)}) {
+    for (HANDLE bad : {file, search, HANDLE{}, INVALID_HANDLE_VALUE, HANDLE{&local}}) {
         DWORD count = 0;
         SetLastError(NO_ERROR);
-        EXPECT_FALSE(ReadFile(bad, &local, 1, &count, nullptr));
-        EXPECT_EQ(GetLastError(), DWORD{ERROR_INVALID_HANDLE});
+        EXPECT_EQ(ErrorOf(ReadFile(bad, &local, 1, &count, nullptr)), ERROR_INVALID_HANDLE);
         EXPECT_FALSE(CloseHandle(bad));
         EXPECT_EQ(GetFileSize(bad, nullptr), INVALID_FILE_SIZE);
-        EXPECT_EQ(GetLastError(), DWORD{ERROR_INVALID_HANDLE});
     }
     EXPECT_TRUE(FindClose(search));
     EXPECT_FALSE(FindClose(search));

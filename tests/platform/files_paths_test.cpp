@@ -25,8 +25,7 @@ class FilesPaths : public HostTest {};
 
 TEST_F(FilesPaths, BecomeFullAndNeverLeaveTheirDrive) {
     const struct {
-        const char16_t* given;
-        const char16_t* full;
+        const char16_t *given, *full;
     } cases[] = {
         {u"C:\\a\\b.txt", u"C:\\a\\b.txt"},
         {u"c:/a/./b/../c", u"C:\\a\\c"},
@@ -49,9 +48,6 @@ TEST_F(FilesPaths, CountFromTheWorkingFolderWhenTheyAreRelative) {
     EXPECT_EQ(FullPathOf(u"x\\..\\y"), u"C:\\work\\y");
     EXPECT_EQ(FullPathOf(u"\\x"), u"C:\\x");
     EXPECT_EQ(FullPathOf(u"C:x"), u"C:\\work\\x");
-    WCHAR current[MAX_PATH];
-    GetCurrentDirectoryW(MAX_PATH, current);
-    EXPECT_EQ(std::u16string(current), u"C:\\work");
     std::filesystem::current_path("/");
     EXPECT_EQ(FullPathOf(u"x"), u"Z:\\x");
     std::filesystem::current_path(before);
@@ -65,17 +61,12 @@ TEST_F(FilesPaths, FindNamesInAnyCaseAndTheExactNameFirst) {
     EXPECT_TRUE(Exists(u"C:\\dIR\\fILE.txt"));
     EXPECT_TRUE(Exists(u"c:/DIR2/GR\u00D6\u00DFE.TXT"));
     EXPECT_FALSE(Exists(u"C:\\dir\\file.tx"));
-    WriteFile("Dir\\file.txt", "x");
-    ASSERT_TRUE(DeleteFileW(TEXT("C:\\Dir\\file.txt")));
-    EXPECT_TRUE(std::filesystem::exists(OnDriveC("Dir\\File.TXT")));
-}
-
-TEST_F(FilesPaths, ReachTheMachineThroughDriveZ) {
-    WriteFile("there.txt", "x");
-    const std::string posix = OnDriveC("there.txt");
+    const std::string posix = OnDriveC("dir/FILE.txt");
     const std::u16string wide(posix.begin(), posix.end());
-    EXPECT_TRUE(Exists(wide));
-    EXPECT_TRUE(Exists(u"Z:" + wide));
+    EXPECT_TRUE(Exists(wide) && Exists(u"Z:" + wide));
+    WriteFile("Dir\\file.txt", "x");
+    ASSERT_TRUE(DeleteFileW(u"C:\\Dir\\file.txt"));
+    EXPECT_TRUE(std::filesystem::exists(OnDriveC("Dir\\File.TXT")));
 }
 
 TEST_F(FilesPaths, TellWhyANameReachesNothing) {
@@ -108,7 +99,7 @@ TEST_F(FilesPaths, AnswerTheSizeToProvideWhenTheBufferIsTooSmall) {
     EXPECT_EQ(path[0], u'#');
     EXPECT_EQ(GetSystemDirectoryW(path, length + 1), length);
     LPWSTR file = nullptr;
-    EXPECT_EQ(GetFullPathNameW(TEXT("C:\\a\\b"), MAX_PATH, path, &file), 6u);
+    EXPECT_EQ(GetFullPathNameW(u"C:\\a\\b", MAX_PATH, path, &file), 6u);
     EXPECT_EQ(file, path + 5);
 }
 
@@ -116,7 +107,7 @@ TEST_F(FilesPaths, KeepEveryUtf16Name) {
     const char16_t odd[] = {u'C', u':', u'\\', 0xD83D, 0xDE00, 0xD800, u'x', 0};
     ASSERT_TRUE(CreateDirectoryW(odd, nullptr));
     WIN32_FIND_DATAW data;
-    const HANDLE search = FindFirstFileW(TEXT("C:\\*x"), &data);
+    const HANDLE search = FindFirstFileW(u"C:\\*x", &data);
     ASSERT_NE(search, INVALID_HANDLE_VALUE);
     EXPECT_EQ(std::u16string(data.cFileName), odd + 3);
     FindClose(search);

@@ -33,64 +33,49 @@ TEST_F(Formatter, PadsFields) {
     EXPECT_EQ(Format(u"[%4s][%-4s][%.2s]", u"ab", u"ab", u"abcdef"), u"[  ab][ab  ][ab]");
 }
 
-TEST_F(Formatter, WritesWideAndNarrowText) {
+TEST_F(Formatter, WritesTextAndReadsNoFurtherThanThePrecision) {
     EXPECT_EQ(Format(u"%s %ls %S %hs", u"日", u"b", "\xE4", "d"), u"日 b ä d");
     EXPECT_EQ(Format(u"%c%C%hc%lc", u'日', 'b', 'c', u'd'), u"日bcd");
     EXPECT_EQ(Format(u"%s", static_cast<const WCHAR*>(nullptr)), u"(null)");
-}
-
-TEST_F(Formatter, ReadsNoFurtherThanThePrecision) {
-    const char bytes[] = {'a', 'b', 'c'}; // no terminator
-    EXPECT_EQ(Format(u"%.3S", bytes), u"abc");
+    const char bytes[] = {'a', 'b', 'c'}; // no terminators
     const WCHAR units[] = {u'x', u'y'};
-    EXPECT_EQ(Format(u"%.2s", units), u"xy");
+    EXPECT_EQ(Format(u"%.3S%.2s", bytes, units), u"abcxy");
 }
 
-TEST_F(Formatter, CopiesWhatIsNoConversion) {
+TEST_F(Formatter, CopiesWhatIsNoConversionAndStopsAtItsLimit) {
     EXPECT_EQ(Format(u"100%% %q", 0), u"100% q");
     EXPECT_EQ(Format(u"end %"), u"end ");
-}
-
-TEST_F(Formatter, StopsAtItsLimit) {
     const std::u16string text(3000, u'x');
     EXPECT_EQ(Format(u"%s%s", text.c_str(), text.c_str()).size(), 1023u);
     EXPECT_EQ(Format(u"%999999999d", 1).size(), 1023u);
 }
 
-class ShortTextFunctions : public HostTest {};
+using ShortTextFunctions = HostTest;
 
-TEST_F(ShortTextFunctions, CompareWithoutCase) {
+TEST_F(ShortTextFunctions, CompareWithoutCaseAndCopyWhatFits) {
     EXPECT_EQ(lstrcmpiW(u"Größe", u"GRÖßE"), 0);
     EXPECT_LT(lstrcmpiW(u"ab", u"ABC"), 0);
     EXPECT_GT(lstrcmpiW(u"b", u"A"), 0);
     EXPECT_LT(lstrcmpiW(nullptr, u""), 0);
-}
-
-TEST_F(ShortTextFunctions, CopyNoMoreThanFits) {
     WCHAR text[4] = {};
     EXPECT_EQ(lstrcpynW(text, u"abcdef", 4), text);
     EXPECT_EQ(std::u16string(text), u"abc");
-    EXPECT_EQ(lstrlenW(text), 3);
     EXPECT_EQ(lstrlenW(nullptr), 0);
 }
 
-class MessageBoxes : public HostTest {};
+using MessageBoxes = HostTest;
 
-TEST_F(MessageBoxes, AreAnsweredWithCareByThemselves) {
+TEST_F(MessageBoxes, AreAnsweredWithCareByThemselvesAndAsSetOtherwise) {
     EXPECT_EQ(MessageBoxW(nullptr, u"t", u"c", MB_OK | MB_ICONERROR), IDOK);
     EXPECT_EQ(MessageBoxW(nullptr, u"t", u"c", MB_OKCANCEL), IDCANCEL);
     EXPECT_EQ(MessageBoxW(nullptr, u"t", u"c", MB_YESNO), IDNO);
-}
-
-TEST_F(MessageBoxes, AreRecordedAndAnsweredAsSet) {
+    EXPECT_EQ(win32host::TakeMessageBoxes().size(), 3u);
     win32host::AnswerMessageBoxes(IDYES);
     EXPECT_EQ(MessageBoxW(nullptr, u"Really?", u"Title", MB_YESNO), IDYES);
     const auto shown = win32host::TakeMessageBoxes();
     ASSERT_EQ(shown.size(), 1u);
-    EXPECT_EQ(shown[0].text, u"Really?");
-    EXPECT_EQ(shown[0].caption, u"Title");
+    EXPECT_EQ(shown[0].text + u"|" + shown[0].caption, u"Really?|Title");
     EXPECT_EQ(shown[0].type, UINT{MB_YESNO});
-    EXPECT_TRUE(win32host::TakeMessageBoxes().empty());
 }
 
 } // namespace

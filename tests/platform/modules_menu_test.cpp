@@ -1,3 +1,4 @@
+#include "platform/error_of.h"
 #include "support/host_test.h"
 
 #include <windows.h>
@@ -18,7 +19,7 @@ protected:
     ModulesMenu() {
         std::filesystem::copy_file(TEST_BINARY_DIR "/bin/test_data/sample.dll",
                                    OnDriveC("sample.dll"));
-        module = LoadLibraryW(TEXT("C:\\sample.dll"));
+        module = LoadLibraryW(u"C:\\sample.dll");
     }
     ~ModulesMenu() override { FreeLibrary(module); }
 
@@ -69,8 +70,7 @@ TEST_F(ModulesMenu, AreRefusedWhenTheTemplateNeverEnds) {
     for (size_t i = 2; i < nested.size(); i += 2) nested[i] = 0x0010;
     EXPECT_EQ(LoadMenuIndirectW(nested.data()), nullptr);
     const WORD version_two[] = {2, 0, 0x0080, 1, 0};
-    EXPECT_EQ(LoadMenuIndirectW(version_two), nullptr);
-    EXPECT_EQ(GetLastError(), DWORD{ERROR_INVALID_DATA});
+    EXPECT_EQ(ErrorOf(LoadMenuIndirectW(version_two)), ERROR_INVALID_DATA);
 }
 
 } // namespace

@@ -1,11 +1,10 @@
+#include "platform/error_of.h"
 #include "support/host_test.h"
 
 #include <windows.h>
 
 #include <cstring>
 #include <filesystem>
-#include <fstream>
-#include <iterator>
 #include <string>
 
 namespace {
@@ -18,7 +17,7 @@ class ModulesResources : public HostTest {
 protected:
     ModulesResources() {
         fs::copy_file(kData + "sample.dll", OnDriveC("sample.dll"));
-        module = LoadLibraryW(TEXT("C:\\sample.dll"));
+        module = LoadLibraryW(u"C:\\sample.dll");
     }
     ~ModulesResources() override { FreeLibrary(module); }
 
@@ -42,26 +41,25 @@ std::u16string Text(HMODULE module, UINT id, int size = 100) {
 TEST_F(ModulesResources, AreFoundByNumberAndByNameInAnyCase) {
     ASSERT_NE(module, nullptr);
     EXPECT_EQ(Bytes(MAKEINTRESOURCEW(7), RT_RCDATA), "seven");
-    EXPECT_EQ(Bytes(TEXT("#7"), TEXT("#10")), "seven");
-    EXPECT_EQ(Bytes(TEXT("named_DATA"), RT_RCDATA), "named");
-    EXPECT_EQ(Bytes(MAKEINTRESOURCEW(9), TEXT("OwnType")), "own");
-    EXPECT_EQ(Bytes(TEXT("empty"), RT_RCDATA), "");
+    EXPECT_EQ(Bytes(u"#7", u"#10"), "seven");
+    EXPECT_EQ(Bytes(u"named_DATA", RT_RCDATA), "named");
+    EXPECT_EQ(Bytes(MAKEINTRESOURCEW(9), u"OwnType"), "own");
+    EXPECT_EQ(Bytes(u"empty", RT_RCDATA), "");
 }
 
 TEST_F(ModulesResources, TellWhatIsMissing) {
     EXPECT_EQ(Bytes(MAKEINTRESOURCEW(8), RT_RCDATA), "error 1814");
-    EXPECT_EQ(Bytes(TEXT("seven"), RT_RCDATA), "error 1814");
+    EXPECT_EQ(Bytes(u"seven", RT_RCDATA), "error 1814");
     EXPECT_EQ(Bytes(MAKEINTRESOURCEW(7), RT_BITMAP), "error 1813");
     EXPECT_EQ(FindResourceExW(module, RT_STRING, MAKEINTRESOURCEW(7), MAKELANGID(0x0C, 1)),
               nullptr);
     EXPECT_EQ(GetLastError(), DWORD{ERROR_RESOURCE_LANG_NOT_FOUND});
-    EXPECT_EQ(FindResourceW(nullptr, MAKEINTRESOURCEW(1), RT_RCDATA), nullptr);
-    EXPECT_EQ(GetLastError(), DWORD{ERROR_RESOURCE_DATA_NOT_FOUND});
+    EXPECT_EQ(ErrorOf(FindResourceW(nullptr, MAKEINTRESOURCEW(1), RT_RCDATA)),
+              ERROR_RESOURCE_DATA_NOT_FOUND);
     int local = 0;
     const HRSRC foreign = reinterpret_cast<HRSRC>(&local);
     EXPECT_EQ(SizeofResource(module, foreign), 0u);
-    EXPECT_EQ(LoadResource(module, foreign), nullptr);
-    EXPECT_EQ(GetLastError(), DWORD{ERROR_INVALID_HANDLE});
+    EXPECT_EQ(ErrorOf(LoadResource(module, foreign)), ERROR_INVALID_HANDLE);
 }
 
 TEST_F(ModulesResources, ComeInTheLanguageAskedFor) {
@@ -101,25 +99,24 @@ TEST_F(ModulesResources, HoldTextsInBlocksOfSixteen) {
 TEST_F(ModulesResources, OfALibraryThatRunsLieBesideIt) {
     fs::copy_file(kData + "module.dll", OnDriveC("module.dll"));
     fs::copy_file(kData + "sample.dll", OnDriveC("module.dll.mui"));
-    const HMODULE running = LoadLibraryW(TEXT("C:\\module.dll"));
+    const HMODULE running = LoadLibraryW(u"C:\\module.dll");
     ASSERT_NE(running, nullptr);
     EXPECT_EQ(Text(running, 16), u"First text");
     FreeLibrary(running);
 }
 
 TEST_F(ModulesResources, OfADamagedFileAreMissingAndNothingWorse) {
-    std::ifstream file(kData + "sample.dll", std::ios::binary);
-    const std::string whole(std::istreambuf_iterator<char>(file), {});
+    const std::string whole = BytesOf(kData + "sample.dll");
     const auto use = [&](const std::string& bytes) {
         WriteFile("bad.dll", bytes);
-        const HMODULE bad = LoadLibraryW(TEXT("C:\\bad.dll"));
+        const HMODULE bad = LoadLibraryW(u"C:\\bad.dll");
         if (!bad) {
             EXPECT_EQ(GetLastError(), DWORD{ERROR_BAD_EXE_FORMAT});
             return;
         }
         WCHAR text[64];
         for (UINT id : {16u, 31u, 100u}) LoadStringW(bad, id, text, 64);
-        const HRSRC resource = FindResourceW(bad, TEXT("named_data"), RT_RCDATA);
+        const HRSRC resource = FindResourceW(bad, u"named_data", RT_RCDATA);
         const void* place = resource ? LockResource(LoadResource(bad, resource)) : nullptr;
         if (place) {
             const std::string copy(static_cast<const char*>(place), SizeofResource(bad, resource));

@@ -22,17 +22,27 @@ public:
     Key(const Key&) = delete;
     Key& operator=(const Key&) = delete;
 
-    HKEY get() const { return handle_; }
-    explicit operator bool() const { return handle_ != nullptr; }
+    operator HKEY() const { return handle_; }
 
 private:
     HKEY handle_;
 };
 
+// Where no base is given, paths are those of the machine.
+inline LSTATUS TryMake(HKEY base, const std::u16string& path, HKEY* key,
+                       DWORD* disposition = nullptr, DWORD options = 0,
+                       REGSAM access = KEY_ALL_ACCESS) {
+    return RegCreateKeyExW(base, path.c_str(), 0, nullptr, options, access, nullptr, key,
+                           disposition);
+}
+
 inline Key Make(HKEY base, const std::u16string& path, REGSAM access = KEY_ALL_ACCESS) {
     HKEY key = nullptr;
-    RegCreateKeyExW(base, path.c_str(), 0, nullptr, 0, access, nullptr, &key, nullptr);
+    TryMake(base, path, &key, nullptr, 0, access);
     return Key(key);
+}
+inline Key Make(const std::u16string& path, REGSAM access = KEY_ALL_ACCESS) {
+    return Make(HKEY_LOCAL_MACHINE, path, access);
 }
 
 // Answers the error code of opening a key, and closes it.
@@ -41,6 +51,9 @@ inline LSTATUS TryOpen(HKEY base, const std::u16string& path, REGSAM access = KE
     const LSTATUS status = RegOpenKeyExW(base, path.c_str(), 0, access, &key);
     if (status == ERROR_SUCCESS) RegCloseKey(key);
     return status;
+}
+inline LSTATUS TryOpen(const std::u16string& path, REGSAM access = KEY_READ) {
+    return TryOpen(HKEY_LOCAL_MACHINE, path, access);
 }
 
 inline LSTATUS Write(HKEY key, const std::u16string& name, std::string_view bytes,
@@ -52,13 +65,13 @@ inline LSTATUS Write(HKEY key, const std::u16string& name, std::string_view byte
 // The bytes of a value, "(none)" when it cannot be read.
 inline std::string Read(HKEY key, const std::u16string& name) {
     DWORD size = 0;
-    if (RegQueryValueExW(key, name.c_str(), nullptr, nullptr, nullptr, &size) != ERROR_SUCCESS)
-        return "(none)";
-    std::string bytes(size, '\0');
-    if (RegQueryValueExW(key, name.c_str(), nullptr, nullptr, reinterpret_cast<BYTE*>(bytes.data()),
-                         &size) != ERROR_SUCCESS)
-        return "(none)";
-    bytes.resize(size);
+    std::string bytes;
+    for (int pass = 0; pass < 2; ++pass) {
+        bytes.resize(size);
+        if (RegQueryValueExW(key, name.c_str(), nullptr, nullptr,
+                             pass ? reinterpret_cast<BYTE*>(bytes.data()) : nullptr, &size))
+            return "(none)";
+    }
     return bytes;
 }
 

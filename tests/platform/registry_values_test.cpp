@@ -9,7 +9,7 @@ using testing::ElementsAre;
 
 class RegistryValues : public HostTest {
 protected:
-    Key key_ = Make(HKEY_LOCAL_MACHINE, TEXT("Values"));
+    Key key_ = Make(u"Values");
 };
 
 TEST_F(RegistryValues, OfEveryTypeAndSizeComeBackAsTheyWereWritten) {
@@ -19,28 +19,28 @@ TEST_F(RegistryValues, OfEveryTypeAndSizeComeBackAsTheyWereWritten) {
          {REG_NONE, REG_SZ, REG_EXPAND_SZ, REG_BINARY, REG_DWORD, REG_MULTI_SZ, REG_QWORD, 77}) {
         for (size_t size : {0u, 1u, 2u, 4u, 4095u, 300000u, 1u << 20}) {
             const std::string bytes = all.substr(0, size);
-            ASSERT_EQ(Write(key_.get(), TEXT("v"), bytes, type), ERROR_SUCCESS);
+            ASSERT_EQ(Write(key_, u"v", bytes, type), ERROR_SUCCESS);
             DWORD found = 0;
-            EXPECT_EQ(RegQueryValueExW(key_.get(), TEXT("V"), nullptr, &found, nullptr, nullptr),
+            EXPECT_EQ(RegQueryValueExW(key_, u"V", nullptr, &found, nullptr, nullptr),
                       ERROR_SUCCESS);
             EXPECT_EQ(found, type);
-            EXPECT_TRUE(Read(key_.get(), TEXT("v")) == bytes) << size;
-            EXPECT_TRUE(Read(key_.get(), TEXT("v")) == bytes) << size << " read again";
+            EXPECT_TRUE(Read(key_, u"v") == bytes) << size;
+            EXPECT_TRUE(Read(key_, u"v") == bytes) << size << " read again";
         }
     }
 }
 
 TEST_F(RegistryValues, ANullNameAndAnEmptyOneAreTheDefaultValue) {
     const BYTE byte = 'd';
-    EXPECT_EQ(RegSetValueExW(key_.get(), nullptr, 0, REG_BINARY, &byte, 1), ERROR_SUCCESS);
-    EXPECT_EQ(Read(key_.get(), TEXT("")), "d");
-    EXPECT_THAT(ValueNames(key_.get()), ElementsAre(TEXT("")));
-    EXPECT_EQ(RegDeleteValueW(key_.get(), TEXT("")), ERROR_SUCCESS);
-    EXPECT_EQ(RegDeleteValueW(key_.get(), nullptr), ERROR_FILE_NOT_FOUND);
+    EXPECT_EQ(RegSetValueExW(key_, nullptr, 0, REG_BINARY, &byte, 1), ERROR_SUCCESS);
+    EXPECT_EQ(Read(key_, u""), "d");
+    EXPECT_THAT(ValueNames(key_), ElementsAre(u""));
+    EXPECT_EQ(RegDeleteValueW(key_, u""), ERROR_SUCCESS);
+    EXPECT_EQ(RegDeleteValueW(key_, nullptr), ERROR_FILE_NOT_FOUND);
 }
 
 TEST_F(RegistryValues, ABufferGetsAllOrNothingAndTheSizeEitherWay) {
-    Write(key_.get(), TEXT("v"), "12345");
+    Write(key_, u"v", "12345");
     const struct {
         DWORD room;
         LSTATUS status;
@@ -55,21 +55,20 @@ TEST_F(RegistryValues, ABufferGetsAllOrNothingAndTheSizeEitherWay) {
             auto* bytes = reinterpret_cast<BYTE*>(buffer.data());
             WCHAR name[4];
             DWORD name_size = 4, size = c.room, type = 0;
-            EXPECT_EQ(
-                enumerated
-                    ? RegEnumValueW(key_.get(), 0, name, &name_size, nullptr, &type, bytes, &size)
-                    : RegQueryValueExW(key_.get(), TEXT("v"), nullptr, &type, bytes, &size),
-                c.status);
+            EXPECT_EQ(enumerated
+                          ? RegEnumValueW(key_, 0, name, &name_size, nullptr, &type, bytes, &size)
+                          : RegQueryValueExW(key_, u"v", nullptr, &type, bytes, &size),
+                      c.status);
             EXPECT_EQ(buffer, c.after) << c.room;
             EXPECT_EQ(size, 5u);
             EXPECT_EQ(type, DWORD{REG_BINARY});
         }
     }
     BYTE byte = 0;
-    EXPECT_EQ(RegQueryValueExW(key_.get(), TEXT("v"), nullptr, nullptr, &byte, nullptr),
+    EXPECT_EQ(RegQueryValueExW(key_, u"v", nullptr, nullptr, &byte, nullptr),
               ERROR_INVALID_PARAMETER);
-    EXPECT_EQ(RegSetValueExW(key_.get(), TEXT("v"), 0, REG_BINARY, nullptr, 1), ERROR_NOACCESS);
-    EXPECT_EQ(Read(key_.get(), TEXT("v")), "12345");
+    EXPECT_EQ(RegSetValueExW(key_, u"v", 0, REG_BINARY, nullptr, 1), ERROR_NOACCESS);
+    EXPECT_EQ(Read(key_, u"v"), "12345");
 }
 
 TEST_F(RegistryValues, ATextWithoutItsTerminatorGetsOneWhereThereIsRoom) {
@@ -86,10 +85,10 @@ TEST_F(RegistryValues, ATextWithoutItsTerminatorGetsOneWhereThereIsRoom) {
                  {ab, REG_BINARY, 8, ab + "...."},
                  {ab + std::string(2, '\0'), REG_SZ, 8, ab + std::string("\0\0..", 4)}};
     for (const auto& c : cases) {
-        Write(key_.get(), TEXT("t"), c.stored, c.type);
+        Write(key_, u"t", c.stored, c.type);
         std::string buffer(8, '.');
         DWORD size = c.room;
-        EXPECT_EQ(RegQueryValueExW(key_.get(), TEXT("t"), nullptr, nullptr,
+        EXPECT_EQ(RegQueryValueExW(key_, u"t", nullptr, nullptr,
                                    reinterpret_cast<BYTE*>(buffer.data()), &size),
                   ERROR_SUCCESS);
         EXPECT_EQ(buffer, c.after);
@@ -98,34 +97,34 @@ TEST_F(RegistryValues, ATextWithoutItsTerminatorGetsOneWhereThereIsRoom) {
 }
 
 TEST_F(RegistryValues, AreEnumeratedInTheOrderOfCreationWhichRewritingKeeps) {
-    for (const WCHAR* name : {TEXT("z"), TEXT("A"), TEXT("m")}) Write(key_.get(), name, "1");
-    Write(key_.get(), TEXT("a"), "22", REG_SZ);
-    EXPECT_THAT(ValueNames(key_.get()), ElementsAre(TEXT("z"), TEXT("A"), TEXT("m")));
-    RegDeleteValueW(key_.get(), TEXT("Z"));
-    Write(key_.get(), TEXT("z"), "3");
-    EXPECT_THAT(ValueNames(key_.get()), ElementsAre(TEXT("A"), TEXT("m"), TEXT("z")));
+    for (const WCHAR* name : {u"z", u"A", u"m"}) Write(key_, name, "1");
+    Write(key_, u"a", "22", REG_SZ);
+    EXPECT_THAT(ValueNames(key_), ElementsAre(u"z", u"A", u"m"));
+    RegDeleteValueW(key_, u"Z");
+    Write(key_, u"z", "3");
+    EXPECT_THAT(ValueNames(key_), ElementsAre(u"A", u"m", u"z"));
 
     WCHAR name[4];
     DWORD name_size = 4, type = 0, size = 0;
-    EXPECT_EQ(RegEnumValueW(key_.get(), 0, name, &name_size, nullptr, &type, nullptr, &size),
+    EXPECT_EQ(RegEnumValueW(key_, 0, name, &name_size, nullptr, &type, nullptr, &size),
               ERROR_SUCCESS);
     EXPECT_EQ(type, DWORD{REG_SZ});
     EXPECT_EQ(size, 2u);
     EXPECT_EQ(name_size, 1u);
     name_size = 1;
-    EXPECT_EQ(RegEnumValueW(key_.get(), 0, name, &name_size, nullptr, nullptr, nullptr, nullptr),
+    EXPECT_EQ(RegEnumValueW(key_, 0, name, &name_size, nullptr, nullptr, nullptr, nullptr),
               ERROR_MORE_DATA);
 }
 
 TEST_F(RegistryValues, NamesEndAtTheirLimit) {
     const std::u16string longest(16383, u'n');
-    EXPECT_EQ(Write(key_.get(), longest, "x"), ERROR_SUCCESS);
-    EXPECT_EQ(Read(key_.get(), longest), "x");
-    EXPECT_THAT(ValueNames(key_.get()), ElementsAre(longest));
-    EXPECT_EQ(Write(key_.get(), longest + u"n", "x"), ERROR_INVALID_PARAMETER);
-    EXPECT_EQ(Read(key_.get(), longest + u"n"), "(none)");
-    EXPECT_EQ(Write(key_.get(), TEXT("with\\backslash"), "y"), ERROR_SUCCESS);
-    EXPECT_EQ(Read(key_.get(), TEXT("WITH\\BACKSLASH")), "y");
+    EXPECT_EQ(Write(key_, longest, "x"), ERROR_SUCCESS);
+    EXPECT_EQ(Read(key_, longest), "x");
+    EXPECT_THAT(ValueNames(key_), ElementsAre(longest));
+    EXPECT_EQ(Write(key_, longest + u"n", "x"), ERROR_INVALID_PARAMETER);
+    EXPECT_EQ(Read(key_, longest + u"n"), "(none)");
+    EXPECT_EQ(Write(key_, u"with\\backslash", "y"), ERROR_SUCCESS);
+    EXPECT_EQ(Read(key_, u"WITH\\BACKSLASH"), "y");
 }
 
 TEST_F(RegistryValues, MoreThanIsKeptAtHandAreStillAllThere) {
@@ -133,20 +132,20 @@ TEST_F(RegistryValues, MoreThanIsKeptAtHandAreStillAllThere) {
     constexpr size_t kCount = 60;
     const auto name = [](size_t i) { return std::u16string(1, static_cast<char16_t>(0x4E00 + i)); };
     const auto bytes = [](size_t i) { return std::string(200000, static_cast<char>(i)); };
-    for (size_t i = 0; i < kCount; ++i) Write(key_.get(), TEXT("v") + name(i), bytes(i));
+    for (size_t i = 0; i < kCount; ++i) Write(key_, u"v" + name(i), bytes(i));
     for (size_t i = 0; i < 2 * kCount; ++i)
-        ASSERT_TRUE(Read(key_.get(), TEXT("v") + name(i % kCount)) == bytes(i % kCount)) << i;
+        ASSERT_TRUE(Read(key_, u"v" + name(i % kCount)) == bytes(i % kCount)) << i;
 }
 
 TEST_F(RegistryValues, TenThousandWrittenOneByOneAreListedInOrder) {
     std::vector<std::u16string> names;
     for (int i = 0; i < 10000; ++i) {
-        std::u16string name = TEXT("Form ");
+        std::u16string name = u"Form ";
         for (char c : std::to_string(i)) name += static_cast<char16_t>(c);
-        ASSERT_EQ(Write(key_.get(), name, "x"), ERROR_SUCCESS);
+        ASSERT_EQ(Write(key_, name, "x"), ERROR_SUCCESS);
         names.push_back(name);
     }
-    EXPECT_EQ(ValueNames(key_.get()), names);
+    EXPECT_EQ(ValueNames(key_), names);
 }
 
 } // namespace

@@ -1,3 +1,4 @@
+#include "platform/error_of.h"
 #include "support/host_test.h"
 
 #include <win32host/control.h>
@@ -40,12 +41,17 @@ protected:
         return {std::u16string(domain) + u"\\" + name, use};
     }
 
-    static std::vector<Found> GroupsOfToken() {
+    static HANDLE Token(DWORD access = TOKEN_QUERY) {
         HANDLE token = nullptr;
-        EXPECT_TRUE(OpenProcessToken(GetCurrentProcess(), TOKEN_QUERY, &token));
+        EXPECT_TRUE(OpenProcessToken(GetCurrentProcess(), access, &token));
+        return token;
+    }
+
+    static std::vector<Found> GroupsOfToken() {
+        const HANDLE token = Token();
         DWORD needed = 0;
-        EXPECT_FALSE(GetTokenInformation(token, TokenGroups, nullptr, 0, &needed));
-        EXPECT_EQ(GetLastError(), DWORD{ERROR_INSUFFICIENT_BUFFER});
+        EXPECT_EQ(ErrorOf(GetTokenInformation(token, TokenGroups, nullptr, 0, &needed)),
+                  ERROR_INSUFFICIENT_BUFFER);
         std::vector<uint64_t> buffer(needed / 8 + 1);
         EXPECT_TRUE(GetTokenInformation(token, TokenGroups, buffer.data(), needed, &needed));
         EXPECT_TRUE(CloseHandle(token));
@@ -85,76 +91,64 @@ TEST_F(Security, TheMachinesOwnUserIsInUsersAndRootAdministers) {
     }
 }
 
-TEST_F(Security, TokenNamesItsUser) {
+TEST_F(Security, TokenNamesItsUserToThoseWhoMayAsk) {
     SetAlice();
-    HANDLE token = nullptr;
-    ASSERT_TRUE(OpenProcessToken(GetCurrentProcess(), TOKEN_QUERY, &token));
+    const HANDLE token = Token(), mute = Token(0);
     alignas(8) BYTE buffer[128];
     DWORD needed = 0;
     ASSERT_TRUE(GetTokenInformation(token, TokenUser, buffer, sizeof buffer, &needed));
     EXPECT_EQ(Lookup(reinterpret_cast<TOKEN_USER*>(buffer)->User.Sid),
               (Found{u"PACKING\\alice", SidTypeUser}));
+    EXPECT_EQ(ErrorOf(GetTokenInformation(mute, TokenUser, buffer, sizeof buffer, &needed)),
+              ERROR_ACCESS_DENIED);
+    CloseHandle(mute);
     CloseHandle(token);
-    EXPECT_FALSE(GetTokenInformation(token, TokenUser, buffer, sizeof buffer, &needed));
-    EXPECT_EQ(GetLastError(), DWORD{ERROR_INVALID_HANDLE});
-}
-
-TEST_F(Security, TokenOpenedWithoutQueryAccessTellsNothing) {
-    HANDLE token = nullptr;
-    ASSERT_TRUE(OpenProcessToken(GetCurrentProcess(), 0, &token));
-    DWORD needed = 0;
-    EXPECT_FALSE(GetTokenInformation(token, TokenUser, nullptr, 0, &needed));
-    EXPECT_EQ(GetLastError(), DWORD{ERROR_ACCESS_DENIED});
-    CloseHandle(token);
+    EXPECT_EQ(ErrorOf(GetTokenInformation(token, TokenUser, buffer, sizeof buffer, &needed)),
+              ERROR_INVALID_HANDLE);
 }
 
 TEST_F(Security, AccountNamesAreFoundWithAndWithoutDomain) {
     SetAlice();
-    for (const char16_t* name : {u"Alice", u"packing\\alice"}) {
-        DWORD sid_size = 0, domain_size = 0;
-        SID_NAME_USE use;
-        EXPECT_FALSE(
-            LookupAccountNameW(nullptr, name, nullptr, &sid_size, nullptr, &domain_size, &use));
-        EXPECT_EQ(GetLastError(), DWORD{ERROR_INSUFFICIENT_BUFFER});
-        EXPECT_EQ(domain_size, 8u); // "PACKING" and its terminator
-        std::vector<BYTE> sid(sid_size);
-        WCHAR domain[8];
-        ASSERT_TRUE(
-            LookupAccountNameW(nullptr, name, sid.data(), &sid_size, domain, &domain_size, &use));
-        EXPECT_EQ(std::u16string(domain), u"PACKING");
-        EXPECT_EQ(domain_size, 7u);
-        EXPECT_EQ(use, SidTypeUser);
-        EXPECT_EQ(Lookup(sid.data()), (Found{u"PACKING\\alice", SidTypeUser}));
-    }
+    BYTE sid[64];
+    WCHAR domain[8];
     DWORD sid_size = 0, domain_size = 0;
     SID_NAME_USE use;
-    EXPECT_FALSE(LookupAccountNameW(nullptr, u"nobody-here", nullptr, &sid_size, nullptr,
-                                    &domain_size, &use));
-    EXPECT_EQ(GetLastError(), DWORD{ERROR_NONE_MAPPED});
-    EXPECT_FALSE(
-        LookupAccountNameW(u"\\\\FAR", u"alice", nullptr, &sid_size, nullptr, &domain_size, &use));
-    EXPECT_EQ(GetLastError(), DWORD{ERROR_RPC_SERVER_UNAVAILABLE});
+    const auto look_up = [&](LPCWSTR server, LPCWSTR name) {
+        return ErrorOf(LookupAccountNameW(server, name, sid_size ? sid : nullptr, &sid_size,
+                                          domain_size ? domain : nullptr, &domain_size, &use));
+    };
+    for (LPCWSTR name : {u"Alice", u"packing\\alice"}) {
+        sid_size = domain_size = 0;
+        EXPECT_EQ(look_up(nullptr, name), ERROR_INSUFFICIENT_BUFFER);
+        EXPECT_EQ(domain_size, 8u); // "PACKING" and its terminator
+        ASSERT_LE(sid_size, sizeof sid);
+        ASSERT_EQ(look_up(nullptr, name), 0);
+        EXPECT_EQ(std::u16string(domain, domain_size), u"PACKING");
+        EXPECT_EQ(use, SidTypeUser);
+        EXPECT_EQ(Lookup(sid), (Found{u"PACKING\\alice", SidTypeUser}));
+    }
+    EXPECT_EQ(look_up(nullptr, u"nobody-here"), ERROR_NONE_MAPPED);
+    EXPECT_EQ(look_up(u"\\\\FAR", u"alice"), ERROR_RPC_SERVER_UNAVAILABLE);
 }
 
 TEST_F(Security, NamesOfUserAndComputerCountTheirTerminatorDifferently) {
     SetAlice();
-    WCHAR text[16];
-    DWORD size = 16;
-    ASSERT_TRUE(GetUserNameW(text, &size));
-    EXPECT_EQ(std::u16string(text), u"alice");
-    EXPECT_EQ(size, 6u);
-    size = 16;
-    ASSERT_TRUE(GetComputerNameW(text, &size));
-    EXPECT_EQ(std::u16string(text), u"DOCK3");
-    EXPECT_EQ(size, 5u);
-    size = 5;
-    EXPECT_FALSE(GetUserNameW(text, &size));
-    EXPECT_EQ(GetLastError(), DWORD{ERROR_INSUFFICIENT_BUFFER});
-    EXPECT_EQ(size, 6u);
-    size = 5;
-    EXPECT_FALSE(GetComputerNameW(text, &size));
-    EXPECT_EQ(GetLastError(), DWORD{ERROR_BUFFER_OVERFLOW});
-    EXPECT_EQ(size, 6u);
+    const struct {
+        BOOL (*get)(LPWSTR, LPDWORD);
+        std::u16string name;
+        DWORD length;
+        int error;
+    } cases[] = {{&GetUserNameW, u"alice", 6, ERROR_INSUFFICIENT_BUFFER},
+                 {&GetComputerNameW, u"DOCK3", 5, ERROR_BUFFER_OVERFLOW}};
+    for (const auto& c : cases) {
+        WCHAR text[16];
+        DWORD size = 5;
+        EXPECT_EQ(ErrorOf(c.get(text, &size)), c.error);
+        EXPECT_EQ(size, 6u);
+        ASSERT_TRUE(c.get(text, &size));
+        EXPECT_EQ(text, c.name);
+        EXPECT_EQ(size, c.length);
+    }
 }
 
 TEST_F(Security, IdentifiersAreComparedWhole) {
@@ -169,16 +163,6 @@ TEST_F(Security, IdentifiersAreComparedWhole) {
     EXPECT_TRUE(EqualSid(users, copy));
     FreeSid(users);
     FreeSid(guests);
-}
-
-TEST_F(Security, DescriptorKeepsANullList) {
-    SECURITY_DESCRIPTOR descriptor;
-    EXPECT_FALSE(InitializeSecurityDescriptor(&descriptor, 2));
-    ASSERT_TRUE(InitializeSecurityDescriptor(&descriptor, SECURITY_DESCRIPTOR_REVISION));
-    EXPECT_EQ(descriptor.Control, 0);
-    ASSERT_TRUE(SetSecurityDescriptorDacl(&descriptor, TRUE, nullptr, FALSE));
-    EXPECT_EQ(descriptor.Control, SE_DACL_PRESENT);
-    EXPECT_EQ(descriptor.Dacl, nullptr);
 }
 
 } // namespace

@@ -69,8 +69,7 @@ TEST_F(SpoolerConnections, BringTheDriverAndTellIt) {
         EXPECT_TRUE(fs::exists(
             OnDriveC(std::string("WINDOWS\\system32\\spool\\drivers\\w32x86\\3\\") + file)));
     WCHAR name[24] = {};
-    EXPECT_EQ(DeviceCapabilitiesW(TEXT("\\\\SRV1\\Labels"), nullptr, DC_BINNAMES, name, nullptr),
-              1);
+    EXPECT_EQ(DeviceCapabilitiesW(u"\\\\SRV1\\Labels", nullptr, DC_BINNAMES, name, nullptr), 1);
     EXPECT_EQ(std::u16string(name), u"\\\\SRV1\\Labels");
 
     // Once more is no more.

@@ -19,7 +19,7 @@ protected:
 
 int Capability(LPCWSTR printer, WORD capability, LPWSTR output = nullptr,
                const DEVMODEW* dev_mode = nullptr) {
-    return DeviceCapabilitiesW(printer, TEXT("FILE:"), capability, output, dev_mode);
+    return DeviceCapabilitiesW(printer, u"FILE:", capability, output, dev_mode);
 }
 
 TEST_F(SpoolerDriverCalls, TellTheDriverOfWhatHappensToItsPrinters) {
@@ -46,7 +46,7 @@ TEST_F(SpoolerDriverCalls, KeepAPrinterWhoseDriverFails) {
     info.pDriverName = Text(u"Bad");
     const HANDLE broken = Add(info);
     EXPECT_NE(broken, nullptr);
-    EXPECT_EQ(Capability(TEXT("Broken 2"), DC_COPIES), -1);
+    EXPECT_EQ(Capability(u"Broken 2", DC_COPIES), -1);
     EXPECT_TRUE(DeletePrinter(broken));
 }
 
@@ -54,34 +54,34 @@ TEST_F(SpoolerDriverCalls, AskTheDriverForCapabilities) {
     WCHAR name[24] = {};
     DEVMODEW dev_mode = {};
     dev_mode.dmSpecVersion = 0x401;
-    EXPECT_EQ(Capability(TEXT("labels"), DC_VERSION, nullptr, &dev_mode), 0x401);
-    EXPECT_EQ(Capability(TEXT("labels"), DC_VERSION), 0);
-    EXPECT_EQ(Capability(TEXT("labels"), DC_BINNAMES, name), 1);
+    EXPECT_EQ(Capability(u"labels", DC_VERSION, nullptr, &dev_mode), 0x401);
+    EXPECT_EQ(Capability(u"labels", DC_VERSION), 0);
+    EXPECT_EQ(Capability(u"labels", DC_BINNAMES, name), 1);
     EXPECT_EQ(std::u16string(name), u"LABELS");
-    EXPECT_EQ(Capability(TEXT("labels"), DC_PERSONALITY), 2);
-    EXPECT_EQ(Capability(TEXT("labels"), DC_MANUFACTURER), -1);
-    for (LPCWSTR name_of_none : {TEXT("NONE"), TEXT(""), LPCWSTR{}})
+    EXPECT_EQ(Capability(u"labels", DC_PERSONALITY), 2);
+    EXPECT_EQ(Capability(u"labels", DC_MANUFACTURER), -1);
+    for (LPCWSTR name_of_none : {u"NONE", u"", LPCWSTR{}})
         EXPECT_EQ(Capability(name_of_none, DC_COPIES), -1);
 }
 
 TEST_F(SpoolerDriverCalls, KeepTheDriverLoadedUntilItChanges) {
-    EXPECT_EQ(Capability(TEXT("LABELS"), DC_COPIES), 1);
-    EXPECT_EQ(Capability(TEXT("LABELS"), DC_COPIES), 2);
+    EXPECT_EQ(Capability(u"LABELS", DC_COPIES), 1);
+    EXPECT_EQ(Capability(u"LABELS", DC_COPIES), 2);
     AddDriver(); // the file is another one now
-    EXPECT_EQ(Capability(TEXT("LABELS"), DC_COPIES), 1);
+    EXPECT_EQ(Capability(u"LABELS", DC_COPIES), 1);
     AddPrinter(u"OTHER");
     EXPECT_TRUE(DeletePrinter(Open(u"OTHER")));
-    EXPECT_EQ(Capability(TEXT("LABELS"), DC_COPIES), 1);
+    EXPECT_EQ(Capability(u"LABELS", DC_COPIES), 1);
 }
 
 TEST_F(SpoolerDriverCalls, LeaveTheDriverOfAnotherRootBehind) {
-    EXPECT_EQ(Capability(TEXT("LABELS"), DC_COPIES), 1);
+    EXPECT_EQ(Capability(u"LABELS", DC_COPIES), 1);
     const std::string elsewhere = root() + "/elsewhere";
     fs::create_directories(elsewhere);
     win32host::SetRoot(elsewhere);
-    EXPECT_EQ(Capability(TEXT("LABELS"), DC_COPIES), -1);
+    EXPECT_EQ(Capability(u"LABELS", DC_COPIES), -1);
     win32host::SetRoot(root());
-    EXPECT_EQ(Capability(TEXT("LABELS"), DC_COPIES), 1);
+    EXPECT_EQ(Capability(u"LABELS", DC_COPIES), 1);
 }
 
 using SpoolerThreads = SpoolerDriverCalls;
@@ -98,7 +98,7 @@ TEST_F(SpoolerThreads, AskOpenAndChangeAtOnce) {
                 const HANDLE printer = AddPrinterW(nullptr, 2, reinterpret_cast<LPBYTE>(&info));
                 failures[i] += Capability(own.c_str(), DC_PERSONALITY) != 2;
                 failures[i] += !PrinterInfo2(shared).good();
-                failures[i] += Capability(TEXT("LABELS"), DC_PERSONALITY) != 2;
+                failures[i] += Capability(u"LABELS", DC_PERSONALITY) != 2;
                 failures[i] += !DeletePrinter(printer) || !ClosePrinter(printer);
             }
         });

@@ -1,7 +1,6 @@
 #include "platform/spooler_test.h"
 
 #include <filesystem>
-#include <fstream>
 #include <iterator>
 
 namespace {
@@ -12,10 +11,6 @@ class SpoolerDrivers : public SpoolerTest {
 protected:
     std::string Installed(const std::string& file) const {
         return OnDriveC("WINDOWS\\system32\\spool\\drivers\\w32x86\\3\\" + file);
-    }
-    std::string Contents(const std::string& path) const {
-        std::ifstream file(path, std::ios::binary);
-        return {std::istreambuf_iterator<char>(file), {}};
     }
     static DRIVER_INFO_3W Wanted3() {
         DRIVER_INFO_3W info = {};
@@ -37,7 +32,7 @@ TEST_F(SpoolerDrivers, AreInstalledWithAllTheirFiles) {
     AddDriver();
     for (const char* file :
          {"testdrv.dll", "testzpl.ddt", "testdrv.hlp", "extra1.dat", "extra2.dat"})
-        EXPECT_EQ(Contents(Installed(file)), Contents(OnDriveC(std::string("setup\\") + file)));
+        EXPECT_EQ(BytesOf(Installed(file)), BytesOf(OnDriveC(std::string("setup\\") + file)));
     EXPECT_EQ(std::distance(fs::directory_iterator(Installed("")), {}), 5);
 
     AddPrinter(u"LABELS");
@@ -135,7 +130,7 @@ TEST_F(SpoolerDrivers, TreatFilesThatAreThereByTheirAge) {
         const auto there = fs::last_write_time(Installed("testzpl.ddt"));
         fs::last_write_time(OnDriveC("setup\\testzpl.ddt"), there + (c.there_is_newer ? -1h : 1h));
         EXPECT_EQ(AddError(Wanted3(), c.flags) == 0, c.added);
-        EXPECT_EQ(Contents(Installed("testzpl.ddt")), c.then);
+        EXPECT_EQ(BytesOf(Installed("testzpl.ddt")), c.then);
     }
 }
 
@@ -147,8 +142,8 @@ TEST_F(SpoolerDrivers, TakeFilesFromTheDriverFolderAndWhereTheyAlreadyLie) {
     info.pConfigFile = Text(u"C:\\WINDOWS\\system32\\spool\\drivers\\w32x86\\3\\testdrv.dll");
     info.pDriverPath = Text(u"testdrv.dll");
     EXPECT_EQ(AddError(info), 0);
-    EXPECT_EQ(Contents(Installed("staged.ddt")), "staged");
-    EXPECT_EQ(Contents(Installed("testdrv.dll")), Contents(OnDriveC("setup\\testdrv.dll")));
+    EXPECT_EQ(BytesOf(Installed("staged.ddt")), "staged");
+    EXPECT_EQ(BytesOf(Installed("testdrv.dll")), BytesOf(OnDriveC("setup\\testdrv.dll")));
 
     WCHAR folder[MAX_PATH];
     DWORD needed = 0;

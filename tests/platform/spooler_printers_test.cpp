@@ -161,8 +161,8 @@ TEST_F(SpoolerPrinters, KnowNoOtherLevels) {
 TEST_F(SpoolerPrinters, RefuseHandlesThatAreNotTheirs) {
     const HANDLE closed = Open(u"LABELS");
     ASSERT_TRUE(ClosePrinter(closed));
-    const HANDLE file = CreateFileW(TEXT("C:\\setup\\extra1.dat"), GENERIC_READ, 0, nullptr,
-                                    OPEN_EXISTING, 0, nullptr);
+    const HANDLE file =
+        CreateFileW(u"C:\\setup\\extra1.dat", GENERIC_READ, 0, nullptr, OPEN_EXISTING, 0, nullptr);
     HANDLE server = nullptr;
     ASSERT_TRUE(OpenPrinterW(nullptr, &server, nullptr));
     int local = 0;
@@ -361,11 +361,11 @@ TEST_F(SpoolerPrinters, SurviveARegistryThatHoldsNonsense) {
     const BYTE text[] = {'P', 0, 'x'}; // half a character, no terminator
     std::vector<BYTE> claims_more = DevModeWithPrivatePart(u"LABELS", 100);
     claims_more.resize(claims_more.size() - 1);
-    RegSetValueExW(key, TEXT("Port"), 0, REG_SZ, text, 3);
-    RegSetValueExW(key, TEXT("Location"), 0, REG_DWORD, text, 3);
-    RegSetValueExW(key, TEXT("Priority"), 0, REG_DWORD, text, 3);
+    RegSetValueExW(key, u"Port", 0, REG_SZ, text, 3);
+    RegSetValueExW(key, u"Location", 0, REG_DWORD, text, 3);
+    RegSetValueExW(key, u"Priority", 0, REG_DWORD, text, 3);
     for (size_t size : {size_t{0}, size_t{1}, size_t{71}, size_t{100}, claims_more.size()}) {
-        RegSetValueExW(key, TEXT("Default DevMode"), 0, REG_BINARY, claims_more.data(),
+        RegSetValueExW(key, u"Default DevMode", 0, REG_BINARY, claims_more.data(),
                        static_cast<DWORD>(size));
         const auto answer = PrinterInfo2(printer_);
         ASSERT_TRUE(answer.good());

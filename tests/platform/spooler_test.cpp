@@ -82,11 +82,11 @@ HANDLE SpoolerTest::Add(PRINTER_INFO_2W info) {
 
 std::u16string SpoolerTest::TakeNotes() {
     HKEY key = nullptr;
-    RegOpenKeyExW(HKEY_CURRENT_USER, TEXT("TestDriver"), 0, KEY_ALL_ACCESS, &key);
+    RegOpenKeyExW(HKEY_CURRENT_USER, u"TestDriver", 0, KEY_ALL_ACCESS, &key);
     WCHAR notes[1024] = {};
     DWORD size = sizeof notes - sizeof(WCHAR);
-    RegQueryValueExW(key, TEXT("Notes"), nullptr, nullptr, reinterpret_cast<LPBYTE>(notes), &size);
-    RegDeleteValueW(key, TEXT("Notes"));
+    RegQueryValueExW(key, u"Notes", nullptr, nullptr, reinterpret_cast<LPBYTE>(notes), &size);
+    RegDeleteValueW(key, u"Notes");
     RegCloseKey(key);
     return notes;
 }

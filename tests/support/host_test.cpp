@@ -6,6 +6,7 @@
 #include <cstdlib>
 #include <filesystem>
 #include <fstream>
+#include <iterator>
 
 namespace fs = std::filesystem;
 
@@ -27,6 +28,11 @@ std::string HostTest::OnDriveC(const std::string& windows_path) const {
     std::string path = windows_path;
     std::replace(path.begin(), path.end(), '\\', '/');
     return root_ + "/drive_c/" + path;
+}
+
+std::string HostTest::BytesOf(const std::string& path) {
+    std::ifstream file(path, std::ios::binary);
+    return {std::istreambuf_iterator<char>(file), {}};
 }
 
 void HostTest::WriteFile(const std::string& windows_path, const std::string& bytes) const {
