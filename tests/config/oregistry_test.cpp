@@ -27,19 +27,15 @@ using RegistryValues = RegistryStore;
 using RegistryEnumeration = RegistryStore;
 using RegistryDeletion = RegistryStore;
 
-std::vector<std::string> Utf8(const OStringArray& names) {
-    std::vector<std::string> result;
-    for (int i = 0; i < names.GetSize(); ++i) {
-        OString name = names[i];
-        name.SetCodePage(1208);
-        result.emplace_back(name.nstring());
-    }
-    return result;
-}
-
 std::string Utf8(OString text) {
     text.SetCodePage(1208);
     return text.nstring();
+}
+
+std::vector<std::string> Utf8(const OStringArray& names) {
+    std::vector<std::string> result;
+    for (int i = 0; i < names.GetSize(); ++i) result.push_back(Utf8(names[i]));
+    return result;
 }
 
 using Names = std::vector<std::string>;

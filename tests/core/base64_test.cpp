@@ -21,8 +21,7 @@ std::string Encoded(const std::string& bytes) {
 }
 
 std::string Decoded(const std::string& text) {
-    OBuffer<char> in;
-    in.Assign(text.data(), static_cast<uint32_t>(text.size()));
+    const OBuffer<char> in = Buffer(text);
     OBuffer<char> out(Base64::DecodeLength(in.GetSize()));
     uint32_t length = 99;
     Base64::Decode(in.GetData(), in.GetSize(), out.GetData(), &length);
@@ -83,7 +82,7 @@ TEST(BlobText, ComesBackFromAString) {
         EXPECT_EQ(text.GetCodePage(), 1208u);
         OBuffer<char> back(3);
         EXPECT_TRUE(Base64::StringToBuffer(OString(text.wstring()), back));
-        EXPECT_EQ(std::string(back.GetData(), back.GetSize()), std::string(blob.GetData(), size));
+        EXPECT_EQ(Contents(back), Contents(blob));
     }
 }
 

@@ -9,19 +9,6 @@
 
 namespace {
 
-// A buffer without terminator.
-template <class Text>
-auto Buffer(const Text& text) {
-    OBuffer<typename Text::value_type> buffer;
-    buffer.Assign(text.data(), static_cast<uint32_t>(text.size()));
-    return buffer;
-}
-
-template <class C>
-std::basic_string<C> Contents(const OBuffer<C>& buffer) {
-    return std::basic_string<C>(buffer.GetData(), buffer.GetSize());
-}
-
 std::string Encoded(const WideText& text) {
     OBuffer<char> out(1000);
     LocaleUtility::ConvertUTF8(Buffer(text), out);

@@ -7,17 +7,9 @@
 #include <string>
 #include <utility>
 
+#include "core/text.h"
+
 namespace {
-
-OBuffer<char> Buffer(const std::string& bytes) {
-    OBuffer<char> buffer;
-    buffer.Assign(bytes.data(), static_cast<uint32_t>(bytes.size()));
-    return buffer;
-}
-
-std::string Contents(const OBuffer<char>& buffer) {
-    return std::string(buffer.GetData(), buffer.GetSize());
-}
 
 std::string Container(const std::string& bytes) {
     OBuffer<char> buffer = Buffer(bytes);
@@ -73,7 +65,7 @@ TEST(CompressedContainer, IsRefusedWhenAnythingIsWrongWithIt) {
         {"wrong checksum", damaged}};
     for (const auto& [what, container] : cases) {
         OBuffer<char> buffer = Buffer(container);
-        OBuffer<char> out = Buffer("before");
+        OBuffer<char> out = Buffer(std::string("before"));
         EXPECT_FALSE(LZ77::Decode(buffer, out)) << what;
         EXPECT_EQ(Contents(out), "before");
         EXPECT_FALSE(LZ77::Decode(buffer)) << what;

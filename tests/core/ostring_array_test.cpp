@@ -25,13 +25,6 @@ OStringArray Array(const Strings& strings) {
     return array;
 }
 
-template <class Text>
-auto Buffer(const Text& text) {
-    OBuffer<typename Text::value_type> buffer;
-    buffer.Assign(text.data(), static_cast<uint32_t>(text.size()));
-    return buffer;
-}
-
 TEST(StringArray, TakesItsOwnStrings) {
     OStringArray array = Array({"a", "b"});
     for (int i = 0; i < 20; ++i) array.Add(array[i]);
@@ -98,7 +91,7 @@ TEST(PackedList, HasALayoutForEachMode) {
     for (const auto& [strings, mode, packed] : cases) {
         OBuffer<char> buffer;
         EXPECT_EQ(Array(strings).Pack(buffer, mode), packed.size());
-        EXPECT_EQ(std::string(buffer.GetData(), buffer.GetSize()), packed);
+        EXPECT_EQ(Contents(buffer), packed);
     }
 }
 
@@ -110,7 +103,7 @@ TEST(PackedList, HasAHeaderOfOneUnitInUTF16) {
     for (const auto& [mode, packed] : cases) {
         OBuffer<WCHAR> buffer;
         EXPECT_EQ(Array({"ab", "", "c"}).Pack(buffer, mode), packed.size());
-        EXPECT_EQ(WideText(buffer.GetData(), buffer.GetSize()), packed);
+        EXPECT_EQ(Contents(buffer), packed);
     }
 }
 

@@ -27,20 +27,12 @@ TEST_F(DeviceCapabilities, ComeFromTheModuleThatTheSpoolerLoads) {
                                        "Stock.Minimum.X=20 mm\nStock.Minimum.Y=6 mm\n"
                                        "Stock.Maximum.X=114 mm\nStock.Maximum.Y=3988 mm\n",
                               .method = "Copies.Limit=9999\n"});
-    const std::pair<WORD, int> cases[] = {{0, -1},
-                                          {DC_FIELDS, 0x780FF1F},
-                                          {DC_MINEXTENT, 60 << 16 | 200},
-                                          {21, -1},
-                                          {DC_SIZE, 220},
-                                          {DC_MAXEXTENT, 32767 << 16 | 1140},
-                                          {34, -1},
-                                          {DC_EXTRA, 1288},
-                                          {DC_ENUMRESOLUTIONS, 2},
-                                          {DC_DRIVER, 0x607},
-                                          {DC_VERSION, 0x401},
-                                          {DC_FILEDEPENDENCIES, 2},
-                                          {DC_COPIES, 9999},
-                                          {DC_COLORDEVICE, 1}};
+    const std::pair<WORD, int> cases[] = {
+        {0, -1},          {DC_FIELDS, 0x780FF1F}, {DC_MINEXTENT, 60 << 16 | 200},
+        {21, -1},         {DC_DRIVER, 0x607},     {DC_MAXEXTENT, 32767 << 16 | 1140},
+        {DC_SIZE, 220},   {DC_VERSION, 0x401},    {DC_ENUMRESOLUTIONS, 2},
+        {34, -1},         {DC_COPIES, 9999},      {DC_FILEDEPENDENCIES, 2},
+        {DC_EXTRA, 1288}, {DC_COLORDEVICE, 1}};
     for (const auto& [capability, expected] : cases)
         EXPECT_EQ(Ask(capability), expected) << capability;
 

@@ -111,21 +111,19 @@ TEST_F(LanguageLibraries, FindDialogsMenusAndBitmapsInTheFirstThatHasThem) {
     SetSystemLanguage(TEXT("DEU"));
     prtlocale locale;
     ASSERT_TRUE(locale.Load(*reg_, model_.get()));
-
-    uint32_t german = 0, english = 0;
-    EXPECT_NE(locale.GetDialog("PAGE", &german), nullptr);
+    for (const char* page : {"PAGE", "ENGLISH_PAGE"}) {
+        uint32_t size = 0;
+        EXPECT_NE(locale.GetDialog(page, &size), nullptr) << page;
+        EXPECT_GT(size, 0u) << page;
+    }
     EXPECT_NE(locale.GetDialog("PAGE", nullptr), nullptr);
-    EXPECT_NE(locale.GetDialog("ENGLISH_PAGE", &english), nullptr);
-    EXPECT_GT(german, 0u);
-    EXPECT_GT(english, 0u);
     EXPECT_EQ(locale.GetDialog("NO_PAGE", nullptr), nullptr);
 
-    const char* bitmap = static_cast<const char*>(locale.LockBitmap(900));
-    ASSERT_NE(bitmap, nullptr);
-    EXPECT_EQ(std::string(bitmap, 4), "Bild");
-    bitmap = static_cast<const char*>(locale.LockBitmap(901));
-    ASSERT_NE(bitmap, nullptr);
-    EXPECT_EQ(std::string(bitmap, 4), "Only");
+    for (const auto& [number, start] : {std::pair(900, "Bild"), std::pair(901, "Only")}) {
+        const char* bitmap = static_cast<const char*>(locale.LockBitmap(number));
+        ASSERT_NE(bitmap, nullptr) << number;
+        EXPECT_EQ(std::string(bitmap, 4), start);
+    }
     EXPECT_EQ(locale.LockBitmap(902), nullptr);
 
     EXPECT_NE(locale.GetMenu("INSERT"), nullptr);

@@ -87,10 +87,10 @@ TEST_F(UnitTexts, BarWidthsAreInMilsOrMillimetres) {
 }
 
 TEST_F(UnitTexts, ResolutionsAreInDotsPerInchOrMillimetre) {
-    EXPECT_EQ(Locale(prtlocale::INCHES).dpi_to_string(203), "203 ");
-    EXPECT_EQ(Locale(prtlocale::MILLIMETRES).dpi_to_string(203), "8.0 ");
-    EXPECT_EQ(Locale(prtlocale::CENTIMETRES).dpi_to_string(300), "11.8 ");
-    EXPECT_EQ(Locale(prtlocale::MILLIMETRES).dpi_to_string(600), "23.6 ");
+    const std::tuple<int, int, const char*> cases[] = {{prtlocale::INCHES, 203, "203 "},
+                                                       {prtlocale::MILLIMETRES, 203, "8.0 "},
+                                                       {prtlocale::CENTIMETRES, 300, "11.8 "}};
+    for (const auto& [units, dpi, text] : cases) EXPECT_EQ(Locale(units).dpi_to_string(dpi), text);
     EXPECT_EQ(Locale(prtlocale::INCHES).dpi_to_string(203, 300), "203  x 300 ");
 }
 

@@ -55,18 +55,6 @@ TEST(DataTable, SetsAndAppendsProperties) {
     }
 }
 
-TEST(DataTable, LaterLinesOverrideEarlierOnesAcrossSections) {
-    TableSet below("[.default]\nSpeed=2\n[M]\nSpeed=4\nOptions+=A\n[N]\nOptions+=B\n");
-    EXPECT_EQ(Get(below.set, "Speed") + Get(below.set, "Options"), "4A");
-    below.set.SetTable("N");
-    EXPECT_EQ(Get(below.set, "Speed") + Get(below.set, "Options"), "2B");
-    below.set.SetTable("O");
-    EXPECT_EQ(Get(below.set, "Speed") + Get(below.set, "Options"), "2(default)");
-
-    TableSet above("[M]\nSpeed=4\n[.default]\nSpeed=2\n");
-    EXPECT_EQ(Get(above.set, "Speed"), "2");
-}
-
 TEST(DataSet, SelectsTablesAndSections) {
     OResourceFile file("");
     const std::string bytes =
@@ -118,24 +106,4 @@ TEST(DataSet, FindsFlagsInListsAndNothingWithoutAFile) {
     EXPECT_EQ(values.GetSize(), 0);
     EXPECT_EQ(Get(none, "k"), "(default)");
     EXPECT_EQ(none.GetInt("k", 7), 7);
-}
-
-TEST(DataSet, LetsASubclassRenameKeysForAllQueries) {
-    class Suffixed : public ODataSet {
-    public:
-        using ODataSet::ODataSet;
-        OString GetString(const OString& key, const OString& default_value) override {
-            const OString own = key + "(X)";
-            return ODataSet::GetString(PropertyExists(own) ? own : key, default_value);
-        }
-    };
-    OResourceFile file("");
-    const std::string bytes = Record("T.d", "[M]\nk=1\nk(X)=0,a\nn=5\n");
-    file.Parse(bytes.data(), bytes.size());
-    Suffixed set(&file);
-    set.SetTable("T:M");
-    EXPECT_EQ(Get(set, "k"), "0,a");
-    EXPECT_EQ(set.GetInt("k", 9), 0);
-    EXPECT_TRUE(set.GetFlag("k", "A"));
-    EXPECT_EQ(set.GetInt("n", 9), 5);
 }

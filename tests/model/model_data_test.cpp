@@ -102,74 +102,66 @@ TEST_F(ModelData, OfAnEmptyModelOrAMissingFileIsZerosAndDefaults) {
 }
 
 TEST_F(ModelData, KnowsColour) {
-    Check({
-        {model, "Color=yes\nColor.Spot=2", 116, 2, 0x01},
-        {model, "Color=yes\nColor.Spot=3,4", 116, 2, 0x06},
-        {model, "Color=yes\nColor.Process=cmy", 116, 2, 0x08},
-        {model, "Color=yes\nColor.Process=CMYK", 116, 2, 0x10},
-        {model, "Color=yes\nColor.Spectrum=16,24,32", 116, 2, 0xE0},
-        {model, "Color=yes\nColor.DefaultState=color", 118, 1, 2},
-        {model, "Color=yes\nColor.DefaultState=Mono", 118, 1, 1},
-        {model, "Color=no\nColor.Spot=2\nColor.DefaultState=Color", 116, 2, 0},
-        {model, "Color=no\nColor.Spot=2\nColor.DefaultState=Color", 118, 1, 1},
-    });
+    Check({{model, "Color=yes\nColor.Spot=2", 116, 2, 0x01},
+           {model, "Color=yes\nColor.Spectrum=16,24,32", 116, 2, 0xE0},
+           {model, "Color=yes\nColor.Spot=3,4", 116, 2, 0x06},
+           {model, "Color=yes\nColor.DefaultState=color", 118, 1, 2},
+           {model, "Color=yes\nColor.Process=cmy", 116, 2, 0x08},
+           {model, "Color=no\nColor.Spot=2\nColor.DefaultState=Color", 116, 2, 0},
+           {model, "Color=yes\nColor.Process=CMYK", 116, 2, 0x10},
+           {model, "Color=no\nColor.Spot=2\nColor.DefaultState=Color", 118, 1, 1},
+           {model, "Color=yes\nColor.DefaultState=Mono", 118, 1, 1}});
 }
 
 TEST_F(ModelData, TranslatesWords) {
-    Check({
-        {model, "Stock.Tracking=right", 119, 1, 0},
-        {model, "Stock.Tracking=LEFT", 119, 1, 1},
-        {model, "Stock.Tracking=center", 119, 1, 2},
-        {model, "Stock.Tracking=sideways", 119, 1, 1},
-        {drawing, "Transform.Orientation=90", 120, 1, 1},
-        {drawing, "Transform.Orientation=180", 120, 1, 2},
-        {drawing, "Transform.Orientation=270", 120, 1, 3},
-        {drawing, "Transform.Orientation=45", 120, 1, 0},
-        {drawing, "Line.Thickness.Anchor=Center", 126, 1, 0},
-        {drawing, "Line.Thickness.Anchor=edge", 126, 1, 1},
-        {drawing, "Line.Thickness.Anchor=Outer", 126, 1, 1},
-        {drawing, "Box.Thickness.Anchor=Inner", 130, 1, 2},
-        {drawing, "Line.Anchor=Top/Right", 127, 1, 1},
-        {drawing, "Box.Anchor=bottom/left", 131, 1, 2},
-        {drawing, "BarCode.Anchor=Bottom/Right", 133, 1, 3},
-        {drawing, "Text.Anchor=Baseline/Left", 136, 1, 4},
-        {drawing, "Text.Anchor=Baseline/Right", 136, 1, 5},
-        {drawing, "Text.Anchor=Middle", 136, 1, 0},
-    });
+    Check({{model, "Stock.Tracking=right", 119, 1, 0},
+           {drawing, "Transform.Orientation=180", 120, 1, 2},
+           {model, "Stock.Tracking=LEFT", 119, 1, 1},
+           {drawing, "Transform.Orientation=270", 120, 1, 3},
+           {model, "Stock.Tracking=center", 119, 1, 2},
+           {drawing, "Line.Thickness.Anchor=Center", 126, 1, 0},
+           {model, "Stock.Tracking=sideways", 119, 1, 1},
+           {drawing, "Line.Thickness.Anchor=edge", 126, 1, 1},
+           {drawing, "Transform.Orientation=90", 120, 1, 1},
+           {drawing, "Line.Thickness.Anchor=Outer", 126, 1, 1},
+           {drawing, "Transform.Orientation=45", 120, 1, 0},
+           {drawing, "Box.Thickness.Anchor=Inner", 130, 1, 2},
+           {drawing, "Line.Anchor=Top/Right", 127, 1, 1},
+           {drawing, "BarCode.Anchor=Bottom/Right", 133, 1, 3},
+           {drawing, "Box.Anchor=bottom/left", 131, 1, 2},
+           {drawing, "Text.Anchor=Baseline/Left", 136, 1, 4},
+           {drawing, "Text.Anchor=Middle", 136, 1, 0},
+           {drawing, "Text.Anchor=Baseline/Right", 136, 1, 5}});
 }
 
 TEST_F(ModelData, KnowsWhatThePrinterDraws) {
-    Check({
-        {drawing, "Transform.Flip180=yes", 120, 4, 0x00000100},
-        {drawing, "Transform.Mirror=yes", 120, 4, 0x00010000},
-        {drawing, "Transform.Inverse=yes", 120, 4, 0x01000000},
-        {drawing, "Line.Thickness.Maximum=32000", 124, 2, 32000},
-        {drawing, "Line.Thickness.Maximum=40000", 124, 2, 32767},
-        {drawing, "Line.Thickness.Maximum=-2", 124, 2, -2},
-        {drawing, "Box.Thickness.Maximum=2000000000", 128, 2, 32767},
-        {drawing, "Box.Fill=on", 132, 1, 1},
-        {drawing, "BarCode.Anchor.Relative=1", 134, 1, 1},
-        {drawing, "Text.WhiteOnBlack.Background=yes", 135, 1, 1},
-        {drawing, "Text.Anchor.Relative=yes", 137, 1, 1},
-        {drawing, "Text.Rotation=None", 138, 2, 0},
-        {drawing, "Text.Rotation=90,Any", 138, 2, 3},
-        {drawing, "Text.Scaling=Anisotropic", 138, 2, 5},
-        {drawing, "Transform.MapResolution=600", 140, 2, 600},
-    });
+    Check({{drawing, "Transform.Mirror=yes", 120, 4, 0x00010000},
+           {drawing, "Transform.Flip180=yes", 120, 4, 0x00000100},
+           {drawing, "Line.Thickness.Maximum=-2", 124, 2, -2},
+           {drawing, "Transform.Inverse=yes", 120, 4, 0x01000000},
+           {drawing, "Box.Fill=on", 132, 1, 1},
+           {drawing, "Line.Thickness.Maximum=32000", 124, 2, 32000},
+           {drawing, "BarCode.Anchor.Relative=1", 134, 1, 1},
+           {drawing, "Line.Thickness.Maximum=40000", 124, 2, 32767},
+           {drawing, "Text.Anchor.Relative=yes", 137, 1, 1},
+           {drawing, "Box.Thickness.Maximum=2000000000", 128, 2, 32767},
+           {drawing, "Text.Rotation=None", 138, 2, 0},
+           {drawing, "Text.WhiteOnBlack.Background=yes", 135, 1, 1},
+           {drawing, "Text.Rotation=90,Any", 138, 2, 3},
+           {drawing, "Transform.MapResolution=600", 140, 2, 600},
+           {drawing, "Text.Scaling=Anisotropic", 138, 2, 5}});
 }
 
 TEST_F(ModelData, KnowsCopiesDownloadsAndPorts) {
-    Check({
-        {method, "Copies.Limit=99", 142, 2, 99},
-        {method, "Copies.Limit=0", 142, 2, 32767},
-        {method, "Copies.Limit=99999", 142, 2, 32767},
-        {font, "Download.TrueType=yes", 144, 2, 1},
-        {font, "Download.Bitmap=yes", 144, 2, 2},
-        {font, "Download.Bitmap=yes\nDownload.Bitmap.Orientation=0,90", 144, 2, 14},
-        {font, "Download.Bitmap=no\nDownload.Bitmap.Orientation=0,90", 144, 2, 0},
-        {model, "Ports.Bidirectional=Parallel", 146, 2, 2},
-        {model, "Ports.Bidirectional=usb", 146, 2, 4},
-    });
+    Check({{method, "Copies.Limit=99", 142, 2, 99},
+           {font, "Download.Bitmap=yes\nDownload.Bitmap.Orientation=0,90", 144, 2, 14},
+           {method, "Copies.Limit=0", 142, 2, 32767},
+           {font, "Download.Bitmap=no\nDownload.Bitmap.Orientation=0,90", 144, 2, 0},
+           {method, "Copies.Limit=99999", 142, 2, 32767},
+           {model, "Ports.Bidirectional=Parallel", 146, 2, 2},
+           {font, "Download.TrueType=yes", 144, 2, 1},
+           {model, "Ports.Bidirectional=usb", 146, 2, 4},
+           {font, "Download.Bitmap=yes", 144, 2, 2}});
 }
 
 TEST_F(ModelData, HasUpToEightResolutions) {

@@ -2,20 +2,21 @@
 
 #include <gtest/gtest.h>
 
+#include <tuple>
+#include <utility>
+
 TEST(PropertySet, KeepsTextsUnderNamesThatCountCase) {
     OPropertySet set;
-    set.SetString("Name", "a");
-    set.SetString("name", "b");
-    set.SetString("Name", "c");
-    set.SetString("empty", "");
-    EXPECT_STREQ(set.GetString("Name", "?").nstring(), "c");
-    EXPECT_STREQ(set.GetString("name", "?").nstring(), "b");
-    EXPECT_STREQ(set.GetString("empty", "?").nstring(), "");
-    EXPECT_STREQ(set.GetString("NAME", "?").nstring(), "?");
+    for (const auto& [name, text] : {std::pair("Name", "a"), std::pair("name", "b"),
+                                     std::pair("Name", "c"), std::pair("empty", "")})
+        set.SetString(name, text);
+    for (const auto& [name, text] : {std::pair("Name", "c"), std::pair("name", "b"),
+                                     std::pair("empty", ""), std::pair("NAME", "?")})
+        EXPECT_EQ(set.GetString(name, "?"), text);
     ASSERT_EQ(set.GetCount(), 3);
     for (int i = 0; i < 3; ++i) EXPECT_NE(set.GetString(set.GetName(i), "?"), "?");
     set.Clear();
-    EXPECT_STREQ(set.GetString("Name", "?").nstring(), "?");
+    EXPECT_EQ(set.GetString("Name", "?"), "?");
     EXPECT_EQ(set.GetCount(), 0);
 }
 
@@ -25,14 +26,12 @@ TEST(PropertySet, KeepsNumbersAndFlagsAsDecimalText) {
     set.SetBool("b", true);
     EXPECT_STREQ(set.GetString("n", "").nstring(), "-42");
     EXPECT_STREQ(set.GetString("b", "").nstring(), "1");
-    set.SetString("n", " 12 mm");
-    EXPECT_EQ(set.GetInt("n", 7), 12);
-    EXPECT_TRUE(set.GetBool("n", false));
-    set.SetString("n", "no");
-    EXPECT_EQ(set.GetInt("n", 7), 0);
-    EXPECT_FALSE(set.GetBool("n", true));
-    set.SetString("n", "");
-    EXPECT_EQ(set.GetInt("n", 7), 7);
-    EXPECT_TRUE(set.GetBool("n", true));
+    const std::tuple<const char*, int, bool> cases[] = {
+        {" 12 mm", 12, true}, {"no", 0, false}, {"", 7, true}};
+    for (const auto& [text, number, flag] : cases) {
+        set.SetString("n", text);
+        EXPECT_EQ(set.GetInt("n", 7), number) << text;
+        EXPECT_EQ(set.GetBool("n", true), flag) << text;
+    }
     EXPECT_FALSE(set.GetBool("none", false));
 }

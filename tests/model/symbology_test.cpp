@@ -9,19 +9,13 @@
 #include "support/model_test.h"
 
 TEST(SymbologyInfo, NamesNumbersAndTheirKeys) {
-    const std::tuple<int, const char*, const char*> cases[] = {
-        {0, "Code39", "Code39.HR"},
-        {1, "Code39", "Code39.HR"},
-        {5, "I-2/5", "I-2/5.HR"},
-        {11, "Supplemental2", "Supplemental2.HR"},
-        {19, "RoyalMail", "RoyalMail.HR"},
-        {30, "AztecMesa", "AztecMesa.HR"},
-        {36, "Telepen", "Telepen.HR"},
-        {37, "", ".HR"},
-        {-1, "", ".HR"}};
-    for (const auto& [number, name, key] : cases) {
-        EXPECT_STREQ(SymbologyInfo(number).GetName().nstring(), name) << number;
-        EXPECT_STREQ(SymbologyInfo(number).CreateKey("HR").nstring(), key) << number;
+    const std::pair<int, std::string> cases[] = {
+        {0, "Code39"},         {1, "Code39"},     {5, "I-2/5"},
+        {11, "Supplemental2"}, {19, "RoyalMail"}, {30, "AztecMesa"},
+        {36, "Telepen"},       {37, ""},          {-1, ""}};
+    for (const auto& [number, name] : cases) {
+        EXPECT_EQ(SymbologyInfo(number).GetName().nstring(), name) << number;
+        EXPECT_EQ(SymbologyInfo(number).CreateKey("HR").nstring(), name + ".HR") << number;
     }
 }
 
@@ -51,7 +45,8 @@ protected:
     }
 
     // A supported symbology with these lines, which semicolons divide.
-    static std::string Lines(const std::string& name, const std::string& lines) {
+    static std::string Lines(int number, const std::string& lines) {
+        const std::string name = SymbologyInfo(number).GetName().nstring();
         std::string text = name + "=yes\n" + (lines.empty() ? "" : name + ".");
         for (const char c : lines) text += c == ';' ? "\n" + name + "." : std::string(1, c);
         return text + "\n";
@@ -86,88 +81,79 @@ TEST_F(Symbologies, ThatAreNotSupportedHaveEmptyRecords) {
 }
 
 TEST_F(Symbologies, HaveTheirOwnOptions) {
-    const std::tuple<int, const char*, const char*, uint32_t> cases[] = {
-        {0, "Code39", "", 0x1},
-        {0, "Code39", "FullASCII=yes", 0},
-        {1, "Code39", "FullASCII=yes;StartStop.Required=yes", 0x2},
-        {0, "Code39", "FullASCII=yes;CheckDigit.Required=yes;StartStop.Variable=yes", 0xC},
-        {0, "Code39", "FullASCII=yes;Ratio=Variable,2:1,11:5,9:4,7:3,12:5,5:2", 0x7F000},
-        {0, "Code39", "FullASCII=yes;Ratio=13:5,8:3,11:4,14:5,3:1,4:1", 0xF80000},
-        {2, "Code93", "Ratio=2:1", 0x2001},
-        {3, "Code128", "Ratio=2:1", 0x2},
-        {3, "Code128", "Encoding=Auto", 0x3},
-        {3, "Code128", "Encoding=Auto,Manual", 0x1},
-        {3, "Code128", "Encoding=Manual", 0},
-        {3, "Code128", "Encoding=manual", 0x2},
-        {3, "Code128", "Encoding=Manual;RestrictedMethods=Serialization,Static", 0xA0000000},
-        {4, "Codabar", "StartStop.Required=yes;StartStop.Uppercase=yes", 0x3},
-        {5, "I-2/5", "CheckDigit.Required=yes", 0x1},
-        {6, "MSI", "CheckDigit.Required=yes;RestrictedMethods=VariableData,TemplateFile",
-         0x50000001},
-        {7, "UPC-A", "GuardBar.Variable=yes;GuardBar.WithoutHR=yes", 0xC},
-        {7, "UPC-A", "NumberSystem=1;CheckDigit.Required=yes", 0x1},
-        {8, "UPC-E", "NumberSystem=0,1", 0x2},
-        {8, "UPC-E", "NumberSystem=10", 0},
-        {9, "EAN-13", "CheckDigit.Required=yes", 0x1},
-        {10, "EAN-8", "CheckDigit.Required=yes", 0x1},
-        {13, "Postnet", "CheckDigit.Required=yes", 0},
-        {15, "PDF417", "", 0x1},
-        {15, "PDF417", "Truncated=yes;CorrectionLevel=1,Auto;Columns=Auto", 0x6},
-        {16, "DataMatrix", "ECC=000,010,040,050,060,070,080", 0x7F},
-        {16, "DataMatrix", "ECC=090,100,110,120,130,140,200", 0x3F80},
-        {16, "DataMatrix", "WhiteOnBlack=yes;StructuredAppend=yes", 0x84000},
-        {16, "DataMatrix", "Rectangle=No", 0},
-        {16, "DataMatrix", "Rectangle=Auto", 0x8000},
-        {16, "DataMatrix", "Rectangle=Manual", 0x48000},
-        {16, "DataMatrix", "FormatID=Auto;FunctionCodes=None", 0x30000},
-        {17, "MaxiCode", "Mode=2,3,4,5,6", 0x1F},
-        {17, "MaxiCode", "ZipperBlock=yes;ContrastBlock=yes;StructuredAppend=yes", 0xE0},
-        {18, "QRCode", "Model=1,2;Mode=Manual,Auto;Mask=Manual,Auto;StructuredAppend=yes", 0x7F},
-        {21, "JapanPost", "HighPriority=yes", 0x1},
-        {24, "Code11", "Ratio=2:1;CheckDigit.Required=yes", 0x2000},
-        {27, "Codablock", "Type=A,E,F", 0x7},
-        {28, "MicroPDF417", "Size=1,auto", 0x1},
-        {29, "Aztec",
+    using Cases = std::vector<std::tuple<int, const char*, uint32_t>>;
+    const Cases single = {
+        {3, "Encoding=manual", 0x2},    {2, "Ratio=2:1", 0x2001},  {0, "", 0x1},
+        {8, "NumberSystem=0,1", 0x2},   {3, "Encoding=Auto", 0x3}, {0, "FullASCII=yes", 0},
+        {16, "Rectangle=Auto", 0x8000}, {3, "Encoding=Manual", 0}, {3, "Ratio=2:1", 0x2},
+        {17, "Mode=2,3,4,5,6", 0x1F},   {8, "NumberSystem=10", 0}, {15, "", 0x1},
+        {21, "HighPriority=yes", 0x1},  {28, "Size=1,auto", 0x1},  {16, "Rectangle=No", 0},
+        {30, "WhiteOnBlack=yes", 0},    {31, "Type=EAN8,UPCA", 0}, {27, "Type=A,E,F", 0x7}};
+    const Cases combined = {
+        {1, "FullASCII=yes;StartStop.Required=yes", 0x2},
+        {0, "FullASCII=yes;CheckDigit.Required=yes;StartStop.Variable=yes", 0xC},
+        {0, "FullASCII=yes;Ratio=Variable,2:1,11:5,9:4,7:3,12:5,5:2", 0x7F000},
+        {0, "FullASCII=yes;Ratio=13:5,8:3,11:4,14:5,3:1,4:1", 0xF80000},
+        {3, "Encoding=Auto,Manual", 0x1},
+        {3, "Encoding=Manual;RestrictedMethods=Serialization,Static", 0xA0000000},
+        {4, "StartStop.Required=yes;StartStop.Uppercase=yes", 0x3},
+        {5, "CheckDigit.Required=yes", 0x1},
+        {6, "CheckDigit.Required=yes;RestrictedMethods=VariableData,TemplateFile", 0x50000001},
+        {7, "GuardBar.Variable=yes;GuardBar.WithoutHR=yes", 0xC},
+        {7, "NumberSystem=1;CheckDigit.Required=yes", 0x1},
+        {9, "CheckDigit.Required=yes", 0x1},
+        {10, "CheckDigit.Required=yes", 0x1},
+        {13, "CheckDigit.Required=yes", 0},
+        {15, "Truncated=yes;CorrectionLevel=1,Auto;Columns=Auto", 0x6},
+        {16, "ECC=000,010,040,050,060,070,080", 0x7F},
+        {16, "ECC=090,100,110,120,130,140,200", 0x3F80},
+        {16, "WhiteOnBlack=yes;StructuredAppend=yes", 0x84000},
+        {16, "Rectangle=Manual", 0x48000},
+        {16, "FormatID=Auto;FunctionCodes=None", 0x30000},
+        {17, "ZipperBlock=yes;ContrastBlock=yes;StructuredAppend=yes", 0xE0},
+        {18, "Model=1,2;Mode=Manual,Auto;Mask=Manual,Auto;StructuredAppend=yes", 0x7F},
+        {24, "Ratio=2:1;CheckDigit.Required=yes", 0x2000},
+        {29,
          "FinderPattern=Auto,Compact,Full;WhiteOnBlack=yes;ErrorCorrection=Auto;"
          "Layers=Auto;StructuredAppend=yes",
          0x7F},
-        {30, "AztecMesa", "WhiteOnBlack=yes", 0},
-        {31, "RSS",
+        {31,
          "Type=RSS14,Truncated,Stacked,Omnidirectional,Limited,Expanded,"
          "ExpandedStacked;SegmentsPerRow=Manual",
          0x1007F},
-        {31, "RSS", "Type=EAN8,UPCA", 0},
-        {32, "Composite", "Type=RSS14,EAN8,EAN13,UPCA,UPCE,128_CC_AB,128_CC_C", 0x3F01},
-        {32, "Composite", "SegmentsPerRow=Manual", 0x10000},
-        {36, "Telepen", "CheckDigit.Required=yes;Mode=Numeric", 0x3}};
-    for (const auto& [number, name, lines, expected] : cases) {
-        Load(Lines(name, lines));
-        EXPECT_EQ(Record(number).options, expected) << name << " " << lines;
+        {32, "Type=RSS14,EAN8,EAN13,UPCA,UPCE,128_CC_AB,128_CC_C", 0x3F01},
+        {32, "SegmentsPerRow=Manual", 0x10000},
+        {36, "CheckDigit.Required=yes;Mode=Numeric", 0x3}};
+    for (const Cases& cases : {single, combined}) {
+        for (const auto& [number, lines, expected] : cases) {
+            Load(Lines(number, lines));
+            EXPECT_EQ(Record(number).options, expected) << number << " " << lines;
+        }
     }
 }
 
 TEST_F(Symbologies, HaveHumanReadableTextWhereItCanBe) {
-    const std::tuple<int, const char*, const char*, uint16_t, uint32_t> cases[] = {
-        {0, "Code39", "HR=On,Off;HR.Placement=Above,Below", 0, 0xC},
-        {0, "Code39", "HR=On;HR.Offset=Vertical,Horizontal", 2, 0x3},
-        {0, "Code39", "HR=Off;HR.Placement=Above", 1, 0},
-        {0, "Code39", "HR=Off,On;HR.Placement=Above", 1, 0},
-        {0, "Code39", "HR.Placement=Above", 1, 0},
-        {0, "Code39", "HR=On;HR.Alignment=Left,Right,Center,Bar", 2, 0xF0},
-        {0, "Code39", "HR=On;HR.CheckDigit=Show,Hide", 2, 0x300},
-        {0, "Code39", "HR=On;HR.StartStop=Show,Hide", 2, 0xC00},
-        {0, "Code39", "HR=On;HR.Font.Select=yes", 2, 0x8000},
-        {0, "Code39", "HR=Off;HR.Translation=On,Off", 1, 0x30000},
-        {3, "Code128", "HR=On;HR.CheckDigit=Show", 2, 0},
-        {7, "UPC-A", "HR=On;SplitDigit=Full", 2, 0x90000},
-        {8, "UPC-E", "HR=On;SplitDigit=Small", 2, 0x50000},
-        {9, "EAN-13", "HR=On;SplitDigit=None", 2, 0x20000},
-        {15, "PDF417", "HR=On;HR.Placement=Above", 0, 0},
-        {13, "Postnet", "HR=On;HR.Placement=Above", 2, 0x4}};
-    for (const auto& [number, name, options, mode, bits] : cases) {
-        Load(Lines(name, options));
-        EXPECT_EQ(Record(number).hr_mode, mode) << name << " " << options;
-        EXPECT_EQ(Record(number).hr_bits, bits) << name << " " << options;
+    const std::tuple<int, const char*, uint16_t, uint32_t> cases[] = {
+        {0, "HR=On,Off;HR.Placement=Above,Below", 0, 0xC},
+        {0, "HR=On;HR.Offset=Vertical,Horizontal", 2, 0x3},
+        {0, "HR=Off;HR.Placement=Above", 1, 0},
+        {0, "HR=Off,On;HR.Placement=Above", 1, 0},
+        {0, "HR.Placement=Above", 1, 0},
+        {0, "HR=On;HR.Alignment=Left,Right,Center,Bar", 2, 0xF0},
+        {0, "HR=On;HR.CheckDigit=Show,Hide", 2, 0x300},
+        {0, "HR=On;HR.StartStop=Show,Hide", 2, 0xC00},
+        {0, "HR=On;HR.Font.Select=yes", 2, 0x8000},
+        {0, "HR=Off;HR.Translation=On,Off", 1, 0x30000},
+        {3, "HR=On;HR.CheckDigit=Show", 2, 0},
+        {7, "HR=On;SplitDigit=Full", 2, 0x90000},
+        {8, "HR=On;SplitDigit=Small", 2, 0x50000},
+        {9, "HR=On;SplitDigit=None", 2, 0x20000},
+        {15, "HR=On;HR.Placement=Above", 0, 0},
+        {13, "HR=On;HR.Placement=Above", 2, 0x4}};
+    for (const auto& [number, options, mode, bits] : cases) {
+        Load(Lines(number, options));
+        EXPECT_EQ(Record(number).hr_mode, mode) << number << " " << options;
+        EXPECT_EQ(Record(number).hr_bits, bits) << number << " " << options;
     }
 }
 

@@ -5,16 +5,11 @@
 #include <string>
 #include <tuple>
 
+#include "core/text.h"
+
 namespace {
 
 constexpr char kPath[] = "HKEY_LOCAL_MACHINE\\Printers\\Dock 3\\Data";
-
-OString Utf8(const std::string& text) {
-    OString string;
-    string.SetCodePage(1208);
-    string = text.c_str();
-    return string;
-}
 
 class TextStream : public OCore::OStream {
 public:
@@ -30,9 +25,9 @@ private:
 
 std::string Written(std::initializer_list<const char*> lines, const char* path = kPath) {
     OStringArray array;
-    for (const char* line : lines) array.Add(Utf8(line));
+    for (const char* line : lines) array.Add(InCodePage(1208, line));
     TextStream stream;
-    WriteOptionsBlock(stream, "M 1", array, Utf8(path));
+    WriteOptionsBlock(stream, "M 1", array, InCodePage(1208, path));
     stream.Flush();
     return stream.text;
 }
@@ -43,7 +38,7 @@ std::string Read(const std::string& text) {
     std::string blocks;
     for (size_t start = 0; start < text.size();) {
         const size_t end = std::min(text.find('\n', start), text.size());
-        if (reader.Read(Utf8(text.substr(start, end - start)))) {
+        if (reader.Read(InCodePage(1208, text.substr(start, end - start).c_str()))) {
             for (int i = 0; i < reader.GetLines().GetSize(); ++i) {
                 OString line = reader.GetLines()[i];
                 line.SetCodePage(1208);
