@@ -81,9 +81,9 @@ KERNEL_INLINE void StorePlanes(uint8_t* pixels, const uint8_t* blue, const uint8
         JoinChannels<N, 2>(pixels + ptrdiff_t{3} * x, in, Lanes());
     }
     for (; x < count; ++x) {
-        pixels[3 * x] = blue[x];
-        pixels[3 * x + 1] = green[x];
-        pixels[3 * x + 2] = red[x];
+        pixels[ptrdiff_t{3} * x] = blue[x];
+        pixels[ptrdiff_t{3} * x + 1] = green[x];
+        pixels[ptrdiff_t{3} * x + 2] = red[x];
     }
 }
 
