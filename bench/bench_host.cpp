@@ -9,6 +9,10 @@
 #include <filesystem>
 #include <fstream>
 
+#include "driver/driver_utility.h"
+#include "model/model_data_cache.h"
+#include "model/resource_cache.h"
+
 namespace fs = std::filesystem;
 
 namespace {
@@ -66,4 +70,26 @@ BenchHost::BenchHost(const std::string& model_data) {
 BenchHost::~BenchHost() {
     std::error_code ignored;
     fs::remove_all(root_, ignored);
+}
+
+AttachedModule::AttachedModule(const std::string& model_data)
+    : host_(model_data)
+    , module_(LoadLibraryW(TEXT("C:\\stage\\zplui.dll"))) {
+    DriverUtility::SetModuleHandle(module_);
+    Refresh(true);
+}
+
+AttachedModule::~AttachedModule() {
+    OResourceCache::Free();
+    ModelDataCache::Free();
+    DriverUtility::SetModuleHandle(nullptr);
+    FreeLibrary(module_);
+}
+
+void AttachedModule::Refresh(bool file) {
+    ModelDataCache::Free();
+    ModelDataCache::Initialize();
+    if (!file) return;
+    OResourceCache::Free();
+    OResourceCache::Initialize();
 }

@@ -1,6 +1,8 @@
 // A host of its own for a benchmark, with the module installed as the driver of one printer.
 #pragma once
 
+#include <windows.h>
+
 #include <string>
 
 class BenchHost {
@@ -16,4 +18,19 @@ public:
 
 private:
     std::string root_;
+};
+
+// The same with the benchmark in the module's place: its caches are as they are after attach, the
+// model data file lies beside it.
+class AttachedModule {
+public:
+    explicit AttachedModule(const std::string& model_data);
+    ~AttachedModule();
+
+    // Forgets the model records, and the model data file too.
+    void Refresh(bool file);
+
+private:
+    BenchHost host_;
+    HMODULE module_;
 };

@@ -18,9 +18,9 @@ namespace {
 class Pair {
 public:
     Pair()
-        : host_(Record("Driver.d", "[Model 1]\nModel=Model:A\n") +
-                Record("Model.d", "[A]\nResolution=152,203,300,406,600,203x406,300x600,600x300\n"
-                                  "Stock.Default.X=4 in\nStock.Default.Y=6 in\n"))
+        : module_(Record("Driver.d", "[Model 1]\nModel=Model:A\n") +
+                  Record("Model.d", "[A]\nResolution=152,203,300,406,600,203x406,300x600,600x300\n"
+                                    "Stock.Default.X=4 in\nStock.Default.Y=6 in\n"))
         , model_(prtmodel::new_ext(PrinterInfo(OString("Dock 3")))) {
         for (DevMode* mode : {&a, &b}) {
             mode->CreateDefault(model_.get());
@@ -30,7 +30,7 @@ public:
     const prtmodel* model() const { return model_.get(); }
 
 private:
-    const BenchHost host_;
+    const AttachedModule module_;
     const std::unique_ptr<const prtmodel> model_;
 
 public:

@@ -10,11 +10,8 @@
 #include <vector>
 
 #include "bench_host.h"
-#include "driver/driver_utility.h"
 #include "driver/printer_info.h"
-#include "model/model_data_cache.h"
 #include "model/prtmodel.h"
-#include "model/resource_cache.h"
 #include "support/data_file_text.h"
 
 namespace {
@@ -69,32 +66,10 @@ std::string DataFile() {
     return bytes;
 }
 
-// The module's caches as they are after attach, the model data file beside the module.
-class Attached {
+class Attached : public AttachedModule {
 public:
     Attached()
-        : host_(DataFile()) {
-        // The folder that the driver was installed to.
-        WCHAR path[] = TEXT("C:\\stage\\zplui.dll");
-        module_ = LoadLibraryW(path);
-        DriverUtility::SetModuleHandle(module_);
-        Refresh(true);
-    }
-    ~Attached() {
-        OResourceCache::Free();
-        ModelDataCache::Free();
-        DriverUtility::SetModuleHandle(nullptr);
-        FreeLibrary(module_);
-    }
-
-    // Forgets the records, and the file too.
-    void Refresh(bool file) {
-        ModelDataCache::Free();
-        ModelDataCache::Initialize();
-        if (!file) return;
-        OResourceCache::Free();
-        OResourceCache::Initialize();
-    }
+        : AttachedModule(DataFile()) {}
 
     bool BuildAll() {
         std::unique_ptr<prtmodel> model(prtmodel::new_ext(PrinterInfo(OString("Dock 3"))));
@@ -102,10 +77,6 @@ public:
                model->GetManufacturerInfo() && model->GetRFIDCapabilities() &&
                model->GetCustomData() && model->GetMaxCopies() == 9999;
     }
-
-private:
-    BenchHost host_;
-    HMODULE module_ = nullptr;
 };
 
 // `range` 1: the file is read, decompressed and parsed, too.
