@@ -38,6 +38,10 @@ ZPLUI_API BOOL WINAPI DevQueryPrintEx(PDEVQUERYPRINT_INFO info);
 //   DC_FIELDS, DC_SIZE, DC_EXTRA, DC_VERSION, DC_DRIVER
 //                                the field of that name of the printer's default DEVMODE, after
 //                                `dev_mode` has been merged into it unless it is null
+//   DC_PAPERS, DC_PAPERSIZE, DC_PAPERNAMES
+//                                the number of stocks that the printer can print; stores for each
+//                                a WORD with its number, a POINT with its width and length in
+//                                tenths of a millimetre, or a name of 64 characters
 //   DC_MINEXTENT, DC_MAXEXTENT   paper width (low word) and length (high word) in tenths of a
 //                                millimetre; the same number is stored as a DWORD
 //   DC_BINS                      1; stores one WORD, DMBIN_USER

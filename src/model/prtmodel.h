@@ -186,6 +186,9 @@ protected:
 private:
     const KVModelData& Data() const;
 
+    // DC_PAPERS, DC_PAPERSIZE and DC_PAPERNAMES. Defined with StockList, in the layer above.
+    uint32_t EnumerateForms(uint16_t capability, unsigned char* output) const;
+
     const std::unique_ptr<ModelCore> core_; // null only when memory is short
     CodePageList code_pages_;
 };

@@ -2,6 +2,7 @@
 #include <algorithm>
 #include <cstring>
 
+#include "core/fixed_text.h"
 #include "driver/printer_info.h"
 #include "model/prtmodel.h"
 
@@ -13,16 +14,6 @@ constexpr uint32_t NOT_SUPPORTED = 0xFFFFFFFF;
 constexpr int BIN_NAME = 24;
 constexpr int FILE_NAME = 64;
 constexpr int PERSONALITY_NAME = 32;
-
-// Fills one slot with a text, cut to leave a terminator, and with zeros behind it.
-void PutText(unsigned char* slot, const OString& text, int room) {
-    const WCHAR* units = text.wstring();
-    int length = 0;
-    while (length < room - 1 && units[length]) ++length;
-    const size_t bytes = static_cast<size_t>(length) * sizeof(WCHAR);
-    std::memcpy(slot, units, bytes);
-    std::memset(slot + bytes, 0, static_cast<size_t>(room) * sizeof(WCHAR) - bytes);
-}
 
 template <class T>
 void Put(unsigned char* output, T value) {
@@ -55,6 +46,11 @@ uint32_t prtmodel::DeviceCapabilitiesW(uint16_t capability, unsigned char* outpu
     case DC_DRIVER:
         return dev_mode ? dev_mode->dmDriverVersion : NOT_SUPPORTED;
 
+    case DC_PAPERS:
+    case DC_PAPERSIZE:
+    case DC_PAPERNAMES:
+        return EnumerateForms(capability, output);
+
     case DC_MINEXTENT:
         return Extent(GetPaperWidthMin(), GetPaperLengthMin(), output);
     case DC_MAXEXTENT:
@@ -63,7 +59,7 @@ uint32_t prtmodel::DeviceCapabilitiesW(uint16_t capability, unsigned char* outpu
         if (output) Put<uint16_t>(output, DMBIN_USER);
         return 1;
     case DC_BINNAMES:
-        if (output) PutText(output, "Internal Spool", BIN_NAME);
+        if (output) PutFixedText(output, "Internal Spool", BIN_NAME);
         return 1;
     case DC_ENUMRESOLUTIONS: {
         OTypedArray<int> numbers;
@@ -79,8 +75,8 @@ uint32_t prtmodel::DeviceCapabilitiesW(uint16_t capability, unsigned char* outpu
         const OStringArray& files = printer.GetDependentFiles();
         if (output) {
             for (int i = 0; i < files.GetSize(); ++i)
-                PutText(output + static_cast<size_t>(i) * FILE_NAME * sizeof(WCHAR), files[i],
-                        FILE_NAME);
+                PutFixedText(output + static_cast<size_t>(i) * FILE_NAME * sizeof(WCHAR), files[i],
+                             FILE_NAME);
         }
         return static_cast<uint32_t>(files.GetSize());
     }
@@ -88,7 +84,7 @@ uint32_t prtmodel::DeviceCapabilitiesW(uint16_t capability, unsigned char* outpu
         if (output) {
             OString name(GetPrefix());
             name.MakeUpper();
-            PutText(output, name, PERSONALITY_NAME);
+            PutFixedText(output, name, PERSONALITY_NAME);
         }
         return 1;
     case DC_NUP:

@@ -5,10 +5,12 @@
 #include <cstring>
 
 #include "core/crc.h"
+#include "core/fixed_text.h"
 #include "core/memory.h"
 #include "driver/platform_flags.h"
 #include "settings/common_private_dm.h"
 #include "settings/public_part.h"
+#include "settings/stock.h"
 
 // ---- The buffer ---------------------------------------------------------------------------------
 
@@ -200,4 +202,16 @@ void DevMode::SetResolutionID(uint32_t id) {
 
 void DevMode::SetPaperSize(int paper_size) {
     Set(&DEVMODEW::dmPaperSize, paper_size, DM_PAPERSIZE);
+}
+
+void DevMode::SetStock(const Stock* stock) {
+    if (!stock) return;
+    const auto narrow = [](LONG size) { return static_cast<int>(std::min<LONG>(size, INT16_MAX)); };
+    const SIZE size = stock->GetFormSize();
+    SetPaperSize(stock->paper_id);
+    Set(&DEVMODEW::dmPaperWidth, narrow(size.cx), stock->is_user() ? DM_PAPERWIDTH : 0);
+    Set(&DEVMODEW::dmPaperLength, narrow(size.cy), stock->is_user() ? DM_PAPERLENGTH : 0);
+    if (!Holds(&DEVMODEW::dmFormName)) return;
+    PutFixedText(dev_mode_->dmFormName, stock->GetName(), CCHFORMNAME);
+    dev_mode_->dmFields |= DM_FORMNAME;
 }

@@ -8,6 +8,7 @@
 #include "config/prtconfig.h"
 
 class prtmodel;
+class Stock;
 
 // Document settings of 16-bit programs, in the ANSI layout, and of the driver's own.
 using DEVMODE16 = DEVMODEA;
@@ -130,6 +131,11 @@ public:
     void SetResolutionID(uint32_t id);
 
     void SetPaperSize(int paper_size);
+
+    // Takes a stock as the paper: its number, its form size (at most 3.2767 m) and its name, of
+    // which 31 characters fit. Length and width are named in dmFields only for the user's stock.
+    // Nothing for null.
+    void SetStock(const Stock* stock);
 
 private:
     // Whether there is a buffer and its public part holds a field.

@@ -1,6 +1,7 @@
 // The DEVMODE that a new printer has.
 #include <cstring>
 
+#include "core/fixed_text.h"
 #include "model/prtmodel.h"
 #include "settings/common_private_dm.h"
 #include "settings/dev_mode.h"
@@ -11,8 +12,7 @@ void DevMode::Reset(const prtmodel* model) {
     DEVMODEW& mode = *dev_mode_;
     std::memset(static_cast<void*>(&mode), 0, static_cast<size_t>(GetDefaultDevModeSize()));
 
-    const WCHAR* name = model->GetPrinterName().wstring();
-    for (int i = 0; i < CCHDEVICENAME - 1 && name[i]; ++i) mode.dmDeviceName[i] = name[i];
+    PutFixedText(mode.dmDeviceName, model->GetPrinterName(), CCHDEVICENAME);
     if (const KVDriverInfo* driver = model->GetDriverInfo())
         mode.dmDriverVersion = static_cast<WORD>((driver->major & 0xFF) << 8 | driver->minor);
     mode.dmSpecVersion = DM_SPECVERSION;

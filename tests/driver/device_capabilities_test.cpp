@@ -36,6 +36,17 @@ TEST_F(DeviceCapabilities, ComeFromTheModuleThatTheSpoolerLoads) {
     for (const auto& [capability, expected] : cases)
         EXPECT_EQ(Ask(capability), expected) << capability;
 
+    // The user's stock alone.
+    WORD paper = 0;
+    EXPECT_EQ(Ask(DC_PAPERS, &paper), 1);
+    EXPECT_EQ(paper, 256);
+    POINT size = {};
+    EXPECT_EQ(Ask(DC_PAPERSIZE, &size), 1);
+    EXPECT_EQ(size.x, 25) << "liners without a label";
+    WCHAR name[64] = {};
+    EXPECT_EQ(Ask(DC_PAPERNAMES, name), 1);
+    EXPECT_EQ(Text(OString(name)), "USER");
+
     int32_t pairs[4] = {};
     EXPECT_EQ(Ask(DC_ENUMRESOLUTIONS, pairs), 2);
     EXPECT_EQ(pairs[3], 600);

@@ -1,0 +1,259 @@
+#include "settings/stock_list.h"
+
+#include <algorithm>
+#include <cstddef>
+#include <cstring>
+#include <memory>
+#include <new>
+
+#include "core/fixed_text.h"
+#include "driver/platform_flags.h"
+#include "model/prtmodel.h"
+#include "settings/public_part.h"
+
+namespace {
+
+constexpr int MOST_FORMS = 9999;
+constexpr int FORM_NAME = 64; // units of a name's field, as the system asks for it
+constexpr int16_t USER_ID = DMPAPER_USER;
+
+constexpr char kUserForm[] = "Settings:User Form:: ";
+constexpr char kForms[] = "Stock:";
+
+OString FamilyForms(const prtmodel& model) {
+    return OString(kForms) << model.GetOEM() << "/";
+}
+
+OString TotalName(const OString& key) {
+    return OString(key) << "Total";
+}
+
+// How many stocks a key says to have, within reason.
+int StoredTotal(prtreg& registry, const OString& key) {
+    return static_cast<int>(std::min<uint32_t>(registry.GetDWORD(TotalName(key), 0), MOST_FORMS));
+}
+
+int CompareNames(const Stock& a, const Stock& b) {
+    return std::strcmp(a.GetName().nstring(), b.GetName().nstring());
+}
+
+bool SortsBefore(const Stock* a, const Stock* b) {
+    return a->is_user() != b->is_user() ? a->is_user() : CompareNames(*a, *b) < 0;
+}
+
+// By names, the user's in front of others of its name.
+bool NameSortsBefore(const Stock* a, const Stock* b) {
+    const int order = CompareNames(*a, *b);
+    return order != 0 ? order < 0 : a->is_user() && !b->is_user();
+}
+
+// Whether the first of two stocks of one name goes, or the second.
+bool FirstGoes(const Stock& first, const Stock& second) {
+    return first.can_delete() || second.is_user() || second.is_server();
+}
+
+} // namespace
+
+StockList& StockList::operator=(const StockList& other) {
+    if (this == &other) return *this;
+    NameList::operator=(other);
+    Clear();
+    for (const Stock* stock = other.GetNext(nullptr); stock; stock = other.GetNext(stock))
+        AddTail(new (std::nothrow) Stock(*stock));
+    model_ = other.model_;
+    checksum_ = other.checksum_;
+    return *this;
+}
+
+void StockList::init(const prtmodel* model) {
+    model_ = model;
+    Stock* stock = new (std::nothrow) Stock;
+    if (!stock) return;
+    stock->width = model->GetDefaultLabelWidth().Microns();
+    stock->length = model->GetDefaultLabelLength().Microns();
+    stock->liner_left = stock->liner_right = model->GetLinerWidth().Microns();
+    stock->flags = Stock::USER;
+    stock->SetName(winNT ? "USER" : "User Defined");
+    AddHead(stock);
+}
+
+// ---- Storage ------------------------------------------------------------------------------------
+
+void StockList::Load(const prtmodel* model) {
+    prtreg registry(model->GetRegistry());
+    LoadForm(registry, kUserForm);
+    LoadForms(registry, kForms);
+    LoadForms(registry, FamilyForms(*model));
+    Validate();
+    checksum_ = GetCRC32(0);
+}
+
+int StockList::LoadForms(prtreg& registry, const OString& key) {
+    const int total = StoredTotal(registry, key);
+    for (int i = 1; i <= total; ++i) LoadForm(registry, OString(key) << Stock::KeyName(i));
+    return total;
+}
+
+bool StockList::LoadForm(prtreg& registry, const OString& prefix) {
+    std::unique_ptr<Stock> stock(new (std::nothrow) Stock);
+    return stock && stock->Load(registry, prefix) && AddTail(stock.release());
+}
+
+bool StockList::Save(const prtmodel* model) const {
+    const uint32_t checksum = GetCRC32(0);
+    if (checksum == checksum_) return false;
+    prtreg registry(model->GetRegistry());
+    const Stock* stock = GetNext(nullptr);
+    while (stock && !stock->is_user()) stock = GetNext(stock);
+    if (stock) stock->Save(registry, kUserForm);
+    SaveForms(registry, kForms, false);
+    SaveForms(registry, FamilyForms(*model), true);
+    checksum_ = checksum;
+    return true;
+}
+
+void StockList::SaveForms(prtreg& registry, const OString& key, bool predefined) const {
+    const int stored = StoredTotal(registry, key);
+    int total = 0;
+    for (const Stock* stock = GetNext(nullptr); stock; stock = GetNext(stock))
+        if (!stock->is_user() && stock->is_predefined() == predefined)
+            stock->Save(registry, OString(key) << Stock::KeyName(++total));
+    registry.SetDWORD(TotalName(key), static_cast<uint32_t>(total));
+    for (int i = total + 1; i <= stored; ++i)
+        Stock::Delete(registry, OString(key) << Stock::KeyName(i));
+}
+
+// ---- Order --------------------------------------------------------------------------------------
+
+bool StockList::Validate() {
+    RemoveDuplicates();
+    NumberStocks();
+    return true;
+}
+
+void StockList::RemoveDuplicates() {
+    size_t count = 0;
+    for (Stock* stock = GetNext(nullptr); stock; stock = GetNext(stock)) ++count;
+    const std::unique_ptr<Stock*[]> stocks(new (std::nothrow) Stock*[count]);
+    if (!stocks) return;
+    size_t end = 0;
+    for (Stock* stock = GetNext(nullptr); stock; stock = GetNext(stock)) stocks[end++] = stock;
+
+    Stock** const first = stocks.get();
+    std::stable_sort(first, first + end, NameSortsBefore);
+    size_t kept = 0;
+    for (size_t i = 0; i < end; ++i) {
+        if (kept == 0 || CompareNames(*first[kept - 1], *first[i]) != 0) {
+            first[kept++] = first[i];
+        } else if (FirstGoes(*first[kept - 1], *first[i])) {
+            delete first[kept - 1];
+            first[kept - 1] = first[i];
+        } else {
+            delete first[i];
+        }
+    }
+    std::stable_sort(first, first + kept, SortsBefore);
+    for (size_t i = 0; i < kept; ++i) AddTail(first[i]);
+}
+
+void StockList::NumberStocks() {
+    const int32_t longest = model_->GetPaperLengthMax().Microns();
+    const int32_t widest = model_->GetPaperWidthMax().Microns();
+    int next_id = USER_ID + 1;
+    for (Stock* stock = GetNext(nullptr); stock; stock = GetNext(stock)) {
+        stock->CalculatePrintableArea(model_);
+        if (stock->is_user())
+            stock->paper_id = USER_ID;
+        else if (stock->paper_length > longest || stock->paper_width > widest || next_id > 0xFFFF)
+            stock->paper_id = 0;
+        else
+            stock->paper_id = static_cast<uint16_t>(next_id++);
+    }
+}
+
+// ---- Use ----------------------------------------------------------------------------------------
+
+Stock* StockList::GetNextValid(const Stock* after) const {
+    Stock* stock = GetNext(after);
+    while (stock && stock->paper_id == 0) stock = GetNext(stock);
+    return stock;
+}
+
+Stock* StockList::Find(const OString& name) const {
+    for (Stock* stock = GetNextValid(nullptr); stock; stock = GetNextValid(stock))
+        if (std::strcmp(stock->GetName().nstring(), name.nstring()) == 0) return stock;
+    return nullptr;
+}
+
+Stock* StockList::Find(int16_t paper_id) const {
+    for (Stock* stock = GetNextValid(nullptr); stock; stock = GetNextValid(stock))
+        if (stock->paper_id == static_cast<uint16_t>(paper_id)) return stock;
+    return nullptr;
+}
+
+Stock* StockList::Find(const DEVMODEW* dev_mode) {
+    if (!dev_mode) return nullptr;
+    DEVMODEW mode = PublicPart(dev_mode).fields;
+    const bool by_size = (mode.dmFields & DM_PAPERSIZE) != 0;
+    const int16_t id = by_size ? std::max<int16_t>(mode.dmPaperSize, USER_ID) : USER_ID;
+    Stock* stock = nullptr;
+    if (!by_size && (mode.dmFields & DM_FORMNAME)) {
+        mode.dmFormName[CCHFORMNAME - 1] = 0;
+        stock = Find(OString(mode.dmFormName));
+    }
+    if (!stock) stock = Find(id);
+    if (!stock) stock = Find(USER_ID);
+    if (!stock) return nullptr;
+
+    if (id == USER_ID) {
+        const auto without = [](int64_t tenths, int64_t a, int64_t b) {
+            return static_cast<int32_t>(
+                std::clamp<int64_t>(tenths * 100 - a - b, INT32_MIN, INT32_MAX));
+        };
+        if (mode.dmPaperWidth)
+            stock->width = without(mode.dmPaperWidth, stock->liner_left, stock->liner_right);
+        if (mode.dmPaperLength)
+            stock->length = without(mode.dmPaperLength, stock->gap_top, stock->gap_bottom);
+    }
+    stock->CalculateOffsets(model_, dev_mode);
+    return stock;
+}
+
+int StockList::enum_paper_id(uint16_t* output) const {
+    int count = 0;
+    for (const Stock* stock = GetNextValid(nullptr); stock; stock = GetNextValid(stock), ++count)
+        if (output) output[count] = stock->paper_id;
+    return count;
+}
+
+int StockList::enum_paper_size(POINT* output) const {
+    int count = 0;
+    for (const Stock* stock = GetNextValid(nullptr); stock; stock = GetNextValid(stock), ++count) {
+        const SIZE size = stock->GetFormSize();
+        if (output) output[count] = {size.cx, size.cy};
+    }
+    return count;
+}
+
+int StockList::enum_paper_name(WCHAR* output) const {
+    int count = 0;
+    for (const Stock* stock = GetNextValid(nullptr); stock; stock = GetNextValid(stock), ++count)
+        if (output)
+            PutFixedText(output + ptrdiff_t{count} * FORM_NAME, stock->GetName(), FORM_NAME);
+    return count;
+}
+
+// The spooler asks the printer model, which stands below its stocks.
+uint32_t prtmodel::EnumerateForms(uint16_t capability, unsigned char* output) const {
+    StockList stocks(this);
+    stocks.Load(this);
+    void* const items = output;
+    switch (capability) {
+    case DC_PAPERS:
+        return static_cast<uint32_t>(stocks.enum_paper_id(static_cast<uint16_t*>(items)));
+    case DC_PAPERSIZE:
+        return static_cast<uint32_t>(stocks.enum_paper_size(static_cast<POINT*>(items)));
+    default:
+        return static_cast<uint32_t>(stocks.enum_paper_name(static_cast<WCHAR*>(items)));
+    }
+}

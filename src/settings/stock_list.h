@@ -1,0 +1,101 @@
+// The stocks of a printer.
+#pragma once
+
+#include <windows.h>
+
+#include <cstdint>
+
+#include "config/prtreg.h"
+#include "core/ofile.h"
+#include "settings/stock.h"
+
+// The user's own stock at the head and the others behind it by name. Those that the printer can
+// print are valid: they have a paper id and are offered to the system as forms. Paper ids follow
+// the order, so they change when stocks come and go.
+//
+// Kept in the registry in three places: the user's stock in the printer's settings, the family's
+// under "Stock:" and the OEM code, all others under "Stock:".
+//
+// The list needs its model for as long as it lives. It belongs to one thread.
+class StockList : public OTypedNameList<Stock> {
+public:
+    // No model: only good to be assigned to.
+    StockList() = default;
+    explicit StockList(const prtmodel* model) { init(model); }
+    StockList(const StockList&) = delete;
+    // Takes over copies of the stocks, the model and what is remembered of the last load or save.
+    StockList& operator=(const StockList& other);
+
+    // Takes a model, and puts the user's stock with the model's default label at the head.
+    void init(const prtmodel* model);
+
+    // ---- Storage --------------------------------------------------------------------------------
+
+    // Adds the stored stocks, validates and remembers the list's checksum.
+    void Load(const prtmodel* model);
+
+    // Adds the stocks of a key (its path with the separator behind it); their number as stored,
+    // which skipped ones count in. At most 9999.
+    int LoadForms(prtreg& registry, const OString& key);
+    // Adds one stock; see Stock::Load.
+    bool LoadForm(prtreg& registry, const OString& prefix);
+
+    // Writes the stocks, and deletes stored ones that are gone. False, with nothing written, when
+    // the list is as it was at the last load or save.
+    bool Save(const prtmodel* model) const;
+
+    // ---- Exchange -------------------------------------------------------------------------------
+
+    // Writes a text block for each stock but the user's; the number of blocks.
+    //
+    //   <stock>
+    //   Name=4 x 6
+    //   Data=Wkxi...           the record as blob text
+    //   </stock>
+    int Export(OFile& file) const;
+
+    // Adds the stocks of all blocks of a file, which is read from its start; their number. A record
+    // may be blob text or plain Base64. A block whose record is not 28 bytes long, and one without
+    // an end, is left out. A line "Protected=true" makes the stocks of the records behind it, in
+    // this and the following blocks, uneditable, any other "Protected" editable. The number is not
+    // looked at.
+    int Import(OFile& file, int reserved);
+
+    // Adds the stocks of a binary file as old drivers wrote it, from where it stands: "KFM1", the
+    // size of a record (4 bytes), and records of 28 bytes with the 8-bit name behind them. Their
+    // number; 0 for any other file.
+    int ImportKFM1(OFile& file);
+
+    // ---- Use ------------------------------------------------------------------------------------
+
+    // Sorts the list, leaves one stock of each name and gives new paper ids. Of two of one name the
+    // later one stays when the earlier can be deleted or the later is the user's or the server's;
+    // else the earlier one. Always true.
+    bool Validate();
+
+    // The next valid stock behind one, the first for null; null at the end.
+    Stock* GetNextValid(const Stock* after) const;
+
+    // The first valid stock with a name (by case) or a paper id; null when there is none.
+    Stock* Find(const OString& name) const;
+    Stock* Find(int16_t paper_id) const;
+
+    // The stock that a DEVMODE asks for, by its form's name or paper size, with its offsets for
+    // that DEVMODE; the user's, in the size of the DEVMODE, when there is no such stock. Null for
+    // null and in a list without the user's stock.
+    Stock* Find(const DEVMODEW* dev_mode);
+
+    // What the system asks of the valid stocks: how many there are and, into `output` unless it is
+    // null, their ids, their sizes in tenths of a millimetre, their names in fields of 64 units.
+    int enum_paper_id(uint16_t* output) const;
+    int enum_paper_size(POINT* output) const;
+    int enum_paper_name(WCHAR* output) const;
+
+private:
+    void SaveForms(prtreg& registry, const OString& key, bool predefined) const;
+    void RemoveDuplicates();
+    void NumberStocks();
+
+    const prtmodel* model_ = nullptr;
+    mutable uint32_t checksum_ = 0;
+};

@@ -1,0 +1,112 @@
+// Stocks in settings files and in the binary files of old drivers.
+#include <cstring>
+#include <memory>
+#include <new>
+
+#include "core/base64.h"
+#include "core/obuffer.h"
+#include "settings/stock_list.h"
+
+namespace {
+
+constexpr char kStart[] = "<stock>";
+constexpr char kEnd[] = "</stock>";
+constexpr char kBlanks[] = " \t\r\n";
+
+// The record of a "Data" line. What decodes to a sound container is unpacked, any other is taken as
+// it is.
+bool ReadRecord(const OString& text, Stock& stock) {
+    OBuffer<char> bytes;
+    Base64::StringToBuffer(text, bytes);
+    return stock.SetRecord(bytes.GetData(), bytes.GetSize());
+}
+
+OString RecordText(const Stock& stock) {
+    OBuffer<char> bytes;
+    OString text;
+    bytes.Assign(reinterpret_cast<const char*>(&stock.GetRecord()), sizeof(StockRecord));
+    Base64::BufferToString(bytes, text);
+    return text;
+}
+
+} // namespace
+
+int StockList::Export(OFile& file) const {
+    int blocks = 0;
+    for (const Stock* stock = GetNext(nullptr); stock; stock = GetNext(stock)) {
+        if (stock->is_user()) continue;
+        file << kStart << OCore::endl;
+        file << "Name=" << stock->GetName() << OCore::endl;
+        file << "Data=" << RecordText(*stock) << OCore::endl;
+        file << kEnd << OCore::endl << OCore::endl;
+        ++blocks;
+    }
+    return blocks;
+}
+
+int StockList::Import(OFile& file, int) {
+    file.Seek(0, 0);
+    int blocks = 0;
+    bool is_protected = false;
+    std::unique_ptr<Stock> stock; // of the block that is being read
+    OString line;
+    while (file.ReadLine(line)) {
+        line.TrimLeft(kBlanks);
+        line.TrimRight(kBlanks);
+        if (line == kStart) {
+            stock.reset(new (std::nothrow) Stock);
+            continue;
+        }
+        if (!stock) continue;
+        if (line == kEnd) {
+            AddTail(stock.release());
+            ++blocks;
+            continue;
+        }
+        line.wstring(); // positions are those of this form from here on
+        const int equals = line.Find(TEXT("="));
+        if (equals <= 0) continue;
+        const OString key = line.Left(equals);
+        const OString value = line.Mid(equals + 1);
+        if (key == "Name") {
+            stock->SetName(value);
+        } else if (key == "Protected") {
+            is_protected = value == "true";
+        } else if (key == "Data") {
+            if (ReadRecord(value, *stock))
+                stock->set_global(!is_protected);
+            else
+                stock.reset();
+        }
+    }
+    Validate();
+    return blocks;
+}
+
+int StockList::ImportKFM1(OFile& file) {
+    char signature[4];
+    uint32_t size;
+    if (file.Read(signature, sizeof signature) != sizeof signature ||
+        std::memcmp(signature, "KFM1", sizeof signature) != 0 ||
+        file.Read(&size, sizeof size) != sizeof size)
+        return 0;
+    if (size < sizeof(StockRecord) || size > file.GetLength() || size >= INT32_MAX) return 0;
+    OBuffer<char> record(size + 1);
+    if (record.GetSize() == 0) return 0;
+
+    int stocks = 0;
+    const auto whole = static_cast<int32_t>(size);
+    while (file.Read(record.GetData(), whole) == whole) {
+        std::unique_ptr<Stock> stock(new (std::nothrow) Stock);
+        if (!stock) break;
+        record[size] = 0;
+        stock->SetRecord(record.GetData(), sizeof(StockRecord));
+        stock->SetName(record.GetData() + sizeof(StockRecord));
+        stock->set_predefined(false);
+        stock->set_global(true);
+        AddTail(stock.release());
+        ++stocks;
+    }
+    Validate();
+    return stocks;
+}
