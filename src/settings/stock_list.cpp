@@ -13,8 +13,8 @@
 
 namespace {
 
-constexpr int MOST_FORMS = 9999;
-constexpr int FORM_NAME = 64; // units of a name's field, as the system asks for it
+constexpr int MOST_FORMS = 0xFFFF; // no more can have a number
+constexpr int FORM_NAME = 64;      // units of a name's field, as the system asks for it
 constexpr int16_t USER_ID = DMPAPER_USER;
 
 constexpr char kUserForm[] = "Settings:User Form:: ";

@@ -35,7 +35,7 @@ public:
     void Load(const prtmodel* model);
 
     // Adds the stocks of a key (its path with the separator behind it); their number as stored,
-    // which skipped ones count in. At most 9999.
+    // which skipped ones count in. At most 65535.
     int LoadForms(prtreg& registry, const OString& key);
     // Adds one stock; see Stock::Load.
     bool LoadForm(prtreg& registry, const OString& prefix);

@@ -77,22 +77,31 @@ TEST_F(StockOfModel, IsNoLongerThanTheModelPrintsAndNoWiderThanItsLiner) {
 }
 
 TEST_F(StockOfModel, PlacesThePageByTrackingAndTurn) {
+    // A label of 100 mm on a liner that stands out by 2 and 3 mm, at 203 dots per inch across and
+    // 406 along; the head does not reach 1 mm.
     const struct {
         const char* tracking;
         int natural;
         int turn;
-        int32_t origin_x, shift_x, shift_y, device_x, device_y;
-    } cases[] = {{"Left", 0, 0, -6, -6, 0, 0, 0},    {"Left", 0, 1, -14, 0, -6, 0, 0},
-                 {"Left", 0, 2, 32, 8, 0, 0, 0},     {"Left", 0, 3, 64, 0, 8, 0, 0},
-                 {"Left", 90, 1, -14, 0, -6, 0, 0},  {"Left", 180, 0, 40, 0, 0, -7, 0},
-                 {"Left", 180, 1, 80, 0, 0, 0, -7},  {"Left", 180, 2, 0, 0, 0, 7, 0},
-                 {"Left", 180, 3, 0, 0, 0, 0, 7},    {"Right", 0, 0, 16, 0, 0, 16, 0},
-                 {"Right", 0, 1, 0, 0, 0, 0, 16},    {"Right", 0, 2, 40, 0, 0, -14, 0},
-                 {"Right", 0, 3, 80, 0, 0, 0, -14},  {"Right", 90, 0, 16, 0, 0, 0, 0},
-                 {"Center", 0, 0, 0, 0, 0, 0, 0},    {"Center", 90, 0, -26, 0, 0, 0, 0},
-                 {"Center", 90, 1, -54, 0, 0, 0, 0}, {"Center", 90, 2, 28, 0, 0, 0, 0},
-                 {"Center", 90, 3, 56, 0, 0, 0, 0},  {"Center", 180, 0, 40, 0, 0, 0, 0},
-                 {"Center", 180, 2, 0, 0, 0, 0, 0}};
+        int32_t origin_x, origin_y, shift_x, shift_y, device_x, device_y;
+    } cases[] = {{"Left", 0, 0, -6, 0, -6, 0, 0, 0},    {"Left", 0, 1, -14, 0, 0, -6, 0, 0},
+                 {"Left", 0, 2, 32, 0, 8, 0, 0, 0},     {"Left", 0, 3, 64, 0, 0, 8, 0, 0},
+                 {"Left", 90, 0, -6, 0, -6, 0, 0, 0},   {"Left", 90, 1, -14, 0, 0, -6, 0, 0},
+                 {"Left", 90, 2, 32, 0, 8, 0, 0, 0},    {"Left", 90, 3, 64, 0, 0, 8, 0, 0},
+                 {"Left", 180, 0, 40, 0, 0, 0, -7, 0},  {"Left", 180, 1, 80, 0, 0, 0, 0, -7},
+                 {"Left", 180, 2, 0, 0, 0, 0, 7, 0},    {"Left", 180, 3, 0, 0, 0, 0, 0, 7},
+                 {"Right", 0, 0, 16, 0, 0, 0, 16, 0},   {"Right", 0, 1, 0, 0, 0, 0, 0, 16},
+                 {"Right", 0, 2, 40, 0, 0, 0, -14, 0},  {"Right", 0, 3, 80, 0, 0, 0, 0, -14},
+                 {"Right", 90, 0, 16, 0, 0, 0, 0, 0},   {"Right", 90, 1, 0, 0, 0, 0, 0, 0},
+                 {"Right", 90, 2, 40, 0, 0, 0, 0, 0},   {"Right", 90, 3, 80, 0, 0, 0, 0, 0},
+                 {"Right", 180, 0, 24, 0, 16, 0, 0, 0}, {"Right", 180, 1, 48, 0, 0, 16, 0, 0},
+                 {"Right", 180, 2, 0, 0, -14, 0, 0, 0}, {"Right", 180, 3, 0, 0, 0, -14, 0, 0},
+                 {"Center", 0, 0, 0, 0, 0, 0, 0, 0},    {"Center", 0, 1, 0, 0, 0, 0, 0, 0},
+                 {"Center", 0, 2, 0, 0, 0, 0, 0, 0},    {"Center", 0, 3, 0, 0, 0, 0, 0, 0},
+                 {"Center", 90, 0, -26, 0, 0, 0, 0, 0}, {"Center", 90, 1, -54, 0, 0, 0, 0, 0},
+                 {"Center", 90, 2, 28, 0, 0, 0, 0, 0},  {"Center", 90, 3, 56, 0, 0, 0, 0, 0},
+                 {"Center", 180, 0, 40, 0, 0, 0, 0, 0}, {"Center", 180, 1, 80, 0, 0, 0, 0, 0},
+                 {"Center", 180, 2, 0, 0, 0, 0, 0, 0},  {"Center", 180, 3, 0, 0, 0, 0, 0, 0}};
     for (const auto& c : cases) {
         Use(c.tracking, 1, c.natural);
         const auto model = Model();
@@ -107,6 +116,7 @@ TEST_F(StockOfModel, PlacesThePageByTrackingAndTurn) {
         EXPECT_EQ(stock.dpi_x, landscape ? 406 : 203) << what;
         EXPECT_EQ(stock.paper_width, landscape ? 151500 : 105000) << what;
         EXPECT_EQ(stock.origin_x, c.origin_x) << what;
+        EXPECT_EQ(stock.origin_y, c.origin_y) << what;
         EXPECT_EQ(stock.shift_x, c.shift_x) << what;
         EXPECT_EQ(stock.shift_y, c.shift_y) << what;
         EXPECT_EQ(stock.device_x, c.device_x) << what;
