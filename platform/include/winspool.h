@@ -130,6 +130,20 @@ struct PRINTER_INFO_4W {
 using PPRINTER_INFO_4W = PRINTER_INFO_4W*;
 using LPPRINTER_INFO_4W = PRINTER_INFO_4W*;
 
+// The default document settings alone: everybody's.
+struct PRINTER_INFO_8W {
+    PDEVMODEW pDevMode; // null when none are set
+};
+using PPRINTER_INFO_8W = PRINTER_INFO_8W*;
+using LPPRINTER_INFO_8W = PRINTER_INFO_8W*;
+
+// The user's own.
+struct PRINTER_INFO_9W {
+    PDEVMODEW pDevMode;
+};
+using PPRINTER_INFO_9W = PRINTER_INFO_9W*;
+using LPPRINTER_INFO_9W = PRINTER_INFO_9W*;
+
 // ---- Drivers ------------------------------------------------------------------------------------
 
 #define APD_STRICT_UPGRADE 0x00000001
@@ -234,14 +248,17 @@ BOOL WINAPI ClosePrinter(HANDLE printer);
 
 // ---- Printers -----------------------------------------------------------------------------------
 
-// Levels 1, 2 and 4.
+// Levels 1, 2, 4, 8 and 9. Level 9 gives everybody's default settings to a user without own ones.
 BOOL WINAPI GetPrinterW(HANDLE printer, DWORD level, LPBYTE buffer, DWORD size, LPDWORD needed);
 // Level 2, in the ANSI code page.
 BOOL WINAPI GetPrinterA(HANDLE printer, DWORD level, LPBYTE buffer, DWORD size, LPDWORD needed);
 
-// Level 2, `command` 0: makes the PRINTER_INFO_2W `info` the printer's record. Server name, jobs,
+// `command` is 0. Level 2 makes the PRINTER_INFO_2W `info` the printer's record: server name, jobs,
 // status and security descriptor are not looked at, and a null pDevMode leaves the default document
-// settings as they are. Needs PRINTER_ACCESS_ADMINISTER.
+// settings as they are. Level 8 sets these alone and level 9 the user's own, which a null pDevMode
+// removes. Settings of another layout than the driver's are converted by the driver
+// (DrvConvertDevMode) when it can. ERROR_INVALID_PARAMETER for what is no DEVMODE. Level 9 needs
+// PRINTER_ACCESS_USE, the others PRINTER_ACCESS_ADMINISTER.
 BOOL WINAPI SetPrinterW(HANDLE printer, DWORD level, LPBYTE info, DWORD command);
 
 // Adds the printer that the PRINTER_INFO_2W `info` describes (level 2) and tells its driver.
@@ -313,6 +330,21 @@ DWORD WINAPI DeletePrinterDataW(HANDLE printer, LPWSTR name);
 // Level 2.
 BOOL WINAPI EnumPortsW(LPWSTR server, DWORD level, LPBYTE buffer, DWORD size, LPDWORD needed,
                        LPDWORD returned);
+
+// ---- Document settings --------------------------------------------------------------------------
+
+// Has the printer's driver (DrvDocumentPropertySheets) make document settings. Answers the size of
+// its DEVMODE when `mode` is 0 or `output` null; else, with DM_OUT_BUFFER in `mode`, stores the
+// settings in `output` and answers IDOK: the printer's defaults, overridden by those of `input`
+// with DM_IN_BUFFER. `device` is handed to the driver, the printer's full name when it is null. -1
+// on failure: ERROR_INVALID_PARAMETER for an `input` that is no DEVMODE, ERROR_NOT_SUPPORTED for
+// DM_IN_PROMPT, as there is no user to ask here.
+LONG WINAPI DocumentPropertiesW(HWND parent, HANDLE printer, LPWSTR device, PDEVMODEW output,
+                                PDEVMODEW input, DWORD mode);
+
+// Whether `size` bytes hold the DEVMODE at their start: its fields up to dmFields, and as much as
+// its dmSize and dmDriverExtra say. ERROR_INVALID_DATA when not.
+BOOL WINAPI IsValidDevmodeW(PDEVMODEW dev_mode, size_t size);
 
 // ---- Capabilities -------------------------------------------------------------------------------
 

@@ -12,6 +12,7 @@ namespace {
 
 using PrinterEventFunction = BOOL(WINAPI*)(LPWSTR, int, DWORD, LPARAM);
 using CapabilitiesFunction = DWORD(WINAPI*)(HANDLE, LPWSTR, WORD, LPVOID, DEVMODEW*);
+using ConvertFunction = BOOL(WINAPI*)(LPWSTR, PDEVMODEW, PDEVMODEW, PDWORD, DWORD);
 
 template <class Function>
 Function As(FARPROC function) {
@@ -71,7 +72,9 @@ void DriverLibrary::Drop(const std::u16string& file) {
 DriverLibrary::DriverLibrary(HMODULE module)
     : module_(module)
     , printer_event_(GetProcAddress(module, "DrvPrinterEvent"))
-    , capabilities_(GetProcAddress(module, "DrvDeviceCapabilities")) {}
+    , capabilities_(GetProcAddress(module, "DrvDeviceCapabilities"))
+    , convert_(GetProcAddress(module, "DrvConvertDevMode"))
+    , document_sheets_(GetProcAddress(module, "DrvDocumentPropertySheets")) {}
 
 DriverLibrary::~DriverLibrary() {
     FreeLibrary(module_);
@@ -91,6 +94,25 @@ int DriverLibrary::DeviceCapabilities(HANDLE printer, const std::u16string& devi
     const DWORD answer = As<CapabilitiesFunction>(capabilities_)(
         printer, name.data(), capability, output, const_cast<DEVMODEW*>(dev_mode));
     return static_cast<int>(answer);
+}
+
+bool DriverLibrary::ConvertDevMode(const std::u16string& printer, void* input, void* output,
+                                   DWORD& size, DWORD mode) const {
+    if (!convert_) {
+        size = 0;
+        return false;
+    }
+    std::u16string name = printer;
+    return As<ConvertFunction>(convert_)(name.data(), static_cast<PDEVMODEW>(input),
+                                         static_cast<PDEVMODEW>(output), &size, mode) != FALSE;
+}
+
+LONG DriverLibrary::DocumentProperties(DOCUMENTPROPERTYHEADER& header) const {
+    if (!document_sheets_) {
+        SetLastError(ERROR_PROC_NOT_FOUND);
+        return -1;
+    }
+    return As<PFNPROPSHEETUI>(document_sheets_)(nullptr, reinterpret_cast<LPARAM>(&header));
 }
 
 } // namespace win32host

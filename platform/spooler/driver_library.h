@@ -3,6 +3,8 @@
 
 #include <windows.h>
 
+#include <winddiui.h>
+
 #include <memory>
 #include <string>
 
@@ -31,10 +33,20 @@ public:
     int DeviceCapabilities(HANDLE printer, const std::u16string& device, WORD capability,
                            LPWSTR output, const DEVMODEW* dev_mode) const;
 
+    // DrvConvertDevMode. `size` is the room in `output` and receives the size that it takes or
+    // took. False, with size 0, when the driver has none.
+    bool ConvertDevMode(const std::u16string& printer, void* input, void* output, DWORD& size,
+                        DWORD mode) const;
+
+    // DrvDocumentPropertySheets without property sheets; -1 when the driver has none.
+    LONG DocumentProperties(DOCUMENTPROPERTYHEADER& header) const;
+
 private:
     HMODULE module_;
     FARPROC printer_event_;
     FARPROC capabilities_;
+    FARPROC convert_;
+    FARPROC document_sheets_;
 };
 
 } // namespace win32host

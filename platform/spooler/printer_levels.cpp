@@ -80,6 +80,13 @@ void PutPrinter(LevelWriter& writer, DWORD level, size_t index, const ShownPrint
     if (level == 4) PutLevel4(writer, index, printer);
 }
 
+void PutDefaults(LevelWriter& writer, const std::vector<BYTE>& dev_mode) {
+    writer.Structures<PRINTER_INFO_8W>(1);
+    PRINTER_INFO_8W info = {};
+    PutDevMode(writer, info.pDevMode, dev_mode);
+    writer.Put(0, info);
+}
+
 void PutPrinterA(LevelWriter& writer, const ShownPrinter& printer) {
     writer.Structures<PRINTER_INFO_2A>(1);
     PutLevel2<PRINTER_INFO_2A>(writer, 0, printer);

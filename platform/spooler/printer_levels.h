@@ -23,6 +23,9 @@ void PutPrinter(LevelWriter& writer, DWORD level, size_t index, const ShownPrint
 // Room for all of them.
 void PrinterStructures(LevelWriter& writer, DWORD level, size_t count);
 
+// Levels 8 and 9: these settings, which may be none.
+void PutDefaults(LevelWriter& writer, const std::vector<BYTE>& dev_mode);
+
 // Level 2 in the ANSI code page.
 void PutPrinterA(LevelWriter& writer, const ShownPrinter& printer);
 

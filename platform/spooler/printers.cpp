@@ -1,5 +1,6 @@
 // Opening, asking, changing, adding and deleting printers.
 #include "host/text.h"
+#include "spooler/dev_modes.h"
 #include "spooler/opened_printer.h"
 #include "spooler/ports.h"
 #include "spooler/printer_levels.h"
@@ -16,6 +17,10 @@ constexpr ACCESS_MASK kChanging = PRINTER_ACCESS_ADMINISTER | SERVER_ACCESS_ADMI
                                   GENERIC_ALL;
 constexpr DWORD kHighestPriority = 99;
 
+// The information levels of the default settings alone: everybody's, and the user's own.
+constexpr DWORD kDefaults = 8, kUserDefaults = 9;
+static_assert(sizeof(PRINTER_INFO_8W) == sizeof(PRINTER_INFO_9W));
+
 std::u16string Copy(LPCWSTR text) {
     return text ? text : u"";
 }
@@ -25,7 +30,7 @@ std::u16string CopyOr(LPCWSTR text, const char16_t* usual) {
 }
 
 // What the caller's structure makes of a printer that is `old` so far. Fields that are not the
-// caller's stay.
+// caller's stay, and so do the default settings.
 PrinterRecord RecordOf(const PRINTER_INFO_2W& info, const PrinterRecord& old) {
     PrinterRecord record = old;
     record.name = SplitPrinterName(Copy(info.pPrinterName)).printer;
@@ -38,7 +43,6 @@ PrinterRecord RecordOf(const PRINTER_INFO_2W& info, const PrinterRecord& old) {
     record.print_processor = CopyOr(info.pPrintProcessor, u"WinPrint");
     record.datatype = CopyOr(info.pDatatype, u"RAW");
     record.parameters = Copy(info.pParameters);
-    if (info.pDevMode) record.dev_mode = CheckedDevMode(info.pDevMode);
     record.attributes =
         (info.Attributes & ~DWORD{PRINTER_ATTRIBUTE_NETWORK | PRINTER_ATTRIBUTE_DEFAULT}) |
         PRINTER_ATTRIBUTE_LOCAL;
@@ -87,6 +91,78 @@ DWORD Add(const PrintServer& server, const PrinterRecord& record) {
     return static_cast<DWORD>(status);
 }
 
+// The caller's settings as the printer's driver lays them out today; none for null. False when they
+// are no DEVMODE.
+bool TakeDevMode(const OpenedPrinter& printer, const std::u16string& driver, PDEVMODEW wanted,
+                 std::vector<BYTE>& dev_mode) {
+    if (!wanted) return true;
+    dev_mode = CheckedDevMode(wanted);
+    if (dev_mode.empty()) {
+        SetLastError(ERROR_INVALID_PARAMETER);
+        return false;
+    }
+    dev_mode = InLayoutOfDriver(driver, printer.FullName(), std::move(dev_mode));
+    return true;
+}
+
+// Makes the caller's structure the printer's record and tells the driver.
+BOOL SetRecord(const OpenedPrinter& printer, const PRINTER_INFO_2W& wanted) {
+    const PrintServer& server = printer.Server();
+    std::vector<BYTE> dev_mode;
+    if (!TakeDevMode(printer, Copy(wanted.pDriverName), wanted.pDevMode, dev_mode)) return FALSE;
+
+    PRINTER_EVENT_ATTRIBUTES_INFO attributes = {sizeof attributes, 0, 0};
+    std::u16string driver;
+    {
+        SpoolerLock lock(server);
+        const auto old = printer.Record();
+        if (!old) return FALSE;
+        PrinterRecord record = RecordOf(wanted, *old);
+        if (wanted.pDevMode) record.dev_mode = std::move(dev_mode);
+        if (record.name != old->name) return Fail(ERROR_INVALID_PRINTER_NAME);
+        if (const DWORD code = Check(server, record, *old)) return Fail(code);
+        RegistryKey key;
+        LSTATUS status = server.OpenPrinter(printer.Printer(), key);
+        if (status == ERROR_SUCCESS && !SameName(record.port, old->port))
+            status = RegisterPort(server, record.port);
+        if (status == ERROR_SUCCESS) status = WritePrinter(key, record, *old);
+        if (status != ERROR_SUCCESS) return Fail(static_cast<DWORD>(status));
+        attributes.dwOldAttributes = old->attributes;
+        attributes.dwNewAttributes = record.attributes;
+        driver = record.driver;
+    }
+    if (attributes.dwOldAttributes != attributes.dwNewAttributes) {
+        if (const auto library = LoadDriver(driver))
+            library->RaisePrinterEvent(printer.FullName(), PRINTER_EVENT_ATTRIBUTES_CHANGED,
+                                       PRINTER_EVENT_FLAG_NO_UI,
+                                       reinterpret_cast<LPARAM>(&attributes));
+    }
+    return TRUE;
+}
+
+// Makes the settings everybody's defaults or the user's own.
+BOOL SetDefaults(const OpenedPrinter& printer, DWORD level, PDEVMODEW wanted) {
+    if (!wanted && level == kDefaults) return Fail(ERROR_INVALID_PARAMETER);
+    const auto driver = printer.DriverName();
+    std::vector<BYTE> dev_mode;
+    if (!driver || !TakeDevMode(printer, *driver, wanted, dev_mode)) return FALSE;
+
+    LSTATUS status = ERROR_SUCCESS;
+    if (level == kUserDefaults) {
+        status = WriteUserDevMode(printer.FullName(), dev_mode);
+    } else {
+        SpoolerLock lock(printer.Server());
+        const auto old = printer.Record();
+        if (!old) return FALSE;
+        PrinterRecord record = *old;
+        record.dev_mode = std::move(dev_mode);
+        RegistryKey key;
+        status = printer.Server().OpenPrinter(printer.Printer(), key);
+        if (status == ERROR_SUCCESS) status = WritePrinter(key, record, *old);
+    }
+    return status == ERROR_SUCCESS ? TRUE : Fail(static_cast<DWORD>(status));
+}
+
 } // namespace
 
 extern "C" BOOL WINAPI OpenPrinterW(LPWSTR name, LPHANDLE handle, LPPRINTER_DEFAULTSW defaults) {
@@ -117,12 +193,21 @@ extern "C" BOOL WINAPI ClosePrinter(HANDLE handle) {
 extern "C" BOOL WINAPI GetPrinterW(HANDLE handle, DWORD level, LPBYTE buffer, DWORD size,
                                    LPDWORD needed) {
     return AnswerQuestion({"GetPrinterW", level}, buffer, size, [&] {
-        return Answer(handle, needed, IsPrinterLevel(level), [&](const ShownPrinter& printer) {
-            return FillBuffer(buffer, size, needed, [&](LevelWriter& writer) {
-                PrinterStructures(writer, level, 1);
-                PutPrinter(writer, level, 0, printer);
-            });
-        });
+        const bool defaults = level == kDefaults || level == kUserDefaults;
+        return Answer(handle, needed, defaults || IsPrinterLevel(level),
+                      [&](const ShownPrinter& printer) {
+                          std::vector<BYTE> own;
+                          if (level == kUserDefaults)
+                              own = ReadUserDevMode(printer.server->FullName(printer.record->name));
+                          return FillBuffer(buffer, size, needed, [&](LevelWriter& writer) {
+                              if (defaults) {
+                                  PutDefaults(writer, own.empty() ? printer.record->dev_mode : own);
+                              } else {
+                                  PrinterStructures(writer, level, 1);
+                                  PutPrinter(writer, level, 0, printer);
+                              }
+                          });
+                      });
     });
 }
 
@@ -140,40 +225,15 @@ extern "C" BOOL WINAPI SetPrinterW(HANDLE handle, DWORD level, LPBYTE info, DWOR
     return Guarded(FALSE, [&] {
         auto printer = FindPrinter(handle);
         if (!printer) return FALSE;
-        if (level != 2) return Fail(ERROR_INVALID_LEVEL);
+        if (level != 2 && level != kDefaults && level != kUserDefaults)
+            return Fail(ERROR_INVALID_LEVEL);
         if (command) return Fail(ERROR_INVALID_PRINTER_COMMAND);
         if (!info) return Fail(ERROR_INVALID_PARAMETER);
-        if (!printer->Has(PRINTER_ACCESS_ADMINISTER)) return Fail(ERROR_ACCESS_DENIED);
-        const PrintServer& server = printer->Server();
-        const auto& wanted = *reinterpret_cast<const PRINTER_INFO_2W*>(info);
-
-        PRINTER_EVENT_ATTRIBUTES_INFO attributes = {sizeof attributes, 0, 0};
-        std::u16string driver;
-        {
-            SpoolerLock lock(server);
-            const auto old = printer->Record();
-            if (!old) return FALSE;
-            const PrinterRecord record = RecordOf(wanted, *old);
-            if (record.name != old->name) return Fail(ERROR_INVALID_PRINTER_NAME);
-            if (wanted.pDevMode && record.dev_mode.empty()) return Fail(ERROR_INVALID_PARAMETER);
-            if (const DWORD code = Check(server, record, *old)) return Fail(code);
-            RegistryKey key;
-            LSTATUS status = server.OpenPrinter(printer->Printer(), key);
-            if (status == ERROR_SUCCESS && !SameName(record.port, old->port))
-                status = RegisterPort(server, record.port);
-            if (status == ERROR_SUCCESS) status = WritePrinter(key, record, *old);
-            if (status != ERROR_SUCCESS) return Fail(static_cast<DWORD>(status));
-            attributes.dwOldAttributes = old->attributes;
-            attributes.dwNewAttributes = record.attributes;
-            driver = record.driver;
-        }
-        if (attributes.dwOldAttributes != attributes.dwNewAttributes) {
-            if (const auto library = LoadDriver(driver))
-                library->RaisePrinterEvent(printer->FullName(), PRINTER_EVENT_ATTRIBUTES_CHANGED,
-                                           PRINTER_EVENT_FLAG_NO_UI,
-                                           reinterpret_cast<LPARAM>(&attributes));
-        }
-        return TRUE;
+        if (!printer->Has(level == kUserDefaults ? PRINTER_ACCESS_USE : PRINTER_ACCESS_ADMINISTER))
+            return Fail(ERROR_ACCESS_DENIED);
+        if (level == 2) return SetRecord(*printer, *reinterpret_cast<const PRINTER_INFO_2W*>(info));
+        return SetDefaults(*printer, level,
+                           reinterpret_cast<const PRINTER_INFO_8W*>(info)->pDevMode);
     });
 }
 
@@ -193,6 +253,8 @@ extern "C" HANDLE WINAPI AddPrinterW(LPWSTR server_name, DWORD level, LPBYTE inf
         PrinterRecord record = RecordOf(wanted, {});
         record.name = Copy(wanted.pPrinterName);
         if (!IsPrinterName(record.name)) return fail(ERROR_INVALID_PRINTER_NAME);
+        // The driver brings them into its layout itself when it is told of the printer.
+        record.dev_mode = CheckedDevMode(wanted.pDevMode);
         if (wanted.pDevMode && record.dev_mode.empty()) return fail(ERROR_INVALID_PARAMETER);
         if (const DWORD code = Add(*server, record)) return fail(code);
 
@@ -222,6 +284,7 @@ extern "C" BOOL WINAPI DeletePrinter(HANDLE handle) {
             if (status == ERROR_FILE_NOT_FOUND) return Fail(ERROR_PRINTER_DELETED);
             if (status != ERROR_SUCCESS) return Fail(static_cast<DWORD>(status));
         }
+        WriteUserDevMode(printer->FullName(), {});
         DropDriver(*driver);
         return TRUE;
     });

@@ -3,7 +3,9 @@
 #include <winddiui.h>
 #include <windows.h>
 
+#include <algorithm>
 #include <atomic>
+#include <cstring>
 #include <string>
 #include <vector>
 
@@ -41,6 +43,19 @@ DWORD AskAboutPrinter(HANDLE printer) {
     return good;
 }
 
+bool IsBroken(LPCWSTR printer) {
+    return std::u16string(printer).starts_with(u"Broken");
+}
+
+constexpr WORD kPrivateSize = 8;
+
+// The header of this driver's settings.
+void PutLayout(DEVMODEW& settings) {
+    settings.dmSpecVersion = 0x401;
+    settings.dmSize = sizeof settings;
+    settings.dmDriverExtra = kPrivateSize;
+}
+
 std::atomic<DWORD> g_capability_calls = 0; // the spooler calls from every thread
 
 } // namespace
@@ -62,7 +77,7 @@ __declspec(dllexport) BOOL WINAPI DrvPrinterEvent(LPWSTR name, int event, DWORD,
     SetPrinterDataW(printer, const_cast<LPWSTR>(TEXT("Seen")), REG_BINARY, &byte, 1);
     ClosePrinter(printer);
     Note(line);
-    return !std::u16string(name).starts_with(u"Broken");
+    return !IsBroken(name);
 }
 
 __declspec(dllexport) DWORD WINAPI
@@ -82,6 +97,42 @@ __declspec(dllexport) DWORD WINAPI
     default:
         return static_cast<DWORD>(-1);
     }
+}
+
+// Keeps the public part, whose driver version becomes 7, and makes the private one anew.
+__declspec(dllexport) BOOL WINAPI
+    DrvConvertDevMode(LPWSTR name, PDEVMODEW in, PDEVMODEW out, PDWORD needed, DWORD mode) {
+    const DWORD size = *needed;
+    *needed = sizeof(DEVMODEW) + kPrivateSize;
+    if (IsBroken(name)) return FALSE;
+    if (!out || size < *needed) {
+        SetLastError(ERROR_INSUFFICIENT_BUFFER);
+        return FALSE;
+    }
+    std::memset(out, 0, *needed);
+    if (mode == CDM_CONVERT) std::memcpy(out, in, std::min<size_t>(in->dmSize, sizeof *out));
+    PutLayout(*out);
+    if (mode == CDM_CONVERT) out->dmDriverVersion = 7;
+    return TRUE;
+}
+
+// Answers in the settings what it was asked: the size of their room as dmPelsWidth, the mode as
+// dmFields, and the copies of the input.
+__declspec(dllexport) LONG WINAPI
+    DrvDocumentPropertySheets(PPROPSHEETUI_INFO info, LPARAM parameter) {
+    auto& header = *reinterpret_cast<DOCUMENTPROPERTYHEADER*>(parameter);
+    if (info || header.cbSize != sizeof header || IsBroken(header.pszPrinterName)) return -1;
+    if (!header.fMode || !header.pdmOut) {
+        header.cbOut = sizeof(DEVMODEW) + kPrivateSize;
+        return static_cast<LONG>(header.cbOut);
+    }
+    *header.pdmOut = {};
+    PutLayout(*header.pdmOut);
+    std::u16string(header.pszPrinterName).copy(header.pdmOut->dmDeviceName, CCHDEVICENAME - 1);
+    header.pdmOut->dmPelsWidth = header.cbOut;
+    header.pdmOut->dmFields = header.fMode;
+    if (header.pdmIn) header.pdmOut->dmCopies = header.pdmIn->dmCopies;
+    return AskAboutPrinter(header.hPrinter) == 2 ? IDOK : -1;
 }
 
 } // extern "C"

@@ -1,0 +1,22 @@
+// The DEVMODEs that the spooler keeps for others.
+#pragma once
+
+#include <windows.h>
+
+#include <string>
+#include <vector>
+
+namespace win32host {
+
+// The same settings in the layout that the driver has today. A driver that cannot be loaded, does
+// not convert or fails leaves them as they are. Calls the driver, which may open the printer.
+std::vector<BYTE> InLayoutOfDriver(const std::u16string& driver, const std::u16string& printer,
+                                   std::vector<BYTE> dev_mode);
+
+// The current user's own default settings for the printer of this full name; nothing when there are
+// none.
+std::vector<BYTE> ReadUserDevMode(const std::u16string& printer);
+// Replaces them; nothing removes them.
+LSTATUS WriteUserDevMode(const std::u16string& printer, const std::vector<BYTE>& dev_mode);
+
+} // namespace win32host
