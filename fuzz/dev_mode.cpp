@@ -53,6 +53,22 @@ extern "C" int LLVMFuzzerTestOneInput(const uint8_t* data, size_t size) {
         std::abort();
     reinterpret_cast<extconfig*>(merged.GetConfiguration())->Validate(&Model());
 
+    // The same through the entry point, with the room that the input's first bytes make up.
+    std::vector<char> made(DWORD(source->dmDeviceName[0]) % 2048);
+    made.shrink_to_fit();
+    DOCUMENTPROPERTYHEADER header = {};
+    header.cbSize = sizeof header;
+    header.pdmIn = source;
+    header.pdmOut = reinterpret_cast<DEVMODEW*>(made.data());
+    header.cbOut = static_cast<DWORD>(made.size());
+    header.fMode = DM_IN_BUFFER | DM_OUT_BUFFER;
+    if (!made.empty()) {
+        const bool fits = made.size() >= 1508;
+        const LONG answer = DrvDocumentPropertySheets(nullptr, reinterpret_cast<LPARAM>(&header));
+        if (answer != (fits ? IDOK : 0) || (fits && std::memcmp(made.data(), &raw, 1508) != 0))
+            std::abort();
+    }
+
     std::vector<char> out(sizeof(DEVMODEW) + source->dmDriverExtra);
     auto* converted = reinterpret_cast<DEVMODEW*>(out.data());
     converted->dmSpecVersion = DM_SPECVERSION;

@@ -75,6 +75,23 @@ ZPLUI_API DWORD WINAPI DrvDeviceCapabilities(HANDLE printer, PWSTR device, WORD 
 ZPLUI_API BOOL WINAPI DrvConvertDevMode(LPWSTR printer, PDEVMODEW in, PDEVMODEW out, PDWORD needed,
                                         DWORD mode);
 
+// Document settings. Without `info`, `parameter` points to the DOCUMENTPROPERTYHEADER and nothing
+// is shown:
+//
+//   fMode 0, or no pdmOut   answers the size of the driver's DEVMODE, 1508, and stores it in cbOut
+//   else                    makes the settings of hPrinter: the defaults of its model, then the
+//                           printer's default DEVMODE, then, with DM_IN_BUFFER, pdmIn, each merged
+//                           and validated. With DM_OUT_BUFFER they are stored in pdmOut, which may
+//                           be pdmIn. Answers 1 (IDOK)
+//
+// cbOut is the room in pdmOut; 0 is taken for enough. Answers 0 without a header, when the room
+// does not suffice (ERROR_INSUFFICIENT_BUFFER) and without memory. DM_IN_PROMPT is not looked at.
+//
+// With `info`, whose lParamInit is the header, the common property sheets ask for pages. There are
+// none: the reasons INIT, GET_INFO_HEADER, DESTROY and SET_RESULT are answered with -1, others with
+// 1, and 0 without a header.
+ZPLUI_API LONG WINAPI DrvDocumentPropertySheets(PPROPSHEETUI_INFO info, LPARAM parameter);
+
 // ---- Codecs and checksums -----------------------------------------------------------------------
 //
 // Input and output are raw bytes. A null pointer is harmless where its length is 0.

@@ -1,0 +1,55 @@
+// DrvDocumentPropertySheets: document settings for programs, without property sheets.
+#include "zplui.h"
+
+#include <memory>
+
+#include "driver/printer_info.h"
+#include "model/prtmodel.h"
+#include "settings/dev_mode.h"
+
+namespace {
+
+constexpr LONG FAILURE = 0;
+constexpr LONG NO_SHEETS = -1;
+
+LONG MakeSettings(DOCUMENTPROPERTYHEADER& header) {
+    const auto size = static_cast<DWORD>(DevMode::GetDefaultDevModeSize());
+    const DWORD room = header.cbOut;
+    if (!header.fMode || !header.pdmOut) {
+        header.cbOut = size;
+        return static_cast<LONG>(size);
+    }
+    // Programs that leave the room unsaid have enough.
+    if (header.fMode & DM_OUT_BUFFER && room != 0 && room < size) {
+        SetLastError(ERROR_INSUFFICIENT_BUFFER);
+        return FAILURE;
+    }
+
+    const PrinterInfo printer(header.hPrinter);
+    const std::unique_ptr<const prtmodel> model(prtmodel::new_ext(printer));
+    if (!model) return FAILURE;
+    DevMode settings;
+    settings.CreateDefault(model.get());
+    if (!settings.GetDevMode()) return FAILURE;
+    settings.Merge(printer.GetDevMode(), model.get());
+    if (header.fMode & DM_IN_BUFFER) settings.Merge(header.pdmIn, model.get());
+    if (header.fMode & DM_OUT_BUFFER) settings.CopyTo(header.pdmOut);
+    return IDOK;
+}
+
+} // namespace
+
+LONG WINAPI DrvDocumentPropertySheets(PPROPSHEETUI_INFO info, LPARAM parameter) {
+    auto* header = reinterpret_cast<DOCUMENTPROPERTYHEADER*>(info ? info->lParamInit : parameter);
+    if (!header) return FAILURE;
+    if (!info) return MakeSettings(*header);
+    switch (info->Reason) {
+    case PROPSHEETUI_REASON_INIT:
+    case PROPSHEETUI_REASON_GET_INFO_HEADER:
+    case PROPSHEETUI_REASON_DESTROY:
+    case PROPSHEETUI_REASON_SET_RESULT:
+        return NO_SHEETS;
+    default:
+        return 1;
+    }
+}

@@ -1,0 +1,198 @@
+// Document settings, from a program's question to the spooler down to the module and back.
+#include <cstring>
+#include <random>
+#include <vector>
+
+#include "driver/open_printer.h"
+#include "driver/printer_info.h"
+#include "support/dev_mode_test.h"
+#include "support/staged_driver_test.h"
+#include "zplui.h"
+
+namespace {
+
+constexpr size_t WHOLE = 1508;
+
+using Bytes = std::vector<char>;
+
+DEVMODEW* In(Bytes& bytes) {
+    return reinterpret_cast<DEVMODEW*>(bytes.data());
+}
+
+// The offset of the first byte that differs; -1 for none.
+int Difference(const Bytes& a, const Bytes& b) {
+    if (a.size() != b.size()) return 0;
+    for (size_t i = 0; i < a.size(); ++i)
+        if (a[i] != b[i]) return static_cast<int>(i);
+    return -1;
+}
+
+class DocumentSettings : public StagedDriverTest {
+protected:
+    void SetUp() override {
+        Install(TEST_BINARY_DIR, {.model = "Resolution=203,300x600\n"
+                                           "Stock.Default.X=4 in\nStock.Default.Y=6 in\n",
+                                  .method = "Copies.Limit=500\n"});
+        PRINTER_DEFAULTSW all = {nullptr, nullptr, PRINTER_ALL_ACCESS};
+        ASSERT_TRUE(OpenPrinterW(const_cast<WCHAR*>(TEXT("Dock 3")), &printer_, &all));
+    }
+    void TearDown() override { ClosePrinter(printer_); }
+
+    LONG Ask(DEVMODEW* out, DEVMODEW* in, DWORD mode) const {
+        return DocumentPropertiesW(nullptr, printer_, nullptr, out, in, mode);
+    }
+    // The settings that a program gets for `in`, which may be null; empty when it gets none.
+    Bytes Made(DEVMODEW* in = nullptr) const {
+        Bytes out(WHOLE);
+        const DWORD mode = in ? DM_IN_BUFFER | DM_OUT_BUFFER : DM_OUT_BUFFER;
+        return Ask(In(out), in, mode) == IDOK ? out : Bytes();
+    }
+    int SetDefaults(DEVMODEW* settings) const {
+        PRINTER_INFO_8W info = {settings};
+        return SetPrinterW(printer_, 8, reinterpret_cast<BYTE*>(&info), 0);
+    }
+
+    HANDLE printer_ = nullptr;
+};
+
+} // namespace
+
+TEST_F(DocumentSettings, AreTheDefaultsThenThePrintersThenTheProgramsOwn) {
+    EXPECT_EQ(Ask(nullptr, nullptr, DM_OUT_BUFFER), 1508);
+    EXPECT_EQ(Ask(nullptr, nullptr, 0), 1508);
+    Bytes usual = Made();
+    ASSERT_EQ(usual.size(), WHOLE);
+    EXPECT_EQ(Text(OString(In(usual)->dmDeviceName)), "Dock 3");
+    EXPECT_EQ(In(usual)->dmPaperLength, 1524);
+    EXPECT_EQ(In(usual)->dmCopies, 1);
+
+    // An older program's settings become the printer's, in today's layout.
+    ForeignDevMode old(156, 0, "Dock 3");
+    old->dmFields = DM_COPIES | DM_ORIENTATION | DM_PRINTQUALITY | DM_YRESOLUTION;
+    old->dmCopies = 7;
+    old->dmOrientation = DMORIENT_LANDSCAPE;
+    old->dmPrintQuality = 300;
+    old->dmYResolution = 600;
+    ASSERT_TRUE(SetDefaults(old.dev_mode()));
+    const DEVMODEW* stored = nullptr;
+    const PrinterInfo info(printer_);
+    ASSERT_NE(stored = info.GetDevMode(), nullptr);
+    EXPECT_EQ(stored->dmSize, 220);
+    Bytes of_printer = Made();
+    EXPECT_EQ(In(of_printer)->dmCopies, 7);
+    EXPECT_EQ(In(of_printer)->dmOrientation, DMORIENT_LANDSCAPE);
+    EXPECT_EQ(In(of_printer)->dmYResolution, 600);
+
+    ForeignDevMode own(220, 0);
+    own->dmFields = DM_COPIES | DM_YRESOLUTION;
+    own->dmCopies = 501;
+    own->dmYResolution = 600;
+    Bytes of_program = Made(own.dev_mode());
+    EXPECT_EQ(In(of_program)->dmCopies, 500);
+    EXPECT_EQ(In(of_program)->dmOrientation, DMORIENT_LANDSCAPE);
+    EXPECT_EQ(In(of_program)->dmYResolution, 203) << "not this device's resolution";
+
+    // One buffer for both, and an input that is not to be looked at.
+    Bytes both = usual;
+    In(both)->dmCopies = 9;
+    EXPECT_EQ(Ask(In(both), In(both), DM_IN_BUFFER | DM_OUT_BUFFER), IDOK);
+    EXPECT_EQ(In(both)->dmCopies, 9);
+    EXPECT_EQ(Ask(In(both), In(usual), DM_OUT_BUFFER), IDOK);
+    EXPECT_EQ(Difference(both, of_printer), -1);
+    EXPECT_EQ(Ask(In(both), In(usual), DM_IN_BUFFER), IDOK);
+    EXPECT_EQ(Difference(both, of_printer), -1) << "nothing is stored";
+}
+
+TEST_F(DocumentSettings, OfDamagedOnesAreSoundAgain) {
+    Bytes usual = Made();
+    std::mt19937 random(1);
+    const WORD sizes[] = {76, 77, 101, 156, 188, 199, 220, 221, 300, 65535};
+    const WORD extras[] = {0, 1, 7, 8, 170, 1288, 1289, 65535};
+    const WORD tails[] = {0, 8, 9, 100, 1023, 1024, 1032, 1124, 1289, 65535};
+    for (const WORD size : sizes) {
+        for (const WORD extra : extras) {
+            for (const WORD tail : tails) {
+                SCOPED_TRACE(testing::Message() << size << " + " << extra << ", tail " << tail);
+                // Exactly the bytes that it tells of: a look behind them is noticed.
+                ForeignDevMode foreign(size, extra, "Dock 3");
+                for (size_t i = 72; i < foreign.bytes.size(); ++i)
+                    foreign.bytes[i] = static_cast<char>(random());
+                char* block = foreign.bytes.data() + size;
+                char* end = block + extra;
+                if (extra >= 8) {
+                    std::memcpy(end - 8, "kvkzpl", 6);
+                    std::memcpy(end - 2, &tail, 2);
+                }
+                if (extra == 1288 && tail == 1124) { // a block of the known version, and too long
+                    const WORD length[] = {65535, 1028};
+                    std::memcpy(end - 1124 + 1024, length, 4);
+                }
+                if (extra >= 170) {
+                    const uint16_t halftone[] = {tail, 1, 0x444D, 0x4E54};
+                    std::memcpy(block, halftone, 8);
+                }
+                Bytes made = Made(foreign.dev_mode());
+                ASSERT_EQ(made.size(), WHOLE);
+                EXPECT_EQ(std::memcmp(made.data(), usual.data(), 72), 0);
+                EXPECT_EQ(std::memcmp(&made[1500], &usual[1500], 8), 0);
+                EXPECT_EQ(std::memcmp(&made[384 + 1024], &usual[384 + 1024], 4), 0);
+                EXPECT_TRUE(In(made)->dmCopies >= 1 && In(made)->dmCopies <= 500);
+                EXPECT_EQ(In(made)->dmFormName[CCHFORMNAME - 1], 0);
+                EXPECT_TRUE(In(made)->dmYResolution == 203 || In(made)->dmYResolution == 600);
+                Bytes again = Made(In(made)); // names the user's paper in dmFields
+                EXPECT_EQ(Difference(Made(In(again)), again), -1) << "settings once made stay";
+            }
+        }
+        // As the printer's defaults they go through the driver's conversion.
+        ForeignDevMode foreign(size, 1288);
+        EXPECT_TRUE(SetDefaults(foreign.dev_mode()));
+        EXPECT_EQ(Made().size(), WHOLE);
+        EXPECT_TRUE(SetDefaults(In(usual)));
+    }
+    ForeignDevMode none(0, 0);
+    EXPECT_TRUE(Made(none.dev_mode()).empty());
+}
+
+using DocumentPropertySheets = DevModeTest;
+
+TEST_F(DocumentPropertySheets, AnswerAsTheHeaderAsks) {
+    Install(Tables());
+    DevMode expected;
+    expected.CreateDefault(Model().get());
+    DOCUMENTPROPERTYHEADER header = {};
+    const auto call = [&] {
+        return DrvDocumentPropertySheets(nullptr, reinterpret_cast<LPARAM>(&header));
+    };
+    const OpenPrinter printer(OString("Dock 3"), PRINTER_ACCESS_USE);
+    header.cbSize = sizeof header;
+    header.hPrinter = printer.Get();
+    Bytes out(WHOLE, 'x');
+    header.pdmOut = In(out);
+    EXPECT_EQ(call(), 1508);
+    EXPECT_EQ(header.cbOut, 1508u);
+    header.fMode = DM_OUT_BUFFER;
+    header.cbOut = 1507;
+    EXPECT_EQ(call(), 0);
+    EXPECT_EQ(GetLastError(), DWORD(ERROR_INSUFFICIENT_BUFFER));
+    EXPECT_EQ(out, Bytes(WHOLE, 'x'));
+    header.cbOut = 0;
+    EXPECT_EQ(call(), IDOK);
+    EXPECT_EQ(std::memcmp(out.data(), expected.GetDevMode(), WHOLE), 0);
+    header.cbOut = 1508;
+    header.fMode = DM_OUT_BUFFER | DM_IN_BUFFER | DM_IN_PROMPT; // without an input
+    out.assign(WHOLE, 'x');
+    EXPECT_EQ(call(), IDOK);
+    EXPECT_EQ(std::memcmp(out.data(), expected.GetDevMode(), WHOLE), 0);
+    EXPECT_EQ(DrvDocumentPropertySheets(nullptr, 0), 0);
+}
+
+TEST(DocumentPropertySheetsWithPages, AreNotThere) {
+    DOCUMENTPROPERTYHEADER header = {};
+    PROPSHEETUI_INFO sheets = {};
+    EXPECT_EQ(DrvDocumentPropertySheets(&sheets, 0), 0);
+    sheets.lParamInit = reinterpret_cast<LPARAM>(&header);
+    for (WORD reason = 0; reason < 6; ++reason) {
+        sheets.Reason = reason;
+        EXPECT_EQ(DrvDocumentPropertySheets(&sheets, 0), reason < 4 ? -1 : 1);
+    }
+}
