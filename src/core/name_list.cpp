@@ -1,6 +1,8 @@
 #include "core/name_list.h"
 
 #include <algorithm>
+#include <climits>
+#include <memory>
 
 #include "core/crc.h"
 #include "core/oarray.h"
@@ -52,6 +54,51 @@ bool NameList::AddTail_ReplaceName(NameNode* node) {
         if (other != node && other->GetName() == node->GetName()) delete other;
     }
     return AddTail(node);
+}
+
+void NameList::AddTail_ReplaceNames(NameList& nodes) {
+    struct Place {
+        uint32_t hash;
+        int index; // in the other list
+        NameNode* node;
+    };
+    const auto before = [](const Place& a, const Place& b) {
+        return a.hash != b.hash ? a.hash < b.hash : a.index < b.index;
+    };
+    size_t count = 0;
+    for (const ONode* node = nodes.GetHead(); node; node = node->GetNext()) ++count;
+    const std::unique_ptr<Place[]> places(new (std::nothrow) Place[count]);
+    if (!places) {
+        while (nodes.GetHead()) AddTail_ReplaceName(static_cast<NameNode*>(nodes.GetHead()));
+        return;
+    }
+    Place* end = places.get();
+    for (auto* node = static_cast<NameNode*>(nodes.GetHead()); node; node = NextName(node), ++end)
+        *end = {HashName(node->GetName()), static_cast<int>(end - places.get()), node};
+    std::sort(places.get(), end, before);
+
+    // The last node of that name among those to be moved, or null. Nodes in front of it are not
+    // looked at, so they may be gone.
+    const auto last_of = [&](const OString& name) -> const NameNode* {
+        const uint32_t hash = HashName(name);
+        const Place* place =
+            std::upper_bound(places.get(), end, Place{hash, INT_MAX, nullptr}, before);
+        while (place != places.get() && (--place)->hash == hash)
+            if (place->node->GetName() == name) return place->node;
+        return nullptr;
+    };
+    NameNode* next;
+    for (auto* node = static_cast<NameNode*>(GetHead()); node; node = next) {
+        next = NextName(node);
+        if (last_of(node->GetName())) delete node;
+    }
+    for (auto* node = static_cast<NameNode*>(nodes.GetHead()); node; node = next) {
+        next = NextName(node);
+        if (last_of(node->GetName()) == node)
+            AddTail(node);
+        else
+            delete node;
+    }
 }
 
 bool NameList::AddTail_UniqueName(NameNode* node, bool space) {

@@ -51,6 +51,11 @@ public:
     // Adds a node at the tail and deletes all others of its name. False for null.
     bool AddTail_ReplaceName(NameNode* node);
 
+    // Moves all nodes of another list, in their order, to the tail of this one, as
+    // AddTail_ReplaceName does with one: of all nodes with the name of a moved one only the last is
+    // left.
+    void AddTail_ReplaceNames(NameList& nodes);
+
     // Adds a node at the tail, after counting its name up (OString::NextUnique) until no other node
     // has it; behind the last number that can be counted to, " 2" begins a new one. False for null.
     bool AddTail_UniqueName(NameNode* node, bool space);

@@ -5,13 +5,12 @@
 
 #include "core/base64.h"
 #include "core/obuffer.h"
+#include "settings/settings_blocks.h"
 #include "settings/stock_list.h"
 
 namespace {
 
-constexpr char kStart[] = "<stock>";
-constexpr char kEnd[] = "</stock>";
-constexpr char kBlanks[] = " \t\r\n";
+constexpr char kKind[] = "stock";
 
 // The record of a "Data" line. What decodes to a sound container is unpacked, any other is taken as
 // it is.
@@ -35,45 +34,34 @@ int StockList::Export(OFile& file) const {
     int blocks = 0;
     for (const Stock* stock = GetNext(nullptr); stock; stock = GetNext(stock)) {
         if (stock->is_user()) continue;
-        file << kStart << OCore::endl;
+        file << "<" << kKind << ">" << OCore::endl;
         file << "Name=" << stock->GetName() << OCore::endl;
         file << "Data=" << RecordText(*stock) << OCore::endl;
-        file << kEnd << OCore::endl << OCore::endl;
+        file << "</" << kKind << ">" << OCore::endl << OCore::endl;
         ++blocks;
     }
     return blocks;
 }
 
 int StockList::Import(OFile& file, int) {
-    file.Seek(0, 0);
     int blocks = 0;
     bool is_protected = false;
     std::unique_ptr<Stock> stock; // of the block that is being read
-    OString line;
-    while (file.ReadLine(line)) {
-        line.TrimLeft(kBlanks);
-        line.TrimRight(kBlanks);
-        if (line == kStart) {
+    SettingsBlocks reader(file, kKind);
+    while (const SettingsBlocks::Line line = reader.Read()) {
+        if (line == SettingsBlocks::BLOCK_START) {
             stock.reset(new (std::nothrow) Stock);
+        } else if (!stock) {
             continue;
-        }
-        if (!stock) continue;
-        if (line == kEnd) {
+        } else if (line == SettingsBlocks::BLOCK_END) {
             AddTail(stock.release());
             ++blocks;
-            continue;
-        }
-        line.wstring(); // positions are those of this form from here on
-        const int equals = line.Find(TEXT("="));
-        if (equals <= 0) continue;
-        const OString key = line.Left(equals);
-        const OString value = line.Mid(equals + 1);
-        if (key == "Name") {
-            stock->SetName(value);
-        } else if (key == "Protected") {
-            is_protected = value == "true";
-        } else if (key == "Data") {
-            if (ReadRecord(value, *stock))
+        } else if (reader.Key() == "Name") {
+            stock->SetName(reader.Value());
+        } else if (reader.Key() == "Protected") {
+            is_protected = reader.Value() == "true";
+        } else if (reader.Key() == "Data") {
+            if (ReadRecord(reader.Value(), *stock))
                 stock->set_global(!is_protected);
             else
                 stock.reset();

@@ -152,4 +152,34 @@ TEST(NameList, ChainsTheChecksumsOfItsNodes) {
     EXPECT_EQ(list.GetCRC32(5), CRC32(bytes, sizeof(bytes) - 1, 5));
 }
 
+TEST(NameList, TakesAnotherListsNodesInPlaceOfThoseOfTheirNames) {
+    const struct {
+        const char* have;
+        const char* come;
+        const char* result;
+    } cases[] = {
+        {"abc", "xby", "a;c;x;b;y;"}, {"aab", "b", "a;a;b;"},
+        {"ab", "aca", "b;c;a;"},      {"", "aaa", "a;"},
+        {"ab", "", "a;b;"},
+    };
+    for (const auto& c : cases) {
+        CountedList list, others, expected;
+        const auto add = [](CountedList& to, const char* names, auto how) {
+            for (; *names; ++names) how(to, new CountedNode(std::string(1, *names).c_str()));
+        };
+        const auto append = [](CountedList& to, CountedNode* node) { to.AddTail(node); };
+        add(list, c.have, append);
+        add(others, c.come, append);
+        list.AddTail_ReplaceNames(others);
+        EXPECT_EQ(Names(list), c.result);
+        EXPECT_EQ(others.GetHead(), nullptr);
+
+        add(expected, c.have, append);
+        add(expected, c.come,
+            [](CountedList& to, CountedNode* node) { to.AddTail_ReplaceName(node); });
+        EXPECT_EQ(Names(list), Names(expected)) << "one by one";
+    }
+    EXPECT_EQ(CountedNode::alive, 0);
+}
+
 } // namespace

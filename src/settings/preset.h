@@ -1,0 +1,85 @@
+// A preset: document settings under a name.
+#pragma once
+
+#include <windows.h>
+
+#include <cstdint>
+
+#include "config/prtreg.h"
+#include "core/name_list.h"
+#include "core/obuffer.h"
+#include "settings/dev_mode.h"
+
+class prtmodel;
+
+// A DEVMODE with a name and a description. The DEVMODE is held as it was given or stored, be it of
+// an older driver; it becomes this driver's when it is merged into another. One whose sizes do not
+// reach to its dmFields counts as none.
+class Preset : public NameNode {
+public:
+    // The two presets that are made anew each time, and never stored.
+    enum BuiltIn : uint32_t { CURRENT_SETTINGS = 1, DEFAULT_SETTINGS = 2 };
+    // Their priorities, which put them in front of all others.
+    enum : int32_t { CURRENT_SETTINGS_PRIORITY = 20, DEFAULT_SETTINGS_PRIORITY = 10 };
+
+    // Copies have a DEVMODE of their own.
+    Preset() = default;
+
+    // Sets the name, and the fingerprint of it in the DEVMODE's configuration, if there is one.
+    void SetName(const OString& name);
+
+    const OString& GetDescription() const { return description_; }
+    void SetDescription(const OString& description) { description_ = description; }
+
+    // Bits of BuiltIn; 0 of all that are stored.
+    uint32_t GetBuiltIn() const { return built_in_; }
+    void SetBuiltIn(uint32_t flags) { built_in_ = flags; }
+
+    // ---- The DEVMODE ----------------------------------------------------------------------------
+
+    // Its size; 0 when there is none.
+    int GetDevModeSize() const { return static_cast<int>(dev_mode_.GetSize()); }
+    // A view of it, until the preset gets another one or ends.
+    DevMode GetDevMode();
+    // Copies a DEVMODE; null for none.
+    void SetDevMode(const DEVMODEW* dev_mode);
+    // Takes the defaults of a model.
+    void SetToDefaultDevMode(const prtmodel* model);
+
+    // ---- Storage --------------------------------------------------------------------------------
+
+    // In the registry, as preset number `index`: the values KeyName(index) with "Name",
+    // "Description" and "DEVMODE" behind it. Load is false without a DEVMODE, and for one that is
+    // shorter than its own sizes tell. Save is false when a value cannot be written.
+    bool Load(prtreg& registry, int index);
+    bool Save(prtreg& registry, int index) const;
+    // `prefix` is what KeyName gives.
+    static void Delete(prtreg& registry, const OString& prefix);
+
+    // The path of preset number `index` up to the beginning of its values' names:
+    // "Presets:Preset 07:: " for 7.
+    static OString KeyName(int index);
+
+    // ---- Exchange -------------------------------------------------------------------------------
+
+    // The DEVMODE as a record: "DM32", its size (4 bytes, little-endian), its bytes. False, and an
+    // empty buffer, without a DEVMODE.
+    bool Export(OBuffer<char>& record) const;
+
+    // Takes the DEVMODE of a record into the defaults of a model: that of this driver behind
+    // "DM32", that of a 16-bit driver behind any other two characters after "DM"; any other record
+    // leaves the defaults. The size in the record is not looked at. False, and the preset
+    // unchanged, for a record of less than 8 bytes and one that ends before its DEVMODE does.
+    bool Import(const OBuffer<char>& record, const prtmodel* model);
+
+    // The checksum of everything, continued from `seed`.
+    uint32_t GetCRC32(uint32_t seed) const;
+
+private:
+    // Takes `size` bytes when they hold a whole DEVMODE, without what follows it; else none.
+    bool HoldDevMode(const char* bytes, size_t size);
+
+    OString description_;
+    uint32_t built_in_ = 0;
+    OBuffer<char> dev_mode_; // exactly its size
+};

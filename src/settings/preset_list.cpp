@@ -1,0 +1,84 @@
+#include "settings/preset_list.h"
+
+#include <algorithm>
+#include <memory>
+#include <new>
+
+#include "core/oarray.h"
+#include "model/prtmodel.h"
+
+namespace {
+
+constexpr char kTotal[] = "Presets:Total";
+constexpr int MOST_PRESETS = 9999;
+
+// How many presets the printer says to have, within reason.
+int StoredTotal(prtreg& registry) {
+    return static_cast<int>(std::min<uint32_t>(registry.GetDWORD(kTotal, 0), MOST_PRESETS));
+}
+
+} // namespace
+
+void PresetList::Load(const prtmodel* model) {
+    Clear();
+    prtreg registry(model->GetRegistry());
+    PresetList stored;
+    const int total = StoredTotal(registry);
+    for (int i = 1; i <= total; ++i) {
+        std::unique_ptr<Preset> preset(new (std::nothrow) Preset);
+        if (preset && preset->Load(registry, i)) stored.AddTail(preset.release());
+    }
+    AddTail_ReplaceNames(stored);
+    Sort();
+    checksum_ = GetCRC32(0);
+}
+
+void PresetList::Save(const prtmodel* model) const {
+    const uint32_t checksum = GetCRC32(0);
+    if (checksum == checksum_) return;
+    prtreg registry(model->GetRegistry());
+    const int stored = StoredTotal(registry);
+    int total = 0;
+    for (const Preset* preset = GetNext(nullptr); preset; preset = GetNext(preset))
+        if (preset->GetBuiltIn() == 0) preset->Save(registry, ++total);
+    registry.SetDWORD(kTotal, static_cast<uint32_t>(total));
+    for (int i = total + 1; i <= stored; ++i) Preset::Delete(registry, Preset::KeyName(i));
+    checksum_ = checksum;
+}
+
+void PresetList::Sort() {
+    OPointerArray<Preset*> presets;
+    for (Preset* preset = GetNext(nullptr); preset; preset = GetNext(preset))
+        if (presets.Add(preset) < 0) return;
+    Preset** const first = presets.GetData();
+    std::stable_sort(first, first + presets.GetSize(),
+                     [](const Preset* a, const Preset* b) { return a->Collate(*b) < 0; });
+    for (int i = 0; i < presets.GetSize(); ++i) AddTail(presets[i]);
+}
+
+Preset* PresetList::Find(const DevMode& dev_mode) const {
+    const auto first = [this](auto matches) {
+        Preset* preset = GetNext(nullptr);
+        while (preset && !matches(*preset)) preset = GetNext(preset);
+        return preset;
+    };
+    if (const uint32_t checksum = dev_mode.GetPresetCRC32()) {
+        if (Preset* preset = first([&](Preset& candidate) {
+                const DevMode settings(candidate.GetDevMode());
+                return settings.GetPresetCRC32() == checksum && settings == dev_mode;
+            }))
+            return preset;
+    }
+    if (Preset* preset = first([&](Preset& candidate) {
+            return candidate.GetBuiltIn() == 0 && candidate.GetDevMode() == dev_mode;
+        }))
+        return preset;
+    Preset* const usual = GetDefaultSettings();
+    return usual && usual->GetDevMode() == dev_mode ? usual : GetCurrentSettings();
+}
+
+Preset* PresetList::FindBuiltIn(uint32_t flag) const {
+    Preset* preset = GetNext(nullptr);
+    while (preset && !(preset->GetBuiltIn() & flag)) preset = GetNext(preset);
+    return preset;
+}

@@ -1,0 +1,37 @@
+#include "settings/settings_blocks.h"
+
+namespace {
+
+constexpr char kBlanks[] = " \t\r\n";
+
+} // namespace
+
+SettingsBlocks::SettingsBlocks(OFile& file, const char* kind)
+    : file_(file)
+    , start_(OString("<") << kind << ">")
+    , end_(OString("</") << kind << ">") {
+    file_.Seek(0, 0);
+}
+
+SettingsBlocks::Line SettingsBlocks::Read() {
+    while (file_.ReadLine(line_)) {
+        line_.TrimLeft(kBlanks);
+        line_.TrimRight(kBlanks);
+        if (line_ == start_) {
+            inside_ = true;
+            return BLOCK_START;
+        }
+        if (!inside_) continue;
+        if (line_ == end_) {
+            inside_ = false;
+            return BLOCK_END;
+        }
+        line_.wstring(); // positions are those of this form from here on
+        const int equals = line_.Find(TEXT("="));
+        if (equals <= 0) continue;
+        key_ = line_.Left(equals);
+        value_ = line_.Mid(equals + 1);
+        return ENTRY;
+    }
+    return NO_MORE;
+}

@@ -1,0 +1,38 @@
+// The blocks of settings files.
+#pragma once
+
+#include "core/ofile.h"
+#include "core/ostring.h"
+
+// Reads the blocks of one kind in a file, from its start to its end:
+//
+//   <preset>
+//   Name=Draft
+//   </preset>
+//
+// Everything else in the file is passed over: lines outside these blocks, empty ones, and those
+// without an equals sign or a key in front of it. Blanks at both ends of a line do not count.
+class SettingsBlocks {
+public:
+    enum Line { NO_MORE, BLOCK_START, ENTRY, BLOCK_END };
+
+    // `kind` is what stands between the angle brackets.
+    SettingsBlocks(OFile& file, const char* kind);
+
+    // The next line. A block that another one interrupts has a start but no end; the last one may
+    // lack it too.
+    Line Read();
+
+    // What an entry has in front of its first equals sign, and behind it.
+    const OString& Key() const { return key_; }
+    const OString& Value() const { return value_; }
+
+private:
+    OFile& file_;
+    const OString start_;
+    const OString end_;
+    bool inside_ = false;
+    OString line_;
+    OString key_;
+    OString value_;
+};
