@@ -51,7 +51,6 @@ extern "C" int LLVMFuzzerTestOneInput(const uint8_t* data, size_t size) {
         raw.dmFormName[CCHFORMNAME - 1] != 0 || raw.dmCopies < 1 || raw.dmScale != 100 ||
         !prtconfig::get_cfg(&raw) || !GetCommonPrivateDm(&raw))
         std::abort();
-    reinterpret_cast<extconfig*>(merged.GetConfiguration())->Validate(&Model());
 
     // The same through the entry point, with the room that the input's first bytes make up.
     std::vector<char> made(DWORD(source->dmDeviceName[0]) % 2048);
@@ -68,6 +67,8 @@ extern "C" int LLVMFuzzerTestOneInput(const uint8_t* data, size_t size) {
         if (answer != (fits ? IDOK : 0) || (fits && std::memcmp(made.data(), &raw, 1508) != 0))
             std::abort();
     }
+
+    reinterpret_cast<extconfig*>(merged.GetConfiguration())->Validate(&Model());
 
     std::vector<char> out(sizeof(DEVMODEW) + source->dmDriverExtra);
     auto* converted = reinterpret_cast<DEVMODEW*>(out.data());
