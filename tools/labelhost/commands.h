@@ -12,4 +12,5 @@ void RemoveCommand(const Words& words);
 void ListCommand(const Words& words);
 void ModelsCommand(const Words& words);
 void CapabilitiesCommand(const Words& words);
+void DitherCommand(const Words& words);
 void RegistryCommand(const Words& words);

@@ -26,6 +26,9 @@ constexpr Command kCommands[] = {
      "models [--product DIR]\n                    the printers that can be installed"},
     {"capabilities", CapabilitiesCommand,
      "capabilities PRINTER  every device capability that the driver answers"},
+    {"dither", DitherCommand,
+     "dither IN OUT [--algorithm N] [--color-mode N] [--brightness N] ...\n"
+     "                    bring a PNG picture to a label printer's few colours"},
     {"registry", RegistryCommand,
      "registry dump KEY | set KEY NAME TYPE HEX | delete KEY [NAME]\n"
      "                    look at or change the host's registry"},

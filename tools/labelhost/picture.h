@@ -1,0 +1,23 @@
+// Pictures and PNG files.
+#pragma once
+
+#include <cstdint>
+#include <string>
+#include <vector>
+
+// Pixels of three bytes, blue, green and red; rows are packed, the top row is the first one.
+struct Picture {
+    int width = 0;
+    int height = 0;
+    std::vector<uint8_t> pixels;
+};
+
+// Reads a PNG file of any kind: grey becomes colour, 16 bits become 8, and what is transparent
+// shows white behind it. Colour profiles and gamma are not looked at. Throws Fault when the file
+// cannot be read, is no sound PNG or has more than `max_side` pixels on a side.
+Picture ReadPicture(const std::string& file, int max_side);
+
+// Writes a PNG file under another name and renames it when it is complete, so that `file` is never
+// half a picture. Black and white take one bit per pixel, up to 256 colours become a palette.
+// Throws Fault when that fails; `file` is then as it was. A device or a folder is refused.
+void WritePicture(const std::string& file, const Picture& picture);
