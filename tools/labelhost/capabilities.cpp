@@ -1,3 +1,5 @@
+#include "capabilities.h"
+
 #include "arguments.h"
 #include "commands.h"
 #include "fault.h"
@@ -112,6 +114,8 @@ constexpr Named kNames[] = {
     {DC_NUP, "pages per sheet"},
 };
 
+} // namespace
+
 Json AllCapabilities(const std::string& printer) {
     const Asker asker(printer);
     Json results = Json::object();
@@ -128,6 +132,8 @@ Json AllCapabilities(const std::string& printer) {
             {"file_dependencies", asker.Texts(DC_FILEDEPENDENCIES, kFileSlot)},
             {"personality", asker.Texts(DC_PERSONALITY, kPersonalitySlot)}};
 }
+
+namespace {
 
 // What a person wants to read: sizes in millimetres, the rest as the driver gave it.
 std::string Described(WORD capability, int value) {

@@ -13,4 +13,6 @@ void ListCommand(const Words& words);
 void ModelsCommand(const Words& words);
 void CapabilitiesCommand(const Words& words);
 void DitherCommand(const Words& words);
+void DocumentCommand(const Words& words);
+void ConvertCommand(const Words& words);
 void RegistryCommand(const Words& words);

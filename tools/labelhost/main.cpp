@@ -29,6 +29,12 @@ constexpr Command kCommands[] = {
     {"dither", DitherCommand,
      "dither IN OUT [--algorithm N] [--color-mode N] [--brightness N] ...\n"
      "                    bring a PNG picture to a label printer's few colours"},
+    {"document", DocumentCommand,
+     "document PRINTER [--in FILE] [--out FILE] [--set FIELD=VALUE ...]\n"
+     "                    the document settings that the driver makes; FILE holds a DEVMODE"},
+    {"convert", ConvertCommand,
+     "convert PRINTER IN OUT --mode MODE [--out-size BYTES]\n"
+     "                    have the driver convert a DEVMODE: convert, convert351 or default"},
     {"registry", RegistryCommand,
      "registry dump KEY | set KEY NAME TYPE HEX | delete KEY [NAME]\n"
      "                    look at or change the host's registry"},

@@ -36,6 +36,15 @@ OpenedPrinter::~OpenedPrinter() {
     ClosePrinter(handle_);
 }
 
+WideString ConfigFileOf(const OpenedPrinter& printer, const std::string& name) {
+    const std::string what = "cannot read the driver of '" + name + "'";
+    const std::vector<BYTE> buffer = Record(what, [&](BYTE* out, DWORD size, DWORD* needed) {
+        return GetPrinterDriverW(printer.handle(), nullptr, 3, out, size, needed);
+    });
+    if (buffer.size() < sizeof(DRIVER_INFO_3W)) throw Fault(what);
+    return reinterpret_cast<const DRIVER_INFO_3W*>(buffer.data())->pConfigFile;
+}
+
 std::vector<PrinterFacts> AllPrinters() {
     DWORD count = 0;
     const std::vector<BYTE> buffer =

@@ -4,6 +4,8 @@
 #include <windows.h>
 #include <winspool.h>
 
+#include "text.h"
+
 #include <string>
 #include <vector>
 
@@ -24,6 +26,9 @@ private:
 struct PrinterFacts {
     std::string name, driver, port, server;
 };
+
+// The full name of the configuration module of the printer's driver. Throws Fault.
+WideString ConfigFileOf(const OpenedPrinter& printer, const std::string& name);
 
 // All printers of this machine and its connections, in the spooler's order.
 std::vector<PrinterFacts> AllPrinters();

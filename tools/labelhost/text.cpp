@@ -69,6 +69,22 @@ bool FromHex(const std::string& hex, std::vector<BYTE>& bytes) {
     return true;
 }
 
+bool ToNumber(const std::string& text, int64_t& value) {
+    const bool hex = text.rfind("0x", 0) == 0 || text.rfind("0X", 0) == 0;
+    const bool negative = text.rfind('-', 0) == 0;
+    const size_t first = hex ? 2 : negative ? 1 : 0;
+    const size_t count = text.size() - first;
+    if (count == 0 || count > (hex ? 15 : 18)) return false;
+    value = 0;
+    for (size_t i = first; i < text.size(); ++i) {
+        const int digit = DigitValue(text[i]);
+        if (digit < 0 || (!hex && digit > 9)) return false;
+        value = value * (hex ? 16 : 10) + digit;
+    }
+    if (negative) value = -value;
+    return true;
+}
+
 bool SameText(const std::string& a, const std::string& b) {
     return a.size() == b.size() && std::equal(a.begin(), a.end(), b.begin(),
                                               [](char x, char y) { return Lower(x) == Lower(y); });

@@ -3,6 +3,7 @@
 
 #include <windows.h>
 
+#include <cstdint>
 #include <string>
 #include <vector>
 
@@ -20,6 +21,10 @@ std::string ToHex(const std::vector<BYTE>& bytes);
 // False unless `hex` is an even number of hexadecimal digits (blanks and commas between bytes are
 // skipped).
 bool FromHex(const std::string& hex, std::vector<BYTE>& bytes);
+
+// False unless the text is a whole number of at most 18 digits: decimal, with or without a minus,
+// or hexadecimal behind 0x.
+bool ToNumber(const std::string& text, int64_t& value);
 
 // Without regard to the case of the letters a to z.
 bool SameText(const std::string& a, const std::string& b);
