@@ -1,41 +1,14 @@
 // labelhost as a person runs it: every shipped model installed and asked, mistakes answered in one
 // line, two processes at once.
 
-#include "support/host_test.h"
-#include "support/program.h"
-
-#include <nlohmann/json.hpp>
+#include "tools/labelhost_fixture.h"
 
 #include <algorithm>
 #include <filesystem>
+#include <sstream>
 #include <thread>
 
 namespace {
-
-using Json = nlohmann::json;
-
-class Labelhost : public HostTest {
-protected:
-    ProgramResult Run(std::vector<std::string> words) const {
-        words.insert(words.begin(), {"--root", root()});
-        return RunProgram(TEST_BINARY_DIR, "labelhost", words);
-    }
-
-    Json RunJson(std::vector<std::string> words) const {
-        words.push_back("--json");
-        const ProgramResult result = Run(words);
-        EXPECT_EQ(result.status, 0) << result.errors;
-        return Json::parse(result.output, nullptr, false);
-    }
-
-    void Install(const std::string& printer, const std::string& model,
-                 const std::string& oem = "") const {
-        std::vector<std::string> words = {"install", printer, "--model", model};
-        if (!oem.empty()) words.insert(words.end(), {"--oem", oem});
-        const ProgramResult result = Run(words);
-        ASSERT_EQ(result.status, 0) << result.errors;
-    }
-};
 
 TEST_F(Labelhost, AnswersForEveryShippedModel) {
     const Json models = RunJson({"models"});
@@ -124,6 +97,45 @@ TEST_F(Labelhost, ShowsAndChangesTheRegistry) {
     EXPECT_EQ(Run({"registry", "delete", key + "\\Below", "größe"}).status, 0);
     EXPECT_EQ(Run({"registry", "delete", key}).status, 0);
     EXPECT_EQ(Run({"registry", "dump", key}).status, 1);
+}
+
+// The words of a line of shell: quotes hold a word together, a # ends the line.
+std::vector<std::string> WordsOf(const std::string& line) {
+    std::vector<std::string> words;
+    char quote = 0;
+    bool inside = false;
+    for (const char c : line) {
+        if (!quote && c == '#') break;
+        if (c == quote || (!quote && (c == '\'' || c == '"'))) {
+            quote = quote ? 0 : c;
+        } else if (!quote && c == ' ') {
+            inside = false;
+        } else {
+            if (!inside) words.emplace_back();
+            inside = true;
+            words.back() += c;
+        }
+    }
+    return words;
+}
+
+TEST_F(Labelhost, GoesTheTourOfTheReadme) {
+    std::istringstream readme(BytesOf(TEST_SOURCE_DIR "/README.md"));
+    int count = 0;
+    for (std::string line; std::getline(readme, line);) {
+        if (line.rfind("labelhost ", 0) != 0 || line.find("photo.png") != std::string::npos)
+            continue;
+        for (size_t at = 0; (at = line.find("/tmp/r", at)) != std::string::npos;
+             at += root().size())
+            line.replace(at, 6, root());
+        std::vector<std::string> words = WordsOf(line);
+        words.erase(words.begin());
+        const ProgramResult result = RunProgram(TEST_BINARY_DIR, "labelhost", words);
+        EXPECT_EQ(result.status, 0) << line << result.errors;
+        EXPECT_EQ(result.errors, "") << line;
+        ++count;
+    }
+    EXPECT_GE(count, 11);
 }
 
 TEST_F(Labelhost, TwoProcessesAtOnceDoNotDisturbEachOther) {
