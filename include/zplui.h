@@ -92,6 +92,31 @@ ZPLUI_API BOOL WINAPI DrvConvertDevMode(LPWSTR printer, PDEVMODEW in, PDEVMODEW 
 // 1, and 0 without a header.
 ZPLUI_API LONG WINAPI DrvDocumentPropertySheets(PPROPSHEETUI_INFO info, LPARAM parameter);
 
+// Tells the driver what happens to the printer of that name; `flags` and `parameter` are not looked
+// at. Events that do something:
+//
+//   PRINTER_EVENT_INITIALIZE       the printer was added, or has got this driver: its default
+//                                  DEVMODE is brought into the driver's layout and the model's
+//                                  limits, its driver settings into their first state, and the
+//                                  presets and stocks of the driver's default settings file are
+//                                  added, in place of those of the same names; the model's plug and
+//                                  play identifiers are recorded. FALSE when the printer cannot be
+//                                  opened with full access
+//   PRINTER_EVENT_ADD_CONNECTION   a user has connected to the printer: the same without the
+//                                  DEVMODE. TRUE also when the printer cannot be opened
+//
+// Both are FALSE, after a message box, on a system that this build of the driver does not fit; a
+// printer that is being initialised is then marked for the rendering module as not to be used.
+// Every other event is FALSE.
+ZPLUI_API BOOL WINAPI DrvPrinterEvent(LPWSTR printer, int event, DWORD flags, LPARAM parameter);
+
+// Does what PRINTER_EVENT_INITIALIZE does, except for the plug and play identifiers and the message
+// box, for a printer that has had an older version of the driver. `info` is a DRIVER_UPGRADE_INFO_1
+// or _2; the level is not looked at. FALSE with ERROR_INVALID_PARAMETER without `info` and when the
+// printer cannot be opened with full access, with ERROR_BAD_DRIVER on a system that this build does
+// not fit.
+ZPLUI_API BOOL WINAPI DrvUpgradePrinter(DWORD level, LPBYTE info);
+
 // ---- Codecs and checksums -----------------------------------------------------------------------
 //
 // Input and output are raw bytes. A null pointer is harmless where its length is 0.

@@ -164,6 +164,12 @@ public:
     // derived from them in the registry.
     void FlushDataCache();
 
+    // Add the presets and stocks of the driver's default settings file to the printer's, in place
+    // of those of the same names. It lies beside the driver: GetOEM, "xxenu.kds". Nothing without
+    // it.
+    void InstallDefault_Presets();
+    void InstallDefault_Stocks();
+
     // Writes the plug and play identifiers of the model, if it has any, to the printer's data.
     void RecordDataToReg();
 

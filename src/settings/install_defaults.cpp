@@ -1,0 +1,40 @@
+// What the driver's default settings file gives a new printer. The printer model stands below its
+// stocks and presets; these operations of it belong to both.
+#include "core/ofile.h"
+#include "driver/driver_utility.h"
+#include "model/prtmodel.h"
+#include "settings/preset_list.h"
+#include "settings/stock_list.h"
+
+namespace {
+
+constexpr uint32_t UTF8 = 1208;
+
+// Opens the file of the model's brand. False without one; opening it would make one.
+bool OpenDefaults(OFile& file, const prtmodel& model) {
+    const OString name = DriverUtility::GetDriverDirectory() << "\\" << model.GetOEM() << "xxenu"
+                                                             << ".kds";
+    if (!OFile::Exists(name) || !file.Open(name, OFILE_READ)) return false;
+    file.SetCodePage(UTF8);
+    return true;
+}
+
+} // namespace
+
+void prtmodel::InstallDefault_Presets() {
+    OFile file;
+    if (!OpenDefaults(file, *this)) return;
+    PresetList presets;
+    presets.Load(this);
+    presets.Import(file, this);
+    presets.Save(this);
+}
+
+void prtmodel::InstallDefault_Stocks() {
+    OFile file;
+    if (!OpenDefaults(file, *this)) return;
+    StockList stocks(this);
+    stocks.Load(this);
+    stocks.Import(file, 0);
+    stocks.Save(this);
+}
