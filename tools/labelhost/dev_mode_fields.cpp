@@ -28,47 +28,48 @@ constexpr Kind KindOf() {
     return std::is_array_v<T> ? Kind::Wide : std::is_signed_v<T> ? Kind::Signed : Kind::Unsigned;
 }
 
-#define PUBLIC(field, ...)                                                                         \
-    {                                                                                              \
-#field, offsetof(DEVMODEW, field), sizeof(DEVMODEW::field),                                \
-            KindOf < decltype(DEVMODEW::field)>(), __VA_ARGS__                                     \
-    }
+template <class T>
+constexpr Field Public(const char* name, T DEVMODEW::*, size_t offset, DWORD bit,
+                       bool settable = true) {
+    return {name, offset, sizeof(T), KindOf<T>(), bit, settable};
+}
+#define PUBLIC(field) #field, &DEVMODEW::field, offsetof(DEVMODEW, field)
 
 constexpr Field kPublic[] = {
-    PUBLIC(dmDeviceName, 0),
-    PUBLIC(dmSpecVersion, 0, false),
-    PUBLIC(dmDriverVersion, 0, false),
-    PUBLIC(dmSize, 0, false),
-    PUBLIC(dmDriverExtra, 0, false),
-    PUBLIC(dmFields, 0),
-    PUBLIC(dmOrientation, DM_ORIENTATION),
-    PUBLIC(dmPaperSize, DM_PAPERSIZE),
-    PUBLIC(dmPaperLength, DM_PAPERLENGTH),
-    PUBLIC(dmPaperWidth, DM_PAPERWIDTH),
-    PUBLIC(dmScale, DM_SCALE),
-    PUBLIC(dmCopies, DM_COPIES),
-    PUBLIC(dmDefaultSource, DM_DEFAULTSOURCE),
-    PUBLIC(dmPrintQuality, DM_PRINTQUALITY),
-    PUBLIC(dmColor, DM_COLOR),
-    PUBLIC(dmDuplex, DM_DUPLEX),
-    PUBLIC(dmYResolution, DM_YRESOLUTION),
-    PUBLIC(dmTTOption, DM_TTOPTION),
-    PUBLIC(dmCollate, DM_COLLATE),
-    PUBLIC(dmFormName, DM_FORMNAME),
-    PUBLIC(dmLogPixels, DM_LOGPIXELS),
-    PUBLIC(dmBitsPerPel, 0),
-    PUBLIC(dmPelsWidth, 0),
-    PUBLIC(dmPelsHeight, 0),
-    PUBLIC(dmDisplayFlags, 0),
-    PUBLIC(dmDisplayFrequency, 0),
-    PUBLIC(dmICMMethod, DM_ICMMETHOD),
-    PUBLIC(dmICMIntent, DM_ICMINTENT),
-    PUBLIC(dmMediaType, DM_MEDIATYPE),
-    PUBLIC(dmDitherType, DM_DITHERTYPE),
-    PUBLIC(dmReserved1, 0),
-    PUBLIC(dmReserved2, 0),
-    PUBLIC(dmPanningWidth, 0),
-    PUBLIC(dmPanningHeight, 0),
+    Public(PUBLIC(dmDeviceName), 0),
+    Public(PUBLIC(dmSpecVersion), 0, false),
+    Public(PUBLIC(dmDriverVersion), 0, false),
+    Public(PUBLIC(dmSize), 0, false),
+    Public(PUBLIC(dmDriverExtra), 0, false),
+    Public(PUBLIC(dmFields), 0),
+    Public(PUBLIC(dmOrientation), DM_ORIENTATION),
+    Public(PUBLIC(dmPaperSize), DM_PAPERSIZE),
+    Public(PUBLIC(dmPaperLength), DM_PAPERLENGTH),
+    Public(PUBLIC(dmPaperWidth), DM_PAPERWIDTH),
+    Public(PUBLIC(dmScale), DM_SCALE),
+    Public(PUBLIC(dmCopies), DM_COPIES),
+    Public(PUBLIC(dmDefaultSource), DM_DEFAULTSOURCE),
+    Public(PUBLIC(dmPrintQuality), DM_PRINTQUALITY),
+    Public(PUBLIC(dmColor), DM_COLOR),
+    Public(PUBLIC(dmDuplex), DM_DUPLEX),
+    Public(PUBLIC(dmYResolution), DM_YRESOLUTION),
+    Public(PUBLIC(dmTTOption), DM_TTOPTION),
+    Public(PUBLIC(dmCollate), DM_COLLATE),
+    Public(PUBLIC(dmFormName), DM_FORMNAME),
+    Public(PUBLIC(dmLogPixels), DM_LOGPIXELS),
+    Public(PUBLIC(dmBitsPerPel), 0),
+    Public(PUBLIC(dmPelsWidth), 0),
+    Public(PUBLIC(dmPelsHeight), 0),
+    Public(PUBLIC(dmDisplayFlags), 0),
+    Public(PUBLIC(dmDisplayFrequency), 0),
+    Public(PUBLIC(dmICMMethod), DM_ICMMETHOD),
+    Public(PUBLIC(dmICMIntent), DM_ICMINTENT),
+    Public(PUBLIC(dmMediaType), DM_MEDIATYPE),
+    Public(PUBLIC(dmDitherType), DM_DITHERTYPE),
+    Public(PUBLIC(dmReserved1), 0),
+    Public(PUBLIC(dmReserved2), 0),
+    Public(PUBLIC(dmPanningWidth), 0),
+    Public(PUBLIC(dmPanningHeight), 0),
 };
 #undef PUBLIC
 
@@ -119,12 +120,10 @@ std::string NarrowText(const BYTE* at, size_t size) {
 }
 
 int64_t NumberAt(const Field& field, const BYTE* at) {
-    uint64_t bits = 0;
-    for (size_t i = field.size; i-- > 0;) bits = bits << 8 | at[i];
-    const uint64_t sign = uint64_t{1} << (8 * field.size - 1);
-    const auto value = static_cast<int64_t>(bits);
-    return field.kind == Kind::Signed && bits & sign ? value - 2 * static_cast<int64_t>(sign)
-                                                     : value;
+    uint32_t bits = 0;
+    std::memcpy(&bits, at, field.size);
+    if (field.kind == Kind::Unsigned) return bits;
+    return field.size == sizeof(int16_t) ? static_cast<int16_t>(bits) : static_cast<int32_t>(bits);
 }
 
 Json ValueAt(const Field& field, const BYTE* at) {
