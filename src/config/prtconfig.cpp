@@ -20,6 +20,10 @@ size_t RoomOf(const endconfig& tail) {
     return ExtentOf(tail) - sizeof tail;
 }
 
+bool IsSigned(const endconfig& tail) {
+    return std::memcmp(tail.signature, "kvk", sizeof tail.signature) == 0;
+}
+
 const prtconfig* BlockOf(const endconfig& tail) {
     return reinterpret_cast<const prtconfig*>(reinterpret_cast<const char*>(&tail) - RoomOf(tail));
 }
@@ -86,8 +90,7 @@ const endconfig* prtconfig::get_tail(const void* record, uint16_t size, uint16_t
     if (extra < sizeof(endconfig)) return nullptr;
     const char* end = static_cast<const char*>(record) + size + extra;
     const auto* tail = reinterpret_cast<const endconfig*>(end - sizeof(endconfig));
-    if (std::memcmp(tail->signature, "kvk", sizeof tail->signature) != 0) return nullptr;
-    return ExtentOf(*tail) <= extra ? tail : nullptr;
+    return IsSigned(*tail) && ExtentOf(*tail) <= extra ? tail : nullptr;
 }
 
 const endconfig* prtconfig::get_tail(const DEVMODEW* dev_mode) {
@@ -114,7 +117,9 @@ prtconfig* prtconfig::get_cfg(DEVMODEW* dev_mode) {
 
 void prtconfig::Copy(endconfig* destination, const endconfig* source) {
     if (!destination || !source || destination == source) return;
-    if (std::memcmp(destination, source, offsetof(endconfig, size)) != 0) return;
+    if (!IsSigned(*destination) || !IsSigned(*source) ||
+        std::memcmp(destination->prefix, source->prefix, sizeof source->prefix) != 0)
+        return;
     const size_t room = RoomOf(*destination);
     const size_t head = offsetof(prtconfig, flags); // as far as length and version
     if (room < head || RoomOf(*source) < head) return;

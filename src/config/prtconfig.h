@@ -94,8 +94,9 @@ struct prtconfig {
     static prtconfig* get_cfg(DEVMODEW* dev_mode);
 
     // Copies the configuration in front of one tail to that in front of another: as many bytes as
-    // the shorter one has. Nothing when a tail is null, when the printer families differ and when
-    // the configurations are of different versions. The tails are get_tail's.
+    // the shorter one has. Nothing when a tail is null or without the signature, when the printer
+    // families differ and when the configurations are of different versions. Both tails stand
+    // behind at least as many bytes as their sizes tell of, as those from get_tail do.
     static void Copy(endconfig* destination, const endconfig* source);
 
     // The size of configuration and tail in this driver.

@@ -139,6 +139,18 @@ TEST(DriverConfiguration, IsCopiedBetweenDevModesOfOneFamilyAndVersion) {
     }
 }
 
+TEST(DriverConfiguration, IsNotCopiedBetweenTailsThatAreNotSigned) {
+    Record to(220, 1288), from(220, 1288);
+    to.Tail(1124, "kvxzpl");
+    from.Tail(1124, "kvxzpl");
+    std::memset(from.End() - 1124, 0x21, 1116);
+    std::memset(to.End() - 1124 + 1024, 0x21, 4); // the same length and version
+    const std::vector<char> before = to.bytes;
+    prtconfig::Copy(reinterpret_cast<endconfig*>(to.End() - 8),
+                    reinterpret_cast<const endconfig*>(from.End() - 8));
+    EXPECT_EQ(to.bytes, before);
+}
+
 TEST(DriverConfiguration, IsEqualInTextsLengthAndEverythingBehindIt) {
     Block a, b;
     EXPECT_TRUE(*a == *b);

@@ -69,11 +69,23 @@ TEST_F(ZplConfiguration, KeepsItsFieldsInTheirPlaces) {
     const struct {
         const void* field;
         ptrdiff_t offset;
-    } cases[] = {{&config.media_type, 1060},  {&config.backfeed, 1064},
-                 {&config.label_top, 1084},   {&config.absolute_darkness, 1096},
-                 {&config.print_mode, 1100},  {&config.option, 1102},
-                 {&config.cut_variant, 1104}, {&config.stock_option, 1106},
-                 {&config.stock_count, 1108}, {&config.setting_flags, 1112}};
+    } cases[] = {{&config.media_type, 1060},
+                 {&config.media_tracking, 1062},
+                 {&config.backfeed, 1064},
+                 {&config.backfeed_percentage, 1068},
+                 {&config.print_speed, 1072},
+                 {&config.slew_speed, 1076},
+                 {&config.backfeed_speed, 1080},
+                 {&config.label_top, 1084},
+                 {&config.tear_off, 1088},
+                 {&config.relative_darkness, 1092},
+                 {&config.absolute_darkness, 1096},
+                 {&config.print_mode, 1100},
+                 {&config.option, 1102},
+                 {&config.cut_variant, 1104},
+                 {&config.stock_option, 1106},
+                 {&config.stock_count, 1108},
+                 {&config.setting_flags, 1112}};
     for (const auto& c : cases)
         EXPECT_EQ(static_cast<const char*>(c.field) - reinterpret_cast<const char*>(&config),
                   c.offset);
