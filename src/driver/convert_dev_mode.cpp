@@ -45,15 +45,14 @@ BOOL Convert(const DEVMODEW* in, DEVMODEW* out, PDWORD size, bool to_351) {
     // A buffer that is shorter than that does not say what layout it wants.
     if (*size < HEADER)
         return Fail(size, (to_351 ? SIZE_351 : DWORD{sizeof(DEVMODEW)}) + in->dmDriverExtra);
+    const WORD in_size = in->dmSize; // before the output, which may be the same
+    const WORD extra = in->dmDriverExtra;
     if (to_351) {
         out->dmSpecVersion = SPEC_VERSION_351;
         out->dmSize = SIZE_351;
     }
-
     const WORD spec_version = out->dmSpecVersion;
     const WORD out_size = out->dmSize;
-    const WORD in_size = in->dmSize;
-    const WORD extra = in->dmDriverExtra;
     if (out_size < HEADER) return Fail(ERROR_INVALID_PARAMETER);
     const DWORD needed = DWORD{out_size} + extra;
     if (*size < needed) return Fail(size, needed);

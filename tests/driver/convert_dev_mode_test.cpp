@@ -116,6 +116,13 @@ TEST_F(ConvertDevMode, WorksInPlace) {
     DWORD size = 250;
     EXPECT_EQ(Call(mode.dev_mode(), mode.dev_mode(), &size, CDM_CONVERT), 0u);
     EXPECT_EQ(mode.bytes, before);
+
+    std::fill(mode.bytes.begin() + 188, mode.bytes.begin() + 220, 'o');
+    EXPECT_EQ(Call(mode.dev_mode(), mode.dev_mode(), &size, CDM_CONVERT351), 0u);
+    EXPECT_EQ(size, 218u);
+    EXPECT_EQ(mode->dmSize, 188);
+    EXPECT_EQ(mode.bytes[187], 'p');
+    EXPECT_EQ(mode.bytes[188], 'p') << "the private bytes have moved";
 }
 
 TEST_F(ConvertDevMode, RefusesWhatIsNoDevMode) {
