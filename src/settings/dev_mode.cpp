@@ -206,11 +206,10 @@ void DevMode::SetPaperSize(int paper_size) {
 
 void DevMode::SetStock(const Stock* stock) {
     if (!stock) return;
-    const auto narrow = [](LONG size) { return static_cast<int>(std::min<LONG>(size, INT16_MAX)); };
     const SIZE size = stock->GetFormSize();
     SetPaperSize(stock->paper_id);
-    Set(&DEVMODEW::dmPaperWidth, narrow(size.cx), stock->is_user() ? DM_PAPERWIDTH : 0);
-    Set(&DEVMODEW::dmPaperLength, narrow(size.cy), stock->is_user() ? DM_PAPERLENGTH : 0);
+    Set(&DEVMODEW::dmPaperWidth, PaperExtent(size.cx), stock->is_user() ? DM_PAPERWIDTH : 0);
+    Set(&DEVMODEW::dmPaperLength, PaperExtent(size.cy), stock->is_user() ? DM_PAPERLENGTH : 0);
     if (!Holds(&DEVMODEW::dmFormName)) return;
     PutFixedText(dev_mode_->dmFormName, stock->GetName(), CCHFORMNAME);
     dev_mode_->dmFields |= DM_FORMNAME;

@@ -5,6 +5,7 @@
 #include "model/prtmodel.h"
 #include "settings/common_private_dm.h"
 #include "settings/dev_mode.h"
+#include "settings/public_part.h"
 
 void DevMode::Reset(const prtmodel* model) {
     configuration_ = nullptr;
@@ -24,8 +25,8 @@ void DevMode::Reset(const prtmodel* model) {
                     DM_YRESOLUTION | DM_TTOPTION | DM_COLLATE;
     mode.dmOrientation = DMORIENT_PORTRAIT;
     mode.dmPaperSize = DMPAPER_USER;
-    mode.dmPaperLength = static_cast<SHORT>(model->GetDefaultPaperLength().MM10());
-    mode.dmPaperWidth = static_cast<SHORT>(model->GetDefaultPaperWidth().MM10());
+    mode.dmPaperLength = PaperExtent(model->GetDefaultPaperLength().MM10());
+    mode.dmPaperWidth = PaperExtent(model->GetDefaultPaperWidth().MM10());
     mode.dmScale = 100;
     mode.dmCopies = 1;
     mode.dmDefaultSource = DMBIN_USER;

@@ -5,7 +5,13 @@
 
 #include <algorithm>
 #include <cstddef>
+#include <cstdint>
 #include <cstring>
+
+// A length or width of paper, in tenths of a millimetre, as far as a field can hold it.
+inline SHORT PaperExtent(int32_t tenths) {
+    return static_cast<SHORT>(std::clamp<int32_t>(tenths, INT16_MIN, INT16_MAX));
+}
 
 // A copy of the public fields in today's layout: what the DEVMODE does not hold is 0, what it has
 // beyond is left out. So all fields can be looked at and changed without a thought to its size.

@@ -88,6 +88,13 @@ TEST_F(DriverDevMode, CutsTheDeviceNameToLeaveATerminator) {
     EXPECT_EQ(mode.GetDevMode()->dmSpecVersion, 0x401);
 }
 
+TEST_F(DriverDevMode, HasTheLongestPaperItCanSayForLongerLabels) {
+    Install(Tables("Stock.Default.Y=4000 mm\n"));
+    DevMode mode;
+    mode.CreateDefault(Model().get());
+    EXPECT_EQ(mode.GetDevMode()->dmPaperLength, 32767);
+}
+
 TEST_F(DriverDevMode, LeavesColourManagementToSystemsThatHaveIt) {
     Install(Tables());
     const struct {
