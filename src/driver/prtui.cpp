@@ -1,0 +1,75 @@
+#include "driver/prtui.h"
+
+#include <new>
+
+#include "config/network_policy.h"
+#include "config/user_info.h"
+#include "core/crc.h"
+#include "driver/printer_info.h"
+
+namespace {
+
+// Texts in the language library.
+enum : int {
+    CURRENT_SETTINGS_NAME = 4102,
+    DEFAULT_SETTINGS_NAME = 4103,
+    CURRENT_SETTINGS_DESCRIPTION = 4104,
+    DEFAULT_SETTINGS_DESCRIPTION = 4105,
+    START_ON_LAST_PAGE = 9990, // "Y" or "N"
+};
+
+} // namespace
+
+prtui::~prtui() = default;
+
+void prtui::init(HANDLE printer, const DEVMODEW* in, uint32_t mode) {
+    fmode = mode;
+    hprinter = printer;
+
+    const PrinterInfo info(printer);
+    printer_name = info.GetPrinterName();
+    port_name = info.GetPortName();
+    driver_name = info.GetDriverName();
+    model.reset(prtmodel::new_ext(info));
+    if (!model) return;
+    devmode.CreateDefault(model.get());
+    devmode.Merge(info.GetDevMode(), model.get());
+    if (mode & DM_IN_BUFFER) devmode.Merge(in, model.get());
+    InitEx();
+}
+
+void prtui::InitEx() {
+    if (const DEVMODEW* settings = devmode.GetDevMode()) {
+        devmode_crc = CRC32(settings, uint32_t{settings->dmSize} + settings->dmDriverExtra, 0);
+        devmode_saved.Create();
+        devmode.CopyTo(devmode_saved.GetDevMode());
+    }
+    locale.Load(model->GetRegistry(), model.get());
+    presets.Load(model.get());
+    AddBuiltInPresets();
+    stocks.init(model.get());
+    stocks.Load(model.get());
+    restricted = UserInfo().GetLevel() < NetworkPolicy(model->GetPrinterName()).GetAccessLevel();
+    start_on_last = locale.GetString(START_ON_LAST_PAGE) == "Y";
+}
+
+void prtui::AddBuiltInPresets() {
+    const auto add = [this](Preset::BuiltIn kind, int32_t priority, int name, int description) {
+        auto* preset = new (std::nothrow) Preset;
+        if (!preset) return;
+        preset->SetBuiltIn(kind);
+        preset->SetPriority(priority);
+        if (kind == Preset::CURRENT_SETTINGS)
+            preset->SetDevMode(devmode.GetDevMode());
+        else
+            preset->SetToDefaultDevMode(model.get());
+        preset->SetName(locale.GetString(name));
+        preset->SetDescription(locale.GetString(description));
+        presets.AddTail_ReplaceName(preset);
+    };
+    add(Preset::CURRENT_SETTINGS, Preset::CURRENT_SETTINGS_PRIORITY, CURRENT_SETTINGS_NAME,
+        CURRENT_SETTINGS_DESCRIPTION);
+    add(Preset::DEFAULT_SETTINGS, Preset::DEFAULT_SETTINGS_PRIORITY, DEFAULT_SETTINGS_NAME,
+        DEFAULT_SETTINGS_DESCRIPTION);
+    presets.Sort();
+}

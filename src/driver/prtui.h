@@ -1,0 +1,61 @@
+// The UI object: one printer with everything that property sheets and the settings interface edit.
+#pragma once
+
+#include <windows.h>
+
+#include <cstdint>
+#include <memory>
+
+#include "locale/prtlocale.h"
+#include "printer/ui_printer.h"
+#include "settings/dev_mode.h"
+#include "settings/preset_list.h"
+#include "settings/stock_list.h"
+
+class prtstream;
+
+// Made by new_ext for one property sheet or one user of the settings interface, filled by init,
+// edited in place. Used on the thread that made it.
+//
+// Without a model for the printer, init leaves the names alone filled in: `model` is null, the
+// DEVMODEs have no buffer, the lists are empty.
+class prtui : public UIPrinter {
+public:
+    // The UI object of the printer language that the driver speaks; null without memory.
+    static prtui* new_ext();
+
+    prtui() = default;
+    virtual ~prtui();
+
+    // Loads everything that is edited, for a model and a DEVMODE that exist. Called by init.
+    virtual void InitEx();
+
+    // Takes a printer: its names, its model, and its document settings, which are the model's
+    // defaults with the printer's default DEVMODE merged into them and, when `mode` has
+    // DM_IN_BUFFER, `in` (which may be null). The handle is borrowed for the object's life. Once
+    // per object.
+    void init(HANDLE printer, const DEVMODEW* in, uint32_t mode);
+
+    prtlocale locale;
+
+    // `devmode` as it was when it was last taken over, given back on cancel.
+    DevMode devmode_saved;
+    // The checksum of `devmode` at that time.
+    uint32_t devmode_crc = 0;
+
+    // With the two built-in presets, which have the current and the default settings.
+    PresetList presets;
+    StockList stocks;
+
+    uint32_t fmode = 0;
+    // The user's access level is below the one that the printer requires.
+    bool restricted = false;
+    // A sheet opens on its last page, that of the information about the driver.
+    bool start_on_last = false;
+
+    // The way to the printer; null until the language's InitEx.
+    prtstream* stream = nullptr;
+
+private:
+    void AddBuiltInPresets();
+};

@@ -1,0 +1,85 @@
+// What the module says to the driver's rendering module: private escapes on a printer device
+// context, and their records. All integers are little-endian.
+#pragma once
+
+#include <cstddef>
+#include <cstdint>
+
+enum PrivateEscape : int {
+    ESCAPE_BAR = 11010,                // one filled bar of the test page, 24 bytes
+    ESCAPE_CACHE_ACTION = 11020,       // a KVCacheAction
+    ESCAPE_RAW_PACKET = 15001,         // a 16-bit count and so many bytes, into the job as they are
+    ESCAPE_DOWNLOAD_FONT = 15011,      // a KVFontInfo
+    ESCAPE_DOWNLOAD_FONT_DATA = 15012, // a 16-bit count and so many bytes of a font file
+    ESCAPE_DOWNLOAD_BITMAP = 15013,    // a KVDownloadBitmapChar with its rows
+    ESCAPE_READ_CACHE_SETTINGS = 15031,
+    ESCAPE_WRITE_CACHE_SETTINGS = 15032,
+    ESCAPE_CACHE_INFORMATION = 15033, // without output: the size of the description
+    ESCAPE_CACHE_ITEM_ACTION = 15034, // a KVCacheItemAction
+};
+
+// A font in the printer's memory. Texts are 8-bit and zero-terminated; what has no name here is
+// carried along.
+struct KVFontInfo {
+    enum Operation : uint16_t {
+        BEGIN_TRUETYPE = 1,
+        BEGIN_BITMAP = 2, // one pass: all glyphs in one rotation
+        ERASE = 3,
+        FINISH = 4,
+        END_TRUETYPE = 5,
+        END_BITMAP = 6,
+    };
+
+    char display_name[64];
+    char file_name[32];  // in the printer, with ".FNT"
+    char identifier[64]; // one character
+    char location[16];   // the letter of a memory
+    uint16_t max_char_width;
+    uint16_t ave_char_width;
+    uint16_t height;
+    uint16_t ascent;
+    uint16_t descent;
+    uint16_t internal_leading;
+    uint32_t data_size; // bytes of the font file, or of all glyphs
+    uint16_t operation;
+    uint16_t rotation; // of the pass: 0 upright, 1 a quarter turn clockwise
+    uint32_t characters;
+};
+static_assert(sizeof(KVFontInfo) == 200);
+static_assert(offsetof(KVFontInfo, identifier) == 96);
+static_assert(offsetof(KVFontInfo, location) == 160);
+static_assert(offsetof(KVFontInfo, max_char_width) == 176);
+static_assert(offsetof(KVFontInfo, data_size) == 188);
+static_assert(offsetof(KVFontInfo, operation) == 192);
+
+// One glyph. Its rows follow: one bit per pixel, the leftmost highest, set where there is ink.
+struct KVDownloadBitmapChar {
+    uint16_t character;
+    uint16_t advance; // pixels
+    uint16_t height;
+    uint16_t ascent;
+    uint16_t rotation;
+    uint16_t data_size; // row_bytes times rows
+    uint16_t rows;
+    uint16_t row_bytes;
+};
+static_assert(sizeof(KVDownloadBitmapChar) == 16);
+static_assert(offsetof(KVDownloadBitmapChar, data_size) == 10);
+
+struct KVCacheAction {
+    enum Action : uint32_t {
+        CLEAR = 0,
+        RESET_SETTINGS = 2,
+        FORGET_LOCATION = 4, // the objects in the memory whose letter is the argument
+    };
+    uint32_t action;
+    uint32_t argument;
+};
+static_assert(sizeof(KVCacheAction) == 8);
+
+struct KVCacheItemAction {
+    enum Action : uint32_t { PRINT = 0, REMOVE = 1, LOCK = 2, UNLOCK = 3 };
+    uint32_t id;
+    uint32_t action;
+};
+static_assert(sizeof(KVCacheItemAction) == 8);
