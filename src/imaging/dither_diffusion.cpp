@@ -33,6 +33,7 @@ Kernel KernelOf([[maybe_unused]] SimdLevel level) {
 #ifdef KERNEL_LEVELS
     if (level == SimdLevel::AVX512) return {avx512::kRows, avx512::Diffuse};
     if (level == SimdLevel::AVX2) return {avx2::kRows, avx2::Diffuse};
+    if (level == SimdLevel::SSE4) return {sse4::kRows, sse4::Diffuse};
 #endif
     return {plain::kRows, plain::Diffuse};
 }

@@ -21,6 +21,7 @@ void AdjustRow([[maybe_unused]] SimdLevel level, uint8_t* row, int width,
 #ifdef KERNEL_LEVELS
     if (level == SimdLevel::AVX512) return avx512::Adjust(row, width, adjustment);
     if (level == SimdLevel::AVX2) return avx2::Adjust(row, width, adjustment);
+    if (level == SimdLevel::SSE4) return sse4::Adjust(row, width, adjustment);
 #endif
     plain::Adjust(row, width, adjustment);
 }
@@ -30,6 +31,7 @@ void ScreenRow([[maybe_unused]] SimdLevel level, uint8_t* row, int width, const 
 #ifdef KERNEL_LEVELS
     if (level == SimdLevel::AVX512) return avx512::Screen(row, width, job, pattern);
     if (level == SimdLevel::AVX2) return avx2::Screen(row, width, job, pattern);
+    if (level == SimdLevel::SSE4) return sse4::Screen(row, width, job, pattern);
 #endif
     plain::Screen(row, width, job, pattern);
 }

@@ -32,6 +32,15 @@
 #define KERNELS_END _Pragma("GCC pop_options")
 #endif
 
+#define KERNEL_LEVEL sse4
+#define KERNEL_VECTOR 16
+KERNELS_FOR("ssse3,sse4.1")
+#include "imaging/vector_kernels.h"
+#include KERNELS
+KERNELS_END
+#undef KERNEL_LEVEL
+#undef KERNEL_VECTOR
+
 #define KERNEL_LEVEL avx2
 #define KERNEL_VECTOR 32
 KERNELS_FOR("avx2")

@@ -5,7 +5,7 @@
 #include <cstdint>
 
 // The instruction sets that kernels are compiled for, worst first.
-enum class SimdLevel { PLAIN, AVX2, AVX512 };
+enum class SimdLevel { PLAIN, SSE4, AVX2, AVX512 };
 
 // The best level that this processor has.
 SimdLevel BestSimdLevel();

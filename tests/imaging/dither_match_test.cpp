@@ -83,7 +83,8 @@ void ExpectMatch(const ImageDither& record, const std::vector<uint8_t>& image) {
     std::vector<uint8_t> expected_image = image;
     expected.pixels = expected_image.data();
     OracleDither(expected);
-    for (SimdLevel level : {SimdLevel::PLAIN, SimdLevel::AVX2, SimdLevel::AVX512}) {
+    for (SimdLevel level :
+         {SimdLevel::PLAIN, SimdLevel::SSE4, SimdLevel::AVX2, SimdLevel::AVX512}) {
         if (level > BestSimdLevel()) continue;
         ImageDither actual = record;
         std::vector<uint8_t> actual_image = image;
