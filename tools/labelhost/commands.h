@@ -16,3 +16,4 @@ void DitherCommand(const Words& words);
 void DocumentCommand(const Words& words);
 void ConvertCommand(const Words& words);
 void RegistryCommand(const Words& words);
+void PrinterEmulatorCommand(const Words& words);

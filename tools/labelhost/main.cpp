@@ -38,6 +38,9 @@ constexpr Command kCommands[] = {
     {"registry", RegistryCommand,
      "registry dump KEY | set KEY NAME TYPE HEX | delete KEY [NAME]\n"
      "                    look at or change the host's registry"},
+    {"printer-emulator", PrinterEmulatorCommand,
+     "printer-emulator --port N [--answers DIR]\n"
+     "                    a ZPL printer on the network that answers the host's queries"},
 };
 
 void PrintUsage(std::FILE* out) {
