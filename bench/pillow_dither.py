@@ -28,8 +28,8 @@ def main():
                 start = time.perf_counter()
                 image.convert("1", dither=method)
                 times.append(time.perf_counter() - start)
-            print(f"Pillow/{name}/mono/{height:<24} {min(times) * 1e3:8.3f} ms "
-                  f"bytes_per_second={size / min(times) / 2**30:.3f}G/s")
+            case = f"Pillow/{name}/mono/{height}"
+            print(f"{case:<40} {min(times) * 1e3:8.3f} ms {size / min(times) / 2**30:12.4f}G/s")
 
 
 if __name__ == "__main__":

@@ -45,6 +45,7 @@ bool DiffuseImage(SimdLevel level, const DiffusionJob& job, uint8_t (&last)[3]) 
     const size_t columns = static_cast<size_t>(job.width) + size_t{2} * kMargin;
     const std::unique_ptr<int16_t[]> errors(new (std::nothrow) int16_t[6 * columns]());
     if (!errors) return false;
+    if (job.flip) FlipRows(job.pixels, job.width, job.height);
     Carry carry;
     for (size_t c = 0; c < 3; ++c) {
         carry.above[c] = errors.get() + c * columns + kMargin;

@@ -11,6 +11,7 @@ struct DiffusionJob {
     int width; // both at least 1
     int height;
     bool mirror; // rows are to be mirrored left to right at first
+    bool flip;   // and then the image top to bottom
     bool jarvis; // the kernel: Jarvis, Judice and Ninke instead of Floyd and Steinberg
     const DitherAdjustment* adjustment;
     const DitherPalette* palette; // not empty in palette mode

@@ -1,6 +1,5 @@
 #include "imaging/dither_engine.h"
 
-#include <algorithm>
 #include <cstring>
 
 #include "imaging/dither_adjustment.h"
@@ -33,12 +32,6 @@ DitherOutput OutputOf(const ImageDither& record) {
     return output;
 }
 
-void MirrorRows(uint8_t* pixels, size_t row_size, int height) {
-    uint8_t* bottom = pixels + static_cast<size_t>(height - 1) * row_size;
-    for (uint8_t* top = pixels; top < bottom; top += row_size, bottom -= row_size)
-        std::swap_ranges(top, top + row_size, bottom);
-}
-
 } // namespace
 
 void DitherImage(ImageDither& record, SimdLevel level) {
@@ -54,20 +47,20 @@ void DitherImage(ImageDither& record, SimdLevel level) {
     const DitherAdjustment adjustment(config, output.kind == DitherOutput::MONOCHROME);
     const DitherPalette palette(record.palette, record.palette_count);
     const bool mirror = config.flags & dithercfg::FLAG_MIRROR;
+    const bool flip = config.flags & dithercfg::FLAG_FLIP;
     const bool nothing_to_choose = output.kind == DitherOutput::PALETTE && palette.size == 0;
     const bool diffusion = config.algorithm >= dithercfg::ALGORITHM_DIFFUSION;
     const DitherPattern pattern(config, record.origin_x, record.origin_y);
 
-    if (config.flags & dithercfg::FLAG_FLIP) MirrorRows(record.pixels, row_size, height);
-
     // The last pixel as it is looked up in the palette.
     uint8_t last[3] = {};
     if (diffusion && !nothing_to_choose) {
-        const DiffusionJob job = {
-            record.pixels, width,    height, mirror, config.diffusion_kernel == 1,
-            &adjustment,   &palette, output};
+        const DiffusionJob job = {record.pixels, width,    height,
+                                  mirror,        flip,     config.diffusion_kernel == 1,
+                                  &adjustment,   &palette, output};
         if (!DiffuseImage(level, job, last)) return;
     } else {
+        if (flip) FlipRows(record.pixels, width, height);
         const ScreenJob job = {&adjustment, &palette, output,
                                config.algorithm != dithercfg::ALGORITHM_NONE, pattern.Range()};
         for (int y = 0; y < height; ++y) {

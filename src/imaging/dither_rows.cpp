@@ -15,6 +15,13 @@ void MirrorRow(uint8_t* row, int width) {
     }
 }
 
+void FlipRows(uint8_t* pixels, int width, int height) {
+    const ptrdiff_t row_size = 3 * static_cast<ptrdiff_t>(width);
+    uint8_t* bottom = pixels + (height - 1) * row_size;
+    for (uint8_t* top = pixels; top < bottom; top += row_size, bottom -= row_size)
+        std::swap_ranges(top, top + row_size, bottom);
+}
+
 void AdjustRow([[maybe_unused]] SimdLevel level, uint8_t* row, int width,
                const DitherAdjustment& adjustment) {
     if (adjustment.nothing) return;

@@ -19,6 +19,9 @@ struct DitherOutput {
 // Mirrors a row of pixels left to right.
 void MirrorRow(uint8_t* row, int width);
 
+// Mirrors an image top to bottom.
+void FlipRows(uint8_t* pixels, int width, int height);
+
 // Adjusts a row of pixels.
 void AdjustRow(SimdLevel level, uint8_t* row, int width, const DitherAdjustment& adjustment);
 

@@ -55,7 +55,8 @@ struct ImageDither {
     // `index`: see `index_output`.
     void SetColorMode(int mode, bool index);
 
-    // Adjusts the colours, mirrors the image and screens it, in place.
+    // Adjusts the colours, mirrors the image and screens it, in place. Error diffusion takes memory
+    // for a few numbers per column; where there is none the image is left alone.
     //
     // Palette mode chooses among the two entries that are nearest to a pixel; where there is no
     // second one with another value, the nearest is taken.
