@@ -47,7 +47,8 @@ void prtconfig::Reset(const prtmodel* model) {
     option_length = 6350;
     dithercfg settings;
     settings.Reset();
-    settings.clustered_matrix = dithercfg::_DefaultClusterMatrix(model->GetXResolution());
+    if (model)
+        settings.clustered_matrix = dithercfg::_DefaultClusterMatrix(model->GetXResolution());
     dither = settings;
 }
 

@@ -25,8 +25,9 @@ static_assert(sizeof(endconfig) == 8);
 // The configuration as the framework sees it: the head of a block that the printer language makes
 // longer. It is a stored format, little-endian.
 //
-// `model` is never null. Blocks that come out of a DEVMODE through get_cfg keep to their length;
-// nothing else is checked in them, so every field may have any value until Validate.
+// `model` is never null, except where said. Blocks that come out of a DEVMODE through get_cfg keep
+// to their length; nothing else is checked in them, so every field may have any value until
+// Validate.
 struct prtconfig {
     static constexpr int USER_COMMANDS = 4;
     static constexpr int USER_COMMAND_SIZE = 256;
@@ -56,7 +57,8 @@ struct prtconfig {
     // The printer takes 24-bit colours and screens them by itself.
     bool is_24bit_device() const { return dither.algorithm == dithercfg::ALGORITHM_DEVICE; }
 
-    // Sets the framework's part to its first state; length and version are left alone.
+    // Sets the framework's part to its first state, without a model to one that suits none in
+    // particular; length and version are left alone.
     void Reset(const prtmodel* model);
     // Sets a whole block, of GetTotalSize() less the tail, to the first state that the printer
     // language gives it. Nothing for null.

@@ -37,7 +37,7 @@ void extconfig::Reset(const prtmodel* model) {
     media_type = -1;
     media_tracking = -1;
     print_mode = PRINT_AS_SET;
-    print_speed = slew_speed = backfeed_speed = GetDefaultSpeed(*model->GetCustomData());
+    if (model) print_speed = slew_speed = backfeed_speed = GetDefaultSpeed(*model->GetCustomData());
     absolute_darkness = 12;
 }
 

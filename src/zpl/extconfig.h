@@ -48,7 +48,8 @@ struct extconfig : prtconfig {
     };
 
     // Everything as a new printer has it: speeds as the model's table marks them, media and print
-    // mode left to the printer, darkness 12.
+    // mode left to the printer, darkness 12. Without a model there are no speeds, and the dots of
+    // pictures are those of dithercfg::Reset.
     void Reset(const prtmodel* model);
 
     // Brings every setting into the limits of the model. What the model cannot do is taken back.

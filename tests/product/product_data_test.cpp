@@ -3,12 +3,16 @@
 #include <algorithm>
 #include <fstream>
 #include <map>
+#include <set>
 #include <sstream>
 
 #include "driver/printer_info.h"
 #include "model/symbology_info.h"
+#include "settings/preset_list.h"
+#include "settings/stock_list.h"
 #include "support/model_test.h"
 #include "support/program.h"
+#include "zpl/extconfig.h"
 
 namespace {
 
@@ -105,6 +109,49 @@ TEST_F(ProductData, HasOnePrinterOfEachKindAndASecondBrand) {
     EXPECT_EQ(Text(ModelOf("Printer TT X4 203 dpi")->GetManufacturerName()),
               "Toshiba TEC Corporation");
     EXPECT_EQ(Text(ModelOf("Printer Valdrick X4 203 dpi")->GetManufacturerName()), "Valdrick");
+}
+
+TEST_F(ProductData, GivesEveryPrinterTheDefaultStocksAndPresetsOnce) {
+    const std::vector<std::string> printers = InstallAll();
+    for (const std::string& printer : printers) {
+        SCOPED_TRACE(printer);
+        const auto model = ModelOf(printer);
+        StockList stocks(model.get());
+        stocks.Load(model.get());
+        std::set<std::string> names;
+        int valid = 0;
+        for (const Stock* stock = stocks.GetNext(nullptr); stock; stock = stocks.GetNext(stock)) {
+            EXPECT_TRUE(names.insert(Text(stock->GetName())).second) << Text(stock->GetName());
+            EXPECT_NE(stock->is_user(), stock->is_predefined());
+            if (stock->paper_id != 0) ++valid;
+        }
+        EXPECT_EQ(names.size(), 30u);
+        EXPECT_GT(valid, 10);
+
+        PresetList presets;
+        presets.Load(model.get());
+        std::string all;
+        for (Preset* preset = presets.GetNext(nullptr); preset; preset = presets.GetNext(preset)) {
+            all += Text(preset->GetName()) + ";";
+            const DevMode settings(preset->GetDevMode().GetDevMode());
+            EXPECT_EQ(presets.Find(settings), preset);
+            const auto* config = extconfig::get_cfg(settings.GetDevMode());
+            ASSERT_NE(config, nullptr);
+            extconfig sound = *config;
+            sound.Validate(model.get());
+            const bool has_speed = (config->setting_flags & extconfig::SETTING_SPEEDS) != 0;
+            EXPECT_TRUE(!has_speed || sound.print_speed == config->print_speed);
+            EXPECT_EQ(sound.GetDarkness(), config->GetDarkness());
+        }
+        EXPECT_EQ(all, "Draft;High quality;Wristband;");
+        auto* band = static_cast<Preset*>(presets.NameList::Find("Wristband"));
+        ASSERT_NE(band, nullptr);
+        const Stock* stock = stocks.Find(band->GetDevMode().GetDevMode());
+        const bool fits = stocks.Find("Wristband 1 x 11 in") != nullptr;
+        EXPECT_EQ(Text(stock->GetName()), fits ? "Wristband 1 x 11 in" : "USER");
+        EXPECT_EQ(stock->width, 25400);
+        EXPECT_EQ(band->GetDevMode().GetOrientation(), 1);
+    }
 }
 
 // The keys that a section may have. A key that is not listed is read by nobody: a misspelling.

@@ -87,4 +87,45 @@ TEST_F(Ddtpack, RefusesFilesThatAreNotSound) {
     }
 }
 
+TEST_F(Ddtpack, MakesASettingsFileOfStocksAndPresetsInWords) {
+    const std::string stocks = Put("a.txt", "! labels\n[Stocks]\n"
+                                            "Größe 1 = 4 in, 101.6 mm, 3 mm\n");
+    const std::string presets = Put("b.txt", "[Preset Dark]\nDescription=x = y\nDarkness=30\n");
+    const std::string out = OnDriveC("x.kds");
+    const ProgramResult made = Run({"settings", out, stocks, presets});
+    ASSERT_EQ(made.status, 0) << made.errors;
+    // 101600, 101600, liner 1270 twice, gap 0 and 3000, flags 6.
+    const std::string head = "<driver version='6.6'>\r\n\r\n<stock>\r\nName=Größe 1\r\nData=";
+    const std::string text = BytesOf(out);
+    EXPECT_EQ(text.substr(0, head.size()), head);
+    EXPECT_NE(text.find("<preset>\r\nName=Dark\r\nDescription=x = y\r\nData="), std::string::npos);
+}
+
+TEST_F(Ddtpack, NamesTheSettingsThatItDoesNotUnderstand) {
+    const struct {
+        const char* text;
+        const char* says;
+    } cases[] = {
+        {"A=1 in,1 in,0 mm\n", "line 1: a key before"},
+        {"[Papers]\n", "[Stocks] or [Preset NAME]"},
+        {"[Stocks]\n\nA=1 in,1 in\n", "line 3: a stock is"},
+        {"[Stocks]\nA=1,1 in,0 mm\n", "with units"},
+        {"[Stocks]\nA=1 in,1 in,-1 mm\n", "not negative"},
+        {"[Stocks]\nA=1 in,1 in,0 mm\nA=1 in,1 in,0 mm\n", "already"},
+        {"[Preset A]\nStock=B\n", "no stock of that name"},
+        {"[Preset A]\nDarkness=31\n", "-30 to 30"},
+        {"[Preset A]\nDarkness=high\n", "-30 to 30"},
+        {"[Preset A]\nOrientation=up\n", "portrait or landscape"},
+        {"[Preset A]\nColour=red\n", "no such key"},
+    };
+    for (const auto& c : cases) {
+        const ProgramResult result = Run({"settings", OnDriveC("x.kds"), Put("s.txt", c.text)});
+        EXPECT_EQ(result.status, 1) << c.text;
+        EXPECT_NE(result.errors.find(c.says), std::string::npos) << result.errors;
+        EXPECT_FALSE(std::filesystem::exists(OnDriveC("x.kds")));
+    }
+    EXPECT_EQ(Run({"settings", OnDriveC("x.kds")}).status, 2);
+    EXPECT_EQ(Run({"settings", "/nowhere/x.kds", Put("s.txt", "")}).status, 1);
+}
+
 } // namespace

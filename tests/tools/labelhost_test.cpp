@@ -47,7 +47,19 @@ TEST_F(Labelhost, RemovesWhatItInstalled) {
 TEST_F(Labelhost, InstallsAModelUnderAnotherBrand) {
     Install("Dock", "Valdrick D4 203 dpi", "tt");
     const Json files = RunJson({"capabilities", "Dock"})["file_dependencies"];
-    EXPECT_NE(std::find(files.begin(), files.end(), "zpltenu.dll"), files.end());
+    for (const char* file : {"zpl.ddt", "zpltenu.dll", "ottxxenu.kds"})
+        EXPECT_NE(std::find(files.begin(), files.end(), file), files.end()) << file;
+}
+
+TEST_F(Labelhost, GivesAPrinterTheDefaultStocksWhichASecondOneOfTheFamilyHasToo) {
+    Install("Dock 1", "Valdrick X4 203 dpi");
+    const Json first = RunJson({"capabilities", "Dock 1"})["paper_names"];
+    EXPECT_GT(first.size(), 20u);
+    EXPECT_EQ(first[0], "USER");
+    EXPECT_NE(std::find(first.begin(), first.end(), "4 x 6 in"), first.end());
+    Install("Dock 2", "Valdrick X4 203 dpi");
+    EXPECT_EQ(RunJson({"capabilities", "Dock 2"})["paper_names"], first);
+    EXPECT_EQ(RunJson({"capabilities", "Dock 1"})["paper_names"], first);
 }
 
 TEST_F(Labelhost, SaysInOneLineWhatWasWrong) {

@@ -1,10 +1,10 @@
 #include "custom_data.h"
 
 #include "core/base64.h"
+#include "text.h"
 #include "tool_error.h"
 
 #include <array>
-#include <charconv>
 #include <cstdint>
 #include <cstring>
 #include <sstream>
@@ -88,19 +88,6 @@ private:
     uint32_t flags_ = 0;
     size_t speeds_ = 0;
 };
-
-std::string Trim(const std::string& text) {
-    const char* blanks = " \t\r\n";
-    const size_t first = text.find_first_not_of(blanks);
-    if (first == std::string::npos) return "";
-    return text.substr(first, text.find_last_not_of(blanks) - first + 1);
-}
-
-bool ReadNumber(const std::string& text, int32_t& number) {
-    const char* end = text.data() + text.size();
-    const auto result = std::from_chars(text.data(), end, number);
-    return result.ec == std::errc() && result.ptr == end;
-}
 
 // "4,"4",default"; the reason when it is not understood.
 const char* ReadSpeed(const std::string& value, Blob& blob) {

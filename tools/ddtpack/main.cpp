@@ -1,8 +1,9 @@
-// ddtpack: packs the text tables of printer models into a model data file, and shows what is in
-// one.
+// ddtpack: packs the text tables of printer models into a model data file, shows what is in one,
+// and makes the driver's default settings file.
 
 #include "custom_data.h"
 #include "data_file.h"
+#include "default_settings.h"
 #include "tool_error.h"
 
 #include <cstdio>
@@ -18,7 +19,8 @@ namespace {
 constexpr const char* kUsage =
     "usage: ddtpack pack FILE [TABLE...] pack text tables (NAME.d, NAME.keys)\n"
     "       ddtpack list FILE            names and sizes of the tables\n"
-    "       ddtpack show FILE TABLE      the text of one table\n";
+    "       ddtpack show FILE TABLE      the text of one table\n"
+    "       ddtpack settings FILE TEXT... make a settings file of stocks and presets in words\n";
 
 std::string ReadWhole(const std::string& name) {
     std::ifstream in(name, std::ios::binary);
@@ -82,6 +84,13 @@ int Show(const std::string& file, const std::string& name) {
     throw ToolError("'" + file + "' has no table '" + name + "'");
 }
 
+int Settings(const std::string& out, const std::vector<std::string>& files) {
+    std::vector<SettingsSource> sources;
+    for (const std::string& file : files) sources.push_back({file, ReadWhole(file)});
+    WriteDefaultSettings(out, sources);
+    return 0;
+}
+
 } // namespace
 
 int main(int argc, char** argv) {
@@ -89,6 +98,8 @@ int main(int argc, char** argv) {
     try {
         if (args.size() >= 2 && args[0] == "pack")
             return Pack(args[1], {args.begin() + 2, args.end()});
+        if (args.size() >= 3 && args[0] == "settings")
+            return Settings(args[1], {args.begin() + 2, args.end()});
         if (args.size() == 2 && args[0] == "list") return List(args[1]);
         if (args.size() == 3 && args[0] == "show") return Show(args[1], args[2]);
     } catch (const std::exception& error) {
