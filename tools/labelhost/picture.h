@@ -1,6 +1,7 @@
 // Pictures and PNG files.
 #pragma once
 
+#include <cstddef>
 #include <cstdint>
 #include <string>
 #include <vector>
@@ -12,9 +13,12 @@ struct Picture {
     std::vector<uint8_t> pixels;
 };
 
-// Reads a PNG file of any kind: grey becomes colour, 16 bits become 8, and what is transparent
-// shows white behind it. Colour profiles and gamma are not looked at. Throws Fault when the file
-// cannot be read, is no sound PNG or has more than `max_side` pixels on a side.
+// The picture in a PNG file of any kind: grey becomes colour, 16 bits become 8, and what is
+// transparent shows white behind it. Colour profiles and gamma are not looked at. Throws Fault with
+// the reason when the bytes are no sound PNG or it has more than `max_side` pixels on a side.
+Picture DecodePicture(const uint8_t* data, size_t size, int max_side);
+
+// The same for a file; the Fault names it.
 Picture ReadPicture(const std::string& file, int max_side);
 
 // Writes a PNG file under another name and renames it when it is complete, so that `file` is never

@@ -1,0 +1,20 @@
+// PNG files as labelhost reads them: any bytes give a picture of the announced size or a fault.
+#include <cstddef>
+#include <cstdint>
+
+#include "fault.h"
+#include "picture.h"
+
+extern "C" int LLVMFuzzerTestOneInput(const uint8_t* data, size_t size) {
+    constexpr int kMaxSide = 1000; // larger ones are slow and no different
+    try {
+        const Picture picture = DecodePicture(data, size, kMaxSide);
+        const size_t pixels =
+            static_cast<size_t>(picture.width) * static_cast<size_t>(picture.height);
+        if (picture.width > kMaxSide || picture.height > kMaxSide || pixels == 0 ||
+            picture.pixels.size() != 3 * pixels)
+            __builtin_trap();
+    } catch (const Fault&) {
+    }
+    return 0;
+}
