@@ -16,6 +16,13 @@ namespace {
 
 constexpr size_t kSignature = 8;
 
+// A fuzzer does not find checksums.
+#ifdef FUZZING_BUILD_MODE_UNSAFE_FOR_PRODUCTION
+constexpr bool kFuzzing = true;
+#else
+constexpr bool kFuzzing = false;
+#endif
+
 // A deflated byte never stands for more.
 constexpr uint64_t kMostInflation = 1032;
 
@@ -63,10 +70,7 @@ public:
         if (!info_ || setjmp(png_jmpbuf(png_))) return false;
         png_set_user_limits(png_, PNG_UINT_31_MAX, PNG_UINT_31_MAX);
         png_set_read_fn(png_, this, Deliver);
-#ifdef FUZZING_BUILD_MODE_UNSAFE_FOR_PRODUCTION
-        // A fuzzer does not find checksums.
-        png_set_crc_action(png_, PNG_CRC_QUIET_USE, PNG_CRC_QUIET_USE);
-#endif
+        if (kFuzzing) png_set_crc_action(png_, PNG_CRC_QUIET_USE, PNG_CRC_QUIET_USE);
         png_read_info(png_, info_);
         return true;
     }
