@@ -59,7 +59,13 @@ TEST_F(Labelhost, GivesAPrinterTheDefaultStocksWhichASecondOneOfTheFamilyHasToo)
     EXPECT_NE(std::find(first.begin(), first.end(), "4 x 6 in"), first.end());
     Install("Dock 2", "Valdrick X4 203 dpi");
     EXPECT_EQ(RunJson({"capabilities", "Dock 2"})["paper_names"], first);
+    ASSERT_EQ(Run({"upgrade", "Dock 1"}).status, 0);
     EXPECT_EQ(RunJson({"capabilities", "Dock 1"})["paper_names"], first);
+    const Json presets = RunJson({"registry", "dump",
+                                  "HKLM\\SYSTEM\\CurrentControlSet\\Control\\"
+                                  "Print\\Printers\\Dock 1\\PrinterDriverData\\"
+                                  "Presets"});
+    EXPECT_EQ(presets["values"]["Total"]["data"], "03000000");
 }
 
 TEST_F(Labelhost, SaysInOneLineWhatWasWrong) {
@@ -70,6 +76,7 @@ TEST_F(Labelhost, SaysInOneLineWhatWasWrong) {
         const char* names;
     } cases[] = {
         {{"capabilities", "Nowhere"}, 1, "Nowhere"},
+        {{"upgrade", "Nowhere"}, 1, "Nowhere"},
         {{"install", "New", "--model", "Abacus"}, 1, "Abacus"},
         {{"install", "New", "--model", "Valdrick M2 Mobile", "--oem", "zz"}, 1, "zz"},
         {{"install", "New", "--model", "Valdrick M2 Mobile", "--port", "LPT9:"}, 1, "LPT9:"},

@@ -15,5 +15,6 @@ void CapabilitiesCommand(const Words& words);
 void DitherCommand(const Words& words);
 void DocumentCommand(const Words& words);
 void ConvertCommand(const Words& words);
+void UpgradeCommand(const Words& words);
 void RegistryCommand(const Words& words);
 void PrinterEmulatorCommand(const Words& words);

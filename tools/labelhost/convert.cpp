@@ -1,9 +1,9 @@
 #include "arguments.h"
 #include "commands.h"
 #include "dev_mode_bytes.h"
+#include "driver_module.h"
 #include "fault.h"
 #include "json.h"
-#include "printer.h"
 #include "text.h"
 
 #include <windows.h>
@@ -35,20 +35,10 @@ DWORD ModeOf(const Arguments& arguments) {
 // DrvConvertDevMode of a printer's driver.
 class Converter {
 public:
-    Converter(const std::string& printer, const OpenedPrinter& opened)
+    explicit Converter(const std::string& printer)
         : printer_(ToWide(printer))
-        , module_(LoadLibraryW(ConfigFileOf(opened, printer).c_str())) {
-        if (!module_)
-            throw SystemFault("cannot load the driver of '" + printer + "'", GetLastError());
-        function_ = reinterpret_cast<Function>(
-            reinterpret_cast<void (*)()>(GetProcAddress(module_, "DrvConvertDevMode")));
-        if (function_) return;
-        FreeLibrary(module_);
-        throw Fault("the driver of '" + printer + "' does not convert document settings");
-    }
-    ~Converter() { FreeLibrary(module_); }
-    Converter(const Converter&) = delete;
-    Converter& operator=(const Converter&) = delete;
+        , driver_(printer)
+        , function_(driver_.Export<Function>("DrvConvertDevMode")) {}
 
     // `size` is the room in `out` and receives the size that it takes or took.
     bool Run(PDEVMODEW in, std::vector<BYTE>& out, DWORD& size, DWORD mode) {
@@ -61,8 +51,8 @@ private:
     using Function = BOOL(WINAPI*)(LPWSTR, PDEVMODEW, PDEVMODEW, PDWORD, DWORD);
 
     WideString printer_;
-    HMODULE module_;
-    Function function_ = nullptr;
+    const DriverModule driver_;
+    const Function function_;
 };
 
 } // namespace
@@ -78,8 +68,7 @@ void ConvertCommand(const Words& words) {
     const std::string& target = arguments[arguments.size() - 1];
     DWORD room = arguments.Number("out-size", kLargest, kLargest);
 
-    const OpenedPrinter opened(printer, PRINTER_ACCESS_USE);
-    Converter converter(printer, opened);
+    Converter converter(printer);
     std::vector<BYTE> in, out(kLargest);
     if (!defaults) in = DevModeBytes::ReadFrom(arguments[1]).bytes();
     // The layout that is asked for: the driver's own unless told otherwise.

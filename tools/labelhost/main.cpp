@@ -35,6 +35,8 @@ constexpr Command kCommands[] = {
     {"convert", ConvertCommand,
      "convert PRINTER IN OUT --mode MODE [--out-size BYTES]\n"
      "                    have the driver convert a DEVMODE: convert, convert351 or default"},
+    {"upgrade", UpgradeCommand,
+     "upgrade PRINTER       have the driver bring a printer of an older version up to date"},
     {"registry", RegistryCommand,
      "registry dump KEY | set KEY NAME TYPE HEX | delete KEY [NAME]\n"
      "                    look at or change the host's registry"},
