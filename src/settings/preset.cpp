@@ -7,6 +7,8 @@
 
 namespace {
 
+constexpr char kKey[] = "Presets:";
+
 // The head of an exported record.
 struct RecordHead {
     char signature[4];
@@ -65,7 +67,7 @@ void Preset::SetToDefaultDevMode(const prtmodel* model) {
 // ---- Storage ------------------------------------------------------------------------------------
 
 bool Preset::Load(prtreg& registry, int index) {
-    const OString prefix = KeyName(index);
+    const OString prefix = OString(kKey) << KeyName(index);
     const OString value = OString(prefix) << "DEVMODE";
     const int32_t size = registry.GetSize(value);
     if (size <= 0) return false;
@@ -78,7 +80,7 @@ bool Preset::Load(prtreg& registry, int index) {
 }
 
 bool Preset::Save(prtreg& registry, int index) const {
-    const OString prefix = KeyName(index);
+    const OString prefix = OString(kKey) << KeyName(index);
     const OString value = OString(prefix) << "DEVMODE";
     bool saved = registry.SetString(OString(prefix) << "Name", GetName());
     saved &= registry.SetString(OString(prefix) << "Description", description_);
@@ -95,7 +97,7 @@ void Preset::Delete(prtreg& registry, const OString& prefix) {
 }
 
 OString Preset::KeyName(int index) {
-    return OString("Presets:Preset ") << index / 10 << index % 10 << ":: ";
+    return OString("Preset ") << index / 10 << index % 10 << ":: ";
 }
 
 // ---- Exchange -----------------------------------------------------------------------------------

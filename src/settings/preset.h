@@ -48,16 +48,16 @@ public:
 
     // ---- Storage --------------------------------------------------------------------------------
 
-    // In the registry, as preset number `index`: the values KeyName(index) with "Name",
-    // "Description" and "DEVMODE" behind it. Load is false without a DEVMODE, and for one that is
-    // shorter than its own sizes tell. Save is false when a value cannot be written.
+    // In the registry, as preset number `index`: the values of "Presets:" whose names are
+    // KeyName(index) with "Name", "Description" and "DEVMODE" behind it. Load is false without a
+    // DEVMODE, and for one that is shorter than its own sizes tell. Save is false when a value
+    // cannot be written.
     bool Load(prtreg& registry, int index);
     bool Save(prtreg& registry, int index) const;
-    // `prefix` is what KeyName gives.
+    // `prefix` is the path of the key and the beginning of the values' names.
     static void Delete(prtreg& registry, const OString& prefix);
 
-    // The path of preset number `index` up to the beginning of its values' names:
-    // "Presets:Preset 07:: " for 7.
+    // The beginning of the values' names of preset number `index`: "Preset 07:: " for 7.
     static OString KeyName(int index);
 
     // ---- Exchange -------------------------------------------------------------------------------

@@ -9,6 +9,7 @@
 
 namespace {
 
+constexpr char kKey[] = "Presets:";
 constexpr char kTotal[] = "Presets:Total";
 constexpr int MOST_PRESETS = 9999;
 
@@ -42,7 +43,8 @@ void PresetList::Save(const prtmodel* model) const {
     for (const Preset* preset = GetNext(nullptr); preset; preset = GetNext(preset))
         if (preset->GetBuiltIn() == 0) preset->Save(registry, ++total);
     registry.SetDWORD(kTotal, static_cast<uint32_t>(total));
-    for (int i = total + 1; i <= stored; ++i) Preset::Delete(registry, Preset::KeyName(i));
+    for (int i = total + 1; i <= stored; ++i)
+        Preset::Delete(registry, OString(kKey) << Preset::KeyName(i));
     checksum_ = checksum;
 }
 

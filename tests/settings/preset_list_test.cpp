@@ -147,6 +147,7 @@ TEST_F(Presets, AreStoredWithoutTheBuiltInOnes) {
     EXPECT_EQ(registry.GetDWORD("Presets:Total", 0), 12u);
     EXPECT_EQ(Text(registry.GetString("Presets:Preset 03:: Description", "")), "third");
     EXPECT_EQ(registry.GetSize("Presets:Preset 12:: DEVMODE"), 1508);
+    EXPECT_EQ(Text(Preset::KeyName(123)), "Preset 123:: ");
 
     delete Named("p104");
     list_.Save(model_.get());
