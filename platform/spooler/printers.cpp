@@ -113,6 +113,7 @@ BOOL SetRecord(const OpenedPrinter& printer, const PRINTER_INFO_2W& wanted) {
 
     PRINTER_EVENT_ATTRIBUTES_INFO attributes = {sizeof attributes, 0, 0};
     std::u16string driver;
+    bool new_driver = false;
     {
         SpoolerLock lock(server);
         const auto old = printer.Record();
@@ -130,6 +131,12 @@ BOOL SetRecord(const OpenedPrinter& printer, const PRINTER_INFO_2W& wanted) {
         attributes.dwOldAttributes = old->attributes;
         attributes.dwNewAttributes = record.attributes;
         driver = record.driver;
+        new_driver = !SameName(driver, old->driver);
+    }
+    if (new_driver) {
+        if (const auto library = LoadDriver(driver))
+            library->RaisePrinterEvent(printer.FullName(), PRINTER_EVENT_INITIALIZE,
+                                       PRINTER_EVENT_FLAG_NO_UI, 0);
     }
     if (attributes.dwOldAttributes != attributes.dwNewAttributes) {
         if (const auto library = LoadDriver(driver))

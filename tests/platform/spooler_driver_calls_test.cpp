@@ -28,6 +28,10 @@ TEST_F(SpoolerDriverCalls, TellTheDriverOfWhatHappensToItsPrinters) {
     info.Attributes = PRINTER_ATTRIBUTE_ENABLE_BIDI;
     EXPECT_EQ(SetInfo(printer, info), 0);
     EXPECT_EQ(TakeNotes(), u"7 LABELS 64 2112;");
+    AddDriver(u"Other Driver");
+    info.pDriverName = Text(u"Other Driver");
+    EXPECT_EQ(SetInfo(printer, info), 0);
+    EXPECT_EQ(TakeNotes(), u"3 LABELS;");
     EXPECT_TRUE(DeletePrinter(printer));
     EXPECT_EQ(TakeNotes(), u"4 LABELS;");
 }
