@@ -27,6 +27,7 @@ BOOL UpgradeDefaultDevMode(HANDLE printer, const prtmodel* model) {
 
 void InstallDefaults(prtmodel& model) {
     model.InitializeDriverSettings();
+    model.InstallDefault_BarFonts();
     model.InstallDefault_Presets();
     model.InstallDefault_Stocks();
 }

@@ -164,9 +164,10 @@ public:
     // derived from them in the registry.
     void FlushDataCache();
 
-    // Add the presets and stocks of the driver's default settings file to the printer's, in place
-    // of those of the same names. It lies beside the driver: GetOEM, "xxenu.kds". Nothing without
-    // it.
+    // Add the data fonts, presets and stocks of the driver's default settings file to the
+    // printer's, in place of those of the same names. It lies beside the driver: GetOEM,
+    // "xxenu.kds". Nothing without it. Defined with the lists, in the layers above.
+    void InstallDefault_BarFonts();
     void InstallDefault_Presets();
     void InstallDefault_Stocks();
 

@@ -1,6 +1,7 @@
 // What the driver's default settings file gives a new printer. The printer model stands below its
 // stocks and presets; these operations of it belong to both.
-#include "core/ofile.h"
+#include "settings/install_defaults.h"
+
 #include "driver/driver_utility.h"
 #include "model/prtmodel.h"
 #include "settings/preset_list.h"
@@ -10,8 +11,10 @@ namespace {
 
 constexpr uint32_t UTF8 = 1208;
 
-// Opens the file of the model's brand. False without one; opening it would make one.
-bool OpenDefaults(OFile& file, const prtmodel& model) {
+} // namespace
+
+// A file that does not exist must not be opened: that would make it.
+bool OpenDefaultSettings(OFile& file, const prtmodel& model) {
     const OString name = DriverUtility::GetDriverDirectory() << "\\" << model.GetOEM() << "xxenu"
                                                              << ".kds";
     if (!OFile::Exists(name) || !file.Open(name, OFILE_READ)) return false;
@@ -19,11 +22,9 @@ bool OpenDefaults(OFile& file, const prtmodel& model) {
     return true;
 }
 
-} // namespace
-
 void prtmodel::InstallDefault_Presets() {
     OFile file;
-    if (!OpenDefaults(file, *this)) return;
+    if (!OpenDefaultSettings(file, *this)) return;
     PresetList presets;
     presets.Load(this);
     presets.Import(file, this);
@@ -32,7 +33,7 @@ void prtmodel::InstallDefault_Presets() {
 
 void prtmodel::InstallDefault_Stocks() {
     OFile file;
-    if (!OpenDefaults(file, *this)) return;
+    if (!OpenDefaultSettings(file, *this)) return;
     StockList stocks(this);
     stocks.Load(this);
     stocks.Import(file, 0);

@@ -4,12 +4,19 @@ namespace {
 
 constexpr char kBlanks[] = " \t\r\n";
 
+// The name of the tag that ends a block, without what follows the name in the one that begins it.
+OString EndOf(const char* kind) {
+    const OString text(kind);
+    const int blank = text.Find(' ');
+    return blank < 0 ? text : text.Left(blank);
+}
+
 } // namespace
 
 SettingsBlocks::SettingsBlocks(OFile& file, const char* kind)
     : file_(file)
     , start_(OString("<") << kind << ">")
-    , end_(OString("</") << kind << ">") {
+    , end_(OString("</") << EndOf(kind) << ">") {
     file_.Seek(0, 0);
 }
 

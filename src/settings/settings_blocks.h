@@ -16,7 +16,8 @@ class SettingsBlocks {
 public:
     enum Line { NO_MORE, BLOCK_START, ENTRY, BLOCK_END };
 
-    // `kind` is what stands between the angle brackets.
+    // `kind` is what stands between the angle brackets; the end repeats only its first word:
+    // "font type='RFID'" ends with "</font>".
     SettingsBlocks(OFile& file, const char* kind);
 
     // The next line. A block that another one interrupts has a start but no end; the last one may

@@ -1,0 +1,62 @@
+#include "fonts/data_font.h"
+
+#include <algorithm>
+#include <cstring>
+
+#include "core/ascii.h"
+#include "model/record_text.h"
+
+namespace {
+
+constexpr char kBlanks[] = " \t\r\n";
+
+} // namespace
+
+void DataFont::SetFontName(const OString& name) {
+    OString text(name);
+    text.SetCodePage(0);
+    text.Remove('"');
+    text.TrimLeft(kBlanks);
+    SetRecordText(face_name_, text);
+    text = face_name_;
+    text.TrimRight(kBlanks);
+    SetRecordText(face_name_, text);
+}
+
+bool DataFont::HasNameOf(const DataFont& other) const {
+    return xstrnicmp(face_name_, other.face_name_, sizeof face_name_) == 0;
+}
+
+void DataFont::Load(const DataFontStorage& storage) {
+    weight = storage.weight;
+    adjustment = storage.adjustment;
+    std::memcpy(&attributes, storage.attributes, sizeof attributes);
+    char name[sizeof storage.face_name];
+    std::memcpy(name, storage.face_name, sizeof name);
+    name[sizeof name - 1] = 0;
+    SetRecordText(face_name_, OString(name));
+    type_ = storage.type;
+    resolution = storage.resolution;
+    flags = storage.flags;
+}
+
+void DataFont::Save(DataFontStorage& storage) const {
+    storage = {};
+    storage.weight = weight;
+    storage.adjustment = adjustment;
+    std::memcpy(storage.attributes, &attributes, sizeof attributes);
+    std::memcpy(storage.face_name, face_name_, sizeof face_name_);
+    storage.type = type_;
+    storage.resolution = resolution;
+    storage.flags = flags;
+}
+
+bool DataFont::ReadBlob(const void* blob, size_t size, void* storage, size_t room) {
+    constexpr size_t start = sizeof(DataFontStorage);
+    uint16_t length;
+    if (size < start + sizeof length) return false;
+    std::memcpy(&length, static_cast<const char*>(blob) + start, sizeof length);
+    if (start + length > std::min(size, room)) return false;
+    std::memcpy(storage, blob, start + length);
+    return true;
+}

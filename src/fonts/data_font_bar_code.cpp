@@ -1,0 +1,358 @@
+#include "fonts/data_font_bar_code.h"
+
+#include <algorithm>
+#include <cstring>
+#include <iterator>
+
+#include "core/numbers.h"
+#include "model/prtmodel.h"
+#include "model/symbology_info.h"
+
+namespace {
+
+// Fields of the record by byte offset.
+enum Field {
+    RECORD_SIZE = 0,
+    HEIGHT = 28, // 32 bits
+    RATIO_WHOLE = 42,
+    RATIO_HUNDREDTHS = 44,
+    ADD_ON = 68 // the digits behind a UPC or EAN code
+};
+
+constexpr int SIZE_1D = 96;
+constexpr int SIZE_2D = 72;
+constexpr int AUTO = 65535;
+constexpr int HEIGHT_MILS = 65;
+
+} // namespace
+
+DataFont_BarCode::DataFont_BarCode() {
+    init();
+}
+
+void DataFont_BarCode::init() {
+    DataFont::operator=(DataFont());
+    InitBarCodeData(SymbologyInfo::CODE39);
+    set_ratio(0);
+    set_rotation(0);
+    set_mils(15);
+    set_hr(HR_BELOW);
+}
+
+void DataFont_BarCode::InitBarCodeData(int symbology) {
+    record_ = {};
+    set_symbology(symbology);
+    if (type_ != BAR_CODE_1D) return;
+    const auto height = static_cast<uint32_t>(muldiv64s(HEIGHT_MILS, resolution, 1000));
+    record_.Set(HEIGHT, static_cast<uint16_t>(height));
+    record_.Set(HEIGHT + 2, static_cast<uint16_t>(height >> 16));
+    for (const int offset : {50, 72, 74}) record_.Set(offset, 1);
+}
+
+// ---- Fields -------------------------------------------------------------------------------------
+
+const DataFont_BarCode::Places& DataFont_BarCode::places() const {
+    static constexpr Places one_dimensional = {32, 34, 46, 52, 54};
+    static constexpr Places two_dimensional = {6, 26, 24, 32, 34};
+    return type_ == BAR_CODE_2D ? two_dimensional : one_dimensional;
+}
+
+void DataFont_BarCode::set_symbology(int symbology) {
+    const bool two_dimensional = is_2D(symbology);
+    type_ = two_dimensional ? BAR_CODE_2D : BAR_CODE_1D;
+    record_.Set(RECORD_SIZE, two_dimensional ? SIZE_2D : SIZE_1D);
+    record_.Set(places().symbology, symbology);
+}
+
+void DataFont_BarCode::set_x(int dots) {
+    record_.Set(places().module_width, std::clamp(dots, 0, 0xFFFF));
+}
+
+int DataFont_BarCode::get_mils() const {
+    return muldiv64s(get_x(), 1000, resolution);
+}
+
+void DataFont_BarCode::set_mils(int mils) {
+    set_x(muldiv64s(mils, resolution, 1000));
+}
+
+int DataFont_BarCode::get_ratio() const {
+    return record_.Get(RATIO_WHOLE) * 100 + record_.Get(RATIO_HUNDREDTHS);
+}
+
+void DataFont_BarCode::set_ratio(int ratio) {
+    record_.Set(RATIO_WHOLE, ratio / 100);
+    record_.Set(RATIO_HUNDREDTHS, ratio % 100);
+}
+
+int DataFont_BarCode::get_hr() const {
+    if (record_.Get(places().hr_on) == 0) return HR_NONE;
+    return record_.Get(places().hr_above) != 0 ? HR_ABOVE : HR_BELOW;
+}
+
+void DataFont_BarCode::set_hr(int hr) {
+    record_.Set(places().hr_on, hr == HR_ABOVE || hr == HR_BELOW);
+    record_.Set(places().hr_above, hr == HR_ABOVE);
+}
+
+// ---- Symbologies --------------------------------------------------------------------------------
+
+void DataFont_BarCode::change_symbology(int symbology) {
+    const int old_type = type_;
+    const int rotation = get_rotation();
+    const int mils = get_mils();
+    const int hr = get_hr();
+    set_symbology(symbology);
+    if (type_ != old_type || type_ == BAR_CODE_2D) InitBarCodeData(symbology);
+    set_rotation(rotation);
+    set_mils(mils);
+    set_hr(hr);
+    SetSymbologyDefaults();
+}
+
+void DataFont_BarCode::SetSymbologyDefaults() {
+    static constexpr struct {
+        int symbology;
+        int offset;
+        int value;
+    } defaults[] = {
+        {SymbologyInfo::CODE128, 56, 0},
+        {SymbologyInfo::CODE128, 58, 0},
+        {SymbologyInfo::CODABAR, 56, 'a'},
+        {SymbologyInfo::CODABAR, 58, 'a'},
+        {SymbologyInfo::PDF417, 44, 12},
+        {SymbologyInfo::PDF417, 46, AUTO},
+        {SymbologyInfo::PDF417, 48, 0},
+        {SymbologyInfo::PDF417, 50, 0},
+        {SymbologyInfo::PDF417, 54, 3},
+        {SymbologyInfo::MICRO_PDF417, 44, 12},
+        {SymbologyInfo::MICRO_PDF417, 46, AUTO},
+        {SymbologyInfo::MICRO_PDF417, 48, 0},
+        {SymbologyInfo::MICRO_PDF417, 50, 0},
+        {SymbologyInfo::MICRO_PDF417, 54, 3},
+        {SymbologyInfo::MAXICODE, 44, 12},
+        {SymbologyInfo::MAXICODE, 46, 2},
+        {SymbologyInfo::DATA_MATRIX, 44, 20},
+        {SymbologyInfo::DATA_MATRIX, 46, 200},
+        {SymbologyInfo::DATA_MATRIX, 48, 0},
+        {SymbologyInfo::DATA_MATRIX, 50, 0},
+        {SymbologyInfo::DATA_MATRIX, 54, 0},
+        {SymbologyInfo::DATA_MATRIX, 56, 0},
+        {SymbologyInfo::QR_CODE, 44, 16},
+        {SymbologyInfo::QR_CODE, 46, 2},
+        {SymbologyInfo::QR_CODE, 48, 9},
+        {SymbologyInfo::QR_CODE, 50, 'L'},
+        {SymbologyInfo::QR_CODE, 52, 0},
+        {SymbologyInfo::CODE16K, 44, 4},
+        {SymbologyInfo::CODE16K, 46, 10},
+        {SymbologyInfo::CODE49, 44, 6},
+        {SymbologyInfo::CODE49, 48, 0},
+        {SymbologyInfo::CODE49, 46, 10},
+        {SymbologyInfo::RSS, 44, 8},
+        {SymbologyInfo::RSS, 46, 0},
+        {SymbologyInfo::RSS, 48, 3},
+        {SymbologyInfo::RSS, 50, 0},
+        {SymbologyInfo::COMPOSITE, 44, 26},
+        {SymbologyInfo::COMPOSITE, 46, 0},
+        {SymbologyInfo::COMPOSITE, 48, 3},
+        {SymbologyInfo::COMPOSITE, 50, 0},
+        {SymbologyInfo::AZTEC, 44, 10},
+        {SymbologyInfo::AZTEC, 46, 0},
+        {SymbologyInfo::AZTEC, 48, 0},
+        {SymbologyInfo::AZTEC, 50, 0},
+        {SymbologyInfo::AZTEC, 52, 0},
+    };
+    const int symbology = get_symbology();
+    for (const auto& field : defaults)
+        if (field.symbology == symbology) record_.Set(field.offset, field.value);
+}
+
+bool DataFont_BarCode::is_2D(int symbology) {
+    switch (symbology) {
+    case SymbologyInfo::CODE_ONE:
+    case SymbologyInfo::PDF417:
+    case SymbologyInfo::DATA_MATRIX:
+    case SymbologyInfo::MAXICODE:
+    case SymbologyInfo::QR_CODE:
+    case SymbologyInfo::CODE16K:
+    case SymbologyInfo::CODE49:
+    case SymbologyInfo::MICRO_PDF417:
+    case SymbologyInfo::AZTEC:
+    case SymbologyInfo::AZTEC_MESA:
+    case SymbologyInfo::RSS:
+    case SymbologyInfo::COMPOSITE:
+    case SymbologyInfo::CP_CODE:
+    case SymbologyInfo::VERICODE:
+        return true;
+    default:
+        return false;
+    }
+}
+
+int DataFont_BarCode::EnumBarCodeSymbologies(OTypedArray<int>& symbologies) {
+    static constexpr SymbologyInfo::Number order[] = {SymbologyInfo::AUSTRALIAN_POST,
+                                                      SymbologyInfo::AZTEC,
+                                                      SymbologyInfo::AZTEC_MESA,
+                                                      SymbologyInfo::CODE_ONE,
+                                                      SymbologyInfo::CODE11,
+                                                      SymbologyInfo::CODE16K,
+                                                      SymbologyInfo::CODE39,
+                                                      SymbologyInfo::CODE39_VARIANT,
+                                                      SymbologyInfo::CODE49,
+                                                      SymbologyInfo::CODE93,
+                                                      SymbologyInfo::CODE128,
+                                                      SymbologyInfo::CODABAR,
+                                                      SymbologyInfo::COMPOSITE,
+                                                      SymbologyInfo::DATA_MATRIX,
+                                                      SymbologyInfo::EAN_8,
+                                                      SymbologyInfo::EAN_13,
+                                                      SymbologyInfo::SUPPLEMENTAL_2,
+                                                      SymbologyInfo::SUPPLEMENTAL_5,
+                                                      SymbologyInfo::FIM,
+                                                      SymbologyInfo::INTERLEAVED_2_OF_5,
+                                                      SymbologyInfo::JAPAN_POST,
+                                                      SymbologyInfo::KIX,
+                                                      SymbologyInfo::MAXICODE,
+                                                      SymbologyInfo::MICRO_PDF417,
+                                                      SymbologyInfo::MSI,
+                                                      SymbologyInfo::PDF417,
+                                                      SymbologyInfo::QR_CODE,
+                                                      SymbologyInfo::ROYAL_MAIL,
+                                                      SymbologyInfo::RSS,
+                                                      SymbologyInfo::TELEPEN,
+                                                      SymbologyInfo::UPC_A,
+                                                      SymbologyInfo::UPC_E,
+                                                      SymbologyInfo::PLANET,
+                                                      SymbologyInfo::POSTNET,
+                                                      SymbologyInfo::VERICODE};
+    symbologies.SetSize(0);
+    for (const int number : order) symbologies.Add(number);
+    return symbologies.GetSize();
+}
+
+// ---- What the printer can do --------------------------------------------------------------------
+
+namespace {
+
+// The option bit without which Data Matrix cannot be printed at an error correction level; 0 for
+// levels that need none.
+uint32_t DataMatrixBit(int level) {
+    switch (level) {
+    case 0:
+        return 0x1;
+    case 10:
+        return 0x2;
+    case 40:
+        return 0x4;
+    case 50:
+        return 0x8;
+    case 60:
+        return 0x10;
+    case 70:
+        return 0x20;
+    case 80:
+        return 0x40;
+    case 90:
+        return 0x80;
+    case 100:
+        return 0x100;
+    case 110:
+        return 0x200;
+    case 120:
+        return 0x400;
+    case 130:
+        return 0x800;
+    case 200:
+        return 0x2000;
+    default:
+        return 0;
+    }
+}
+
+bool HasAll(uint32_t options, uint32_t bits) {
+    return (options & bits) == bits;
+}
+
+// Whether an add-on symbology can be attached to another bar code.
+bool Attachable(const KVSymbologyData& add_on) {
+    return (add_on.options & 0x1F) != 0;
+}
+
+} // namespace
+
+bool DataFont_BarCode::IsSupported(const prtmodel* model) const {
+    const KVCapabilitiesData* capabilities = model->GetCapabilitiesData();
+    const int symbology = get_symbology();
+    if (!capabilities || symbology >= KVCapabilitiesData::SYMBOLOGIES) return false;
+    const KVSymbologyData* records = capabilities->symbologies;
+    if (records[symbology].flags == 0) return false;
+
+    const uint32_t options = records[symbology].options;
+    switch (symbology) {
+    case SymbologyInfo::CODE128: {
+        const int mode = GetField(56);
+        return mode < 1 || mode > 3 || !(options & 0x2);
+    }
+    case SymbologyInfo::UPC_A:
+    case SymbologyInfo::UPC_E:
+    case SymbologyInfo::EAN_13:
+    case SymbologyInfo::EAN_8: {
+        const int digits = GetField(ADD_ON);
+        const bool two = digits == 2 || digits == AUTO;
+        const bool five = digits == 5 || digits == AUTO;
+        return (!two || Attachable(records[SymbologyInfo::SUPPLEMENTAL_2])) &&
+               (!five || Attachable(records[SymbologyInfo::SUPPLEMENTAL_5]));
+    }
+    case SymbologyInfo::PDF417:
+        return !(options & 0x1) || GetField(48) == 0;
+    case SymbologyInfo::DATA_MATRIX:
+        return HasAll(options, DataMatrixBit(GetField(46)));
+    case SymbologyInfo::MAXICODE: {
+        const int mode = GetField(46);
+        return mode < 2 || mode > 6 || HasAll(options, uint32_t{1} << (mode - 2));
+    }
+    case SymbologyInfo::QR_CODE: {
+        const int qr_model = GetField(46);
+        if ((qr_model == 1 || qr_model == 2) && !HasAll(options, static_cast<uint32_t>(qr_model)))
+            return false;
+        return GetField(48) >= 9 || HasAll(options, 0x10);
+    }
+    default:
+        return true;
+    }
+}
+
+bool DataFont_BarCode::SupportedRatio(int narrow, int wide, uint32_t ratios) {
+    constexpr uint32_t ANY = 0x1000;
+    constexpr uint32_t ALL = 0xFFF000;
+    // wide : narrow as a : b, where dots do not divide into smaller parts.
+    static constexpr struct {
+        uint32_t bit;
+        int a;
+        int b;
+    } known[] = {{0x2000, 2, 1},    {0x4000, 11, 5},   {0x8000, 9, 4},   {0x10000, 7, 3},
+                 {0x20000, 12, 5},  {0x40000, 5, 2},   {0x80000, 13, 5}, {0x100000, 8, 3},
+                 {0x200000, 11, 4}, {0x400000, 14, 5}, {0x800000, 3, 1}};
+    if ((ratios & ALL) == 0 || (ratios & ANY)) return true;
+    return std::any_of(std::begin(known), std::end(known), [&](const auto& ratio) {
+        return (ratios & ratio.bit) && narrow % ratio.b == 0 &&
+               int64_t{wide} * ratio.b == int64_t{narrow} * ratio.a;
+    });
+}
+
+// ---- Storage ------------------------------------------------------------------------------------
+
+bool DataFont_BarCode::Load(const void* blob, size_t size) {
+    DataFontStorage_BarCode storage = {};
+    if (!ReadBlob(blob, size, &storage, sizeof storage)) return false;
+    if (storage.font.type != BAR_CODE_1D && storage.font.type != BAR_CODE_2D) return false;
+    DataFont::Load(storage.font);
+    std::memcpy(&record_, &storage.record, storage.record.Get(RECORD_SIZE));
+    return true;
+}
+
+void DataFont_BarCode::Save(DataFontStorage_BarCode& blob) const {
+    blob = {};
+    DataFont::Save(blob.font);
+    std::memcpy(&blob.record, &record_, record_.Get(RECORD_SIZE));
+}

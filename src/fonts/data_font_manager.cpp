@@ -1,0 +1,137 @@
+#include "fonts/data_font_manager.h"
+
+#include <memory>
+#include <new>
+
+#include "core/crc.h"
+#include "fonts/data_font_bar_code.h"
+#include "fonts/data_font_rfid.h"
+#include "model/prtmodel.h"
+
+namespace {
+
+constexpr char kFonts[] = "DATA:Data Fonts";
+
+// The blob's value of the font that has a key of this name.
+OString ValueOf(const OString& key) {
+    return OString(kFonts) << "/" << ORegistry::EncodeName(key) << "/Data";
+}
+
+// The key of a font. A registry key cannot have a backslash in its name; the font's name is in its
+// blob.
+OString KeyOf(const DataFont& font) {
+    OString key = font.GetFontName();
+    key.Replace("\\", "%5C");
+    return key;
+}
+
+// Calls `work` with the blob of a font and its size; with null and 0 for what is neither kind.
+template <class Work>
+auto WithBlob(const DataFont& font, Work work) {
+    if (font.IsBarCode()) {
+        DataFontStorage_BarCode blob;
+        static_cast<const DataFont_BarCode&>(font).Save(blob);
+        return work(static_cast<const void*>(&blob), static_cast<uint32_t>(sizeof blob));
+    }
+    if (font.IsRFID()) {
+        DataFontStorage_RFID blob;
+        static_cast<const DataFont_RFID&>(font).Save(blob);
+        return work(static_cast<const void*>(&blob), static_cast<uint32_t>(sizeof blob));
+    }
+    return work(static_cast<const void*>(nullptr), uint32_t{0});
+}
+
+template <class Font>
+DataFont* LoadedFont(const void* blob, size_t size) {
+    std::unique_ptr<Font> font(new (std::nothrow) Font);
+    return font && font->Load(blob, size) ? font.release() : nullptr;
+}
+
+// A font made of a blob of any kind; null when it is none.
+DataFont* FontOf(const void* blob, size_t size) {
+    if (DataFont* font = LoadedFont<DataFont_BarCode>(blob, size)) return font;
+    return LoadedFont<DataFont_RFID>(blob, size);
+}
+
+DataFont* CopyOf(const DataFont& font) {
+    if (font.IsBarCode())
+        return new (std::nothrow) DataFont_BarCode(static_cast<const DataFont_BarCode&>(font));
+    if (font.IsRFID())
+        return new (std::nothrow) DataFont_RFID(static_cast<const DataFont_RFID&>(font));
+    return new (std::nothrow) DataFont(font);
+}
+
+} // namespace
+
+DataFontManager& DataFontManager::operator=(const DataFontManager& other) {
+    if (this == &other) return *this;
+    Clear();
+    fonts_.SetSize(other.GetSize());
+    fonts_.SetSize(0);
+    for (int i = 0; i < other.GetSize(); ++i)
+        if (DataFont* font = CopyOf(*other[i])) fonts_.Add(font);
+    unmodified_ = other.unmodified_;
+    return *this;
+}
+
+void DataFontManager::Clear() {
+    for (int i = 0; i < fonts_.GetSize(); ++i) delete fonts_[i];
+    fonts_.SetSize(0);
+}
+
+void DataFontManager::AddTail(DataFont* font) {
+    if (!font) return;
+    for (int i = 0; i < fonts_.GetSize(); ++i) {
+        if (!fonts_[i]->HasNameOf(*font)) continue;
+        if (fonts_[i] != font) delete fonts_[i];
+        fonts_[i] = font;
+        return;
+    }
+    if (fonts_.Add(font) < 0) delete font;
+}
+
+void DataFontManager::Remove(DataFont* font) {
+    for (int i = 0; i < fonts_.GetSize(); ++i) {
+        if (fonts_[i] != font) continue;
+        fonts_.RemoveAt(i, 1);
+        return;
+    }
+}
+
+bool DataFontManager::Load(const prtmodel* model) {
+    const OSingleLock guard(&lock_, true);
+    Clear();
+    prtreg registry(model->GetRegistry());
+    OStringArray keys;
+    registry.EnumKeys(kFonts, keys);
+    for (int i = 0; i < keys.GetSize(); ++i) {
+        char blob[sizeof(DataFontStorage_RFID)];
+        const int32_t size = registry.GetBinary(ValueOf(keys[i]), blob, sizeof blob);
+        if (size > 0) AddTail(FontOf(blob, static_cast<size_t>(size)));
+    }
+    SetUnmodified();
+    return true;
+}
+
+bool DataFontManager::Save(const prtmodel* model) {
+    const OSingleLock guard(&lock_, true);
+    prtreg registry(model->GetRegistry());
+    registry.DeletePattern(OString(kFonts) << "/*");
+    for (int i = 0; i < fonts_.GetSize(); ++i) {
+        const OString key = KeyOf(*fonts_[i]);
+        if (key.IsEmpty()) continue;
+        WithBlob(*fonts_[i], [&](const void* blob, uint32_t size) {
+            if (blob) registry.SetBinary(ValueOf(key), blob, size);
+        });
+    }
+    SetUnmodified();
+    return true;
+}
+
+uint32_t DataFontManager::GetCRC32(uint32_t seed) const {
+    for (int i = 0; i < fonts_.GetSize(); ++i)
+        seed = WithBlob(*fonts_[i], [seed](const void* blob, uint32_t size) {
+            return CRC32(blob, size, seed);
+        });
+    return seed;
+}

@@ -1,0 +1,83 @@
+// The data fonts of a printer.
+#pragma once
+
+#include <cstdint>
+
+#include "core/locks.h"
+#include "core/oarray.h"
+#include "core/ofile.h"
+#include "fonts/data_font.h"
+
+class prtmodel;
+
+// Fonts in the order of the registry, new ones behind them. The list owns its fonts; names are
+// unique in it as far as AddTail is what brings them in. Load and Save lock it, everything else
+// belongs to one thread.
+//
+// A font is kept in the registry as one binary value, its blob: "DATA:Data Fonts/NAME/Data".
+class DataFontManager {
+public:
+    DataFontManager() = default;
+    ~DataFontManager() { Clear(); }
+    DataFontManager(const DataFontManager&) = delete;
+    // Takes over copies of the fonts and the mark of the last load or save.
+    DataFontManager& operator=(const DataFontManager& other);
+
+    int GetSize() const { return fonts_.GetSize(); }
+    // The index is the caller's responsibility.
+    DataFont* operator[](int index) const { return fonts_[index]; }
+
+    // Deletes all fonts.
+    void Clear();
+
+    // Adds a font, which the list then owns: in the place of one with its name, which is deleted,
+    // or else at the end. The case of the letters A to Z does not count. Null is ignored.
+    void AddTail(DataFont* font);
+
+    // Takes a font out of the list; the caller owns it then. Nothing when it is not in the list.
+    void Remove(DataFont* font);
+
+    // ---- Storage --------------------------------------------------------------------------------
+
+    // Fills the list anew from the registry; what is no font there is passed over. Always true.
+    bool Load(const prtmodel* model);
+
+    // Stores the fonts in place of all that were stored. One without a name is left out. Always
+    // true.
+    bool Save(const prtmodel* model);
+
+    // The checksum of all blobs, continued from `seed`; `seed` for an empty list.
+    uint32_t GetCRC32(uint32_t seed) const;
+
+    // Load and Save mark the list as unmodified; so does this.
+    void SetUnmodified() { unmodified_ = GetCRC32(0); }
+    bool IsModified() const { return GetCRC32(0) != unmodified_; }
+
+    // ---- Exchange -------------------------------------------------------------------------------
+
+    // Write a text block for each font of the kind; their number.
+    //
+    //   <font type='Bar Code'>     or 'RFID'
+    //   Name=Code 128
+    //   Data=Wkxi...               the blob as blob text
+    //   </font>
+    int ExportBarFont(OFile& file, const prtmodel* model) const;
+    int ExportRFID(OFile& file, const prtmodel* model) const;
+
+    // Add the fonts of all blocks of a file, which is read from its start, as AddTail does; their
+    // number. Those that the printer does not support are left out. A blob may be blob text or
+    // plain Base64; a damaged one leaves its font as a new one. Bar codes keep their printed module
+    // width in the resolution of the printer.
+    int ImportBarFont(OFile& file, const prtmodel* model);
+    int ImportRFID(OFile& file, const prtmodel* model);
+
+    // The same with bar code fonts from a binary file as old drivers wrote it, from where it
+    // stands: "KBF1", the size of a record (4 bytes), and records that begin with a blob. 0 for any
+    // other file.
+    int ImportKBF1(OFile& file, const prtmodel* model);
+
+private:
+    OPointerArray<DataFont*> fonts_;
+    OCriticalSection lock_;
+    uint32_t unmodified_ = 0;
+};

@@ -1,0 +1,334 @@
+// Data fonts by themselves: what their records hold, and what a printer makes of them.
+#include <cstring>
+#include <string>
+#include <vector>
+
+#include "fonts/data_font_bar_code.h"
+#include "fonts/data_font_rfid.h"
+#include "support/model_test.h"
+
+namespace {
+
+DataFont_BarCode Changed(int from, int to) {
+    DataFont_BarCode font;
+    font.change_symbology(from);
+    font.set_rotation(2);
+    font.set_mils(20);
+    font.set_hr(DataFont_BarCode::HR_ABOVE);
+    font.change_symbology(to);
+    return font;
+}
+
+} // namespace
+
+TEST(DataFontName, IsCutAndCleaned) {
+    const struct {
+        const char* given;
+        std::string kept;
+    } cases[] = {
+        {"Code 128", "Code 128"},
+        {"\" \"\tquoted\" \r\n", "quoted"},
+        {"a\"b", "ab"},
+        {"", ""},
+        {"0123456789012345678901234567890123456789", "0123456789012345678901234567890"},
+        {"012345678901234567890123456789  x", "012345678901234567890123456789"},
+    };
+    for (const auto& c : cases) {
+        DataFont font;
+        font.SetFontName("a longer name than most of these");
+        font.SetFontName(c.given);
+        EXPECT_EQ(Text(font.GetFontName()), c.kept);
+    }
+}
+
+TEST(DataFontBlob, OfANewBarCodeFontHasTheseBytes) {
+    DataFont_BarCode font;
+    font.SetFontName("F");
+    font.SetMultiline(true);
+    DataFontStorage_BarCode blob;
+    font.Save(blob);
+    std::vector<unsigned char> expected(168);
+    const struct {
+        int offset;
+        unsigned char byte;
+    } bytes[] = {{0, 0x90},    {1, 1},       {11, 0x30},   {12, 'F'},    {44, 1},
+                 {48, 0x2C},   {49, 1},      {52, 2},      {72, 96},     {72 + 28, 20},
+                 {72 + 34, 5}, {72 + 50, 1}, {72 + 52, 1}, {72 + 72, 1}, {72 + 74, 1}};
+    for (const auto& b : bytes) expected[static_cast<size_t>(b.offset)] = b.byte;
+    EXPECT_EQ(std::memcmp(&blob, expected.data(), 168), 0);
+    EXPECT_EQ(font.get_mils(), 17) << "15 are 4.5 dots, rounded up";
+}
+
+TEST(DataFontBlob, HasAsManyBytesOfTheRecordAsItsSizeSays) {
+    DataFont_BarCode matrix;
+    matrix.change_symbology(16);
+    DataFontStorage_BarCode blob;
+    matrix.Save(blob);
+    EXPECT_EQ(blob.record.Get(0), 72);
+    std::memset(reinterpret_cast<char*>(&blob.record) + 72, 0x55, 24);
+    std::memset(blob.font.face_name, 'x', 32);
+    DataFont_BarCode again;
+    ASSERT_TRUE(again.Load(&blob, 72 + 72));
+    EXPECT_EQ(Text(again.GetFontName()), std::string(31, 'x'));
+    EXPECT_EQ(again.get_symbology(), 16);
+    again.Save(blob);
+    EXPECT_EQ(blob.record.Get(72), 0) << "what is behind the record stays behind";
+
+    const struct {
+        const char* what;
+        int type;
+        int record_size;
+        size_t blob_size;
+        bool taken;
+    } cases[] = {
+        {"all of it", 1, 96, 168, true},     {"cut", 1, 96, 167, false},
+        {"too long", 1, 97, 168, false},     {"of all sizes", 2, 65535, 168, false},
+        {"nothing of it", 1, 0, 74, true},   {"no size", 1, 0, 73, false},
+        {"no blob", 1, 96, 0, false},        {"no type", 0, 96, 168, false},
+        {"an RFID font", 3, 96, 168, false}, {"a negative type", -1, 96, 168, false},
+    };
+    for (const auto& c : cases) {
+        blob.font.type = c.type;
+        blob.record.Set(0, c.record_size);
+        const std::vector<char> bytes(reinterpret_cast<char*>(&blob),
+                                      reinterpret_cast<char*>(&blob) + c.blob_size);
+        DataFont_BarCode font;
+        EXPECT_EQ(font.Load(bytes.data(), bytes.size()), c.taken) << c.what;
+        EXPECT_EQ(font.GetFontName().IsEmpty(), !c.taken) << c.what;
+    }
+}
+
+TEST(DataFontBlob, OfAnRfidFontComesBack) {
+    DataFont_RFID font;
+    font.SetFontName("Tag");
+    font.SetDefaults(DataFont_RFID::PICOTAG);
+    font.SetEncoding(1);
+    font.SetWriteProtect(true);
+    font.SetFormatMask(OString(std::string(200, '8').c_str()));
+    DataFontStorage_RFID blob, again;
+    font.Save(blob);
+    EXPECT_EQ(blob.record.size, 156);
+    EXPECT_EQ(blob.record.starting_block, 3);
+    EXPECT_EQ(std::string(blob.record.mask), std::string(127, '8'));
+    blob.record.mask[127] = '8';
+    DataFont_RFID loaded;
+    ASSERT_TRUE(loaded.Load(&blob, sizeof blob));
+    EXPECT_EQ(loaded.GetFormatMask().nlen(), 127) << "always ends";
+    loaded.Save(again);
+    blob.record.mask[127] = 0;
+    EXPECT_EQ(std::memcmp(&blob, &again, sizeof blob), 0);
+    EXPECT_FALSE(loaded.Load(&blob, sizeof blob - 1));
+    blob.font.type = 1;
+    EXPECT_FALSE(loaded.Load(&blob, sizeof blob));
+}
+
+TEST(BarCodeFont, KeepsWhatTheUserSetThroughAChangeOfSymbology) {
+    for (const int from : {0, 9, 16})
+        for (int to = 0; to <= 36; ++to) {
+            const DataFont_BarCode font = Changed(from, to);
+            EXPECT_EQ(font.get_symbology(), to);
+            EXPECT_EQ(font.GetType(), DataFont_BarCode::is_2D(to) ? 2 : 1) << to;
+            EXPECT_EQ(font.GetField(0), DataFont_BarCode::is_2D(to) ? 72 : 96) << to;
+            EXPECT_EQ(font.get_rotation(), 2) << to;
+            EXPECT_EQ(font.get_mils(), 20) << to;
+            EXPECT_EQ(font.get_hr(), 1) << to;
+        }
+}
+
+TEST(BarCodeFont, BeginsASymbologyWithItsOwnFields) {
+    const struct {
+        int symbology;
+        std::vector<std::pair<int, int>> fields;
+    } cases[] = {
+        {3, {{56, 0}, {58, 0}}},
+        {4, {{56, 97}, {58, 97}}},
+        {15, {{44, 12}, {46, 65535}, {48, 0}, {50, 0}, {54, 3}}},
+        {28, {{44, 12}, {46, 65535}, {48, 0}, {50, 0}, {54, 3}}},
+        {17, {{44, 12}, {46, 2}}},
+        {16, {{44, 20}, {46, 200}, {48, 0}, {50, 0}, {54, 0}, {56, 0}}},
+        {18, {{44, 16}, {46, 2}, {48, 9}, {50, 76}, {52, 0}}},
+        {25, {{44, 4}, {46, 10}}},
+        {26, {{44, 6}, {46, 10}, {48, 0}}},
+        {31, {{44, 8}, {46, 0}, {48, 3}, {50, 0}}},
+        {32, {{44, 26}, {46, 0}, {48, 3}, {50, 0}}},
+        {29, {{44, 10}, {46, 0}, {48, 0}, {50, 0}, {52, 0}}},
+    };
+    for (const auto& c : cases) {
+        DataFont_BarCode font;
+        for (int offset = 56; offset < 96; offset += 2) font.SetField(offset, 0x7777);
+        font.change_symbology(c.symbology);
+        for (const auto& [offset, value] : c.fields)
+            EXPECT_EQ(font.GetField(offset), value) << c.symbology << " at " << offset;
+        EXPECT_EQ(font.GetField(60), font.GetType() == 1 ? 0x7777 : 0)
+            << "fields stay only among one-dimensional symbologies";
+    }
+    DataFont_BarCode font = Changed(16, 0);
+    EXPECT_EQ(font.GetField(28), 20);
+    EXPECT_EQ(font.GetField(74), 1);
+}
+
+TEST(BarCodeFont, RoundsWidthsToDotsAndKeepsRatios) {
+    const struct {
+        int mils, resolution, dots, back;
+    } cases[] = {{10, 300, 3, 10},
+                 {10, 203, 2, 10},
+                 {15, 300, 5, 17},
+                 {25, 600, 15, 25},
+                 {10, 0, 0, 0},
+                 {-10, 300, 0, 0},
+                 {2000000000, 300, 65535, 218450}};
+    for (const auto& c : cases) {
+        DataFont_BarCode font;
+        font.resolution = c.resolution;
+        font.set_mils(c.mils);
+        EXPECT_EQ(font.get_x(), c.dots);
+        EXPECT_EQ(font.get_mils(), c.back);
+    }
+    DataFont_BarCode font;
+    font.set_ratio(250);
+    EXPECT_EQ(font.get_ratio(), 250);
+    EXPECT_EQ(font.GetField(42), 2);
+    EXPECT_EQ(font.GetField(44), 50);
+}
+
+TEST(BarCodeFont, KnowsTheRatiosThatDotsCanMake) {
+    const struct {
+        int narrow, wide;
+        uint32_t bits;
+        bool supported;
+    } cases[] = {
+        {10, 25, 0x40000, true},  {9, 21, 0x10000, true},   {10, 25, 0x2000, false},
+        {3, 7, 0, true},          {3, 7, 0xF0000FFF, true}, {3, 7, 0x3000, true},
+        {3, 6, 0x2000, true},     {3, 9, 0x800000, true},   {9, 24, 0x100000, true},
+        {4, 9, 0x8000, true},     {8, 22, 0x200000, true},  {5, 11, 0x4000, true},
+        {5, 12, 0x20000, true},   {5, 13, 0x80000, true},   {5, 14, 0x400000, true},
+        {5, 14, 0xBFE000, false}, {5, 12, 0x40000, false},  {0x40000000, INT32_MIN, 0x2000, false},
+    };
+    for (const auto& c : cases)
+        EXPECT_EQ(DataFont_BarCode::SupportedRatio(c.narrow, c.wide, c.bits), c.supported)
+            << c.narrow << ":" << c.wide << " of " << c.bits;
+}
+
+TEST(BarCodeFont, IsOfferedForTheseSymbologies) {
+    OTypedArray<int> list;
+    list.Add(99);
+    ASSERT_EQ(DataFont_BarCode::EnumBarCodeSymbologies(list), 35);
+    ASSERT_EQ(list.GetSize(), 35);
+    std::string all;
+    for (int i = 0; i < 35; ++i) all += std::to_string(list[i]) + " ";
+    EXPECT_EQ(all, "20 29 30 14 24 25 0 1 26 2 3 4 32 16 10 9 11 12 23 5 21 22 17 28 6 15 18 19 31 "
+                   "36 7 8 33 13 35 ");
+}
+
+// ---- With a printer -----------------------------------------------------------------------------
+
+namespace {
+
+class DataFontSupport : public ModelTest {};
+
+} // namespace
+
+TEST_F(DataFontSupport, OfBarCodesFollowsTheModelsOptions) {
+    const struct {
+        std::string table;
+        int symbology;
+        int offset; // of the field that decides
+        std::vector<int> printed;
+        std::vector<int> not_printed;
+    } cases[] = {
+        {"", 0, 46, {}, {0}},
+        {"Code39=yes", 1, 48, {0, 1}, {}},
+        {"Code39=yes", 400, 48, {}, {0}},
+        {"Code128=yes\nCode128.Encoding=Auto", 3, 56, {0, 4}, {1, 2, 3}},
+        {"Code128=yes\nCode128.Encoding=Manual", 3, 56, {0, 1, 3}, {}},
+        {"UPC-A=yes", 7, 68, {0, 3}, {2, 5, 65535}},
+        {"EAN-8=yes\nSupplemental2.Attached=3", 10, 68, {0, 2}, {5, 65535}},
+        {"UPC-E=yes\nSupplemental5.Attached=5", 8, 68, {0, 5}, {2, 65535}},
+        {"EAN-13=yes\nSupplemental2.Attached=1\nSupplemental5.Attached=1",
+         9,
+         68,
+         {2, 5, 65535},
+         {}},
+        {"PDF417=yes\nPDF417.Truncated=no", 15, 48, {0}, {1}},
+        {"PDF417=yes\nPDF417.Truncated=yes", 15, 48, {0, 1}, {}},
+        {"DataMatrix=yes\nDataMatrix.ECC=200,050", 16, 46, {200, 50, 140, 7}, {0, 10, 130}},
+        {"DataMatrix=yes\nDataMatrix.ECC=000,130", 16, 46, {0, 130}, {200, 60, 70, 80, 90}},
+        {"MaxiCode=yes\nMaxiCode.Mode=2,6", 17, 46, {2, 6, 0, 7}, {3, 4, 5}},
+        {"QRCode=yes\nQRCode.Model=2", 18, 46, {2, 0, 3}, {1}},
+        {"QRCode=yes\nQRCode.Model=2\nQRCode.Mask=Auto", 18, 48, {9, 10}, {0, 8}},
+        {"QRCode=yes\nQRCode.Model=2\nQRCode.Mask=Manual", 18, 48, {9, 0}, {}},
+        {"Aztec=yes", 29, 46, {0, 99}, {}},
+    };
+    Install({});
+    for (const auto& c : cases) {
+        Replace({.barcode = c.table + "\n"});
+        const auto model = Model();
+        DataFont_BarCode font;
+        font.change_symbology(c.symbology);
+        for (const auto* values : {&c.printed, &c.not_printed})
+            for (const int value : *values) {
+                font.SetField(c.offset, value);
+                EXPECT_EQ(font.IsSupported(model.get()), values == &c.printed)
+                    << c.table << ": " << c.symbology << " with " << value;
+            }
+    }
+}
+
+TEST_F(DataFontSupport, OfRfidFontsIsTheModelsAndOthersAreBroughtInLine) {
+    using F = DataFont_RFID;
+    Install({});
+    const struct {
+        const char* what;
+        const char* tags; // of the model
+        uint32_t tag;
+        uint32_t format;
+        int32_t block;
+        bool supported;
+        uint32_t tag_then;
+        uint32_t format_then;
+        const char* mask_then;
+        int32_t block_then;
+    } cases[] = {
+        {"fits", "EPC64,ISO15693", F::ISO_15693, 0, 100, true, F::ISO_15693, 0, "m", 100},
+        {"block too far", "ISO15693", F::ISO_15693, 0, 200, true, F::ISO_15693, 0, "m", 123},
+        {"negative block", "ICode1", F::I_CODE1, 0, -7, true, F::I_CODE1, 0, "m", 0},
+        {"no such tag", "Picotag,ICode1", F::EPC_96, 512, 0, false, F::I_CODE1, 0, "", 5},
+        {"no tags", "", F::MY_D, 0, 9, false, F::EPC_64, 256, "64", 0},
+        {"format of 64", "EPC64", F::EPC_64, 259, 0, true, F::EPC_64, 259, "m", 0},
+        {"format of 96 in 64", "EPC64", F::EPC_64, 512, 0, true, F::EPC_64, 256, "64", 0},
+        {"format of 64 in 96", "EPC96", F::EPC_96, 256, 0, true, F::EPC_96, 512, "96", 0},
+        {"custom", "EPC96", F::EPC_96, 0, 0, true, F::EPC_96, 0, "m", 0},
+    };
+    for (const auto& c : cases) {
+        Replace({.model = std::string("~RFID.TagTypes=") + c.tags + "\n"});
+        const auto model = Model();
+        F font;
+        font.SetDefaults(c.tag);
+        font.SetFormat(c.format);
+        font.SetFormatMask("m");
+        font.SetStartingBlock(c.block);
+        EXPECT_EQ(font.IsSupported(model.get()), c.supported) << c.what;
+        font.ValidateRFIDData(model.get());
+        EXPECT_EQ(font.GetTagType(), c.tag_then) << c.what;
+        EXPECT_EQ(font.GetFormat(), c.format_then) << c.what;
+        EXPECT_EQ(Text(font.GetFormatMask()), c.mask_then) << c.what;
+        EXPECT_EQ(font.GetStartingBlock(), c.block_then) << c.what;
+    }
+}
+
+TEST(RfidFont, TakesTheMaskOfItsFormat) {
+    const struct {
+        uint32_t format;
+        const char* mask;
+    } cases[] = {{256, "64"},          {257, "2:2;3;14;20;25"},
+                 {258, "8:8;3;14;39"}, {259, "8:9;3;14;20;19"},
+                 {512, "96"},          {0, "1;2;3"},
+                 {513, "1;2;3"}};
+    for (const auto& c : cases) {
+        DataFont_RFID font;
+        font.SetFormatMask("1;2;3");
+        font.SetFormat(c.format);
+        EXPECT_EQ(font.UpdateFormatMask(), std::string(c.mask) == "1;2;3");
+        EXPECT_EQ(Text(font.GetFormatMask()), c.mask);
+    }
+}
