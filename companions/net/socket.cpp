@@ -22,6 +22,7 @@ namespace {
 #ifdef _WIN32
 
 using Handle = SOCKET;
+using Length = int;
 constexpr int kSendFlags = 0;
 
 int Poll(WSAPOLLFD* item, int milliseconds) {
@@ -53,6 +54,7 @@ bool Start() {
 #else
 
 using Handle = int;
+using Length = size_t;
 using WSAPOLLFD = pollfd;
 constexpr int kSendFlags = MSG_NOSIGNAL;
 
@@ -164,7 +166,7 @@ bool Socket::Send(const void* data, size_t size, int milliseconds) {
     const char* next = static_cast<const char*>(data);
     while (size > 0) {
         const auto sent = send(static_cast<Handle>(handle_), next,
-                               static_cast<int>(std::min(size, kPiece)), kSendFlags);
+                               static_cast<Length>(std::min(size, kPiece)), kSendFlags);
         if (sent > 0) {
             next += sent;
             size -= static_cast<size_t>(sent);
@@ -179,7 +181,7 @@ int Socket::Receive(void* data, size_t size, int milliseconds) {
     if (!IsOpen()) return 0;
     for (;;) {
         const auto received = recv(static_cast<Handle>(handle_), static_cast<char*>(data),
-                                   static_cast<int>(std::min(size, kPiece)), 0);
+                                   static_cast<Length>(std::min(size, kPiece)), 0);
         if (received >= 0) return static_cast<int>(received);
         if (!WouldBlock()) return 0;
         if (!Wait(false, milliseconds)) return -1;
