@@ -7,6 +7,8 @@
 #include <sstream>
 
 #include "driver/printer_info.h"
+#include "fonts/data_font_bar_code.h"
+#include "fonts/data_font_manager.h"
 #include "model/symbology_info.h"
 #include "settings/preset_list.h"
 #include "settings/stock_list.h"
@@ -151,6 +153,35 @@ TEST_F(ProductData, GivesEveryPrinterTheDefaultStocksAndPresetsOnce) {
         EXPECT_EQ(Text(stock->GetName()), fits ? "Wristband 1 x 11 in" : "USER");
         EXPECT_EQ(stock->width, 25400);
         EXPECT_EQ(band->GetDevMode().GetOrientation(), 1);
+    }
+}
+
+TEST_F(ProductData, GivesEveryPrinterADataFontForEachSymbologyAndTagThatItPrints) {
+    // A second variant, what only stands behind other bar codes, and what fonts are not offered
+    // for.
+    const std::set<int> left_out = {SymbologyInfo::CODE39_VARIANT, SymbologyInfo::SUPPLEMENTAL_2,
+                                    SymbologyInfo::SUPPLEMENTAL_5, SymbologyInfo::CODABLOCK};
+    for (const std::string& printer : InstallAll()) {
+        SCOPED_TRACE(printer);
+        const auto model = ModelOf(printer);
+        std::set<int> printed;
+        for (int i = 0; i < KVCapabilitiesData::SYMBOLOGIES; ++i)
+            if (model->GetCapabilitiesData()->symbologies[i].flags && !left_out.count(i))
+                printed.insert(i);
+        DataFontManager fonts;
+        fonts.Load(model.get());
+        std::set<int> symbologies;
+        int tags = 0;
+        for (int i = 0; i < fonts.GetSize(); ++i) {
+            if (fonts[i]->IsRFID()) ++tags;
+            if (!fonts[i]->IsBarCode()) continue;
+            const auto& font = static_cast<const DataFont_BarCode&>(*fonts[i]);
+            EXPECT_TRUE(symbologies.insert(font.get_symbology()).second);
+            EXPECT_EQ(font.resolution, model->GetXResolution());
+            EXPECT_GE(font.get_x(), 2);
+        }
+        EXPECT_EQ(symbologies, printed);
+        EXPECT_EQ(tags, model->HasRFID() ? 9 : 0);
     }
 }
 

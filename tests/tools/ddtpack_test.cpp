@@ -107,7 +107,16 @@ TEST_F(Ddtpack, NamesTheSettingsThatItDoesNotUnderstand) {
         const char* says;
     } cases[] = {
         {"A=1 in,1 in,0 mm\n", "line 1: a key before"},
-        {"[Papers]\n", "[Stocks] or [Preset NAME]"},
+        {"[Papers]\n", "[RFID fonts]"},
+        {"[Bar code fonts]\nA=Code39\n", "line 2: a bar code font is"},
+        {"[Bar code fonts]\nA=Code39,thin\n", "a bar code font is"},
+        {"[Bar code fonts]\nA=Code 39,13\n", "no such symbology"},
+        {"[Bar code fonts]\nA=Code39,13,left\n", "none, above or below"},
+        {"[Bar code fonts]\n=Code39,13\n", "a font has a name"},
+        {"[Bar code fonts]\nA=Code39,13\n[RFID fonts]\na=EPC64\n", "already"},
+        {"[RFID fonts]\n01234567890123456789012345678901=EPC64\n", "at most 31"},
+        {"[RFID fonts]\nA=EPC32\n", "no such tag"},
+        {"[RFID fonts]\nA=EPC96,SGTIN-64\n", "no such format"},
         {"[Stocks]\n\nA=1 in,1 in\n", "line 3: a stock is"},
         {"[Stocks]\nA=1,1 in,0 mm\n", "with units"},
         {"[Stocks]\nA=1 in,1 in,-1 mm\n", "not negative"},

@@ -1,6 +1,7 @@
 #include "default_settings.h"
 
 #include "core/fixed_text.h"
+#include "default_fonts.h"
 #include "settings/measurement.h"
 #include "settings/preset_list.h"
 #include "settings/stock_list.h"
@@ -17,6 +18,9 @@ namespace {
 
 constexpr uint32_t kUtf8 = 1208;
 constexpr char kFamily[] = "zpl";
+constexpr char kStocks[] = "Stocks";
+constexpr char kBarCodeFonts[] = "Bar code fonts";
+constexpr char kRFIDFonts[] = "RFID fonts";
 constexpr char kUsualLiner[] = "1.27 mm";
 
 OString FromUtf8(const std::string& text) {
@@ -145,8 +149,9 @@ public:
                 section = line.substr(1, line.size() - 2);
                 if (section.rfind("Preset ", 0) == 0)
                     BeginPreset(Trim(section.substr(7)));
-                else if (section != "Stocks")
-                    throw fault("a section is [Stocks] or [Preset NAME]");
+                else if (section != kStocks && section != kBarCodeFonts && section != kRFIDFonts)
+                    throw fault("a section is [Stocks], [Preset NAME], [Bar code fonts] or "
+                                "[RFID fonts]");
                 continue;
             }
             const size_t equals = line.find('=');
@@ -154,9 +159,11 @@ public:
             const std::string key = Trim(line.substr(0, equals));
             const std::string value = Trim(line.substr(equals + 1));
             if (section.empty()) throw fault("a key before the first section");
-            const char* what = preset_       ? ReadPresetKey(key, value)
-                               : key.empty() ? "a stock has a name"
-                                             : ReadStock(key, value);
+            const char* what = preset_                    ? ReadPresetKey(key, value)
+                               : section == kBarCodeFonts ? ReadBarCodeFont(key, value, fonts_)
+                               : section == kRFIDFonts    ? ReadRFIDFont(key, value, fonts_)
+                               : key.empty()              ? "a stock has a name"
+                                                          : ReadStock(key, value);
             if (what) throw fault(what);
         }
         FinishPreset();
@@ -169,6 +176,8 @@ public:
         file << "<driver version='6.6'>" << OCore::endl << OCore::endl;
         stocks_.Export(file);
         presets_.Export(file);
+        fonts_.ExportBarFont(file, nullptr);
+        fonts_.ExportRFID(file, nullptr);
     }
 
 private:
@@ -220,6 +229,7 @@ private:
 
     StockList stocks_;
     PresetList presets_;
+    DataFontManager fonts_;
     std::unique_ptr<Preset> preset_; // of the section that is being read
     OString preset_name_;
     PresetSettings settings_;

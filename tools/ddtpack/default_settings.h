@@ -10,7 +10,8 @@ struct SettingsSource {
     std::string text;
 };
 
-// Writes the stocks and presets of the sources, in their order, to the settings file `out`.
+// Writes the stocks, presets and data fonts of the sources, in their order, to the settings file
+// `out`.
 //
 // A source has sections ("[Name]"), comments ("!") and "key=value" lines.
 //
@@ -24,6 +25,7 @@ struct SettingsSource {
 //                       Speed=NUMBER                     of the model's speed table
 //                       Darkness=NUMBER                  -30 to 30, added to the printer's own
 //                       Dithering=none|dispersed|clustered|algebraic|diffusion
+//   [Bar code fonts], [RFID fonts]                    see default_fonts.h
 //
 // Throws ToolError naming file and line for anything it does not understand.
 void WriteDefaultSettings(const std::string& out, const std::vector<SettingsSource>& sources);
