@@ -1,7 +1,9 @@
-// What printer drivers tell of their device for halftones.
+// What GDI and a printer driver's rendering module say to each other: the module's entry points,
+// what it tells of its device, and what printer drivers tell of it for halftones.
 #pragma once
 
 #include <windef.h>
+#include <wingdi.h>
 
 // Chromaticities and luminance in ten-thousandths.
 struct CIECHROMA {
@@ -48,3 +50,135 @@ static_assert(sizeof(DEVHTINFO) == 132);
 #define HT_PATSIZE_12x12_M 11
 #define HT_PATSIZE_14x14_M 13
 #define HT_PATSIZE_16x16_M 15
+
+// ---- The rendering module -----------------------------------------------------------------------
+
+DECLARE_HANDLE(DHPDEV); // the module's own device
+DECLARE_HANDLE(DHSURF); // the module's own surface
+DECLARE_HANDLE(HDEV);   // GDI's device
+DECLARE_HANDLE(HSURF);  // GDI's surface
+
+// The place that a device is drawn on, as the module's functions are told of it.
+struct SURFOBJ {
+    DHSURF dhsurf;
+    HSURF hsurf;
+    DHPDEV dhpdev;
+    HDEV hdev;
+    SIZE sizlBitmap;
+    ULONG cjBits;
+    PVOID pvBits;
+    PVOID pvScan0;
+    LONG lDelta;
+    ULONG iUniq;
+    ULONG iBitmapFormat;
+    USHORT iType;
+    USHORT fjBitmap;
+};
+
+// What a device is; GetDeviceCaps answers from it.
+struct GDIINFO {
+    ULONG ulVersion; // of the driver
+    ULONG ulTechnology;
+    ULONG ulHorzSize; // of the printable area: millimetres, micrometres when negative
+    ULONG ulVertSize;
+    ULONG ulHorzRes; // the same in pixels
+    ULONG ulVertRes;
+    ULONG cBitsPixel;
+    ULONG cPlanes;
+    ULONG ulNumColors;
+    ULONG flRaster;
+    ULONG ulLogPixelsX; // per inch
+    ULONG ulLogPixelsY;
+    ULONG flTextCaps;
+    ULONG ulDACRed;
+    ULONG ulDACGreen;
+    ULONG ulDACBlue;
+    ULONG ulAspectX;
+    ULONG ulAspectY;
+    ULONG ulAspectXY;
+    LONG xStyleStep;
+    LONG yStyleStep;
+    LONG denStyleStep;
+    POINTL ptlPhysOffset; // of the printable area on the paper
+    SIZE szlPhysSize;     // of the paper in pixels
+    ULONG ulNumPalReg;
+    COLORINFO ciDevice;
+    ULONG ulDevicePelsDPI;
+    ULONG ulPrimaryOrder;
+    ULONG ulHTPatternSize;
+    ULONG ulHTOutputFormat;
+    ULONG flHTFlags;
+    ULONG ulVRefresh;
+    ULONG ulBltAlignment;
+    ULONG ulPanningHorzRes;
+    ULONG ulPanningVertRes;
+    ULONG xPanningAlignment;
+    ULONG yPanningAlignment;
+    ULONG cxHTPat;
+    ULONG cyHTPat;
+    LPBYTE pHTPatA;
+    LPBYTE pHTPatB;
+    LPBYTE pHTPatC;
+    ULONG flShadeBlend;
+    ULONG ulPhysicalPixelCharacteristics;
+    ULONG ulPhysicalPixelGamma;
+};
+
+struct DEVINFO {
+    ULONG flGraphicsCaps;
+    LOGFONTW lfDefaultFont;
+    LOGFONTW lfAnsiVarFont;
+    LOGFONTW lfAnsiFixFont;
+    ULONG cFonts;
+    ULONG iDitherFormat;
+    USHORT cxDither;
+    USHORT cyDither;
+    HPALETTE hpalDefault;
+    ULONG flGraphicsCaps2;
+};
+
+// The module's functions, each with its number.
+using PFN = INT_PTR(WINAPI*)();
+struct DRVFN {
+    ULONG iFunc;
+    PFN pfn;
+};
+struct DRVENABLEDATA {
+    ULONG iDriverVersion;
+    ULONG c;
+    DRVFN* pdrvfn;
+};
+
+#define DDI_DRIVER_VERSION_NT5 0x00030000
+
+#define INDEX_DrvEnablePDEV 0
+#define INDEX_DrvCompletePDEV 1
+#define INDEX_DrvDisablePDEV 2
+#define INDEX_DrvEscape 24
+#define INDEX_DrvSendPage 32
+#define INDEX_DrvStartPage 33
+#define INDEX_DrvEndDoc 34
+#define INDEX_DrvStartDoc 35
+
+// DrvEndDoc: the document is dropped.
+#define ED_ABORTDOC 0x00000001
+
+// What the module exports to hand over its functions, and to be told that it is not needed any
+// more.
+using PFN_DrvEnableDriver = BOOL(WINAPI*)(ULONG version, ULONG size, DRVENABLEDATA* data);
+using PFN_DrvDisableDriver = void(WINAPI*)();
+
+// A device in the settings of a DEVMODE. The module fills the parts of GDIINFO and DEVINFO that
+// have room, and writes its output to the printer handle `driver`.
+using PFN_DrvEnablePDEV = DHPDEV(WINAPI*)(DEVMODEW* dev_mode, LPWSTR log_address,
+                                          ULONG pattern_count, HSURF* patterns, ULONG caps_size,
+                                          ULONG* caps, ULONG info_size, DEVINFO* info, HDEV dev,
+                                          LPWSTR device_name, HANDLE driver);
+using PFN_DrvCompletePDEV = void(WINAPI*)(DHPDEV device, HDEV dev);
+using PFN_DrvDisablePDEV = void(WINAPI*)(DHPDEV device);
+using PFN_DrvStartDoc = BOOL(WINAPI*)(SURFOBJ* surface, LPWSTR name, DWORD job);
+using PFN_DrvStartPage = BOOL(WINAPI*)(SURFOBJ* surface);
+using PFN_DrvSendPage = BOOL(WINAPI*)(SURFOBJ* surface);
+using PFN_DrvEndDoc = BOOL(WINAPI*)(SURFOBJ* surface, ULONG flags);
+using PFN_DrvEscape = ULONG(WINAPI*)(SURFOBJ* surface, ULONG escape, ULONG input_size, PVOID input,
+                                     ULONG output_size, PVOID output);

@@ -52,6 +52,16 @@ using PPRINTER_EVENT_ATTRIBUTES_INFO = PRINTER_EVENT_ATTRIBUTES_INFO*;
 #define DOCUMENTEVENT_UNSUPPORTED 0
 #define DOCUMENTEVENT_FAILURE (-1)
 
+// The input of DOCUMENTEVENT_CREATEDCPRE. Its output is a DEVMODEW* that the driver may set to what
+// is used instead of `pdm`; such a DEVMODE is the driver's until the next event.
+struct DOCEVENT_CREATEDCPRE {
+    PWSTR pszDriver;
+    PWSTR pszDevice;
+    PDEVMODEW pdm;
+    BOOL bIC;
+};
+using PDOCEVENT_CREATEDCPRE = DOCEVENT_CREATEDCPRE*;
+
 // ---- Whether a job may print (DevQueryPrintEx) --------------------------------------------------
 
 struct DEVQUERYPRINT_INFO {

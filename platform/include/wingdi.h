@@ -197,3 +197,96 @@ static_assert(sizeof(COLORADJUSTMENT) == 24);
 #define DC_PRINTRATEPPM 31
 #define DC_COLORDEVICE 32
 #define DC_NUP 33
+
+// ---- Fonts --------------------------------------------------------------------------------------
+
+#define LF_FACESIZE 32
+
+struct LOGFONTW {
+    LONG lfHeight;
+    LONG lfWidth;
+    LONG lfEscapement;
+    LONG lfOrientation;
+    LONG lfWeight;
+    BYTE lfItalic;
+    BYTE lfUnderline;
+    BYTE lfStrikeOut;
+    BYTE lfCharSet;
+    BYTE lfOutPrecision;
+    BYTE lfClipPrecision;
+    BYTE lfQuality;
+    BYTE lfPitchAndFamily;
+    WCHAR lfFaceName[LF_FACESIZE];
+};
+static_assert(sizeof(LOGFONTW) == 92);
+
+// ---- Device contexts ----------------------------------------------------------------------------
+
+// Indices of GetDeviceCaps. Sizes are in pixels unless they say otherwise.
+#define DRIVERVERSION 0
+#define TECHNOLOGY 2
+#define HORZSIZE 4 // millimetres
+#define VERTSIZE 6
+#define HORZRES 8 // the printable area
+#define VERTRES 10
+#define BITSPIXEL 12
+#define PLANES 14
+#define NUMCOLORS 24
+#define RASTERCAPS 38
+#define ASPECTX 40
+#define ASPECTY 42
+#define ASPECTXY 44
+#define LOGPIXELSX 88 // per inch
+#define LOGPIXELSY 90
+#define PHYSICALWIDTH 110 // the paper
+#define PHYSICALHEIGHT 111
+#define PHYSICALOFFSETX 112 // of the printable area on it
+#define PHYSICALOFFSETY 113
+
+#define DT_RASPRINTER 2
+
+// An escape that every rendering module answers: whether it knows another one, whose number is the
+// input.
+#define QUERYESCSUPPORT 8
+
+#define SP_ERROR (-1)
+
+struct DOCINFOW {
+    int cbSize;
+    LPCWSTR lpszDocName;
+    LPCWSTR lpszOutput;   // null: the printer's port
+    LPCWSTR lpszDatatype; // null: RAW
+    DWORD fwType;
+};
+using LPDOCINFOW = DOCINFOW*;
+
+#pragma GCC visibility push(default)
+extern "C" {
+
+// A device context on the printer `device`, in the settings of `dev_mode`, or its default ones for
+// null. `driver` is "WINSPOOL" or null and `output` null or the printer's port, which is not looked
+// at. Null with an error when there is no such printer or no rendering module for it.
+HDC WINAPI CreateDCW(LPCWSTR driver, LPCWSTR device, LPCWSTR output, const DEVMODEW* dev_mode);
+// The same for questions: documents cannot be started on it.
+HDC WINAPI CreateICW(LPCWSTR driver, LPCWSTR device, LPCWSTR output, const DEVMODEW* dev_mode);
+// A document that is not ended is dropped.
+BOOL WINAPI DeleteDC(HDC dc);
+
+// 0 for an index that is not named above and when there is no such device context.
+int WINAPI GetDeviceCaps(HDC dc, int index);
+
+// Documents; greater than 0 on success. StartDocW answers the number of the job. Pages stand inside
+// of documents, and a page that is open ends with its document. Output to files is not there.
+int WINAPI StartDocW(HDC dc, const DOCINFOW* info);
+int WINAPI StartPage(HDC dc);
+int WINAPI EndPage(HDC dc);
+int WINAPI EndDoc(HDC dc);
+int WINAPI AbortDoc(HDC dc);
+
+// Passes something to the rendering module and answers what it answers: greater than 0 on success,
+// 0 when it does not know the escape, less than 0 on failure.
+int WINAPI ExtEscape(HDC dc, int escape, int input_size, LPCSTR input, int output_size,
+                     LPSTR output);
+
+} // extern "C"
+#pragma GCC visibility pop

@@ -10,6 +10,7 @@
 // named with the function. Texts that a record does not have are empty, never null.
 #pragma once
 
+#include <winbase.h>
 #include <windef.h>
 #include <wingdi.h>
 #include <winnt.h>
@@ -232,6 +233,80 @@ struct PORT_INFO_2W {
 using PPORT_INFO_2W = PORT_INFO_2W*;
 using LPPORT_INFO_2W = PORT_INFO_2W*;
 
+// ---- Documents and jobs -------------------------------------------------------------------------
+
+struct DOC_INFO_1W {
+    LPWSTR pDocName;
+    LPWSTR pOutputFile; // null: the printer's port
+    LPWSTR pDatatype;   // null: the printer's
+};
+using PDOC_INFO_1W = DOC_INFO_1W*;
+using LPDOC_INFO_1W = DOC_INFO_1W*;
+
+// A job's status: none of these while it waits in the spooler.
+#define JOB_STATUS_PAUSED 0x00000001
+#define JOB_STATUS_ERROR 0x00000002
+#define JOB_STATUS_DELETING 0x00000004
+#define JOB_STATUS_SPOOLING 0x00000008
+#define JOB_STATUS_PRINTING 0x00000010
+#define JOB_STATUS_PRINTED 0x00000080
+
+struct JOB_INFO_1W {
+    DWORD JobId;
+    LPWSTR pPrinterName;
+    LPWSTR pMachineName;
+    LPWSTR pUserName;
+    LPWSTR pDocument;
+    LPWSTR pDatatype;
+    LPWSTR pStatus; // what went wrong; null when nothing did
+    DWORD Status;   // JOB_STATUS_ bits
+    DWORD Priority;
+    DWORD Position; // from 1
+    DWORD TotalPages;
+    DWORD PagesPrinted;
+    SYSTEMTIME Submitted; // Universal Time
+};
+using PJOB_INFO_1W = JOB_INFO_1W*;
+using LPJOB_INFO_1W = JOB_INFO_1W*;
+
+struct JOB_INFO_2W {
+    DWORD JobId;
+    LPWSTR pPrinterName;
+    LPWSTR pMachineName;
+    LPWSTR pUserName;
+    LPWSTR pDocument;
+    LPWSTR pNotifyName;
+    LPWSTR pDatatype;
+    LPWSTR pPrintProcessor;
+    LPWSTR pParameters;
+    LPWSTR pDriverName;
+    LPDEVMODEW pDevMode;
+    LPWSTR pStatus;
+    PSECURITY_DESCRIPTOR pSecurityDescriptor;
+    DWORD Status;
+    DWORD Priority;
+    DWORD Position;
+    DWORD StartTime;
+    DWORD UntilTime;
+    DWORD TotalPages;
+    DWORD Size; // bytes
+    SYSTEMTIME Submitted;
+    DWORD Time;
+    DWORD PagesPrinted;
+};
+using PJOB_INFO_2W = JOB_INFO_2W*;
+using LPJOB_INFO_2W = JOB_INFO_2W*;
+
+#define JOB_CONTROL_PAUSE 1
+#define JOB_CONTROL_RESUME 2
+#define JOB_CONTROL_CANCEL 3
+#define JOB_CONTROL_RESTART 4
+#define JOB_CONTROL_DELETE 5
+
+// Printer data of a print server: the folder of the jobs' files, which are named by the jobs'
+// numbers ("00007.SPL").
+#define SPLREG_DEFAULT_SPOOL_DIRECTORY TEXT("DefaultSpoolDirectory")
+
 #pragma GCC visibility push(default)
 extern "C" {
 
@@ -353,6 +428,34 @@ BOOL WINAPI IsValidDevmodeW(PDEVMODEW dev_mode, size_t size);
 // answer. `port` is not looked at.
 int WINAPI DeviceCapabilitiesW(LPCWSTR device, LPCWSTR port, WORD capability, LPWSTR output,
                                const DEVMODEW* dev_mode);
+
+// ---- Documents ----------------------------------------------------------------------------------
+
+// Starts a document on a printer (level 1, a DOC_INFO_1W without an output file); the number of its
+// job, 0 on failure. ERROR_INVALID_HANDLE while the handle has a document already.
+DWORD WINAPI StartDocPrinterW(HANDLE printer, DWORD level, LPBYTE info);
+// These fail with ERROR_SPL_NO_STARTDOC without a document.
+BOOL WINAPI StartPagePrinter(HANDLE printer);
+BOOL WINAPI WritePrinter(HANDLE printer, LPVOID data, DWORD size, LPDWORD written);
+BOOL WINAPI EndPagePrinter(HANDLE printer);
+// Completes the job and sends it to the printer's port. Failure to send is no failure here: it is
+// found in the job, which waits for another try.
+BOOL WINAPI EndDocPrinter(HANDLE printer);
+// Drops the job; so does closing a printer whose document is not ended.
+BOOL WINAPI AbortPrinter(HANDLE printer);
+
+// ---- Jobs ---------------------------------------------------------------------------------------
+
+// Levels 1 and 2: `count` jobs of the printer from position `first` (0 is the oldest) on.
+BOOL WINAPI EnumJobsW(HANDLE printer, DWORD first, DWORD count, DWORD level, LPBYTE buffer,
+                      DWORD size, LPDWORD needed, LPDWORD returned);
+// Levels 1 and 2. ERROR_INVALID_PARAMETER when the printer has no such job.
+BOOL WINAPI GetJobW(HANDLE printer, DWORD job, DWORD level, LPBYTE buffer, DWORD size,
+                    LPDWORD needed);
+// Level 0 with a command: JOB_CONTROL_RESTART sends a complete job to the port again (failure is
+// found in the job), JOB_CONTROL_DELETE and JOB_CONTROL_CANCEL delete it. Other people's jobs are
+// for administrators.
+BOOL WINAPI SetJobW(HANDLE printer, DWORD job, DWORD level, LPBYTE info, DWORD command);
 
 } // extern "C"
 #pragma GCC visibility pop

@@ -13,6 +13,7 @@ namespace {
 using PrinterEventFunction = BOOL(WINAPI*)(LPWSTR, int, DWORD, LPARAM);
 using CapabilitiesFunction = DWORD(WINAPI*)(HANDLE, LPWSTR, WORD, LPVOID, DEVMODEW*);
 using ConvertFunction = BOOL(WINAPI*)(LPWSTR, PDEVMODEW, PDEVMODEW, PDWORD, DWORD);
+using DocumentEventFunction = int(WINAPI*)(HANDLE, HDC, int, ULONG, PVOID, ULONG, PVOID);
 
 template <class Function>
 Function As(FARPROC function) {
@@ -74,7 +75,8 @@ DriverLibrary::DriverLibrary(HMODULE module)
     , printer_event_(GetProcAddress(module, "DrvPrinterEvent"))
     , capabilities_(GetProcAddress(module, "DrvDeviceCapabilities"))
     , convert_(GetProcAddress(module, "DrvConvertDevMode"))
-    , document_sheets_(GetProcAddress(module, "DrvDocumentPropertySheets")) {}
+    , document_sheets_(GetProcAddress(module, "DrvDocumentPropertySheets"))
+    , document_event_(GetProcAddress(module, "DrvDocumentEvent")) {}
 
 DriverLibrary::~DriverLibrary() {
     FreeLibrary(module_);
@@ -113,6 +115,13 @@ LONG DriverLibrary::DocumentProperties(DOCUMENTPROPERTYHEADER& header) const {
         return -1;
     }
     return As<PFNPROPSHEETUI>(document_sheets_)(nullptr, reinterpret_cast<LPARAM>(&header));
+}
+
+int DriverLibrary::DocumentEvent(HANDLE printer, HDC dc, int event, ULONG input_size, void* input,
+                                 ULONG output_size, void* output) const {
+    if (!document_event_) return DOCUMENTEVENT_UNSUPPORTED;
+    return As<DocumentEventFunction>(document_event_)(printer, dc, event, input_size, input,
+                                                      output_size, output);
 }
 
 } // namespace win32host

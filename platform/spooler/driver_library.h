@@ -41,12 +41,17 @@ public:
     // DrvDocumentPropertySheets without property sheets; -1 when the driver has none.
     LONG DocumentProperties(DOCUMENTPROPERTYHEADER& header) const;
 
+    // DrvDocumentEvent; DOCUMENTEVENT_UNSUPPORTED when the driver has none.
+    int DocumentEvent(HANDLE printer, HDC dc, int event, ULONG input_size, void* input,
+                      ULONG output_size, void* output) const;
+
 private:
     HMODULE module_;
     FARPROC printer_event_;
     FARPROC capabilities_;
     FARPROC convert_;
     FARPROC document_sheets_;
+    FARPROC document_event_;
 };
 
 } // namespace win32host

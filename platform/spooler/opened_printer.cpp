@@ -1,6 +1,7 @@
 #include "spooler/opened_printer.h"
 
 #include "security/accounts.h"
+#include "spooler/spooled_document.h"
 
 #include <algorithm>
 #include <utility>
@@ -29,6 +30,8 @@ OpenedPrinter::OpenedPrinter(std::shared_ptr<PrintServer> server, std::u16string
     : server_(std::move(server))
     , printer_(std::move(printer))
     , access_(access) {}
+
+OpenedPrinter::~OpenedPrinter() = default;
 
 std::optional<PrinterRecord> OpenedPrinter::Record() const {
     auto record = ReadPrinter(*server_, printer_);

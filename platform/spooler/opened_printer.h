@@ -10,10 +10,13 @@
 #include <winspool.h>
 
 #include <memory>
+#include <mutex>
 #include <optional>
 #include <string>
 
 namespace win32host {
+
+class SpooledDocument;
 
 // Whether the user may change printers, drivers and printer data: administrators and power users.
 bool MayAdminister();
@@ -22,8 +25,11 @@ bool MayAdminister();
 class OpenedPrinter : public HandleObject {
 public:
     OpenedPrinter(std::shared_ptr<PrintServer> server, std::u16string printer, ACCESS_MASK access);
+    // Drops a document that was not ended.
+    ~OpenedPrinter() override;
 
     const PrintServer& Server() const { return *server_; }
+    const std::shared_ptr<PrintServer>& SharedServer() const { return server_; }
     const std::u16string& Printer() const { return printer_; }
     std::u16string FullName() const { return server_->FullName(printer_); }
     // Whether it was opened with all these rights.
@@ -37,10 +43,18 @@ public:
     // ERROR_UNKNOWN_PRINTER_DRIVER.
     std::optional<DriverRecord> Driver() const;
 
+    // The document that is being printed through the handle; null when there is none.
+    struct Document {
+        std::mutex lock;
+        std::unique_ptr<SpooledDocument> document;
+    };
+    Document& CurrentDocument() { return document_; }
+
 private:
     const std::shared_ptr<PrintServer> server_;
     const std::u16string printer_;
     const ACCESS_MASK access_;
+    Document document_;
 };
 
 // The printer behind a handle. Null with ERROR_INVALID_HANDLE when it is no printer's.

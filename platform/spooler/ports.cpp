@@ -11,32 +11,6 @@ namespace {
 
 const std::u16string kFilePort = u"FILE:";
 
-bool IsNetworkPort(std::u16string_view port) {
-    if (port.size() <= 3 || !SameName(port.substr(0, 3), u"IP_")) return false;
-    std::u16string_view host = port.substr(3);
-    if (const size_t colon = host.rfind(u':'); colon != std::u16string_view::npos) {
-        DWORD number = 0;
-        const std::u16string_view digits = host.substr(colon + 1);
-        if (digits.empty() || digits.size() > 5) return false;
-        for (const char16_t digit : digits) {
-            if (digit < u'0' || digit > u'9') return false;
-            number = number * 10 + (digit - u'0');
-        }
-        if (number < 1 || number > 65535) return false;
-        host = host.substr(0, colon);
-    }
-    return !host.empty() && std::all_of(host.begin(), host.end(), [](char16_t c) {
-        return (c >= u'0' && c <= u'9') || (UpperOf(c) >= u'A' && UpperOf(c) <= u'Z') ||
-               c == u'.' || c == u'-' || c == u'_';
-    });
-}
-
-bool IsPathPort(std::u16string_view port) {
-    const bool drive = port.size() > 3 && UpperOf(port[0]) >= u'A' && UpperOf(port[0]) <= u'Z' &&
-                       port[1] == u':' && (port[2] == u'\\' || port[2] == u'/');
-    return drive || (port.size() > 1 && port[0] == u'/');
-}
-
 // All ports, "FILE:" first.
 std::vector<std::u16string> PortNames(const PrintServer& server) {
     std::vector<std::u16string> names{kFilePort};
@@ -51,7 +25,7 @@ std::vector<std::u16string> PortNames(const PrintServer& server) {
 void FillPorts(LevelWriter& writer, const std::vector<std::u16string>& names) {
     writer.Structures<PORT_INFO_2W>(names.size());
     for (size_t i = 0; i < names.size(); ++i) {
-        const bool network = IsNetworkPort(names[i]);
+        const bool network = NetworkAddressOf(names[i]).has_value();
         PORT_INFO_2W info = {};
         writer.Text(info.pPortName, names[i]);
         writer.Text(info.pMonitorName, network ? u"Standard TCP/IP Port" : u"Local Port");
@@ -64,8 +38,43 @@ void FillPorts(LevelWriter& writer, const std::vector<std::u16string>& names) {
 
 } // namespace
 
+std::optional<NetworkAddress> NetworkAddressOf(std::u16string_view port) {
+    if (port.size() <= 3 || !SameName(port.substr(0, 3), u"IP_")) return std::nullopt;
+    NetworkAddress address;
+    std::u16string_view host = port.substr(3);
+    if (const size_t colon = host.rfind(u':'); colon != std::u16string_view::npos) {
+        DWORD number = 0;
+        const std::u16string_view digits = host.substr(colon + 1);
+        if (digits.empty() || digits.size() > 5) return std::nullopt;
+        for (const char16_t digit : digits) {
+            if (digit < u'0' || digit > u'9') return std::nullopt;
+            number = number * 10 + (digit - u'0');
+        }
+        if (number < 1 || number > 65535) return std::nullopt;
+        address.port = static_cast<WORD>(number);
+        host = host.substr(0, colon);
+    }
+    const bool good = !host.empty() && std::all_of(host.begin(), host.end(), [](char16_t c) {
+        return (c >= u'0' && c <= u'9') || (UpperOf(c) >= u'A' && UpperOf(c) <= u'Z' && c < 0x80) ||
+               c == u'.' || c == u'-' || c == u'_';
+    });
+    if (!good) return std::nullopt;
+    address.host = Utf8(host);
+    return address;
+}
+
+bool KeepsJobs(std::u16string_view port) {
+    return SameName(port, kFilePort);
+}
+
+bool IsPathPort(std::u16string_view port) {
+    const bool drive = port.size() > 3 && UpperOf(port[0]) >= u'A' && UpperOf(port[0]) <= u'Z' &&
+                       port[1] == u':' && (port[2] == u'\\' || port[2] == u'/');
+    return drive || (port.size() > 1 && port[0] == u'/');
+}
+
 bool IsUsablePort(const PrintServer& server, const std::u16string& port) {
-    if (IsNetworkPort(port) || IsPathPort(port)) return true;
+    if (NetworkAddressOf(port) || IsPathPort(port)) return true;
     const auto names = PortNames(server);
     return std::any_of(names.begin(), names.end(),
                        [&](const std::u16string& name) { return SameName(name, port); });

@@ -3,13 +3,27 @@
 
 #include "spooler/print_server.h"
 
+#include <optional>
 #include <string>
+#include <string_view>
 
 namespace win32host {
 
 // Whether a printer can be on the port: "FILE:", a port that the machine knows, or one whose name
 // says all about it: "IP_host", "IP_host:port", the full path of a file or device.
 bool IsUsablePort(const PrintServer& server, const std::u16string& port);
+
+// Where a port "IP_host" or "IP_host:port" leads; nothing for other ports.
+struct NetworkAddress {
+    std::string host;
+    WORD port = 9100;
+};
+std::optional<NetworkAddress> NetworkAddressOf(std::u16string_view port);
+
+// Whether jobs stay in the spooler: the port "FILE:".
+bool KeepsJobs(std::u16string_view port);
+// Whether the port is the full path of a file or device.
+bool IsPathPort(std::u16string_view port);
 
 // Makes the machine know the port.
 LSTATUS RegisterPort(const PrintServer& server, const std::u16string& port);

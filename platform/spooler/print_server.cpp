@@ -38,7 +38,7 @@ std::shared_ptr<PrintServer> PrintServer::Named(std::u16string_view name) {
     }
     server->name_ = u"\\\\" + std::u16string(name);
     HKEY machine = nullptr;
-    const auto root = HostPath(Utf16(Root() + "/servers/") + std::u16string(name));
+    const auto root = win32host::HostPath(Utf16(Root() + "/servers/") + std::u16string(name));
     if (!root ||
         RegConnectRegistryW(server->name_.c_str(), HKEY_LOCAL_MACHINE, &machine) != ERROR_SUCCESS) {
         SetLastError(ERROR_RPC_SERVER_UNAVAILABLE);
@@ -55,6 +55,12 @@ std::u16string PrintServer::FullName(std::u16string_view printer) const {
 
 HKEY PrintServer::Machine() const {
     return IsLocal() ? HKEY_LOCAL_MACHINE : machine_.get();
+}
+
+std::optional<std::string> PrintServer::HostPath(const std::u16string& path) const {
+    if (IsLocal() || path.size() < 2 || path[1] != u':' || UpperOf(path[0]) != u'C')
+        return win32host::HostPath(path);
+    return win32host::HostPath(WindowsPath(root_ + "/drive_c") + path.substr(2));
 }
 
 std::u16string PrintServer::DriverFolder() const {

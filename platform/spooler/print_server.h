@@ -6,6 +6,7 @@
 #include <windows.h>
 
 #include <memory>
+#include <optional>
 #include <string>
 #include <string_view>
 
@@ -31,6 +32,10 @@ public:
     HKEY Machine() const;
     // The machine's root folder (POSIX path).
     const std::string& RootFolder() const { return root_; }
+    // Where the jobs' files are (POSIX path); need not exist.
+    std::string SpoolFolder() const { return root_ + "/spool"; }
+    // The POSIX path of a path of that machine: its drive C is the one of its root folder.
+    std::optional<std::string> HostPath(const std::u16string& path) const;
     // Where drivers are put and where they lie after installation, as this machine names the
     // folders; without a separator at the end.
     std::u16string DriverFolder() const;

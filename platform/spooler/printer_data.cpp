@@ -1,4 +1,6 @@
 // Printer data: named values that belong to a printer.
+#include "files/paths.h"
+#include "host/text.h"
 #include "spooler/ansi.h"
 #include "spooler/opened_printer.h"
 
@@ -44,9 +46,20 @@ DWORD OpenDataToChange(HANDLE handle, RegistryKey& key) {
     return OpenData(*printer, true, key);
 }
 
+// The one thing that a print server tells of itself.
+DWORD ReadOfServer(const PrintServer& server, const std::u16string& name, Data& data) {
+    if (!SameName(name, SPLREG_DEFAULT_SPOOL_DIRECTORY)) return ERROR_INVALID_HANDLE;
+    const std::u16string folder = WindowsPath(server.SpoolFolder());
+    data.type = REG_SZ;
+    data.bytes.resize((folder.size() + 1) * sizeof(WCHAR));
+    std::memcpy(data.bytes.data(), folder.c_str(), data.bytes.size());
+    return ERROR_SUCCESS;
+}
+
 DWORD Read(HANDLE handle, const std::u16string& name, Data& data) {
-    const auto printer = FindPrinter(handle);
+    const auto printer = Find<OpenedPrinter>(handle);
     if (!printer) return ERROR_INVALID_HANDLE;
+    if (printer->Printer().empty()) return ReadOfServer(printer->Server(), name, data);
     RegistryKey key;
     if (const DWORD code = OpenData(*printer, false, key)) return code;
     data.bytes.resize(256);

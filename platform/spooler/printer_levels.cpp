@@ -1,5 +1,7 @@
 #include "spooler/printer_levels.h"
 
+#include "spooler/job_record.h"
+
 namespace win32host {
 namespace {
 
@@ -43,6 +45,7 @@ void PutLevel2(LevelWriter& writer, size_t index, const ShownPrinter& printer) {
     info.StartTime = record.start_time;
     info.UntilTime = record.until_time;
     info.Status = record.status;
+    info.cJobs = CountJobs(*printer.server, record.name);
     writer.Put(index, info);
 }
 

@@ -1,6 +1,7 @@
 // Opening, asking, changing, adding and deleting printers.
 #include "host/text.h"
 #include "spooler/dev_modes.h"
+#include "spooler/job_record.h"
 #include "spooler/opened_printer.h"
 #include "spooler/ports.h"
 #include "spooler/printer_levels.h"
@@ -287,6 +288,8 @@ extern "C" BOOL WINAPI DeletePrinter(HANDLE handle) {
                                        PRINTER_EVENT_FLAG_NO_UI, 0);
         {
             SpoolerLock lock(printer->Server());
+            for (const JobRecord& job : ReadJobs(printer->Server(), printer->Printer()))
+                EraseJob(printer->Server(), printer->Printer(), job.number);
             const LSTATUS status = ErasePrinter(printer->Server(), printer->Printer());
             if (status == ERROR_FILE_NOT_FOUND) return Fail(ERROR_PRINTER_DELETED);
             if (status != ERROR_SUCCESS) return Fail(static_cast<DWORD>(status));

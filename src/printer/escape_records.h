@@ -6,15 +6,15 @@
 #include <cstdint>
 
 enum PrivateEscape : int {
-    ESCAPE_BAR = 11010,                // one filled bar of the test page, 24 bytes
+    ESCAPE_BAR = 11010,                // a KVBar
     ESCAPE_CACHE_ACTION = 11020,       // a KVCacheAction
     ESCAPE_RAW_PACKET = 15001,         // a 16-bit count and so many bytes, into the job as they are
     ESCAPE_DOWNLOAD_FONT = 15011,      // a KVFontInfo
     ESCAPE_DOWNLOAD_FONT_DATA = 15012, // a 16-bit count and so many bytes of a font file
     ESCAPE_DOWNLOAD_BITMAP = 15013,    // a KVDownloadBitmapChar with its rows
-    ESCAPE_READ_CACHE_SETTINGS = 15031,
+    ESCAPE_READ_CACHE_SETTINGS = 15031, // answers a KVCacheSettings
     ESCAPE_WRITE_CACHE_SETTINGS = 15032,
-    ESCAPE_CACHE_INFORMATION = 15033, // without output: the size of the description
+    ESCAPE_CACHE_INFORMATION = 15033, // answers a KVCacheInformation; its size without output
     ESCAPE_CACHE_ITEM_ACTION = 15034, // a KVCacheItemAction
 };
 
@@ -83,3 +83,38 @@ struct KVCacheItemAction {
     uint32_t action;
 };
 static_assert(sizeof(KVCacheItemAction) == 8);
+
+// A filled bar of the test page, in dots. The start is on its middle line.
+struct KVBar {
+    uint16_t size; // of this record
+    uint16_t x;
+    uint16_t y;
+    uint16_t length;
+    uint16_t thickness;
+    uint16_t reserved1;
+    uint16_t vertical; // 1 down from the start, 0 to the right
+    uint16_t reserved2[5];
+};
+static_assert(sizeof(KVBar) == 24);
+static_assert(offsetof(KVBar, vertical) == 12);
+
+// How the rendering module keeps formats and graphics in the printer.
+struct KVCacheSettings {
+    uint32_t memory; // bytes
+    uint32_t first_format;
+    uint32_t last_format;
+    uint32_t first_graphic;
+    uint32_t last_graphic;
+    uint32_t graphics_location; // the letter of a memory
+    uint32_t format_location;
+};
+static_assert(sizeof(KVCacheSettings) == 28);
+
+// What it keeps there: this header, and entries of 56 bytes.
+struct KVCacheInformation {
+    uint16_t reserved1;
+    uint16_t size; // of it all
+    uint16_t count;
+    uint16_t reserved2[5];
+};
+static_assert(sizeof(KVCacheInformation) == 16);

@@ -47,15 +47,15 @@ TEST_F(PrinterInformation, ComesFromTheSpoolersRecords) {
     EXPECT_TRUE(printer.GetAttributes() & PRINTER_ATTRIBUTE_ENABLE_BIDI);
     EXPECT_EQ(printer.GetDriverVersion(), 3u);
     const std::pair<OString, const char*> cases[] = {
-        {printer.GetPrinterName(), "Dock 3"},      {printer.PrinterPart(), "Dock 3"},
-        {printer.GetDriverName(), "Model 1"},      {printer.GetServerName(), ""},
-        {printer.GetPrintProcessor(), "WinPrint"}, {printer.GetShareName(), "SHARE"},
-        {printer.GetDriverFile(), "zplui.dll"},    {printer.GetPortName(), "FILE:"},
-        {printer.GetDataFile(), "ZPLQV.DDT"},      {printer.GetComment(), "A comment"},
-        {printer.GetConfigFile(), "zplui.dll"},    {printer.GetDatatype(), "RAW"},
-        {printer.GetHelpFile(), "zplui.hlp"},      {printer.GetHardwareID(), "HW1"},
-        {printer.GetDefaultDatatype(), "RAW"},     {printer.GetPrefix(), "zpl"},
-        {printer.GetManufacturer(), "Maker"},      {printer.GetOEM(), "qv"},
+        {printer.GetPrinterName(), "Dock 3"},       {printer.PrinterPart(), "Dock 3"},
+        {printer.GetDriverName(), "Model 1"},       {printer.GetServerName(), ""},
+        {printer.GetPrintProcessor(), "WinPrint"},  {printer.GetShareName(), "SHARE"},
+        {printer.GetDriverFile(), "zplrender.dll"}, {printer.GetPortName(), "FILE:"},
+        {printer.GetDataFile(), "ZPLQV.DDT"},       {printer.GetComment(), "A comment"},
+        {printer.GetConfigFile(), "zplui.dll"},     {printer.GetDatatype(), "RAW"},
+        {printer.GetHelpFile(), "zplui.hlp"},       {printer.GetHardwareID(), "HW1"},
+        {printer.GetDefaultDatatype(), "RAW"},      {printer.GetPrefix(), "zpl"},
+        {printer.GetManufacturer(), "Maker"},       {printer.GetOEM(), "qv"},
         {printer.GetProvider(), "Provider"}};
     for (const auto& [found, expected] : cases) EXPECT_STREQ(found.nstring(), expected);
     const OStringArray& files = printer.GetDependentFiles();

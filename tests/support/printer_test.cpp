@@ -36,6 +36,7 @@ bool PrinterTest::AddDriver(const OString& driver, const OString& data_file, DWO
 
     const OString folder = "C:\\stage\\";
     const OString module = folder + "zplui.dll";
+    const OString renderer = folder + "zplrender.dll";
     const OString data = folder + data_file;
     const OString help = folder + "zplui.hlp";
     const WCHAR files[] = TEXT("C:\\stage\\zplrender.dll\0C:\\stage\\zplvenu.dll\0");
@@ -47,7 +48,7 @@ bool PrinterTest::AddDriver(const OString& driver, const OString& data_file, DWO
     DRIVER_INFO_6W info = {};
     info.cVersion = 3;
     info.pName = Text(driver);
-    info.pDriverPath = Text(module);
+    info.pDriverPath = Text(renderer);
     info.pDataFile = Text(data);
     info.pConfigFile = Text(module);
     info.pHelpFile = Text(help);

@@ -15,8 +15,8 @@ protected:
     PrinterTest();
     ~PrinterTest() override;
 
-    // Adds a driver whose files are empty: driver and configuration file "zplui.dll", help file
-    // "zplui.hlp", dependent files "zplrender.dll" and "zplvenu.dll", the data file as given.
+    // Adds a driver whose files are empty: driver file "zplrender.dll", configuration file
+    // "zplui.dll", help file "zplui.hlp", dependent files "zplrender.dll" and "zplvenu.dll", the data file as given.
     // Level 6 adds manufacturer "Maker", hardware id "HW1" and provider "Provider".
     bool AddDriver(const OString& driver, const OString& data_file, DWORD level = 6);
 

@@ -1,5 +1,6 @@
 // A printer driver that notes how it is called, for the tests of the spooler. Its notes are the
 // texts of HKEY_CURRENT_USER\TestDriver.
+#include <winddi.h>
 #include <winddiui.h>
 #include <windows.h>
 
@@ -58,9 +59,73 @@ void PutLayout(DEVMODEW& settings) {
 
 std::atomic<DWORD> g_capability_calls = 0; // the spooler calls from every thread
 
+// ---- The rendering module -----------------------------------------------------------------------
+
+DHPDEV WINAPI EnableDevice(DEVMODEW* dev_mode, LPWSTR, ULONG, HSURF*, ULONG, ULONG* caps, ULONG,
+                           DEVINFO*, HDEV, LPWSTR name, HANDLE printer) {
+    auto& info = *reinterpret_cast<GDIINFO*>(caps);
+    info.ulHorzRes = dev_mode ? static_cast<ULONG>(dev_mode->dmPaperWidth) : 100;
+    info.ulHorzSize = static_cast<ULONG>(-101600);
+    info.ulVertSize = 150;
+    info.szlPhysSize.cx = 832;
+    Note(u"enable " + std::u16string(name));
+    return static_cast<DHPDEV>(printer); // all that it needs to know
+}
+
+void WINAPI DisableDevice(DHPDEV) {
+    Note(u"disable");
+}
+
+BOOL WINAPI StartDocument(SURFOBJ*, LPWSTR name, DWORD job) {
+    Note(u"start doc " + std::u16string(name) + u' ' + Number(job));
+    return !std::u16string(name).starts_with(u"Refused");
+}
+
+BOOL WINAPI SendPage(SURFOBJ*) {
+    Note(u"send page");
+    return TRUE;
+}
+
+BOOL WINAPI EndDocument(SURFOBJ*, ULONG flags) {
+    Note(flags & ED_ABORTDOC ? u"abort doc" : u"end doc");
+    return TRUE;
+}
+
+ULONG WINAPI Escape(SURFOBJ* surface, ULONG escape, ULONG input_size, PVOID input, ULONG, PVOID) {
+    DWORD written = 0;
+    WritePrinter(surface->dhpdev, input, input_size, &written);
+    return escape + written;
+}
+
+template <class Function>
+DRVFN Entry(ULONG index, Function function) {
+    return {index, reinterpret_cast<PFN>(reinterpret_cast<void (*)()>(function))};
+}
+
+DRVFN g_functions[] = {
+    Entry(INDEX_DrvEnablePDEV, EnableDevice), Entry(INDEX_DrvDisablePDEV, DisableDevice),
+    Entry(INDEX_DrvStartDoc, StartDocument),  Entry(INDEX_DrvSendPage, SendPage),
+    Entry(INDEX_DrvEndDoc, EndDocument),      Entry(INDEX_DrvEscape, Escape),
+};
+
 } // namespace
 
 extern "C" {
+
+__declspec(dllexport) BOOL WINAPI DrvEnableDriver(ULONG, ULONG, DRVENABLEDATA* data) {
+    *data = {DDI_DRIVER_VERSION_NT5, static_cast<ULONG>(std::size(g_functions)), g_functions};
+    return TRUE;
+}
+
+// Fails to let documents start whose names begin with "No".
+__declspec(dllexport) int WINAPI
+    DrvDocumentEvent(HANDLE, HDC, int event, ULONG, PVOID input, ULONG, PVOID) {
+    Note(u"event " + Number(static_cast<DWORD>(event)));
+    if (event != DOCUMENTEVENT_STARTDOCPRE) return DOCUMENTEVENT_SUCCESS;
+    const DOCINFOW& info = **static_cast<const DOCINFOW**>(input);
+    return std::u16string(info.lpszDocName).starts_with(u"No") ? DOCUMENTEVENT_FAILURE
+                                                               : DOCUMENTEVENT_SUCCESS;
+}
 
 // FALSE for printers whose names begin with "Broken".
 __declspec(dllexport) BOOL WINAPI DrvPrinterEvent(LPWSTR name, int event, DWORD, LPARAM parameter) {

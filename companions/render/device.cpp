@@ -1,0 +1,176 @@
+#include "device.h"
+
+#include <cstdio>
+#include <cstring>
+
+#include "cache_settings.h"
+#include "page_geometry.h"
+
+namespace {
+
+constexpr int SUCCESS = 1;
+constexpr int UNKNOWN = 0;
+constexpr int FAILURE = -1;
+
+int Answer(bool good) {
+    return good ? SUCCESS : FAILURE;
+}
+
+// Takes a record off the front of the input; false when the input is too short for it.
+template <class T>
+bool Take(T& record, const unsigned char*& input, ULONG& size) {
+    if (size < sizeof record) return false;
+    std::memcpy(&record, input, sizeof record);
+    input += sizeof record;
+    size -= static_cast<ULONG>(sizeof record);
+    return true;
+}
+
+bool IsKnown(int escape) {
+    switch (escape) {
+    case QUERYESCSUPPORT:
+    case ESCAPE_BAR:
+    case ESCAPE_CACHE_ACTION:
+    case ESCAPE_RAW_PACKET:
+    case ESCAPE_DOWNLOAD_FONT:
+    case ESCAPE_DOWNLOAD_FONT_DATA:
+    case ESCAPE_DOWNLOAD_BITMAP:
+    case ESCAPE_READ_CACHE_SETTINGS:
+    case ESCAPE_WRITE_CACHE_SETTINGS:
+    case ESCAPE_CACHE_INFORMATION:
+    case ESCAPE_CACHE_ITEM_ACTION:
+        return true;
+    default:
+        return false;
+    }
+}
+
+} // namespace
+
+bool Device::Describe(const DEVMODEW* dev_mode, GDIINFO& info) const {
+    const PageGeometry page = GeometryOf(dev_mode, name_);
+    if (page.x_resolution <= 0 || page.y_resolution <= 0 || page.width <= 0 || page.height <= 0)
+        return false;
+    info.ulVersion = 1;
+    info.ulTechnology = DT_RASPRINTER;
+    // Negative: micrometres.
+    info.ulHorzSize = static_cast<ULONG>(-100 * page.paper_width);
+    info.ulVertSize = static_cast<ULONG>(-100 * page.paper_height);
+    info.ulHorzRes = static_cast<ULONG>(page.width);
+    info.ulVertRes = static_cast<ULONG>(page.height);
+    info.cBitsPixel = 1;
+    info.cPlanes = 1;
+    info.ulNumColors = 2;
+    info.ulLogPixelsX = static_cast<ULONG>(page.x_resolution);
+    info.ulLogPixelsY = static_cast<ULONG>(page.y_resolution);
+    info.ulAspectX = info.ulAspectY = info.ulAspectXY = 1;
+    info.szlPhysSize.cx = page.width;
+    info.szlPhysSize.cy = page.height;
+    info.ulDevicePelsDPI = static_cast<ULONG>(page.x_resolution);
+    return true;
+}
+
+void Device::Reset() {
+    in_format_ = false;
+    font_.Reset();
+}
+
+bool Device::SendPage() {
+    if (!in_format_) return true;
+    in_format_ = false;
+    return output_.Write("^XZ\r\n");
+}
+
+int Device::Escape(ULONG escape, const unsigned char* input, ULONG input_size,
+                   unsigned char* output, ULONG output_size) {
+    switch (static_cast<int>(escape)) {
+    case QUERYESCSUPPORT: {
+        int32_t asked = 0;
+        return Take(asked, input, input_size) && IsKnown(asked) ? SUCCESS : UNKNOWN;
+    }
+    case ESCAPE_RAW_PACKET:
+        return WriteRaw(input, input_size);
+    case ESCAPE_BAR:
+        return DrawBar(input, input_size);
+    case ESCAPE_DOWNLOAD_FONT:
+        return HandleFont(input, input_size);
+    case ESCAPE_DOWNLOAD_FONT_DATA:
+        return AddFontData(input, input_size);
+    case ESCAPE_DOWNLOAD_BITMAP:
+        return AddGlyph(input, input_size);
+    case ESCAPE_READ_CACHE_SETTINGS: {
+        const KVCacheSettings settings = ReadCacheSettings(printer_);
+        if (output_size < sizeof settings) return FAILURE;
+        std::memcpy(output, &settings, sizeof settings);
+        return SUCCESS;
+    }
+    case ESCAPE_WRITE_CACHE_SETTINGS: {
+        KVCacheSettings settings;
+        return Answer(Take(settings, input, input_size) &&
+                      WriteCacheSettings(name_.c_str(), &settings));
+    }
+    case ESCAPE_CACHE_ACTION:
+        return HandleCache(input, input_size);
+    case ESCAPE_CACHE_INFORMATION:
+        return TellCacheObjects(output, output_size);
+    case ESCAPE_CACHE_ITEM_ACTION:
+        return FAILURE; // there are no objects
+    default:
+        return UNKNOWN;
+    }
+}
+
+int Device::WriteRaw(const unsigned char* input, ULONG size) {
+    uint16_t count = 0;
+    return Answer(Take(count, input, size) && count <= size && output_.Write(input, count));
+}
+
+int Device::DrawBar(const unsigned char* input, ULONG size) {
+    KVBar bar;
+    if (!Take(bar, input, size) || bar.size != sizeof bar) return FAILURE;
+    if (!in_format_ && !output_.Write("^XA\r\n")) return FAILURE;
+    in_format_ = true;
+    // The start is on the middle line, ZPL wants the corner.
+    const int half = bar.thickness / 2;
+    const int x = bar.vertical ? bar.x - half : bar.x;
+    const int y = bar.vertical ? bar.y : bar.y - half;
+    char command[96];
+    std::snprintf(command, sizeof command, "^FO%d,%d^GB%u,%u,%u^FS\r\n", x > 0 ? x : 0,
+                  y > 0 ? y : 0, unsigned{bar.vertical ? bar.thickness : bar.length},
+                  unsigned{bar.vertical ? bar.length : bar.thickness}, unsigned{bar.thickness});
+    return Answer(output_.Write(command));
+}
+
+int Device::HandleFont(const unsigned char* input, ULONG size) {
+    KVFontInfo font;
+    return Answer(Take(font, input, size) && font_.Handle(font));
+}
+
+int Device::AddFontData(const unsigned char* input, ULONG size) {
+    uint16_t count = 0;
+    return Answer(Take(count, input, size) && count <= size && font_.AddData(input, count));
+}
+
+int Device::AddGlyph(const unsigned char* input, ULONG size) {
+    KVDownloadBitmapChar glyph;
+    return Answer(Take(glyph, input, size) && glyph.data_size <= size &&
+                  font_.AddGlyph(glyph, input));
+}
+
+int Device::HandleCache(const unsigned char* input, ULONG size) const {
+    KVCacheAction action;
+    if (!Take(action, input, size)) return FAILURE;
+    if (action.action == KVCacheAction::RESET_SETTINGS)
+        return Answer(WriteCacheSettings(name_.c_str(), nullptr));
+    // Nothing is kept, so everything is forgotten already.
+    return SUCCESS;
+}
+
+int Device::TellCacheObjects(unsigned char* output, ULONG size) const {
+    KVCacheInformation none = {};
+    none.size = sizeof none;
+    if (!output) return sizeof none;
+    if (size < sizeof none) return FAILURE;
+    std::memcpy(output, &none, sizeof none);
+    return sizeof none;
+}

@@ -1,0 +1,50 @@
+// One device of the rendering module: a printer in certain settings.
+#pragma once
+
+#include <windows.h>
+
+#include <winddi.h>
+
+#include <string>
+
+#include "font_download.h"
+#include "job_output.h"
+
+class Device {
+public:
+    // `printer` is borrowed.
+    Device(HANDLE printer, const WCHAR* name)
+        : printer_(printer)
+        , name_(name ? name : TEXT(""))
+        , output_(printer)
+        , font_(output_) {}
+
+    // Tells what the device is in these settings (`dev_mode` may be null). False when they and the
+    // driver leave the page unknown.
+    bool Describe(const DEVMODEW* dev_mode, GDIINFO& info) const;
+
+    // Begins a document or a page anew.
+    void Reset();
+    // Ends the page. False when the spooler does not take the output.
+    bool SendPage();
+
+    // A private escape: its answer as DrvEscape gives it, greater than 0 on success, 0 for an
+    // escape that is not known, less than 0 on failure. Sizes are those of the blocks.
+    int Escape(ULONG escape, const unsigned char* input, ULONG input_size, unsigned char* output,
+               ULONG output_size);
+
+private:
+    int WriteRaw(const unsigned char* input, ULONG size);
+    int DrawBar(const unsigned char* input, ULONG size);
+    int HandleFont(const unsigned char* input, ULONG size);
+    int AddFontData(const unsigned char* input, ULONG size);
+    int AddGlyph(const unsigned char* input, ULONG size);
+    int HandleCache(const unsigned char* input, ULONG size) const;
+    int TellCacheObjects(unsigned char* output, ULONG size) const;
+
+    const HANDLE printer_;
+    const std::basic_string<WCHAR> name_;
+    JobOutput output_;
+    FontDownload font_;
+    bool in_format_ = false;
+};

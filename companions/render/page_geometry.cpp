@@ -1,0 +1,78 @@
+#include "page_geometry.h"
+
+#include <winspool.h>
+
+#include <algorithm>
+#include <tuple>
+#include <utility>
+#include <vector>
+
+namespace {
+
+using Name = std::basic_string<WCHAR>;
+
+// A field of the public part; 0 when it is not there or, with `bit`, not in use.
+SHORT Field(const DEVMODEW* dev_mode, SHORT DEVMODEW::*field, DWORD bit = 0) {
+    if (!dev_mode || (bit && !(dev_mode->dmFields & bit))) return 0;
+    const auto* end = reinterpret_cast<const char*>(&(dev_mode->*field) + 1);
+    return end - reinterpret_cast<const char*>(dev_mode) <= dev_mode->dmSize ? dev_mode->*field
+                                                                             : SHORT{0};
+}
+
+// The list that answers a capability, `units` elements of T for each entry.
+template <class T>
+std::vector<T> Ask(const Name& printer, WORD capability, size_t units = 1) {
+    const int count = DeviceCapabilitiesW(printer.c_str(), nullptr, capability, nullptr, nullptr);
+    if (count <= 0) return {};
+    std::vector<T> list(static_cast<size_t>(count) * units);
+    if (DeviceCapabilitiesW(printer.c_str(), nullptr, capability,
+                            reinterpret_cast<WCHAR*>(list.data()), nullptr) != count)
+        return {};
+    return list;
+}
+
+using Size = std::pair<int32_t, int32_t>;
+
+Size PaperOf(const DEVMODEW* dev_mode, const Name& printer) {
+    const Size named = {Field(dev_mode, &DEVMODEW::dmPaperWidth, DM_PAPERWIDTH),
+                        Field(dev_mode, &DEVMODEW::dmPaperLength, DM_PAPERLENGTH)};
+    if (named.first > 0 && named.second > 0) return named;
+
+    const auto sizes = Ask<POINT>(printer, DC_PAPERSIZE);
+    if (const SHORT number = Field(dev_mode, &DEVMODEW::dmPaperSize, DM_PAPERSIZE)) {
+        const auto numbers = Ask<WORD>(printer, DC_PAPERS);
+        const auto found = std::find(numbers.begin(), numbers.end(), static_cast<WORD>(number));
+        const auto place = static_cast<size_t>(found - numbers.begin());
+        if (found != numbers.end() && place < sizes.size()) return {sizes[place].x, sizes[place].y};
+    }
+    const Size silent = {Field(dev_mode, &DEVMODEW::dmPaperWidth),
+                         Field(dev_mode, &DEVMODEW::dmPaperLength)};
+    if (silent.first > 0 && silent.second > 0) return silent;
+    return sizes.empty() ? Size{} : Size{sizes[0].x, sizes[0].y};
+}
+
+Size ResolutionOf(const DEVMODEW* dev_mode, const Name& printer) {
+    if (const SHORT x = Field(dev_mode, &DEVMODEW::dmPrintQuality, DM_PRINTQUALITY); x > 0) {
+        const SHORT y = Field(dev_mode, &DEVMODEW::dmYResolution, DM_YRESOLUTION);
+        return {x, y > 0 ? y : x};
+    }
+    const auto pairs = Ask<LONG>(printer, DC_ENUMRESOLUTIONS, 2);
+    return pairs.size() < 2 ? Size{} : Size{pairs[0], pairs[1]};
+}
+
+int32_t Dots(int32_t tenths_of_millimetres, int32_t resolution) {
+    return static_cast<int32_t>((int64_t{tenths_of_millimetres} * resolution + 127) / 254);
+}
+
+} // namespace
+
+PageGeometry GeometryOf(const DEVMODEW* dev_mode, const Name& printer) {
+    PageGeometry page = {};
+    std::tie(page.x_resolution, page.y_resolution) = ResolutionOf(dev_mode, printer);
+    std::tie(page.paper_width, page.paper_height) = PaperOf(dev_mode, printer);
+    if (Field(dev_mode, &DEVMODEW::dmOrientation, DM_ORIENTATION) == DMORIENT_LANDSCAPE)
+        std::swap(page.paper_width, page.paper_height);
+    page.width = Dots(page.paper_width, page.x_resolution);
+    page.height = Dots(page.paper_height, page.y_resolution);
+    return page;
+}

@@ -1,0 +1,63 @@
+// What a device context handle names: a printer in certain settings, and a document on it.
+#pragma once
+
+#include "gdi/rendering_module.h"
+#include "host/handles.h"
+#include "spooler/driver_library.h"
+
+#include <memory>
+#include <mutex>
+#include <string>
+#include <vector>
+
+namespace win32host {
+
+// Tells the driver of what happens to the document, has the rendering module make the output, and
+// lets the spooler take it. Operations answer as the GDI functions of their names; a device context
+// that two threads use makes one of them wait.
+class DeviceContext : public HandleObject {
+public:
+    // Null with an error.
+    static std::shared_ptr<DeviceContext> Create(const std::u16string& printer,
+                                                 const DEVMODEW* dev_mode, bool information_only);
+    ~DeviceContext() override;
+    DeviceContext(const DeviceContext&) = delete;
+    DeviceContext& operator=(const DeviceContext&) = delete;
+
+    // The handle, for the driver to be told.
+    void SetHandle(HDC handle) { handle_ = handle; }
+
+    int Caps(int index) const;
+    int StartDoc(const DOCINFOW& info);
+    int StartPage();
+    int EndPage();
+    int EndDoc();
+    int AbortDoc();
+    int Escape(int escape, int input_size, LPCSTR input, int output_size, LPSTR output);
+    // Ends everything, before the handle goes.
+    void Close();
+
+private:
+    DeviceContext() = default;
+    bool Open(const std::u16string& printer, const DEVMODEW* dev_mode);
+    bool EnableDevice(std::vector<BYTE> dev_mode);
+    // A document event; its answer is -1 when the driver will not have it.
+    int Event(int event, ULONG input_size = 0, void* input = nullptr, ULONG output_size = 0,
+              void* output = nullptr) const;
+    int FinishPage();
+    void DropDocument();
+
+    mutable std::recursive_mutex lock_; // a driver may call back from its events
+    HDC handle_ = nullptr;
+    bool information_only_ = false;
+    std::u16string name_;
+    HANDLE printer_ = nullptr;
+    std::shared_ptr<const DriverLibrary> driver_; // null: nobody is told
+    std::shared_ptr<const RenderingModule> module_;
+    SURFOBJ surface_ = {};
+    GDIINFO device_ = {};
+    bool in_document_ = false;
+    bool in_page_ = false;
+};
+
+} // namespace win32host

@@ -1,0 +1,89 @@
+// Device contexts and the documents printed on them.
+#include "gdi/device_context.h"
+#include "host/guarded.h"
+#include "host/text.h"
+
+using namespace win32host;
+
+namespace {
+
+HDC Create(LPCWSTR driver, LPCWSTR device, const DEVMODEW* dev_mode, bool information_only) {
+    return Guarded(HDC{}, [&]() -> HDC {
+        if (!device || (driver && *driver && !SameName(driver, u"WINSPOOL"))) {
+            SetLastError(ERROR_INVALID_PARAMETER);
+            return nullptr;
+        }
+        const auto context = DeviceContext::Create(device, dev_mode, information_only);
+        if (!context) return nullptr;
+        const HDC handle = static_cast<HDC>(NewHandle(context));
+        context->SetHandle(handle);
+        return handle;
+    });
+}
+
+// `work` with the device context of a handle; `failure` when there is none.
+template <class Work>
+int With(HDC handle, int failure, const Work& work) {
+    return Guarded(failure, [&] {
+        const auto context = Find<DeviceContext>(handle);
+        return context ? work(*context) : failure;
+    });
+}
+
+} // namespace
+
+extern "C" {
+
+HDC WINAPI CreateDCW(LPCWSTR driver, LPCWSTR device, LPCWSTR, const DEVMODEW* dev_mode) {
+    return Create(driver, device, dev_mode, false);
+}
+
+HDC WINAPI CreateICW(LPCWSTR driver, LPCWSTR device, LPCWSTR, const DEVMODEW* dev_mode) {
+    return Create(driver, device, dev_mode, true);
+}
+
+BOOL WINAPI DeleteDC(HDC dc) {
+    return Guarded(FALSE, [&] {
+        const auto context = Find<DeviceContext>(dc);
+        if (!context) return FALSE;
+        context->Close();
+        return BOOL{Close<DeviceContext>(dc) != nullptr};
+    });
+}
+
+int WINAPI GetDeviceCaps(HDC dc, int index) {
+    return With(dc, 0, [&](const DeviceContext& context) { return context.Caps(index); });
+}
+
+int WINAPI StartDocW(HDC dc, const DOCINFOW* info) {
+    return With(dc, SP_ERROR, [&](DeviceContext& context) {
+        if (info) return context.StartDoc(*info);
+        SetLastError(ERROR_INVALID_PARAMETER);
+        return SP_ERROR;
+    });
+}
+
+int WINAPI StartPage(HDC dc) {
+    return With(dc, SP_ERROR, [](DeviceContext& context) { return context.StartPage(); });
+}
+
+int WINAPI EndPage(HDC dc) {
+    return With(dc, SP_ERROR, [](DeviceContext& context) { return context.EndPage(); });
+}
+
+int WINAPI EndDoc(HDC dc) {
+    return With(dc, SP_ERROR, [](DeviceContext& context) { return context.EndDoc(); });
+}
+
+int WINAPI AbortDoc(HDC dc) {
+    return With(dc, SP_ERROR, [](DeviceContext& context) { return context.AbortDoc(); });
+}
+
+int WINAPI ExtEscape(HDC dc, int escape, int input_size, LPCSTR input, int output_size,
+                     LPSTR output) {
+    return With(dc, SP_ERROR, [&](DeviceContext& context) {
+        return context.Escape(escape, input_size, input, output_size, output);
+    });
+}
+
+} // extern "C"

@@ -1,0 +1,43 @@
+// A document that a program is printing: a job in the making.
+#pragma once
+
+#include "spooler/job_record.h"
+
+#include <memory>
+#include <string>
+
+namespace win32host {
+
+class OpenedPrinter;
+
+// Its bytes go to a file of another name, which takes the job's name when the document ends: a
+// complete file is a complete job. The file is locked while it is written.
+class SpooledDocument {
+public:
+    // Null with an error.
+    static std::unique_ptr<SpooledDocument>
+    Start(const OpenedPrinter& printer, const std::u16string& name, const std::u16string& datatype);
+    // Drops a document that was not ended.
+    ~SpooledDocument();
+    SpooledDocument(const SpooledDocument&) = delete;
+    SpooledDocument& operator=(const SpooledDocument&) = delete;
+
+    DWORD Job() const { return record_.number; }
+    void AddPage() { ++record_.pages; }
+    // False with an error; `written` is what came to the file nevertheless.
+    bool Write(const void* data, DWORD size, DWORD& written);
+    // Completes the job and sends it on its way. False with an error.
+    bool End();
+
+private:
+    SpooledDocument(std::shared_ptr<PrintServer> server, std::u16string printer)
+        : server_(std::move(server))
+        , printer_(std::move(printer)) {}
+
+    const std::shared_ptr<PrintServer> server_;
+    const std::u16string printer_;
+    JobRecord record_;
+    int file_ = -1;
+};
+
+} // namespace win32host

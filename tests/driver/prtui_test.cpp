@@ -1,0 +1,40 @@
+// The UI object on a printer.
+#include "driver/prtui.h"
+
+#include "printer/prtstream.h"
+#include "support/job_test.h"
+
+namespace {
+
+class UIObject : public JobTest {
+protected:
+    static std::unique_ptr<prtui> Made(HANDLE printer, const DEVMODEW* in, uint32_t mode) {
+        std::unique_ptr<prtui> ui(prtui::new_ext());
+        ui->init(printer, in, mode);
+        return ui;
+    }
+};
+
+} // namespace
+
+TEST_F(UIObject, TakesThePrinterAndTheSettingsAskedFor) {
+    Install(TEST_BINARY_DIR, {.model = "Resolution=203\n", .method = "Copies.Limit=500\n"});
+    DevMode wanted;
+    wanted.CreateDefault(Model().get());
+    wanted.SetCopies(7);
+    for (const uint32_t mode : {0, DM_IN_BUFFER}) {
+        const auto ui = Made(printer(), wanted.GetDevMode(), mode);
+        EXPECT_EQ(Text(ui->printer_name + "," + ui->driver_name + "," + ui->port_name),
+                  "Dock 3,Model 1,FILE:");
+        ASSERT_NE(ui->model, nullptr);
+        EXPECT_EQ(ui->devmode.GetCopies(), mode ? 7 : 1);
+        EXPECT_EQ(ui->devmode_saved.GetCopies(), mode ? 7 : 1);
+        EXPECT_EQ(ui->presets.GetDefaultSettings()->GetDevMode().GetCopies(), 1);
+        EXPECT_EQ(ui->presets.GetCurrentSettings()->GetDevMode().GetCopies(), mode ? 7 : 1);
+        EXPECT_EQ(ui->presets.GetHead(), ui->presets.GetCurrentSettings());
+        EXPECT_NE(ui->stocks.GetNextValid(nullptr), nullptr);
+        EXPECT_NE(ui->devmode_crc, 0u);
+        ASSERT_NE(ui->stream, nullptr);
+        EXPECT_EQ(ui->stream->GetModel(), ui->model.get());
+    }
+}

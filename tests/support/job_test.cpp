@@ -1,0 +1,47 @@
+#include "support/job_test.h"
+
+#include <cstdio>
+#include <filesystem>
+#include <ostream>
+
+namespace fs = std::filesystem;
+
+void PrintTo(const PrintedJob& job, std::ostream* out) {
+    *out << '"' << job.name << "\" with " << job.bytes.size()
+         << " bytes: " << job.bytes.substr(0, 200);
+}
+
+void JobTest::Install(const std::string& binary_folder, const ModelTables& tables) {
+    ModelTest::Install(tables);
+    WCHAR folder[MAX_PATH] = {};
+    DWORD needed = 0;
+    ASSERT_TRUE(GetPrinterDriverDirectoryW(nullptr, nullptr, 1, reinterpret_cast<BYTE*>(folder),
+                                           sizeof folder, &needed));
+    fs::copy_file(binary_folder + "/bin/zplrender.dll",
+                  OnDriveC(std::string(OString(folder).nstring()).substr(3) + "\\3\\zplrender.dll"),
+                  fs::copy_options::overwrite_existing);
+    PRINTER_DEFAULTSW access = {nullptr, nullptr, PRINTER_ALL_ACCESS};
+    WCHAR name[] = TEXT("Dock 3");
+    ASSERT_TRUE(OpenPrinterW(name, &printer_, &access));
+}
+
+JobTest::~JobTest() {
+    if (printer_) ClosePrinter(printer_);
+}
+
+std::vector<PrintedJob> JobTest::TakeJobs() {
+    DWORD needed = 0, count = 0;
+    EnumJobsW(printer_, 0, 1000, 1, nullptr, 0, &needed, &count);
+    std::vector<BYTE> buffer(needed);
+    EXPECT_TRUE(EnumJobsW(printer_, 0, 1000, 1, buffer.data(), needed, &needed, &count));
+    const auto* infos = reinterpret_cast<const JOB_INFO_1W*>(buffer.data());
+    std::vector<PrintedJob> jobs;
+    for (DWORD i = 0; i < count; ++i) {
+        char file[32];
+        std::snprintf(file, sizeof file, "/spool/%05u.SPL", unsigned{infos[i].JobId});
+        jobs.push_back({Text(OString(infos[i].pDocument)), BytesOf(root() + file)});
+        EXPECT_EQ(infos[i].Status, 0u);
+        EXPECT_TRUE(SetJobW(printer_, infos[i].JobId, 0, nullptr, JOB_CONTROL_DELETE));
+    }
+    return jobs;
+}

@@ -1,0 +1,29 @@
+// The fixture of tests that print: the printer of ModelTest with the rendering module of the build.
+#pragma once
+
+#include <string>
+#include <vector>
+
+#include "support/model_test.h"
+
+struct PrintedJob {
+    std::string name, bytes;
+    bool operator==(const PrintedJob&) const = default;
+};
+void PrintTo(const PrintedJob& job, std::ostream* out);
+
+class JobTest : public ModelTest {
+protected:
+    // ModelTest's Install, with the rendering module out of the build in `binary_folder`.
+    void Install(const std::string& binary_folder, const ModelTables& tables);
+
+    HANDLE printer() const { return printer_; }
+
+    // The jobs that wait in the spooler, which are taken out of it.
+    std::vector<PrintedJob> TakeJobs();
+
+    ~JobTest() override;
+
+private:
+    HANDLE printer_ = nullptr;
+};
