@@ -47,10 +47,8 @@ bool IsKnown(int escape) {
 
 } // namespace
 
-bool Device::Describe(const DEVMODEW* dev_mode, GDIINFO& info) const {
+void Device::Describe(const DEVMODEW* dev_mode, GDIINFO& info) const {
     const PageGeometry page = GeometryOf(dev_mode, name_);
-    if (page.x_resolution <= 0 || page.y_resolution <= 0 || page.width <= 0 || page.height <= 0)
-        return false;
     info.ulVersion = 1;
     info.ulTechnology = DT_RASPRINTER;
     // Negative: micrometres.
@@ -67,7 +65,6 @@ bool Device::Describe(const DEVMODEW* dev_mode, GDIINFO& info) const {
     info.szlPhysSize.cx = page.width;
     info.szlPhysSize.cy = page.height;
     info.ulDevicePelsDPI = static_cast<ULONG>(page.x_resolution);
-    return true;
 }
 
 void Device::Reset() {

@@ -19,9 +19,8 @@ public:
         , output_(printer)
         , font_(output_) {}
 
-    // Tells what the device is in these settings (`dev_mode` may be null). False when they and the
-    // driver leave the page unknown.
-    bool Describe(const DEVMODEW* dev_mode, GDIINFO& info) const;
+    // Tells what the device is in these settings (`dev_mode` may be null).
+    void Describe(const DEVMODEW* dev_mode, GDIINFO& info) const;
 
     // Begins a document or a page anew.
     void Reset();

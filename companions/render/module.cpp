@@ -32,7 +32,7 @@ DHPDEV APIENTRY EnablePDEV(DEVMODEW* dev_mode, LPWSTR, ULONG, HSURF*, ULONG caps
     return Guarded(DHPDEV{}, [&]() -> DHPDEV {
         auto device = std::make_unique<Device>(driver, device_name);
         GDIINFO facts = {};
-        if (!device->Describe(dev_mode, facts)) return nullptr;
+        device->Describe(dev_mode, facts);
         if (caps) std::memcpy(caps, &facts, std::min<size_t>(caps_size, sizeof facts));
         if (info) std::memset(info, 0, std::min<size_t>(info_size, sizeof *info));
         return reinterpret_cast<DHPDEV>(device.release());

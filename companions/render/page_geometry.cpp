@@ -33,22 +33,32 @@ std::vector<T> Ask(const Name& printer, WORD capability, size_t units = 1) {
 
 using Size = std::pair<int32_t, int32_t>;
 
+// For drivers that tell nothing: labels of 4 by 6 inches at the most common resolution.
+constexpr Size USUAL_PAPER = {1016, 1524};
+constexpr Size USUAL_RESOLUTION = {203, 203};
+
+bool IsSize(const Size& size) {
+    return size.first > 0 && size.second > 0;
+}
+
 Size PaperOf(const DEVMODEW* dev_mode, const Name& printer) {
     const Size named = {Field(dev_mode, &DEVMODEW::dmPaperWidth, DM_PAPERWIDTH),
                         Field(dev_mode, &DEVMODEW::dmPaperLength, DM_PAPERLENGTH)};
-    if (named.first > 0 && named.second > 0) return named;
+    if (IsSize(named)) return named;
 
     const auto sizes = Ask<POINT>(printer, DC_PAPERSIZE);
     if (const SHORT number = Field(dev_mode, &DEVMODEW::dmPaperSize, DM_PAPERSIZE)) {
         const auto numbers = Ask<WORD>(printer, DC_PAPERS);
         const auto found = std::find(numbers.begin(), numbers.end(), static_cast<WORD>(number));
         const auto place = static_cast<size_t>(found - numbers.begin());
-        if (found != numbers.end() && place < sizes.size()) return {sizes[place].x, sizes[place].y};
+        if (place < sizes.size() && IsSize({sizes[place].x, sizes[place].y}))
+            return {sizes[place].x, sizes[place].y};
     }
     const Size silent = {Field(dev_mode, &DEVMODEW::dmPaperWidth),
                          Field(dev_mode, &DEVMODEW::dmPaperLength)};
-    if (silent.first > 0 && silent.second > 0) return silent;
-    return sizes.empty() ? Size{} : Size{sizes[0].x, sizes[0].y};
+    if (IsSize(silent)) return silent;
+    const Size first = sizes.empty() ? Size{} : Size{sizes[0].x, sizes[0].y};
+    return IsSize(first) ? first : USUAL_PAPER;
 }
 
 Size ResolutionOf(const DEVMODEW* dev_mode, const Name& printer) {
@@ -57,7 +67,8 @@ Size ResolutionOf(const DEVMODEW* dev_mode, const Name& printer) {
         return {x, y > 0 ? y : x};
     }
     const auto pairs = Ask<LONG>(printer, DC_ENUMRESOLUTIONS, 2);
-    return pairs.size() < 2 ? Size{} : Size{pairs[0], pairs[1]};
+    const Size first = pairs.size() < 2 ? Size{} : Size{pairs[0], pairs[1]};
+    return IsSize(first) ? first : USUAL_RESOLUTION;
 }
 
 int32_t Dots(int32_t tenths_of_millimetres, int32_t resolution) {

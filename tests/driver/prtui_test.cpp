@@ -1,6 +1,10 @@
 // The UI object on a printer.
 #include "driver/prtui.h"
 
+#include <filesystem>
+#include <memory>
+
+#include "driver/driver_utility.h"
 #include "printer/prtstream.h"
 #include "support/job_test.h"
 
@@ -19,6 +23,9 @@ protected:
 
 TEST_F(UIObject, TakesThePrinterAndTheSettingsAskedFor) {
     Install(TEST_BINARY_DIR, {.model = "Resolution=203\n", .method = "Copies.Limit=500\n"});
+    const std::string folder = Text(DriverUtility::GetDriverDirectory()).substr(3);
+    std::filesystem::copy_file(TEST_BINARY_DIR "/product/zplvenu.dll",
+                               OnDriveC(folder + "\\zplvenu.dll"));
     DevMode wanted;
     wanted.CreateDefault(Model().get());
     wanted.SetCopies(7);
@@ -27,6 +34,8 @@ TEST_F(UIObject, TakesThePrinterAndTheSettingsAskedFor) {
         EXPECT_EQ(Text(ui->printer_name + "," + ui->driver_name + "," + ui->port_name),
                   "Dock 3,Model 1,FILE:");
         ASSERT_NE(ui->model, nullptr);
+        ASSERT_NE(ui->presets.GetDefaultSettings(), nullptr);
+        EXPECT_EQ(Text(ui->presets.GetDefaultSettings()->GetName()), "Default Settings");
         EXPECT_EQ(ui->devmode.GetCopies(), mode ? 7 : 1);
         EXPECT_EQ(ui->devmode_saved.GetCopies(), mode ? 7 : 1);
         EXPECT_EQ(ui->presets.GetDefaultSettings()->GetDevMode().GetCopies(), 1);
