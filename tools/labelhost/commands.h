@@ -16,5 +16,6 @@ void DitherCommand(const Words& words);
 void DocumentCommand(const Words& words);
 void ConvertCommand(const Words& words);
 void UpgradeCommand(const Words& words);
+void JobsCommand(const Words& words);
 void RegistryCommand(const Words& words);
 void PrinterEmulatorCommand(const Words& words);

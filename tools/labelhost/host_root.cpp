@@ -4,6 +4,7 @@
 
 #include <win32host/control.h>
 
+#include <algorithm>
 #include <filesystem>
 
 void UseRoot(const std::string& folder) {
@@ -13,4 +14,11 @@ void UseRoot(const std::string& folder) {
         throw Fault("cannot use '" + folder +
                     "' as the root folder: " + (error ? error.message() : "not a folder"));
     win32host::SetRoot(folder);
+}
+
+std::string OwnPath(const std::string& windows_path) {
+    if (!windows_path.starts_with("Z:")) return windows_path;
+    std::string path = windows_path.substr(2);
+    std::replace(path.begin(), path.end(), '\\', '/');
+    return path;
 }

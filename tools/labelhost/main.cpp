@@ -37,6 +37,9 @@ constexpr Command kCommands[] = {
      "                    have the driver convert a DEVMODE: convert, convert351 or default"},
     {"upgrade", UpgradeCommand,
      "upgrade PRINTER       have the driver bring a printer of an older version up to date"},
+    {"jobs", JobsCommand,
+     "jobs PRINTER [--restart ID] [--delete ID]\n"
+     "                    what waits in the spooler; send a job again or delete it"},
     {"registry", RegistryCommand,
      "registry dump KEY | set KEY NAME TYPE HEX | delete KEY [NAME]\n"
      "                    look at or change the host's registry"},

@@ -5,19 +5,6 @@
 
 namespace {
 
-// The record of a call with the spooler's two-step protocol: ask for the size, then for the record.
-template <class Call>
-std::vector<BYTE> Record(const std::string& what, Call call) {
-    DWORD needed = 0;
-    if (call(nullptr, 0, &needed)) return {};
-    // The record may grow between the two calls.
-    while (GetLastError() == ERROR_INSUFFICIENT_BUFFER) {
-        std::vector<BYTE> buffer(needed);
-        if (call(buffer.data(), needed, &needed)) return buffer;
-    }
-    throw SystemFault(what, GetLastError());
-}
-
 PrinterFacts FactsIn(const PRINTER_INFO_2W& info) {
     return {ToUtf8(info.pPrinterName), ToUtf8(info.pDriverName), ToUtf8(info.pPortName),
             ToUtf8(info.pServerName)};

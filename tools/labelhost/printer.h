@@ -6,8 +6,24 @@
 
 #include "text.h"
 
+#include "fault.h"
+
 #include <string>
 #include <vector>
+
+// The record of a call with the spooler's two-step protocol: ask for the size, then for the record.
+// `call(buffer, size, needed)`; throws the Fault `what` when it fails.
+template <class Call>
+std::vector<BYTE> Record(const std::string& what, Call call) {
+    DWORD needed = 0;
+    if (call(nullptr, 0, &needed)) return {};
+    // The record may grow between the two calls.
+    while (GetLastError() == ERROR_INSUFFICIENT_BUFFER) {
+        std::vector<BYTE> buffer(needed);
+        if (call(buffer.data(), needed, &needed)) return buffer;
+    }
+    throw SystemFault(what, GetLastError());
+}
 
 class OpenedPrinter {
 public:

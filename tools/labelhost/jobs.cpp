@@ -1,0 +1,88 @@
+#include "arguments.h"
+#include "commands.h"
+#include "fault.h"
+#include "host_root.h"
+#include "json.h"
+#include "printer.h"
+#include "text.h"
+
+#include <cstdio>
+
+namespace {
+
+// Where the spooler of the printer's machine keeps its jobs.
+std::string SpoolFolder(const PrinterFacts& printer) {
+    WideString server = ToWide(printer.server);
+    HANDLE handle = nullptr;
+    WCHAR folder[MAX_PATH] = {};
+    DWORD needed = 0;
+    WCHAR name[] = SPLREG_DEFAULT_SPOOL_DIRECTORY;
+    DWORD error = NO_ERROR;
+    if (!OpenPrinterW(server.empty() ? nullptr : server.data(), &handle, nullptr))
+        error = GetLastError();
+    else
+        error = GetPrinterDataW(handle, name, nullptr, reinterpret_cast<BYTE*>(folder),
+                                sizeof folder, &needed);
+    if (handle) ClosePrinter(handle);
+    if (error != NO_ERROR) throw SystemFault("cannot find the folder of the jobs", error);
+    return OwnPath(ToUtf8(folder));
+}
+
+std::string StateOf(const JOB_INFO_2W& job) {
+    if (job.Status & JOB_STATUS_ERROR) return "error: " + ToUtf8(job.pStatus);
+    if (job.Status & JOB_STATUS_SPOOLING) return "spooling";
+    if (job.Status & JOB_STATUS_PRINTED) return "printed";
+    return "spooled";
+}
+
+Json JobsOf(const OpenedPrinter& printer, const std::string& name, const std::string& folder) {
+    DWORD count = 0;
+    const std::vector<BYTE> buffer =
+        Record("cannot list the jobs of '" + name + "'", [&](BYTE* out, DWORD size, DWORD* needed) {
+            return EnumJobsW(printer.handle(), 0, 0xFFFFFFFF, 2, out, size, needed, &count);
+        });
+    Json jobs = Json::array();
+    const auto* infos = reinterpret_cast<const JOB_INFO_2W*>(buffer.data());
+    for (DWORD i = 0; i < count && !buffer.empty(); ++i) {
+        char file[32];
+        const bool complete = !(infos[i].Status & JOB_STATUS_SPOOLING);
+        std::snprintf(file, sizeof file, "/%05u.%s", static_cast<unsigned>(infos[i].JobId),
+                      complete ? "SPL" : "TMP");
+        jobs.push_back({{"id", infos[i].JobId},
+                        {"name", ToUtf8(infos[i].pDocument)},
+                        {"bytes", infos[i].Size},
+                        {"file", folder + file},
+                        {"state", StateOf(infos[i])}});
+    }
+    return jobs;
+}
+
+void SetJob(const OpenedPrinter& printer, const Arguments& arguments, const char* option,
+            DWORD command) {
+    if (!arguments.Has(option)) return;
+    const DWORD job = arguments.Number(option, 0xFFFFFFFF, 0);
+    if (!SetJobW(printer.handle(), job, 0, nullptr, command))
+        throw SystemFault("cannot " + std::string(option) + " job " + arguments.Get(option, ""),
+                          GetLastError());
+}
+
+} // namespace
+
+void JobsCommand(const Words& words) {
+    const Arguments arguments(words, {"restart", "delete"}, {"json"});
+    arguments.RequireCount(1, 1, "jobs PRINTER [--restart ID] [--delete ID] [--json]");
+    const PrinterFacts facts = FactsOf(arguments[0]);
+    const OpenedPrinter printer(arguments[0], PRINTER_ACCESS_USE);
+    SetJob(printer, arguments, "restart", JOB_CONTROL_RESTART);
+    SetJob(printer, arguments, "delete", JOB_CONTROL_DELETE);
+    const Json jobs = JobsOf(printer, arguments[0], SpoolFolder(facts));
+    if (arguments.Has("json")) {
+        PrintJson(jobs);
+        return;
+    }
+    for (const Json& job : jobs)
+        std::printf("%5u %10u  %s  %s\n                  %s\n", job["id"].get<unsigned>(),
+                    job["bytes"].get<unsigned>(), job["name"].get<std::string>().c_str(),
+                    job["state"].get<std::string>().c_str(),
+                    job["file"].get<std::string>().c_str());
+}
