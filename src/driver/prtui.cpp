@@ -3,6 +3,7 @@
 #include <new>
 
 #include "config/network_policy.h"
+#include "config/shadow_keys.h"
 #include "config/user_info.h"
 #include "core/crc.h"
 #include "driver/printer_info.h"
@@ -49,8 +50,25 @@ void prtui::InitEx() {
     AddBuiltInPresets();
     stocks.init(model.get());
     stocks.Load(model.get());
+    data_fonts.Load(model.get());
     restricted = UserInfo().GetLevel() < NetworkPolicy(model->GetPrinterName()).GetAccessLevel();
     start_on_last = locale.GetString(START_ON_LAST_PAGE) == "Y";
+}
+
+void prtui::Settings_Load() {
+    if (!model) return;
+    CreateShadow(PrinterInfo(hprinter).GetPrinterName());
+    presets.Load(model.get());
+    stocks.Load(model.get());
+    data_fonts.Load(model.get());
+}
+
+void prtui::Settings_Save() {
+    if (!model) return;
+    presets.Save(model.get());
+    stocks.Save(model.get());
+    data_fonts.Save(model.get());
+    if (commit_shadow) CommitShadow(PrinterInfo(hprinter).GetPrinterName());
 }
 
 void prtui::AddBuiltInPresets() {

@@ -6,6 +6,7 @@
 #include <cstdint>
 #include <memory>
 
+#include "fonts/data_font_manager.h"
 #include "locale/prtlocale.h"
 #include "printer/ui_printer.h"
 #include "settings/dev_mode.h"
@@ -36,6 +37,13 @@ public:
     // per object.
     void init(HANDLE printer, const DEVMODEW* in, uint32_t mode);
 
+    // Reads the lists anew, after the printer's server was asked for news (CreateShadow). The
+    // presets are the stored ones then, without the built-in ones. Nothing without a model.
+    void Settings_Load();
+    // Stores the lists that changed, and sends a connection's settings to its server unless
+    // `commit_shadow` is off.
+    void Settings_Save();
+
     prtlocale locale;
 
     // `devmode` as it was when it was last taken over, given back on cancel.
@@ -46,8 +54,11 @@ public:
     // With the two built-in presets, which have the current and the default settings.
     PresetList presets;
     StockList stocks;
+    DataFontManager data_fonts;
 
     uint32_t fmode = 0;
+    // Whether saved settings are sent to the printer's server.
+    bool commit_shadow = true;
     // The user's access level is below the one that the printer requires.
     bool restricted = false;
     // A sheet opens on its last page, that of the information about the driver.

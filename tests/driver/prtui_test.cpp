@@ -47,3 +47,16 @@ TEST_F(UIObject, TakesThePrinterAndTheSettingsAskedFor) {
         EXPECT_EQ(ui->stream->GetModel(), ui->model.get());
     }
 }
+
+TEST_F(UIObject, KeepsItsListsForTheNextOne) {
+    Install(TEST_BINARY_DIR, {.model = "Resolution=203\n"});
+    const auto first = Made(printer(), nullptr, 0), second = Made(printer(), nullptr, 0);
+    auto* preset = new Preset;
+    preset->SetToDefaultDevMode(first->model.get());
+    preset->SetName("Draft");
+    first->presets.AddTail(preset);
+    first->Settings_Save();
+    second->Settings_Load();
+    ASSERT_EQ(second->presets.GetHead(), second->presets.GetTail());
+    EXPECT_EQ(Text(second->presets.GetNext(nullptr)->GetName()), "Draft");
+}
