@@ -110,6 +110,19 @@ ZPLUI_API LONG WINAPI DrvDocumentPropertySheets(PPROPSHEETUI_INFO info, LPARAM p
 // Every other event is FALSE.
 ZPLUI_API BOOL WINAPI DrvPrinterEvent(LPWSTR printer, int event, DWORD flags, LPARAM parameter);
 
+// Tells the driver what happens to a document on the open printer; nothing but the printer and the
+// low 16 bits of `event` is looked at. Events that do something, for a connection whose server
+// shares the printer's settings:
+//
+//   DOCUMENTEVENT_CREATEDCPRE, DOCUMENTEVENT_STARTDOC
+//                                the user's copy of the settings is brought up to date
+//   DOCUMENTEVENT_ENDDOCPOST     the copy is sent to the server, which takes it over
+//
+// Both are DOCUMENTEVENT_SUCCESS (1), whatever came of it. Every other event is
+// DOCUMENTEVENT_UNSUPPORTED (0).
+ZPLUI_API int WINAPI DrvDocumentEvent(HANDLE printer, HDC dc, int event, ULONG in_size, PVOID in,
+                                      ULONG out_size, PVOID out);
+
 // Does what PRINTER_EVENT_INITIALIZE does, except for the plug and play identifiers and the message
 // box, for a printer that has had an older version of the driver. `info` is a DRIVER_UPGRADE_INFO_1
 // or _2; the level is not looked at. FALSE with ERROR_INVALID_PARAMETER without `info` and when the

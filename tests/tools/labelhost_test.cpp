@@ -68,6 +68,12 @@ TEST_F(Labelhost, GivesAPrinterTheDefaultStocksWhichASecondOneOfTheFamilyHasToo)
     EXPECT_EQ(presets["values"]["Total"]["data"], "03000000");
 }
 
+TEST_F(Labelhost, TellsTheDriverOfDocuments) {
+    Install("Dock", "Valdrick M2 Mobile");
+    EXPECT_EQ(RunJson({"event", "Dock", "5"})["result"], 1);
+    EXPECT_EQ(RunJson({"event", "Dock", "13"})["result"], 0);
+}
+
 TEST_F(Labelhost, SaysInOneLineWhatWasWrong) {
     Install("Dock", "Valdrick M2 Mobile");
     const struct {
@@ -77,6 +83,8 @@ TEST_F(Labelhost, SaysInOneLineWhatWasWrong) {
     } cases[] = {
         {{"capabilities", "Nowhere"}, 1, "Nowhere"},
         {{"upgrade", "Nowhere"}, 1, "Nowhere"},
+        {{"event", "Nowhere", "5"}, 1, "Nowhere"},
+        {{"event", "Dock", "start"}, 2, "start"},
         {{"install", "New", "--model", "Abacus"}, 1, "Abacus"},
         {{"install", "New", "--model", "Valdrick M2 Mobile", "--oem", "zz"}, 1, "zz"},
         {{"install", "New", "--model", "Valdrick M2 Mobile", "--port", "LPT9:"}, 1, "LPT9:"},

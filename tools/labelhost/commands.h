@@ -17,5 +17,6 @@ void DocumentCommand(const Words& words);
 void ConvertCommand(const Words& words);
 void UpgradeCommand(const Words& words);
 void JobsCommand(const Words& words);
+void EventCommand(const Words& words);
 void RegistryCommand(const Words& words);
 void PrinterEmulatorCommand(const Words& words);

@@ -40,6 +40,10 @@ constexpr Command kCommands[] = {
     {"jobs", JobsCommand,
      "jobs PRINTER [--restart ID] [--delete ID]\n"
      "                    what waits in the spooler; send a job again or delete it"},
+    {"event", EventCommand,
+     "event PRINTER N       tell the driver what happens to a document: 1 device context, 5 "
+     "start,\n"
+     "                    12 end, or any other number"},
     {"registry", RegistryCommand,
      "registry dump KEY | set KEY NAME TYPE HEX | delete KEY [NAME]\n"
      "                    look at or change the host's registry"},
