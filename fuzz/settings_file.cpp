@@ -1,73 +1,20 @@
 // Any bytes as a settings file of any kind, with everything in it imported into one printer.
-#include <windows.h>
-
-#include <win32host/control.h>
-
-#include <algorithm>
 #include <cstdint>
 #include <cstdlib>
 #include <cstring>
-#include <filesystem>
-#include <fstream>
-#include <memory>
 #include <string>
 
 #include "config/settings_file.h"
-#include "driver/driver_utility.h"
-#include "driver/printer_info.h"
-#include "model/model_data_cache.h"
-#include "model/resource_cache.h"
+#include "fuzz_host.h"
 #include "support/data_file_text.h"
-#include "zpl/extmodel.h"
 
 namespace {
 
-// A host of this process's own, which ends with it, with a printer that prints bar codes and writes
-// tags.
-class Host {
-public:
-    Host() {
-        std::string pattern = (std::filesystem::temp_directory_path() / "fuzz-XXXXXX").string();
-        if (!mkdtemp(pattern.data())) std::abort();
-        folder_ = pattern;
-        win32host::SetRoot(pattern);
-        OResourceCache::Initialize();
-        ModelDataCache::Initialize();
-        DriverUtility::SetModuleHandle(GetModuleHandleW(TEXT("kernel32.dll")));
-        const std::string driver_folder = DriverUtility::GetDriverDirectory().nstring();
-        std::string path = (folder_ / "drive_c").string() + driver_folder.substr(2) + "/zpl.ddt";
-        std::replace(path.begin(), path.end(), '\\', '/');
-        std::filesystem::create_directories(std::filesystem::path(path).parent_path());
-        std::ofstream(path, std::ios::binary)
-            << Record("Driver.d", "[M]\nModel=Model:A\n")
-            << Record("Model.d", "[A]\nBarCode=BarCode:A\nResolution=203\n~RFID.TagTypes=EPC64\n")
-            << Record("BarCode.d", "[A]\nCode39=yes\nCode128=yes\n");
-
-        ORegistry registry;
-        registry.SetString("PRINT:Printers/P/Name", "P");
-        registry.SetString("PRINT:Printers/P/Printer Driver", "M");
-        const OString driver = "PRINT:Environments/Windows NT x86/Drivers/Version-3/M/";
-        registry.SetString(driver + "Driver", "zplui.dll");
-        registry.SetString(driver + "Data File", "zplqv.ddt");
-        model_.reset(prtmodel::new_ext(PrinterInfo("P")));
-        if (!model_ || !model_->HasRFID()) std::abort();
-    }
-    ~Host() {
-        model_.reset();
-        ModelDataCache::Free();
-        OResourceCache::Free();
-        std::error_code ignored;
-        std::filesystem::remove_all(folder_, ignored);
-    }
-    prtmodel* Model() const { return model_.get(); }
-
-private:
-    std::filesystem::path folder_;
-    std::unique_ptr<prtmodel> model_;
-};
-
-constexpr char kIn[] = "C:\\in.kds";
-constexpr char kOut[] = "C:\\out.kds";
+std::string ModelData() {
+    return Record("Driver.d", "[M]\nModel=Model:A\n") +
+           Record("Model.d", "[A]\nBarCode=BarCode:A\nResolution=203\n~RFID.TagTypes=EPC64\n") +
+           Record("BarCode.d", "[A]\nCode39=yes\nCode128=yes\n");
+}
 
 constexpr int kAll = SETTINGS_STOCKS | SETTINGS_PRESETS | SETTINGS_BAR_FONTS | SETTINGS_RFID_FONTS |
                      SETTINGS_OPTIONS;
@@ -101,7 +48,7 @@ void Check(StockList& stocks, PresetList& presets, DataFontManager& fonts, prtmo
 } // namespace
 
 extern "C" int LLVMFuzzerTestOneInput(const uint8_t* data, size_t size) {
-    static const Host host;
+    static const FuzzHost host(ModelData());
     prtmodel& model = *host.Model();
     OFile(OString(kIn), OFILE_WRITE).Write(data, static_cast<uint32_t>(size));
     StockList stocks(&model);

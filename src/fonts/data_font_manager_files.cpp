@@ -26,8 +26,12 @@ void WriteBlock(OFile& file, const char* kind, const DataFont& font) {
     OString text;
     bytes.Assign(reinterpret_cast<const char*>(&blob), sizeof blob);
     Base64::BufferToString(bytes, text);
+    // A blob of others may have a name with line ends in it; it comes back with the blob.
+    OString name = font.GetFontName();
+    name.Replace('\r', ' ');
+    name.Replace('\n', ' ');
     file << "<" << kind << ">" << OCore::endl;
-    file << "Name=" << font.GetFontName() << OCore::endl;
+    file << "Name=" << name << OCore::endl;
     file << "Data=" << text << OCore::endl;
     file << "</font>" << OCore::endl << OCore::endl;
 }
