@@ -1,5 +1,6 @@
 // Device contexts and the documents printed on them.
 #include "gdi/device_context.h"
+#include "gdi/drawing_context.h"
 #include "host/guarded.h"
 #include "host/text.h"
 
@@ -30,6 +31,10 @@ int With(HDC handle, int failure, const Work& work) {
     });
 }
 
+bool IsDrawing(HDC dc) {
+    return std::dynamic_pointer_cast<DrawingContext>(FindObject(dc)) != nullptr;
+}
+
 } // namespace
 
 extern "C" {
@@ -44,6 +49,7 @@ HDC WINAPI CreateICW(LPCWSTR driver, LPCWSTR device, LPCWSTR, const DEVMODEW* de
 
 BOOL WINAPI DeleteDC(HDC dc) {
     return Guarded(FALSE, [&] {
+        if (IsDrawing(dc)) return BOOL{Close<DrawingContext>(dc) != nullptr};
         const auto context = Find<DeviceContext>(dc);
         if (!context) return FALSE;
         context->Close();
@@ -52,6 +58,8 @@ BOOL WINAPI DeleteDC(HDC dc) {
 }
 
 int WINAPI GetDeviceCaps(HDC dc, int index) {
+    if (const auto drawing = std::dynamic_pointer_cast<DrawingContext>(FindObject(dc)))
+        return drawing->GetDeviceCaps(index);
     return With(dc, 0, [&](const DeviceContext& context) { return context.Caps(index); });
 }
 

@@ -144,6 +144,7 @@ struct SIZE {
     LONG cx;
     LONG cy;
 };
+using LPSIZE = SIZE*;
 
 struct RECT {
     LONG left;

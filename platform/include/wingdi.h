@@ -220,6 +220,73 @@ struct LOGFONTW {
 };
 static_assert(sizeof(LOGFONTW) == 92);
 
+#define FW_DONTCARE 0
+#define FW_NORMAL 400
+#define FW_BOLD 700
+
+#define ANSI_CHARSET 0
+#define DEFAULT_CHARSET 1
+#define SYMBOL_CHARSET 2
+#define SHIFTJIS_CHARSET 128
+#define HANGUL_CHARSET 129
+#define JOHAB_CHARSET 130
+#define GB2312_CHARSET 134
+#define CHINESEBIG5_CHARSET 136
+#define GREEK_CHARSET 161
+#define TURKISH_CHARSET 162
+#define VIETNAMESE_CHARSET 163
+#define HEBREW_CHARSET 177
+#define ARABIC_CHARSET 178
+#define BALTIC_CHARSET 186
+#define RUSSIAN_CHARSET 204
+#define THAI_CHARSET 222
+#define EASTEUROPE_CHARSET 238
+#define OEM_CHARSET 255
+
+// lfPitchAndFamily: a pitch and a family.
+#define DEFAULT_PITCH 0
+#define FIXED_PITCH 1
+#define VARIABLE_PITCH 2
+#define FF_DONTCARE 0x00
+#define FF_ROMAN 0x10
+#define FF_SWISS 0x20
+#define FF_MODERN 0x30
+#define FF_SCRIPT 0x40
+#define FF_DECORATIVE 0x50
+
+// tmPitchAndFamily. The first is set for fonts of variable pitch.
+#define TMPF_FIXED_PITCH 0x01
+#define TMPF_VECTOR 0x02
+#define TMPF_TRUETYPE 0x04
+
+// The measures of a font as it is selected, in pixels.
+struct TEXTMETRICW {
+    LONG tmHeight; // ascent and descent
+    LONG tmAscent;
+    LONG tmDescent;
+    LONG tmInternalLeading; // what of the height is above the em square
+    LONG tmExternalLeading;
+    LONG tmAveCharWidth;
+    LONG tmMaxCharWidth;
+    LONG tmWeight;
+    LONG tmOverhang;
+    LONG tmDigitizedAspectX;
+    LONG tmDigitizedAspectY;
+    WCHAR tmFirstChar;
+    WCHAR tmLastChar;
+    WCHAR tmDefaultChar;
+    WCHAR tmBreakChar;
+    BYTE tmItalic;
+    BYTE tmUnderlined;
+    BYTE tmStruckOut;
+    BYTE tmPitchAndFamily;
+    BYTE tmCharSet;
+};
+using LPTEXTMETRICW = TEXTMETRICW*;
+static_assert(sizeof(TEXTMETRICW) == 60);
+
+#define GDI_ERROR 0xFFFFFFFF
+
 // ---- Device contexts ----------------------------------------------------------------------------
 
 // Indices of GetDeviceCaps. Sizes are in pixels unless they say otherwise.
@@ -243,6 +310,7 @@ static_assert(sizeof(LOGFONTW) == 92);
 #define PHYSICALOFFSETX 112 // of the printable area on it
 #define PHYSICALOFFSETY 113
 
+#define DT_RASDISPLAY 1
 #define DT_RASPRINTER 2
 
 // An escape that every rendering module answers: whether it knows another one, whose number is the
@@ -287,6 +355,48 @@ int WINAPI AbortDoc(HDC dc);
 // 0 when it does not know the escape, less than 0 on failure.
 int WINAPI ExtEscape(HDC dc, int escape, int input_size, LPCSTR input, int output_size,
                      LPSTR output);
+
+// ---- Drawing in memory --------------------------------------------------------------------------
+
+// A context to draw on a bitmap with; it answers GetDeviceCaps like `dc`, or like the screen for
+// null. It begins with a bitmap of one black pixel and with the system's font. Black text stands on
+// white cells; one unit is one pixel.
+HDC WINAPI CreateCompatibleDC(HDC dc);
+
+// Rows of pixels from top to bottom, the leftmost in the highest bits, each row filled up to 16
+// bits. `bits` may be null: then the bitmap is black. There is one plane. A width or height of 0
+// gives a bitmap of one pixel in two colours.
+HBITMAP WINAPI CreateBitmap(int width, int height, UINT planes, UINT bits_per_pixel,
+                            const void* bits);
+// With the colours of the device; on a memory context with those of its bitmap.
+HBITMAP WINAPI CreateCompatibleBitmap(HDC dc, int width, int height);
+// Copies the rows, `size` bytes at most; how many. Without a buffer, how many there are.
+LONG WINAPI GetBitmapBits(HBITMAP bitmap, LONG size, LPVOID bits);
+
+// The font that fits the description best among those of the host. A positive height is that of
+// the cell, a negative one that of the em square, 0 a cell of 16 pixels. Weight and italic are
+// imitated where the family lacks them; lines under and through text and rotation are not there.
+HFONT WINAPI CreateFontIndirectW(const LOGFONTW* description);
+
+// Makes a font or a bitmap the current one; what was it before. Bitmaps go into memory contexts
+// only, and into one at a time. Null on failure.
+HGDIOBJ WINAPI SelectObject(HDC dc, HGDIOBJ object);
+// A font that is selected goes when it no longer is; a bitmap that is selected stays, and the
+// answer is FALSE.
+BOOL WINAPI DeleteObject(HGDIOBJ object);
+
+// Bytes of a table of the current font's file, or of the file itself for table 0. A table's name is
+// four characters, the first in the lowest byte. Without a buffer, or with size 0, the size of it
+// all; else the number of bytes, which ends with the table. GDI_ERROR when there are none.
+DWORD WINAPI GetFontData(HDC dc, DWORD table, DWORD offset, LPVOID buffer, DWORD size);
+
+BOOL WINAPI GetTextMetricsW(HDC dc, LPTEXTMETRICW metrics);
+// 8-bit text is in the code page of the font's character set.
+BOOL WINAPI GetTextExtentPointA(HDC dc, LPCSTR text, int length, LPSIZE size);
+BOOL WINAPI GetTextExtentPointW(HDC dc, LPCWSTR text, int length, LPSIZE size);
+// Draws the text in its cell, whose upper left corner is given. On the screen nothing is seen.
+BOOL WINAPI TextOutA(HDC dc, int x, int y, LPCSTR text, int length);
+BOOL WINAPI TextOutW(HDC dc, int x, int y, LPCWSTR text, int length);
 
 } // extern "C"
 #pragma GCC visibility pop

@@ -90,6 +90,10 @@ int WINAPI GetMenuStringW(HMENU menu, UINT item, LPWSTR buffer, int size, UINT f
 int WINAPI wvsprintfW(LPWSTR buffer, LPCWSTR format, va_list arguments);
 int wsprintfW(LPWSTR buffer, LPCWSTR format, ...);
 
+// A device context of the whole screen, for null; there are no windows. ReleaseDC answers 1.
+HDC WINAPI GetDC(HWND window);
+int WINAPI ReleaseDC(HWND window, HDC dc);
+
 // Shows a box and answers the button chosen. The host has no screen: the box is recorded and
 // answered as win32host/control.h describes.
 int WINAPI MessageBoxW(HWND owner, LPCWSTR text, LPCWSTR caption, UINT type);

@@ -1,0 +1,95 @@
+#include "gdi/font_files.h"
+
+#include "host/text.h"
+
+#include <fontconfig/fontconfig.h>
+
+#include <algorithm>
+#include <memory>
+#include <string>
+
+namespace win32host {
+namespace {
+
+// Lives until the process ends.
+FT_Library TheLibrary() {
+    static const FT_Library library = [] {
+        FT_Library made = nullptr;
+        return FT_Init_FreeType(&made) ? nullptr : made;
+    }();
+    return library;
+}
+
+// fontconfig, from the first question to the end of the process. It comes back by itself when
+// something is asked after that.
+struct Fontconfig {
+    Fontconfig() { FcInit(); }
+    ~Fontconfig() { FcFini(); }
+};
+
+struct PatternDeleter {
+    void operator()(FcPattern* pattern) const { FcPatternDestroy(pattern); }
+};
+using Pattern = std::unique_ptr<FcPattern, PatternDeleter>;
+
+Pattern Wanted(const LOGFONTW& description) {
+    Pattern pattern(FcPatternCreate());
+    if (!pattern) return pattern;
+    const WCHAR* const name = description.lfFaceName;
+    const std::string family = Utf8(std::u16string(name, std::find(name, name + LF_FACESIZE, 0)));
+    if (!family.empty())
+        FcPatternAddString(pattern.get(), FC_FAMILY,
+                           reinterpret_cast<const FcChar8*>(family.c_str()));
+    if ((description.lfPitchAndFamily & 3) == FIXED_PITCH)
+        FcPatternAddInteger(pattern.get(), FC_SPACING, FC_MONO);
+    const int weight = std::clamp<int>(description.lfWeight, 0, 1000);
+    FcPatternAddInteger(pattern.get(), FC_WEIGHT,
+                        FcWeightFromOpenType(weight ? weight : FW_NORMAL));
+    FcPatternAddInteger(pattern.get(), FC_SLANT,
+                        description.lfItalic ? FC_SLANT_ITALIC : FC_SLANT_ROMAN);
+    FcPatternAddBool(pattern.get(), FC_SCALABLE, FcTrue);
+    FcConfigSubstitute(nullptr, pattern.get(), FcMatchPattern);
+    FcDefaultSubstitute(pattern.get());
+    return pattern;
+}
+
+int Number(const Pattern& pattern, const char* object, int fallback) {
+    int value = fallback;
+    return FcPatternGetInteger(pattern.get(), object, 0, &value) == FcResultMatch ? value
+                                                                                  : fallback;
+}
+
+} // namespace
+
+std::mutex& FontLock() {
+    static std::mutex* const lock = new std::mutex;
+    return *lock;
+}
+
+FoundFace FindFace(const LOGFONTW& description) {
+    static const Fontconfig fontconfig;
+    FoundFace found;
+    const Pattern wanted = Wanted(description);
+    if (!wanted || !TheLibrary()) return found;
+    FcResult result = FcResultNoMatch;
+    const Pattern match(FcFontMatch(nullptr, wanted.get(), &result));
+    FcChar8* file = nullptr;
+    if (!match || FcPatternGetString(match.get(), FC_FILE, 0, &file) != FcResultMatch) return found;
+    if (FT_New_Face(TheLibrary(), reinterpret_cast<const char*>(file), Number(match, FC_INDEX, 0),
+                    &found.face)) {
+        found.face = nullptr;
+        return found;
+    }
+    if (!FT_IS_SFNT(found.face) || !FT_IS_SCALABLE(found.face)) {
+        FT_Done_Face(found.face);
+        found.face = nullptr;
+        return found;
+    }
+    found.lacks_weight = description.lfWeight >= 600 &&
+                         Number(match, FC_WEIGHT, FC_WEIGHT_NORMAL) < FC_WEIGHT_DEMIBOLD;
+    found.lacks_slant =
+        description.lfItalic && Number(match, FC_SLANT, FC_SLANT_ROMAN) == FC_SLANT_ROMAN;
+    return found;
+}
+
+} // namespace win32host

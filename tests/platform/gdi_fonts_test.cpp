@@ -1,0 +1,226 @@
+// Fonts and bitmaps of device contexts without a printer.
+#include <windows.h>
+
+#include <gtest/gtest.h>
+
+#include <cstdlib>
+#include <cstring>
+#include <string>
+#include <vector>
+
+namespace {
+
+LOGFONTW Described(const char16_t* face, LONG height) {
+    LOGFONTW description = {};
+    description.lfHeight = height;
+    description.lfCharSet = DEFAULT_CHARSET;
+    for (int i = 0; face[i]; ++i) description.lfFaceName[i] = face[i];
+    return description;
+}
+
+// A memory context with a font and a bitmap in two colours.
+class Canvas {
+public:
+    Canvas(const LOGFONTW& font, int width, int height)
+        : font_(CreateFontIndirectW(&font))
+        , bitmap_(CreateBitmap(width, height, 1, 1, nullptr))
+        , width_(width)
+        , height_(height) {
+        SelectObject(dc, font_);
+        SelectObject(dc, bitmap_);
+    }
+    ~Canvas() {
+        DeleteDC(dc);
+        EXPECT_TRUE(DeleteObject(bitmap_));
+        EXPECT_TRUE(DeleteObject(font_));
+    }
+    // The pixels, rows with line ends: '#' for black.
+    std::string Picture() const {
+        const int stride = (width_ + 15) / 16 * 2;
+        std::vector<BYTE> bits(static_cast<size_t>(stride * height_));
+        EXPECT_EQ(GetBitmapBits(bitmap_, static_cast<LONG>(bits.size()), bits.data()),
+                  static_cast<LONG>(bits.size()));
+        std::string picture;
+        for (int y = 0; y < height_; ++y, picture += '\n')
+            for (int x = 0; x < width_; ++x)
+                picture +=
+                    bits[static_cast<size_t>(y * stride + x / 8)] & (0x80 >> x % 8) ? '.' : '#';
+        return picture;
+    }
+
+    const HDC dc = CreateCompatibleDC(nullptr);
+
+private:
+    const HFONT font_;
+    const HBITMAP bitmap_;
+    const int width_, height_;
+};
+
+constexpr DWORD kHead = 0x64616568; // "head"
+
+} // namespace
+
+TEST(GdiFonts, GiveOutTheirFileWholeAndInPieces) {
+    const Canvas canvas(Described(u"DejaVu Sans", -12), 1, 1);
+    const DWORD size = GetFontData(canvas.dc, 0, 0, nullptr, 0);
+    ASSERT_NE(size, DWORD{GDI_ERROR});
+    ASSERT_GT(size, 10000u);
+    std::vector<BYTE> whole(size);
+    EXPECT_EQ(GetFontData(canvas.dc, 0, 0, whole.data(), size), size);
+    EXPECT_EQ(std::memcmp(whole.data(), "\0\1\0\0", 4), 0);
+
+    std::vector<BYTE> joined;
+    BYTE piece[10000];
+    for (DWORD at = 0; at < size;) {
+        const DWORD count = GetFontData(canvas.dc, 0, at, piece, sizeof piece);
+        ASSERT_LE(count, sizeof piece);
+        joined.insert(joined.end(), piece, piece + count);
+        at += count;
+    }
+    EXPECT_EQ(joined, whole);
+
+    EXPECT_EQ(GetFontData(canvas.dc, kHead, 12, piece, 4), 4u);
+    EXPECT_EQ(std::memcmp(piece, "\x5F\x0F\x3C\xF5", 4), 0) << "the magic number of the table";
+    EXPECT_EQ(GetFontData(canvas.dc, kHead, 50, piece, 100), 4u) << "no further than the table";
+    EXPECT_EQ(GetFontData(canvas.dc, 0, size, piece, 1), DWORD{GDI_ERROR});
+    EXPECT_EQ(GetFontData(canvas.dc, 0x5A5A5A5A, 0, nullptr, 0), DWORD{GDI_ERROR});
+    EXPECT_EQ(GetFontData(nullptr, 0, 0, nullptr, 0), DWORD{GDI_ERROR});
+}
+
+TEST(GdiFonts, MeasureByTheHeightThatIsAskedFor) {
+    const struct {
+        LONG height;
+        LONG em, cell; // 0: whatever comes out
+    } cases[] = {{-100, 100, 0}, {-1, 1, 0}, {100, 0, 100}, {0, 0, 16}};
+    for (const auto& c : cases) {
+        const Canvas canvas(Described(u"DejaVu Sans Mono", c.height), 1, 1);
+        TEXTMETRICW metrics = {};
+        ASSERT_TRUE(GetTextMetricsW(canvas.dc, &metrics)) << c.height;
+        EXPECT_EQ(metrics.tmHeight, metrics.tmAscent + metrics.tmDescent);
+        if (c.em) {
+            EXPECT_EQ(metrics.tmHeight - metrics.tmInternalLeading, c.em);
+        }
+        if (c.cell) {
+            EXPECT_LE(std::abs(metrics.tmHeight - c.cell), 1) << c.height;
+        }
+        EXPECT_FALSE(metrics.tmPitchAndFamily & TMPF_FIXED_PITCH) << "every character is as wide";
+        SIZE one = {}, three = {};
+        EXPECT_TRUE(GetTextExtentPointA(canvas.dc, "i", 1, &one));
+        EXPECT_TRUE(GetTextExtentPointW(canvas.dc, u"WWW", 3, &three));
+        EXPECT_EQ(three.cx, 3 * one.cx);
+        EXPECT_EQ(three.cy, metrics.tmHeight);
+    }
+}
+
+TEST(GdiFonts, ImitateWhatTheFamilyLacks) {
+    LOGFONTW description = Described(u"DejaVu Sans Mono", -40);
+    const Canvas upright(description, 30, 50);
+    description.lfItalic = TRUE;
+    description.lfWeight = FW_BOLD;
+    const Canvas bold_italic(description, 30, 50);
+    TextOutA(upright.dc, 0, 0, "I", 1);
+    TextOutA(bold_italic.dc, 0, 0, "I", 1);
+    EXPECT_NE(upright.Picture(), bold_italic.Picture());
+    TEXTMETRICW metrics = {};
+    EXPECT_TRUE(GetTextMetricsW(bold_italic.dc, &metrics));
+    EXPECT_TRUE(metrics.tmItalic);
+    EXPECT_EQ(metrics.tmWeight, FW_BOLD);
+}
+
+TEST(GdiFonts, DrawBlackTextOnAWhiteCellAndNothingOutsideOfTheBitmap) {
+    const Canvas canvas(Described(u"DejaVu Sans", 20), 60, 30);
+    const std::string black = canvas.Picture();
+    EXPECT_EQ(black.find('.'), std::string::npos);
+    SIZE cell = {};
+    ASSERT_TRUE(GetTextExtentPointA(canvas.dc, "l", 1, &cell));
+    EXPECT_TRUE(TextOutA(canvas.dc, 0, 0, "l", 1));
+    std::string expected = black;
+    for (int y = 0; y < cell.cy; ++y)
+        for (int x = 0; x < cell.cx; ++x) expected[static_cast<size_t>(y * 61 + x)] = '.';
+    const std::string drawn = canvas.Picture();
+    int ink = 0;
+    for (size_t i = 0; i < drawn.size(); ++i)
+        if (drawn[i] != expected[i]) {
+            EXPECT_EQ(drawn[i], '#');
+            ++ink;
+        }
+    EXPECT_GT(ink, 10);
+    for (const int place : {-2000000000, -7, 25, 2000000000})
+        EXPECT_TRUE(TextOutA(canvas.dc, place, place, "W", 1));
+}
+
+TEST(GdiFonts, ReadEightBitTextByTheCharacterSetOfTheFont) {
+    LOGFONTW description = Described(u"DejaVu Sans", -20);
+    const struct {
+        BYTE charset;
+        char byte;
+        char16_t unit;
+    } cases[] = {
+        {ANSI_CHARSET, '\xC4', u'\u00C4'},
+        {RUSSIAN_CHARSET, '\xC4', u'\u0414'},
+        {GREEK_CHARSET, '\xC4', u'\u0394'},
+        {SYMBOL_CHARSET, 'A', u'\uF041'},
+    };
+    for (const auto& c : cases) {
+        description.lfCharSet = c.charset;
+        const Canvas eight(description, 30, 30), wide(description, 30, 30);
+        EXPECT_TRUE(TextOutA(eight.dc, 0, 0, &c.byte, 1));
+        EXPECT_TRUE(TextOutW(wide.dc, 0, 0, &c.unit, 1));
+        EXPECT_EQ(eight.Picture(), wide.Picture()) << int{c.charset};
+    }
+}
+
+TEST(GdiBitmaps, HaveRowsFilledUpToSixteenBits) {
+    const struct {
+        int width, height;
+        UINT depth;
+        LONG size;
+    } cases[] = {{1, 1, 1, 2},  {16, 3, 1, 6},  {17, 3, 1, 12},
+                 {3, 2, 8, 8},  {2, 2, 32, 16}, {0, 9, 32, 2},
+                 {-1, 1, 1, 0}, {1, 1, 7, 0},   {1 << 30, 1 << 30, 1, 0}};
+    for (const auto& c : cases) {
+        const HBITMAP bitmap = CreateBitmap(c.width, c.height, 1, c.depth, nullptr);
+        EXPECT_EQ(bitmap != nullptr, c.size > 0) << c.width;
+        EXPECT_EQ(GetBitmapBits(bitmap, 0, nullptr), c.size) << c.width;
+        EXPECT_EQ(DeleteObject(bitmap), c.size > 0);
+    }
+    const BYTE bits[] = {0xA5, 0, 0x5A, 0xFF};
+    const HBITMAP bitmap = CreateBitmap(8, 2, 1, 1, bits);
+    BYTE read[4] = {};
+    EXPECT_EQ(GetBitmapBits(bitmap, 3, read), 3);
+    EXPECT_EQ(std::memcmp(read, bits, 3), 0);
+    EXPECT_EQ(read[3], 0);
+    EXPECT_TRUE(DeleteObject(bitmap));
+}
+
+TEST(GdiObjects, AreSelectedIntoOneContextAtATime) {
+    const HDC screen = GetDC(nullptr);
+    const HDC one = CreateCompatibleDC(screen), two = CreateCompatibleDC(nullptr);
+    const HBITMAP bitmap = CreateCompatibleBitmap(screen, 4, 4);
+    const LOGFONTW description = Described(u"DejaVu Sans", 10);
+    const HFONT font = CreateFontIndirectW(&description);
+    EXPECT_EQ(GetBitmapBits(bitmap, 0, nullptr), 64);
+    EXPECT_EQ(GetDeviceCaps(one, LOGPIXELSY), GetDeviceCaps(screen, LOGPIXELSY));
+
+    const HGDIOBJ first = SelectObject(one, bitmap);
+    EXPECT_NE(first, nullptr);
+    EXPECT_EQ(SelectObject(two, bitmap), nullptr);
+    EXPECT_EQ(SelectObject(screen, bitmap), nullptr);
+    EXPECT_FALSE(DeleteObject(bitmap)) << "while it is selected";
+    EXPECT_EQ(SelectObject(one, first), bitmap);
+    EXPECT_EQ(SelectObject(two, bitmap), first) << "both began with the same one";
+    EXPECT_TRUE(DeleteDC(two));
+    EXPECT_TRUE(DeleteObject(bitmap));
+    EXPECT_FALSE(DeleteObject(bitmap));
+
+    EXPECT_NE(SelectObject(screen, font), nullptr);
+    EXPECT_TRUE(DeleteObject(font));
+    SIZE size = {};
+    EXPECT_TRUE(GetTextExtentPointA(screen, "x", 1, &size)) << "it goes when it is not selected";
+    EXPECT_EQ(SelectObject(screen, font), nullptr);
+    EXPECT_EQ(ReleaseDC(nullptr, screen), 1);
+    EXPECT_FALSE(GetTextExtentPointA(screen, "x", 1, &size));
+    EXPECT_TRUE(DeleteDC(one));
+    EXPECT_EQ(CreateCompatibleDC(one), nullptr);
+    EXPECT_EQ(CreateCompatibleBitmap(one, 4, 4), nullptr);
+}
