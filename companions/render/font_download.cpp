@@ -39,19 +39,19 @@ bool FontDownload::End(Open kind) {
 bool FontDownload::Handle(const KVFontInfo& font) {
     switch (font.operation) {
     case KVFontInfo::BEGIN_TRUETYPE:
-        return Begin(Open::TRUETYPE,
+        return Begin(Open::FONT_FILE,
                      "~DU" + PlaceOf(font) + ',' + std::to_string(font.data_size) + ',');
     case KVFontInfo::END_TRUETYPE:
-        return End(Open::TRUETYPE);
+        return End(Open::FONT_FILE);
     case KVFontInfo::BEGIN_BITMAP:
-        return Begin(Open::BITMAP, "~DB" + PlaceOf(font) + (font.rotation ? ",R," : ",N,") +
+        return Begin(Open::GLYPHS, "~DB" + PlaceOf(font) + (font.rotation ? ",R," : ",N,") +
                                        std::to_string(font.height) + ',' +
                                        std::to_string(font.max_char_width) + ',' +
                                        std::to_string(font.ascent) + ',' +
                                        std::to_string(font.ave_char_width) + ',' +
                                        std::to_string(font.characters) + ",,");
     case KVFontInfo::END_BITMAP:
-        return End(Open::BITMAP);
+        return End(Open::GLYPHS);
     case KVFontInfo::ERASE:
         return output_.Write("^XA^ID" + PlaceOf(font) + "^FS^XZ\r\n");
     case KVFontInfo::FINISH: {
@@ -66,11 +66,11 @@ bool FontDownload::Handle(const KVFontInfo& font) {
 }
 
 bool FontDownload::AddData(const unsigned char* bytes, size_t size) {
-    return open_ == Open::TRUETYPE && output_.WriteHex(bytes, size);
+    return open_ == Open::FONT_FILE && output_.WriteHex(bytes, size);
 }
 
 bool FontDownload::AddGlyph(const KVDownloadBitmapChar& glyph, const unsigned char* rows) {
-    if (open_ != Open::BITMAP) return false;
+    if (open_ != Open::GLYPHS) return false;
     // Code, rows, bytes of a row, offsets from the left and the top, and the way to the next.
     char head[64];
     std::snprintf(head, sizeof head, "#%04X.%u.%u.0.0.%u.", unsigned{glyph.character},

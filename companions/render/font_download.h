@@ -25,7 +25,7 @@ public:
     bool AddGlyph(const KVDownloadBitmapChar& glyph, const unsigned char* rows);
 
 private:
-    enum class Open { NOTHING, TRUETYPE, BITMAP };
+    enum class Open { NOTHING, FONT_FILE, GLYPHS };
 
     bool Begin(Open kind, const std::string& command);
     bool End(Open kind);

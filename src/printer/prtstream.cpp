@@ -94,8 +94,8 @@ prtstream& prtstream::write(const char* data, int32_t count) {
     return *this;
 }
 
-prtstream& prtstream::write_byte(char byte) {
-    return write(&byte, 1);
+prtstream& prtstream::write_byte(char value) {
+    return write(&value, 1);
 }
 
 prtstream& prtstream::operator<<(const char* text) {

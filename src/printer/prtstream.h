@@ -60,7 +60,7 @@ public:
     // ---- Writing --------------------------------------------------------------------------------
 
     prtstream& write(const char* data, int32_t count);
-    prtstream& write_byte(char byte);
+    prtstream& write_byte(char value);
     // The text without its terminator; null writes nothing.
     prtstream& operator<<(const char* text);
     // The number in decimal.
