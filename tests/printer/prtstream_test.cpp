@@ -261,7 +261,7 @@ TEST_F(OutputStream, RefusesEscapesThatAreShorterThanTheySay) {
     }
     EXPECT_EQ(escape(ESCAPE_RAW_PACKET, std::string("\3\0ab", 4)), -1);
     EXPECT_EQ(escape(ESCAPE_DOWNLOAD_FONT_DATA, std::string("\1\0x", 3)), -1); // no font begun
-    EXPECT_EQ(escape(16001, "12345678"), 0);                                       // not known
+    EXPECT_EQ(escape(16001, "12345678"), 0);                                   // not known
     stream_.EndJob();
     EXPECT_EQ(TakeJobs(), (Jobs{{"Job", ""}}));
 }
