@@ -130,6 +130,40 @@ ZPLUI_API int WINAPI DrvDocumentEvent(HANDLE printer, HDC dc, int event, ULONG i
 // not fit.
 ZPLUI_API BOOL WINAPI DrvUpgradePrinter(DWORD level, LPBYTE info);
 
+// ---- Settings without a user interface ----------------------------------------------------------
+//
+// A program opens a printer, works on it, and closes it, all on one thread. The handle is opaque;
+// every function but DAL_Printer_Open does nothing with a null one.
+
+// Opens the settings of a printer. `printer` is from the spooler's OpenPrinter and stays open until
+// the settings are closed. Null when memory is short.
+ZPLUI_API HANDLE WINAPI DAL_Printer_Open(HANDLE printer);
+
+// Saves the settings and closes them.
+ZPLUI_API void WINAPI DAL_Printer_Close(HANDLE settings);
+
+// Reads the stored settings anew, and stores those that have changed since. On a connection whose
+// server shares its settings they come from there first, and go there afterwards.
+ZPLUI_API void WINAPI DAL_Settings_Load(HANDLE settings);
+ZPLUI_API void WINAPI DAL_Settings_Save(HANDLE settings);
+
+// Contents of settings files; any of these together.
+#define DAL_SETTINGS_STOCKS 0x001
+#define DAL_SETTINGS_PRESETS 0x002
+#define DAL_SETTINGS_BAR_FONTS 0x004
+#define DAL_SETTINGS_RFID_FONTS 0x008
+#define DAL_SETTINGS_OPTIONS 0x100 // the settings of the driver
+
+// Writes the contents to a settings file, in place of one that there is. A file that cannot be
+// written is not; only the file itself tells.
+ZPLUI_API void WINAPI DAL_Settings_Export(HANDLE settings, LPCWSTR file, int contents);
+
+// Adds the contents of a settings file, or of a binary file of old drivers, to the settings, in
+// place of what has the same name. They are stored when the settings are saved; options are in
+// force at once, and only those for the printer's own model are taken. A file that is missing or of
+// another kind changes nothing.
+ZPLUI_API void WINAPI DAL_Settings_Import(HANDLE settings, LPCWSTR file, int contents);
+
 // ---- Codecs and checksums -----------------------------------------------------------------------
 //
 // Input and output are raw bytes. A null pointer is harmless where its length is 0.

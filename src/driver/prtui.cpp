@@ -71,6 +71,20 @@ void prtui::Settings_Save() {
     if (commit_shadow) CommitShadow(PrinterInfo(hprinter).GetPrinterName());
 }
 
+void prtui::Settings_Export(const WCHAR* file, int contents, KDSettingsResult* result) {
+    KDSettingsResult written = {};
+    if (model && file)
+        written = ExportSettingsFile(file, contents, {*model, stocks, presets, data_fonts});
+    if (result) *result = written;
+}
+
+void prtui::Settings_Import(const WCHAR* file, int contents, KDSettingsResult* result) {
+    KDSettingsResult read = {};
+    if (model && file)
+        read = ImportSettingsFile(file, contents, {*model, stocks, presets, data_fonts});
+    if (result) *result = read;
+}
+
 void prtui::AddBuiltInPresets() {
     const auto add = [this](Preset::BuiltIn kind, int32_t priority, int name, int description) {
         auto* preset = new (std::nothrow) Preset;

@@ -6,6 +6,7 @@
 #include <cstdint>
 #include <memory>
 
+#include "config/settings_file.h"
 #include "fonts/data_font_manager.h"
 #include "locale/prtlocale.h"
 #include "printer/ui_printer.h"
@@ -43,6 +44,12 @@ public:
     // Stores the lists that changed, and sends a connection's settings to its server unless
     // `commit_shadow` is off.
     void Settings_Save();
+
+    // Writes a settings file, or adds what is in one to the lists, which Settings_Save then stores
+    // (see config/settings_file.h; `contents` is its SettingsFileContent). `result` may be null.
+    // Nothing, and zeros, without a model.
+    void Settings_Export(const WCHAR* file, int contents, KDSettingsResult* result);
+    void Settings_Import(const WCHAR* file, int contents, KDSettingsResult* result);
 
     prtlocale locale;
 

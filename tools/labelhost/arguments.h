@@ -10,7 +10,8 @@ class Arguments {
 public:
     // `words` are the words behind the command. An option is "--name VALUE", which may come again,
     // or, for the names in `switches`, just "--name"; the other names that the command knows are in
-    // `options`. "--" ends the options. Throws UsageFault for an unknown option or one without its value.
+    // `options`. "--" ends the options. Throws UsageFault for an unknown option or one without its
+    // value.
     Arguments(const std::vector<std::string>& words, const std::vector<std::string>& options,
               const std::vector<std::string>& switches);
 

@@ -18,5 +18,6 @@ void ConvertCommand(const Words& words);
 void UpgradeCommand(const Words& words);
 void JobsCommand(const Words& words);
 void EventCommand(const Words& words);
+void SettingsCommand(const Words& words);
 void RegistryCommand(const Words& words);
 void PrinterEmulatorCommand(const Words& words);

@@ -4,7 +4,6 @@
 
 #include <winspool.h>
 
-#include <cerrno>
 #include <cstdio>
 #include <cstring>
 #include <memory>
@@ -17,10 +16,6 @@ constexpr size_t kLargest = 2 * size_t{0xFFFF};
 constexpr size_t kTail = 8;
 constexpr size_t kUserCommands = 1024;
 constexpr size_t kLengthAt = 1024; // of the configuration, in itself
-
-Fault FileFault(const std::string& what, const std::string& path) {
-    return Fault(what + " '" + path + "': " + std::strerror(errno));
-}
 
 struct Closer {
     void operator()(std::FILE* file) const { std::fclose(file); }

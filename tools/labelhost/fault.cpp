@@ -2,6 +2,9 @@
 
 #include <winspool.h>
 
+#include <cerrno>
+#include <cstring>
+
 namespace {
 
 struct Reason {
@@ -29,4 +32,8 @@ Fault SystemFault(const std::string& what, DWORD error) {
     for (const Reason& reason : kReasons)
         if (reason.error == error) return Fault(what + ": " + reason.text);
     return Fault(what + ": error " + std::to_string(error));
+}
+
+Fault FileFault(const std::string& what, const std::string& path) {
+    return Fault(what + " '" + path + "': " + std::strerror(errno));
 }

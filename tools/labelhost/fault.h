@@ -17,3 +17,6 @@ struct UsageFault : Fault {
 
 // `what` followed by the reason that Win32 gives for `error` ("no such file", "access denied"...).
 Fault SystemFault(const std::string& what, DWORD error);
+
+// `what`, the name of a file, and the reason that the C library gives in errno.
+Fault FileFault(const std::string& what, const std::string& path);

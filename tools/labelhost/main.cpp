@@ -40,6 +40,9 @@ constexpr Command kCommands[] = {
     {"jobs", JobsCommand,
      "jobs PRINTER [--restart ID] [--delete ID]\n"
      "                    what waits in the spooler; send a job again or delete it"},
+    {"settings", SettingsCommand,
+     "settings export|import PRINTER FILE [--only LIST]\n"
+     "                    settings files; LIST of stocks,presets,barcode-fonts,rfid-fonts,options"},
     {"event", EventCommand,
      "event PRINTER N       tell the driver what happens to a document: 1 device context, 5 "
      "start,\n"
