@@ -9,11 +9,14 @@
 #include "config/settings_file.h"
 #include "fonts/data_font_manager.h"
 #include "locale/prtlocale.h"
+#include "printer/cache_parameters.h"
+#include "printer/printer_action.h"
 #include "printer/ui_printer.h"
 #include "settings/dev_mode.h"
 #include "settings/preset_list.h"
 #include "settings/stock_list.h"
 
+class prtpage;
 class prtstream;
 
 // Made by new_ext for one property sheet or one user of the settings interface, filled by init,
@@ -31,6 +34,25 @@ public:
 
     // Loads everything that is edited, for a model and a DEVMODE that exist. Called by init.
     virtual void InitEx();
+
+    // What can be set about objects that are kept in the printer: here nothing, for a language that
+    // keeps none.
+    virtual void GetCacheParameters(CacheParameters& parameters) const;
+
+    // ---- Actions: what the printer can be told to do. None without a model. `page` is the page
+    // that asks, null outside of a sheet.
+
+    // Does an action, offered or not, in a job of the action's name. Failures to reach the printer
+    // are not reported; an action that is not known does nothing.
+    virtual void PrinterAction(prtpage* page, printer_action action);
+    // How an action is offered for the printer as it is set up: ACTION_OFFERED and the others.
+    virtual uint32_t PrinterActionSupported(prtpage* page, printer_action action);
+    // What the user knows an action by; empty for one that has no name.
+    virtual OString PrinterActionName(printer_action action);
+
+    // Sends a file (Windows path) as it is, in a job of its name; an empty job when it cannot be
+    // read.
+    void SendFile(const OString& path);
 
     // Takes a printer: its names, its model, and its document settings, which are the model's
     // defaults with the printer's default DEVMODE merged into them and, when `mode` has

@@ -266,6 +266,8 @@ struct CustomData {
         BACKFEED_PERCENTAGE = 0x4,
         BACKFEED_OFF = 0x8,    // the backfeed value 3
         TRACKING_MARKS = 0x20, // the media tracking values 2 and 3 instead of 1
+        BACKFEED_SPEED = 0x40, // besides the print speed
+        SLEW_SPEED = 0x80,
         ABSOLUTE_DARKNESS = 0x200,
         TEAR_OFF = 0x400,
         TRANSFER_ONLY = 0x1000,

@@ -4,6 +4,8 @@
 #include "config/prtconfig.h"
 #include "model/model_records.h"
 
+class extstream;
+
 #pragma pack(push, 1)
 
 // The whole block. A field of 16 bits that is -1 leaves its setting to the printer: the command for
@@ -72,6 +74,12 @@ struct extconfig : prtconfig {
 
     // The value of the first entry that is marked as the default; 0 when there is none.
     static int32_t GetDefaultSpeed(const CustomData& data);
+
+    // Writes the commands that bring a printer into this configuration and into the settings of its
+    // driver, for the inside of a format. They are for the stream's printer and for the page of its
+    // open job; a stream without a model gets nothing. What the printer has no command for and what
+    // is left to it is not written. Defined with the stream, in the layer above.
+    void output(extstream& stream) const;
 
     // The letter of a media feed action: "F" for 0 (feed), "L" for 2 (length), "C" for 3
     // (calibrate), "N" (nothing) for any other.

@@ -13,6 +13,25 @@ public:
 
     void InitEx() override;
 
+    // 8192 KB, numbers 0 to 999, and every memory of the model.
+    void GetCacheParameters(CacheParameters& parameters) const override;
+
+    void PrinterAction(prtpage* page, printer_action action) override;
+    uint32_t PrinterActionSupported(prtpage* page, printer_action action) override;
+
+    // Tells the rendering module that the memory of that letter no longer holds what it has stored
+    // there. Makes no job.
+    void ClearCachedObjects(int32_t location);
+
 private:
+    // Whether the printer can cut and is not left to its own print mode.
+    bool CanCut() const;
+    // The configuration in a format of its own.
+    void WriteConfiguration();
+    // Jobs of the action's name: a control command; the configuration, and behind it a format with
+    // a command.
+    void RunControl(printer_action action, const char* command);
+    void RunConfigured(printer_action action, const char* command);
+
     extstream stream_;
 };

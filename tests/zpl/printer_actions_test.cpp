@@ -1,0 +1,272 @@
+// Printer actions, from the offer to the bytes of the job.
+#include "printer/printer_action.h"
+
+#include <filesystem>
+#include <functional>
+#include <memory>
+
+#include "driver/driver_utility.h"
+#include "support/job_test.h"
+#include "zpl/extconfig.h"
+#include "zpl/extui.h"
+
+namespace {
+
+using Jobs = std::vector<PrintedJob>;
+using Change = std::function<void(extconfig&)>;
+
+constexpr char kModel[] = "Resolution=203\nStock.Default.X=4 in\nStock.Default.Y=6 in\n";
+
+std::string Pplz(const std::string& model) {
+    return model + "~ArgoxPPLZ=yes\n";
+}
+
+CustomData Data(uint32_t flags) {
+    CustomData data = {};
+    data.flags = flags;
+    data.tear_off_min = data.label_top_min = -120;
+    data.tear_off_max = data.label_top_max = 99;
+    data.speeds[0] = {2, {'2'}, 1};
+    data.speeds[1] = {4, {'4'}, 0};
+    data.speeds[2] = {12, {'1', '2', '.'}, 0};
+    return data;
+}
+
+class PrinterActions : public JobTest {
+protected:
+    void Use(const ModelTables& tables, const Change& change = {}) {
+        ui_.reset();
+        if (installed_) {
+            Replace(tables);
+        } else {
+            Install(TEST_BINARY_DIR, tables);
+            const std::string folder = Text(DriverUtility::GetDriverDirectory()).substr(3);
+            std::filesystem::copy_file(TEST_BINARY_DIR "/product/zplvenu.dll",
+                                       OnDriveC(folder + "\\zplvenu.dll"));
+        }
+        installed_ = true;
+        ui_.reset(static_cast<extui*>(prtui::new_ext()));
+        ui_->init(printer(), nullptr, 0);
+        if (change) change(*extconfig::get_cfg(ui_->devmode.GetDevMode()));
+    }
+    Jobs Run(int action) {
+        ui_->PrinterAction(nullptr, static_cast<printer_action>(action));
+        return TakeJobs();
+    }
+    std::string Offered() {
+        std::string offers;
+        for (int action = 0; action < 60; ++action)
+            if (const uint32_t flags =
+                    ui_->PrinterActionSupported(nullptr, static_cast<printer_action>(action)))
+                offers += std::to_string(action) + ":" + std::to_string(flags) + " ";
+        return offers;
+    }
+    // What the feed action sends of the configuration.
+    std::string Block() {
+        const Jobs jobs = Run(ACTION_FEED);
+        const std::string head = "^XA\r\n", tail = "^XZ\r\n~PH";
+        if (jobs.size() != 1 || !jobs[0].bytes.starts_with(head) || !jobs[0].bytes.ends_with(tail))
+            return "(no configuration)";
+        return jobs[0].bytes.substr(head.size(), jobs[0].bytes.size() - head.size() - tail.size());
+    }
+
+    std::unique_ptr<extui> ui_;
+
+private:
+    bool installed_ = false;
+};
+
+} // namespace
+
+TEST_F(PrinterActions, SendsAJobOfTheActionsName) {
+    Use({.model = kModel});
+    std::string bytes;
+    for (int byte = 0; byte < 256; ++byte) bytes += static_cast<char>(byte);
+    const std::string configured = "^XA\r\n^SZ2^JMA\r\n^MCY^PMN\r\n^PW832~JSN\r\n^JZY\r\n^XZ\r\n";
+    const auto format = [&](const std::string& command) {
+        return configured + "^XA\r\n" + command + "^XZ\r\n";
+    };
+    const struct {
+        int action;
+        PrintedJob job;
+    } cases[] = {
+        {5, {"Character Test", "~JD" + bytes + "~JE"}},
+        {6, {"Feed Label", configured + "~PH"}},
+        {8, {"Cut", "^XA\r\n^MMC^PH^XZ\r\n"}},
+        {10, {"Reset Printer", "~JR"}},
+        {11, {"Calibrate Media", "~JC"}},
+        {12, {"Configuration Label", "~WC"}},
+        {13, {"All Stored Objects", format("^WD*:*.*")}},
+        {14, {"Stored Fonts", format("^WD*:*.FNT")}},
+        {15, {"Stored Formats", format("^WD*:*.ZPL")}},
+        {16, {"Stored Graphics", format("^WD*:*.GRF")}},
+        {17, {"Built-in Fonts", format("^WDZ:*.FNT")}},
+        {18, {"Built-in Bar Codes", format("^WDZ:*.BAR")}},
+        {20, {"Sensor Profile", "~JG"}},
+        {23, {"Measure Label Length", "~JL"}},
+        {26, {"Clear Object Cache", ""}},
+        {28, {"Restore Factory Settings", format("^JUF")}},
+    };
+    for (const auto& c : cases) EXPECT_EQ(Run(c.action), Jobs{c.job}) << c.action;
+    for (const int unknown : {-1, 0, 3, 7, 48, 1000}) EXPECT_EQ(Run(unknown), Jobs{}) << unknown;
+}
+
+TEST_F(PrinterActions, SendsAFileUnderItsOwnName) {
+    Use({.model = kModel});
+    WriteFile("labels\\one.prn", "^XA^FDone^XZ");
+    ui_->SendFile("C:\\labels\\one.prn");
+    ui_->SendFile("C:\\labels\\two.prn");
+    EXPECT_EQ(TakeJobs(), (Jobs{{"one.prn", "^XA^FDone^XZ"}, {"two.prn", ""}}));
+}
+
+TEST_F(PrinterActions, WritesTheConfigurationInItsOrder) {
+    ModelTables tables = {.model = std::string(kModel) + "~RFID.TagTypes=EPC64\n",
+                          .custom_data =
+                              CustomDataLines(Data(CustomData::TEAR_OFF | CustomData::SLEW_SPEED |
+                                                   CustomData::BACKFEED_SPEED))};
+    const Change everything = [](extconfig& config) {
+        config.flags |= prtconfig::FLAG_MIRROR;
+        config.media_type = 0;
+        config.media_tracking = 2;
+        config.label_top = -1000;
+        config.tear_off = 1000;
+        config.backfeed = extconfig::BACKFEED_PERCENTAGE;
+        config.backfeed_percentage = 40;
+        config.print_mode = extconfig::PRINT_CUTTER;
+        config.print_speed = 12;
+        config.slew_speed = 5; // not in the table
+        config.backfeed_speed = 2;
+        config.relative_darkness = -5;
+        config.setting_flags = 0x1E;
+    };
+    Use(tables, everything);
+    prtreg registry = Registry();
+    registry.SetByte("Settings:Reprint After Error", 0);
+    registry.SetByte("Settings:Media Feed", 1);
+    registry.SetDWORD("Settings:Media Feed (Power Up)", 0);
+    registry.SetDWORD("Settings:Media Feed (Head Close)", 2);
+    registry.SetInt("Settings:RFID/Transponder Offset", 25400);
+    EXPECT_EQ(Block(), "^SZ2^JMA\r\n^MCY^PMY\r\n"
+                       "^PW832^MTD^MNW^LT-8~TA8~JS40^MMC\r\n"
+                       "^MD-5\r\n^PR12.,,2\r\n^JZN^MFF,L\r\n^RS,1,203\r\n");
+    tables.model = Pplz(tables.model);
+    Use(tables, everything);
+    EXPECT_EQ(Block(), "^MCY^PMY\r\n"
+                       "^PW832^MTD^MNY^LT-8~TA8~JSA^MMC\r\n"
+                       "^MD-5\r\n^PR12.,,2\r\n^JZN\r\n^RS,1,203\r\n");
+}
+
+TEST_F(PrinterActions, WritesEachSettingByItsValue) {
+    struct Case {
+        Change change;
+        const char* block;      // from the page width to the end of its line, and what follows it
+        const char* pplz_block; // null: the same
+    };
+    const auto media = [](int16_t type, int16_t tracking) {
+        return [=](extconfig& config) {
+            config.media_type = type;
+            config.media_tracking = tracking;
+            config.print_mode = extconfig::PRINT_TEAR_OFF;
+        };
+    };
+    const auto mode = [](int16_t print_mode, int32_t backfeed, int16_t variant = 0) {
+        return [=](extconfig& config) {
+            config.print_mode = print_mode;
+            config.backfeed = backfeed;
+            config.cut_variant = variant;
+        };
+    };
+    const auto darkness = [](uint16_t flags, int value) {
+        return [=](extconfig& config) {
+            config.print_mode = extconfig::PRINT_REWIND;
+            config.setting_flags = flags;
+            config.absolute_darkness = config.relative_darkness = value;
+        };
+    };
+    const Case cases[] = {
+        {media(-1, -1), "^MMT\r\n", "~JSN^MMT\r\n"},
+        {media(1, 0), "^MTT^MNN^LL1218^MMT\r\n", "^MTT^MNN^LL1218~JSN^MMT\r\n"},
+        {media(7, 1), "^MTT^MNY^MMT\r\n", "^MTT^MNY~JSN^MMT\r\n"},
+        {media(0, 3), "^MTD^MNM^MMT\r\n", "^MTD^MNY~JSN^MMT\r\n"},
+        {media(0, 9), "^MTD^MN^MMT\r\n", "^MTD^MN~JSN^MMT\r\n"},
+        {mode(-1, 1), "~JSB\r\n", "\r\n"},
+        {mode(1, 2), "~JSA^MMP\r\n", "~JSN^MMP\r\n"},
+        {mode(2, 2), "^MMR\r\n", "~JSN^MMR\r\n"},
+        {mode(4, 3), "~JSO^MMA\r\n", "~JSN^MMA\r\n"},
+        {mode(3, 0, 0), "~JSN^MMC\r\n", "~JSA^MMC\r\n"},
+        {mode(3, 5, 1), "~JSN^MMT\r\n", "~JSN^MMT\r\n"},
+        {mode(3, 0, 2), "~JSN^MMC\r\n", "~JSA^MMC\r\n"},
+        {mode(3, 0, 3), "~JSN^MM\r\n", "~JSA^MM\r\n"},
+        {mode(6, 0), "~JSN^MM\r\n", "~JSN^MM\r\n"},
+        {darkness(0x30, 7), "^MMR\r\n~SD07^MD0\r\n", "~JSN^MMR\r\n~SD07^MD0\r\n"},
+        {darkness(0x10, 7), "^MMR\r\n^MD7\r\n", "~JSN^MMR\r\n^MD7\r\n"},
+        {darkness(0x08, 7), "^MMR\r\n^PR2\r\n", "~JSN^MMR\r\n^PR2\r\n"},
+    };
+    for (const bool pplz : {false, true}) {
+        const ModelTables tables = {.model = pplz ? Pplz(kModel) : kModel,
+                                    .custom_data = CustomDataLines(Data(0))};
+        for (const Case& c : cases) {
+            Use(tables, c.change);
+            const std::string head = pplz ? "" : "^SZ2^JMA\r\n";
+            EXPECT_EQ(Block(),
+                      head + "^MCY^PMN\r\n^PW832" + (pplz ? c.pplz_block : c.block) + "^JZY\r\n")
+                << c.block;
+        }
+    }
+}
+
+TEST_F(PrinterActions, WritesWideTearOffPositionsInThreeDigitsAndNoFixedMediaType) {
+    CustomData data = Data(CustomData::TEAR_OFF | CustomData::DIRECT_ONLY);
+    data.tear_off_max = 100;
+    for (const auto& [microns, text] : {std::pair{-1000, "~TA-008"}, {1000, "~TA008"}}) {
+        Use({.model = kModel, .custom_data = CustomDataLines(data)}, [&](extconfig& config) {
+            config.media_type = 0;
+            config.print_mode = extconfig::PRINT_TEAR_OFF;
+            config.tear_off = microns;
+            config.setting_flags = extconfig::SETTING_TEAR_OFF;
+        });
+        EXPECT_EQ(Block(),
+                  std::string("^SZ2^JMA\r\n^MCY^PMN\r\n^PW832") + text + "^MMT\r\n^JZY\r\n");
+    }
+}
+
+TEST_F(PrinterActions, OffersWhatThePrinterCanDo) {
+    const struct {
+        ModelTables tables;
+        int16_t print_mode;
+        const char* offers;
+    } cases[] = {
+        {{.model = kModel, .custom_data = CustomDataLines(Data(CustomData::CUTTER))},
+         extconfig::PRINT_AS_SET,
+         "5:1 6:1 10:5 11:5 12:1 13:1 14:1 15:1 16:1 17:1 18:1 20:5 22:7 23:1 28:1 36:7 39:3 "
+         "41:7 "},
+        {{.model = std::string(kModel) + "~RFID.TagTypes=EPC64\n",
+          .method = "Cache.Format=yes\n",
+          .features = "~Command.JB=yes\n",
+          .custom_data = CustomDataLines(Data(CustomData::CUTTER))},
+         extconfig::PRINT_CUTTER,
+         "5:1 6:1 8:1 10:5 11:5 12:1 13:1 14:1 15:1 16:1 17:1 18:1 20:5 22:7 23:1 25:7 26:1 28:1 "
+         "32:7 36:7 39:3 41:7 45:3 "},
+        {{.model = Pplz(kModel), .custom_data = CustomDataLines(Data(0))},
+         extconfig::PRINT_CUTTER,
+         "5:1 6:1 10:5 11:5 12:1 13:1 14:1 15:1 16:1 22:7 23:1 28:1 36:7 39:3 41:7 "},
+    };
+    for (const auto& c : cases) {
+        Use(c.tables, [&](extconfig& config) { config.print_mode = c.print_mode; });
+        EXPECT_EQ(Offered(), c.offers);
+    }
+}
+
+TEST_F(PrinterActions, TellsTheMemoriesThatObjectsAreKeptIn) {
+    Use({.model = kModel, .features = "~Memory.Options=E,X\n"});
+    CacheParameters parameters;
+    ui_->GetCacheParameters(parameters);
+    EXPECT_EQ(parameters.largest_memory, 8192);
+    EXPECT_EQ(parameters.format_max, 999);
+    EXPECT_EQ(Text(parameters.graphics_location_names), "E: Flash memory,X,R: Working memory");
+    ASSERT_EQ(parameters.format_locations.GetSize(), 3);
+    EXPECT_EQ(parameters.format_locations[2], 'R');
+    ui_->prtui::GetCacheParameters(parameters);
+    EXPECT_EQ(parameters.largest_memory, 0);
+    EXPECT_EQ(parameters.format_locations.GetSize(), 0);
+}
