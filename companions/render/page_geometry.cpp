@@ -3,6 +3,8 @@
 #include <winspool.h>
 
 #include <algorithm>
+#include <cstddef>
+#include <cstdint>
 #include <tuple>
 #include <utility>
 #include <vector>
@@ -41,24 +43,42 @@ bool IsSize(const Size& size) {
     return size.first > 0 && size.second > 0;
 }
 
+constexpr size_t NAME_SLOT = 64;
+
+// The place of the paper that the DEVMODE names, by its number or else by its name, among the
+// driver's; a large number when there is none.
+size_t PlaceOfPaper(const DEVMODEW& dev_mode, const Name& printer) {
+    if (const SHORT number = Field(&dev_mode, &DEVMODEW::dmPaperSize, DM_PAPERSIZE)) {
+        const auto numbers = Ask<WORD>(printer, DC_PAPERS);
+        const auto found = std::find(numbers.begin(), numbers.end(), static_cast<WORD>(number));
+        return found == numbers.end() ? SIZE_MAX : static_cast<size_t>(found - numbers.begin());
+    }
+    constexpr size_t end = offsetof(DEVMODEW, dmFormName) + sizeof dev_mode.dmFormName;
+    if (!(dev_mode.dmFields & DM_FORMNAME) || dev_mode.dmSize < end) return SIZE_MAX;
+    const auto names = Ask<WCHAR>(printer, DC_PAPERNAMES, NAME_SLOT);
+    for (size_t i = 0; i < names.size() / NAME_SLOT; ++i)
+        if (std::equal(
+                dev_mode.dmFormName,
+                std::find(dev_mode.dmFormName, dev_mode.dmFormName + CCHFORMNAME, WCHAR(0)),
+                &names[i * NAME_SLOT],
+                std::find(&names[i * NAME_SLOT], &names[i * NAME_SLOT] + NAME_SLOT, WCHAR(0))))
+            return i;
+    return SIZE_MAX;
+}
+
 Size PaperOf(const DEVMODEW* dev_mode, const Name& printer) {
     const Size named = {Field(dev_mode, &DEVMODEW::dmPaperWidth, DM_PAPERWIDTH),
                         Field(dev_mode, &DEVMODEW::dmPaperLength, DM_PAPERLENGTH)};
     if (IsSize(named)) return named;
 
-    const auto sizes = Ask<POINT>(printer, DC_PAPERSIZE);
-    if (const SHORT number = Field(dev_mode, &DEVMODEW::dmPaperSize, DM_PAPERSIZE)) {
-        const auto numbers = Ask<WORD>(printer, DC_PAPERS);
-        const auto found = std::find(numbers.begin(), numbers.end(), static_cast<WORD>(number));
-        const auto place = static_cast<size_t>(found - numbers.begin());
-        if (place < sizes.size() && IsSize({sizes[place].x, sizes[place].y}))
-            return {sizes[place].x, sizes[place].y};
-    }
+    std::vector<Size> sizes;
+    for (const POINT& size : Ask<POINT>(printer, DC_PAPERSIZE)) sizes.emplace_back(size.x, size.y);
+    const size_t place = dev_mode ? PlaceOfPaper(*dev_mode, printer) : SIZE_MAX;
+    if (place < sizes.size() && IsSize(sizes[place])) return sizes[place];
     const Size silent = {Field(dev_mode, &DEVMODEW::dmPaperWidth),
                          Field(dev_mode, &DEVMODEW::dmPaperLength)};
     if (IsSize(silent)) return silent;
-    const Size first = sizes.empty() ? Size{} : Size{sizes[0].x, sizes[0].y};
-    return IsSize(first) ? first : USUAL_PAPER;
+    return !sizes.empty() && IsSize(sizes[0]) ? sizes[0] : USUAL_PAPER;
 }
 
 Size ResolutionOf(const DEVMODEW* dev_mode, const Name& printer) {

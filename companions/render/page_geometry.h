@@ -15,5 +15,5 @@ struct PageGeometry {
 };
 
 // What `dev_mode` (which may be null) leaves open is the driver's: the size of a paper that is
-// given by number alone, and the first resolution. Never empty.
+// given by number or name alone, and the first resolution. Never empty.
 PageGeometry GeometryOf(const DEVMODEW* dev_mode, const std::basic_string<WCHAR>& printer);

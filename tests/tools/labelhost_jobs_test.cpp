@@ -8,6 +8,8 @@
 
 #include <nlohmann/json.hpp>
 
+#include <algorithm>
+
 namespace {
 
 using Json = nlohmann::json;
@@ -51,6 +53,48 @@ TEST_F(LabelhostJobs, ShowsWhatWasPrintedAndWhyItWaits) {
     EXPECT_EQ(BytesOf(OnDriveC("no\\out")), "^XA\n");
     EXPECT_EQ(Run({"jobs", "Dock3", "--delete", "1"}).status, 1);
     EXPECT_EQ(Run({"jobs", "Nowhere"}).status, 1);
+}
+
+TEST_F(LabelhostJobs, PrintsPagesOfTheSizesThatTheDriverKnows) {
+    ASSERT_EQ(Run({"install", "Dock3", "--model", "Valdrick X4 300 dpi"}).status, 0);
+    const auto ask = [](WORD capability, void* output) {
+        return DeviceCapabilitiesW(TEXT("Dock3"), nullptr, capability, static_cast<LPWSTR>(output),
+                                   nullptr);
+    };
+    const int count = ask(DC_PAPERS, nullptr);
+    ASSERT_GT(count, 1);
+    std::vector<WORD> numbers(static_cast<size_t>(count));
+    std::vector<POINT> sizes(numbers.size());
+    std::vector<WCHAR> names(numbers.size() * 64);
+    ask(DC_PAPERS, numbers.data());
+    ask(DC_PAPERSIZE, sizes.data());
+    ask(DC_PAPERNAMES, names.data());
+    const size_t last = numbers.size() - 1;
+
+    DEVMODEW by_number = {}, by_name = {}, by_size = {};
+    by_number.dmFields = DM_PAPERSIZE;
+    by_number.dmPaperSize = static_cast<SHORT>(numbers[last]);
+    by_name.dmFields = DM_FORMNAME;
+    std::copy_n(&names[last * 64], CCHFORMNAME - 1, by_name.dmFormName);
+    by_size.dmFields = DM_PAPERWIDTH | DM_PAPERLENGTH | DM_ORIENTATION | DM_PRINTQUALITY;
+    by_size.dmPaperWidth = 254;
+    by_size.dmPaperLength = 508;
+    by_size.dmOrientation = DMORIENT_LANDSCAPE;
+    by_size.dmPrintQuality = 100;
+    const auto dots = [](LONG tenths) { return (tenths * 300 + 127) / 254; };
+    struct {
+        DEVMODEW& settings;
+        int width, height;
+    } cases[] = {{by_number, dots(sizes[last].x), dots(sizes[last].y)},
+                 {by_name, dots(sizes[last].x), dots(sizes[last].y)},
+                 {by_size, 200, 100}};
+    for (auto& c : cases) {
+        c.settings.dmSize = sizeof c.settings;
+        const HDC dc = CreateICW(TEXT("WINSPOOL"), TEXT("Dock3"), nullptr, &c.settings);
+        EXPECT_EQ(GetDeviceCaps(dc, HORZRES), c.width);
+        EXPECT_EQ(GetDeviceCaps(dc, VERTRES), c.height);
+        DeleteDC(dc);
+    }
 }
 
 } // namespace
