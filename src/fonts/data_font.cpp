@@ -17,24 +17,29 @@ void DataFont::SetFontName(const OString& name) {
     text.SetCodePage(0);
     text.Remove('"');
     text.TrimLeft(kBlanks);
-    SetRecordText(face_name_, text);
+    PutName(text);
     text = face_name_;
     text.TrimRight(kBlanks);
-    SetRecordText(face_name_, text);
+    PutName(text);
 }
 
 bool DataFont::HasNameOf(const DataFont& other) const {
-    return xstrnicmp(face_name_, other.face_name_, sizeof face_name_) == 0;
+    return std::memcmp(folded_name_, other.folded_name_, NAME_SIZE) == 0;
+}
+
+void DataFont::PutName(const OString& name) {
+    SetRecordText(face_name_, name);
+    std::transform(face_name_, face_name_ + NAME_SIZE, folded_name_, xtoupper);
 }
 
 void DataFont::Load(const DataFontStorage& storage) {
     weight = storage.weight;
     adjustment = storage.adjustment;
     std::memcpy(&attributes, storage.attributes, sizeof attributes);
-    char name[sizeof storage.face_name];
-    std::memcpy(name, storage.face_name, sizeof name);
-    name[sizeof name - 1] = 0;
-    SetRecordText(face_name_, OString(name));
+    char name[NAME_SIZE];
+    std::memcpy(name, storage.face_name, NAME_SIZE);
+    name[NAME_SIZE - 1] = 0;
+    PutName(OString(name));
     type_ = storage.type;
     resolution = storage.resolution;
     flags = storage.flags;
@@ -45,7 +50,7 @@ void DataFont::Save(DataFontStorage& storage) const {
     storage.weight = weight;
     storage.adjustment = adjustment;
     std::memcpy(storage.attributes, &attributes, sizeof attributes);
-    std::memcpy(storage.face_name, face_name_, sizeof face_name_);
+    std::memcpy(storage.face_name, face_name_, NAME_SIZE);
     storage.type = type_;
     storage.resolution = resolution;
     storage.flags = flags;

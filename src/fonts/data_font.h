@@ -69,5 +69,9 @@ protected:
     int32_t type_ = 0;
 
 private:
-    char face_name_[sizeof DataFontStorage::face_name] = {};
+    void PutName(const OString& name);
+
+    static constexpr size_t NAME_SIZE = sizeof DataFontStorage::face_name;
+    char face_name_[NAME_SIZE] = {};
+    char folded_name_[NAME_SIZE] = {}; // in capitals, for lists that look for it
 };
