@@ -1,6 +1,7 @@
 #include "platform/spooler_test.h"
 
 #include <filesystem>
+#include <map>
 #include <thread>
 
 #include <netinet/in.h>
@@ -220,6 +221,28 @@ TEST_F(SpoolerJobs, BelongToTheirUsers) {
     UseAdministrator();
     EXPECT_EQ(Set(1, JOB_CONTROL_PAUSE), ERROR_INVALID_PRINTER_COMMAND);
     EXPECT_EQ(Set(1, JOB_CONTROL_DELETE), 0);
+}
+
+using SpoolerJobsThreads = SpoolerJobs;
+
+TEST_F(SpoolerJobsThreads, AreAllThereWhenManyPrintAtOnce) {
+    std::vector<std::thread> threads;
+    for (char name = 'a'; name < 'e'; ++name) {
+        threads.emplace_back([name] {
+            HANDLE printer = nullptr;
+            EXPECT_TRUE(OpenPrinterW(Text(u"LABELS"), &printer, nullptr));
+            for (int i = 0; i < 6; ++i) Print(printer, u"x", std::string(5000, name));
+            EXPECT_TRUE(ClosePrinter(printer));
+        });
+    }
+    for (std::thread& thread : threads) thread.join();
+    std::map<std::string, int> files;
+    for (const auto& file : std::filesystem::directory_iterator(root() + "/spool"))
+        ++files[BytesOf(file.path())];
+    std::map<std::string, int> expected;
+    for (char name = 'a'; name < 'e'; ++name) expected[std::string(5000, name)] = 6;
+    EXPECT_EQ(files, expected);
+    EXPECT_EQ(PrinterInfo2(printer_)->cJobs, 24u);
 }
 
 TEST_F(SpoolerJobs, OfConnectionsWaitOnTheServer) {
