@@ -1,28 +1,34 @@
-# Resource-only PE libraries, made with the MinGW binutils on every host.
+# Resources for Windows, compiled by the MinGW binutils on every host.
 #
-#   add_resource_library(TARGET FILE.dll SOURCES a.rc ... [INCLUDES folder ...] [DEPENDS file ...]
+#   add_resource_library(TARGET FILE SOURCES a.rc ... [INCLUDES folder ...] [DEPENDS file ...]
 #                        [OUTPUT_DIRECTORY folder])
 #
-# TARGET builds FILE.dll in OUTPUT_DIRECTORY (the current binary folder when none is given) and has
-# its full path in the target property RESOURCE_LIBRARY. The sources are UTF-8 and may #include
-# headers; name headers, bitmaps and whatever else they read in DEPENDS. The library has no code:
-# Windows loads it, 32-bit or 64-bit, as a data file.
+# TARGET builds the resource-only PE library FILE in OUTPUT_DIRECTORY (the current binary folder
+# when none is given) and has its full path in the target property RESOURCE_LIBRARY. The sources are
+# UTF-8 and may #include headers; name headers, bitmaps and whatever else they read in DEPENDS. The
+# library has no code: Windows loads it as a data file.
+#
+#   compile_resources(VARIABLE FOLDER SOURCES a.rc ... [INCLUDES folder ...] [DEPENDS file ...])
+#
+# compiles the sources to object files in FOLDER, listed in VARIABLE, for a library with code.
 
-find_program(MINGW_WINDRES x86_64-w64-mingw32-windres)
-find_program(MINGW_LD x86_64-w64-mingw32-ld)
+if(CMAKE_SYSTEM_PROCESSOR STREQUAL "i686" AND WIN32)
+    set(binutils i686-w64-mingw32)
+else()
+    set(binutils x86_64-w64-mingw32)
+endif()
+find_program(MINGW_WINDRES ${binutils}-windres)
+find_program(MINGW_LD ${binutils}-ld)
 
-function(add_resource_library target file)
-    cmake_parse_arguments(PARSE_ARGV 2 arg "" "OUTPUT_DIRECTORY" "SOURCES;INCLUDES;DEPENDS")
+function(compile_resources variable folder)
+    cmake_parse_arguments(PARSE_ARGV 2 arg "" "" "SOURCES;INCLUDES;DEPENDS")
     if(NOT MINGW_WINDRES OR NOT MINGW_LD)
-        message(FATAL_ERROR "${file} needs x86_64-w64-mingw32-windres and -ld; run scripts/setup")
-    endif()
-    if(NOT arg_OUTPUT_DIRECTORY)
-        set(arg_OUTPUT_DIRECTORY ${CMAKE_CURRENT_BINARY_DIR})
+        message(FATAL_ERROR "Resources need ${binutils}-windres and -ld; run scripts/setup")
     endif()
     set(includes "")
-    foreach(folder ${arg_INCLUDES})
-        cmake_path(ABSOLUTE_PATH folder BASE_DIRECTORY ${CMAKE_CURRENT_SOURCE_DIR} NORMALIZE)
-        list(APPEND includes "--include-dir=${folder}")
+    foreach(include ${arg_INCLUDES})
+        cmake_path(ABSOLUTE_PATH include BASE_DIRECTORY ${CMAKE_CURRENT_SOURCE_DIR} NORMALIZE)
+        list(APPEND includes "--include-dir=${include}")
     endforeach()
     set(depends "")
     foreach(path ${arg_DEPENDS})
@@ -34,21 +40,31 @@ function(add_resource_library target file)
     foreach(source ${arg_SOURCES})
         cmake_path(ABSOLUTE_PATH source BASE_DIRECTORY ${CMAKE_CURRENT_SOURCE_DIR} NORMALIZE)
         cmake_path(GET source STEM stem)
-        cmake_path(GET source PARENT_PATH folder)
-        set(object ${CMAKE_CURRENT_BINARY_DIR}/${target}.dir/${stem}.res.o)
+        cmake_path(GET source PARENT_PATH source_folder)
+        set(object ${folder}/${stem}.res.o)
         # The project's own compiler is the preprocessor: MinGW's is not needed for its binutils.
         add_custom_command(
             OUTPUT ${object}
-            COMMAND ${CMAKE_COMMAND} -E make_directory ${CMAKE_CURRENT_BINARY_DIR}/${target}.dir
+            COMMAND ${CMAKE_COMMAND} -E make_directory ${folder}
             COMMAND ${MINGW_WINDRES} --preprocessor=${CMAKE_C_COMPILER} --preprocessor-arg=-E
                     --preprocessor-arg=-xc --preprocessor-arg=-DRC_INVOKED --codepage=65001
-                    --include-dir=${folder} ${includes}
+                    --include-dir=${source_folder} ${includes}
                     --input=${source} --output=${object} --output-format=coff
             DEPENDS ${source} ${depends}
             COMMENT "Compiling resources ${stem}.rc"
             VERBATIM)
         list(APPEND objects ${object})
     endforeach()
+    set(${variable} ${objects} PARENT_SCOPE)
+endfunction()
+
+function(add_resource_library target file)
+    cmake_parse_arguments(PARSE_ARGV 2 arg "" "OUTPUT_DIRECTORY" "SOURCES;INCLUDES;DEPENDS")
+    if(NOT arg_OUTPUT_DIRECTORY)
+        set(arg_OUTPUT_DIRECTORY ${CMAKE_CURRENT_BINARY_DIR})
+    endif()
+    compile_resources(objects ${CMAKE_CURRENT_BINARY_DIR}/${target}.dir SOURCES ${arg_SOURCES}
+                      INCLUDES ${arg_INCLUDES} DEPENDS ${arg_DEPENDS})
 
     set(library ${arg_OUTPUT_DIRECTORY}/${file})
     add_custom_command(

@@ -34,7 +34,7 @@ bool ReadHeader(const void* in, uint32_t size, ContainerHeader& header) {
 bool LZ77::Encode(const void* in, uint32_t size, void* out, uint32_t* length) {
     if (!out || *length < sizeof(ContainerHeader) || (!in && size != 0)) return false;
     Bytef* stream = static_cast<Bytef*>(out) + sizeof(ContainerHeader);
-    uLongf stream_length = *length - sizeof(ContainerHeader);
+    uLongf stream_length = *length - static_cast<uint32_t>(sizeof(ContainerHeader));
     if (compress(stream, &stream_length, static_cast<const Bytef*>(in), size) != Z_OK) return false;
     ContainerHeader header;
     std::memcpy(header.magic, kMagic, sizeof(kMagic));

@@ -15,11 +15,11 @@ namespace {
 using win32host::Group;
 
 win32host::UserFacts User(std::vector<Group> groups) {
-    return {u"ann", u"SALES", u"DESK7", std::move(groups)};
+    return {TEXT("ann"), TEXT("SALES"), TEXT("DESK7"), std::move(groups)};
 }
 
-Group Builtin(const char16_t* name, DWORD rid) {
-    return {Group::Builtin, name, u"", rid};
+Group Builtin(const WCHAR* name, DWORD rid) {
+    return {Group::Builtin, name, TEXT(""), rid};
 }
 
 using CurrentUser = PrinterTest;
@@ -45,11 +45,11 @@ const char Remote[] = "\\\\SRV1\\Dock3";
 } // namespace
 
 TEST_F(CurrentUser, HasTheLevelOfHisMightiestGroup) {
-    const Group admins = Builtin(u"Administrators", 544);
-    const Group power = Builtin(u"Power Users", 547);
-    const Group users = Builtin(u"Users", 545);
-    const Group guests = Builtin(u"Guests", 546);
-    const Group other = {Group::Alias, u"Packers", u"", 1005};
+    const Group admins = Builtin(TEXT("Administrators"), 544);
+    const Group power = Builtin(TEXT("Power Users"), 547);
+    const Group users = Builtin(TEXT("Users"), 545);
+    const Group guests = Builtin(TEXT("Guests"), 546);
+    const Group other = {Group::Alias, TEXT("Packers"), TEXT(""), 1005};
     const std::pair<std::vector<Group>, int> cases[] = {
         {{guests, users, admins}, 3}, {{power, users}, 2}, {{users, power}, 2}, {{other, users}, 1},
         {{guests, users}, 1},         {{guests}, 0},       {{other}, 0},        {{}, 0}};
@@ -60,9 +60,9 @@ TEST_F(CurrentUser, HasTheLevelOfHisMightiestGroup) {
 }
 
 TEST_F(CurrentUser, HasHisLocalGroupsListedFirst) {
-    win32host::SetUser(User({{Group::DomainGroup, u"Clerks", u"SALES", 1200},
-                             Builtin(u"Users", 545),
-                             {Group::Alias, u"Packers", u"", 1005}}));
+    win32host::SetUser(User({{Group::DomainGroup, TEXT("Clerks"), TEXT("SALES"), 1200},
+                             Builtin(TEXT("Users"), 545),
+                             {Group::Alias, TEXT("Packers"), TEXT(""), 1005}}));
     const UserInfo user;
     EXPECT_EQ(user.GetUser() + user.GetDomain() + user.GetComputer(), "annSALESDESK7");
     const char* const groups[] = {"DESK7\\Users", "DESK7\\Packers", "SALES\\Clerks"};
@@ -72,7 +72,7 @@ TEST_F(CurrentUser, HasHisLocalGroupsListedFirst) {
 
 TEST_F(CurrentUser, IsAPlainUserWithoutNT) {
     SetPlatformFlags("C:\\WINDOWS\\SYSTEM");
-    win32host::SetUser(User({Builtin(u"Administrators", 544)}));
+    win32host::SetUser(User({Builtin(TEXT("Administrators"), 544)}));
     const UserInfo user;
     EXPECT_EQ(user.GetLevel(), 1);
     ASSERT_EQ(user.GetGroups().GetSize(), 1);

@@ -47,5 +47,5 @@ TEST_F(VersionCheck, MarksThePrinterAndWarnsInOneBox) {
     const auto boxes = win32host::TakeMessageBoxes();
     ASSERT_EQ(boxes.size(), 1u);
     EXPECT_EQ(boxes[0].type, static_cast<UINT>(MB_ICONERROR | MB_OK));
-    EXPECT_EQ(boxes[0].caption, u"Incorrect Driver Version");
+    EXPECT_EQ(boxes[0].caption, TEXT("Incorrect Driver Version"));
 }

@@ -78,7 +78,7 @@ protected:
     }
 
     // The system's language by its abbreviation.
-    static void SetSystemLanguage(const char16_t* abbreviation) {
+    static void SetSystemLanguage(const WCHAR* abbreviation) {
         win32host::LocaleFacts facts;
         facts.abbreviation = abbreviation;
         win32host::SetLocaleFacts(facts);

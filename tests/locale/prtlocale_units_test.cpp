@@ -12,7 +12,7 @@ namespace {
 // A locale without libraries: its labels are empty.
 class UnitTexts : public HostTest {
 protected:
-    prtlocale& Locale(int units, bool leading_zero = true, const char16_t* separator = u".") {
+    prtlocale& Locale(int units, bool leading_zero = true, const WCHAR* separator = TEXT(".")) {
         win32host::LocaleFacts facts;
         facts.leading_zero = leading_zero;
         facts.decimal = separator;
@@ -63,19 +63,20 @@ TEST_F(UnitTexts, ANumberBeyond25MetresInTheCurrentUnitEndsTheReading) {
 }
 
 TEST_F(UnitTexts, TheSeparatorAndTheZeroAheadOfAFractionAreTheSystemsChoice) {
-    const std::tuple<const char16_t*, const char*, int32_t> cases[] = {{u",", "3,25", 32500},
-                                                                       {u",", "3.25", 32500},
-                                                                       {u".", "3,25", 30000},
-                                                                       {u"::", "3::25", 32500},
-                                                                       {u"::", "3:", 30000}};
+    const std::tuple<const WCHAR*, const char*, int32_t> cases[] = {{TEXT(","), "3,25", 32500},
+                                                                    {TEXT(","), "3.25", 32500},
+                                                                    {TEXT("."), "3,25", 30000},
+                                                                    {TEXT("::"), "3::25", 32500},
+                                                                    {TEXT("::"), "3:", 30000}};
     for (const auto& [separator, text, microns] : cases)
         EXPECT_EQ(Locale(prtlocale::CENTIMETRES, true, separator).string_to_microns(text), microns)
             << text;
-    EXPECT_EQ(Locale(prtlocale::CENTIMETRES, true, u",").microns_to_string(32500), "3,25 ");
+    EXPECT_EQ(Locale(prtlocale::CENTIMETRES, true, TEXT(",")).microns_to_string(32500), "3,25 ");
     for (const auto& [microns, text] :
          {std::pair(12700, ".50 "), std::pair(-12700, "-.50 "), std::pair(25400, "1.00 ")})
         EXPECT_EQ(Locale(prtlocale::INCHES, false).microns_to_string(microns), text);
-    EXPECT_EQ(Locale(prtlocale::MILLIMETRES, false, u",").xdimension_to_string(2, 203), ",25 ");
+    EXPECT_EQ(Locale(prtlocale::MILLIMETRES, false, TEXT(",")).xdimension_to_string(2, 203),
+              ",25 ");
 }
 
 TEST_F(UnitTexts, BarWidthsAreInMilsOrMillimetres) {
@@ -114,10 +115,11 @@ TEST_F(UnitTexts, UnitsFollowTheSystemUntilTheUserChooses) {
 class SystemLanguage : public HostTest {};
 
 TEST_F(SystemLanguage, IsTheNearestThatTheDriverHas) {
-    const std::pair<const char16_t*, const char*> cases[] = {
-        {u"ENU", "enu"}, {u"FRC", "fra"}, {u"DES", "deu"}, {u"PTG", "ptg"}, {u"PTB", "ptb"},
-        {u"CHS", "chs"}, {u"CHT", "cht"}, {u"CSY", "csy"}, {u"ESM", "esp"}, {u"JPN", "jpn"},
-        {u"nlb", "nld"}, {u"SVF", "sve"}, {u"ZHH", "enu"}, {u"XYZ", "enu"}, {u"", "enu"}};
+    const std::pair<const WCHAR*, const char*> cases[] = {
+        {TEXT("ENU"), "enu"}, {TEXT("FRC"), "fra"}, {TEXT("DES"), "deu"}, {TEXT("PTG"), "ptg"},
+        {TEXT("PTB"), "ptb"}, {TEXT("CHS"), "chs"}, {TEXT("CHT"), "cht"}, {TEXT("CSY"), "csy"},
+        {TEXT("ESM"), "esp"}, {TEXT("JPN"), "jpn"}, {TEXT("nlb"), "nld"}, {TEXT("SVF"), "sve"},
+        {TEXT("ZHH"), "enu"}, {TEXT("XYZ"), "enu"}, {TEXT(""), "enu"}};
     for (const auto& [abbreviation, language] : cases) {
         win32host::LocaleFacts facts;
         facts.abbreviation = abbreviation;

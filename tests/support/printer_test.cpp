@@ -3,7 +3,6 @@
 #include <win32host/control.h>
 
 #include <filesystem>
-#include <fstream>
 
 #include "driver/platform_flags.h"
 
@@ -27,12 +26,11 @@ PrinterTest::~PrinterTest() {
 }
 
 bool PrinterTest::AddDriver(const OString& driver, const OString& data_file, DWORD level) {
-    for (const char* file : {"zplui.dll", "zplui.hlp", "zplrender.dll", "zplvenu.dll"}) {
-        const fs::path path = fs::path(win32host::Root()) / "drive_c/stage" / file;
-        fs::create_directories(path.parent_path());
-        std::ofstream(path) << "";
-    }
-    std::ofstream(fs::path(win32host::Root()) / "drive_c/stage" / data_file.nstring()) << "";
+    CreateDirectoryW(TEXT("C:\\stage"), nullptr);
+    for (const OString& file : {OString("zplui.dll"), OString("zplui.hlp"),
+                                OString("zplrender.dll"), OString("zplvenu.dll"), data_file})
+        CloseHandle(CreateFileW((OString("C:\\stage\\") + file).tstring(), GENERIC_WRITE, 0,
+                                nullptr, CREATE_ALWAYS, FILE_ATTRIBUTE_NORMAL, nullptr));
 
     const OString folder = "C:\\stage\\";
     const OString module = folder + "zplui.dll";

@@ -3,7 +3,7 @@
 // What is set here holds for the whole process until it is set again or ResetControl is called.
 #pragma once
 
-#include <windef.h>
+#include <windows.h>
 
 #include <string>
 #include <vector>
@@ -42,9 +42,9 @@ void SetMissingCodePages(const std::vector<UINT>& code_pages);
 struct LocaleFacts {
     bool inches = false;      // LOCALE_IMEASURE "1"
     bool leading_zero = true; // LOCALE_ILZERO "1"
-    std::u16string decimal = u".";
-    std::u16string thousands = u",";
-    std::u16string abbreviation = u"ENU"; // LOCALE_SABBREVLANGNAME
+    std::basic_string<WCHAR> decimal = TEXT(".");
+    std::basic_string<WCHAR> thousands = TEXT(",");
+    std::basic_string<WCHAR> abbreviation = TEXT("ENU"); // LOCALE_SABBREVLANGNAME
 };
 void SetLocaleFacts(const LocaleFacts& facts);
 
@@ -61,17 +61,17 @@ struct Group {
         DomainGroup // group of `domain`
     };
     Kind kind = Alias;
-    std::u16string name;
-    std::u16string domain; // of a domain group only
-    DWORD rid = 0;         // the last number of the identifier; unique among groups of one kind
+    std::basic_string<WCHAR> name;
+    std::basic_string<WCHAR> domain; // of a domain group only
+    DWORD rid = 0; // the last number of the identifier; unique among groups of one kind
 };
 
 struct UserFacts {
-    std::u16string name;
-    std::u16string domain;        // the computer's name for a local account
-    std::u16string computer_name; // in capitals
-    std::vector<Group> groups;    // of the process token
-    DWORD rid = 1000;             // the last number of the user's identifier
+    std::basic_string<WCHAR> name;
+    std::basic_string<WCHAR> domain;        // the computer's name for a local account
+    std::basic_string<WCHAR> computer_name; // in capitals
+    std::vector<Group> groups;              // of the process token
+    DWORD rid = 1000;                       // the last number of the user's identifier
 };
 
 // The user that runs the process, by itself the one that the machine knows: with the computer as
@@ -88,8 +88,8 @@ void AnswerMessageBoxes(int answer);
 
 struct ShownMessageBox {
     HWND owner;
-    std::u16string text;
-    std::u16string caption;
+    std::basic_string<WCHAR> text;
+    std::basic_string<WCHAR> caption;
     UINT type;
 };
 

@@ -1,7 +1,7 @@
 // Control of the registry, for tests and host programs. The module never includes this.
 #pragma once
 
-#include <winreg.h>
+#include <windows.h>
 
 #pragma GCC visibility push(default)
 namespace win32host {

@@ -1,7 +1,7 @@
 // Control of the spooler's answers, for tests. The module never includes this.
 #pragma once
 
-#include <windef.h>
+#include <windows.h>
 
 #include <functional>
 #include <string_view>

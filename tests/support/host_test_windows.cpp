@@ -1,0 +1,99 @@
+// One machine serves all tests: a Wine prefix of the build's own. Each test finds it without the
+// files, printers and registry entries of others.
+#include "support/host_test.h"
+
+#include <windows.h>
+#include <winspool.h>
+
+#include <win32host/control.h>
+
+#include <algorithm>
+#include <cstdio>
+#include <cstdlib>
+#include <filesystem>
+#include <set>
+#include <string>
+#include <vector>
+
+namespace fs = std::filesystem;
+
+namespace {
+
+constexpr const WCHAR* kMachine = TEXT("Software\\ZpluiTest\\Machine");
+constexpr const WCHAR* kUser = TEXT("Software\\ZpluiTest\\User");
+constexpr const WCHAR* kPrint = TEXT("System\\CurrentControlSet\\Control\\Print");
+
+// The names below a folder when the prefix was new.
+const std::set<std::string> kDriveC = {"Program Files", "Program Files (x86)", "ProgramData",
+                                       "users", "windows"};
+
+void RemoveStrangers(const fs::path& folder, const std::set<std::string>& natives) {
+    std::error_code ignored;
+    for (const fs::directory_entry& entry : fs::directory_iterator(folder, ignored))
+        if (!natives.count(entry.path().filename().string())) {
+            SetFileAttributesW(entry.path().c_str(), FILE_ATTRIBUTE_NORMAL);
+            fs::remove_all(entry.path(), ignored);
+        }
+}
+
+void RemoveFilesOfOthers() {
+    RemoveStrangers("C:\\", kDriveC);
+    RemoveStrangers("C:\\windows\\system32\\spool\\drivers\\x64\\3", {});
+    std::error_code ignored;
+    fs::remove("C:\\windows\\system32\\zpl.ddt", ignored);
+}
+
+HKEY FreshKey(const WCHAR* path) {
+    HKEY key = nullptr;
+    RegDeleteTreeW(HKEY_CURRENT_USER, path);
+    if (RegCreateKeyW(HKEY_CURRENT_USER, path, &key) != ERROR_SUCCESS) std::abort();
+    return key;
+}
+
+// Lets this process see an empty registry, but for what the spooler itself keeps there.
+void EnterFreshRegistry() {
+    RegOverridePredefKey(HKEY_LOCAL_MACHINE, nullptr);
+    RegOverridePredefKey(HKEY_CURRENT_USER, nullptr);
+    RegOverridePredefKey(HKEY_CLASSES_ROOT, nullptr);
+    const HKEY machine = FreshKey(kMachine), user = FreshKey(kUser);
+    HKEY from = nullptr, to = nullptr;
+    if (RegOpenKeyW(HKEY_LOCAL_MACHINE, kPrint, &from) == ERROR_SUCCESS) {
+        RegCreateKeyW(machine, kPrint, &to);
+        RegCopyTreeW(from, nullptr, to);
+        RegCloseKey(from);
+        RegCloseKey(to);
+    }
+    RegOverridePredefKey(HKEY_LOCAL_MACHINE, machine);
+    RegOverridePredefKey(HKEY_CURRENT_USER, user);
+    RegCreateKeyW(machine, TEXT("Software\\Classes"), &to);
+    RegOverridePredefKey(HKEY_CLASSES_ROOT, to);
+    for (const HKEY key : {machine, user, to}) RegCloseKey(key);
+}
+
+} // namespace
+
+HostTest::HostTest() {
+    // The tests write where they like on drive C.
+    if (!std::getenv("ZPLUI_TEST_MACHINE")) {
+        std::fputs("These tests need a machine of their own; ctest makes one.\n", stderr);
+        std::exit(1);
+    }
+    root_ = "C:";
+    RemoveFilesOfOthers();
+    EnterFreshRegistry();
+    win32host::ResetControl();
+}
+
+HostTest::~HostTest() {
+    win32host::ResetControl();
+    RegOverridePredefKey(HKEY_LOCAL_MACHINE, nullptr);
+    RegOverridePredefKey(HKEY_CURRENT_USER, nullptr);
+    RegOverridePredefKey(HKEY_CLASSES_ROOT, nullptr);
+    RemoveFilesOfOthers();
+}
+
+std::string HostTest::OnDriveC(const std::string& windows_path) const {
+    std::string path = windows_path;
+    std::replace(path.begin(), path.end(), '\\', '/');
+    return "C:/" + path;
+}
