@@ -164,6 +164,34 @@ ZPLUI_API void WINAPI DAL_Settings_Export(HANDLE settings, LPCWSTR file, int con
 // another kind changes nothing.
 ZPLUI_API void WINAPI DAL_Settings_Import(HANDLE settings, LPCWSTR file, int contents);
 
+// ---- Telling the printer what to do -------------------------------------------------------------
+//
+// Actions have the numbers 1 to DAL_ACTION_LAST, with gaps; each is one thing that the printer can
+// be told to do, as the user finds it in the printer's properties.
+
+#define DAL_ACTION_SEND_FILE 22
+#define DAL_ACTION_LAST 48
+
+// How an action is offered.
+#define DAL_ACTION_OFFERED 1
+#define DAL_ACTION_OPENS_DIALOG 2
+#define DAL_ACTION_ADMINISTRATIVE 4 // for users with the printer's access level alone
+
+// The sum of these for an action, as the printer and its settings are now; 0 for one that is not
+// offered. Some answers depend on the port and are asked of the status monitor each time.
+ZPLUI_API DWORD WINAPI DAL_Action_Supported(HANDLE settings, int action);
+
+// The name of an action in the user's language: as much of it as fits is stored in `name`, which
+// has room for `size` characters with the terminator. The length of the whole name; 0 when it has
+// none.
+ZPLUI_API int WINAPI DAL_Action_Name(HANDLE settings, int action, LPWSTR name, int size);
+
+// Does an action, in a job of its own. `file` is for DAL_ACTION_SEND_FILE alone and names the file
+// with its full path; elsewhere it is not looked at. FALSE when nothing was done: for an action
+// that is not offered, that opens a dialog (except for that one, with a file) or that is not for
+// this user. Whether the printer could be reached is not told; the job shows in the spooler.
+ZPLUI_API BOOL WINAPI DAL_Action_Run(HANDLE settings, int action, LPCWSTR file);
+
 // ---- Codecs and checksums -----------------------------------------------------------------------
 //
 // Input and output are raw bytes. A null pointer is harmless where its length is 0.

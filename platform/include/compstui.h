@@ -4,7 +4,7 @@
 #include <windef.h>
 
 // Asks the property sheets `sheet` to do `function` (CPSFUNC_ numbers).
-using PFNCOMPROPSHEET = LONG_PTR(CALLBACK*)(HANDLE sheet, UINT function, LPARAM first,
+typedef LONG_PTR(CALLBACK* PFNCOMPROPSHEET)(HANDLE sheet, UINT function, LPARAM first,
                                             LPARAM second);
 
 // Why a page function is called.
@@ -17,7 +17,7 @@ using PFNCOMPROPSHEET = LONG_PTR(CALLBACK*)(HANDLE sheet, UINT function, LPARAM 
 #define PROPSHEETUI_INFO_VERSION 0x0100
 
 // One use of a page function, from INIT to DESTROY.
-struct PROPSHEETUI_INFO {
+typedef struct PROPSHEETUI_INFO {
     WORD cbSize;
     WORD Version;
     WORD Flags;
@@ -27,10 +27,10 @@ struct PROPSHEETUI_INFO {
     LPARAM lParamInit;
     ULONG_PTR UserData; // the page function's own
     ULONG_PTR Result;
-};
-using PPROPSHEETUI_INFO = PROPSHEETUI_INFO*;
+} PROPSHEETUI_INFO;
+typedef PROPSHEETUI_INFO* PPROPSHEETUI_INFO;
 
-using PFNPROPSHEETUI = LONG(CALLBACK*)(PPROPSHEETUI_INFO info, LPARAM parameter);
+typedef LONG(CALLBACK* PFNPROPSHEETUI)(PPROPSHEETUI_INFO info, LPARAM parameter);
 
 // Title and icon of the sheets, asked with GET_INFO_HEADER.
 #define PSUIHDRF_OBSOLETE 0x0001
@@ -40,7 +40,7 @@ using PFNPROPSHEETUI = LONG(CALLBACK*)(PPROPSHEETUI_INFO info, LPARAM parameter)
 #define PSUIHDRF_DEFTITLE 0x0010
 #define PSUIHDRF_EXACT_PTITLE 0x0020
 
-struct PROPSHEETUI_INFO_HEADER {
+typedef struct PROPSHEETUI_INFO_HEADER {
     WORD cbSize;
     WORD Flags; // PSUIHDRF_ bits
     LPWSTR pTitle;
@@ -50,17 +50,17 @@ struct PROPSHEETUI_INFO_HEADER {
         HICON hIcon;
         ULONG_PTR IconID;
     };
-};
-using PPROPSHEETUI_INFO_HEADER = PROPSHEETUI_INFO_HEADER*;
+} PROPSHEETUI_INFO_HEADER;
+typedef PROPSHEETUI_INFO_HEADER* PPROPSHEETUI_INFO_HEADER;
 
 // What the user's answer was, given with SET_RESULT.
-struct SETRESULT_INFO {
+typedef struct SETRESULT_INFO {
     WORD cbSize;
     WORD wReserved;
     HANDLE hSetResult;
     LRESULT Result; // CPSUI_OK or CPSUI_CANCEL
-};
-using PSETRESULT_INFO = SETRESULT_INFO*;
+} SETRESULT_INFO;
+typedef SETRESULT_INFO* PSETRESULT_INFO;
 
 #define CPSUI_CANCEL 0
 #define CPSUI_OK 1

@@ -23,12 +23,12 @@
 #define PRINTER_EVENT_FLAG_NO_UI 0x00000001
 
 // The parameter of PRINTER_EVENT_ATTRIBUTES_CHANGED.
-struct PRINTER_EVENT_ATTRIBUTES_INFO {
+typedef struct PRINTER_EVENT_ATTRIBUTES_INFO {
     DWORD cbSize;
     DWORD dwOldAttributes;
     DWORD dwNewAttributes;
-};
-using PPRINTER_EVENT_ATTRIBUTES_INFO = PRINTER_EVENT_ATTRIBUTES_INFO*;
+} PRINTER_EVENT_ATTRIBUTES_INFO;
+typedef PRINTER_EVENT_ATTRIBUTES_INFO* PPRINTER_EVENT_ATTRIBUTES_INFO;
 
 // ---- Document events (DrvDocumentEvent) ---------------------------------------------------------
 
@@ -54,17 +54,17 @@ using PPRINTER_EVENT_ATTRIBUTES_INFO = PRINTER_EVENT_ATTRIBUTES_INFO*;
 
 // The input of DOCUMENTEVENT_CREATEDCPRE. Its output is a DEVMODEW* that the driver may set to what
 // is used instead of `pdm`; such a DEVMODE is the driver's until the next event.
-struct DOCEVENT_CREATEDCPRE {
+typedef struct DOCEVENT_CREATEDCPRE {
     PWSTR pszDriver;
     PWSTR pszDevice;
     PDEVMODEW pdm;
     BOOL bIC;
-};
-using PDOCEVENT_CREATEDCPRE = DOCEVENT_CREATEDCPRE*;
+} DOCEVENT_CREATEDCPRE;
+typedef DOCEVENT_CREATEDCPRE* PDOCEVENT_CREATEDCPRE;
 
 // ---- Whether a job may print (DevQueryPrintEx) --------------------------------------------------
 
-struct DEVQUERYPRINT_INFO {
+typedef struct DEVQUERYPRINT_INFO {
     WORD cbSize;
     WORD Level;
     HANDLE hPrinter;
@@ -72,8 +72,8 @@ struct DEVQUERYPRINT_INFO {
     LPWSTR pszErrorStr;
     DWORD cchErrorStr;
     DWORD cchNeeded;
-};
-using PDEVQUERYPRINT_INFO = DEVQUERYPRINT_INFO*;
+} DEVQUERYPRINT_INFO;
+typedef DEVQUERYPRINT_INFO* PDEVQUERYPRINT_INFO;
 
 // ---- Conversion of document settings (DrvConvertDevMode) ----------------------------------------
 
@@ -83,16 +83,16 @@ using PDEVQUERYPRINT_INFO = DEVQUERYPRINT_INFO*;
 
 // ---- Upgrade (DrvUpgradePrinter) ----------------------------------------------------------------
 
-struct DRIVER_UPGRADE_INFO_1W {
+typedef struct DRIVER_UPGRADE_INFO_1W {
     LPWSTR pPrinterName;
     LPWSTR pOldDriverDirectory;
-};
-using PDRIVER_UPGRADE_INFO_1W = DRIVER_UPGRADE_INFO_1W*;
+} DRIVER_UPGRADE_INFO_1W;
+typedef DRIVER_UPGRADE_INFO_1W* PDRIVER_UPGRADE_INFO_1W;
 
 // ---- Property sheets ----------------------------------------------------------------------------
 
 // For DrvDocumentPropertySheets. fMode has DM_ bits.
-struct DOCUMENTPROPERTYHEADER {
+typedef struct DOCUMENTPROPERTYHEADER {
     WORD cbSize;
     WORD Reserved;
     HANDLE hPrinter;
@@ -101,17 +101,17 @@ struct DOCUMENTPROPERTYHEADER {
     PDEVMODEW pdmOut;
     DWORD cbOut; // receives the size when pdmOut is null or fMode 0
     DWORD fMode;
-};
-using PDOCUMENTPROPERTYHEADER = DOCUMENTPROPERTYHEADER*;
+} DOCUMENTPROPERTYHEADER;
+typedef DOCUMENTPROPERTYHEADER* PDOCUMENTPROPERTYHEADER;
 
 // For DrvDevicePropertySheets.
-struct DEVICEPROPERTYHEADER {
+typedef struct DEVICEPROPERTYHEADER {
     WORD cbSize;
     WORD Flags; // DPS_NOPERMISSION
     HANDLE hPrinter;
     LPWSTR pszPrinterName;
-};
-using PDEVICEPROPERTYHEADER = DEVICEPROPERTYHEADER*;
+} DEVICEPROPERTYHEADER;
+typedef DEVICEPROPERTYHEADER* PDEVICEPROPERTYHEADER;
 
 // The user may look at the settings, but not change them.
 #define DPS_NOPERMISSION 0x0001

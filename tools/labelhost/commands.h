@@ -17,6 +17,8 @@ void DocumentCommand(const Words& words);
 void ConvertCommand(const Words& words);
 void UpgradeCommand(const Words& words);
 void JobsCommand(const Words& words);
+void ActionsCommand(const Words& words);
+void ActionCommand(const Words& words);
 void EventCommand(const Words& words);
 void SettingsCommand(const Words& words);
 void RegistryCommand(const Words& words);

@@ -43,6 +43,10 @@ constexpr Command kCommands[] = {
     {"settings", SettingsCommand,
      "settings export|import PRINTER FILE [--only LIST]\n"
      "                    settings files; LIST of stocks,presets,barcode-fonts,rfid-fonts,options"},
+    {"actions", ActionsCommand, "actions PRINTER       what the printer can be told to do"},
+    {"action", ActionCommand,
+     "action PRINTER NUMBER [FILE]\n"
+     "                    tell it to do one of them; 22 sends a file"},
     {"event", EventCommand,
      "event PRINTER N       tell the driver what happens to a document: 1 device context, 5 "
      "start,\n"

@@ -1,9 +1,9 @@
 // labelhost settings: settings files, written and read by the driver.
 #include "arguments.h"
 #include "commands.h"
-#include "driver_module.h"
 #include "fault.h"
 #include "json.h"
+#include "open_settings.h"
 #include "settings_text.h"
 
 #include <unistd.h>
@@ -18,38 +18,10 @@ namespace {
 
 namespace fs = std::filesystem;
 
-// The printer's settings, open in its driver; closing saves them.
-class OpenSettings {
-public:
-    explicit OpenSettings(const std::string& printer)
-        : opened_(printer, PRINTER_ACCESS_USE)
-        , driver_(printer)
-        , close_(driver_.Export<void(WINAPI*)(HANDLE)>("DAL_Printer_Close"))
-        , settings_(driver_.Export<HANDLE(WINAPI*)(HANDLE)>("DAL_Printer_Open")(opened_.handle())) {
-        if (!settings_) throw Fault("the driver does not open the settings of '" + printer + "'");
-    }
-    ~OpenSettings() { close_(settings_); }
-    OpenSettings(const OpenSettings&) = delete;
-    OpenSettings& operator=(const OpenSettings&) = delete;
-
-    void Export(const std::string& file, int contents) const {
-        Call("DAL_Settings_Export", file, contents);
-    }
-    void Import(const std::string& file, int contents) const {
-        Call("DAL_Settings_Import", file, contents);
-    }
-
-private:
-    void Call(const char* name, const std::string& file, int contents) const {
-        const auto function = driver_.Export<void(WINAPI*)(HANDLE, LPCWSTR, int)>(name);
-        function(settings_, ToWide(fs::absolute(file).string()).c_str(), contents);
-    }
-
-    const OpenedPrinter opened_;
-    const DriverModule driver_;
-    void(WINAPI* const close_)(HANDLE);
-    const HANDLE settings_;
-};
+void Call(const OpenSettings& settings, const char* name, const std::string& file, int contents) {
+    const auto function = settings.Export<void(WINAPI*)(HANDLE, LPCWSTR, int)>(name);
+    function(settings.handle(), ToWide(fs::absolute(file).string()).c_str(), contents);
+}
 
 std::string ReadFile(const std::string& path) {
     const auto fail = [&] { throw FileFault("cannot read settings file", path); };
@@ -82,7 +54,7 @@ private:
 // What the printer has now.
 SettingsText Now(const OpenSettings& settings, int contents) {
     const TemporaryFile file((fs::temp_directory_path() / "labelhost.kds").string());
-    settings.Export(file.path(), contents & ~DAL_SETTINGS_OPTIONS);
+    Call(settings, "DAL_Settings_Export", file.path(), contents & ~DAL_SETTINGS_OPTIONS);
     return SettingsText(ReadFile(file.path()));
 }
 
@@ -107,7 +79,7 @@ void ExportTo(const Arguments& arguments, int contents) {
     const std::string& file = arguments[2];
     // Written aside: a file that is there stays until there is another.
     const TemporaryFile aside(file);
-    OpenSettings(printer).Export(aside.path(), contents);
+    Call(OpenSettings(printer), "DAL_Settings_Export", aside.path(), contents);
     std::error_code error;
     if (!fs::exists(aside.path(), error)) throw Fault("cannot write settings file '" + file + "'");
     const SettingsText text(ReadFile(aside.path()));
@@ -132,7 +104,7 @@ void ImportFrom(const Arguments& arguments, int contents) {
     const int lists = contents & ~DAL_SETTINGS_OPTIONS;
     const OpenSettings settings(printer);
     const SettingsText before = Now(settings, lists);
-    settings.Import(file, contents);
+    Call(settings, "DAL_Settings_Import", file, contents);
     const SettingsText after = Now(settings, lists);
     if (arguments.Has("json")) {
         PrintJson({{"printer", printer},

@@ -1,0 +1,45 @@
+// What a printer can be told to do, for programs without a user interface.
+#include <algorithm>
+#include <cstring>
+
+#include "driver/prtui.h"
+#include "zplui.h"
+
+static_assert(DAL_ACTION_OFFERED == ACTION_OFFERED);
+static_assert(DAL_ACTION_OPENS_DIALOG == ACTION_OPENS_DIALOG);
+static_assert(DAL_ACTION_ADMINISTRATIVE == ACTION_ADMINISTRATIVE);
+static_assert(DAL_ACTION_SEND_FILE == ACTION_SEND_FILE);
+
+DWORD WINAPI DAL_Action_Supported(HANDLE settings, int action) {
+    if (!settings) return 0;
+    return static_cast<prtui*>(settings)->PrinterActionSupported(
+        nullptr, static_cast<printer_action>(action));
+}
+
+int WINAPI DAL_Action_Name(HANDLE settings, int action, LPWSTR name, int size) {
+    if (!settings) return 0;
+    const OString text =
+        static_cast<prtui*>(settings)->PrinterActionName(static_cast<printer_action>(action));
+    const WCHAR* characters = text.wstring();
+    const int length = text.wlen();
+    if (name && size > 0) {
+        const int stored = std::min(length, size - 1);
+        if (stored > 0) std::memcpy(name, characters, static_cast<size_t>(stored) * sizeof(WCHAR));
+        name[stored] = 0;
+    }
+    return length;
+}
+
+BOOL WINAPI DAL_Action_Run(HANDLE settings, int action, LPCWSTR file) {
+    const DWORD offer = DAL_Action_Supported(settings, action);
+    auto* ui = static_cast<prtui*>(settings);
+    if (!offer || (ui->restricted && (offer & ACTION_ADMINISTRATIVE))) return FALSE;
+    if (action == ACTION_SEND_FILE) {
+        if (!file || !*file) return FALSE;
+        ui->SendFile(file);
+        return TRUE;
+    }
+    if (offer & ACTION_OPENS_DIALOG) return FALSE;
+    ui->PrinterAction(nullptr, static_cast<printer_action>(action));
+    return TRUE;
+}

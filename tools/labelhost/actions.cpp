@@ -1,0 +1,97 @@
+// labelhost actions, labelhost action: what the printer can be told to do.
+#include "arguments.h"
+#include "commands.h"
+#include "fault.h"
+#include "json.h"
+#include "open_settings.h"
+#include "text.h"
+
+#include <zplui.h>
+
+#include <algorithm>
+#include <cstdio>
+#include <filesystem>
+#include <fstream>
+
+namespace {
+
+std::string NameOf(const OpenSettings& settings, int action) {
+    const auto name_of = settings.Export<int(WINAPI*)(HANDLE, int, LPWSTR, int)>("DAL_Action_Name");
+    WideString name(static_cast<size_t>(name_of(settings.handle(), action, nullptr, 0)) + 1, 0);
+    name_of(settings.handle(), action, name.data(), static_cast<int>(name.size()));
+    return ToUtf8(name.c_str());
+}
+
+DWORD OfferOf(const OpenSettings& settings, int action) {
+    return settings.Export<DWORD(WINAPI*)(HANDLE, int)>("DAL_Action_Supported")(settings.handle(),
+                                                                                action);
+}
+
+// Why an action was not done.
+std::string Reason(const OpenSettings& settings, int action, const std::string& file) {
+    const DWORD offer = OfferOf(settings, action);
+    if (!offer) return "this printer does not offer it";
+    if (action == DAL_ACTION_SEND_FILE && file.empty()) return "it needs a file";
+    if ((offer & DAL_ACTION_OPENS_DIALOG) && action != DAL_ACTION_SEND_FILE)
+        return "it opens a dialog";
+    return "it is not for this user";
+}
+
+int ActionNumber(const std::string& text) {
+    size_t end = 0;
+    int number = 0;
+    try {
+        number = std::stoi(text, &end);
+    } catch (const std::exception&) {
+        end = 0;
+    }
+    if (end == 0 || end != text.size())
+        throw UsageFault("'" + text + "' is no number of an action (labelhost actions lists them)");
+    return number;
+}
+
+} // namespace
+
+void ActionsCommand(const Words& words) {
+    const Arguments arguments(words, {}, {"json"});
+    arguments.RequireCount(1, 1, "actions PRINTER [--json]");
+    const OpenSettings settings(arguments[0]);
+    Json actions = Json::array();
+    for (int action = 1; action <= DAL_ACTION_LAST; ++action)
+        if (const DWORD offer = OfferOf(settings, action))
+            actions.push_back(
+                {{"action", action}, {"name", NameOf(settings, action)}, {"flags", offer}});
+    if (arguments.Has("json")) {
+        PrintJson(actions);
+        return;
+    }
+    for (const Json& action : actions) {
+        const auto flags = action["flags"].get<DWORD>();
+        std::printf("%3d  %s%s%s\n", action["action"].get<int>(),
+                    action["name"].get<std::string>().c_str(),
+                    flags & DAL_ACTION_OPENS_DIALOG ? "..." : "",
+                    flags & DAL_ACTION_ADMINISTRATIVE ? "  (administrators)" : "");
+    }
+}
+
+void ActionCommand(const Words& words) {
+    const Arguments arguments(words, {}, {});
+    arguments.RequireCount(2, 3, "action PRINTER NUMBER [FILE]");
+    const int action = ActionNumber(arguments[1]);
+    std::string file;
+    if (arguments.size() > 2) {
+        file = std::filesystem::absolute(arguments[2]).string();
+        // The module would send an empty job.
+        if (!std::ifstream(file).good() || std::filesystem::is_directory(file))
+            throw FileFault("cannot read file", arguments[2]);
+    }
+    const OpenSettings settings(arguments[0]);
+    // The module knows Windows paths; drive Z is the machine's own root.
+    std::string path = file.empty() ? file : "Z:" + file;
+    std::replace(path.begin(), path.end(), '/', '\\');
+    const auto run = settings.Export<BOOL(WINAPI*)(HANDLE, int, LPCWSTR)>("DAL_Action_Run");
+    if (!run(settings.handle(), action, ToWide(path).c_str()))
+        throw Fault("action " + arguments[1] +
+                    " cannot be done: " + Reason(settings, action, file));
+    std::printf("%s: %s\n", arguments[0].c_str(), NameOf(settings, action).c_str());
+}

@@ -1,0 +1,34 @@
+// A printer's settings, open in its driver; closing saves them.
+#pragma once
+
+#include "driver_module.h"
+#include "fault.h"
+
+class OpenSettings {
+public:
+    // Throws Fault.
+    explicit OpenSettings(const std::string& printer)
+        : opened_(printer, PRINTER_ACCESS_USE)
+        , driver_(printer)
+        , close_(driver_.Export<void(WINAPI*)(HANDLE)>("DAL_Printer_Close"))
+        , handle_(driver_.Export<HANDLE(WINAPI*)(HANDLE)>("DAL_Printer_Open")(opened_.handle())) {
+        if (!handle_) throw Fault("the driver does not open the settings of '" + printer + "'");
+    }
+    ~OpenSettings() { close_(handle_); }
+    OpenSettings(const OpenSettings&) = delete;
+    OpenSettings& operator=(const OpenSettings&) = delete;
+
+    HANDLE handle() const { return handle_; }
+
+    // An exported function of the driver. Throws Fault when there is none of that name.
+    template <class Function>
+    Function Export(const char* name) const {
+        return driver_.Export<Function>(name);
+    }
+
+private:
+    const OpenedPrinter opened_;
+    const DriverModule driver_;
+    void(WINAPI* const close_)(HANDLE);
+    const HANDLE handle_;
+};
