@@ -1,0 +1,66 @@
+// Any bytes as what a client and a print server tell each other of shared settings: a question, and
+// the settings that travel. Whatever comes from the other machine names shared keys in the end and
+// no others.
+#include <cstdlib>
+#include <cstring>
+#include <string>
+
+#include "config/shadow_request.h"
+#include "config/shared_keys_text.h"
+
+namespace {
+
+void CheckQuestion(const char* text, size_t size) {
+    ShadowRequest request;
+    if (!request.Parse(text, size)) return;
+    if (request.keys.GetSize() != request.checksums.GetSize()) std::abort();
+    const OString again = request.Text();
+    ShadowRequest second;
+    if (!second.Parse(again.nstring(), std::strlen(again.nstring())) ||
+        second.tick != request.tick || second.keys.GetSize() != request.keys.GetSize())
+        std::abort();
+}
+
+void CheckSettings(const OStringArray& lines) {
+    OStringArray renamed;
+    RenameSharedKeys(lines, "P", "DATA", "LOCAL", renamed);
+    // The names that they have now are not those of shared keys any more, but for a reader of the
+    // text every key is below one of the two.
+    bool between = true;
+    for (int i = 0; i < renamed.GetSize(); ++i) {
+        const std::string line = renamed[i].nstring();
+        const size_t name = line.rfind("[-", 0) == 0 ? 2 : 1;
+        if (between && line.rfind('[', 0) == 0 && line.compare(name, 5, "DATA\\") != 0 &&
+            line.compare(name, 6, "LOCAL\\") != 0)
+            std::abort();
+        const bool blank = line.find_first_not_of(" \t\r\n\\") == std::string::npos;
+        if (blank)
+            between = true;
+        else if (line.rfind('[', 0) == 0 && name == 1)
+            between = false;
+    }
+}
+
+} // namespace
+
+extern "C" int LLVMFuzzerTestOneInput(const uint8_t* data, size_t size) {
+    const auto* text = reinterpret_cast<const char*>(data);
+    CheckQuestion(text, size);
+
+    OBuffer<char> bytes;
+    OStringArray lines;
+    bytes.Assign(text, static_cast<uint32_t>(size));
+    UnpackSharedKeys(bytes, lines);
+    CheckSettings(lines);
+
+    // The same bytes as the lines themselves, which no checksum keeps the fuzzer from changing.
+    lines.SetSize(0);
+    lines.Unpack(bytes, OPACK_PLAIN);
+    CheckSettings(lines);
+    OBuffer<char> packed;
+    OStringArray back;
+    if (!PackSharedKeys(lines, packed) || !UnpackSharedKeys(packed, back) ||
+        back.GetSize() != lines.GetSize() || SharedKeysChecksum(back) != SharedKeysChecksum(lines))
+        std::abort();
+    return 0;
+}
