@@ -192,6 +192,38 @@ ZPLUI_API int WINAPI DAL_Action_Name(HANDLE settings, int action, LPWSTR name, i
 // this user. Whether the printer could be reached is not told; the job shows in the spooler.
 ZPLUI_API BOOL WINAPI DAL_Action_Run(HANDLE settings, int action, LPCWSTR file);
 
+// ---- Asking the printer -------------------------------------------------------------------------
+
+// What to ask; any of these together. Of the two lists of files ask one.
+#define DAL_QUERY_IDENTIFICATION 1 // model, firmware, resolution, memory, options
+#define DAL_QUERY_STATUS 2         // communication settings, errors and modes
+#define DAL_QUERY_MEMORY 4
+#define DAL_QUERY_FILES 8           // every stored file
+#define DAL_QUERY_FONTS 16          // stored fonts
+#define DAL_QUERY_CONFIGURATION 512 // the lines of the printer's configuration label
+// Asked, and left in the registry as they came: the printer's settings and files as XML.
+#define DAL_QUERY_XML_FORMAT 32
+#define DAL_QUERY_XML_DIRECTORY 64
+#define DAL_QUERY_XML_STATUS 128
+#define DAL_QUERY_XML_ALL 256
+
+// What an answer is.
+#define DAL_ANSWER_PROPERTY 0      // a value under its name: "Model", "Head-Up", ...
+#define DAL_ANSWER_FILE 1          // "E:LOGO.GRF;1234;P": device and name, bytes, flags
+#define DAL_ANSWER_CONFIGURATION 2 // "PRINT WIDTH@832": what it is, and its value
+
+// Is told one answer. `context` is the caller's; `name` is null unless it is a property's. The texts
+// are good during the call only.
+typedef void(WINAPI* DAL_QUERY_ANSWER)(void* context, int kind, const WCHAR* name,
+                                       const WCHAR* value);
+
+// Asks the printer and hands over what it answered: properties, then files, then configuration. It
+// takes a job of the printer's and the status monitor beside this module, and waits for the printer.
+// FALSE, without any answer, when `questions` or `answer` is 0 or the printer cannot be asked; a
+// question that was not answered, or not so that it can be understood, is left out.
+ZPLUI_API BOOL WINAPI DAL_Query_Run(HANDLE settings, int questions, DAL_QUERY_ANSWER answer,
+                                    void* context);
+
 // ---- Codecs and checksums -----------------------------------------------------------------------
 //
 // Input and output are raw bytes. A null pointer is harmless where its length is 0.

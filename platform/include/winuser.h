@@ -94,6 +94,9 @@ int wsprintfW(LPWSTR buffer, LPCWSTR format, ...);
 HDC WINAPI GetDC(HWND window);
 int WINAPI ReleaseDC(HWND window, HDC dc);
 
+// The window behind all others. The host has no screen: null.
+HWND WINAPI GetDesktopWindow();
+
 // Shows a box and answers the button chosen. The host has no screen: the box is recorded and
 // answered as win32host/control.h describes.
 int WINAPI MessageBoxW(HWND owner, LPCWSTR text, LPCWSTR caption, UINT type);

@@ -6,6 +6,7 @@
 #include <new>
 
 #include "config/oregistry_names.h"
+#include "core/windows_version.h"
 
 namespace {
 
@@ -40,12 +41,6 @@ int RootNumber(const WCHAR* text, const WCHAR* colon) {
         number = std::min(number * 10 + (*text - '0'), 1000);
     }
     return negative ? -number : number;
-}
-
-bool IsWindowsNT() {
-    OSVERSIONINFOW version = {};
-    version.dwOSVersionInfoSize = sizeof version;
-    return GetVersionExW(&version) && version.dwPlatformId == VER_PLATFORM_WIN32_NT;
 }
 
 // Creates a key that every account can later write: the spooler's and other users' too.

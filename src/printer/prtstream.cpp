@@ -17,6 +17,8 @@ void prtstream::init() {
     clear();
     capacity_ = CAPACITY;
     measuring_ = false;
+    xpml_open_ = false;
+    query_open_ = false;
     ui_ = nullptr;
     hprinter_ = nullptr;
 }

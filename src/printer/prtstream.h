@@ -98,6 +98,42 @@ public:
     void CacheAction(const KVCacheAction& action);
     void CacheItemAction(const KVCacheItemAction& action);
 
+    // ---- Queries --------------------------------------------------------------------------------
+    //
+    // The module does not read from the printer itself: that is the status monitor's work, a
+    // library of the driver's (qstmon.dll) beside the module. A query job holds the questions, each
+    // with the command that asks it and how long its answer is, in a document of its own kind:
+    //
+    //     QueryStart(job), then for each question Query(name, length) and the bytes of its command,
+    //     QueryEnd(); QueryExecute(job, ...); then QueryResponse of each name
+    //
+    // The answers stay in the registry until the next QueryStart, for all printers of the machine
+    // together.
+
+    // Opens or closes the document.
+    void XPML_xpml(bool open);
+
+    // Forgets the answers there are and begins a query job. The job's number, as StartJob.
+    int QueryStart(const OString& job_name);
+    // Begins a question, ending the one before. `length` is the exact length of the answer, or,
+    // when it is negative, an estimate of it.
+    void Query(const char* name, int32_t length);
+    // Ends the last question and the job.
+    void QueryEnd();
+    // Has the status monitor ask the printer, and waits for it. `parent` may be null. True when
+    // there are answers.
+    bool QueryExecute(const OString& job_name, int job, HWND parent);
+
+    // The number of bytes that were answered to a question; 0 when none were.
+    int32_t QueryResponseSize(const OString& name);
+    // Reads the answer into a buffer of `size` bytes. False when there is none or it is longer.
+    bool QueryResponse(const OString& name, unsigned char* buffer, int32_t size);
+
+    // Asks the status monitor itself, through the printer's data: `request` is the element that
+    // asks ("<port action='get' name='type'/>"), the answer has 1 to `size` bytes. False, and the
+    // buffer as it was, when there is none.
+    bool XPML_Query(const char* request, void* buffer, int32_t size);
+
     // ---- The printer ----------------------------------------------------------------------------
 
     HDC GetDC() const; // of the connection; null without one
@@ -128,6 +164,8 @@ private:
     OBuffer<char> buffer_; // of the capacity, or none
     HANDLE hprinter_ = nullptr;
     bool measuring_ = false;
+    bool xpml_open_ = false;  // the document of queries
+    bool query_open_ = false; // a question in it
     std::unique_ptr<prtspool> spool_;
 };
 

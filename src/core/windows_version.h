@@ -1,0 +1,5 @@
+// Which family of systems this is.
+#pragma once
+
+// Whether it is one of the NT family, and not Windows 9x.
+bool IsWindowsNT();

@@ -1,0 +1,62 @@
+// What a ZPL II printer says about itself.
+#pragma once
+
+#include <windows.h>
+
+#include <cstdint>
+
+#include "core/ostring_array.h"
+#include "model/property_set.h"
+#include "zpl/host_status.h"
+
+class extstream;
+
+// Asks the printer's questions of one list in one job and keeps what came back. Built for one run.
+class ZPLQuery {
+public:
+    // The questions, in the order in which they are asked. The two lists of files answer under one
+    // name: asked for together, one of them is lost.
+    enum Question : int {
+        IDENTIFICATION = 1,
+        STATUS = 2,
+        MEMORY = 4,
+        ALL_FILES = 8,
+        FONT_FILES = 16,
+        // The answers to these are left where the status monitor stores them.
+        XML_FORMAT_SETTINGS = 32,
+        XML_DIRECTORY = 64,
+        XML_STATUS = 128,
+        XML_ALL = 256,
+        CONFIGURATION = 512,
+    };
+
+    // Both are borrowed. `parent` is the window that the status monitor may stand in front of; null
+    // for none.
+    ZPLQuery(HWND parent, extstream* stream)
+        : stream_(stream)
+        , parent_(parent) {}
+    ZPLQuery(const ZPLQuery&) = delete;
+    ZPLQuery& operator=(const ZPLQuery&) = delete;
+
+    // Asks the questions of a mask. False, and nothing is known, when the mask has none or the
+    // printer cannot be asked. What was not answered, or not to be understood, is left out.
+    bool RunQuery(int mask);
+
+    // "E:LOGO.GRF;1234;P", see ReadFileList; "PRINT WIDTH@832", see ReadConfigurationList; the
+    // properties of the three answers in zpl/host_status.h.
+    OStringArray files;
+    OStringArray configuration;
+    OPropertySet properties;
+
+private:
+    void Read(int question, const char* name);
+
+    extstream* const stream_;
+    const HWND parent_;
+};
+
+// Asks a printer with a battery for its readings. The names of the job and of the question are the
+// user's language's (texts 10494 and 10495). False when the printer cannot be asked; a reading that
+// was not answered is empty.
+bool RunPowerQuery(HWND parent, extstream& stream, const OString& job_name,
+                   const OString& query_name, PowerReadings& readings);
