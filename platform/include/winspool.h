@@ -389,13 +389,17 @@ BOOL WINAPI GetPrinterDriverDirectoryW(LPWSTR server, LPWSTR environment, DWORD 
 // ---- Printer data -------------------------------------------------------------------------------
 
 // These answer an error code. ERROR_MORE_DATA when `size` is too small, with the bytes that the
-// value has in `*needed`; ERROR_FILE_NOT_FOUND when there is no such value. Setting and deleting
+// value has in `*needed`; ERROR_FILE_NOT_FOUND when there is no such value. A value that is not
+// stored is asked of the driver's language monitor. Setting and deleting
 // need PRINTER_ACCESS_ADMINISTER. The A functions take and give texts (REG_SZ, REG_EXPAND_SZ,
 // REG_MULTI_SZ) in the ANSI code page.
 DWORD WINAPI GetPrinterDataW(HANDLE printer, LPWSTR name, LPDWORD type, LPBYTE data, DWORD size,
                              LPDWORD needed);
 DWORD WINAPI GetPrinterDataA(HANDLE printer, LPSTR name, LPDWORD type, LPBYTE data, DWORD size,
                              LPDWORD needed);
+// The same for a value of any key below the printer's, "PrinterDriverData\\Settings".
+DWORD WINAPI GetPrinterDataExW(HANDLE printer, LPCWSTR key, LPCWSTR name, LPDWORD type, LPBYTE data,
+                               DWORD size, LPDWORD needed);
 DWORD WINAPI SetPrinterDataW(HANDLE printer, LPWSTR name, DWORD type, LPBYTE data, DWORD size);
 DWORD WINAPI SetPrinterDataA(HANDLE printer, LPSTR name, DWORD type, LPBYTE data, DWORD size);
 DWORD WINAPI DeletePrinterDataW(HANDLE printer, LPWSTR name);

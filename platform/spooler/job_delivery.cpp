@@ -1,6 +1,7 @@
 #include "spooler/job_delivery.h"
 
 #include "host/text.h"
+#include "spooler/language_monitor.h"
 #include "spooler/ports.h"
 #include "spooler/printer_record.h"
 
@@ -145,6 +146,14 @@ std::string Send(const PrintServer& server, const std::u16string& port, int job)
     return "there is no way to the port " + Utf8(port);
 }
 
+// Whether the driver's monitor wants the job for itself.
+bool IsForMonitor(const PrintServer& server, const std::u16string& printer, int job) {
+    const auto monitor = LanguageMonitor::Of(server, printer);
+    char start[64];
+    const ssize_t size = monitor ? pread(job, start, sizeof start, 0) : 0;
+    return size > 0 && monitor->TakesJob({start, static_cast<size_t>(size)});
+}
+
 } // namespace
 
 DWORD DeliverJob(const PrintServer& server, const std::u16string& printer, DWORD job) {
@@ -155,6 +164,7 @@ DWORD DeliverJob(const PrintServer& server, const std::u16string& printer, DWORD
 
     const File file(open(SpoolFile(server, job).c_str(), O_RDONLY | O_CLOEXEC));
     if (file && flock(file.get(), LOCK_EX | LOCK_NB) != 0) return ERROR_BUSY;
+    if (file && IsForMonitor(server, printer, file.get())) return ERROR_SUCCESS;
     const std::string fault =
         file ? Send(server, owner->port, file.get()) : "the job's file cannot be read";
     record->status_text = Utf16(fault);

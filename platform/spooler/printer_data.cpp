@@ -2,6 +2,7 @@
 #include "files/paths.h"
 #include "host/text.h"
 #include "spooler/ansi.h"
+#include "spooler/language_monitor.h"
 #include "spooler/opened_printer.h"
 
 #include <algorithm>
@@ -28,13 +29,14 @@ DWORD GuardedCode(const Body& body) {
     return Guarded(DWORD{ERROR_NOT_ENOUGH_MEMORY}, body);
 }
 
-// The printer's data key, opened or made; an error code.
-DWORD OpenData(const OpenedPrinter& printer, bool create, RegistryKey& key) {
+// A key of the printer's, its data key if no other is named, opened or made; an error code.
+DWORD OpenData(const OpenedPrinter& printer, bool create, RegistryKey& key,
+               const std::u16string& name = kData) {
     RegistryKey printer_key;
     if (printer.Server().OpenPrinter(printer.Printer(), printer_key) != ERROR_SUCCESS)
         return ERROR_PRINTER_DELETED;
-    const LSTATUS status = create ? key.Create(printer_key.get(), kData)
-                                  : key.Open(printer_key.get(), kData, KEY_ALL_ACCESS);
+    const LSTATUS status = create ? key.Create(printer_key.get(), name)
+                                  : key.Open(printer_key.get(), name, KEY_ALL_ACCESS);
     return static_cast<DWORD>(status);
 }
 
@@ -56,12 +58,11 @@ DWORD ReadOfServer(const PrintServer& server, const std::u16string& name, Data& 
     return ERROR_SUCCESS;
 }
 
-DWORD Read(HANDLE handle, const std::u16string& name, Data& data) {
-    const auto printer = Find<OpenedPrinter>(handle);
-    if (!printer) return ERROR_INVALID_HANDLE;
-    if (printer->Printer().empty()) return ReadOfServer(printer->Server(), name, data);
+// Reads a value of a printer's key.
+DWORD ReadValue(const OpenedPrinter& printer, const std::u16string& key_name,
+                const std::u16string& name, Data& data) {
     RegistryKey key;
-    if (const DWORD code = OpenData(*printer, false, key)) return code;
+    if (const DWORD code = OpenData(printer, false, key, key_name)) return code;
     data.bytes.resize(256);
     for (;;) {
         DWORD size = static_cast<DWORD>(data.bytes.size());
@@ -74,6 +75,17 @@ DWORD Read(HANDLE handle, const std::u16string& name, Data& data) {
         data.bytes.resize(status == ERROR_SUCCESS ? size : 0);
         return static_cast<DWORD>(status);
     }
+}
+
+DWORD Read(HANDLE handle, const std::u16string& name, Data& data) {
+    const auto printer = Find<OpenedPrinter>(handle);
+    if (!printer) return ERROR_INVALID_HANDLE;
+    if (printer->Printer().empty()) return ReadOfServer(printer->Server(), name, data);
+    const DWORD code = ReadValue(*printer, kData, name, data);
+    if (code != ERROR_FILE_NOT_FOUND) return code;
+    // What nobody has stored may be known to the driver's monitor.
+    const auto monitor = LanguageMonitor::Of(printer->Server(), printer->Printer());
+    return monitor ? monitor->PrinterData(name, data.type, data.bytes) : code;
 }
 
 DWORD Answer(const Data& found, LPDWORD type, LPBYTE data, DWORD size, LPDWORD needed) {
@@ -101,6 +113,20 @@ extern "C" DWORD WINAPI GetPrinterDataW(HANDLE handle, LPWSTR name, LPDWORD type
         if (!name || !needed) return ERROR_INVALID_PARAMETER;
         Data found;
         if (const DWORD code = Read(handle, name, found)) return code;
+        return Answer(found, type, data, size, needed);
+    });
+}
+
+extern "C" DWORD WINAPI GetPrinterDataExW(HANDLE handle, LPCWSTR key, LPCWSTR name, LPDWORD type,
+                                          LPBYTE data, DWORD size, LPDWORD needed) {
+    return GuardedCode([&]() -> DWORD {
+        if (!key || !*key || !name || !needed) return ERROR_INVALID_PARAMETER;
+        if (SameName(key, kData))
+            return GetPrinterDataW(handle, const_cast<LPWSTR>(name), type, data, size, needed);
+        const auto printer = FindPrinter(handle);
+        if (!printer) return ERROR_INVALID_HANDLE;
+        Data found;
+        if (const DWORD code = ReadValue(*printer, key, name, found)) return code;
         return Answer(found, type, data, size, needed);
     });
 }

@@ -35,11 +35,13 @@ std::string Line(const std::string& value, const char* label) {
     return Format("  %-20.20s%s\r\n", value.c_str(), label);
 }
 
-// A line of a directory; sizes have six columns.
+// A line of a directory; sizes have six columns. The flag is a font's letter, or P for what is part
+// of the printer.
 std::string Line(const StoredObject& object) {
-    return Format("* %c:%-8.8s.%-3.3s %6u   %c%c \r\n", object.device, object.name.c_str(),
+    const char flag = object.letter == ' ' && object.resident ? 'P' : object.letter;
+    return Format("* %c:%-8.8s.%-3.3s %6u   %c  \r\n", object.device, object.name.c_str(),
                   object.extension.c_str(), static_cast<unsigned>(std::min(object.size, 999999u)),
-                  object.letter, object.resident ? 'P' : ' ');
+                  flag);
 }
 
 std::string Escaped(const std::string& text) {

@@ -21,5 +21,6 @@ void ActionsCommand(const Words& words);
 void ActionCommand(const Words& words);
 void EventCommand(const Words& words);
 void SettingsCommand(const Words& words);
+void QueryCommand(const Words& words);
 void RegistryCommand(const Words& words);
 void PrinterEmulatorCommand(const Words& words);

@@ -71,6 +71,7 @@ void AddDriver(const Installation& product, const Model& model, const DriverFile
 
     WideString name = ToWide(model.name);
     WideString data_type = ToWide(files.default_data_type);
+    WideString monitor = ToWide(files.monitor);
     WideString manufacturer = ToWide(model.manufacturer);
     WideString hardware_id = ToWide(model.hardware_id);
     WideString provider = ToWide(product.provider());
@@ -82,6 +83,7 @@ void AddDriver(const Installation& product, const Model& model, const DriverFile
     info.pDataFile = data.data();
     info.pHelpFile = help.empty() ? nullptr : help.data();
     info.pDependentFiles = dependent.data();
+    info.pMonitorName = monitor.empty() ? nullptr : monitor.data();
     info.pDefaultDataType = data_type.empty() ? nullptr : data_type.data();
     info.pszMfgName = manufacturer.data();
     info.pszHardwareID = hardware_id.data();

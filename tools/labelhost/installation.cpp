@@ -96,6 +96,7 @@ DriverFiles Installation::FilesOf(const std::string& oem) const {
         if (SameText(key, "DataFile")) files.data = value;
         if (SameText(key, "HelpFile")) files.help = value;
         if (SameText(key, "DependentFiles")) files.dependent = SplitList(value);
+        if (SameText(key, "LanguageMonitor")) files.monitor = value;
         if (SameText(key, "DefaultDataType")) files.default_data_type = value;
     }
     if (files.driver.empty() || files.config.empty() || files.data.empty())

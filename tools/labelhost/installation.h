@@ -17,6 +17,7 @@ struct DriverFiles {
     std::string driver, config, data, help;
     std::vector<std::string> dependent;
     std::string default_data_type;
+    std::string monitor; // its library without the ending
 };
 
 class Installation {

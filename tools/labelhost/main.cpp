@@ -51,6 +51,8 @@ constexpr Command kCommands[] = {
      "event PRINTER N       tell the driver what happens to a document: 1 device context, 5 "
      "start,\n"
      "                    12 end, or any other number"},
+    {"query", QueryCommand,
+     "query PRINTER [--mask N]\n                    ask the printer about itself"},
     {"registry", RegistryCommand,
      "registry dump KEY | set KEY NAME TYPE HEX | delete KEY [NAME]\n"
      "                    look at or change the host's registry"},

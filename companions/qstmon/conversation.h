@@ -1,0 +1,47 @@
+// Asking a printer over the network.
+#pragma once
+
+#include <cstdint>
+#include <string>
+#include <string_view>
+
+#include "net/socket.h"
+
+// Waiting times in milliseconds.
+struct TimeLimits {
+    int connect = 5000;
+    int answer = 3000; // for the first byte of an answer
+    int quiet = 500;   // between its bytes, when it does not say where it ends
+};
+
+class Conversation {
+public:
+    Conversation(std::string host, uint16_t port, const TimeLimits& limits)
+        : host_(std::move(host))
+        , port_(port)
+        , limits_(limits) {}
+
+    // Whether the printer takes the connection. Ask connects by itself.
+    bool Connect();
+
+    // Sends a command and collects the answer to it, at most 1 MB; what came in time, so that a
+    // printer that stops in the middle has answered half. Empty when nothing came. What comes too
+    // late is no answer to the next question: the connection is given up instead.
+    std::string Ask(std::string_view command);
+
+    uint32_t bytes_written() const { return bytes_written_; }
+    uint32_t bytes_read() const { return bytes_read_; }
+
+private:
+    const std::string host_;
+    const uint16_t port_;
+    const TimeLimits limits_;
+    net::Socket socket_;
+    uint32_t bytes_written_ = 0;
+    uint32_t bytes_read_ = 0;
+};
+
+// Whether an answer to `command` that begins like this has come to its end: an answer that starts
+// with STX ends with ETX, carriage return, line feed, and the host status has three such texts.
+// Other answers do not say where they end.
+bool IsCompleteAnswer(std::string_view command, std::string_view answer);

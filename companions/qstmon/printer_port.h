@@ -1,0 +1,55 @@
+// The printer that is asked, and its port.
+#pragma once
+
+#include <windows.h>
+#include <winspool.h>
+
+#include <cstdint>
+#include <optional>
+#include <string>
+#include <vector>
+
+using WideString = std::basic_string<WCHAR>;
+
+WideString FromAnsi(const char* text, size_t size);
+std::string ToAnsi(const WideString& text);
+
+struct NetworkPort {
+    std::string host;
+    uint16_t port = 9100;
+};
+
+// Where a port "IP_host" or "IP_host:port" leads; nothing for other ports.
+std::optional<NetworkPort> NetworkPortNamed(const WideString& port);
+
+// A printer opened with as many rights as there are.
+class MonitoredPrinter {
+public:
+    explicit MonitoredPrinter(const WideString& name);
+    ~MonitoredPrinter();
+    MonitoredPrinter(const MonitoredPrinter&) = delete;
+    MonitoredPrinter& operator=(const MonitoredPrinter&) = delete;
+
+    bool IsOpen() const { return handle_ != nullptr; }
+    HANDLE handle() const { return handle_; }
+    const WideString& port() const { return port_; }
+    DWORD attributes() const { return attributes_; } // PRINTER_ATTRIBUTE_ bits
+
+    // The bytes of one of its jobs; empty when they cannot be read.
+    std::string JobBytes(DWORD job) const;
+
+    // Writes a number into the printer's data, without looking whether that is allowed.
+    void SetData(const WCHAR* name, DWORD value) const;
+
+private:
+    HANDLE handle_ = nullptr;
+    WideString server_;
+    WideString port_;
+    DWORD attributes_ = 0;
+};
+
+// What the spooler says about a port of this machine: the name of its monitor and its description.
+struct PortFacts {
+    WideString monitor, description;
+};
+std::optional<PortFacts> FactsOfPort(const WideString& port);

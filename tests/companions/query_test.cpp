@@ -1,0 +1,178 @@
+// Queries from end to end: a printer on the network, the host program asking it through driver,
+// spooler and status monitor; and what the status monitor says of the printer's port.
+
+#include "emulator/server.h"
+
+#include "config/network_policy.h"
+#include "config/prtreg.h"
+#include "driver/open_printer.h"
+#include "support/host_test.h"
+#include "support/program.h"
+
+#include <nlohmann/json.hpp>
+
+#include <filesystem>
+#include <fstream>
+#include <thread>
+
+namespace {
+
+using Json = nlohmann::json;
+
+class QueriesThreads : public HostTest {
+protected:
+    QueriesThreads()
+        : server_(0, AnswerRules(root()), [this](const std::string& note) { notes_ += note + ";"; })
+        , thread_([this] { server_.Run(); }) {}
+    ~QueriesThreads() override { StopServer(); }
+
+    // What the printer did.
+    std::string StopServer() {
+        if (thread_.joinable()) {
+            server_.Stop();
+            thread_.join();
+        }
+        return notes_;
+    }
+
+    std::string Port() const { return "IP_127.0.0.1:" + std::to_string(server_.Port()); }
+
+    ProgramResult Run(std::vector<std::string> words) const {
+        words.insert(words.begin(), {"--root", root()});
+        return RunProgram(TEST_BINARY_DIR, "labelhost", words);
+    }
+    void Install(const std::string& printer, const std::string& port) const {
+        const ProgramResult result =
+            Run({"install", printer, "--model", "Valdrick X4 300 dpi", "--port", port});
+        ASSERT_EQ(result.status, 0) << result.errors;
+    }
+    Json Query(const std::string& printer, const std::string& mask = "527") const {
+        const ProgramResult result = Run({"query", printer, "--mask", mask, "--json"});
+        EXPECT_EQ(result.status, 0) << result.errors;
+        return Json::parse(result.output, nullptr, false);
+    }
+    static void SetLimit(const char* name, uint32_t milliseconds) {
+        ORegistry().SetDWORD(OString("LOCAL:Status Monitor/") << name, milliseconds);
+    }
+
+private:
+    std::string notes_;
+    EmulatorServer server_;
+    std::thread thread_;
+};
+
+TEST_F(QueriesThreads, BringAPrintersAnswersToTheProgram) {
+    Install("Dock 3", Port());
+    const Json answer = Query("Dock 3");
+    EXPECT_EQ(answer["ok"], true);
+    EXPECT_EQ(answer["properties"]["Model"], "EMULATED-203");
+    EXPECT_EQ(answer["properties"]["Baud"], "9600");
+    EXPECT_EQ(answer["properties"]["Static-Ram-Installed"], "Not Installed");
+    EXPECT_EQ(answer["properties"]["PhysicalMemory-Avaliable"], "0");
+    EXPECT_EQ(answer["files"][0], "Z:A.FNT;3402;P");
+    EXPECT_EQ(answer["configuration"][0], "DARKNESS@10");
+    EXPECT_EQ(Query("Dock 3", "0")["ok"], false);
+    EXPECT_EQ(Query("Dock 3", "256")["ok"], true);
+    EXPECT_EQ(ORegistry().GetInt("LOCAL:Global/Query/Query Done", 0), 1);
+    EXPECT_GT(ORegistry().GetSize("LOCAL:Global/Query/Query XML All Settings Response"), 100);
+    EXPECT_EQ(prtreg(OString("Dock 3")).GetDWORD("DATA:Query Complete", 0), 1u);
+    EXPECT_TRUE(std::filesystem::is_empty(root() + "/spool")) << "asked jobs are gone";
+    EXPECT_EQ(StopServer(),
+              "answered HI;answered HS;answered HM;answered HW;answered HH;answered HZA;");
+}
+
+TEST_F(QueriesThreads, LeaveOutWhatWasNotAnsweredWell) {
+    Install("Dock3", Port());
+    SetLimit("Quiet Time Limit", 200);
+    const struct {
+        const char* faults;
+        uint32_t limit; // for an answer to begin, milliseconds
+        bool ok, model, baud, memory;
+    } cases[] = {
+        {"HS split 5\nHM split 1\n", 30000, true, true, true, true},
+        {"HI late 20\nHM late 20\n", 30000, true, true, true, true},
+        {"HI short 10\nHS short 60\n", 30000, true, false, false, true},
+        {"HI garbled\nHM garbled\n", 30000, true, false, true, false},
+        {"* silent", 50, false, false, false, false},
+    };
+    for (const auto& c : cases) {
+        std::ofstream(root() + "/faults") << c.faults;
+        SetLimit("Answer Time Limit", c.limit);
+        const Json answer = Query("Dock3", "7");
+        EXPECT_EQ(answer["ok"], c.ok) << c.faults;
+        EXPECT_EQ(answer["properties"].contains("Model"), c.model) << c.faults;
+        EXPECT_EQ(answer["properties"].contains("Baud"), c.baud) << c.faults;
+        EXPECT_EQ(answer["properties"].contains("PhysicalMemory-Size"), c.memory) << c.faults;
+    }
+}
+
+TEST_F(QueriesThreads, FailWhereNobodyCanAnswer) {
+    Install("Nobody", Port());
+    StopServer();
+    // The port stays bound until the test ends, but nobody serves it.
+    SetLimit("Answer Time Limit", 50);
+    EXPECT_EQ(Query("Nobody")["ok"], false);
+    Install("File", "FILE:");
+    EXPECT_EQ(Query("File", "1")["ok"], false);
+    const ProgramResult plain = Run({"query", "File"});
+    EXPECT_EQ(plain.status, 1);
+    EXPECT_NE(plain.errors.find("File"), std::string::npos);
+    EXPECT_EQ(Run({"query", "Nowhere"}).status, 1);
+    EXPECT_EQ(Run({"query", "File", "--mask", "x"}).status, 1);
+
+    // On the port "FILE:" the job stays, word for word.
+    std::string jobs;
+    for (const auto& entry : std::filesystem::directory_iterator(root() + "/spool"))
+        jobs += BytesOf(entry.path().string()) + ";";
+    EXPECT_NE(jobs.find("<xpml><query name=\"HostID\", response_estimate=\"30\">~HI</query><end/>"
+                        "</xpml>;"),
+              std::string::npos)
+        << jobs;
+}
+
+TEST_F(QueriesThreads, KnowAboutThePort) {
+    Install("Net", "IP_127.0.0.1:6101");
+    Install("File", "FILE:");
+    const auto ask = [](const char* printer, const std::string& name) {
+        char answer[64] = {};
+        const bool found = prtreg(OString(printer))
+                               .GetPrinterDataW(name.c_str(), REG_BINARY, answer, sizeof answer);
+        return found ? std::string(answer) : "nothing";
+    };
+    const auto port = [](const char* fact) {
+        return std::string("<xpml><port action='get' name='") + fact +
+               "'/><tick count='1'/></xpml>";
+    };
+    const struct {
+        std::string name;
+        const char* network;
+        const char* file;
+    } cases[] = {
+        {port("type"), "TCP/IP", "nothing"},
+        {port("bidirectional"), "1", "nothing"},
+        {port("ip_address"), "127.0.0.1", "nothing"},
+        {port("protocol"), "RAW", "nothing"},
+        {port("monitor_name"), "Standard TCP/IP Port", "nothing"},
+        {port("description"), "Standard TCP/IP Port", "nothing"},
+        {port("colour"), "nothing", "nothing"},
+        {"<xpml><printer name='Net'/><tick count='1'/></xpml>", "\1", "\1"},
+        {"<xpml><registry action='import' name='Net' tick='1'></registry></xpml>", "nothing",
+         "nothing"},
+        {"Monitoring Supported4711", "\1", ""},
+        {"Monitoring Supported", "nothing", "nothing"},
+        {"Network Sharing4711", "\1", "\1"},
+        {"Network Sharing4711x", "nothing", "nothing"},
+        {"Something else", "nothing", "nothing"},
+    };
+    for (const auto& c : cases) {
+        EXPECT_EQ(ask("Net", c.name), c.network) << c.name;
+        EXPECT_EQ(ask("File", c.name), c.file) << c.name;
+    }
+    NetworkPolicy("Net").SetNetworkSharing(false);
+    EXPECT_EQ(ask("Net", "Network Sharing4711"), "");
+    char byte = 0;
+    EXPECT_FALSE(prtreg(OString("Net")).GetPrinterDataW(port("type").c_str(), REG_BINARY, &byte, 1))
+        << "longer than the room";
+}
+
+} // namespace

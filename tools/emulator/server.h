@@ -1,0 +1,40 @@
+// An emulated printer on the network.
+#pragma once
+
+#include <atomic>
+#include <functional>
+#include <string>
+
+#include "emulator/answer_rules.h"
+#include "emulator/emulated_printer.h"
+#include "net/socket.h"
+
+// Listens on this machine's loopback address and serves one host at a time, as such printers do.
+class EmulatorServer {
+public:
+    // `port` 0 is any free one. `note` is told what happens, a line each.
+    EmulatorServer(uint16_t port, AnswerRules rules, std::function<void(const std::string&)> note)
+        : listener_(net::Socket::Listen(port))
+        , rules_(std::move(rules))
+        , note_(std::move(note)) {}
+
+    // The port it listens on; 0 when the one that was wanted is in use.
+    uint16_t Port() const { return listener_.Port(); }
+
+    // Serves hosts until somebody stops it.
+    void Run();
+
+    // Makes Run end once the host that it serves has gone. From any thread.
+    void Stop();
+
+private:
+    void Serve(net::Socket client);
+    static void Send(net::Socket& client, const SpoiltAnswer& answer);
+    void TellNotes();
+
+    const net::Socket listener_;
+    const AnswerRules rules_;
+    const std::function<void(const std::string&)> note_;
+    std::atomic<bool> stopped_ = false;
+    EmulatedPrinter printer_;
+};
