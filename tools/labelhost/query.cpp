@@ -1,12 +1,11 @@
 #include "arguments.h"
 #include "commands.h"
-#include "driver_module.h"
 #include "fault.h"
 #include "json.h"
-#include "printer.h"
+#include "open_settings.h"
 #include "text.h"
 
-#include "zplui.h"
+#include <zplui.h>
 
 #include <cstdio>
 #include <map>
@@ -27,23 +26,6 @@ void WINAPI Take(void* context, int kind, const WCHAR* name, const WCHAR* value)
     if (kind == DAL_ANSWER_FILE) answers.files.push_back(ToUtf8(value));
     if (kind == DAL_ANSWER_CONFIGURATION) answers.configuration.push_back(ToUtf8(value));
 }
-
-// The settings of a printer, opened.
-class Settings {
-public:
-    Settings(const DriverModule& module, HANDLE printer)
-        : close_(module.Export<decltype(&DAL_Printer_Close)>("DAL_Printer_Close"))
-        , handle_(module.Export<decltype(&DAL_Printer_Open)>("DAL_Printer_Open")(printer)) {}
-    ~Settings() { close_(handle_); }
-    Settings(const Settings&) = delete;
-    Settings& operator=(const Settings&) = delete;
-
-    HANDLE handle() const { return handle_; }
-
-private:
-    decltype(&DAL_Printer_Close) close_;
-    HANDLE handle_;
-};
 
 int MaskFrom(const std::string& text) {
     if (text.empty() || text.size() > 5 || text.find_first_not_of("0123456789") != text.npos)
@@ -70,12 +52,10 @@ void QueryCommand(const Words& words) {
     const std::string& name = arguments[0];
     const int mask = MaskFrom(arguments.Get("mask", kUsualQuestions));
 
-    const OpenedPrinter printer(name, PRINTER_ACCESS_USE);
-    const DriverModule module(name);
-    const Settings settings(module, printer.handle());
+    const OpenSettings settings(name);
+    const auto run = settings.Export<decltype(&DAL_Query_Run)>("DAL_Query_Run");
     Answers answers;
-    const bool ok = module.Export<decltype(&DAL_Query_Run)>("DAL_Query_Run")(
-                        settings.handle(), mask, Take, &answers) != FALSE;
+    const bool ok = run(settings.handle(), mask, Take, &answers) != FALSE;
     if (arguments.Has("json")) {
         PrintJson({{"ok", ok},
                    {"properties", Json(answers.properties)},
