@@ -2,8 +2,24 @@
 
 #include <windows.h>
 
-bool IsWindowsNT() {
+namespace {
+
+// Of no platform when the system does not tell.
+OSVERSIONINFOW Version() {
     OSVERSIONINFOW version = {};
     version.dwOSVersionInfoSize = sizeof version;
-    return GetVersionExW(&version) && version.dwPlatformId == VER_PLATFORM_WIN32_NT;
+    if (!GetVersionExW(&version)) version = {};
+    return version;
+}
+
+} // namespace
+
+bool IsWindowsNT() {
+    return Version().dwPlatformId == VER_PLATFORM_WIN32_NT;
+}
+
+bool IsWindowsNT4() {
+    const OSVERSIONINFOW version = Version();
+    return version.dwPlatformId == VER_PLATFORM_WIN32_NT && version.dwMajorVersion == 4 &&
+           version.dwMinorVersion == 0;
 }

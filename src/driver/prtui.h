@@ -39,6 +39,9 @@ public:
     // keeps none.
     virtual void GetCacheParameters(CacheParameters& parameters) const;
 
+    // Whether what was downloaded to the printer can be compared with what it reports; here never.
+    virtual bool EnableVerifyFonts(prtstream& stream);
+
     // ---- Actions: what the printer can be told to do. None without a model. `page` is the page
     // that asks, null outside of a sheet.
 

@@ -37,6 +37,10 @@ void prtui::GetCacheParameters(CacheParameters& parameters) const {
     parameters.format_location_names.SetSize(0);
 }
 
+bool prtui::EnableVerifyFonts(prtstream&) {
+    return false;
+}
+
 uint32_t prtui::PrinterActionSupported(prtpage*, printer_action action) {
     if (!model) return 0;
     constexpr uint32_t kAdministrativeDialog =
@@ -57,6 +61,10 @@ uint32_t prtui::PrinterActionSupported(prtpage*, printer_action action) {
     }
     case ACTION_CLEAR_CACHE:
         return caches() ? ACTION_OFFERED : 0;
+    case ACTION_STATUS:
+        return stream && stream->is_bidirectional() && stream->IsMonitorSupported()
+                   ? kAdministrativeDialog
+                   : 0;
     default:
         return 0;
     }

@@ -110,7 +110,7 @@ struct KVCacheSettings {
 };
 static_assert(sizeof(KVCacheSettings) == 28);
 
-// What it keeps there: this header, and entries of 56 bytes.
+// What it keeps there: this header, and `count` KVCacheItemInfo.
 struct KVCacheInformation {
     uint16_t reserved1;
     uint16_t size; // of it all
@@ -118,3 +118,20 @@ struct KVCacheInformation {
     uint16_t reserved2[5];
 };
 static_assert(sizeof(KVCacheInformation) == 16);
+
+// One object in the printer.
+struct KVCacheItemInfo {
+    enum Kind : uint16_t { GRAPHIC = 0, FORMAT = 1 };
+
+    uint32_t id;
+    uint16_t kind;
+    uint16_t locked; // not 0: it stays when memory runs short
+    uint32_t number;
+    uint32_t reserved;
+    uint32_t size; // bytes
+    uint16_t counters[2];
+    char name[32]; // 8-bit, zero-terminated
+};
+static_assert(sizeof(KVCacheItemInfo) == 56);
+static_assert(offsetof(KVCacheItemInfo, size) == 16);
+static_assert(offsetof(KVCacheItemInfo, name) == 24);

@@ -134,6 +134,23 @@ public:
     // buffer as it was, when there is none.
     bool XPML_Query(const char* request, void* buffer, int32_t size);
 
+    // ---- The port -------------------------------------------------------------------------------
+
+    // What the status monitor knows about the printer's port; empty when it does not tell.
+    OString GetPortType(); // "LPT", "USB" or another word
+    OString GetPortIPAddress();
+    OString GetPortMonitorName();
+    OString GetPortUDPPort();
+    OString GetPortDescription();
+    OString GetPortProtocol();
+
+    // Whether the printer can answer through its port: the status monitor can read from that, and
+    // the model answers on ports of that type. Never on parallel ports of Windows NT 4.0.
+    bool is_bidirectional();
+    // Whether the status monitor can watch the printer, and whether it serves its port.
+    bool IsMonitorSupported();
+    bool IsMonitorEnabled();
+
     // ---- The printer ----------------------------------------------------------------------------
 
     HDC GetDC() const; // of the connection; null without one
@@ -149,6 +166,7 @@ protected:
     UIPrinter* GetUI() const { return ui_; }
 
 private:
+    OString AskPort(const char* request);
     // Makes room for `count` more bytes by doubling the buffer. False, with all as it was, when
     // there is no memory for it.
     bool Grow(int32_t count);

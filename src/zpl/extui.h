@@ -16,6 +16,9 @@ public:
     // 8192 KB, numbers 0 to 999, and every memory of the model.
     void GetCacheParameters(CacheParameters& parameters) const override;
 
+    // Whether the printer can answer.
+    bool EnableVerifyFonts(prtstream& stream) override;
+
     void PrinterAction(prtpage* page, printer_action action) override;
     uint32_t PrinterActionSupported(prtpage* page, printer_action action) override;
 

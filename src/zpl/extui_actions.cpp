@@ -42,6 +42,10 @@ void extui::ClearCachedObjects(int32_t location) {
     stream_.CacheAction({KVCacheAction::FORGET_LOCATION, static_cast<uint32_t>(location)});
 }
 
+bool extui::EnableVerifyFonts(prtstream& printer) {
+    return printer.is_bidirectional();
+}
+
 // ---- Offers -------------------------------------------------------------------------------------
 
 bool extui::CanCut() const {
@@ -78,12 +82,16 @@ uint32_t extui::PrinterActionSupported(prtpage* page, printer_action action) {
         return zpl.IsPPLZ() ? 0 : kAdministrative;
     case ACTION_MEMORY:
         return zpl.HasMemoryInitializeCommand() ? kAdministrative | kDialog : 0;
+    case ACTION_INFORMATION:
+        return stream_.is_bidirectional() ? kDialog : 0;
     case ACTION_PRINTER_OPTIONS:
         return kDialog;
     case ACTION_RFID_OPTIONS: {
         const KVRFIDCapabilities* rfid = zpl.GetRFIDCapabilities();
         return rfid && rfid->flags != 0 ? kDialog : 0;
     }
+    case ACTION_POWER_MANAGEMENT:
+        return zpl.HasPowerOptions() && stream_.is_bidirectional() ? kAdministrative | kDialog : 0;
     default:
         return prtui::PrinterActionSupported(page, action);
     }

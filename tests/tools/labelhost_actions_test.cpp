@@ -53,6 +53,26 @@ TEST_F(LabelhostActions, DoesWhatItLists) {
                                                 "Calibrate Media:~JC", "one.prn:^XA^FDone^XZ"}));
 }
 
+TEST_F(LabelhostActions, OffersQuestionsWhereThePrinterCanAnswer) {
+    const struct {
+        const char *port, *model, *offers;
+    } cases[] = {
+        {"FILE:", "Valdrick X4 300 dpi", ""},
+        {"IP_127.0.0.1:9", "Valdrick X4 300 dpi", "37:3 38:7 "},
+        {"IP_127.0.0.1:9", "Valdrick M2 Mobile", "37:3 38:7 46:7 "},
+    };
+    for (const auto& c : cases) {
+        ASSERT_EQ(Run({"install", "Dock3", "--model", c.model, "--port", c.port}).status, 0);
+        std::string offers;
+        for (const Json& action : Json::parse(Run({"actions", "Dock3", "--json"}).output))
+            for (const int question : {37, 38, 46})
+                if (action["action"] == question)
+                    offers += std::to_string(question) + ":" + action["flags"].dump() + " ";
+        EXPECT_EQ(offers, c.offers) << c.port;
+        Run({"remove", "Dock3"});
+    }
+}
+
 TEST_F(LabelhostActions, SaysWhyItDoesNot) {
     ASSERT_EQ(Run({"install", "Dock3", "--model", "Valdrick X4 300 dpi"}).status, 0);
     const struct {
