@@ -38,6 +38,12 @@ std::vector<std::string> Utf8(const OStringArray& names) {
     return result;
 }
 
+bool Has(const OStringArray& texts, const OString& text) {
+    for (int i = 0; i < texts.GetSize(); ++i)
+        if (texts[i] == text) return true;
+    return false;
+}
+
 using Names = std::vector<std::string>;
 
 } // namespace
@@ -128,8 +134,8 @@ TEST_F(RegistryNames, OfEveryKindComeBackAsTheyWere) {
     ASSERT_EQ(registry.EnumKeys("USER:Keys", keys), count);
     ASSERT_EQ(registry.EnumValues("USER:Values", values), count);
     for (int i = 0; i < count; ++i) {
-        EXPECT_TRUE(keys[i] == OString(names[i])) << Utf8(keys[i]);
-        EXPECT_TRUE(values[i] == OString(names[i])) << Utf8(values[i]);
+        EXPECT_TRUE(Has(keys, names[i])) << i;
+        EXPECT_TRUE(Has(values, names[i])) << i;
         const OString encoded = ORegistry::EncodeName(names[i]);
         EXPECT_EQ(registry.GetInt(OString("USER:Keys/") << encoded << "/" << encoded, -1), i);
     }
@@ -257,6 +263,7 @@ TEST_F(RegistryValues, AreNotCreatedByReading) {
 }
 
 TEST_F(RegistryEnumeration, ListsInTheOrderOfCreation) {
+    if (!ListsByCreation()) GTEST_SKIP() << kOtherOrder;
     for (const char* name : {"zeta", "Alpha", "mid"}) {
         registry.SetInt(OString("USER:E/") << name, 1);
         registry.SetInt(OString("USER:E/k-") << name << "/v", 1);

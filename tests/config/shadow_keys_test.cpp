@@ -198,8 +198,10 @@ TEST_F(ShadowKeyFailures, AreAServerThatIsGoneAndAUserWhoMayNotAdminister) {
     Share();
     const OBuffer<char> bytes = Packed({"[" DATA_KEY "\\Settings]", ""});
     Answer(bytes.GetSize(), bytes);
-    win32host::SetUser(
-        {u"gus", u"DESK7", u"DESK7", {{win32host::Group::Builtin, u"Users", u"", 545}}});
+    win32host::SetUser({TEXT("gus"),
+                        TEXT("DESK7"),
+                        TEXT("DESK7"),
+                        {{win32host::Group::Builtin, TEXT("Users"), TEXT(""), 545}}});
     prtreg guests_copy(kRemote);
     guests_copy.SetInt("Settings:v", 3);
     CreateShadow(kRemote);

@@ -1,5 +1,7 @@
 #include "support/host_test.h"
 
+#include <windows.h>
+
 #include <filesystem>
 #include <fstream>
 #include <iterator>
@@ -15,4 +17,19 @@ void HostTest::WriteFile(const std::string& windows_path, const std::string& byt
     fs::path path = OnDriveC(windows_path);
     fs::create_directories(path.parent_path());
     std::ofstream(path, std::ios::binary) << bytes;
+}
+
+bool HostTest::ListsByCreation() {
+    HKEY key = nullptr;
+    if (RegCreateKeyExW(HKEY_CURRENT_USER, TEXT("ListsByCreation"), 0, nullptr, 0, KEY_ALL_ACCESS,
+                        nullptr, &key, nullptr) != ERROR_SUCCESS)
+        return false;
+    for (const WCHAR* name : {TEXT("z"), TEXT("a")})
+        RegSetValueExW(key, name, 0, REG_BINARY, nullptr, 0);
+    WCHAR first[2] = {};
+    DWORD size = 2;
+    RegEnumValueW(key, 0, first, &size, nullptr, nullptr, nullptr, nullptr);
+    RegCloseKey(key);
+    RegDeleteKeyW(HKEY_CURRENT_USER, TEXT("ListsByCreation"));
+    return first[0] == 'z';
 }
