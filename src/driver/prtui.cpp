@@ -50,16 +50,22 @@ void prtui::InitEx() {
     AddBuiltInPresets();
     stocks.init(model.get());
     stocks.Load(model.get());
-    data_fonts.Load(model.get());
     restricted = UserInfo().GetLevel() < NetworkPolicy(model->GetPrinterName()).GetAccessLevel();
+    fonts.Load(model.get());
+    data_fonts.Load(model.get());
     start_on_last = locale.GetString(START_ON_LAST_PAGE) == "Y";
 }
+
+void prtui::ChooseFontSettings(CFontSettings*) {}
+
+void prtui::AdjustFontInfo(DownloadedFontInfo*) {}
 
 void prtui::Settings_Load() {
     if (!model) return;
     CreateShadow(PrinterInfo(hprinter).GetPrinterName());
     presets.Load(model.get());
     stocks.Load(model.get());
+    fonts.Load(model.get());
     data_fonts.Load(model.get());
 }
 
@@ -67,6 +73,7 @@ void prtui::Settings_Save() {
     if (!model) return;
     presets.Save(model.get());
     stocks.Save(model.get());
+    fonts.Save(model.get());
     data_fonts.Save(model.get());
     if (commit_shadow) CommitShadow(PrinterInfo(hprinter).GetPrinterName());
 }

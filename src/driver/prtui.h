@@ -8,6 +8,7 @@
 
 #include "config/settings_file.h"
 #include "fonts/data_font_manager.h"
+#include "fonts/prtdttf_list.h"
 #include "locale/prtlocale.h"
 #include "printer/cache_parameters.h"
 #include "printer/printer_action.h"
@@ -18,6 +19,7 @@
 
 class prtpage;
 class prtstream;
+struct CFontSettings;
 
 // Made by new_ext for one property sheet or one user of the settings interface, filled by init,
 // edited in place. Used on the thread that made it.
@@ -39,8 +41,13 @@ public:
     // keeps none.
     virtual void GetCacheParameters(CacheParameters& parameters) const;
 
+    // What the download of a font asks the user. Nothing is changed here: no printer language, no
+    // questions of its own.
+    virtual void ChooseFontSettings(CFontSettings* settings);
     // Whether what was downloaded to the printer can be compared with what it reports; here never.
     virtual bool EnableVerifyFonts(prtstream& stream);
+    // Completes what the user chose for a download.
+    virtual void AdjustFontInfo(DownloadedFontInfo* font);
 
     // ---- Actions: what the printer can be told to do. None without a model. `page` is the page
     // that asks, null outside of a sheet.
@@ -83,6 +90,7 @@ public:
     // The checksum of `devmode` at that time.
     uint32_t devmode_crc = 0;
 
+    prtdttf_list fonts;
     // With the two built-in presets, which have the current and the default settings.
     PresetList presets;
     StockList stocks;

@@ -14,3 +14,16 @@ void extui::InitEx() {
     stream = &stream_;
     stream->init(this);
 }
+
+OString extui::MemoryName(const OString& location) const {
+    constexpr struct {
+        char letter;
+        int text; // in the language library
+    } kNames[] = {{'R', 10430}, {'E', 10431}, {'B', 10432}, {'A', 10433}};
+    for (const auto& known : kNames) {
+        if (known.letter != *location.nstring()) continue;
+        const OString name = locale.GetString(known.text);
+        return name.IsEmpty() ? location : name;
+    }
+    return location;
+}

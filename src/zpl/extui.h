@@ -26,7 +26,16 @@ public:
     // there. Makes no job.
     void ClearCachedObjects(int32_t location);
 
+    // The user names the file, in the eight characters that a printer has for it, and chooses a
+    // memory; the model's default one comes first.
+    void ChooseFontSettings(CFontSettings* settings) override;
+    // Gives the file its ending and the font a letter that no other one of the printer's has. The
+    // list of fonts is read anew for that.
+    void AdjustFontInfo(DownloadedFontInfo* font) override;
+
 private:
+    // What the user knows a memory by, whose letter is given: that letter where there is no text.
+    OString MemoryName(const OString& location) const;
     // Whether the printer can cut and is not left to its own print mode.
     bool CanCut() const;
     // The configuration in a format of its own.

@@ -5,13 +5,6 @@
 
 namespace {
 
-// Names of memories in the language library.
-struct MemoryName {
-    char letter;
-    int text;
-};
-constexpr MemoryName kMemoryNames[] = {{'R', 10430}, {'E', 10431}, {'B', 10432}, {'A', 10433}};
-
 // The model is made by this driver, in which all are of the ZPL kind.
 const extmodel& ZplModel(const prtui& ui) {
     return static_cast<const extmodel&>(*ui.model);
@@ -28,9 +21,7 @@ void extui::GetCacheParameters(CacheParameters& parameters) const {
     ZplModel(*this).GetMemoryLocations(memories);
     for (int i = 0; i < memories.GetSize(); ++i) {
         const char letter = *memories[i].nstring();
-        OString name = memories[i];
-        for (const MemoryName& known : kMemoryNames)
-            if (known.letter == letter) name = locale.GetString(known.text);
+        const OString name = MemoryName(memories[i]);
         parameters.graphics_locations.Add(letter);
         parameters.graphics_location_names.Add(name);
         parameters.format_locations.Add(letter);

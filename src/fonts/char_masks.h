@@ -1,0 +1,19 @@
+// The sets of characters that a bitmap font can be limited to.
+#pragma once
+
+#include <cstdint>
+#include <span>
+
+struct CharMask {
+    uint16_t text;          // in the language library
+    uint32_t characters[8]; // as DownloadedFontInfo::characters
+};
+
+// The number of the set of all characters.
+inline constexpr uint16_t ALL_CHARACTERS = 1910;
+
+// In the order in which they are offered, the smallest first.
+std::span<const CharMask> CharMasks();
+
+// The set with this text; that of all characters for a number that is none.
+const CharMask& FindCharMask(uint16_t text);

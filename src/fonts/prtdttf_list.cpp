@@ -1,0 +1,78 @@
+#include "fonts/prtdttf_list.h"
+
+#include <algorithm>
+#include <memory>
+#include <new>
+
+#include "config/prtreg.h"
+#include "model/prtmodel.h"
+
+namespace {
+
+constexpr char kTotal[] = "Fonts:Downloaded Font Total";
+
+// No printer has room for more; a damaged total ends here.
+constexpr uint32_t kMostFonts = 999;
+
+OString PrefixOf(int index) {
+    return OString("Fonts:") << DownloadedFont::KeyName(index);
+}
+
+} // namespace
+
+ONode* prtdttf_list::NewNode() {
+    return new (std::nothrow) DownloadedFont;
+}
+
+DownloadedFont* prtdttf_list::GetNext(const DownloadedFont* font) const {
+    return static_cast<DownloadedFont*>(font ? font->ONode::GetNext() : GetHead());
+}
+
+void prtdttf_list::Load(const prtmodel* model) {
+    Clear();
+    prtreg registry(model->GetRegistry());
+    const auto total = static_cast<int>(std::min(registry.GetDWORD(kTotal, 0), kMostFonts));
+    for (int i = 1; i <= total; ++i) {
+        std::unique_ptr<DownloadedFont> font(new (std::nothrow) DownloadedFont);
+        if (!font || !font->Load(registry, PrefixOf(i))) continue;
+        if (font->status == DownloadedFont::PRESENT) font->status = DownloadedFont::SENT;
+        AddTail(font.release());
+    }
+}
+
+void prtdttf_list::Save(const prtmodel* model) const {
+    prtreg registry(model->GetRegistry());
+    int total = 0;
+    for (const DownloadedFont* font = GetNext(nullptr); font; font = GetNext(font))
+        font->Save(registry, PrefixOf(++total));
+    registry.SetDWORD(kTotal, static_cast<uint32_t>(total));
+}
+
+void prtdttf_list::SetAllNotPresent() {
+    for (DownloadedFont* font = GetNext(nullptr); font; font = GetNext(font))
+        font->status = DownloadedFont::MISSING;
+}
+
+bool prtdttf_list::UsesName(const OString& name) const {
+    for (const DownloadedFont* font = GetNext(nullptr); font; font = GetNext(font)) {
+        OString used = font->GetFileName();
+        const int dot = used.Find('.');
+        if (dot >= 0) used = OString(used.Left(dot).nstring());
+        used.TrimLeft(' ');
+        used.TrimRight(' ');
+        if (used == name) return true;
+    }
+    return false;
+}
+
+bool prtdttf_list::UsesIdentifier(char identifier) const {
+    for (const DownloadedFont* font = GetNext(nullptr); font; font = GetNext(font))
+        if (font->info.identifier[0] == identifier) return true;
+    return false;
+}
+
+DownloadedFont* prtdttf_list::FindIn(char location) const {
+    for (DownloadedFont* font = GetNext(nullptr); font; font = GetNext(font))
+        if (font->info.location[0] == location) return font;
+    return nullptr;
+}

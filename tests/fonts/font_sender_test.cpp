@@ -1,0 +1,187 @@
+// Fonts on their way to the printer, up to the jobs that wait in the spooler.
+#include "fonts/font_sender.h"
+
+#include <algorithm>
+#include <cstdio>
+#include <cstring>
+#include <memory>
+
+#include "core/fixed_text.h"
+#include "driver/prtui.h"
+#include "model/record_text.h"
+#include "printer/prtstream.h"
+#include "support/job_test.h"
+
+namespace {
+
+class FontSender : public JobTest {
+protected:
+    FontSender() {
+        Install(TEST_BINARY_DIR,
+                {.model = "Resolution=203\nStock.Default.X=4 in\nStock.Default.Y=6 in\n",
+                 .font = "Download.TrueType=yes\nDownload.Bitmap=yes\n"
+                         "Download.Bitmap.Orientation=0,90\n"});
+        ui_.reset(prtui::new_ext());
+        ui_->init(printer(), nullptr, 0);
+    }
+
+    static DownloadedFontInfo Font(uint16_t type, const char* characters) {
+        DownloadedFontInfo font;
+        font.type = type;
+        font.point_size = 120;
+        for (const char* c = characters; *c; ++c) font.characters[*c / 32] |= 1u << *c % 32;
+        SetRecordText(font.info.display_name, "Sans");
+        SetRecordText(font.info.file_name, "SANS.FNT");
+        font.info.location[0] = 'E';
+        font.info.identifier[0] = 'K';
+        PutFixedText(font.font.lfFaceName, "DejaVu Sans", LF_FACESIZE);
+        return font;
+    }
+
+    // The jobs of sending one font in one.
+    template <class Send>
+    std::string JobOf(DownloadedFont& font, Send send, bool sent = true) {
+        ui_->stream->StartJob("Font");
+        EXPECT_EQ(send(font, *ui_->stream), sent);
+        ui_->stream->EndJob();
+        const auto jobs = TakeJobs();
+        EXPECT_EQ(jobs.size(), 1u);
+        return jobs.empty() ? "" : jobs[0].bytes;
+    }
+
+    std::unique_ptr<prtui> ui_;
+};
+
+std::string Hex(const void* data, size_t size) {
+    std::string hex;
+    for (size_t i = 0; i < size; ++i) {
+        char digits[3];
+        std::snprintf(digits, sizeof digits, "%02X", static_cast<const unsigned char*>(data)[i]);
+        hex += digits;
+    }
+    return hex;
+}
+
+const std::string kNamed = "^XA^CWK,E:SANS.FNT^FS^XZ\r\n";
+
+} // namespace
+
+TEST_F(FontSender, SendsTheFileOfATrueTypeFont) {
+    DownloadedFont font(Font(DownloadedFont::TRUETYPE, ""));
+    const std::string job = JobOf(font, DownloadTTFFont);
+    const std::string head = "~DUE:SANS.FNT," + std::to_string(font.info.data_size) + ",";
+    EXPECT_EQ(job.substr(0, head.size()), head);
+    EXPECT_GT(font.info.data_size, 100000u);
+    EXPECT_EQ(job.size(), head.size() + 2 * font.info.data_size + 2 + kNamed.size());
+    EXPECT_EQ(job.substr(head.size(), 8), "00010000");
+    EXPECT_EQ(job.substr(job.size() - kNamed.size()), kNamed);
+    EXPECT_GT(font.info.max_char_width, font.info.ave_char_width);
+    EXPECT_EQ(font.info.height, font.info.ascent + font.info.descent);
+}
+
+TEST_F(FontSender, SendsPicturesInTheRotationsOfThePrinter) {
+    DownloadedFont font(Font(DownloadedFont::BITMAP, "iI~"));
+    const std::string job = JobOf(font, DownloadBitmapFont);
+    EXPECT_EQ(font.info.height - font.info.internal_leading, 120 * 203 / 720);
+    EXPECT_EQ(font.info.characters, 3u);
+
+    const size_t upright = job.find("~DBE:SANS.FNT,N,"), turned = job.find("~DBE:SANS.FNT,R,");
+    EXPECT_EQ(upright, 0u);
+    ASSERT_NE(turned, std::string::npos);
+    std::string codes;
+    for (size_t at = job.find('#'); at != std::string::npos; at = job.find('#', at + 1))
+        codes += job.substr(at + 1, 4) + (at > turned ? "r " : " ");
+    EXPECT_EQ(codes, "0049 0069 007E 0049r 0069r 007Er ");
+    EXPECT_EQ(job.substr(turned - kNamed.size(), kNamed.size()), kNamed);
+
+    uint32_t total = 0;
+    for (size_t at = job.find('#'); at != std::string::npos; at = job.find('#', at + 1)) {
+        unsigned code = 0, rows = 0, row_bytes = 0, advance = 0;
+        int read = 0;
+        ASSERT_EQ(std::sscanf(job.c_str() + at, "#%4X.%u.%u.0.0.%u.%n", &code, &rows, &row_bytes,
+                              &advance, &read),
+                  4);
+        EXPECT_EQ(rows, at > turned ? advance : font.info.height);
+        EXPECT_EQ(row_bytes, ((at > turned ? font.info.height : advance) + 7) / 8);
+        const std::string picture =
+            job.substr(at + static_cast<size_t>(read), 2 * rows * row_bytes);
+        EXPECT_EQ(picture.find_first_not_of("0123456789ABCDEF"), std::string::npos);
+        EXPECT_NE(picture.find_first_not_of('0'), std::string::npos) << "there is ink";
+        total += rows * row_bytes;
+    }
+    EXPECT_EQ(font.info.data_size, total);
+}
+
+TEST_F(FontSender, SendsNothingOfWhatItCannotHave) {
+    DownloadedFont none(Font(DownloadedFont::BITMAP, ""));
+    EXPECT_EQ(JobOf(none, DownloadBitmapFont, false).find('#'), std::string::npos);
+    DownloadedFont letter(Font(DownloadedFont::BITMAP, "A"));
+    EXPECT_FALSE(DownloadBitmapFont(letter, *ui_->stream)) << "without a job";
+    Replace({.model = "Resolution=203\n",
+             .font = "Download.Bitmap=yes\n"
+                     "Download.Bitmap.Orientation=90\n"});
+    ui_->model = Model();
+    EXPECT_EQ(JobOf(letter, DownloadBitmapFont).find(",N,"), std::string::npos);
+}
+
+TEST_F(FontSender, SendsAgainWhatMayBeMissing) {
+    prtdttf_list fonts;
+    for (const uint16_t status :
+         {DownloadedFont::SENT, DownloadedFont::PRESENT, DownloadedFont::MISSING}) {
+        auto* font = new DownloadedFont(Font(DownloadedFont::BITMAP, "A"));
+        font->status = status;
+        SetRecordText(font->info.display_name,
+                      std::string(1, static_cast<char>('a' + status)).c_str());
+        fonts.AddTail(font);
+    }
+    ReDownloadAll(fonts, *ui_->stream, ui_->model.get());
+    std::string names;
+    for (const auto& job : TakeJobs()) {
+        names += job.name;
+        EXPECT_EQ(job.bytes.substr(0, 4), "~DBE");
+    }
+    EXPECT_EQ(names, "ac");
+    ui_->Settings_Load();
+    std::string statuses;
+    for (auto* font = ui_->fonts.GetNext(nullptr); font; font = ui_->fonts.GetNext(font))
+        statuses += static_cast<char>('0' + font->status);
+    EXPECT_EQ(statuses, "000");
+}
+
+TEST_F(FontSender, ErasesAFontInAJobOfItsOwn) {
+    DownloadedFont font(Font(DownloadedFont::TRUETYPE, ""));
+    font.Erase(ui_->stream);
+    EXPECT_EQ(TakeJobs(), (std::vector<PrintedJob>{{"Delete Font", "^XA^IDE:SANS.FNT^FS^XZ\r\n"}}));
+}
+
+TEST(BitmapCharacters, AreUprightOrTurnedClockwise) {
+    // An L of 10 by 3 pixels; its foot is on the right. Clear bits are ink; a row has 4 bytes.
+    const unsigned char bits[] = {0x7F, 0xFF, 0, 0, 0x7F, 0xFF, 0, 0, 0x00, 0x3F, 0, 0};
+    const GlyphPicture picture = {bits, 10, 3, 4};
+    const struct {
+        int advance;
+        uint16_t rotation;
+        const char* record; // from the code to the bytes of a row
+        const char* rows;
+    } cases[] = {
+        {10, 0, "4C000A00030002000000060003000200", "80008000FFC0"},
+        {3, 0, "4C000300030002000000030003000100", "8080E0"},
+        {8, 0, "4C000800030002000000030003000100", "8080FF"},
+        {12, 0, "4C000C00030002000000060003000200", "80008000FFC0"},
+        {10, 1, "4C000A000300020001000A000A000100", "E0808080808080808080"},
+        {12, 1, "4C000C000300020001000C000C000100",
+         "E080808080808080808000"
+         "00"},
+        {0, 0, "4C000000030002000000000003000000", ""},
+    };
+    for (const auto& c : cases) {
+        const auto glyph = BitmapCharacter('L', picture, c.advance, 2, c.rotation);
+        ASSERT_GE(glyph.GetSize(), 16u);
+        EXPECT_EQ(Hex(glyph.GetData(), 16), c.record) << c.advance;
+        EXPECT_EQ(Hex(glyph.GetData() + 16, glyph.GetSize() - 16), c.rows) << c.advance;
+    }
+    const std::vector<unsigned char> tall(2 * 24);
+    const auto glyph = BitmapCharacter('T', {tall.data(), 10, 24, 2}, 10, 20, 0);
+    EXPECT_EQ(glyph.GetSize(), 16u + 48);
+    EXPECT_EQ(BitmapCharacter('L', picture, 200000, 2, 0).GetSize(), 0u) << "too large to tell";
+}
