@@ -58,6 +58,10 @@ void prtui::InitEx() {
 
 void prtui::ChooseFontSettings(CFontSettings*) {}
 
+bool prtui::VerifyFonts(prtpage*) {
+    return false;
+}
+
 void prtui::AdjustFontInfo(DownloadedFontInfo*) {}
 
 void prtui::Settings_Load() {

@@ -44,6 +44,10 @@ public:
     // What the download of a font asks the user. Nothing is changed here: no printer language, no
     // questions of its own.
     virtual void ChooseFontSettings(CFontSettings* settings);
+    // Asks the printer which fonts it has and marks the list by that. `page` is the page that asks,
+    // null outside of a sheet. False, and all are marked as missing, when the printer cannot be
+    // asked; here always, with the list as it was.
+    virtual bool VerifyFonts(prtpage* page);
     // Whether what was downloaded to the printer can be compared with what it reports; here never.
     virtual bool EnableVerifyFonts(prtstream& stream);
     // Completes what the user chose for a download.

@@ -137,8 +137,9 @@ OBuffer<unsigned char> BitmapCharacter(unsigned char character, const GlyphPictu
     const int width = rotation ? picture.height : columns;
     const int rows = rotation ? columns : picture.height;
     const int row_bytes = (width + 7) / 8;
-    const auto size = static_cast<uint64_t>(row_bytes) * static_cast<uint64_t>(rows);
-    if (size > UINT16_MAX || rows > UINT16_MAX || columns > UINT16_MAX ||
+    if (rows > UINT16_MAX || columns > UINT16_MAX || row_bytes > UINT16_MAX) return glyph;
+    const size_t size = static_cast<size_t>(row_bytes) * static_cast<size_t>(rows);
+    if (size > UINT16_MAX ||
         !glyph.SetSize(static_cast<uint32_t>(sizeof(KVDownloadBitmapChar) + size)))
         return glyph;
     const KVDownloadBitmapChar record = {

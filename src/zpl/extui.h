@@ -29,6 +29,7 @@ public:
     // The user names the file, in the eight characters that a printer has for it, and chooses a
     // memory; the model's default one comes first.
     void ChooseFontSettings(CFontSettings* settings) override;
+    bool VerifyFonts(prtpage* page) override;
     // Gives the file its ending and the font a letter that no other one of the printer's has. The
     // list of fonts is read anew for that.
     void AdjustFontInfo(DownloadedFontInfo* font) override;

@@ -4,10 +4,13 @@
 #include "zpl/extmodel.h"
 #include "zpl/extui.h"
 #include "zpl/font_files.h"
+#include "zpl/zpl_query.h"
 
 namespace {
 
 constexpr char kEnding[] = ".FNT";
+
+constexpr int UNKNOWN_FONT = 10530; // text in the language library
 
 constexpr int kLongestName = 8;
 
@@ -30,6 +33,14 @@ void extui::ChooseFontSettings(CFontSettings* settings) {
     zpl.GetMemoryLocations(locations);
     for (int i = 0; i < locations.GetSize(); ++i)
         if (!(locations[i] == first)) add(locations[i]);
+}
+
+bool extui::VerifyFonts(prtpage*) {
+    fonts.SetAllNotPresent();
+    ZPLQuery query(nullptr, &stream_);
+    if (!query.RunQuery(ZPLQuery::FONT_FILES)) return false;
+    MatchFontFiles(query.files, locale.GetString(UNKNOWN_FONT), fonts);
+    return true;
 }
 
 void extui::AdjustFontInfo(DownloadedFontInfo* font) {

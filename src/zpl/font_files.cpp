@@ -27,7 +27,6 @@ char FreeFontIdentifier(const prtdttf_list& fonts) {
 }
 
 void MatchFontFiles(const OStringArray& files, const OString& name, prtdttf_list& fonts) {
-    fonts.SetAllNotPresent();
     for (int i = 0; i < files.GetSize(); ++i) {
         OStringArray fields;
         fields.Split(files[i], ";");

@@ -9,7 +9,7 @@
 char FreeFontIdentifier(const prtdttf_list& fonts);
 
 // Compares the list with the fonts that the printer has ("E:ARIAL.FNT;1234;P", see ReadFileList):
-// those that are found are marked as present, the others as missing. Fonts that are not listed are
-// added under the display name `name`, except those that the printer is made with (device Z). An
-// entry with fewer than three fields ends the files.
+// those that are found are marked as present, the others stay as they are. Fonts that are not
+// listed are added under the display name `name`, except those that the printer is made with
+// (device Z). An entry with fewer than three fields ends the files.
 void MatchFontFiles(const OStringArray& files, const OString& name, prtdttf_list& fonts);

@@ -43,6 +43,7 @@ TEST(FontFileLists, TellWhatIsPresentAndAddWhatIsNew) {
     for (const char* file : {"E:Arial.fnt;100;  ", "Z:A.FNT;20;0  ", "B:NEW.FNT;4711;Q1 ",
                              "b:new.FNT;4711;Q1 ", "R:SHORT.FNT;1", "R:ARIAL.FNT;100;  "})
         files.Add(file);
+    fonts.SetAllNotPresent();
     MatchFontFiles(files, "Unknown", fonts);
     std::string all;
     for (auto* font = fonts.GetNext(nullptr); font; font = fonts.GetNext(font))
@@ -89,4 +90,8 @@ TEST_F(FontFiles, GoWhereTheUserChoosesUnderALetterOfTheirOwn) {
         EXPECT_EQ(Text(font.GetFileName()), c.file);
         EXPECT_STREQ(font.info.identifier, "K");
     }
+
+    EXPECT_FALSE(ui->VerifyFonts(nullptr)) << "nobody answers";
+    for (auto* font = ui->fonts.GetNext(nullptr); font; font = ui->fonts.GetNext(font))
+        EXPECT_EQ(font->status, DownloadedFont::MISSING);
 }
