@@ -88,9 +88,10 @@ std::optional<NetworkPort> NetworkPortNamed(const WideString& port) {
 
 MonitoredPrinter::MonitoredPrinter(const WideString& name) {
     WideString opened = name;
-    for (const ACCESS_MASK access :
-         {PRINTER_ACCESS_USE | PRINTER_ACCESS_ADMINISTER, PRINTER_ACCESS_USE}) {
-        PRINTER_DEFAULTSW defaults = {nullptr, nullptr, static_cast<ACCESS_MASK>(access)};
+    constexpr ACCESS_MASK kWishes[] = {PRINTER_ACCESS_USE | PRINTER_ACCESS_ADMINISTER,
+                                       PRINTER_ACCESS_USE};
+    for (const ACCESS_MASK access : kWishes) {
+        PRINTER_DEFAULTSW defaults = {nullptr, nullptr, access};
         if (OpenPrinterW(opened.data(), &handle_, &defaults)) break;
         handle_ = nullptr;
     }
