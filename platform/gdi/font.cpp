@@ -7,6 +7,7 @@
 #include FT_TRUETYPE_TABLES_H
 
 #include <algorithm>
+#include <cstddef>
 #include <cstdlib>
 
 namespace win32host {
@@ -222,7 +223,7 @@ bool Font::DrawText(Bitmap& bitmap, int x, int y, const std::u16string& text) {
             const FT_GlyphSlot slot = face_->glyph;
             const FT_Bitmap& image = slot->bitmap;
             for (int row = 0; row < static_cast<int>(image.rows); ++row) {
-                const unsigned char* bits = image.buffer + row * image.pitch;
+                const unsigned char* bits = image.buffer + ptrdiff_t{row} * image.pitch;
                 for (int column = 0; column < static_cast<int>(image.width); ++column)
                     if (bits[column / 8] & (0x80 >> column % 8))
                         bitmap.Set(x + slot->bitmap_left + column,
