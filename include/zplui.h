@@ -98,10 +98,10 @@ ZPLUI_API LONG WINAPI DrvDocumentPropertySheets(PPROPSHEETUI_INFO info, LPARAM p
 //   PRINTER_EVENT_INITIALIZE       the printer was added, or has got this driver: its default
 //                                  DEVMODE is brought into the driver's layout and the model's
 //                                  limits, its driver settings into their first state, and the
-//                                  presets and stocks of the driver's default settings file are
-//                                  added, in place of those of the same names; the model's plug and
-//                                  play identifiers are recorded. FALSE when the printer cannot be
-//                                  opened with full access
+//                                  data fonts, presets and stocks of the driver's default settings
+//                                  file are added, in place of those of the same names; the model's
+//                                  plug and play identifiers are recorded. FALSE when the printer
+//                                  cannot be opened with full access
 //   PRINTER_EVENT_ADD_CONNECTION   a user has connected to the printer: the same without the
 //                                  DEVMODE. TRUE also when the printer cannot be opened
 //

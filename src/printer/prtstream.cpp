@@ -177,6 +177,7 @@ void prtstream::DownloadFont(const KVFontInfo& font) {
 
 void prtstream::DownloadFontData(const char* data, uint32_t count) {
     const auto announced = static_cast<uint16_t>(count);
+    if (count > UINT32_MAX - sizeof announced) return; // the block's size would wrap around
     OBuffer<char> block(sizeof announced + count);
     if (!block.GetData()) return;
     std::memcpy(block.GetData(), &announced, sizeof announced);

@@ -184,6 +184,7 @@ TEST_F(OutputStream, DownloadsFonts) {
     send(KVFontInfo::BEGIN_TRUETYPE);
     stream_.DownloadFontData("\x01\xAB", 2);
     stream_.DownloadFontData("\xFF", 1);
+    stream_.DownloadFontData("", UINT32_MAX); // no block can hold that: nothing is read or sent
     send(KVFontInfo::END_TRUETYPE);
     send(KVFontInfo::FINISH);
     stream_.EndJob();
