@@ -212,15 +212,15 @@ ZPLUI_API BOOL WINAPI DAL_Action_Run(HANDLE settings, int action, LPCWSTR file);
 #define DAL_ANSWER_FILE 1          // "E:LOGO.GRF;1234;P": device and name, bytes, flags
 #define DAL_ANSWER_CONFIGURATION 2 // "PRINT WIDTH@832": what it is, and its value
 
-// Is told one answer. `context` is the caller's; `name` is null unless it is a property's. The texts
-// are good during the call only.
+// Is told one answer. `context` is the caller's; `name` is null unless it is a property's. The
+// texts are good during the call only.
 typedef void(WINAPI* DAL_QUERY_ANSWER)(void* context, int kind, const WCHAR* name,
                                        const WCHAR* value);
 
 // Asks the printer and hands over what it answered: properties, then files, then configuration. It
-// takes a job of the printer's and the status monitor beside this module, and waits for the printer.
-// FALSE, without any answer, when `questions` or `answer` is 0 or the printer cannot be asked; a
-// question that was not answered, or not so that it can be understood, is left out.
+// takes a job of the printer's and the status monitor beside this module, and waits for the
+// printer. FALSE, without any answer, when `questions` or `answer` is 0 or the printer cannot be
+// asked; a question that was not answered, or not so that it can be understood, is left out.
 ZPLUI_API BOOL WINAPI DAL_Query_Run(HANDLE settings, int questions, DAL_QUERY_ANSWER answer,
                                     void* context);
 
