@@ -137,6 +137,62 @@ struct OFSTRUCT {
 using LPOFSTRUCT = OFSTRUCT*;
 static_assert(sizeof(OFSTRUCT) == 136);
 
+// How a serial port is set up.
+struct DCB {
+    DWORD DCBlength;
+    DWORD BaudRate;
+    DWORD fBinary : 1;
+    DWORD fParity : 1;
+    DWORD fOutxCtsFlow : 1; // waits for CTS, for DSR
+    DWORD fOutxDsrFlow : 1;
+    DWORD fDtrControl : 2;
+    DWORD fDsrSensitivity : 1;
+    DWORD fTXContinueOnXoff : 1;
+    DWORD fOutX : 1; // waits while Xoff was received; sends Xoff when its own buffer is full
+    DWORD fInX : 1;
+    DWORD fErrorChar : 1;
+    DWORD fNull : 1;
+    DWORD fRtsControl : 2;
+    DWORD fAbortOnError : 1;
+    DWORD fDummy2 : 17;
+    WORD wReserved;
+    WORD XonLim;
+    WORD XoffLim;
+    BYTE ByteSize; // data bits
+    BYTE Parity;
+    BYTE StopBits;
+    char XonChar;
+    char XoffChar;
+    char ErrorChar;
+    char EofChar;
+    char EvtChar;
+    WORD wReserved1;
+};
+static_assert(sizeof(DCB) == 28);
+
+#define NOPARITY 0
+#define ODDPARITY 1
+#define EVENPARITY 2
+#define MARKPARITY 3
+#define SPACEPARITY 4
+#define ONESTOPBIT 0
+#define ONE5STOPBITS 1
+#define TWOSTOPBITS 2
+#define RTS_CONTROL_HANDSHAKE 2
+
+struct COMMCONFIG {
+    DWORD dwSize;
+    WORD wVersion;
+    WORD wReserved;
+    DCB dcb;
+    DWORD dwProviderSubType;
+    DWORD dwProviderOffset;
+    DWORD dwProviderSize;
+    WCHAR wcProviderData[1];
+};
+using LPCOMMCONFIG = COMMCONFIG*;
+static_assert(sizeof(COMMCONFIG) == 52);
+
 #pragma GCC visibility push(default)
 extern "C" {
 
@@ -272,6 +328,17 @@ HRSRC WINAPI FindResourceExW(HMODULE module, LPCWSTR type, LPCWSTR name, WORD la
 HGLOBAL WINAPI LoadResource(HMODULE module, HRSRC resource);
 LPVOID WINAPI LockResource(HGLOBAL resource);
 DWORD WINAPI SizeofResource(HMODULE module, HRSRC resource);
+
+// ---- Serial ports and programs ------------------------------------------------------------------
+
+// How the user has set up a serial port ("COM1"). `*size` is the room in `config` and receives what
+// it takes. FALSE with ERROR_INSUFFICIENT_BUFFER when that is more, with ERROR_FILE_NOT_FOUND for a
+// port that there is not.
+BOOL WINAPI GetDefaultCommConfigW(LPCWSTR name, LPCOMMCONFIG config, LPDWORD size);
+
+// Runs a program: greater than 31, or an error code. On this host there is one, rundll32.exe, and
+// what it is told to call runs before the function comes back.
+UINT WINAPI WinExec(LPCSTR command_line, UINT show);
 
 } // extern "C"
 #pragma GCC visibility pop

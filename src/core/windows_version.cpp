@@ -23,3 +23,7 @@ bool IsWindowsNT4() {
     return version.dwPlatformId == VER_PLATFORM_WIN32_NT && version.dwMajorVersion == 4 &&
            version.dwMinorVersion == 0;
 }
+
+uint32_t WindowsMajorVersion() {
+    return Version().dwMajorVersion;
+}

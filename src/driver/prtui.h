@@ -64,6 +64,12 @@ public:
     // What the user knows an action by; empty for one that has no name.
     virtual OString PrinterActionName(printer_action action);
 
+    // Starts the status monitor's program, which opens or closes its window for a printer (`verb`
+    // "open" or "close"); `server` is the name of the machine that the printer belongs to, empty
+    // for this one. Not waited for; that it cannot be started is not reported.
+    static void rundll_statusmonitor(const OString& printer, const OString& server,
+                                     const OString& verb, int show);
+
     // Sends a file (Windows path) as it is, in a job of its name; an empty job when it cannot be
     // read.
     void SendFile(const OString& path);

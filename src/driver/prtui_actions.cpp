@@ -1,4 +1,5 @@
 // What every printer can be told to do.
+#include "driver/driver_utility.h"
 #include "driver/prtui.h"
 #include "printer/prtstream.h"
 
@@ -82,4 +83,14 @@ void prtui::SendFile(const OString& path) {
     stream->StartJob(path.FilePart());
     stream->write_file(path);
     stream->EndJob();
+}
+
+void prtui::rundll_statusmonitor(const OString& printer, const OString& server, const OString& verb,
+                                 int show) {
+    OString command = "rundll32.exe ";
+    command << DriverUtility::GetDriverDirectory() << "\\qstmon.dll,StatusMonitor " << verb
+            << " \"";
+    if (!server.IsEmpty()) command << "\\\\" << server << "\\";
+    command << printer << "\"";
+    WinExec(command.nstring(), static_cast<UINT>(show));
 }

@@ -96,5 +96,15 @@ struct ShownMessageBox {
 // The boxes shown since the last call, oldest first.
 std::vector<ShownMessageBox> TakeMessageBoxes();
 
+// ---- Programs -----------------------------------------------------------------------------------
+
+struct StartedProgram {
+    std::string command_line;
+    UINT show;
+};
+
+// What WinExec was told to run since the last call, oldest first.
+std::vector<StartedProgram> TakeStartedPrograms();
+
 } // namespace win32host
 #pragma GCC visibility pop
