@@ -2,6 +2,7 @@
 #include "qstmon/command_line.h"
 #include "qstmon/printer_port.h"
 #include "qstmon/qstmon.h"
+#include "qstmon/shadow_server.h"
 #include "qstmon/xpml.h"
 
 #include <cstring>
@@ -82,6 +83,8 @@ Reply Answer(const WideString& printer_name, const std::string& name) {
     const bool monitoring = Asks(name, "Monitoring Supported");
     const bool sharing = Asks(name, "Network Sharing");
     if (!xpml && !monitoring && !sharing) return std::nullopt;
+    if (const auto number = AnswerShadowRequest(printer_name.c_str(), name))
+        return std::string(reinterpret_cast<const char*>(&*number), sizeof *number);
     const MonitoredPrinter printer(printer_name);
     if (!printer.IsOpen()) return std::nullopt;
     if (xpml) return AnswerDocument(printer, name);

@@ -25,6 +25,9 @@ QSTMON_API int WINAPI Query(HWND parent, LPSTR command_line);
 //   <xpml><port action='get' name='type'/>...     facts about the port: type, bidirectional,
 //                                                 ip_address, monitor_name, description, protocol
 //   <xpml><printer name='NAME'/>...               that the monitor knows the printer
+//   <xpml><registry action='export'...           how much is new in the printer's shared settings
+//   <xpml><registry action='import'...           that a client's are to be taken over: 4 bytes
+//                                                each, see shadow_server.h
 //   Monitoring Supported and a number             one byte, 1 when the printer can be monitored
 //   Network Sharing and a number                  one byte, 1 when the printer's settings are
 //                                                 shared with those who connect to it

@@ -156,7 +156,7 @@ TEST_F(QueriesThreads, KnowAboutThePort) {
         {port("description"), "Standard TCP/IP Port", "nothing"},
         {port("colour"), "nothing", "nothing"},
         {"<xpml><printer name='Net'/><tick count='1'/></xpml>", "\1", "\1"},
-        {"<xpml><registry action='import' name='Net' tick='1'></registry></xpml>", "nothing",
+        {"<xpml><registry action='delete' name='Net' tick='1'></registry></xpml>", "nothing",
          "nothing"},
         {"Monitoring Supported4711", "\1", ""},
         {"Monitoring Supported", "nothing", "nothing"},
