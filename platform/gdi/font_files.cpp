@@ -85,10 +85,14 @@ FoundFace FindFace(const LOGFONTW& description) {
         found.face = nullptr;
         return found;
     }
-    found.lacks_weight = description.lfWeight >= 600 &&
-                         Number(match, FC_WEIGHT, FC_WEIGHT_NORMAL) < FC_WEIGHT_DEMIBOLD;
-    found.lacks_slant =
-        description.lfItalic && Number(match, FC_SLANT, FC_SLANT_ROMAN) == FC_SLANT_ROMAN;
+    // The match says what is shown in the end: fontconfig's rules count a face as bold or slanted
+    // that has yet to be made so.
+    FcBool embolden = FcFalse;
+    FcPatternGetBool(match.get(), FC_EMBOLDEN, 0, &embolden);
+    found.lacks_weight =
+        description.lfWeight >= 600 &&
+        (embolden || Number(match, FC_WEIGHT, FC_WEIGHT_NORMAL) < FC_WEIGHT_DEMIBOLD);
+    found.lacks_slant = description.lfItalic && !(found.face->style_flags & FT_STYLE_FLAG_ITALIC);
     return found;
 }
 
