@@ -195,9 +195,9 @@ TEST(DevModeSettings, AreNeutralWithoutBufferOrConfiguration) {
     ForeignDevMode foreign(220, 0);
     foreign->dmFields = DM_COPIES;
     foreign->dmCopies = 3;
-    ForeignDevMode stub(0, 0);
+    ForeignDevMode nothing(0, 0);
     for (DEVMODEW* buffer :
-         {static_cast<DEVMODEW*>(nullptr), foreign.dev_mode(), stub.dev_mode()}) {
+         {static_cast<DEVMODEW*>(nullptr), foreign.dev_mode(), nothing.dev_mode()}) {
         DevMode mode(buffer);
         mode.SetPresetCRC32(5);
         mode.SetMirror(true);

@@ -1,7 +1,6 @@
 // A printer's stocks: order, storage, exchange and what the system sees of them.
 #include "settings/stock_list.h"
 
-#include <fstream>
 #include <iterator>
 #include <new>
 #include <random>
@@ -50,8 +49,7 @@ protected:
         file.SetCodePage(1208);
         list_.Export(file);
         file.Close();
-        std::ifstream in(OnDriveC("out.kds"), std::ios::binary);
-        return {std::istreambuf_iterator<char>(in), {}};
+        return BytesOf(OnDriveC("out.kds"));
     }
 
     int Imported(const std::string& bytes, bool binary = false) {
@@ -329,10 +327,10 @@ TEST_F(Stocks, AreFoundByWhatADevModeSays) {
         EXPECT_EQ(found->length, found->is_user() ? 152400 : 25000) << c.what;
     }
     EXPECT_EQ(list_.Find(static_cast<const DEVMODEW*>(nullptr)), nullptr);
-    ForeignDevMode stub(0, 0);
-    EXPECT_EQ(list_.Find(stub.dev_mode()), list_.GetNext(nullptr));
+    ForeignDevMode nothing(0, 0);
+    EXPECT_EQ(list_.Find(nothing.dev_mode()), list_.GetNext(nullptr));
     list_.Clear();
-    EXPECT_EQ(list_.Find(stub.dev_mode()), nullptr);
+    EXPECT_EQ(list_.Find(nothing.dev_mode()), nullptr);
 }
 
 TEST_F(Stocks, AreTheSystemsFormsWhenTheyAreValid) {
