@@ -9,6 +9,8 @@ using Words = std::vector<std::string>;
 
 void InstallCommand(const Words& words);
 void RemoveCommand(const Words& words);
+void ConnectCommand(const Words& words);
+void DisconnectCommand(const Words& words);
 void ListCommand(const Words& words);
 void ModelsCommand(const Words& words);
 void CapabilitiesCommand(const Words& words);

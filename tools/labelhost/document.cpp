@@ -5,6 +5,7 @@
 #include "dev_mode_fields.h"
 #include "fault.h"
 #include "json.h"
+#include "preset.h"
 #include "printer.h"
 #include "text.h"
 
@@ -95,15 +96,20 @@ void Print(const Json& answer) {
 } // namespace
 
 void DocumentCommand(const Words& words) {
-    const Arguments arguments(words, {"in", "out", "set"}, {"json"});
-    arguments.RequireCount(
-        1, 1, "document PRINTER [--in FILE] [--out FILE] [--set FIELD=VALUE ...] [--json]");
+    const Arguments arguments(words, {"in", "preset", "out", "save-preset", "set"}, {"json"});
+    const std::string usage =
+        "document PRINTER [--in FILE | --preset NAME] [--set FIELD=VALUE ...] [--out FILE] "
+        "[--save-preset NAME] [--json]";
+    arguments.RequireCount(1, 1, usage);
+    if (arguments.Has("in") && arguments.Has("preset"))
+        throw UsageFault("usage: labelhost " + usage);
     const std::string& name = arguments[0];
     const OpenedPrinter printer(name, PRINTER_ACCESS_USE);
 
     DevModeBytes settings = [&] {
-        if (!arguments.Has("in")) return Made(printer, name, nullptr);
-        DevModeBytes input = DevModeBytes::ReadFrom(arguments.Get("in", ""));
+        if (!arguments.Has("in") && !arguments.Has("preset")) return Made(printer, name, nullptr);
+        DevModeBytes input = arguments.Has("in") ? DevModeBytes::ReadFrom(arguments.Get("in", ""))
+                                                 : PresetOf(name, arguments.Get("preset", ""));
         return Made(printer, name, &input);
     }();
     const std::vector<std::string> edits = arguments.All("set");
@@ -111,6 +117,7 @@ void DocumentCommand(const Words& words) {
     if (!edits.empty()) settings = Made(printer, name, &settings);
 
     if (arguments.Has("out")) settings.WriteTo(arguments.Get("out", ""));
+    if (arguments.Has("save-preset")) SavePreset(name, arguments.Get("save-preset", ""), settings);
     const Json answer = {{"printer", name},
                          {"bytes", settings.bytes().size()},
                          {"public", PublicFields(settings)},

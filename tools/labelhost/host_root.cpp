@@ -13,7 +13,7 @@ void UseRoot(const std::string& folder) {
     if (error || !std::filesystem::is_directory(folder, error))
         throw Fault("cannot use '" + folder +
                     "' as the root folder: " + (error ? error.message() : "not a folder"));
-    win32host::SetRoot(folder);
+    win32host::SetRoot(std::filesystem::absolute(folder).string());
 }
 
 std::string OwnPath(const std::string& windows_path) {

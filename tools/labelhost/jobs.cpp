@@ -7,6 +7,8 @@
 #include "text.h"
 
 #include <cstdio>
+#include <fstream>
+#include <iterator>
 
 namespace {
 
@@ -66,16 +68,44 @@ void SetJob(const OpenedPrinter& printer, const Arguments& arguments, const char
                           GetLastError());
 }
 
+// Sixteen bytes a line: where they are, their values, and the characters among them.
+void PrintBytes(const std::vector<BYTE>& bytes) {
+    for (size_t at = 0; at < bytes.size(); at += 16) {
+        std::string values, characters;
+        for (size_t i = at; i < at + 16 && i < bytes.size(); ++i) {
+            values += ToHex({bytes[i]}) + ' ';
+            characters += bytes[i] >= 0x20 && bytes[i] < 0x7F ? static_cast<char>(bytes[i]) : '.';
+        }
+        std::printf("%08zx  %-48s |%s|\n", at, values.c_str(), characters.c_str());
+    }
+}
+
+void ShowJob(const Json& jobs, DWORD id) {
+    for (const Json& job : jobs) {
+        if (job["id"] != id) continue;
+        const auto path = job["file"].get<std::string>();
+        std::ifstream file(path, std::ios::binary);
+        if (!file) throw FileFault("cannot read job", path);
+        PrintBytes(std::vector<BYTE>(std::istreambuf_iterator<char>(file), {}));
+        return;
+    }
+    throw Fault("there is no job " + std::to_string(id));
+}
+
 } // namespace
 
 void JobsCommand(const Words& words) {
-    const Arguments arguments(words, {"restart", "delete"}, {"json"});
-    arguments.RequireCount(1, 1, "jobs PRINTER [--restart ID] [--delete ID] [--json]");
+    const Arguments arguments(words, {"show", "restart", "delete"}, {"json"});
+    arguments.RequireCount(1, 1, "jobs PRINTER [--show ID] [--restart ID] [--delete ID] [--json]");
     const PrinterFacts facts = FactsOf(arguments[0]);
     const OpenedPrinter printer(arguments[0], PRINTER_ACCESS_USE);
     SetJob(printer, arguments, "restart", JOB_CONTROL_RESTART);
     SetJob(printer, arguments, "delete", JOB_CONTROL_DELETE);
     const Json jobs = JobsOf(printer, arguments[0], SpoolFolder(facts));
+    if (arguments.Has("show")) {
+        ShowJob(jobs, arguments.Number("show", 0xFFFFFFFF, 0));
+        return;
+    }
     if (arguments.Has("json")) {
         PrintJson(jobs);
         return;

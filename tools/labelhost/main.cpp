@@ -21,6 +21,11 @@ constexpr Command kCommands[] = {
      "install PRINTER --model NAME [--oem CODE] [--port PORT] [--product DIR]\n"
      "                    add a printer with its driver"},
     {"remove", RemoveCommand, "remove PRINTER        delete a printer"},
+    {"connect", ConnectCommand,
+     "connect \\\\SERVER\\PRINTER [--server DIR]\n"
+     "                    use a printer of another machine, whose root folder is DIR"},
+    {"disconnect", DisconnectCommand,
+     "disconnect \\\\SERVER\\PRINTER\n                    use it no longer"},
     {"list", ListCommand, "list                  the installed printers"},
     {"models", ModelsCommand,
      "models [--product DIR]\n                    the printers that can be installed"},
@@ -30,7 +35,8 @@ constexpr Command kCommands[] = {
      "dither IN OUT [--algorithm N] [--color-mode N] [--brightness N] ...\n"
      "                    bring a PNG picture to a label printer's few colours"},
     {"document", DocumentCommand,
-     "document PRINTER [--in FILE] [--out FILE] [--set FIELD=VALUE ...]\n"
+     "document PRINTER [--in FILE | --preset NAME] [--set FIELD=VALUE ...]\n"
+     "         [--out FILE] [--save-preset NAME]\n"
      "                    the document settings that the driver makes; FILE holds a DEVMODE"},
     {"convert", ConvertCommand,
      "convert PRINTER IN OUT --mode MODE [--out-size BYTES]\n"
@@ -38,8 +44,9 @@ constexpr Command kCommands[] = {
     {"upgrade", UpgradeCommand,
      "upgrade PRINTER       have the driver bring a printer of an older version up to date"},
     {"jobs", JobsCommand,
-     "jobs PRINTER [--restart ID] [--delete ID]\n"
-     "                    what waits in the spooler; send a job again or delete it"},
+     "jobs PRINTER [--show ID] [--restart ID] [--delete ID]\n"
+     "                    what waits in the spooler; show a job's bytes, send it again or delete "
+     "it"},
     {"settings", SettingsCommand,
      "settings export|import PRINTER FILE [--only LIST]\n"
      "                    settings files; LIST of stocks,presets,barcode-fonts,rfid-fonts,options"},

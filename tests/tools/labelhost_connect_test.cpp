@@ -1,0 +1,154 @@
+// labelhost connect: two machines that share a printer and its settings.
+
+#include "tools/labelhost_fixture.h"
+
+#include <filesystem>
+
+#include "config/prtreg.h"
+
+namespace {
+
+namespace fs = std::filesystem;
+
+const std::string kPrinter = "\\\\SRV1\\Dock";
+const std::string kData = "HKLM\\SYSTEM\\CurrentControlSet\\Control\\Print\\Printers\\Dock\\"
+                          "PrinterDriverData";
+
+// A client, and the server SRV1 with the printer Dock.
+class TwoHosts : public Labelhost {
+protected:
+    TwoHosts()
+        : server_(root() + "/elsewhere") {
+        EXPECT_EQ(Serve({"install", "Dock", "--model", "Valdrick X4 300 dpi"}).status, 0);
+    }
+    void Connect() const {
+        const ProgramResult result = Run({"connect", kPrinter, "--server", server_});
+        ASSERT_EQ(result.status, 0) << result.errors;
+    }
+
+    ProgramResult Serve(std::vector<std::string> words) const {
+        words.insert(words.begin(), {"--root", server_});
+        return RunProgram(TEST_BINARY_DIR, "labelhost", words);
+    }
+    // Whether the printer has that preset, as the machine sees it.
+    bool ServerHas(const std::string& preset) const {
+        return Serve({"document", "Dock", "--preset", preset}).status == 0;
+    }
+    bool ClientHas(const std::string& preset) const {
+        return Run({"document", kPrinter, "--preset", preset}).status == 0;
+    }
+    void SaveOnServer(const std::string& preset) const {
+        EXPECT_EQ(Serve({"document", "Dock", "--save-preset", preset}).status, 0);
+    }
+    void SaveOnClient(const std::string& preset) const {
+        EXPECT_EQ(Run({"document", kPrinter, "--save-preset", preset}).status, 0);
+    }
+    ProgramResult SwitchSharing(const std::string& byte) const {
+        return Serve(
+            {"registry", "set", kData + "\\Settings", "Network Sharing", "REG_BINARY", byte});
+    }
+
+    const std::string server_;
+};
+
+} // namespace
+
+TEST_F(TwoHosts, SeeEachOthersChanges) {
+    Connect();
+    EXPECT_EQ(RunJson({"list"})[0]["server"], "\\\\SRV1");
+    SaveOnServer("Of the server");
+    EXPECT_TRUE(ClientHas("Of the server")) << "at the next open";
+    SaveOnClient("Of the client");
+    EXPECT_TRUE(ServerHas("Of the client")) << "with the save";
+    EXPECT_TRUE(ServerHas("Of the server"));
+
+    // Whatever a settings file brings goes the same way.
+    const std::string file = root() + "/all.kds";
+    ASSERT_EQ(Run({"settings", "export", kPrinter, file}).status, 0);
+    ASSERT_EQ(Serve({"registry", "delete", kData + "\\Presets"}).status, 0);
+    EXPECT_FALSE(ClientHas("Of the server"));
+    ASSERT_EQ(Run({"settings", "import", kPrinter, file, "--only", "presets"}).status, 0);
+    EXPECT_TRUE(ServerHas("Of the server"));
+}
+
+TEST_F(TwoHosts, KeepTheirOwnWhileTheServerDoesNotShare) {
+    Connect();
+    ASSERT_EQ(SwitchSharing("00").status, 0);
+    SaveOnServer("Of the server");
+    SaveOnClient("Of the client");
+    EXPECT_FALSE(ClientHas("Of the server"));
+    EXPECT_FALSE(ServerHas("Of the client"));
+    EXPECT_TRUE(ClientHas("Of the client"));
+
+    ASSERT_EQ(SwitchSharing("01").status, 0);
+    EXPECT_TRUE(ClientHas("Of the server"));
+    EXPECT_FALSE(ClientHas("Of the client")) << "the server's take the place of the copy";
+}
+
+TEST_F(TwoHosts, KeepWhatTheyHaveWhenTheServerIsGone) {
+    Connect();
+    SaveOnServer("Of the server");
+    ASSERT_TRUE(ClientHas("Of the server"));
+    const OString copied = "1:Software/Valdrick/Drivers/@SRV1/PRINT%3A/Printers/Dock/"
+                           "PrinterDriverData/Presets/Total";
+    const DWORD total = ORegistry().GetDWORD(copied, 0);
+    EXPECT_EQ(total, 4u);
+    fs::rename(server_, server_ + " is off");
+    for (const std::vector<std::string>& words :
+         std::vector<std::vector<std::string>>{{"document", kPrinter, "--save-preset", "Lost"},
+                                               {"settings", "export", kPrinter, root() + "/x.kds"},
+                                               {"action", kPrinter, "12"},
+                                               {"connect", "\\\\SRV1\\Other"}}) {
+        const ProgramResult result = Run(words);
+        EXPECT_EQ(result.status, 1) << words[0];
+        EXPECT_NE(result.errors.find("the server does not answer"), std::string::npos)
+            << result.errors;
+    }
+    EXPECT_EQ(ORegistry().GetDWORD(copied, 0), total);
+    fs::rename(server_ + " is off", server_);
+    EXPECT_TRUE(ClientHas("Of the server"));
+    EXPECT_FALSE(ServerHas("Lost"));
+    EXPECT_EQ(Run({"disconnect", kPrinter}).status, 0);
+    EXPECT_TRUE(RunJson({"list"}).empty());
+}
+
+TEST_F(TwoHosts, AreNotHarmedByAServerThatAnswersNonsense) {
+    Connect();
+    SaveOnServer("Of the server");
+    ASSERT_TRUE(ClientHas("Of the server"));
+    fs::copy_file(TEST_BINARY_DIR "/bin/test_data/nonsense.dll",
+                  OnDriveC("WINDOWS\\system32\\spool\\drivers\\w32x86\\3\\qstmon.dll"),
+                  fs::copy_options::overwrite_existing);
+    ASSERT_EQ(Serve({"registry", "delete", kData, "Shadow Key Data"}).status, 0);
+    EXPECT_TRUE(ClientHas("Of the server"));
+    SaveOnClient("Of the client");
+    EXPECT_EQ(Serve({"registry", "delete", kData, "Shadow Key Data"}).status, 0)
+        << "what was sent to it";
+    EXPECT_TRUE(ClientHas("Of the server"));
+    EXPECT_TRUE(ClientHas("Of the client"));
+    EXPECT_TRUE(ServerHas("Of the server"));
+}
+
+TEST_F(TwoHosts, AreConnectedByNamesThatMeanSomething) {
+    Connect();
+    Connect();
+    const struct {
+        std::vector<std::string> words;
+        int status;
+        const char* names;
+    } cases[] = {
+        {{"connect", "Dock"}, 2, "no printer of another machine"},
+        {{"connect", "\\\\SRV1\\"}, 2, "no printer of another machine"},
+        {{"connect", "\\\\..\\Dock", "--server", server_}, 1, "no name of a machine"},
+        {{"connect", "\\\\SRV2\\Dock"}, 1, "the server does not answer"},
+        {{"connect", kPrinter, "--server", "/nowhere"}, 1, "/nowhere"},
+        {{"connect", "\\\\SRV1\\None", "--server", server_}, 1, "no such printer"},
+        {{"connect", kPrinter, "--server", root()}, 1, "another machine already"},
+        {{"disconnect", "\\\\SRV2\\Dock"}, 1, "no such printer"},
+    };
+    for (const auto& c : cases) {
+        const ProgramResult result = Run(c.words);
+        EXPECT_EQ(result.status, c.status) << result.errors;
+        EXPECT_NE(result.errors.find(c.names), std::string::npos) << result.errors;
+    }
+}
