@@ -224,6 +224,70 @@ typedef void(WINAPI* DAL_QUERY_ANSWER)(void* context, int kind, const WCHAR* nam
 ZPLUI_API BOOL WINAPI DAL_Query_Run(HANDLE settings, int questions, DAL_QUERY_ANSWER answer,
                                     void* context);
 
+// ---- Fonts in the printer's memory --------------------------------------------------------------
+//
+// TrueType fonts of the system that are kept in the printer, as font files or as pictures of their
+// characters. The driver has a list of those that it has sent and of those that it was told of.
+
+#define DAL_FONT_FOUND 0    // somebody else has sent it
+#define DAL_FONT_TRUETYPE 1 // the font's file
+#define DAL_FONT_BITMAP 2   // pictures in one size
+
+#define DAL_FONT_SENT 0 // whether the printer has it is not known
+#define DAL_FONT_PRESENT 1
+#define DAL_FONT_MISSING 2
+
+// Sets of characters for fonts of pictures.
+#define DAL_CHARACTERS_ALL 1910
+#define DAL_CHARACTERS_ASCII 1911
+#define DAL_CHARACTERS_CAPITALS_NUMBERS 1912
+#define DAL_CHARACTERS_CAPITALS_PUNCTUATION 1913
+#define DAL_CHARACTERS_CAPITALS 1914
+#define DAL_CHARACTERS_NUMBERS 1915
+#define DAL_CHARACTERS_AMOUNTS 1916
+#define DAL_CHARACTERS_CAPITALS_NUMBERS_PUNCTUATION 1917
+
+// A font of the list. Texts are terminated and padded with zeros.
+typedef struct DAL_FONT {
+    DWORD kind;       // DAL_FONT_FOUND, ...
+    DWORD status;     // DAL_FONT_SENT, ...
+    DWORD point_size; // tenths of a point, of pictures; else 0
+    DWORD characters; // DAL_CHARACTERS_, of pictures; else 0
+    DWORD bytes;      // of the file or of all pictures
+    WCHAR memory;     // its letter: 'E'
+    WCHAR identifier; // the letter or digit that formats call the font by; 0 when it has none
+    WCHAR file[32];   // its name in the memory: "ARIAL.FNT"
+    WCHAR name[64];   // what people know it by
+    LOGFONTW font;    // the system's font; lfFaceName, lfWeight, lfItalic and lfCharSet count
+} DAL_FONT;
+
+// The first fonts of the list, at most `count`. How many there are in all; `fonts` may be null.
+ZPLUI_API int WINAPI DAL_Fonts_List(HANDLE settings, DAL_FONT* fonts, int count);
+
+// Asks the printer which fonts it has: those of the list become present or missing, others join it.
+// The list is stored. FALSE, with all of them missing and nothing stored, when the printer cannot
+// be asked; and when this user may not.
+ZPLUI_API BOOL WINAPI DAL_Fonts_Verify(HANDLE settings);
+
+// Sends every font again that is not known to be present, each in a job of its own, and stores the
+// list. FALSE when this user may not.
+ZPLUI_API BOOL WINAPI DAL_Fonts_Resend(HANDLE settings);
+
+// Sends a font of the system to the printer in a job of its own, adds it to the list and stores
+// that. `kind` and `font` say what to send; for DAL_FONT_BITMAP `point_size` (40 to 1440) and
+// `characters` (0 for all) too. `memory` 0 is the model's usual one. `file` is a name without
+// ending, of which eight characters are used; a name is made up when it is empty. The rest is
+// filled in. FALSE, and nothing is kept, when the system has no such font, the model takes no fonts
+// of that kind or has no such memory, the size, the characters or the name cannot be (letters,
+// digits and "_" are good), no job can be made, or this user may not. A font of the same file makes
+// room for it.
+ZPLUI_API BOOL WINAPI DAL_Font_Download(HANDLE settings, DAL_FONT* font);
+
+// Has the printer delete a font, unless it is known to be missing, and takes it off the list, which
+// is stored. `index` is its place in the list, from 0. FALSE when there is none, and when this user
+// may not.
+ZPLUI_API BOOL WINAPI DAL_Font_Delete(HANDLE settings, int index);
+
 // ---- Codecs and checksums -----------------------------------------------------------------------
 //
 // Input and output are raw bytes. A null pointer is harmless where its length is 0.

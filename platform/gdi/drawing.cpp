@@ -141,6 +141,22 @@ BOOL WINAPI GetTextMetricsW(HDC dc, LPTEXTMETRICW metrics) {
     });
 }
 
+int WINAPI GetTextFaceW(HDC dc, int count, LPWSTR name) {
+    return With(dc, 0, [&](DrawingContext& context) {
+        const std::u16string family = context.CurrentFont()->Family();
+        if (family.empty()) return 0;
+        if (!name) return static_cast<int>(family.size()) + 1;
+        if (count <= 0) {
+            InvalidParameter();
+            return 0;
+        }
+        const size_t stored = std::min(family.size(), static_cast<size_t>(count) - 1);
+        std::copy_n(family.data(), stored, name);
+        name[stored] = 0;
+        return static_cast<int>(stored) + 1;
+    });
+}
+
 BOOL WINAPI GetTextExtentPointA(HDC dc, LPCSTR text, int length, LPSIZE size) {
     return With(dc, FALSE, [&](DrawingContext& context) {
         if (!text || !size || length < 0) return InvalidParameter();

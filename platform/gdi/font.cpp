@@ -101,6 +101,7 @@ bool Font::Open() {
     opened_ = true;
     const FoundFace found = FindFace(description_);
     face_ = found.face;
+    family_ = found.family;
     embolden_ = found.lacks_weight;
     slant_ = found.lacks_slant;
     if (face_) SetSize();
@@ -131,6 +132,11 @@ void Font::SetSize() {
 int Font::Scaled(int design_units, int pixels_per_em) const {
     const int64_t em = face_->units_per_EM;
     return static_cast<int>((int64_t{design_units} * pixels_per_em + em / 2) / em);
+}
+
+std::u16string Font::Family() {
+    std::lock_guard guard(FontLock());
+    return Open() ? family_ : std::u16string();
 }
 
 DWORD Font::GetFontData(DWORD table, DWORD offset, void* buffer, DWORD size) {

@@ -25,6 +25,7 @@ public:
     // As the functions of their names.
     DWORD GetFontData(DWORD table, DWORD offset, void* buffer, DWORD size);
     bool GetTextMetrics(TEXTMETRICW& metrics);
+    std::u16string Family(); // GetTextFaceW
     bool GetTextExtent(const std::u16string& text, SIZE& size);
     bool DrawText(Bitmap& bitmap, int x, int y, const std::u16string& text);
 
@@ -46,6 +47,7 @@ private:
     FT_FaceRec_* face_ = nullptr; // null when there is none
     int pixels_per_em_ = 0;
     int horizontal_pixels_per_em_ = 0;
+    std::u16string family_;
     bool embolden_ = false;
     bool slant_ = false;
 };

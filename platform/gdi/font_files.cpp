@@ -32,11 +32,15 @@ struct PatternDeleter {
 };
 using Pattern = std::unique_ptr<FcPattern, PatternDeleter>;
 
+std::u16string FamilyOf(const LOGFONTW& description) {
+    const WCHAR* const name = description.lfFaceName;
+    return {name, std::find(name, name + LF_FACESIZE, 0)};
+}
+
 Pattern Wanted(const LOGFONTW& description) {
     Pattern pattern(FcPatternCreate());
     if (!pattern) return pattern;
-    const WCHAR* const name = description.lfFaceName;
-    const std::string family = Utf8(std::u16string(name, std::find(name, name + LF_FACESIZE, 0)));
+    const std::string family = Utf8(FamilyOf(description));
     if (!family.empty())
         FcPatternAddString(pattern.get(), FC_FAMILY,
                            reinterpret_cast<const FcChar8*>(family.c_str()));
@@ -57,6 +61,18 @@ int Number(const Pattern& pattern, const char* object, int fallback) {
     int value = fallback;
     return FcPatternGetInteger(pattern.get(), object, 0, &value) == FcResultMatch ? value
                                                                                   : fallback;
+}
+
+// A face has its family's name in several languages, and a narrower family's beside it. All are
+// good; the first stands for them.
+std::u16string FamilyOf(const Pattern& match, const std::u16string& wanted) {
+    const std::string name = Utf8(wanted);
+    FcChar8* family = nullptr;
+    for (int i = 0; FcPatternGetString(match.get(), FC_FAMILY, i, &family) == FcResultMatch; ++i)
+        if (FcStrCmpIgnoreCase(family, reinterpret_cast<const FcChar8*>(name.c_str())) == 0)
+            return wanted;
+    if (FcPatternGetString(match.get(), FC_FAMILY, 0, &family) != FcResultMatch) return wanted;
+    return Utf16(reinterpret_cast<const char*>(family));
 }
 
 } // namespace
@@ -85,6 +101,7 @@ FoundFace FindFace(const LOGFONTW& description) {
         found.face = nullptr;
         return found;
     }
+    found.family = FamilyOf(match, FamilyOf(description));
     // The match says what is shown in the end: fontconfig's rules count a face as bold or slanted
     // that has yet to be made so.
     FcBool embolden = FcFalse;

@@ -7,6 +7,7 @@
 #include FT_FREETYPE_H
 
 #include <mutex>
+#include <string>
 
 namespace win32host {
 
@@ -15,6 +16,7 @@ std::mutex& FontLock();
 
 struct FoundFace {
     FT_Face face = nullptr; // the finder's to close; null when the host has no fonts
+    std::u16string family;  // the one that was asked for when the face belongs to it
     bool lacks_weight = false;
     bool lacks_slant = false;
 };

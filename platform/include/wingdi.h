@@ -391,6 +391,10 @@ BOOL WINAPI DeleteObject(HGDIOBJ object);
 DWORD WINAPI GetFontData(HDC dc, DWORD table, DWORD offset, LPVOID buffer, DWORD size);
 
 BOOL WINAPI GetTextMetricsW(HDC dc, LPTEXTMETRICW metrics);
+// The family of the current font as it is shown: the one that was asked for, or the one that stands
+// in for it. `count` is the room in `name`; the answer is what was stored or, without `name`, what
+// there is to store, with the terminator. 0 on failure.
+int WINAPI GetTextFaceW(HDC dc, int count, LPWSTR name);
 // 8-bit text is in the code page of the font's character set.
 BOOL WINAPI GetTextExtentPointA(HDC dc, LPCSTR text, int length, LPSIZE size);
 BOOL WINAPI GetTextExtentPointW(HDC dc, LPCWSTR text, int length, LPSIZE size);

@@ -214,14 +214,18 @@ bool DownloadBitmapFont(DownloadedFont& font, prtstream& stream) {
     return prepared;
 }
 
+bool SendFont(DownloadedFont& font, prtstream& stream) {
+    const bool job = stream.StartJob(font.GetDisplayName()) > 0;
+    font.status = DownloadedFont::SENT;
+    bool sent = false;
+    if (font.type == DownloadedFont::TRUETYPE) sent = DownloadTTFFont(font, stream);
+    if (font.type == DownloadedFont::BITMAP) sent = DownloadBitmapFont(font, stream);
+    stream.EndJob();
+    return job && sent;
+}
+
 void ReDownloadAll(prtdttf_list& fonts, prtstream& stream, const prtmodel* model) {
-    for (DownloadedFont* font = fonts.GetNext(nullptr); font; font = fonts.GetNext(font)) {
-        if (font->status == DownloadedFont::PRESENT) continue;
-        stream.StartJob(font->GetDisplayName());
-        font->status = DownloadedFont::SENT;
-        if (font->type == DownloadedFont::TRUETYPE) DownloadTTFFont(*font, stream);
-        if (font->type == DownloadedFont::BITMAP) DownloadBitmapFont(*font, stream);
-        stream.EndJob();
-    }
+    for (DownloadedFont* font = fonts.GetNext(nullptr); font; font = fonts.GetNext(font))
+        if (font->status != DownloadedFont::PRESENT) SendFont(*font, stream);
     fonts.Save(model);
 }

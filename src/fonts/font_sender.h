@@ -22,6 +22,10 @@ bool DownloadTTFFont(DownloadedFont& font, prtstream& stream);
 // False when none was made, and without a job.
 bool DownloadBitmapFont(DownloadedFont& font, prtstream& stream);
 
+// Sends a font as its type wants it, in a job of its name. False when there is nothing to send, and
+// without a job.
+bool SendFont(DownloadedFont& font, prtstream& stream);
+
 // Sends every font anew that is not known to be present, each in a job of its own name, and stores
 // the list.
 void ReDownloadAll(prtdttf_list& fonts, prtstream& stream, const prtmodel* model);

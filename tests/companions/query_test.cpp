@@ -1,64 +1,22 @@
 // Queries from end to end: a printer on the network, the host program asking it through driver,
 // spooler and status monitor; and what the status monitor says of the printer's port.
 
-#include "emulator/server.h"
+#include "companions/emulator_test.h"
 
 #include "config/network_policy.h"
 #include "config/prtreg.h"
 #include "driver/open_printer.h"
-#include "support/host_test.h"
-#include "support/program.h"
-
-#include <nlohmann/json.hpp>
 
 #include <filesystem>
 #include <fstream>
-#include <thread>
 
 namespace {
 
-using Json = nlohmann::json;
-
-class QueriesThreads : public HostTest {
+class QueriesThreads : public EmulatorTest {
 protected:
-    QueriesThreads()
-        : server_(0, AnswerRules(root()), [this](const std::string& note) { notes_ += note + ";"; })
-        , thread_([this] { server_.Run(); }) {}
-    ~QueriesThreads() override { StopServer(); }
-
-    // What the printer did.
-    std::string StopServer() {
-        if (thread_.joinable()) {
-            server_.Stop();
-            thread_.join();
-        }
-        return notes_;
-    }
-
-    std::string Port() const { return "IP_127.0.0.1:" + std::to_string(server_.Port()); }
-
-    ProgramResult Run(std::vector<std::string> words) const {
-        words.insert(words.begin(), {"--root", root()});
-        return RunProgram(TEST_BINARY_DIR, "labelhost", words);
-    }
-    void Install(const std::string& printer, const std::string& port) const {
-        const ProgramResult result =
-            Run({"install", printer, "--model", "Valdrick X4 300 dpi", "--port", port});
-        ASSERT_EQ(result.status, 0) << result.errors;
-    }
-    Json Query(const std::string& printer, const std::string& mask = "527") const {
-        const ProgramResult result = Run({"query", printer, "--mask", mask, "--json"});
-        EXPECT_EQ(result.status, 0) << result.errors;
-        return Json::parse(result.output, nullptr, false);
-    }
     static void SetLimit(const char* name, uint32_t milliseconds) {
         ORegistry().SetDWORD(OString("LOCAL:Status Monitor/") << name, milliseconds);
     }
-
-private:
-    std::string notes_;
-    EmulatorServer server_;
-    std::thread thread_;
 };
 
 TEST_F(QueriesThreads, BringAPrintersAnswersToTheProgram) {

@@ -87,6 +87,21 @@ TEST(GdiFonts, GiveOutTheirFileWholeAndInPieces) {
     EXPECT_EQ(GetFontData(nullptr, 0, 0, nullptr, 0), DWORD{GDI_ERROR});
 }
 
+TEST(GdiFonts, TellWhichFamilyIsShown) {
+    WCHAR name[LF_FACESIZE] = {};
+    const Canvas canvas(Described(u"dejavu sans Mono", -12), 1, 1);
+    EXPECT_EQ(GetTextFaceW(canvas.dc, 0, nullptr), 17);
+    EXPECT_EQ(GetTextFaceW(canvas.dc, LF_FACESIZE, name), 17);
+    EXPECT_EQ(std::u16string(name), u"dejavu sans Mono");
+    EXPECT_EQ(GetTextFaceW(canvas.dc, 7, name), 7);
+    EXPECT_EQ(std::u16string(name), u"dejavu");
+    EXPECT_EQ(GetTextFaceW(canvas.dc, 0, name), 0);
+    EXPECT_EQ(GetTextFaceW(nullptr, LF_FACESIZE, name), 0);
+    const Canvas other(Described(u"No Such Family", -12), 1, 1);
+    EXPECT_GT(GetTextFaceW(other.dc, LF_FACESIZE, name), 1);
+    EXPECT_NE(std::u16string(name), u"No Such Family");
+}
+
 TEST(GdiFonts, MeasureByTheHeightThatIsAskedFor) {
     const struct {
         LONG height;

@@ -22,6 +22,7 @@ void JobsCommand(const Words& words);
 void ActionsCommand(const Words& words);
 void ActionCommand(const Words& words);
 void EventCommand(const Words& words);
+void FontsCommand(const Words& words);
 void SettingsCommand(const Words& words);
 void QueryCommand(const Words& words);
 void RegistryCommand(const Words& words);

@@ -54,6 +54,14 @@ constexpr Command kCommands[] = {
     {"action", ActionCommand,
      "action PRINTER NUMBER [FILE]\n"
      "                    tell it to do one of them; 22 sends a file"},
+    {"fonts", FontsCommand,
+     "fonts list|verify|resend PRINTER\n"
+     "                    the fonts in the printer's memory; ask it for them; send them again\n"
+     "  fonts add PRINTER FAMILY [--bitmap POINTS [--characters SET]] [--weight N] [--italic]\n"
+     "            [--memory LETTER] [--file NAME]\n"
+     "                    send a font of the system, as its file or as pictures\n"
+     "  fonts delete PRINTER FILE\n"
+     "                    have the printer delete one"},
     {"event", EventCommand,
      "event PRINTER N       tell the driver what happens to a document: 1 device context, 5 "
      "start,\n"
