@@ -4,8 +4,6 @@
 #include "tools/labelhost_fixture.h"
 
 #include <algorithm>
-#include <filesystem>
-#include <sstream>
 #include <thread>
 
 namespace {
@@ -126,47 +124,6 @@ TEST_F(Labelhost, ShowsAndChangesTheRegistry) {
     EXPECT_EQ(Run({"registry", "delete", key + "\\Below", "größe"}).status, 0);
     EXPECT_EQ(Run({"registry", "delete", key}).status, 0);
     EXPECT_EQ(Run({"registry", "dump", key}).status, 1);
-}
-
-// The words of a line of shell: quotes hold a word together, a # ends the line.
-std::vector<std::string> WordsOf(const std::string& line) {
-    std::vector<std::string> words;
-    char quote = 0;
-    bool inside = false;
-    for (const char c : line) {
-        if (!quote && c == '#') break;
-        if (c == quote || (!quote && (c == '\'' || c == '"'))) {
-            quote = quote ? 0 : c;
-        } else if (!quote && c == ' ') {
-            inside = false;
-        } else {
-            if (!inside) words.emplace_back();
-            inside = true;
-            words.back() += c;
-        }
-    }
-    return words;
-}
-
-TEST_F(Labelhost, GoesTheTourOfTheReadme) {
-    std::istringstream readme(BytesOf(TEST_SOURCE_DIR "/README.md"));
-    int count = 0;
-    for (std::string line; std::getline(readme, line);) {
-        if (line.rfind("labelhost ", 0) != 0 || line.find("photo.png") != std::string::npos ||
-            line.find("emulator") != std::string::npos || line.find("query") != std::string::npos ||
-            line.find("verify") != std::string::npos)
-            continue;
-        for (size_t at = 0; (at = line.find("/tmp/r", at)) != std::string::npos;
-             at += root().size())
-            line.replace(at, 6, root());
-        std::vector<std::string> words = WordsOf(line);
-        words.erase(words.begin());
-        const ProgramResult result = RunProgram(TEST_BINARY_DIR, "labelhost", words);
-        EXPECT_EQ(result.status, 0) << line << result.errors;
-        EXPECT_EQ(result.errors, "") << line;
-        ++count;
-    }
-    EXPECT_GE(count, 11);
 }
 
 TEST_F(Labelhost, TwoProcessesAtOnceDoNotDisturbEachOther) {

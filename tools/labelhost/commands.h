@@ -27,3 +27,4 @@ void SettingsCommand(const Words& words);
 void QueryCommand(const Words& words);
 void RegistryCommand(const Words& words);
 void PrinterEmulatorCommand(const Words& words);
+void DemoCommand(const Words& words);

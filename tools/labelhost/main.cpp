@@ -74,6 +74,9 @@ constexpr Command kCommands[] = {
     {"printer-emulator", PrinterEmulatorCommand,
      "printer-emulator --port N [--answers DIR]\n"
      "                    a ZPL printer on the network that answers the host's queries"},
+    {"demo", DemoCommand,
+     "demo [DIR] [--product DIR]\n"
+     "                    the whole story, step by step, on machines of its own in a new folder"},
 };
 
 void PrintUsage(std::FILE* out) {

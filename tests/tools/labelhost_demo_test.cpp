@@ -1,0 +1,73 @@
+// labelhost demo: the story is told to its end, and the part of it that the README shows is true.
+
+#include "tools/labelhost_fixture.h"
+
+#include <sstream>
+
+namespace {
+
+using LabelhostDemo = Labelhost;
+
+TEST_F(LabelhostDemo, TellsTheWholeStory) {
+    const std::string folder = root() + "/story";
+    const ProgramResult told = RunProgram(TEST_BINARY_DIR, "labelhost", {"demo", folder});
+    ASSERT_EQ(told.status, 0) << told.errors << told.output;
+    EXPECT_EQ(told.errors, "");
+    size_t at = 0;
+    for (const char* milestone : {
+             "Dock2: Valdrick M2 Mobile on FILE:",
+             "300 x 300",
+             "203 x 203",
+             "print_speed               4\n",
+             "dmCopies                  3\n",
+             "dmFormName                \"4 x 6 in\"",
+             "print_speed               2\n",
+             "dock1.kds: 29 stocks, 4 presets",
+             "<driver version='6.6'>",
+             "Dock2 had: 29 stocks, 3 presets",
+             "Dock2 has: 29 stocks, 4 presets",
+             "options left out",
+             "dmFormName                \"4 x 6 in\"",
+             "Dock1: Configuration Label",
+             "Dock1: Calibrate Media",
+             "00000000  7e 57 43                                         |~WC|",
+             "00000000  7e 4a 43                                         |~JC|",
+             "00000000  5e 58 41 0d 0a",
+             "^FDHello",
+             "the printer says: printed 1 label",
+             "EMULATED-203",
+             "connected to \\\\WAREHOUSE\\Dock1",
+             "dmCopies                  3\n",
+             "labelhost --root office document '\\\\WAREHOUSE\\Dock1' --preset Draft",
+             "labelhost --root warehouse document Dock1 --preset Returns",
+             "dmFormName                \"2 x 1 in\"",
+             "== What to try next",
+         }) {
+        const size_t found = told.output.find(milestone, at);
+        ASSERT_NE(found, std::string::npos) << milestone << "\nis not told, or too early\n"
+                                            << told.output;
+        at = found + 1;
+    }
+    // The machines are there to go on with.
+    EXPECT_EQ(BytesOf(folder + "/label.dm").size(), 1508u);
+    const ProgramResult list =
+        RunProgram(TEST_BINARY_DIR, "labelhost", {"--root", folder + "/warehouse", "list"});
+    EXPECT_NE(list.output.find("Dock3"), std::string::npos);
+    EXPECT_EQ(RunProgram(TEST_BINARY_DIR, "labelhost", {"demo", folder}).status, 1)
+        << "nothing is told over what is there";
+
+    std::istringstream readme(BytesOf(TEST_SOURCE_DIR "/README.md"));
+    bool inside = false;
+    int lines = 0;
+    for (std::string line; std::getline(readme, line);) {
+        if (line.starts_with("```")) {
+            inside = line == "```transcript";
+        } else if (inside && line != "...") {
+            EXPECT_NE(told.output.find('\n' + line + '\n'), std::string::npos) << line;
+            ++lines;
+        }
+    }
+    EXPECT_GT(lines, 20);
+}
+
+} // namespace
