@@ -33,18 +33,20 @@ BenchHost::BenchHost(const std::string& model_data) {
     const fs::path stage = fs::path(root_) / "drive_c/stage";
     fs::create_directories(stage);
     fs::copy_file(BENCH_BINARY_DIR "/bin/zplui.dll", stage / "zplui.dll");
+    fs::copy_file(BENCH_BINARY_DIR "/bin/zplrender.dll", stage / "zplrender.dll");
     std::ofstream(stage / "zplqv.ddt") << "";
     std::ofstream(stage / "zpl.ddt", std::ios::binary) << model_data;
 
     WCHAR driver[] = TEXT("Model 1");
     WCHAR module[] = TEXT("C:\\stage\\zplui.dll");
+    WCHAR renderer[] = TEXT("C:\\stage\\zplrender.dll");
     WCHAR data[] = TEXT("C:\\stage\\zplqv.ddt");
     WCHAR more[] = TEXT("C:\\stage\\zpl.ddt\0");
     WCHAR raw[] = TEXT("RAW");
     DRIVER_INFO_3W info = {};
     info.cVersion = 3;
     info.pName = driver;
-    info.pDriverPath = module;
+    info.pDriverPath = renderer;
     info.pDataFile = data;
     info.pConfigFile = module;
     info.pDependentFiles = more;

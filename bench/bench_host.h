@@ -27,6 +27,8 @@ public:
     explicit AttachedModule(const std::string& model_data);
     ~AttachedModule();
 
+    const std::string& Root() const { return host_.Root(); }
+
     // Forgets the model records, and the model data file too.
     void Refresh(bool file);
 

@@ -1,5 +1,6 @@
-// Data fonts loaded, saved, and replaced by name, beside the same keys and blobs read and written
-// through the registry, and beside a search for a name in a vector.
+// Data fonts loaded, saved, exported, imported and replaced by name, beside the same keys and blobs
+// read and written through the registry, the same lines through a file, and a search for a name in
+// a vector.
 #include <benchmark/benchmark.h>
 #include <strings.h>
 
@@ -22,7 +23,8 @@ class Printer {
 public:
     Printer()
         : module_(Record("Driver.d", "[Model 1]\nModel=Model:A\n") +
-                  Record("Model.d", "[A]\nResolution=203\n"))
+                  Record("Model.d", "[A]\nBarCode=BarCode:A\nResolution=203\n") +
+                  Record("BarCode.d", "[A]\nCode128=yes\n"))
         , model_(prtmodel::new_ext(PrinterInfo(OString("Dock 3")))) {}
     const prtmodel* model() const { return model_.get(); }
 
@@ -37,6 +39,7 @@ std::string NameOf(int64_t i) {
 
 DataFont_BarCode* NewFont(int64_t i) {
     auto* font = new (std::nothrow) DataFont_BarCode;
+    font->change_symbology(3); // Code 128
     font->SetFontName(NameOf(i).c_str());
     return font;
 }
@@ -95,6 +98,66 @@ void BM_LoadDataFonts(benchmark::State& state) {
     if (fonts.GetSize() != state.range(0)) state.SkipWithError("not all fonts");
 }
 BENCHMARK(BM_LoadDataFonts)->Unit(benchmark::kMillisecond)->Arg(10)->Arg(1000);
+
+constexpr char kFile[] = "C:\\fonts.kds";
+
+// The same number of lines through the file class alone.
+void BM_WriteLines(benchmark::State& state) {
+    const Printer printer;
+    const OString data(std::string(228, 'A').c_str());
+    for (auto _ : state) {
+        OFile file(OString(kFile), OFILE_WRITE);
+        for (int64_t i = 0; i < state.range(0); ++i)
+            file << "<font type='Bar Code'>" << OCore::endl
+                 << "Name=" << NameOf(i).c_str() << OCore::endl
+                 << "Data=" << data << OCore::endl
+                 << "</font>" << OCore::endl
+                 << OCore::endl;
+    }
+}
+BENCHMARK(BM_WriteLines)->Unit(benchmark::kMillisecond)->Arg(10)->Arg(1000);
+
+void Export(const DataFontManager& fonts, const prtmodel* model) {
+    OFile file(OString(kFile), OFILE_WRITE);
+    file.SetCodePage(1208);
+    fonts.ExportBarFont(file, model);
+}
+
+void BM_ExportDataFonts(benchmark::State& state) {
+    const Printer printer;
+    DataFontManager fonts;
+    Fill(fonts, state.range(0));
+    for (auto _ : state) Export(fonts, printer.model());
+}
+BENCHMARK(BM_ExportDataFonts)->Unit(benchmark::kMillisecond)->Arg(10)->Arg(1000);
+
+void BM_ReadLines(benchmark::State& state) {
+    const Printer printer;
+    DataFontManager fonts;
+    Fill(fonts, state.range(0));
+    Export(fonts, printer.model());
+    for (auto _ : state) {
+        OFile file(OString(kFile), OFILE_READ);
+        OString line;
+        while (file.ReadLine(line)) benchmark::DoNotOptimize(line.nstring());
+    }
+}
+BENCHMARK(BM_ReadLines)->Unit(benchmark::kMillisecond)->Arg(10)->Arg(1000);
+
+void BM_ImportDataFonts(benchmark::State& state) {
+    const Printer printer;
+    DataFontManager fonts;
+    Fill(fonts, state.range(0));
+    Export(fonts, printer.model());
+    for (auto _ : state) {
+        DataFontManager imported;
+        OFile file(OString(kFile), OFILE_READ);
+        file.SetCodePage(1208);
+        if (imported.ImportBarFont(file, printer.model()) != state.range(0))
+            state.SkipWithError("not all fonts");
+    }
+}
+BENCHMARK(BM_ImportDataFonts)->Unit(benchmark::kMillisecond)->Arg(10)->Arg(100)->Arg(1000);
 
 void BM_FindNameInVector(benchmark::State& state) {
     std::vector<std::string> names;

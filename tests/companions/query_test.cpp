@@ -51,6 +51,7 @@ TEST_F(QueriesThreads, LeaveOutWhatWasNotAnsweredWell) {
         {"HI late 20\nHM late 20\n", 30000, true, true, true, true},
         {"HI short 10\nHS short 60\n", 30000, true, false, false, true},
         {"HI garbled\nHM garbled\n", 30000, true, false, true, false},
+        {"* late 400\n", 50, false, false, false, false},
         {"* silent", 50, false, false, false, false},
     };
     for (const auto& c : cases) {
