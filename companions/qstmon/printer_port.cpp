@@ -32,6 +32,67 @@ std::vector<BYTE> Record(Call call) {
     return buffer;
 }
 
+// The registry of this machine (no name) or another one ("\\\\SERVER").
+class MachineKey {
+public:
+    explicit MachineKey(const WideString& server)
+        : key_(HKEY_LOCAL_MACHINE) {
+        if (server.empty()) return;
+        if (RegConnectRegistryW(server.c_str(), HKEY_LOCAL_MACHINE, &connected_) != ERROR_SUCCESS)
+            connected_ = nullptr;
+        key_ = connected_;
+    }
+    ~MachineKey() {
+        if (connected_) RegCloseKey(connected_);
+    }
+    MachineKey(const MachineKey&) = delete;
+    MachineKey& operator=(const MachineKey&) = delete;
+
+    HKEY get() const { return key_; } // null when the machine cannot be reached
+
+private:
+    HKEY connected_ = nullptr;
+    HKEY key_;
+};
+
+// A number from 1 to 65535, or `otherwise`.
+uint16_t ReadPortNumber(HKEY key, const WCHAR* name, uint16_t otherwise) {
+    DWORD number = 0, size = sizeof number;
+    if (RegQueryValueExW(key, name, nullptr, nullptr, reinterpret_cast<BYTE*>(&number), &size) !=
+            ERROR_SUCCESS ||
+        size != sizeof number || number < 1 || number > 65535)
+        return otherwise;
+    return static_cast<uint16_t>(number);
+}
+
+// What the TCP/IP port monitors of a machine know of a port.
+std::optional<NetworkPort> ConfiguredPort(const WideString& server, const WideString& port) {
+    if (port.empty()) return std::nullopt;
+    const MachineKey machine(server);
+    if (!machine.get()) return std::nullopt;
+    for (const WCHAR* monitor :
+         {TEXT("Valdrick Port"), TEXT("Standard TCP/IP Port"), TEXT("HP Standard TCP/IP Port")}) {
+        const WideString path =
+            WideString(TEXT("SYSTEM\\CurrentControlSet\\Control\\Print\\Monitors\\")) + monitor +
+            TEXT("\\Ports\\") + port;
+        HKEY key = nullptr;
+        if (RegOpenKeyExW(machine.get(), path.c_str(), 0, KEY_READ, &key) != ERROR_SUCCESS)
+            continue;
+        WCHAR host[256] = {};
+        DWORD size = sizeof host - sizeof(WCHAR), type = 0;
+        NetworkPort found;
+        if (RegQueryValueExW(key, TEXT("IPAddress"), nullptr, &type, reinterpret_cast<BYTE*>(host),
+                             &size) == ERROR_SUCCESS &&
+            type == REG_SZ)
+            found.host = ToAnsi(host);
+        found.port = ReadPortNumber(key, TEXT("PortNumber"), found.port);
+        found.udp_port = ReadPortNumber(key, TEXT("UDPPort"), 0);
+        RegCloseKey(key);
+        if (!found.host.empty()) return found;
+    }
+    return std::nullopt;
+}
+
 std::string ReadWholeFile(const WideString& path) {
     const HANDLE file = CreateFileW(path.c_str(), GENERIC_READ, FILE_SHARE_READ | FILE_SHARE_WRITE,
                                     nullptr, OPEN_EXISTING, FILE_ATTRIBUTE_NORMAL, nullptr);
@@ -104,6 +165,8 @@ MonitoredPrinter::MonitoredPrinter(const WideString& name) {
     if (info.pServerName) server_ = info.pServerName;
     if (info.pPortName) port_ = info.pPortName;
     attributes_ = info.Attributes;
+    network_ = ConfiguredPort(server_, port_);
+    if (!network_) network_ = NetworkPortNamed(port_);
 }
 
 MonitoredPrinter::~MonitoredPrinter() {
@@ -133,15 +196,16 @@ void MonitoredPrinter::SetData(const WCHAR* name, DWORD value) const {
                     sizeof value);
 }
 
-std::optional<PortFacts> FactsOfPort(const WideString& port) {
+std::optional<PortFacts> MonitoredPrinter::Facts() const {
     DWORD count = 0;
+    auto* server = server_.empty() ? nullptr : const_cast<LPWSTR>(server_.c_str());
     const std::vector<BYTE> buffer = Record([&](BYTE* out, DWORD size, DWORD* needed) {
-        return EnumPortsW(nullptr, 2, out, size, needed, &count);
+        return EnumPortsW(server, 2, out, size, needed, &count);
     });
     if (buffer.empty()) return std::nullopt;
     const auto* infos = reinterpret_cast<const PORT_INFO_2W*>(buffer.data());
     for (DWORD i = 0; i < count; ++i)
-        if (infos[i].pPortName && port == infos[i].pPortName)
+        if (infos[i].pPortName && port_ == infos[i].pPortName)
             return PortFacts{infos[i].pMonitorName ? infos[i].pMonitorName : WideString(),
                              infos[i].pDescription ? infos[i].pDescription : WideString()};
     return std::nullopt;

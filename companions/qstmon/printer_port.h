@@ -17,10 +17,16 @@ std::string ToAnsi(const WideString& text);
 struct NetworkPort {
     std::string host;
     uint16_t port = 9100;
+    uint16_t udp_port = 0; // 0: not known
 };
 
 // Where a port "IP_host" or "IP_host:port" leads; nothing for other ports.
 std::optional<NetworkPort> NetworkPortNamed(const WideString& port);
+
+// What the spooler says about a port: the name of its monitor and its description.
+struct PortFacts {
+    WideString monitor, description;
+};
 
 // A printer opened with as many rights as there are.
 class MonitoredPrinter {
@@ -33,6 +39,10 @@ public:
     bool IsOpen() const { return handle_ != nullptr; }
     HANDLE handle() const { return handle_; }
     const WideString& port() const { return port_; }
+    // Where its port leads on the network: what a TCP/IP port monitor of the printer's machine has
+    // set up under the port's name, or what the name says by itself. Nothing for other ports.
+    const std::optional<NetworkPort>& network() const { return network_; }
+    std::optional<PortFacts> Facts() const;
     DWORD attributes() const { return attributes_; } // PRINTER_ATTRIBUTE_ bits
 
     // The bytes of one of its jobs; empty when they cannot be read.
@@ -45,11 +55,6 @@ private:
     HANDLE handle_ = nullptr;
     WideString server_;
     WideString port_;
+    std::optional<NetworkPort> network_;
     DWORD attributes_ = 0;
 };
-
-// What the spooler says about a port of this machine: the name of its monitor and its description.
-struct PortFacts {
-    WideString monitor, description;
-};
-std::optional<PortFacts> FactsOfPort(const WideString& port);

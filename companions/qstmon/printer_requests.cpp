@@ -30,23 +30,25 @@ bool BeginsWithLetters(const WideString& port, const char* letters) {
 }
 
 // The kind of a port that the monitor has to do with.
-std::string TypeOf(const WideString& port) {
-    if (NetworkPortNamed(port)) return "TCP/IP";
+std::string TypeOf(const MonitoredPrinter& printer) {
+    if (printer.network()) return "TCP/IP";
     for (const char* type : {"LPT", "USB", "COM"})
-        if (BeginsWithLetters(port, type)) return type;
+        if (BeginsWithLetters(printer.port(), type)) return type;
     return {};
 }
 
-Reply AnswerAboutPort(const WideString& port, std::string_view fact) {
-    const std::string type = TypeOf(port);
+Reply AnswerAboutPort(const MonitoredPrinter& printer, std::string_view fact) {
+    const std::string type = TypeOf(printer);
     if (type.empty()) return std::nullopt;
-    const auto network = NetworkPortNamed(port);
+    const auto& network = printer.network();
     if (fact == "type") return Text(type);
     // The monitor reads from the network only.
     if (fact == "bidirectional") return Text(network ? "1" : "");
     if (fact == "ip_address" && network) return Text(network->host);
     if (fact == "protocol" && network) return Text("RAW");
-    const auto facts = FactsOfPort(port);
+    if (fact == "udp_port" && network && network->udp_port)
+        return Text(std::to_string(network->udp_port));
+    const auto facts = printer.Facts();
     if (fact == "monitor_name" && facts) return Text(ToAnsi(facts->monitor));
     if (fact == "description" && facts) return Text(ToAnsi(facts->description));
     return std::nullopt;
@@ -56,7 +58,7 @@ Reply AnswerDocument(const MonitoredPrinter& printer, std::string_view document)
     size_t at = 0;
     while (const auto tag = NextTag(document, at)) {
         if (tag->name == "port" && tag->Attribute("action") == "get")
-            return AnswerAboutPort(printer.port(), tag->Attribute("name"));
+            return AnswerAboutPort(printer, tag->Attribute("name"));
         if (tag->name == "printer") return Byte(true);
     }
     return std::nullopt;
@@ -88,8 +90,7 @@ Reply Answer(const WideString& printer_name, const std::string& name) {
     const MonitoredPrinter printer(printer_name);
     if (!printer.IsOpen()) return std::nullopt;
     if (xpml) return AnswerDocument(printer, name);
-    return Byte(monitoring ? NetworkPortNamed(printer.port()).has_value()
-                           : SharesSettings(printer));
+    return Byte(monitoring ? printer.network().has_value() : SharesSettings(printer));
 }
 
 // The printers that the user wants monitored: one value each.

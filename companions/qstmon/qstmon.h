@@ -23,7 +23,8 @@ QSTMON_API int WINAPI Query(HWND parent, LPSTR command_line);
 // module, written as names.
 //
 //   <xpml><port action='get' name='type'/>...     facts about the port: type, bidirectional,
-//                                                 ip_address, monitor_name, description, protocol
+//                                                 ip_address, udp_port, monitor_name, description,
+//                                                 protocol
 //   <xpml><printer name='NAME'/>...               that the monitor knows the printer
 //   <xpml><registry action='export'...           how much is new in the printer's shared settings
 //   <xpml><registry action='import'...           that a client's are to be taken over: 4 bytes

@@ -44,7 +44,7 @@ bool RunQuery(std::string_view command_line) {
     if (!command || command->verb != "open" || command->job == 0) return false;
     const MonitoredPrinter printer(FromAnsi(command->printer.data(), command->printer.size()));
     if (!printer.IsOpen()) return false;
-    const auto port = NetworkPortNamed(printer.port());
+    const auto& port = printer.network();
     if (!port) return false;
     const std::string job = printer.JobBytes(command->job);
     const std::vector<XpmlQuery> queries = QueriesIn(job);

@@ -45,7 +45,8 @@ bool DownloadedFont::Load(prtreg& registry, const OString& prefix) {
         return static_cast<uint16_t>(registry.GetDWORD(named(name), 0));
     };
     *static_cast<DownloadedFontInfo*>(this) = {};
-    if (registry.GetBinary(named("FontInfo"), &info, sizeof info) <= 0) return false;
+    const bool has_record = registry.GetBinary(named("FontInfo"), &info, sizeof info) > 0;
+    if (!has_record && registry.GetSize(named("Type")) <= 0) return false;
     type = word("Type");
     status = word("Status");
     point_size = word("Point Size");

@@ -17,7 +17,35 @@ protected:
     static void SetLimit(const char* name, uint32_t milliseconds) {
         ORegistry().SetDWORD(OString("LOCAL:Status Monitor/") << name, milliseconds);
     }
+    // The monitor's answer to a name of printer data.
+    static std::string Ask(const char* printer, const std::string& name) {
+        char answer[64] = {};
+        const bool found = prtreg(OString(printer))
+                               .GetPrinterDataW(name.c_str(), REG_BINARY, answer, sizeof answer);
+        return found ? std::string(answer) : "nothing";
+    }
+    static std::string PortRequest(const char* fact) {
+        return std::string("<xpml><port action='get' name='") + fact +
+               "'/><tick count='1'/></xpml>";
+    }
 };
+
+TEST_F(QueriesThreads, ReachPrintersOnThePortsOfAPortMonitor) {
+    const std::string port = Port();
+    const std::string number = port.substr(port.rfind(':') + 1);
+    ORegistry registry;
+    registry.SetString("LOCAL_MACHINE:SOFTWARE/Microsoft/Windows NT/CurrentVersion/Ports/Labels",
+                       "set up");
+    const OString settings = "PRINT:Monitors/Standard TCP//IP Port/Ports/Labels/";
+    registry.SetString(settings + "IPAddress", "127.0.0.1");
+    registry.SetDWORD(settings + "PortNumber", static_cast<uint32_t>(std::stoi(number)));
+    registry.SetDWORD(settings + "UDPPort", 4201);
+    Install("Dock", "Labels");
+    EXPECT_EQ(Query("Dock", "1")["properties"]["Model"], "EMULATED-203");
+    EXPECT_EQ(Ask("Dock", PortRequest("type")), "TCP/IP");
+    EXPECT_EQ(Ask("Dock", PortRequest("ip_address")), "127.0.0.1");
+    EXPECT_EQ(Ask("Dock", PortRequest("udp_port")), "4201");
+}
 
 TEST_F(QueriesThreads, BringAPrintersAnswersToTheProgram) {
     Install("Dock 3", Port());
@@ -92,28 +120,19 @@ TEST_F(QueriesThreads, FailWhereNobodyCanAnswer) {
 TEST_F(QueriesThreads, KnowAboutThePort) {
     Install("Net", "IP_127.0.0.1:6101");
     Install("File", "FILE:");
-    const auto ask = [](const char* printer, const std::string& name) {
-        char answer[64] = {};
-        const bool found = prtreg(OString(printer))
-                               .GetPrinterDataW(name.c_str(), REG_BINARY, answer, sizeof answer);
-        return found ? std::string(answer) : "nothing";
-    };
-    const auto port = [](const char* fact) {
-        return std::string("<xpml><port action='get' name='") + fact +
-               "'/><tick count='1'/></xpml>";
-    };
     const struct {
         std::string name;
         const char* network;
         const char* file;
     } cases[] = {
-        {port("type"), "TCP/IP", "nothing"},
-        {port("bidirectional"), "1", "nothing"},
-        {port("ip_address"), "127.0.0.1", "nothing"},
-        {port("protocol"), "RAW", "nothing"},
-        {port("monitor_name"), "Standard TCP/IP Port", "nothing"},
-        {port("description"), "Standard TCP/IP Port", "nothing"},
-        {port("colour"), "nothing", "nothing"},
+        {PortRequest("type"), "TCP/IP", "nothing"},
+        {PortRequest("bidirectional"), "1", "nothing"},
+        {PortRequest("ip_address"), "127.0.0.1", "nothing"},
+        {PortRequest("protocol"), "RAW", "nothing"},
+        {PortRequest("monitor_name"), "Standard TCP/IP Port", "nothing"},
+        {PortRequest("description"), "Standard TCP/IP Port", "nothing"},
+        {PortRequest("udp_port"), "nothing", "nothing"},
+        {PortRequest("colour"), "nothing", "nothing"},
         {"<xpml><printer name='Net'/><tick count='1'/></xpml>", "\1", "\1"},
         {"<xpml><registry action='delete' name='Net' tick='1'></registry></xpml>", "nothing",
          "nothing"},
@@ -124,13 +143,14 @@ TEST_F(QueriesThreads, KnowAboutThePort) {
         {"Something else", "nothing", "nothing"},
     };
     for (const auto& c : cases) {
-        EXPECT_EQ(ask("Net", c.name), c.network) << c.name;
-        EXPECT_EQ(ask("File", c.name), c.file) << c.name;
+        EXPECT_EQ(Ask("Net", c.name), c.network) << c.name;
+        EXPECT_EQ(Ask("File", c.name), c.file) << c.name;
     }
     NetworkPolicy("Net").SetNetworkSharing(false);
-    EXPECT_EQ(ask("Net", "Network Sharing4711"), "");
+    EXPECT_EQ(Ask("Net", "Network Sharing4711"), "");
     char byte = 0;
-    EXPECT_FALSE(prtreg(OString("Net")).GetPrinterDataW(port("type").c_str(), REG_BINARY, &byte, 1))
+    EXPECT_FALSE(
+        prtreg(OString("Net")).GetPrinterDataW(PortRequest("type").c_str(), REG_BINARY, &byte, 1))
         << "longer than the room";
 }
 
