@@ -76,6 +76,12 @@ fs::path NewFolder(const Arguments& arguments) {
     return fs::absolute(arguments[0]);
 }
 
+// Where this program lies.
+std::string ProgramFolder() {
+    std::error_code error;
+    return fs::read_symlink("/proc/self/exe", error).parent_path().string();
+}
+
 class Demo {
 public:
     explicit Demo(std::string product)
@@ -226,6 +232,9 @@ void DemoCommand(const Words& words) {
         "  cd " +
             folder.string() +
             "\n"
+            "  export PATH=\"" +
+            ProgramFolder() +
+            ":$PATH\"\n"
             "  labelhost models                                    # what else can be "
             "installed\n"
             "  labelhost --root warehouse document Dock1 --json    # every field\n"
