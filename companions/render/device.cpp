@@ -1,7 +1,9 @@
 #include "device.h"
 
+#include <algorithm>
 #include <cstdio>
 #include <cstring>
+#include <utility>
 
 #include "cache_settings.h"
 #include "page_geometry.h"
@@ -125,17 +127,28 @@ int Device::WriteRaw(const unsigned char* input, ULONG size) {
 int Device::DrawBar(const unsigned char* input, ULONG size) {
     KVBar bar;
     if (!Take(bar, input, size) || bar.size != sizeof bar) return FAILURE;
-    if (!in_format_ && !output_.Write("^XA\r\n")) return FAILURE;
-    in_format_ = true;
     // The start is on the middle line, ZPL wants the corner.
     const int half = bar.thickness / 2;
     const int x = bar.vertical ? bar.x - half : bar.x;
     const int y = bar.vertical ? bar.y : bar.y - half;
+    const auto [width, height] =
+        bar.vertical ? std::pair(bar.thickness, bar.length) : std::pair(bar.length, bar.thickness);
+    return Answer(WriteBox(x, y, width, height, true));
+}
+
+bool Device::WriteBox(int x, int y, int width, int height, bool black) {
+    if (!in_format_ && !output_.Write("^XA\r\n")) return false;
+    in_format_ = true;
     char command[96];
-    std::snprintf(command, sizeof command, "^FO%d,%d^GB%u,%u,%u^FS\r\n", x > 0 ? x : 0,
-                  y > 0 ? y : 0, unsigned{bar.vertical ? bar.thickness : bar.length},
-                  unsigned{bar.vertical ? bar.length : bar.thickness}, unsigned{bar.thickness});
-    return Answer(output_.Write(command));
+    // A border as thick as the box is narrow leaves nothing open inside of it.
+    std::snprintf(command, sizeof command, "^FO%d,%d^GB%d,%d,%d%s^FS\r\n", std::max(x, 0),
+                  std::max(y, 0), width, height, std::min(width, height), black ? "" : ",W");
+    return output_.Write(command);
+}
+
+bool Device::Fill(const RECTL& area, bool black) {
+    const int width = area.right - area.left, height = area.bottom - area.top;
+    return width <= 0 || height <= 0 || WriteBox(area.left, area.top, width, height, black);
 }
 
 int Device::HandleFont(const unsigned char* input, ULONG size) {

@@ -27,12 +27,17 @@ public:
     // Ends the page. False when the spooler does not take the output.
     bool SendPage();
 
+    // Fills a rectangle of the page, black or white. Empty ones are nothing.
+    bool Fill(const RECTL& area, bool black);
+
     // A private escape: its answer as DrvEscape gives it, greater than 0 on success, 0 for an
     // escape that is not known, less than 0 on failure. Sizes are those of the blocks.
     int Escape(ULONG escape, const unsigned char* input, ULONG input_size, unsigned char* output,
                ULONG output_size);
 
 private:
+    // One filled rectangle in the page's format.
+    bool WriteBox(int x, int y, int width, int height, bool black);
     int WriteRaw(const unsigned char* input, ULONG size);
     int DrawBar(const unsigned char* input, ULONG size);
     int HandleFont(const unsigned char* input, ULONG size);

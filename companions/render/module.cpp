@@ -73,6 +73,13 @@ ULONG APIENTRY AnswerEscape(SURFOBJ* surface, ULONG escape, ULONG input_size, PV
     }));
 }
 
+BOOL APIENTRY CombineArea(SURFOBJ* surface, SURFOBJ*, SURFOBJ*, CLIPOBJ*, XLATEOBJ*, RECTL* area,
+                          POINTL*, POINTL*, BRUSHOBJ*, POINTL*, ROP4 operation) {
+    const bool black = operation == 0x0000;
+    if (!black && operation != 0xFFFF) return FALSE;
+    return DeviceOf(surface)->Fill(*area, black);
+}
+
 template <class Function>
 DRVFN Entry(ULONG index, Function function) {
     return {index, reinterpret_cast<PFN>(reinterpret_cast<void (*)()>(function))};
@@ -83,6 +90,7 @@ DRVFN g_functions[] = {
     Entry(INDEX_DrvDisablePDEV, DisablePDEV), Entry(INDEX_DrvStartDoc, StartDocument),
     Entry(INDEX_DrvStartPage, StartOnePage),  Entry(INDEX_DrvSendPage, SendOnePage),
     Entry(INDEX_DrvEndDoc, EndDocument),      Entry(INDEX_DrvEscape, AnswerEscape),
+    Entry(INDEX_DrvBitBlt, CombineArea),
 };
 
 } // namespace

@@ -5,6 +5,7 @@
 #include <winddiui.h>
 #include <winspool.h>
 
+#include <algorithm>
 #include <utility>
 
 namespace win32host {
@@ -223,6 +224,27 @@ int DeviceContext::Escape(int escape, int input_size, LPCSTR input, int output_s
     return static_cast<int>(module_->escape(
         &surface_, static_cast<ULONG>(escape), input ? static_cast<ULONG>(input_size) : 0,
         const_cast<LPSTR>(input), output ? static_cast<ULONG>(output_size) : 0, output));
+}
+
+bool DeviceContext::PatBlt(int x, int y, int width, int height, DWORD operation) {
+    std::lock_guard guard(lock_);
+    if (operation != BLACKNESS && operation != WHITENESS) return Fail(ERROR_NOT_SUPPORTED);
+    if (!in_page_) return Fail(ERROR_INVALID_HANDLE);
+    if (!module_->bit_blt) return Fail(ERROR_NOT_SUPPORTED);
+    const auto cut = [](int64_t start, int64_t extent, ULONG page) {
+        const auto end = static_cast<int64_t>(static_cast<LONG>(page));
+        const auto [first, last] = std::minmax({start, start + extent});
+        return std::pair(static_cast<LONG>(std::clamp<int64_t>(first, 0, end)),
+                         static_cast<LONG>(std::clamp<int64_t>(last, 0, end)));
+    };
+    const auto [left, right] = cut(x, width, device_.ulHorzRes);
+    const auto [top, bottom] = cut(y, height, device_.ulVertRes);
+    if (left == right || top == bottom) return true;
+    RECTL area = {left, top, right, bottom};
+    // The third byte of the code is the raster operation; it is the same in fore- and background.
+    const ROP4 rop = ((operation >> 16) & 0xFF) * 0x101u;
+    return module_->bit_blt(&surface_, nullptr, nullptr, nullptr, nullptr, &area, nullptr, nullptr,
+                            nullptr, nullptr, rop) != FALSE;
 }
 
 void DeviceContext::Close() {

@@ -34,6 +34,7 @@ public:
     int EndDoc();
     int AbortDoc();
     int Escape(int escape, int input_size, LPCSTR input, int output_size, LPSTR output);
+    bool PatBlt(int x, int y, int width, int height, DWORD operation);
     // Ends everything, before the handle goes.
     void Close();
 

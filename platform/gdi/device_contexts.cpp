@@ -94,4 +94,17 @@ int WINAPI ExtEscape(HDC dc, int escape, int input_size, LPCSTR input, int outpu
     });
 }
 
+int WINAPI SetMapMode(HDC dc, int mode) {
+    return Guarded(0, [&] {
+        if (!IsDrawing(dc) && !Find<DeviceContext>(dc)) return 0;
+        return mode == MM_TEXT ? MM_TEXT : static_cast<int>(Fail(ERROR_INVALID_PARAMETER));
+    });
+}
+
+BOOL WINAPI PatBlt(HDC dc, int x, int y, int width, int height, DWORD operation) {
+    return With(dc, FALSE, [&](DeviceContext& context) {
+        return BOOL{context.PatBlt(x, y, width, height, operation)};
+    });
+}
+
 } // extern "C"

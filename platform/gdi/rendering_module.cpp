@@ -82,7 +82,10 @@ bool RenderingModule::Enable() {
         case INDEX_DrvStartDoc:
             start_doc = As<PFN_DrvStartDoc>(function);
             break;
-        default: // drawing, which this host does not have
+        case INDEX_DrvBitBlt:
+            bit_blt = As<PFN_DrvBitBlt>(function);
+            break;
+        default: // other drawing, which this host does not have
             break;
         }
     }

@@ -31,6 +31,7 @@ public:
     PFN_DrvSendPage send_page = nullptr;
     PFN_DrvEndDoc end_doc = nullptr;
     PFN_DrvEscape escape = nullptr;
+    PFN_DrvBitBlt bit_blt = nullptr;
 
 private:
     bool Enable();

@@ -154,6 +154,7 @@ struct DRVENABLEDATA {
 #define INDEX_DrvEnablePDEV 0
 #define INDEX_DrvCompletePDEV 1
 #define INDEX_DrvDisablePDEV 2
+#define INDEX_DrvBitBlt 18
 #define INDEX_DrvEscape 24
 #define INDEX_DrvSendPage 32
 #define INDEX_DrvStartPage 33
@@ -182,3 +183,16 @@ using PFN_DrvSendPage = BOOL(WINAPI*)(SURFOBJ* surface);
 using PFN_DrvEndDoc = BOOL(WINAPI*)(SURFOBJ* surface, ULONG flags);
 using PFN_DrvEscape = ULONG(WINAPI*)(SURFOBJ* surface, ULONG escape, ULONG input_size, PVOID input,
                                      ULONG output_size, PVOID output);
+
+struct CLIPOBJ;
+struct XLATEOBJ;
+struct BRUSHOBJ;
+using ROP4 = ULONG; // a ternary raster operation in each of the two low bytes
+
+// Combines a rectangle of the target with a source and a pattern. This host asks for operations
+// that need neither of them, 0x0000 for black and 0xFFFF for white; the rectangle lies on the page,
+// and all other pointers are null.
+using PFN_DrvBitBlt = BOOL(WINAPI*)(SURFOBJ* target, SURFOBJ* source, SURFOBJ* mask, CLIPOBJ* clip,
+                                    XLATEOBJ* colors, RECTL* target_area, POINTL* source_start,
+                                    POINTL* mask_start, BRUSHOBJ* brush, POINTL* brush_start,
+                                    ROP4 operation);

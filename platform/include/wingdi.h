@@ -356,6 +356,17 @@ int WINAPI AbortDoc(HDC dc);
 int WINAPI ExtEscape(HDC dc, int escape, int input_size, LPCSTR input, int output_size,
                      LPSTR output);
 
+// Units of the coordinates that drawing functions take. Contexts begin with MM_TEXT, one pixel with
+// y growing downwards, and have no other here. Answers the mode before, 0 when it cannot be set.
+#define MM_TEXT 1
+int WINAPI SetMapMode(HDC dc, int mode);
+
+// Fills a rectangle of a printer's page; a negative extent lies to the left of or above the start.
+// What sticks out of the page is cut off. Only BLACKNESS and WHITENESS are there.
+#define BLACKNESS 0x00000042u
+#define WHITENESS 0x00FF0062u
+BOOL WINAPI PatBlt(HDC dc, int x, int y, int width, int height, DWORD operation);
+
 // ---- Drawing in memory --------------------------------------------------------------------------
 
 // A context to draw on a bitmap with; it answers GetDeviceCaps like `dc`, or like the screen for

@@ -56,7 +56,8 @@ public:
     // ---- Actions: what the printer can be told to do. None without a model. `page` is the page
     // that asks, null outside of a sheet.
 
-    // Does an action, offered or not, in a job of the action's name. Failures to reach the printer
+    // Does an action, offered or not, in a job of the action's name ("Printer Test" for pages that
+    // are printed through the driver). Failures to reach the printer
     // are not reported; an action that is not known does nothing.
     virtual void PrinterAction(prtpage* page, printer_action action);
     // How an action is offered for the printer as it is set up: ACTION_OFFERED and the others.

@@ -2,6 +2,7 @@
 #include "driver/driver_utility.h"
 #include "driver/prtui.h"
 #include "printer/prtstream.h"
+#include "printer/prttest.h"
 
 namespace {
 
@@ -48,6 +49,9 @@ uint32_t prtui::PrinterActionSupported(prtpage*, printer_action action) {
         ACTION_OFFERED | ACTION_OPENS_DIALOG | ACTION_ADMINISTRATIVE;
     const auto caches = [this] { return model->CanCacheFormats() || model->CanCacheGraphics(); };
     switch (action) {
+    case ACTION_TEST_LABEL:
+    case ACTION_BLANK_LABEL:
+        return ACTION_OFFERED;
     case ACTION_SEND_FILE:
     case ACTION_ADMINISTRATION:
     case ACTION_OFFICE_COMPATIBILITY:
@@ -72,10 +76,22 @@ uint32_t prtui::PrinterActionSupported(prtpage*, printer_action action) {
 }
 
 void prtui::PrinterAction(prtpage*, printer_action action) {
-    if (!stream || action != ACTION_CLEAR_CACHE) return;
-    stream->StartJob(PrinterActionName(action));
-    stream->CacheAction({KVCacheAction::CLEAR, 0});
-    stream->EndJob();
+    if (!stream) return;
+    switch (action) {
+    case ACTION_TEST_LABEL:
+        PrtTest(this, TestPattern::LABEL);
+        break;
+    case ACTION_BLANK_LABEL:
+        PrtTest(this, TestPattern::BLANK);
+        break;
+    case ACTION_CLEAR_CACHE:
+        stream->StartJob(PrinterActionName(action));
+        stream->CacheAction({KVCacheAction::CLEAR, 0});
+        stream->EndJob();
+        break;
+    default:
+        break;
+    }
 }
 
 void prtui::SendFile(const OString& path) {

@@ -1,6 +1,7 @@
 // Printer actions, from the offer to the bytes of the job.
 #include "printer/printer_action.h"
 
+#include <algorithm>
 #include <filesystem>
 #include <functional>
 #include <memory>
@@ -109,6 +110,24 @@ TEST_F(PrinterActions, SendsAJobOfTheActionsName) {
     };
     for (const auto& c : cases) EXPECT_EQ(Run(c.action), Jobs{c.job}) << c.action;
     for (const int unknown : {-1, 0, 3, 7, 48, 1000}) EXPECT_EQ(Run(unknown), Jobs{}) << unknown;
+}
+
+TEST_F(PrinterActions, PrintsATestPageWithBarsOrWithoutThem) {
+    for (const char* drawing : {"Line=yes\n", ""}) {
+        Use({.model = "Resolution=203x406\nStock.Default.X=4 in\nStock.Default.Y=6 in\n",
+             .drawing = drawing});
+        const Jobs jobs = Run(ACTION_TEST_LABEL);
+        ASSERT_EQ(jobs.size(), 1u);
+        EXPECT_EQ(jobs[0].name, "Printer Test");
+        // The outer frame's first two sides, and the last letter's stem.
+        EXPECT_TRUE(
+            jobs[0].bytes.starts_with("^XA\r\n^FO0,0^GB406,4,4^FS\r\n^FO404,0^GB2,406,2^FS\r\n"))
+            << jobs[0].bytes;
+        EXPECT_TRUE(jobs[0].bytes.ends_with("^FO340,81^GB10,244,10^FS\r\n^XZ\r\n"))
+            << jobs[0].bytes;
+        EXPECT_EQ(std::count(jobs[0].bytes.begin(), jobs[0].bytes.end(), '\n'), 21 + 2);
+        EXPECT_EQ(Run(ACTION_BLANK_LABEL), (Jobs{{"Printer Test", ""}}));
+    }
 }
 
 TEST_F(PrinterActions, SendsAFileUnderItsOwnName) {
@@ -238,18 +257,20 @@ TEST_F(PrinterActions, OffersWhatThePrinterCanDo) {
     } cases[] = {
         {{.model = kModel, .custom_data = CustomDataLines(Data(CustomData::CUTTER))},
          extconfig::PRINT_AS_SET,
-         "5:1 6:1 10:5 11:5 12:1 13:1 14:1 15:1 16:1 17:1 18:1 20:5 22:7 23:1 28:1 36:7 39:3 "
+         "1:1 2:1 5:1 6:1 10:5 11:5 12:1 13:1 14:1 15:1 16:1 17:1 18:1 20:5 22:7 23:1 28:1 36:7 "
+         "39:3 "
          "41:7 "},
         {{.model = std::string(kModel) + "~RFID.TagTypes=EPC64\n",
           .method = "Cache.Format=yes\n",
           .features = "~Command.JB=yes\n",
           .custom_data = CustomDataLines(Data(CustomData::CUTTER))},
          extconfig::PRINT_CUTTER,
-         "5:1 6:1 8:1 10:5 11:5 12:1 13:1 14:1 15:1 16:1 17:1 18:1 20:5 22:7 23:1 25:7 26:1 28:1 "
+         "1:1 2:1 5:1 6:1 8:1 10:5 11:5 12:1 13:1 14:1 15:1 16:1 17:1 18:1 20:5 22:7 23:1 25:7 "
+         "26:1 28:1 "
          "32:7 36:7 39:3 41:7 45:3 "},
         {{.model = Pplz(kModel), .custom_data = CustomDataLines(Data(0))},
          extconfig::PRINT_CUTTER,
-         "5:1 6:1 10:5 11:5 12:1 13:1 14:1 15:1 16:1 22:7 23:1 28:1 36:7 39:3 41:7 "},
+         "1:1 2:1 5:1 6:1 10:5 11:5 12:1 13:1 14:1 15:1 16:1 22:7 23:1 28:1 36:7 39:3 41:7 "},
     };
     for (const auto& c : cases) {
         Use(c.tables, [&](extconfig& config) { config.print_mode = c.print_mode; });
