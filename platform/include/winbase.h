@@ -9,7 +9,7 @@
 
 // ---- Constants ----------------------------------------------------------------------------------
 
-#define INVALID_HANDLE_VALUE (reinterpret_cast<HANDLE>(static_cast<LONG_PTR>(-1)))
+#define INVALID_HANDLE_VALUE ((HANDLE)(LONG_PTR)(-1))
 #define INVALID_FILE_SIZE 0xFFFFFFFF
 #define INVALID_SET_FILE_POINTER 0xFFFFFFFF
 #define INVALID_FILE_ATTRIBUTES 0xFFFFFFFF
@@ -75,24 +75,24 @@
 
 // ---- Structures ---------------------------------------------------------------------------------
 
-struct SECURITY_ATTRIBUTES {
+typedef struct SECURITY_ATTRIBUTES {
     DWORD nLength;
     LPVOID lpSecurityDescriptor;
     BOOL bInheritHandle;
-};
-using PSECURITY_ATTRIBUTES = SECURITY_ATTRIBUTES*;
-using LPSECURITY_ATTRIBUTES = SECURITY_ATTRIBUTES*;
+} SECURITY_ATTRIBUTES;
+typedef SECURITY_ATTRIBUTES* PSECURITY_ATTRIBUTES;
+typedef SECURITY_ATTRIBUTES* LPSECURITY_ATTRIBUTES;
 
-struct OVERLAPPED {
+typedef struct OVERLAPPED {
     ULONG_PTR Internal;
     ULONG_PTR InternalHigh;
     DWORD Offset;
     DWORD OffsetHigh;
     HANDLE hEvent;
-};
-using LPOVERLAPPED = OVERLAPPED*;
+} OVERLAPPED;
+typedef OVERLAPPED* LPOVERLAPPED;
 
-struct SYSTEMTIME {
+typedef struct SYSTEMTIME {
     WORD wYear;
     WORD wMonth;
     WORD wDayOfWeek;
@@ -101,17 +101,17 @@ struct SYSTEMTIME {
     WORD wMinute;
     WORD wSecond;
     WORD wMilliseconds;
-};
-using LPSYSTEMTIME = SYSTEMTIME*;
-static_assert(sizeof(SYSTEMTIME) == 16);
+} SYSTEMTIME;
+typedef SYSTEMTIME* LPSYSTEMTIME;
+static_assert(sizeof(SYSTEMTIME) == 16, "layout");
 
 // A lock that the thread which holds it may enter again. The contents belong to the functions.
-struct CRITICAL_SECTION {
+typedef struct CRITICAL_SECTION {
     alignas(8) BYTE state[48];
-};
-using LPCRITICAL_SECTION = CRITICAL_SECTION*;
+} CRITICAL_SECTION;
+typedef CRITICAL_SECTION* LPCRITICAL_SECTION;
 
-struct WIN32_FIND_DATAW {
+typedef struct WIN32_FIND_DATAW {
     DWORD dwFileAttributes;
     FILETIME ftCreationTime;
     FILETIME ftLastAccessTime;
@@ -122,23 +122,23 @@ struct WIN32_FIND_DATAW {
     DWORD dwReserved1;
     WCHAR cFileName[MAX_PATH];
     WCHAR cAlternateFileName[14];
-};
-using LPWIN32_FIND_DATAW = WIN32_FIND_DATAW*;
-static_assert(sizeof(WIN32_FIND_DATAW) == 592);
+} WIN32_FIND_DATAW;
+typedef WIN32_FIND_DATAW* LPWIN32_FIND_DATAW;
+static_assert(sizeof(WIN32_FIND_DATAW) == 592, "layout");
 
-struct OFSTRUCT {
+typedef struct OFSTRUCT {
     BYTE cBytes;
     BYTE fFixedDisk;
     WORD nErrCode;
     WORD Reserved1;
     WORD Reserved2;
     CHAR szPathName[OFS_MAXPATHNAME];
-};
-using LPOFSTRUCT = OFSTRUCT*;
-static_assert(sizeof(OFSTRUCT) == 136);
+} OFSTRUCT;
+typedef OFSTRUCT* LPOFSTRUCT;
+static_assert(sizeof(OFSTRUCT) == 136, "layout");
 
 // How a serial port is set up.
-struct DCB {
+typedef struct DCB {
     DWORD DCBlength;
     DWORD BaudRate;
     DWORD fBinary : 1;
@@ -167,8 +167,8 @@ struct DCB {
     char EofChar;
     char EvtChar;
     WORD wReserved1;
-};
-static_assert(sizeof(DCB) == 28);
+} DCB;
+static_assert(sizeof(DCB) == 28, "layout");
 
 #define NOPARITY 0
 #define ODDPARITY 1
@@ -180,7 +180,7 @@ static_assert(sizeof(DCB) == 28);
 #define TWOSTOPBITS 2
 #define RTS_CONTROL_HANDSHAKE 2
 
-struct COMMCONFIG {
+typedef struct COMMCONFIG {
     DWORD dwSize;
     WORD wVersion;
     WORD wReserved;
@@ -189,12 +189,12 @@ struct COMMCONFIG {
     DWORD dwProviderOffset;
     DWORD dwProviderSize;
     WCHAR wcProviderData[1];
-};
-using LPCOMMCONFIG = COMMCONFIG*;
-static_assert(sizeof(COMMCONFIG) == 52);
+} COMMCONFIG;
+typedef COMMCONFIG* LPCOMMCONFIG;
+static_assert(sizeof(COMMCONFIG) == 52, "layout");
 
 #pragma GCC visibility push(default)
-extern "C" {
+WIN32HOST_BEGIN_C
 
 // ---- Errors -------------------------------------------------------------------------------------
 
@@ -340,5 +340,5 @@ BOOL WINAPI GetDefaultCommConfigW(LPCWSTR name, LPCOMMCONFIG config, LPDWORD siz
 // what it is told to call runs before the function comes back.
 UINT WINAPI WinExec(LPCSTR command_line, UINT show);
 
-} // extern "C"
+WIN32HOST_END_C
 #pragma GCC visibility pop

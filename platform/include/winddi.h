@@ -6,14 +6,14 @@
 #include <wingdi.h>
 
 // Chromaticities and luminance in ten-thousandths.
-struct CIECHROMA {
+typedef struct CIECHROMA {
     LONG x;
     LONG y;
     LONG Y;
-};
+} CIECHROMA;
 
 // The colours of a device and, in ten-thousandths, how its dyes mix.
-struct COLORINFO {
+typedef struct COLORINFO {
     CIECHROMA Red;
     CIECHROMA Green;
     CIECHROMA Blue;
@@ -30,15 +30,15 @@ struct COLORINFO {
     LONG YellowInMagentaDye;
     LONG CyanInYellowDye;
     LONG MagentaInYellowDye;
-};
+} COLORINFO;
 
-struct DEVHTINFO {
+typedef struct DEVHTINFO {
     DWORD HTFlags;       // HT_FLAG_
     DWORD HTPatternSize; // HT_PATSIZE_
     DWORD DevPelsDPI;
     COLORINFO ColorInfo;
-};
-static_assert(sizeof(DEVHTINFO) == 132);
+} DEVHTINFO;
+static_assert(sizeof(DEVHTINFO) == 132, "layout");
 
 #define HT_FLAG_HAS_BLACK_DYE 0x00000002
 
@@ -59,7 +59,7 @@ DECLARE_HANDLE(HDEV);   // GDI's device
 DECLARE_HANDLE(HSURF);  // GDI's surface
 
 // The place that a device is drawn on, as the module's functions are told of it.
-struct SURFOBJ {
+typedef struct SURFOBJ {
     DHSURF dhsurf;
     HSURF hsurf;
     DHPDEV dhpdev;
@@ -73,10 +73,10 @@ struct SURFOBJ {
     ULONG iBitmapFormat;
     USHORT iType;
     USHORT fjBitmap;
-};
+} SURFOBJ;
 
 // What a device is; GetDeviceCaps answers from it.
-struct GDIINFO {
+typedef struct GDIINFO {
     ULONG ulVersion; // of the driver
     ULONG ulTechnology;
     ULONG ulHorzSize; // of the printable area: millimetres, micrometres when negative
@@ -122,9 +122,9 @@ struct GDIINFO {
     ULONG flShadeBlend;
     ULONG ulPhysicalPixelCharacteristics;
     ULONG ulPhysicalPixelGamma;
-};
+} GDIINFO;
 
-struct DEVINFO {
+typedef struct DEVINFO {
     ULONG flGraphicsCaps;
     LOGFONTW lfDefaultFont;
     LOGFONTW lfAnsiVarFont;
@@ -135,19 +135,19 @@ struct DEVINFO {
     USHORT cyDither;
     HPALETTE hpalDefault;
     ULONG flGraphicsCaps2;
-};
+} DEVINFO;
 
 // The module's functions, each with its number.
-using PFN = INT_PTR(WINAPI*)();
-struct DRVFN {
+typedef INT_PTR(WINAPI* PFN)();
+typedef struct DRVFN {
     ULONG iFunc;
     PFN pfn;
-};
-struct DRVENABLEDATA {
+} DRVFN;
+typedef struct DRVENABLEDATA {
     ULONG iDriverVersion;
     ULONG c;
     DRVFN* pdrvfn;
-};
+} DRVENABLEDATA;
 
 #define DDI_DRIVER_VERSION_NT5 0x00030000
 
@@ -166,22 +166,22 @@ struct DRVENABLEDATA {
 
 // What the module exports to hand over its functions, and to be told that it is not needed any
 // more.
-using PFN_DrvEnableDriver = BOOL(WINAPI*)(ULONG version, ULONG size, DRVENABLEDATA* data);
-using PFN_DrvDisableDriver = void(WINAPI*)();
+typedef BOOL(WINAPI* PFN_DrvEnableDriver)(ULONG version, ULONG size, DRVENABLEDATA* data);
+typedef void(WINAPI* PFN_DrvDisableDriver)();
 
 // A device in the settings of a DEVMODE. The module fills the parts of GDIINFO and DEVINFO that
 // have room, and writes its output to the printer handle `driver`.
-using PFN_DrvEnablePDEV = DHPDEV(WINAPI*)(DEVMODEW* dev_mode, LPWSTR log_address,
+typedef DHPDEV(WINAPI* PFN_DrvEnablePDEV)(DEVMODEW* dev_mode, LPWSTR log_address,
                                           ULONG pattern_count, HSURF* patterns, ULONG caps_size,
                                           ULONG* caps, ULONG info_size, DEVINFO* info, HDEV dev,
                                           LPWSTR device_name, HANDLE driver);
-using PFN_DrvCompletePDEV = void(WINAPI*)(DHPDEV device, HDEV dev);
-using PFN_DrvDisablePDEV = void(WINAPI*)(DHPDEV device);
-using PFN_DrvStartDoc = BOOL(WINAPI*)(SURFOBJ* surface, LPWSTR name, DWORD job);
-using PFN_DrvStartPage = BOOL(WINAPI*)(SURFOBJ* surface);
-using PFN_DrvSendPage = BOOL(WINAPI*)(SURFOBJ* surface);
-using PFN_DrvEndDoc = BOOL(WINAPI*)(SURFOBJ* surface, ULONG flags);
-using PFN_DrvEscape = ULONG(WINAPI*)(SURFOBJ* surface, ULONG escape, ULONG input_size, PVOID input,
+typedef void(WINAPI* PFN_DrvCompletePDEV)(DHPDEV device, HDEV dev);
+typedef void(WINAPI* PFN_DrvDisablePDEV)(DHPDEV device);
+typedef BOOL(WINAPI* PFN_DrvStartDoc)(SURFOBJ* surface, LPWSTR name, DWORD job);
+typedef BOOL(WINAPI* PFN_DrvStartPage)(SURFOBJ* surface);
+typedef BOOL(WINAPI* PFN_DrvSendPage)(SURFOBJ* surface);
+typedef BOOL(WINAPI* PFN_DrvEndDoc)(SURFOBJ* surface, ULONG flags);
+typedef ULONG(WINAPI* PFN_DrvEscape)(SURFOBJ* surface, ULONG escape, ULONG input_size, PVOID input,
                                      ULONG output_size, PVOID output);
 
 struct CLIPOBJ;

@@ -3,8 +3,21 @@
 // Every type has a fixed width: DWORD and LONG are 32 bits on every host. WCHAR is a UTF-16 unit.
 #pragma once
 
+// Programs in C use these headers too.
+#ifdef __cplusplus
 #include <cstddef>
 #include <cstdint>
+#define WIN32HOST_BEGIN_C extern "C" {
+#define WIN32HOST_END_C }
+#else
+#include <assert.h>
+#include <stdalign.h>
+#include <stddef.h>
+#include <stdint.h>
+#include <uchar.h>
+#define WIN32HOST_BEGIN_C
+#define WIN32HOST_END_C
+#endif
 
 #define WINAPI
 #define CALLBACK
@@ -16,73 +29,73 @@
 #define WIN32HOST_DECLSPEC_dllexport __attribute__((visibility("default")))
 #define WIN32HOST_DECLSPEC_dllimport
 
-using BYTE = uint8_t;
-using UCHAR = uint8_t;
-using CHAR = char;
-using WCHAR = char16_t;
-using TCHAR = WCHAR;
-using SHORT = int16_t;
-using USHORT = uint16_t;
-using WORD = uint16_t;
-using INT = int32_t;
-using UINT = uint32_t;
-using LONG = int32_t;
-using ULONG = uint32_t;
-using DWORD = uint32_t;
-using BOOL = int32_t;
-using BOOLEAN = uint8_t;
-using FLOAT = float;
-using LONGLONG = int64_t;
-using ULONGLONG = uint64_t;
-using DWORDLONG = uint64_t;
+typedef uint8_t BYTE;
+typedef uint8_t UCHAR;
+typedef char CHAR;
+typedef char16_t WCHAR;
+typedef WCHAR TCHAR;
+typedef int16_t SHORT;
+typedef uint16_t USHORT;
+typedef uint16_t WORD;
+typedef int32_t INT;
+typedef uint32_t UINT;
+typedef int32_t LONG;
+typedef uint32_t ULONG;
+typedef uint32_t DWORD;
+typedef int32_t BOOL;
+typedef uint8_t BOOLEAN;
+typedef float FLOAT;
+typedef int64_t LONGLONG;
+typedef uint64_t ULONGLONG;
+typedef uint64_t DWORDLONG;
 
-using INT_PTR = intptr_t;
-using UINT_PTR = uintptr_t;
-using LONG_PTR = intptr_t;
-using ULONG_PTR = uintptr_t;
-using DWORD_PTR = uintptr_t;
-using SIZE_T = size_t;
-using WPARAM = UINT_PTR;
-using LPARAM = LONG_PTR;
-using LRESULT = LONG_PTR;
-using HRESULT = LONG;
-using ATOM = WORD;
-using COLORREF = DWORD;
+typedef intptr_t INT_PTR;
+typedef uintptr_t UINT_PTR;
+typedef intptr_t LONG_PTR;
+typedef uintptr_t ULONG_PTR;
+typedef uintptr_t DWORD_PTR;
+typedef size_t SIZE_T;
+typedef UINT_PTR WPARAM;
+typedef LONG_PTR LPARAM;
+typedef LONG_PTR LRESULT;
+typedef LONG HRESULT;
+typedef WORD ATOM;
+typedef DWORD COLORREF;
 
-using PVOID = void*;
-using LPVOID = void*;
-using LPCVOID = const void*;
-using PBYTE = BYTE*;
-using LPBYTE = BYTE*;
-using PWORD = WORD*;
-using LPWORD = WORD*;
-using PDWORD = DWORD*;
-using LPDWORD = DWORD*;
-using PLONG = LONG*;
-using LPLONG = LONG*;
-using PINT = INT*;
-using LPINT = INT*;
-using PBOOL = BOOL*;
-using LPBOOL = BOOL*;
-using PSTR = CHAR*;
-using LPSTR = CHAR*;
-using PCSTR = const CHAR*;
-using LPCSTR = const CHAR*;
-using PWSTR = WCHAR*;
-using LPWSTR = WCHAR*;
-using PCWSTR = const WCHAR*;
-using LPCWSTR = const WCHAR*;
+typedef void* PVOID;
+typedef void* LPVOID;
+typedef const void* LPCVOID;
+typedef BYTE* PBYTE;
+typedef BYTE* LPBYTE;
+typedef WORD* PWORD;
+typedef WORD* LPWORD;
+typedef DWORD* PDWORD;
+typedef DWORD* LPDWORD;
+typedef LONG* PLONG;
+typedef LONG* LPLONG;
+typedef INT* PINT;
+typedef INT* LPINT;
+typedef BOOL* PBOOL;
+typedef BOOL* LPBOOL;
+typedef CHAR* PSTR;
+typedef CHAR* LPSTR;
+typedef const CHAR* PCSTR;
+typedef const CHAR* LPCSTR;
+typedef WCHAR* PWSTR;
+typedef WCHAR* LPWSTR;
+typedef const WCHAR* PCWSTR;
+typedef const WCHAR* LPCWSTR;
 
-using HANDLE = void*;
-using LPHANDLE = HANDLE*;
-using PHANDLE = HANDLE*;
+typedef void* HANDLE;
+typedef HANDLE* LPHANDLE;
+typedef HANDLE* PHANDLE;
 
 // A handle type of its own for each kind of object, so that the compiler tells them apart.
 #define DECLARE_HANDLE(name)                                                                       \
     struct name##__ {                                                                              \
         int unused;                                                                                \
     };                                                                                             \
-    using name = name##__* /* NOLINT(bugprone-macro-parentheses) */
+    typedef struct name##__* name /* NOLINT(bugprone-macro-parentheses) */
 
 DECLARE_HANDLE(HINSTANCE);
 DECLARE_HANDLE(HKEY);
@@ -98,16 +111,16 @@ DECLARE_HANDLE(HBRUSH);
 DECLARE_HANDLE(HRGN);
 DECLARE_HANDLE(HPALETTE);
 DECLARE_HANDLE(HHOOK);
-using HMODULE = HINSTANCE;
-using HGLOBAL = HANDLE;
-using HLOCAL = HANDLE;
-using HGDIOBJ = void*;
-using HCURSOR = HICON;
-using PHKEY = HKEY*;
-using HFILE = int;
+typedef HINSTANCE HMODULE;
+typedef HANDLE HGLOBAL;
+typedef HANDLE HLOCAL;
+typedef void* HGDIOBJ;
+typedef HICON HCURSOR;
+typedef HKEY* PHKEY;
+typedef int HFILE;
 
-using FARPROC = INT_PTR(WINAPI*)();
-using PROC = INT_PTR(WINAPI*)();
+typedef INT_PTR(WINAPI* FARPROC)();
+typedef INT_PTR(WINAPI* PROC)();
 
 #ifndef FALSE
 #define FALSE 0
@@ -121,51 +134,51 @@ using PROC = INT_PTR(WINAPI*)();
 #define WIN32HOST_TEXT(quote) u##quote
 #define TEXT(quote) WIN32HOST_TEXT(quote)
 
-#define LOBYTE(w) (static_cast<BYTE>(static_cast<DWORD_PTR>(w) & 0xFF))
-#define HIBYTE(w) (static_cast<BYTE>((static_cast<DWORD_PTR>(w) >> 8) & 0xFF))
-#define LOWORD(l) (static_cast<WORD>(static_cast<DWORD_PTR>(l) & 0xFFFF))
-#define HIWORD(l) (static_cast<WORD>((static_cast<DWORD_PTR>(l) >> 16) & 0xFFFF))
-#define MAKEWORD(low, high) (static_cast<WORD>(LOBYTE(low) | (LOBYTE(high) << 8)))
-#define MAKELONG(low, high) (static_cast<LONG>(LOWORD(low) | (static_cast<DWORD>(LOWORD(high)) << 16)))
+#define LOBYTE(w) ((BYTE)((DWORD_PTR)(w)&0xFF))
+#define HIBYTE(w) ((BYTE)(((DWORD_PTR)(w) >> 8) & 0xFF))
+#define LOWORD(l) ((WORD)((DWORD_PTR)(l)&0xFFFF))
+#define HIWORD(l) ((WORD)(((DWORD_PTR)(l) >> 16) & 0xFFFF))
+#define MAKEWORD(low, high) ((WORD)(LOBYTE(low) | (LOBYTE(high) << 8)))
+#define MAKELONG(low, high) ((LONG)(LOWORD(low) | ((DWORD)LOWORD(high) << 16)))
 
-struct POINT {
+typedef struct POINT {
     LONG x;
     LONG y;
-};
-using PPOINT = POINT*;
-using LPPOINT = POINT*;
+} POINT;
+typedef POINT* PPOINT;
+typedef POINT* LPPOINT;
 
-struct POINTL {
+typedef struct POINTL {
     LONG x;
     LONG y;
-};
+} POINTL;
 
-struct SIZE {
+typedef struct SIZE {
     LONG cx;
     LONG cy;
-};
-using LPSIZE = SIZE*;
+} SIZE;
+typedef SIZE* LPSIZE;
 
-struct RECT {
+typedef struct RECT {
     LONG left;
     LONG top;
     LONG right;
     LONG bottom;
-};
-using LPRECT = RECT*;
+} RECT;
+typedef RECT* LPRECT;
 
-struct RECTL {
+typedef struct RECTL {
     LONG left;
     LONG top;
     LONG right;
     LONG bottom;
-};
+} RECTL;
 
-struct FILETIME {
+typedef struct FILETIME {
     DWORD dwLowDateTime;
     DWORD dwHighDateTime;
-};
-using LPFILETIME = FILETIME*;
+} FILETIME;
+typedef FILETIME* LPFILETIME;
 
-static_assert(sizeof(WCHAR) == 2);
-static_assert(sizeof(POINT) == 8);
+static_assert(sizeof(WCHAR) == 2, "layout");
+static_assert(sizeof(POINT) == 8, "layout");

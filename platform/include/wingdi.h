@@ -8,7 +8,7 @@
 
 // The public part of a printer's document settings. A driver's private bytes (dmDriverExtra of
 // them) follow directly behind the first dmSize bytes. Lengths are in tenths of a millimetre.
-struct DEVMODEW {
+typedef struct DEVMODEW {
     WCHAR dmDeviceName[CCHDEVICENAME];
     WORD dmSpecVersion;
     WORD dmDriverVersion;
@@ -55,15 +55,15 @@ struct DEVMODEW {
     DWORD dmReserved2;
     DWORD dmPanningWidth;
     DWORD dmPanningHeight;
-};
-using PDEVMODEW = DEVMODEW*;
-using LPDEVMODEW = DEVMODEW*;
-static_assert(sizeof(DEVMODEW) == 220);
-static_assert(offsetof(DEVMODEW, dmFields) == 72);
-static_assert(offsetof(DEVMODEW, dmFormName) == 102);
+} DEVMODEW;
+typedef DEVMODEW* PDEVMODEW;
+typedef DEVMODEW* LPDEVMODEW;
+static_assert(sizeof(DEVMODEW) == 220, "layout");
+static_assert(offsetof(DEVMODEW, dmFields) == 72, "layout");
+static_assert(offsetof(DEVMODEW, dmFormName) == 102, "layout");
 
 // The same in the ANSI form of old programs.
-struct DEVMODEA {
+typedef struct DEVMODEA {
     BYTE dmDeviceName[CCHDEVICENAME];
     WORD dmSpecVersion;
     WORD dmDriverVersion;
@@ -98,11 +98,11 @@ struct DEVMODEA {
     DWORD dmReserved2;
     DWORD dmPanningWidth;
     DWORD dmPanningHeight;
-};
-static_assert(sizeof(DEVMODEA) == 156);
+} DEVMODEA;
+static_assert(sizeof(DEVMODEA) == 156, "layout");
 
 // How halftones adjust colours. Gammas and references are in ten-thousandths.
-struct COLORADJUSTMENT {
+typedef struct COLORADJUSTMENT {
     WORD caSize;
     WORD caFlags;
     WORD caIlluminantIndex;
@@ -115,8 +115,8 @@ struct COLORADJUSTMENT {
     SHORT caBrightness;
     SHORT caColorfulness;
     SHORT caRedGreenTint;
-};
-static_assert(sizeof(COLORADJUSTMENT) == 24);
+} COLORADJUSTMENT;
+static_assert(sizeof(COLORADJUSTMENT) == 24, "layout");
 
 // The version of DEVMODEW that has all of the fields above.
 #define DM_SPECVERSION 0x0401
@@ -202,7 +202,7 @@ static_assert(sizeof(COLORADJUSTMENT) == 24);
 
 #define LF_FACESIZE 32
 
-struct LOGFONTW {
+typedef struct LOGFONTW {
     LONG lfHeight;
     LONG lfWidth;
     LONG lfEscapement;
@@ -217,8 +217,8 @@ struct LOGFONTW {
     BYTE lfQuality;
     BYTE lfPitchAndFamily;
     WCHAR lfFaceName[LF_FACESIZE];
-};
-static_assert(sizeof(LOGFONTW) == 92);
+} LOGFONTW;
+static_assert(sizeof(LOGFONTW) == 92, "layout");
 
 #define FW_DONTCARE 0
 #define FW_NORMAL 400
@@ -260,7 +260,7 @@ static_assert(sizeof(LOGFONTW) == 92);
 #define TMPF_TRUETYPE 0x04
 
 // The measures of a font as it is selected, in pixels.
-struct TEXTMETRICW {
+typedef struct TEXTMETRICW {
     LONG tmHeight; // ascent and descent
     LONG tmAscent;
     LONG tmDescent;
@@ -281,9 +281,9 @@ struct TEXTMETRICW {
     BYTE tmStruckOut;
     BYTE tmPitchAndFamily;
     BYTE tmCharSet;
-};
-using LPTEXTMETRICW = TEXTMETRICW*;
-static_assert(sizeof(TEXTMETRICW) == 60);
+} TEXTMETRICW;
+typedef TEXTMETRICW* LPTEXTMETRICW;
+static_assert(sizeof(TEXTMETRICW) == 60, "layout");
 
 #define GDI_ERROR 0xFFFFFFFF
 
@@ -319,17 +319,17 @@ static_assert(sizeof(TEXTMETRICW) == 60);
 
 #define SP_ERROR (-1)
 
-struct DOCINFOW {
+typedef struct DOCINFOW {
     int cbSize;
     LPCWSTR lpszDocName;
     LPCWSTR lpszOutput;   // null: the printer's port
     LPCWSTR lpszDatatype; // null: RAW
     DWORD fwType;
-};
-using LPDOCINFOW = DOCINFOW*;
+} DOCINFOW;
+typedef DOCINFOW* LPDOCINFOW;
 
 #pragma GCC visibility push(default)
-extern "C" {
+WIN32HOST_BEGIN_C
 
 // A device context on the printer `device`, in the settings of `dev_mode`, or its default ones for
 // null. `driver` is "WINSPOOL" or null and `output` null or the printer's port, which is not looked
@@ -413,5 +413,5 @@ BOOL WINAPI GetTextExtentPointW(HDC dc, LPCWSTR text, int length, LPSIZE size);
 BOOL WINAPI TextOutA(HDC dc, int x, int y, LPCSTR text, int length);
 BOOL WINAPI TextOutW(HDC dc, int x, int y, LPCWSTR text, int length);
 
-} // extern "C"
+WIN32HOST_END_C
 #pragma GCC visibility pop

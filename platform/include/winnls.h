@@ -19,19 +19,19 @@
 #define MAX_LEADBYTES 12
 #define MAX_DEFAULTCHAR 2
 
-struct CPINFO {
+typedef struct CPINFO {
     UINT MaxCharSize; // bytes of the longest character
     BYTE DefaultChar[MAX_DEFAULTCHAR];
     BYTE LeadByte[MAX_LEADBYTES]; // ranges as pairs of first and last, ended by two zeros
-};
-using LPCPINFO = CPINFO*;
-static_assert(sizeof(CPINFO) == 20);
+} CPINFO;
+typedef CPINFO* LPCPINFO;
+static_assert(sizeof(CPINFO) == 20, "layout");
 
 // ---- Locale -------------------------------------------------------------------------------------
 
-using LCID = DWORD;
-using LANGID = WORD;
-using LCTYPE = DWORD;
+typedef DWORD LCID;
+typedef WORD LANGID;
+typedef DWORD LCTYPE;
 
 #define LANG_NEUTRAL 0x00
 #define LANG_ENGLISH 0x09
@@ -40,11 +40,8 @@ using LCTYPE = DWORD;
 #define SUBLANG_SYS_DEFAULT 0x02
 #define SUBLANG_ENGLISH_US 0x01
 #define SORT_DEFAULT 0x0
-#define MAKELANGID(primary, sub)                                                                   \
-    (static_cast<WORD>((static_cast<WORD>(sub) << 10) | static_cast<WORD>(primary)))
-#define MAKELCID(language, sort)                                                                   \
-    ((static_cast<DWORD>(static_cast<WORD>(sort)) << 16) |                                         \
-     static_cast<DWORD>(static_cast<WORD>(language)))
+#define MAKELANGID(primary, sub) ((WORD)(((WORD)(sub) << 10) | (WORD)(primary)))
+#define MAKELCID(language, sort) (((DWORD)(WORD)(sort) << 16) | (DWORD)(WORD)(language))
 #define LANG_USER_DEFAULT MAKELANGID(LANG_NEUTRAL, SUBLANG_DEFAULT)
 #define LANG_SYSTEM_DEFAULT MAKELANGID(LANG_NEUTRAL, SUBLANG_SYS_DEFAULT)
 #define LOCALE_USER_DEFAULT MAKELCID(LANG_USER_DEFAULT, SORT_DEFAULT)
@@ -57,7 +54,7 @@ using LCTYPE = DWORD;
 #define LOCALE_ILANGUAGE 0x00000001        // language identifier, four hexadecimal digits
 #define LOCALE_SABBREVLANGNAME 0x00000003  // three letters: two of the language, one of the country
 #define LOCALE_IDEFAULTCODEPAGE 0x0000000B // OEM code page, decimal
-#define LOCALE_IMEASURE 0x0000000D // "0" metric, "1" inches
+#define LOCALE_IMEASURE 0x0000000D         // "0" metric, "1" inches
 #define LOCALE_SDECIMAL 0x0000000E
 #define LOCALE_STHOUSAND 0x0000000F
 #define LOCALE_ILZERO 0x00000012 // "1": decimal fractions below 1 begin with a zero
@@ -71,19 +68,19 @@ using LCTYPE = DWORD;
 #define VER_PLATFORM_WIN32_WINDOWS 1
 #define VER_PLATFORM_WIN32_NT 2
 
-struct OSVERSIONINFOW {
+typedef struct OSVERSIONINFOW {
     DWORD dwOSVersionInfoSize;
     DWORD dwMajorVersion;
     DWORD dwMinorVersion;
     DWORD dwBuildNumber;
     DWORD dwPlatformId;
     WCHAR szCSDVersion[128];
-};
-using LPOSVERSIONINFOW = OSVERSIONINFOW*;
-static_assert(sizeof(OSVERSIONINFOW) == 276);
+} OSVERSIONINFOW;
+typedef OSVERSIONINFOW* LPOSVERSIONINFOW;
+static_assert(sizeof(OSVERSIONINFOW) == 276, "layout");
 
 #pragma GCC visibility push(default)
-extern "C" {
+WIN32HOST_BEGIN_C
 
 // Bytes of `code_page` to UTF-16. A byte length of -1 means up to and with the terminator. With a
 // buffer size of 0 the answer is the units needed. 0 is failure: ERROR_INVALID_PARAMETER for an
@@ -122,5 +119,5 @@ LPWSTR WINAPI lstrcpynW(LPWSTR buffer, LPCWSTR text, int size);
 // Compare without regard to the case of letters: negative, 0 or positive. Null sorts first.
 int WINAPI lstrcmpiW(LPCWSTR first, LPCWSTR second);
 
-} // extern "C"
+WIN32HOST_END_C
 #pragma GCC visibility pop

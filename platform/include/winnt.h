@@ -3,7 +3,7 @@
 
 #include <windef.h>
 
-using ACCESS_MASK = DWORD;
+typedef DWORD ACCESS_MASK;
 
 #define DELETE 0x00010000
 #define READ_CONTROL 0x00020000
@@ -22,25 +22,25 @@ using ACCESS_MASK = DWORD;
 
 // ---- Security identifiers -----------------------------------------------------------------------
 
-using PSID = PVOID;
-using PSECURITY_DESCRIPTOR = PVOID;
-using SECURITY_DESCRIPTOR_CONTROL = WORD;
+typedef PVOID PSID;
+typedef PVOID PSECURITY_DESCRIPTOR;
+typedef WORD SECURITY_DESCRIPTOR_CONTROL;
 
-struct SID_IDENTIFIER_AUTHORITY {
+typedef struct SID_IDENTIFIER_AUTHORITY {
     BYTE Value[6]; // big-endian
-};
-using PSID_IDENTIFIER_AUTHORITY = SID_IDENTIFIER_AUTHORITY*;
+} SID_IDENTIFIER_AUTHORITY;
+typedef SID_IDENTIFIER_AUTHORITY* PSID_IDENTIFIER_AUTHORITY;
 
 #define SID_REVISION 1
 #define SID_MAX_SUB_AUTHORITIES 15
 
-struct SID {
+typedef struct SID {
     BYTE Revision;
     BYTE SubAuthorityCount;
     SID_IDENTIFIER_AUTHORITY IdentifierAuthority;
     DWORD SubAuthority[1]; // SubAuthorityCount of them
-};
-static_assert(sizeof(SID) == 12);
+} SID;
+static_assert(sizeof(SID) == 12, "layout");
 
 #define SECURITY_WORLD_SID_AUTHORITY                                                               \
     { 0, 0, 0, 0, 0, 1 }
@@ -54,7 +54,7 @@ static_assert(sizeof(SID) == 12);
 #define DOMAIN_ALIAS_RID_GUESTS 0x00000222
 #define DOMAIN_ALIAS_RID_POWER_USERS 0x00000223
 
-enum SID_NAME_USE {
+typedef enum SID_NAME_USE {
     SidTypeUser = 1,
     SidTypeGroup,
     SidTypeDomain,
@@ -64,13 +64,13 @@ enum SID_NAME_USE {
     SidTypeInvalid,
     SidTypeUnknown,
     SidTypeComputer
-};
-using PSID_NAME_USE = SID_NAME_USE*;
+} SID_NAME_USE;
+typedef SID_NAME_USE* PSID_NAME_USE;
 
-struct SID_AND_ATTRIBUTES {
+typedef struct SID_AND_ATTRIBUTES {
     PSID Sid;
     DWORD Attributes;
-};
+} SID_AND_ATTRIBUTES;
 
 #define SE_GROUP_MANDATORY 0x00000001
 #define SE_GROUP_ENABLED_BY_DEFAULT 0x00000002
@@ -80,36 +80,36 @@ struct SID_AND_ATTRIBUTES {
 
 #define TOKEN_QUERY 0x0008
 
-enum TOKEN_INFORMATION_CLASS { TokenUser = 1, TokenGroups };
+typedef enum TOKEN_INFORMATION_CLASS { TokenUser = 1, TokenGroups } TOKEN_INFORMATION_CLASS;
 
-struct TOKEN_USER {
+typedef struct TOKEN_USER {
     SID_AND_ATTRIBUTES User;
-};
-using PTOKEN_USER = TOKEN_USER*;
+} TOKEN_USER;
+typedef TOKEN_USER* PTOKEN_USER;
 
-struct TOKEN_GROUPS {
+typedef struct TOKEN_GROUPS {
     DWORD GroupCount;
     SID_AND_ATTRIBUTES Groups[1]; // GroupCount of them
-};
-using PTOKEN_GROUPS = TOKEN_GROUPS*;
+} TOKEN_GROUPS;
+typedef TOKEN_GROUPS* PTOKEN_GROUPS;
 
 // ---- Security descriptors -----------------------------------------------------------------------
 
-struct ACL {
+typedef struct ACL {
     BYTE AclRevision;
     BYTE Sbz1;
     WORD AclSize;
     WORD AceCount;
     WORD Sbz2;
-};
-using PACL = ACL*;
-static_assert(sizeof(ACL) == 8);
+} ACL;
+typedef ACL* PACL;
+static_assert(sizeof(ACL) == 8, "layout");
 
 #define SECURITY_DESCRIPTOR_REVISION 1
 #define SE_DACL_PRESENT 0x0004
 #define SE_DACL_DEFAULTED 0x0008
 
-struct SECURITY_DESCRIPTOR {
+typedef struct SECURITY_DESCRIPTOR {
     BYTE Revision;
     BYTE Sbz1;
     SECURITY_DESCRIPTOR_CONTROL Control;
@@ -117,10 +117,10 @@ struct SECURITY_DESCRIPTOR {
     PSID Group;
     PACL Sacl;
     PACL Dacl;
-};
+} SECURITY_DESCRIPTOR;
 
 #pragma GCC visibility push(default)
-extern "C" {
+WIN32HOST_BEGIN_C
 
 HANDLE WINAPI GetCurrentProcess(void);
 
@@ -167,5 +167,5 @@ BOOL WINAPI GetUserNameW(LPWSTR buffer, LPDWORD size);
 // terminator. ERROR_BUFFER_OVERFLOW when it does not fit.
 BOOL WINAPI GetComputerNameW(LPWSTR buffer, LPDWORD size);
 
-} // extern "C"
+WIN32HOST_END_C
 #pragma GCC visibility pop

@@ -9,13 +9,11 @@
 
 struct SECURITY_ATTRIBUTES;
 
-using LSTATUS = LONG;
-using REGSAM = DWORD;
+typedef LONG LSTATUS;
+typedef DWORD REGSAM;
 
 // The roots. They are always open: closing one does nothing.
-#define WIN32HOST_ROOT_KEY(number)                                                                 \
-    (reinterpret_cast<HKEY>(                                                                       \
-        static_cast<ULONG_PTR>(static_cast<LONG_PTR>(static_cast<LONG>(number)))))
+#define WIN32HOST_ROOT_KEY(number) ((HKEY)(ULONG_PTR)(LONG_PTR)(LONG)(number))
 #define HKEY_CLASSES_ROOT WIN32HOST_ROOT_KEY(0x80000000)
 #define HKEY_CURRENT_USER WIN32HOST_ROOT_KEY(0x80000001)
 #define HKEY_LOCAL_MACHINE WIN32HOST_ROOT_KEY(0x80000002)
@@ -61,7 +59,7 @@ using REGSAM = DWORD;
 #define REG_OPENED_EXISTING_KEY 2
 
 #pragma GCC visibility push(default)
-extern "C" {
+WIN32HOST_BEGIN_C
 
 // Opens the existing key `subkey`, a path of names separated by backslashes, below `key`. A null or
 // empty path opens `key` itself once more. ERROR_FILE_NOT_FOUND when it does not exist,
@@ -73,8 +71,9 @@ LSTATUS WINAPI RegOpenKeyExW(HKEY key, LPCWSTR subkey, DWORD options, REGSAM acc
 // descriptor: `security` is accepted and not looked at. `*disposition` (optional) tells which of
 // the two happened.
 LSTATUS WINAPI RegCreateKeyExW(HKEY key, LPCWSTR subkey, DWORD reserved, LPWSTR key_class,
-                               DWORD options, REGSAM access, const SECURITY_ATTRIBUTES* security,
-                               PHKEY result, LPDWORD disposition);
+                               DWORD options, REGSAM access,
+                               const struct SECURITY_ATTRIBUTES* security, PHKEY result,
+                               LPDWORD disposition);
 
 // Closes a key handle; ERROR_INVALID_HANDLE when it is not an open one.
 LSTATUS WINAPI RegCloseKey(HKEY key);
@@ -126,5 +125,5 @@ LSTATUS WINAPI RegFlushKey(HKEY key);
 // null or empty name is this machine.
 LSTATUS WINAPI RegConnectRegistryW(LPCWSTR machine, HKEY key, PHKEY result);
 
-} // extern "C"
+WIN32HOST_END_C
 #pragma GCC visibility pop

@@ -28,13 +28,13 @@
 #define PRINTER_WRITE (STANDARD_RIGHTS_WRITE | PRINTER_ACCESS_USE)
 #define PRINTER_EXECUTE (STANDARD_RIGHTS_EXECUTE | PRINTER_ACCESS_USE)
 
-struct PRINTER_DEFAULTSW {
+typedef struct PRINTER_DEFAULTSW {
     LPWSTR pDatatype;
     PDEVMODEW pDevMode;
     ACCESS_MASK DesiredAccess;
-};
-using PPRINTER_DEFAULTSW = PRINTER_DEFAULTSW*;
-using LPPRINTER_DEFAULTSW = PRINTER_DEFAULTSW*;
+} PRINTER_DEFAULTSW;
+typedef PRINTER_DEFAULTSW* PPRINTER_DEFAULTSW;
+typedef PRINTER_DEFAULTSW* LPPRINTER_DEFAULTSW;
 
 // ---- Printers -----------------------------------------------------------------------------------
 
@@ -62,16 +62,16 @@ using LPPRINTER_DEFAULTSW = PRINTER_DEFAULTSW*;
 #define PRINTER_ENUM_NETWORK 0x00000040
 #define PRINTER_ENUM_ICON8 0x00800000
 
-struct PRINTER_INFO_1W {
+typedef struct PRINTER_INFO_1W {
     DWORD Flags;         // PRINTER_ENUM_ICON8
     LPWSTR pDescription; // name, driver name and location, separated by commas
     LPWSTR pName;
     LPWSTR pComment;
-};
-using PPRINTER_INFO_1W = PRINTER_INFO_1W*;
-using LPPRINTER_INFO_1W = PRINTER_INFO_1W*;
+} PRINTER_INFO_1W;
+typedef PRINTER_INFO_1W* PPRINTER_INFO_1W;
+typedef PRINTER_INFO_1W* LPPRINTER_INFO_1W;
 
-struct PRINTER_INFO_2W {
+typedef struct PRINTER_INFO_2W {
     LPWSTR pServerName; // "\\SERVER"; null for a printer of this machine
     LPWSTR pPrinterName;
     LPWSTR pShareName;
@@ -93,11 +93,11 @@ struct PRINTER_INFO_2W {
     DWORD Status;
     DWORD cJobs;
     DWORD AveragePPM;
-};
-using PPRINTER_INFO_2W = PRINTER_INFO_2W*;
-using LPPRINTER_INFO_2W = PRINTER_INFO_2W*;
+} PRINTER_INFO_2W;
+typedef PRINTER_INFO_2W* PPRINTER_INFO_2W;
+typedef PRINTER_INFO_2W* LPPRINTER_INFO_2W;
 
-struct PRINTER_INFO_2A {
+typedef struct PRINTER_INFO_2A {
     LPSTR pServerName;
     LPSTR pPrinterName;
     LPSTR pShareName;
@@ -119,31 +119,31 @@ struct PRINTER_INFO_2A {
     DWORD Status;
     DWORD cJobs;
     DWORD AveragePPM;
-};
-using PPRINTER_INFO_2A = PRINTER_INFO_2A*;
-using LPPRINTER_INFO_2A = PRINTER_INFO_2A*;
+} PRINTER_INFO_2A;
+typedef PRINTER_INFO_2A* PPRINTER_INFO_2A;
+typedef PRINTER_INFO_2A* LPPRINTER_INFO_2A;
 
-struct PRINTER_INFO_4W {
+typedef struct PRINTER_INFO_4W {
     LPWSTR pPrinterName;
     LPWSTR pServerName; // null for a printer of this machine
     DWORD Attributes;   // PRINTER_ATTRIBUTE_LOCAL or PRINTER_ATTRIBUTE_NETWORK
-};
-using PPRINTER_INFO_4W = PRINTER_INFO_4W*;
-using LPPRINTER_INFO_4W = PRINTER_INFO_4W*;
+} PRINTER_INFO_4W;
+typedef PRINTER_INFO_4W* PPRINTER_INFO_4W;
+typedef PRINTER_INFO_4W* LPPRINTER_INFO_4W;
 
 // The default document settings alone: everybody's.
-struct PRINTER_INFO_8W {
+typedef struct PRINTER_INFO_8W {
     PDEVMODEW pDevMode; // null when none are set
-};
-using PPRINTER_INFO_8W = PRINTER_INFO_8W*;
-using LPPRINTER_INFO_8W = PRINTER_INFO_8W*;
+} PRINTER_INFO_8W;
+typedef PRINTER_INFO_8W* PPRINTER_INFO_8W;
+typedef PRINTER_INFO_8W* LPPRINTER_INFO_8W;
 
 // The user's own.
-struct PRINTER_INFO_9W {
+typedef struct PRINTER_INFO_9W {
     PDEVMODEW pDevMode;
-};
-using PPRINTER_INFO_9W = PRINTER_INFO_9W*;
-using LPPRINTER_INFO_9W = PRINTER_INFO_9W*;
+} PRINTER_INFO_9W;
+typedef PRINTER_INFO_9W* PPRINTER_INFO_9W;
+typedef PRINTER_INFO_9W* LPPRINTER_INFO_9W;
 
 // ---- Drivers ------------------------------------------------------------------------------------
 
@@ -153,18 +153,18 @@ using LPPRINTER_INFO_9W = PRINTER_INFO_9W*;
 #define APD_COPY_NEW_FILES 0x00000008
 #define APD_COPY_FROM_DIRECTORY 0x00000010
 
-struct DRIVER_INFO_2W {
+typedef struct DRIVER_INFO_2W {
     DWORD cVersion; // 3, a driver of user mode
     LPWSTR pName;
     LPWSTR pEnvironment;
     LPWSTR pDriverPath;
     LPWSTR pDataFile;
     LPWSTR pConfigFile;
-};
-using PDRIVER_INFO_2W = DRIVER_INFO_2W*;
-using LPDRIVER_INFO_2W = DRIVER_INFO_2W*;
+} DRIVER_INFO_2W;
+typedef DRIVER_INFO_2W* PDRIVER_INFO_2W;
+typedef DRIVER_INFO_2W* LPDRIVER_INFO_2W;
 
-struct DRIVER_INFO_3W {
+typedef struct DRIVER_INFO_3W {
     DWORD cVersion;
     LPWSTR pName;
     LPWSTR pEnvironment;
@@ -175,11 +175,11 @@ struct DRIVER_INFO_3W {
     LPWSTR pDependentFiles; // each ended by a zero, the list by another one
     LPWSTR pMonitorName;
     LPWSTR pDefaultDataType;
-};
-using PDRIVER_INFO_3W = DRIVER_INFO_3W*;
-using LPDRIVER_INFO_3W = DRIVER_INFO_3W*;
+} DRIVER_INFO_3W;
+typedef DRIVER_INFO_3W* PDRIVER_INFO_3W;
+typedef DRIVER_INFO_3W* LPDRIVER_INFO_3W;
 
-struct DRIVER_INFO_3A {
+typedef struct DRIVER_INFO_3A {
     DWORD cVersion;
     LPSTR pName;
     LPSTR pEnvironment;
@@ -190,11 +190,11 @@ struct DRIVER_INFO_3A {
     LPSTR pDependentFiles;
     LPSTR pMonitorName;
     LPSTR pDefaultDataType;
-};
-using PDRIVER_INFO_3A = DRIVER_INFO_3A*;
-using LPDRIVER_INFO_3A = DRIVER_INFO_3A*;
+} DRIVER_INFO_3A;
+typedef DRIVER_INFO_3A* PDRIVER_INFO_3A;
+typedef DRIVER_INFO_3A* LPDRIVER_INFO_3A;
 
-struct DRIVER_INFO_6W {
+typedef struct DRIVER_INFO_6W {
     DWORD cVersion;
     LPWSTR pName;
     LPWSTR pEnvironment;
@@ -212,9 +212,9 @@ struct DRIVER_INFO_6W {
     LPWSTR pszOEMUrl;
     LPWSTR pszHardwareID;
     LPWSTR pszProvider;
-};
-using PDRIVER_INFO_6W = DRIVER_INFO_6W*;
-using LPDRIVER_INFO_6W = DRIVER_INFO_6W*;
+} DRIVER_INFO_6W;
+typedef DRIVER_INFO_6W* PDRIVER_INFO_6W;
+typedef DRIVER_INFO_6W* LPDRIVER_INFO_6W;
 
 // ---- Ports --------------------------------------------------------------------------------------
 
@@ -223,25 +223,25 @@ using LPDRIVER_INFO_6W = DRIVER_INFO_6W*;
 #define PORT_TYPE_REDIRECTED 0x0004
 #define PORT_TYPE_NET_ATTACHED 0x0008
 
-struct PORT_INFO_2W {
+typedef struct PORT_INFO_2W {
     LPWSTR pPortName;
     LPWSTR pMonitorName;
     LPWSTR pDescription;
     DWORD fPortType;
     DWORD Reserved;
-};
-using PPORT_INFO_2W = PORT_INFO_2W*;
-using LPPORT_INFO_2W = PORT_INFO_2W*;
+} PORT_INFO_2W;
+typedef PORT_INFO_2W* PPORT_INFO_2W;
+typedef PORT_INFO_2W* LPPORT_INFO_2W;
 
 // ---- Documents and jobs -------------------------------------------------------------------------
 
-struct DOC_INFO_1W {
+typedef struct DOC_INFO_1W {
     LPWSTR pDocName;
     LPWSTR pOutputFile; // null: the printer's port
     LPWSTR pDatatype;   // null: the printer's
-};
-using PDOC_INFO_1W = DOC_INFO_1W*;
-using LPDOC_INFO_1W = DOC_INFO_1W*;
+} DOC_INFO_1W;
+typedef DOC_INFO_1W* PDOC_INFO_1W;
+typedef DOC_INFO_1W* LPDOC_INFO_1W;
 
 // A job's status: none of these while it waits in the spooler.
 #define JOB_STATUS_PAUSED 0x00000001
@@ -251,7 +251,7 @@ using LPDOC_INFO_1W = DOC_INFO_1W*;
 #define JOB_STATUS_PRINTING 0x00000010
 #define JOB_STATUS_PRINTED 0x00000080
 
-struct JOB_INFO_1W {
+typedef struct JOB_INFO_1W {
     DWORD JobId;
     LPWSTR pPrinterName;
     LPWSTR pMachineName;
@@ -265,11 +265,11 @@ struct JOB_INFO_1W {
     DWORD TotalPages;
     DWORD PagesPrinted;
     SYSTEMTIME Submitted; // Universal Time
-};
-using PJOB_INFO_1W = JOB_INFO_1W*;
-using LPJOB_INFO_1W = JOB_INFO_1W*;
+} JOB_INFO_1W;
+typedef JOB_INFO_1W* PJOB_INFO_1W;
+typedef JOB_INFO_1W* LPJOB_INFO_1W;
 
-struct JOB_INFO_2W {
+typedef struct JOB_INFO_2W {
     DWORD JobId;
     LPWSTR pPrinterName;
     LPWSTR pMachineName;
@@ -293,9 +293,9 @@ struct JOB_INFO_2W {
     SYSTEMTIME Submitted;
     DWORD Time;
     DWORD PagesPrinted;
-};
-using PJOB_INFO_2W = JOB_INFO_2W*;
-using LPJOB_INFO_2W = JOB_INFO_2W*;
+} JOB_INFO_2W;
+typedef JOB_INFO_2W* PJOB_INFO_2W;
+typedef JOB_INFO_2W* LPJOB_INFO_2W;
 
 #define JOB_CONTROL_PAUSE 1
 #define JOB_CONTROL_RESUME 2
@@ -308,7 +308,7 @@ using LPJOB_INFO_2W = JOB_INFO_2W*;
 #define SPLREG_DEFAULT_SPOOL_DIRECTORY TEXT("DefaultSpoolDirectory")
 
 #pragma GCC visibility push(default)
-extern "C" {
+WIN32HOST_BEGIN_C
 
 // ---- Opening ------------------------------------------------------------------------------------
 
@@ -461,5 +461,5 @@ BOOL WINAPI GetJobW(HANDLE printer, DWORD job, DWORD level, LPBYTE buffer, DWORD
 // for administrators.
 BOOL WINAPI SetJobW(HANDLE printer, DWORD job, DWORD level, LPBYTE info, DWORD command);
 
-} // extern "C"
+WIN32HOST_END_C
 #pragma GCC visibility pop

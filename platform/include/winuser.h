@@ -3,7 +3,7 @@
 
 #include <windef.h>
 
-#include <cstdarg>
+#include <stdarg.h>
 
 #define MB_OK 0x00000000
 #define MB_OKCANCEL 0x00000001
@@ -41,9 +41,8 @@
 // ---- Resources ----------------------------------------------------------------------------------
 
 // A number in the place of a resource's name or type.
-#define MAKEINTRESOURCEW(id)                                                                       \
-    (reinterpret_cast<LPWSTR>(static_cast<ULONG_PTR>(static_cast<WORD>(id))))
-#define IS_INTRESOURCE(name) ((reinterpret_cast<ULONG_PTR>(name) >> 16) == 0)
+#define MAKEINTRESOURCEW(id) ((LPWSTR)(ULONG_PTR)(WORD)(id))
+#define IS_INTRESOURCE(name) (((ULONG_PTR)(name) >> 16) == 0)
 
 #define RT_CURSOR MAKEINTRESOURCEW(1)
 #define RT_BITMAP MAKEINTRESOURCEW(2)
@@ -58,10 +57,10 @@
 #define MF_BYCOMMAND 0x00000000
 #define MF_BYPOSITION 0x00000400
 
-using MENUTEMPLATEW = void; // of either form; the functions tell them apart
+typedef void MENUTEMPLATEW; // of either form; the functions tell them apart
 
 #pragma GCC visibility push(default)
-extern "C" {
+WIN32HOST_BEGIN_C
 
 // Copies a text from a module's string tables, cut to `size` units with its terminator; answers
 // the units before it, 0 when there is no such text. With size 0, `buffer` is an LPCWSTR that
@@ -101,5 +100,5 @@ HWND WINAPI GetDesktopWindow();
 // answered as win32host/control.h describes.
 int WINAPI MessageBoxW(HWND owner, LPCWSTR text, LPCWSTR caption, UINT type);
 
-} // extern "C"
+WIN32HOST_END_C
 #pragma GCC visibility pop

@@ -7,7 +7,7 @@
 #define VS_FFI_SIGNATURE 0xFEEF04BDu
 
 // The numbers of a version resource.
-struct VS_FIXEDFILEINFO {
+typedef struct VS_FIXEDFILEINFO {
     DWORD dwSignature; // VS_FFI_SIGNATURE
     DWORD dwStrucVersion;
     DWORD dwFileVersionMS; // major and minor version
@@ -21,11 +21,11 @@ struct VS_FIXEDFILEINFO {
     DWORD dwFileSubtype;
     DWORD dwFileDateMS;
     DWORD dwFileDateLS;
-};
-static_assert(sizeof(VS_FIXEDFILEINFO) == 52);
+} VS_FIXEDFILEINFO;
+static_assert(sizeof(VS_FIXEDFILEINFO) == 52, "layout");
 
 #pragma GCC visibility push(default)
-extern "C" {
+WIN32HOST_BEGIN_C
 
 // The size of a file's version resource in bytes; 0 without one. `handle` receives 0 and may be
 // null.
@@ -39,5 +39,6 @@ BOOL WINAPI GetFileVersionInfoW(LPCWSTR file, DWORD handle, DWORD size, void* da
 // characters with the terminator; other lengths are in bytes. Keys match in any case. FALSE with
 // ERROR_RESOURCE_TYPE_NOT_FOUND when there is none.
 BOOL WINAPI VerQueryValueW(const void* block, LPCWSTR path, void** value, UINT* length);
-}
+
+WIN32HOST_END_C
 #pragma GCC visibility pop
