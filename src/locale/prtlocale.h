@@ -128,6 +128,9 @@ public:
     // may still make more of it, 645 m at most.
     int32_t string_to_microns(const OString& text) const;
 
+    // A size in bytes: "0 K", "1.5 K", "100 K", with a decimal below 100 K.
+    OString FormatK(uint32_t bytes) const;
+
     // The width of a bar of `dots` dots: in mils ("9.9 mils") or millimetres ("0.25 mm").
     OString xdimension_to_string(int dots, int dpi) const;
 

@@ -67,6 +67,16 @@ OString prtlocale::microns_to_string(int32_t microns) const {
     return text << " " << units_label_;
 }
 
+OString prtlocale::FormatK(uint32_t bytes) const {
+    const int64_t kilobytes = RoundedDivide(bytes, 1024);
+    OString text;
+    if (bytes == 0 || kilobytes >= 100)
+        text << kilobytes;
+    else
+        text = Decimal(RoundedDivide(int64_t{bytes} * 10, 1024), 1, false);
+    return text << " K";
+}
+
 int32_t prtlocale::string_to_microns(const OString& text) const {
     const WCHAR* at = text.wstring();
     bool negative = false;

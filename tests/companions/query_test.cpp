@@ -67,6 +67,20 @@ TEST_F(QueriesThreads, BringAPrintersAnswersToTheProgram) {
               "answered HI;answered HS;answered HM;answered HW;answered HH;answered HZA;");
 }
 
+TEST_F(QueriesThreads, ReachPrintersOfOtherMachines) {
+    const std::string server = root() + "/SRV1";
+    ASSERT_EQ(RunProgram(TEST_BINARY_DIR, "labelhost",
+                         {"--root", server, "install", "Dock", "--model", "Valdrick X4 300 dpi",
+                          "--port", Port()})
+                  .status,
+              0);
+    ASSERT_EQ(Run({"connect", "\\\\SRV1\\Dock", "--server", server}).status, 0);
+    const Json answer = Query("\\\\SRV1\\Dock", "1");
+    EXPECT_EQ(answer["properties"]["Model"], "EMULATED-203");
+    EXPECT_TRUE(std::filesystem::is_empty(server + "/spool")) << "asked jobs are gone";
+    EXPECT_EQ(Ask("\\\\SRV1\\Dock", PortRequest("monitor_name")), "Standard TCP/IP Port");
+}
+
 TEST_F(QueriesThreads, LeaveOutWhatWasNotAnsweredWell) {
     Install("Dock3", Port());
     SetLimit("Quiet Time Limit", 200);

@@ -1,0 +1,69 @@
+// The objects that the rendering module keeps in the printer, as a list to look at.
+#pragma once
+
+#include <cstdint>
+
+#include "core/oarray.h"
+#include "core/obuffer.h"
+#include "core/ostring.h"
+#include "printer/escape_records.h"
+
+class prtstream;
+
+// Sorted by one column and limited to some kinds. Belongs to one thread.
+class CacheContents {
+public:
+    enum Column : int32_t {
+        OBJECT = 1,         // graphics first, then by number
+        SIZE = 2,           // the largest first
+        FIRST_COUNTER = 3,  // the smallest first
+        SECOND_COUNTER = 4, // the largest first
+        NAME = 5,           // in any case of the letters A to Z
+    };
+    enum View : uint32_t { VIEW_GRAPHICS = 1, VIEW_FORMATS = 2 };
+
+    // Asks the rendering module. True when there is something new to show; when it does not answer,
+    // the list stays.
+    bool Refresh(prtstream& stream);
+    // Takes a description (KVCacheInformation and its objects), as far as it is whole. False when
+    // it is none and when it is the one that the list was made of.
+    bool Take(const unsigned char* description, uint32_t size);
+
+    // Sorts by a column, or the other way round when it is that column already. Objects that are
+    // equal in it are sorted as OBJECT sorts them.
+    void SortBy(Column column);
+
+    // Shows one kind or no longer shows it. One kind is always shown: without the last one, it is
+    // the other.
+    void Toggle(View kind);
+    uint32_t GetView() const { return view_; }
+
+    // The objects that are shown.
+    int GetSize() const { return shown_.GetSize(); }
+    const KVCacheItemInfo& GetItem(int index) const { return items_.GetData()[shown_[index]]; }
+    // Where the object with this identifier is shown; -1 when it is not.
+    int Find(uint32_t id) const;
+
+private:
+    int CompareItems(const KVCacheItemInfo& a, const KVCacheItemInfo& b) const;
+    void Show();
+
+    OBuffer<KVCacheItemInfo> items_;
+    OTypedArray<int32_t> shown_; // indices of items_
+    bool known_ = false;         // a description was taken
+    uint32_t crc_ = 0;           // of it
+    Column column_ = OBJECT;
+    bool reverse_ = false;
+    uint32_t view_ = VIEW_GRAPHICS | VIEW_FORMATS;
+};
+
+// The text of an object's kind, in the language library.
+int CacheItemKindText(const KVCacheItemInfo& item);
+// What an object is called in the list: its kind and its number, with a mark when it is locked.
+OString CacheItemTitle(const KVCacheItemInfo& item, const OString& kind);
+
+// Have the rendering module do something with an object: the first two in a job of their own, the
+// lock, which is put on or taken off, without one.
+void PrintCacheItem(prtstream& stream, const KVCacheItemInfo& item);
+void RemoveCacheItem(prtstream& stream, const KVCacheItemInfo& item);
+void ToggleCacheItemLock(prtstream& stream, const KVCacheItemInfo& item);
