@@ -1,0 +1,99 @@
+// Any private escapes in any order, with records of any size, to the rendering module's device that
+// has a document open: it reads and writes no further than it is told.
+#include <winspool.h>
+
+#include <algorithm>
+#include <cstdint>
+#include <cstdlib>
+#include <cstring>
+#include <vector>
+
+#include "device.h"
+#include "driver/open_printer.h"
+#include "fuzz_host.h"
+#include "support/data_file_text.h"
+
+namespace {
+
+constexpr int kEscapes[] = {QUERYESCSUPPORT,
+                            ESCAPE_BAR,
+                            ESCAPE_CACHE_ACTION,
+                            ESCAPE_RAW_PACKET,
+                            ESCAPE_DOWNLOAD_FONT,
+                            ESCAPE_DOWNLOAD_FONT_DATA,
+                            ESCAPE_DOWNLOAD_BITMAP,
+                            ESCAPE_READ_CACHE_SETTINGS,
+                            ESCAPE_WRITE_CACHE_SETTINGS,
+                            ESCAPE_CACHE_INFORMATION,
+                            ESCAPE_CACHE_ITEM_ACTION,
+                            16001};
+
+// Takes pieces off the front of the input, into blocks of just their size.
+class Input {
+public:
+    Input(const uint8_t* data, size_t size)
+        : data_(data)
+        , size_(size) {}
+    bool IsEmpty() const { return size_ == 0; }
+    std::vector<unsigned char> Take(size_t count) {
+        count = std::min(count, size_);
+        const std::vector<unsigned char> bytes(data_, data_ + count);
+        data_ += count;
+        size_ -= count;
+        return bytes;
+    }
+    size_t Number() {
+        const auto byte = Take(1);
+        return byte.empty() ? 0 : byte[0];
+    }
+
+private:
+    const uint8_t* data_;
+    size_t size_;
+};
+
+// A document on the printer, begun anew now and then so that its file stays small.
+class Document {
+public:
+    explicit Document(HANDLE printer)
+        : printer_(printer) {}
+    ~Document() { AbortPrinter(printer_); }
+    void Refresh() {
+        if (++rounds_ % 1000 != 1) return;
+        AbortPrinter(printer_);
+        WCHAR name[] = TEXT("fuzz");
+        DOC_INFO_1W info = {name, nullptr, nullptr};
+        if (!StartDocPrinterW(printer_, 1, reinterpret_cast<LPBYTE>(&info))) std::abort();
+    }
+
+private:
+    const HANDLE printer_;
+    uint64_t rounds_ = 0;
+};
+
+} // namespace
+
+extern "C" int LLVMFuzzerTestOneInput(const uint8_t* data, size_t size) {
+    static const FuzzHost host(
+        Record("Driver.d", "[M]\nModel=Model:A\n") +
+        Record("Model.d", "[A]\nBarCode=BarCode:A\nResolution=203\n~RFID.TagTypes=EPC64\n") +
+        Record("BarCode.d", "[A]\nCode39=yes\n"));
+    static const OpenPrinter printer("P", PRINTER_ALL_ACCESS);
+    static Document document(printer.Get());
+    document.Refresh();
+
+    Device device(printer.Get(), TEXT("P"));
+    Input input(data, size);
+    while (!input.IsEmpty()) {
+        const size_t choice = input.Number();
+        const int escape = kEscapes[choice % std::size(kEscapes)];
+        const auto record = input.Take(input.Number() + (choice & 0x80 ? 256 * input.Number() : 0));
+        std::vector<unsigned char> output(input.Number());
+        const int answer = device.Escape(static_cast<ULONG>(escape), record.data(),
+                                         static_cast<ULONG>(record.size()), output.data(),
+                                         static_cast<ULONG>(output.size()));
+        if (answer < -1 || answer > 16) std::abort();
+        if (choice & 0x40) device.SendPage();
+    }
+    return 0;
+}
