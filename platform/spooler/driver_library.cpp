@@ -11,6 +11,7 @@ namespace win32host {
 namespace {
 
 using PrinterEventFunction = BOOL(WINAPI*)(LPWSTR, int, DWORD, LPARAM);
+using UpgradeFunction = BOOL(WINAPI*)(DWORD, LPBYTE);
 using CapabilitiesFunction = DWORD(WINAPI*)(HANDLE, LPWSTR, WORD, LPVOID, DEVMODEW*);
 using ConvertFunction = BOOL(WINAPI*)(LPWSTR, PDEVMODEW, PDEVMODEW, PDWORD, DWORD);
 using DocumentEventFunction = int(WINAPI*)(HANDLE, HDC, int, ULONG, PVOID, ULONG, PVOID);
@@ -73,6 +74,7 @@ void DriverLibrary::Drop(const std::u16string& file) {
 DriverLibrary::DriverLibrary(HMODULE module)
     : module_(module)
     , printer_event_(GetProcAddress(module, "DrvPrinterEvent"))
+    , upgrade_(GetProcAddress(module, "DrvUpgradePrinter"))
     , capabilities_(GetProcAddress(module, "DrvDeviceCapabilities"))
     , convert_(GetProcAddress(module, "DrvConvertDevMode"))
     , document_sheets_(GetProcAddress(module, "DrvDocumentPropertySheets"))
@@ -87,6 +89,14 @@ bool DriverLibrary::RaisePrinterEvent(const std::u16string& printer, int event, 
     if (!printer_event_) return true;
     std::u16string name = printer; // the driver's to write into
     return As<PrinterEventFunction>(printer_event_)(name.data(), event, flags, parameter) != FALSE;
+}
+
+bool DriverLibrary::UpgradePrinter(const std::u16string& printer) const {
+    if (!upgrade_) return true;
+    std::u16string name = printer;
+    // The files of a driver are replaced where they lie: there is no folder of the old ones.
+    DRIVER_UPGRADE_INFO_1W info = {name.data(), nullptr};
+    return As<UpgradeFunction>(upgrade_)(1, reinterpret_cast<LPBYTE>(&info)) != FALSE;
 }
 
 int DriverLibrary::DeviceCapabilities(HANDLE printer, const std::u16string& device, WORD capability,

@@ -29,6 +29,10 @@ public:
     bool RaisePrinterEvent(const std::u16string& printer, int event, DWORD flags,
                            LPARAM parameter) const;
 
+    // DrvUpgradePrinter for a printer of a driver that was replaced; true also when the driver has
+    // none.
+    bool UpgradePrinter(const std::u16string& printer) const;
+
     // DrvDeviceCapabilities; -1 when the driver has none.
     int DeviceCapabilities(HANDLE printer, const std::u16string& device, WORD capability,
                            LPWSTR output, const DEVMODEW* dev_mode) const;
@@ -48,6 +52,7 @@ public:
 private:
     HMODULE module_;
     FARPROC printer_event_;
+    FARPROC upgrade_;
     FARPROC capabilities_;
     FARPROC convert_;
     FARPROC document_sheets_;

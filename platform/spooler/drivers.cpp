@@ -128,6 +128,18 @@ bool IsCopyMode(DWORD flags) {
 
 constexpr DWORD kUserModeVersion = 3;
 
+// The printers that had the driver before have a new one now, which is told so; they stay as they
+// are when it fails.
+void UpgradePrinters(const PrintServer& server, const std::u16string& driver) {
+    std::shared_ptr<const DriverLibrary> library;
+    for (const PrinterRecord& printer : ReadPrinters(server, false)) {
+        if (!SameName(printer.driver, driver)) continue;
+        if (!library) library = LoadDriver(driver);
+        if (!library) return;
+        library->UpgradePrinter(printer.name);
+    }
+}
+
 } // namespace
 
 extern "C" BOOL WINAPI AddPrinterDriverExW(LPWSTR server_name, DWORD level, PBYTE info,
@@ -144,11 +156,14 @@ extern "C" BOOL WINAPI AddPrinterDriverExW(LPWSTR server_name, DWORD level, PBYT
         if (!IsDriverName(record.name) || record.driver_file.empty() || record.data_file.empty() ||
             record.config_file.empty() || record.version != kUserModeVersion)
             return Fail(ERROR_INVALID_PARAMETER);
-        SpoolerLock lock(*server);
-        if (const DWORD code = InstallDriverFiles(*server, files, flags)) return Fail(code);
-        if (const LSTATUS status = WriteDriver(*server, record); status != ERROR_SUCCESS)
-            return Fail(static_cast<DWORD>(status));
-        if (server->IsLocal()) DropDriver(record.name);
+        {
+            SpoolerLock lock(*server);
+            if (const DWORD code = InstallDriverFiles(*server, files, flags)) return Fail(code);
+            if (const LSTATUS status = WriteDriver(*server, record); status != ERROR_SUCCESS)
+                return Fail(static_cast<DWORD>(status));
+            if (server->IsLocal()) DropDriver(record.name);
+        }
+        if (server->IsLocal()) UpgradePrinters(*server, record.name);
         return TRUE;
     });
 }

@@ -36,6 +36,16 @@ TEST_F(SpoolerDriverCalls, TellTheDriverOfWhatHappensToItsPrinters) {
     EXPECT_EQ(TakeNotes(), u"4 LABELS;");
 }
 
+TEST_F(SpoolerDriverCalls, HaveTheirPrintersUpgradedWhenTheDriverIsAddedAnew) {
+    AddDriver(u"Other Driver");
+    AddPrinter(u"Broken 1");
+    TakeNotes();
+    AddDriver(u"Unused Driver");
+    EXPECT_EQ(TakeNotes(), u"");
+    AddDriver();
+    EXPECT_EQ(TakeNotes(), u"upgrade 1 LABELS;upgrade 1 Broken 1;");
+}
+
 TEST_F(SpoolerDriverCalls, KeepAPrinterWhoseDriverFails) {
     AddPrinter(u"Broken 1");
     EXPECT_EQ(TakeNotes(), u"3 Broken 1;");

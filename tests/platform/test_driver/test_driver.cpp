@@ -145,6 +145,17 @@ __declspec(dllexport) BOOL WINAPI DrvPrinterEvent(LPWSTR name, int event, DWORD,
     return !IsBroken(name);
 }
 
+__declspec(dllexport) BOOL WINAPI DrvUpgradePrinter(DWORD level, LPBYTE info) {
+    const std::u16string name = reinterpret_cast<const DRIVER_UPGRADE_INFO_1W*>(info)->pPrinterName;
+    PRINTER_DEFAULTSW defaults = {nullptr, nullptr, PRINTER_ALL_ACCESS};
+    HANDLE printer = nullptr;
+    const bool opened =
+        OpenPrinterW(const_cast<LPWSTR>(name.c_str()), &printer, &defaults) != FALSE;
+    Note(u"upgrade " + Number(level) + u' ' + name + (opened ? u"" : u" (not there)"));
+    ClosePrinter(printer);
+    return !IsBroken(name.c_str());
+}
+
 __declspec(dllexport) DWORD WINAPI
     DrvDeviceCapabilities(HANDLE printer, LPWSTR name, WORD capability, LPVOID output,
                           DEVMODEW* dev_mode) {
