@@ -87,10 +87,27 @@ ZPLUI_API BOOL WINAPI DrvConvertDevMode(LPWSTR printer, PDEVMODEW in, PDEVMODEW 
 // cbOut is the room in pdmOut; 0 is taken for enough. Answers 0 without a header, when the room
 // does not suffice (ERROR_INSUFFICIENT_BUFFER) and without memory. DM_IN_PROMPT is not looked at.
 //
-// With `info`, whose lParamInit is the header, the common property sheets ask for pages. There are
-// none: the reasons INIT, GET_INFO_HEADER, DESTROY and SET_RESULT are answered with -1, others with
-// 1, and 0 without a header.
+// With `info`, whose lParamInit is the header, the common property sheets make a sheet (0 without a
+// header). The driver adds no pages of its own. By the reason:
+//
+//   INIT              opens the printer's settings, as above with DM_IN_BUFFER, and keeps them in
+//                     UserData until DESTROY. -1 when they cannot be had
+//   GET_INFO_HEADER   fills in the title, the printer's name, and the icon of the record that
+//                     `parameter` points to
+//   SET_RESULT        `parameter` points to the SETRESULT_INFO. After OK, with DM_COPY or
+//   DM_UPDATE,
+//                     the settings go to pdmOut (merged into it when that is pdmIn too); with
+//                     DM_UPDATE they become the printer's defaults as well. After Cancel, with
+//                     DM_COPY, pdmOut gets the settings as they were last applied
+//   DESTROY           closes the settings, and sends them to the server that shares them
+//   others            nothing
+//
+// Done, they answer 1. The reasons behind INIT answer -1 without what INIT has kept.
 ZPLUI_API LONG WINAPI DrvDocumentPropertySheets(PPROPSHEETUI_INFO info, LPARAM parameter);
+
+// The same for the properties of a printer: lParamInit is a DEVICEPROPERTYHEADER, and no settings
+// are given back. -1 without `info` and without a header.
+ZPLUI_API LONG WINAPI DrvDevicePropertySheets(PPROPSHEETUI_INFO info, LPARAM parameter);
 
 // Tells the driver what happens to the printer of that name; `flags` and `parameter` are not looked
 // at. Events that do something:
@@ -142,8 +159,10 @@ ZPLUI_API HANDLE WINAPI DAL_Printer_Open(HANDLE printer);
 // Saves the settings and closes them.
 ZPLUI_API void WINAPI DAL_Printer_Close(HANDLE settings);
 
-// Reads the stored settings anew, and stores those that have changed since. On a connection whose
-// server shares its settings they come from there first, and go there afterwards.
+// Reads the stored settings anew, and stores those that have changed since. Stocks that are not
+// stored yet stay in the list when it is read anew, but no longer count as a change: save first.
+// On a connection whose server shares its settings they come from there first, and go there
+// afterwards.
 ZPLUI_API void WINAPI DAL_Settings_Load(HANDLE settings);
 ZPLUI_API void WINAPI DAL_Settings_Save(HANDLE settings);
 

@@ -1,9 +1,10 @@
-// DrvDocumentPropertySheets: document settings for programs, without property sheets.
+// DrvDocumentPropertySheets: document settings for programs, with and without property sheets.
 #include "zplui.h"
 
 #include <memory>
 
 #include "driver/printer_info.h"
+#include "driver/property_sheets.h"
 #include "model/prtmodel.h"
 #include "settings/dev_mode.h"
 
@@ -37,19 +38,22 @@ LONG MakeSettings(DOCUMENTPROPERTYHEADER& header) {
     return IDOK;
 }
 
+// The printers folder edits the user's defaults.
+uint32_t ModeOfCaller(uint32_t mode) {
+    constexpr uint32_t USER_DEFAULT = 0x40;
+    char program[1024] = {};
+    GetModuleFileNameA(nullptr, program, sizeof program - 1);
+    return IsExplorer(program) ? mode | USER_DEFAULT : mode;
+}
+
 } // namespace
 
 LONG WINAPI DrvDocumentPropertySheets(PPROPSHEETUI_INFO info, LPARAM parameter) {
     auto* header = reinterpret_cast<DOCUMENTPROPERTYHEADER*>(info ? info->lParamInit : parameter);
     if (!header) return FAILURE;
     if (!info) return MakeSettings(*header);
-    switch (info->Reason) {
-    case PROPSHEETUI_REASON_INIT:
-    case PROPSHEETUI_REASON_GET_INFO_HEADER:
-    case PROPSHEETUI_REASON_DESTROY:
-    case PROPSHEETUI_REASON_SET_RESULT:
-        return NO_SHEETS;
-    default:
-        return 1;
-    }
+    if (info->Reason != PROPSHEETUI_REASON_INIT)
+        return AnswerSheets(*info, parameter, header->hPrinter, header->pszPrinterName, header);
+    auto ui = OpenSheets(header->hPrinter, header->pdmIn, ModeOfCaller(header->fMode));
+    return ui ? ui.release()->InitDocSheets(info, header) : NO_SHEETS;
 }

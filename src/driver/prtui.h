@@ -3,6 +3,8 @@
 
 #include <windows.h>
 
+#include <winddiui.h>
+
 #include <cstdint>
 #include <memory>
 
@@ -36,6 +38,22 @@ public:
 
     // Loads everything that is edited, for a model and a DEVMODE that exist. Called by init.
     virtual void InitEx();
+
+    // ---- The module's version resource (prtui_version.cpp). Empty texts where it lacks something.
+
+    virtual void GetVersionInfo(OString& version); // "1.2.3"
+    virtual void GetVersionTag(OString& tag);      // the name of the release in the source history
+    OString GetBuildDate();
+    OString GetSCMBranch();
+    OString GetSCMRevision();
+    // With the copyright sign in place of "(c)" and the character behind it where the code page of
+    // the language is 1252.
+    OString GetCopyright();
+    // The years of the copyright; 0 where it has none.
+    int32_t GetCopyrightStart();
+    int32_t GetCopyrightEnd();
+    // Reads the resource unless it is there. False when it cannot be had.
+    bool LoadFileVersionInfo();
 
     // What can be set about objects that are kept in the printer: here nothing, for a language that
     // keeps none.
@@ -81,6 +99,38 @@ public:
     // per object.
     void init(HANDLE printer, const DEVMODEW* in, uint32_t mode);
 
+    // ---- Property sheets. The driver has no pages of its own yet: a sheet has those of the
+    // system.
+
+    // Take the sheet that the common property sheets make: what they are called with, and the pages
+    // that there are. `info` keeps this object from then on. Always 1.
+    LONG InitDevSheets(PROPSHEETUI_INFO* info, const DEVICEPROPERTYHEADER* header);
+    LONG InitDocSheets(PROPSHEETUI_INFO* info, const DOCUMENTPROPERTYHEADER* header);
+
+    // The sheet's title, the printer's name, and its icon. Always 1.
+    LONG ReasonGetInfoHeader(PROPSHEETUI_INFO* info, PROPSHEETUI_INFO_HEADER* header,
+                             const WCHAR* printer);
+
+    // Ends a sheet as the user did. With `header` (of document settings) the settings go to whom
+    // the sheet was opened for: after OK the edited ones to pdmOut, merged into it where that is
+    // pdmIn, and with DM_UPDATE to the printer as its defaults; after Cancel, with DM_COPY, those
+    // that were last applied. cbOut is the room in pdmOut, 0 is taken for enough; where it does not
+    // suffice nothing is stored. Always 1.
+    LONG ReasonSetResult(PROPSHEETUI_INFO* info, const SETRESULT_INFO* result,
+                         const DOCUMENTPROPERTYHEADER* header);
+
+    // Take the edited settings as the ones to go back to, and tell the sheet that the user is done;
+    // tell it that the user gave up. False when the sheet refuses; true outside of a sheet.
+    bool Apply();
+    bool Cancel();
+
+    // Whether the sheet edits the defaults of the printer or of the user, not a document's
+    // settings.
+    bool is_default_dm() const;
+
+    // What the driver answers for this printer and the edited settings, through the system.
+    uint32_t DeviceCapabilitiesW(WORD capability, unsigned char* output) const;
+
     // Reads the lists anew, after the printer's server was asked for news (CreateShadow). The
     // presets are the stored ones then, without the built-in ones. Nothing without a model.
     void Settings_Load();
@@ -108,6 +158,15 @@ public:
     DataFontManager data_fonts;
 
     uint32_t fmode = 0;
+    // The user may look at the settings, but not change them.
+    bool no_permission = false;
+
+    // The sheet, its pages and how it is talked to; null outside of a sheet.
+    HANDLE hcomprop = nullptr;
+    PFNCOMPROPSHEET pfn_comprop = nullptr;
+    std::unique_ptr<HANDLE[]> page_handles;
+    int32_t page_count = 0;
+
     // Whether saved settings are sent to the printer's server.
     bool commit_shadow = true;
     // The user's access level is below the one that the printer requires.
@@ -120,4 +179,12 @@ public:
 
 private:
     void AddBuiltInPresets();
+    void TakeSheet(PROPSHEETUI_INFO* info);
+    bool SetSheetResult(LPARAM result) const;
+    OString VersionText(const char* name);
+    void ReadCopyrightYears();
+
+    std::unique_ptr<BYTE[]> version_info_;
+    int32_t copyright_start_ = 0;
+    int32_t copyright_end_ = 0;
 };

@@ -83,6 +83,9 @@ public:
     // Loads the texts that are used all the time: unit labels.
     void init();
 
+    // The library that is looked up first, for what the system shows by itself; null without one.
+    HMODULE GetModule() const { return primary_library_ ? primary_library_ : english_library_; }
+
     // A text by its number, at most 511 characters; empty when neither library has it.
     OString GetString(int id) const;
 

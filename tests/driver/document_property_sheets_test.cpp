@@ -185,14 +185,3 @@ TEST_F(DocumentPropertySheets, AnswerAsTheHeaderAsks) {
     EXPECT_EQ(std::memcmp(out.data(), expected.GetDevMode(), WHOLE), 0);
     EXPECT_EQ(DrvDocumentPropertySheets(nullptr, 0), 0);
 }
-
-TEST(DocumentPropertySheetsWithPages, AreNotThere) {
-    DOCUMENTPROPERTYHEADER header = {};
-    PROPSHEETUI_INFO sheets = {};
-    EXPECT_EQ(DrvDocumentPropertySheets(&sheets, 0), 0);
-    sheets.lParamInit = reinterpret_cast<LPARAM>(&header);
-    for (WORD reason = 0; reason < 6; ++reason) {
-        sheets.Reason = reason;
-        EXPECT_EQ(DrvDocumentPropertySheets(&sheets, 0), reason < 4 ? -1 : 1);
-    }
-}

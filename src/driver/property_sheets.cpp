@@ -1,0 +1,48 @@
+#include "driver/property_sheets.h"
+
+#include "config/shadow_keys.h"
+#include "core/ascii.h"
+#include "driver/printer_info.h"
+
+namespace {
+constexpr LONG NO_SHEETS = -1;
+}
+
+std::unique_ptr<prtui> OpenSheets(HANDLE printer, const DEVMODEW* in, uint32_t mode) {
+    CreateShadow(PrinterInfo(printer).GetPrinterName());
+    std::unique_ptr<prtui> ui(prtui::new_ext());
+    if (ui) ui->init(printer, in, mode);
+    if (ui && !ui->model) ui.reset();
+    return ui;
+}
+
+LONG AnswerSheets(PROPSHEETUI_INFO& info, LPARAM parameter, HANDLE printer, const WCHAR* name,
+                  const DOCUMENTPROPERTYHEADER* header) {
+    auto* const ui = reinterpret_cast<prtui*>(info.UserData);
+    switch (info.Reason) {
+    case PROPSHEETUI_REASON_GET_INFO_HEADER:
+        if (!ui || !parameter) return NO_SHEETS;
+        return ui->ReasonGetInfoHeader(&info, reinterpret_cast<PROPSHEETUI_INFO_HEADER*>(parameter),
+                                       name);
+    case PROPSHEETUI_REASON_DESTROY:
+        if (!ui) return NO_SHEETS;
+        if (ui->commit_shadow) CommitShadow(PrinterInfo(printer).GetPrinterName());
+        delete ui;
+        info.UserData = 0;
+        return 1;
+    case PROPSHEETUI_REASON_SET_RESULT:
+        if (!ui || !parameter) return NO_SHEETS;
+        return ui->ReasonSetResult(&info, reinterpret_cast<const SETRESULT_INFO*>(parameter),
+                                   header);
+    default:
+        return 1;
+    }
+}
+
+bool IsExplorer(const char* path) {
+    constexpr char EXPLORER[] = "explorer.exe";
+    constexpr int LENGTH = sizeof EXPLORER - 1;
+    for (; *path; ++path)
+        if (xstrnicmp(path, EXPLORER, LENGTH) == 0) return true;
+    return false;
+}
