@@ -44,7 +44,7 @@ struct ExtraByte {
 constexpr ExtraByte kExtraBytes[] = {
     {874, 0xDB, 0xF8C1},  {874, 0xDC, 0xF8C2},  {874, 0xDD, 0xF8C3},  {874, 0xDE, 0xF8C4},
     {874, 0xFC, 0xF8C5},  {874, 0xFD, 0xF8C6},  {874, 0xFE, 0xF8C7},  {874, 0xFF, 0xF8C8},
-    {932, 0x80, 0x0080},  {932, 0xA0, 0x00A0},  {932, 0xFD, 0xF8F1},  {932, 0xFE, 0xF8F2},
+    {932, 0x80, 0x0080},  {932, 0xA0, 0xF8F0},  {932, 0xFD, 0xF8F1},  {932, 0xFE, 0xF8F2},
     {932, 0xFF, 0xF8F3},  {936, 0x80, 0x20AC},  {936, 0xFF, 0xF8F5},  {949, 0x80, 0x0080},
     {949, 0xFF, 0xF8F7},  {950, 0x80, 0x0080},  {950, 0xFF, 0xF8F8},  {1253, 0xAA, 0xF8F9},
     {1253, 0xD2, 0xF8FA}, {1253, 0xFF, 0xF8FB}, {1255, 0xCA, 0x05BA}, {1255, 0xD9, 0xF88D},
@@ -63,7 +63,8 @@ struct UserRows {
 constexpr UserRows kUserRows[] = {
     {936, 0xAA, 0xAF, 0xA1, 0xFE, 0xE000}, {936, 0xF8, 0xFE, 0xA1, 0xFE, 0xE234},
     {936, 0xA1, 0xA7, 0x40, 0xA0, 0xE4C6}, {949, 0xC9, 0xC9, 0xA1, 0xFE, 0xE000},
-    {949, 0xFE, 0xFE, 0xA1, 0xFE, 0xE05E},
+    {949, 0xFE, 0xFE, 0xA1, 0xFE, 0xE05E}, {950, 0xFA, 0xFE, 0x40, 0xFE, 0xE000},
+    {950, 0x8E, 0xA0, 0x40, 0xFE, 0xE311}, {950, 0x81, 0x8D, 0x40, 0xFE, 0xEEB8},
 };
 
 // Letters of the Latin blocks beside the plain letters that Windows writes for them where a code
@@ -226,10 +227,13 @@ void CodePageTable::FillWhatWindowsAdds() {
             if (singles_[byte] == kUndefined) Define(byte, byte);
     for (const UserRows& rows : kUserRows) {
         if (rows.code_page != info_.number) continue;
+        // Bytes that are never the second half.
+        const unsigned first_hole = 0x7F, last_hole = rows.code_page == 950 ? 0xA0 : 0x7F;
         char16_t unit = rows.first_unit;
         for (unsigned lead = rows.first_lead; lead <= rows.last_lead; ++lead)
             for (unsigned trail = rows.first_trail; trail <= rows.last_trail; ++trail)
-                if (trail != 0x7F) Define(static_cast<WORD>((lead << 8) | trail), unit++);
+                if (trail < first_hole || trail > last_hole)
+                    Define(static_cast<WORD>((lead << 8) | trail), unit++);
     }
 }
 

@@ -162,6 +162,9 @@ int FromTable(const CodePageTable& table, DWORD flags, const BYTE* text, size_t 
                 unit = info.default_unicode;
             }
         }
+        // Single bytes in this part of the private use area stand for nothing.
+        if ((flags & MB_ERR_INVALID_CHARS) && unit >= 0xF880 && unit <= 0xF8FF)
+            return Fail(ERROR_NO_UNICODE_TRANSLATION);
         if (!sink.Put(unit)) return sink.Finish(false);
     }
     return sink.Finish(true);

@@ -38,62 +38,11 @@ std::u16string Text(HMODULE module, UINT id, int size = 100) {
     return text;
 }
 
-TEST_F(ModulesResources, AreFoundByNumberAndByNameInAnyCase) {
-    ASSERT_NE(module, nullptr);
-    EXPECT_EQ(Bytes(MAKEINTRESOURCEW(7), RT_RCDATA), "seven");
-    EXPECT_EQ(Bytes(u"#7", u"#10"), "seven");
-    EXPECT_EQ(Bytes(u"named_DATA", RT_RCDATA), "named");
-    EXPECT_EQ(Bytes(MAKEINTRESOURCEW(9), u"OwnType"), "own");
-    EXPECT_EQ(Bytes(u"empty", RT_RCDATA), "");
-}
-
-TEST_F(ModulesResources, TellWhatIsMissing) {
-    EXPECT_EQ(Bytes(MAKEINTRESOURCEW(8), RT_RCDATA), "error 1814");
-    EXPECT_EQ(Bytes(u"seven", RT_RCDATA), "error 1814");
-    EXPECT_EQ(Bytes(MAKEINTRESOURCEW(7), RT_BITMAP), "error 1813");
-    EXPECT_EQ(FindResourceExW(module, RT_STRING, MAKEINTRESOURCEW(7), MAKELANGID(0x0C, 1)),
-              nullptr);
-    EXPECT_EQ(GetLastError(), DWORD{ERROR_RESOURCE_LANG_NOT_FOUND});
-    EXPECT_EQ(ErrorOf(FindResourceW(nullptr, MAKEINTRESOURCEW(1), RT_RCDATA)),
-              ERROR_RESOURCE_DATA_NOT_FOUND);
+TEST_F(ModulesResources, RefuseHandlesThatAreNotTheirs) {
     int local = 0;
     const HRSRC foreign = reinterpret_cast<HRSRC>(&local);
     EXPECT_EQ(SizeofResource(module, foreign), 0u);
     EXPECT_EQ(ErrorOf(LoadResource(module, foreign)), ERROR_INVALID_HANDLE);
-}
-
-TEST_F(ModulesResources, ComeInTheLanguageAskedFor) {
-    const LPCWSTR block = MAKEINTRESOURCEW(100 / 16 + 1);
-    const auto length = [&](WORD language) -> int {
-        const HRSRC resource = FindResourceExW(module, RT_STRING, block, language);
-        if (!resource) return -1;
-        // Text 100 is the fifth of its block; four empty ones are in front.
-        WORD units = 0;
-        std::memcpy(&units,
-                    static_cast<const WORD*>(LockResource(LoadResource(module, resource))) + 4,
-                    sizeof(units));
-        return units;
-    };
-    EXPECT_EQ(length(MAKELANGID(LANG_ENGLISH, SUBLANG_ENGLISH_US)), 26);
-    EXPECT_EQ(length(MAKELANGID(0x07, 1)), 17);
-    EXPECT_EQ(length(MAKELANGID(0x07, 2)), -1);
-}
-
-TEST_F(ModulesResources, HoldTextsInBlocksOfSixteen) {
-    EXPECT_EQ(Text(module, 16), u"First text");
-    EXPECT_EQ(Text(module, 17), u"Gr\u00F6\u00DFe: 5 \u00B5m");
-    EXPECT_EQ(Text(module, 31), u"Last of its block");
-    EXPECT_EQ(Text(module, 18), u"");
-    EXPECT_EQ(Text(module, 32), u"");
-    EXPECT_EQ(Text(module, 5000), u"");
-    EXPECT_EQ(Text(module, 16, 6), u"First");
-    EXPECT_EQ(Text(module, 16, 1), u"");
-    EXPECT_EQ(Text(nullptr, 16), u"");
-
-    LPCWSTR place = nullptr;
-    const int length = LoadStringW(module, 16, reinterpret_cast<LPWSTR>(&place), 0);
-    ASSERT_EQ(length, 10);
-    EXPECT_EQ(std::u16string(place, 10), u"First text");
 }
 
 TEST_F(ModulesResources, OfALibraryThatRunsLieBesideIt) {

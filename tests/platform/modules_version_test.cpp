@@ -31,29 +31,6 @@ protected:
     std::vector<uint8_t> block;
 };
 
-TEST_F(VersionResources, OfTheModuleNameItInAnyCase) {
-    ASSERT_FALSE(block.empty());
-    EXPECT_EQ(Text(u"\\StringFileInfo\\000004B0\\InternalName"), u"zplui");
-    EXPECT_EQ(Text(u"\\stringfileinfo\\000004b0\\ORIGINALFILENAME"), u"zplui.dll");
-    for (const WCHAR* name : {u"ProductVersion", u"Product Tag", u"Build Date", u"SCM Branch",
-                              u"SCM Revision", u"LegalCopyright", u"FileVersion", u"ProductName"})
-        EXPECT_NE(Text((std::u16string(u"\\StringFileInfo\\000004B0\\") + name).c_str()),
-                  u"(none)");
-    EXPECT_EQ(Text(u"\\StringFileInfo\\000004B0\\Nothing"), u"(none)");
-    EXPECT_EQ(Text(u"\\StringFileInfo\\040904B0\\InternalName"), u"(none)");
-}
-
-TEST_F(VersionResources, HaveNumbersAndALanguage) {
-    void* value = nullptr;
-    UINT length = 0;
-    ASSERT_TRUE(VerQueryValueW(block.data(), u"\\", &value, &length));
-    ASSERT_EQ(length, sizeof(VS_FIXEDFILEINFO));
-    EXPECT_EQ(static_cast<const VS_FIXEDFILEINFO*>(value)->dwSignature, VS_FFI_SIGNATURE);
-    ASSERT_TRUE(VerQueryValueW(block.data(), u"\\VarFileInfo\\Translation", &value, &length));
-    ASSERT_EQ(length, 4u);
-    EXPECT_EQ(*static_cast<const uint32_t*>(value), 0x04B00000u);
-}
-
 TEST_F(VersionResources, CutAnywhereAnswerWhatIsLeft) {
     for (DWORD size = 0; size < block.size(); size += 7) {
         // The block behind is memory of its own, so that a look behind the cut is noticed.
@@ -65,13 +42,6 @@ TEST_F(VersionResources, CutAnywhereAnswerWhatIsLeft) {
             VerQueryValueW(cut.data(), u"\\StringFileInfo\\000004B0\\Nothing", &value, &length));
         VerQueryValueW(cut.data(), u"\\VarFileInfo\\Translation", &value, &length);
     }
-}
-
-TEST_F(VersionResources, OfFilesWithoutOneAreMissing) {
-    WriteFile("plain.txt", "text");
-    EXPECT_EQ(ErrorOf(GetFileVersionInfoSizeW(u"C:\\plain.txt", nullptr)),
-              ERROR_RESOURCE_DATA_NOT_FOUND);
-    EXPECT_EQ(ErrorOf(GetFileVersionInfoSizeW(u"C:\\none.dll", nullptr)), ERROR_FILE_NOT_FOUND);
 }
 
 } // namespace

@@ -3,6 +3,8 @@
 
 #include <windows.h>
 
+#include "support/wide.h"
+
 #include <string>
 #include <string_view>
 #include <vector>
@@ -29,41 +31,39 @@ private:
 };
 
 // Where no base is given, paths are those of the machine.
-inline LSTATUS TryMake(HKEY base, const std::u16string& path, HKEY* key,
-                       DWORD* disposition = nullptr, DWORD options = 0,
-                       REGSAM access = KEY_ALL_ACCESS) {
+inline LSTATUS TryMake(HKEY base, const Wide& path, HKEY* key, DWORD* disposition = nullptr,
+                       DWORD options = 0, REGSAM access = KEY_ALL_ACCESS) {
     return RegCreateKeyExW(base, path.c_str(), 0, nullptr, options, access, nullptr, key,
                            disposition);
 }
 
-inline Key Make(HKEY base, const std::u16string& path, REGSAM access = KEY_ALL_ACCESS) {
+inline Key Make(HKEY base, const Wide& path, REGSAM access = KEY_ALL_ACCESS) {
     HKEY key = nullptr;
     TryMake(base, path, &key, nullptr, 0, access);
     return Key(key);
 }
-inline Key Make(const std::u16string& path, REGSAM access = KEY_ALL_ACCESS) {
+inline Key Make(const Wide& path, REGSAM access = KEY_ALL_ACCESS) {
     return Make(HKEY_LOCAL_MACHINE, path, access);
 }
 
 // Answers the error code of opening a key, and closes it.
-inline LSTATUS TryOpen(HKEY base, const std::u16string& path, REGSAM access = KEY_READ) {
+inline LSTATUS TryOpen(HKEY base, const Wide& path, REGSAM access = KEY_READ) {
     HKEY key = nullptr;
     const LSTATUS status = RegOpenKeyExW(base, path.c_str(), 0, access, &key);
     if (status == ERROR_SUCCESS) RegCloseKey(key);
     return status;
 }
-inline LSTATUS TryOpen(const std::u16string& path, REGSAM access = KEY_READ) {
+inline LSTATUS TryOpen(const Wide& path, REGSAM access = KEY_READ) {
     return TryOpen(HKEY_LOCAL_MACHINE, path, access);
 }
 
-inline LSTATUS Write(HKEY key, const std::u16string& name, std::string_view bytes,
-                     DWORD type = REG_BINARY) {
+inline LSTATUS Write(HKEY key, const Wide& name, std::string_view bytes, DWORD type = REG_BINARY) {
     return RegSetValueExW(key, name.c_str(), 0, type, reinterpret_cast<const BYTE*>(bytes.data()),
                           static_cast<DWORD>(bytes.size()));
 }
 
 // The bytes of a value, "(none)" when it cannot be read.
-inline std::string Read(HKEY key, const std::u16string& name) {
+inline std::string Read(HKEY key, const Wide& name) {
     DWORD size = 0;
     std::string bytes;
     for (int pass = 0; pass < 2; ++pass) {
@@ -75,15 +75,15 @@ inline std::string Read(HKEY key, const std::u16string& name) {
     return bytes;
 }
 
-inline std::vector<std::u16string> Subkeys(HKEY key) {
-    std::vector<std::u16string> names;
+inline std::vector<Wide> Subkeys(HKEY key) {
+    std::vector<Wide> names;
     WCHAR name[256];
     for (DWORD i = 0; RegEnumKeyW(key, i, name, 256) == ERROR_SUCCESS; ++i) names.push_back(name);
     return names;
 }
 
-inline std::vector<std::u16string> ValueNames(HKEY key) {
-    std::vector<std::u16string> names;
+inline std::vector<Wide> ValueNames(HKEY key) {
+    std::vector<Wide> names;
     std::vector<WCHAR> name(16384);
     for (DWORD i = 0;; ++i) {
         DWORD size = static_cast<DWORD>(name.size());

@@ -1,0 +1,175 @@
+#include "platform/error_of.h"
+#include "support/host_test.h"
+#include "support/wide.h"
+#include "win32/wine.h"
+
+#include <windows.h>
+
+#include <filesystem>
+#include <string>
+#include <vector>
+
+namespace {
+
+constexpr WCHAR kName[] = TEXT("C:\\file.bin");
+constexpr DWORD kReadWrite = GENERIC_READ | GENERIC_WRITE;
+constexpr DWORD kShareAll = FILE_SHARE_READ | FILE_SHARE_WRITE | FILE_SHARE_DELETE;
+
+HANDLE Open(DWORD access, DWORD share, DWORD disposition) {
+    return CreateFileW(kName, access, share, nullptr, disposition, FILE_ATTRIBUTE_NORMAL, nullptr);
+}
+
+class FilesOpen : public HostTest {
+protected:
+    std::string Contents() const { return BytesOf(OnDriveC("file.bin")); }
+};
+
+TEST_F(FilesOpen, FollowsTheDisposition) {
+    const struct {
+        DWORD disposition;
+        bool present, opens;
+        DWORD error;
+        const char* contents;
+    } cases[] = {
+        {CREATE_NEW, false, true, NO_ERROR, ""},
+        {CREATE_NEW, true, false, ERROR_FILE_EXISTS, "old"},
+        {CREATE_ALWAYS, false, true, NO_ERROR, ""},
+        {CREATE_ALWAYS, true, true, ERROR_ALREADY_EXISTS, ""},
+        {OPEN_EXISTING, false, false, ERROR_FILE_NOT_FOUND, ""},
+        {OPEN_EXISTING, true, true, NO_ERROR, "old"},
+        {OPEN_ALWAYS, false, true, NO_ERROR, ""},
+        {OPEN_ALWAYS, true, true, ERROR_ALREADY_EXISTS, "old"},
+        {TRUNCATE_EXISTING, false, false, ERROR_FILE_NOT_FOUND, ""},
+        {TRUNCATE_EXISTING, true, true, NO_ERROR, ""},
+        {6, true, false, ERROR_INVALID_PARAMETER, "old"},
+    };
+    for (const auto& c : cases) {
+        SCOPED_TRACE(&c - cases);
+        std::filesystem::remove(OnDriveC("file.bin"));
+        if (c.present) WriteFile("file.bin", "old");
+        const HANDLE file = Open(kReadWrite, 0, c.disposition);
+        EXPECT_EQ(GetLastError(), c.error);
+        EXPECT_EQ(file != INVALID_HANDLE_VALUE, c.opens);
+        if (c.opens) CloseHandle(file);
+        EXPECT_EQ(Contents(), c.contents);
+    }
+}
+
+TEST_F(FilesOpen, ReadsAndWritesAtTheFilePointer) {
+    const HANDLE file = Open(kReadWrite, 0, CREATE_NEW);
+    DWORD count = 0;
+    ASSERT_TRUE(::WriteFile(file, "0123456789", 10, &count, nullptr));
+    EXPECT_EQ(count, 10u);
+    EXPECT_EQ(SetFilePointer(file, -4, nullptr, FILE_END), 6u);
+    char text[8] = {};
+    ASSERT_TRUE(ReadFile(file, text, 8, &count, nullptr));
+    EXPECT_EQ(std::string(text, count), "6789");
+    EXPECT_TRUE(ReadFile(file, text, 8, &count, nullptr));
+    EXPECT_EQ(count, 0u);
+    OVERLAPPED at = {};
+    at.Offset = 2;
+    ASSERT_TRUE(ReadFile(file, text, 3, &count, &at));
+    EXPECT_EQ(std::string(text, count), "234");
+    at.Offset = 10;
+    EXPECT_EQ(ErrorOf(ReadFile(file, text, 3, &count, &at)), ERROR_HANDLE_EOF);
+    EXPECT_EQ(SetFilePointer(file, -7, nullptr, FILE_CURRENT), 3u);
+    EXPECT_TRUE(SetEndOfFile(file));
+    EXPECT_EQ(GetFileSize(file, nullptr), 3u);
+    EXPECT_TRUE(FlushFileBuffers(file));
+    EXPECT_TRUE(CloseHandle(file));
+    EXPECT_EQ(Contents(), "012");
+}
+
+TEST_F(FilesOpen, MovesThePointerBeyondFourGigabytes) {
+    const HANDLE file = Open(kReadWrite, 0, CREATE_NEW);
+    LONG high = 1;
+    EXPECT_EQ(SetFilePointer(file, 5, &high, FILE_BEGIN), 5u);
+    EXPECT_EQ(high, 1);
+    const auto move = [&](LONG distance, DWORD from) {
+        return ErrorOf(SetFilePointer(file, distance, nullptr, from) != INVALID_SET_FILE_POINTER);
+    };
+    // Wine answers the low half.
+    if (!RunsUnderWine()) EXPECT_EQ(move(0, FILE_CURRENT), ERROR_INVALID_PARAMETER);
+    EXPECT_TRUE(SetEndOfFile(file));
+    DWORD size_high = 0;
+    EXPECT_EQ(GetFileSize(file, &size_high), 5u);
+    EXPECT_EQ(size_high, 1u);
+    EXPECT_EQ(move(-1, FILE_BEGIN), ERROR_NEGATIVE_SEEK);
+    CloseHandle(file);
+}
+
+TEST_F(FilesOpen, GrantsOnlyTheAccessAskedFor) {
+    WriteFile("file.bin", "abc");
+    char text[4];
+    DWORD count = 7;
+    HANDLE file = Open(GENERIC_READ, kShareAll, OPEN_EXISTING);
+    EXPECT_EQ(ErrorOf(::WriteFile(file, "x", 1, &count, nullptr)), ERROR_ACCESS_DENIED);
+    EXPECT_EQ(count, 0u);
+    EXPECT_FALSE(SetEndOfFile(file));
+    CloseHandle(file);
+    file = Open(GENERIC_WRITE, kShareAll, OPEN_EXISTING);
+    EXPECT_EQ(ErrorOf(ReadFile(file, text, 3, &count, nullptr)), ERROR_ACCESS_DENIED);
+    CloseHandle(file);
+
+    if (RunsUnderWine()) return; // to a superuser it gives more
+    ASSERT_TRUE(SetFileAttributesW(kName, FILE_ATTRIBUTE_READONLY));
+    EXPECT_EQ(ErrorOf(Open(GENERIC_WRITE, kShareAll, OPEN_EXISTING)), ERROR_ACCESS_DENIED);
+    EXPECT_FALSE(DeleteFileW(kName));
+    EXPECT_EQ(
+        ErrorOf(CreateFileW(TEXT("C:\\"), GENERIC_READ, 0, nullptr, OPEN_EXISTING, 0, nullptr)),
+        ERROR_ACCESS_DENIED);
+}
+
+TEST_F(FilesOpen, KeepsShareModesBetweenTwoHandles) {
+    WriteFile("file.bin", "abc");
+    const struct {
+        DWORD access, share, other_access, other_share;
+        bool goes;
+    } cases[] = {
+        {GENERIC_READ, FILE_SHARE_READ, GENERIC_READ, FILE_SHARE_READ, true},
+        {GENERIC_READ, FILE_SHARE_READ, GENERIC_WRITE, kShareAll, false},
+        {GENERIC_READ, 0, GENERIC_READ, kShareAll, false},
+        {GENERIC_WRITE, FILE_SHARE_READ, GENERIC_READ, FILE_SHARE_READ, false},
+        {GENERIC_WRITE, FILE_SHARE_READ, GENERIC_READ, FILE_SHARE_READ | FILE_SHARE_WRITE, true},
+        {GENERIC_READ, kShareAll, DELETE, kShareAll, true},
+        {GENERIC_READ, FILE_SHARE_READ, DELETE, kShareAll, false},
+        {GENERIC_READ, 0, 0, 0, true}, // attributes only
+    };
+    for (const auto& c : cases) {
+        const HANDLE first = Open(c.access, c.share, OPEN_EXISTING);
+        ASSERT_NE(first, INVALID_HANDLE_VALUE);
+        const HANDLE second = Open(c.other_access, c.other_share, OPEN_EXISTING);
+        EXPECT_EQ(ErrorOf(second), c.goes ? 0 : ERROR_SHARING_VIOLATION) << &c - cases;
+        if (second != INVALID_HANDLE_VALUE) CloseHandle(second);
+        CloseHandle(first);
+    }
+}
+
+TEST_F(FilesOpen, DeletesOnCloseWhenAskedTo) {
+    const HANDLE file = CreateFileW(kName, GENERIC_WRITE, 0, nullptr, CREATE_NEW,
+                                    FILE_FLAG_DELETE_ON_CLOSE, nullptr);
+    ASSERT_NE(file, INVALID_HANDLE_VALUE);
+    EXPECT_NE(GetFileAttributesW(kName), INVALID_FILE_ATTRIBUTES);
+    CloseHandle(file);
+    EXPECT_EQ(GetFileAttributesW(kName), INVALID_FILE_ATTRIBUTES);
+}
+
+TEST_F(FilesOpen, AnswersClosedAndForeignHandlesWithAnError) {
+    SKIP_UNDER_WINE("pseudo handles can be closed there, and searches are not checked");
+    const HANDLE file = Open(kReadWrite, 0, CREATE_NEW);
+    ASSERT_TRUE(CloseHandle(file));
+    WIN32_FIND_DATAW data;
+    const HANDLE search = FindFirstFileW(TEXT("C:\\*"), &data);
+    int local = 0;
+    for (HANDLE bad : {file, search, HANDLE{}, INVALID_HANDLE_VALUE, HANDLE{&local}}) {
+        DWORD count = 0;
+        SetLastError(NO_ERROR);
+        EXPECT_EQ(ErrorOf(ReadFile(bad, &local, 1, &count, nullptr)), ERROR_INVALID_HANDLE);
+        EXPECT_FALSE(CloseHandle(bad));
+        EXPECT_EQ(GetFileSize(bad, nullptr), INVALID_FILE_SIZE);
+    }
+    EXPECT_TRUE(FindClose(search));
+    EXPECT_FALSE(FindClose(search));
+}
+
+} // namespace

@@ -1,0 +1,96 @@
+#include "platform/error_of.h"
+#include "support/host_test.h"
+#include "support/wide.h"
+
+#include <windows.h>
+
+#include <cstring>
+#include <filesystem>
+#include <string>
+
+namespace {
+
+namespace fs = std::filesystem;
+
+const std::string kData = TEST_BINARY_DIR "/bin/test_data/";
+
+class ModulesResources : public HostTest {
+protected:
+    ModulesResources() {
+        fs::copy_file(kData + "sample.dll", OnDriveC("sample.dll"));
+        module = LoadLibraryW(TEXT("C:\\sample.dll"));
+    }
+    ~ModulesResources() override { FreeLibrary(module); }
+
+    std::string Bytes(LPCWSTR name, LPCWSTR type) const {
+        const HRSRC resource = FindResourceW(module, name, type);
+        if (!resource) return "error " + std::to_string(GetLastError());
+        const void* bytes = LockResource(LoadResource(module, resource));
+        return std::string(static_cast<const char*>(bytes), SizeofResource(module, resource));
+    }
+
+    HMODULE module = nullptr;
+};
+
+Wide Text(HMODULE module, UINT id, int size = 100) {
+    WCHAR text[100] = {};
+    const int length = LoadStringW(module, id, text, size);
+    EXPECT_EQ(std::char_traits<WCHAR>::length(text), static_cast<size_t>(length)) << id;
+    return text;
+}
+
+TEST_F(ModulesResources, AreFoundByNumberAndByNameInAnyCase) {
+    ASSERT_NE(module, nullptr);
+    EXPECT_EQ(Bytes(MAKEINTRESOURCEW(7), RT_RCDATA), "seven");
+    EXPECT_EQ(Bytes(TEXT("#7"), TEXT("#10")), "seven");
+    EXPECT_EQ(Bytes(TEXT("named_DATA"), RT_RCDATA), "named");
+    EXPECT_EQ(Bytes(MAKEINTRESOURCEW(9), TEXT("OwnType")), "own");
+    EXPECT_EQ(Bytes(TEXT("empty"), RT_RCDATA), "");
+}
+
+TEST_F(ModulesResources, TellWhatIsMissing) {
+    EXPECT_EQ(Bytes(MAKEINTRESOURCEW(8), RT_RCDATA), "error 1814");
+    EXPECT_EQ(Bytes(TEXT("seven"), RT_RCDATA), "error 1814");
+    EXPECT_EQ(Bytes(MAKEINTRESOURCEW(7), RT_BITMAP), "error 1813");
+    EXPECT_EQ(FindResourceExW(module, RT_STRING, MAKEINTRESOURCEW(7), MAKELANGID(0x0C, 1)),
+              nullptr);
+    EXPECT_EQ(GetLastError(), DWORD{ERROR_RESOURCE_LANG_NOT_FOUND});
+    EXPECT_EQ(ErrorOf(FindResourceW(nullptr, MAKEINTRESOURCEW(1), RT_RCDATA)),
+              ERROR_RESOURCE_DATA_NOT_FOUND);
+}
+
+TEST_F(ModulesResources, ComeInTheLanguageAskedFor) {
+    const LPCWSTR block = MAKEINTRESOURCEW(100 / 16 + 1);
+    const auto length = [&](WORD language) -> int {
+        const HRSRC resource = FindResourceExW(module, RT_STRING, block, language);
+        if (!resource) return -1;
+        // Text 100 is the fifth of its block; four empty ones are in front.
+        WORD units = 0;
+        std::memcpy(&units,
+                    static_cast<const WORD*>(LockResource(LoadResource(module, resource))) + 4,
+                    sizeof(units));
+        return units;
+    };
+    EXPECT_EQ(length(MAKELANGID(LANG_ENGLISH, SUBLANG_ENGLISH_US)), 26);
+    EXPECT_EQ(length(MAKELANGID(0x07, 1)), 17);
+    EXPECT_EQ(length(MAKELANGID(0x07, 2)), -1);
+}
+
+TEST_F(ModulesResources, HoldTextsInBlocksOfSixteen) {
+    EXPECT_EQ(Text(module, 16), TEXT("First text"));
+    EXPECT_EQ(Text(module, 17), TEXT("Gr\u00F6\u00DFe: 5 \u00B5m"));
+    EXPECT_EQ(Text(module, 31), TEXT("Last of its block"));
+    EXPECT_EQ(Text(module, 18), TEXT(""));
+    EXPECT_EQ(Text(module, 32), TEXT(""));
+    EXPECT_EQ(Text(module, 5000), TEXT(""));
+    EXPECT_EQ(Text(module, 16, 6), TEXT("First"));
+    EXPECT_EQ(Text(module, 16, 1), TEXT(""));
+    EXPECT_EQ(Text(nullptr, 16), TEXT(""));
+
+    LPCWSTR place = nullptr;
+    const int length = LoadStringW(module, 16, reinterpret_cast<LPWSTR>(&place), 0);
+    ASSERT_EQ(length, 10);
+    EXPECT_EQ(Wide(place, 10), TEXT("First text"));
+}
+
+} // namespace
