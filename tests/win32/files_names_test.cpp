@@ -79,7 +79,9 @@ TEST_F(FilesNames, AreMovedAndCopied) {
     EXPECT_EQ(BytesOf(OnDriveC("a")), "bbb");
     EXPECT_EQ(move(TEXT("C:\\a"), TEXT("C:\\A")), 0);
     // Wine leaves the old spelling.
-    if (!RunsUnderWine()) EXPECT_EQ(Names(TEXT("C:\\a")), std::vector<Wide>{TEXT("A")});
+    if (!RunsUnderWine()) {
+        EXPECT_EQ(Names(TEXT("C:\\a")), std::vector<Wide>{TEXT("A")});
+    }
     EXPECT_EQ(move(TEXT("C:\\A"), TEXT("C:\\dir"), MOVEFILE_REPLACE_EXISTING), ERROR_ACCESS_DENIED);
     const HANDLE open = CreateFileW(TEXT("C:\\A"), GENERIC_READ, FILE_SHARE_READ, nullptr,
                                     OPEN_EXISTING, 0, nullptr);

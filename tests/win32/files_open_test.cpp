@@ -89,7 +89,9 @@ TEST_F(FilesOpen, MovesThePointerBeyondFourGigabytes) {
         return ErrorOf(SetFilePointer(file, distance, nullptr, from) != INVALID_SET_FILE_POINTER);
     };
     // Wine answers the low half.
-    if (!RunsUnderWine()) EXPECT_EQ(move(0, FILE_CURRENT), ERROR_INVALID_PARAMETER);
+    if (!RunsUnderWine()) {
+        EXPECT_EQ(move(0, FILE_CURRENT), ERROR_INVALID_PARAMETER);
+    }
     EXPECT_TRUE(SetEndOfFile(file));
     DWORD size_high = 0;
     EXPECT_EQ(GetFileSize(file, &size_high), 5u);

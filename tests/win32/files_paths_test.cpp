@@ -1,5 +1,6 @@
 #include "support/host_test.h"
 #include "support/wide.h"
+#include "win32/wine.h"
 
 #include <windows.h>
 

@@ -1,5 +1,6 @@
 #include "platform/registry_support.h"
 #include "support/host_test.h"
+#include "win32/wine.h"
 
 #include <win32host/control.h>
 #include <win32host/registry_control.h>
