@@ -29,11 +29,11 @@ JobTest::~JobTest() {
     if (printer_) ClosePrinter(printer_);
 }
 
-std::vector<PrintedJob> JobTest::TakeJobs() {
+std::vector<PrintedJob> JobTest::TakeJobs(HANDLE printer) const {
     DWORD needed = 0, count = 0;
-    EnumJobsW(printer_, 0, 1000, 1, nullptr, 0, &needed, &count);
+    EnumJobsW(printer, 0, 1000, 1, nullptr, 0, &needed, &count);
     std::vector<BYTE> buffer(needed);
-    EXPECT_TRUE(EnumJobsW(printer_, 0, 1000, 1, buffer.data(), needed, &needed, &count));
+    EXPECT_TRUE(EnumJobsW(printer, 0, 1000, 1, buffer.data(), needed, &needed, &count));
     const auto* infos = reinterpret_cast<const JOB_INFO_1W*>(buffer.data());
     std::vector<PrintedJob> jobs;
     for (DWORD i = 0; i < count; ++i) {
@@ -41,7 +41,7 @@ std::vector<PrintedJob> JobTest::TakeJobs() {
         std::snprintf(file, sizeof file, "/spool/%05u.SPL", unsigned{infos[i].JobId});
         jobs.push_back({Text(OString(infos[i].pDocument)), BytesOf(root() + file)});
         EXPECT_EQ(infos[i].Status, 0u);
-        EXPECT_TRUE(SetJobW(printer_, infos[i].JobId, 0, nullptr, JOB_CONTROL_DELETE));
+        EXPECT_TRUE(SetJobW(printer, infos[i].JobId, 0, nullptr, JOB_CONTROL_DELETE));
     }
     return jobs;
 }

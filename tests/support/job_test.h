@@ -20,7 +20,8 @@ protected:
     HANDLE printer() const { return printer_; }
 
     // The jobs that wait in the spooler, which are taken out of it.
-    std::vector<PrintedJob> TakeJobs();
+    std::vector<PrintedJob> TakeJobs() const { return TakeJobs(printer_); }
+    std::vector<PrintedJob> TakeJobs(HANDLE printer) const;
 
     ~JobTest() override;
 
