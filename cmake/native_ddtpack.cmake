@@ -1,0 +1,20 @@
+# Builds ddtpack for the machine that builds, for builds that are for another one.
+#
+#   cmake -D SOURCE=folder -D BINARY=folder -P native_ddtpack.cmake
+#
+# Several builds may share the folder BINARY, also at the same time.
+
+cmake_minimum_required(VERSION 3.25)
+
+file(MAKE_DIRECTORY ${BINARY})
+file(LOCK ${BINARY}/lock GUARD PROCESS)
+if(NOT EXISTS ${BINARY}/build.ninja)
+    execute_process(COMMAND ${CMAKE_COMMAND} -S ${SOURCE} -B ${BINARY} --preset linux
+                            -D CMAKE_BUILD_TYPE=Release
+                    OUTPUT_QUIET COMMAND_ERROR_IS_FATAL ANY)
+endif()
+execute_process(COMMAND ${CMAKE_COMMAND} --build ${BINARY} --target ddtpack
+                OUTPUT_VARIABLE log RESULT_VARIABLE status)
+if(NOT status EQUAL 0)
+    message(FATAL_ERROR "${log}")
+endif()
