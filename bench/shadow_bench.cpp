@@ -143,7 +143,7 @@ void BM_ReadSharedKeys(benchmark::State& state) {
             count += ReadTree(key);
             RegCloseKey(key);
         }
-        if (count != 4 * state.range(0)) state.SkipWithError("not all values");
+        if (count < 4 * state.range(0)) state.SkipWithError("not all values");
     }
     state.SetComplexityN(state.range(0));
 }
