@@ -28,7 +28,7 @@ void FillPorts(LevelWriter& writer, const std::vector<std::u16string>& names) {
         const bool network = NetworkAddressOf(names[i]).has_value();
         PORT_INFO_2W info = {};
         writer.Text(info.pPortName, names[i]);
-        writer.Text(info.pMonitorName, network ? u"Standard TCP/IP Port" : u"Local Port");
+        writer.Text(info.pMonitorName, network ? u"Standard TCP/IP Port" : u"Local Monitor");
         writer.Text(info.pDescription, network ? u"Standard TCP/IP Port" : u"Local Port");
         info.fPortType =
             network ? PORT_TYPE_WRITE | PORT_TYPE_READ | PORT_TYPE_NET_ATTACHED : PORT_TYPE_WRITE;

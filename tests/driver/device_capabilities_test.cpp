@@ -15,8 +15,7 @@ namespace {
 class DeviceCapabilities : public StagedDriverTest {
 protected:
     static int Ask(WORD capability, void* output = nullptr) {
-        return DeviceCapabilitiesW(TEXT("Dock 3"), nullptr, capability, static_cast<LPWSTR>(output),
-                                   nullptr);
+        return Capabilities(TEXT("Dock 3"), capability, static_cast<LPWSTR>(output), nullptr);
     }
 };
 
@@ -69,8 +68,7 @@ TEST_F(DeviceCapabilities, OfDocumentsFollowTheDevModeOfTheProgram) {
     } cases[] = {{DC_FIELDS, 0x780FF13}, {DC_SIZE, 220},     {DC_EXTRA, 1288},
                  {DC_VERSION, 0x401},    {DC_DRIVER, 0x607}, {DC_COPIES, 32767}};
     for (const auto& c : cases)
-        EXPECT_EQ(DeviceCapabilitiesW(TEXT("Dock 3"), nullptr, c.capability, nullptr, &mode),
-                  c.expected)
+        EXPECT_EQ(Capabilities(TEXT("Dock 3"), c.capability, nullptr, &mode), c.expected)
             << c.capability;
 }
 

@@ -17,6 +17,7 @@ namespace {
 class FontSender : public JobTest {
 protected:
     FontSender() {
+        NeedRenderingModule();
         Install(TEST_BINARY_DIR,
                 {.model = "Resolution=203\nStock.Default.X=4 in\nStock.Default.Y=6 in\n",
                  .font = "Download.TrueType=yes\nDownload.Bitmap=yes\n"

@@ -46,13 +46,16 @@ protected:
         info.pDataFile = data.data();
         info.pConfigFile = driver.data();
         info.pDependentFiles = dependent.data();
-        ASSERT_TRUE(AddPrinterDriverW(nullptr, 3, reinterpret_cast<LPBYTE>(&info)))
+        ASSERT_TRUE(AddPrinterDriverExW(nullptr, 3, reinterpret_cast<LPBYTE>(&info),
+                                        APD_COPY_ALL_FILES | APD_COPY_FROM_DIRECTORY))
             << GetLastError();
 
         ASSERT_TRUE(AddPrinter("Dock", "Model")) << GetLastError();
 
         const PrinterInfo installed(OString("Dock"));
-        const OString module = installed.GetDriverDirectory() + "\\zplvenu.dll";
+        // Stands for the module.
+        const OString module = installed.GetDriverDirectory() + "\\module.dll";
+        ASSERT_TRUE(CopyFileW(TEXT("C:\\install\\zplvenu.dll"), module.wstring(), TRUE));
         module_ = LoadLibraryW(module.tstring());
         ASSERT_NE(module_, nullptr);
         DriverUtility::SetModuleHandle(module_);
@@ -108,7 +111,7 @@ TEST_F(LanguageLibraries, LoadTheSystemsLanguageWithEnglishBehindIt) {
 }
 
 TEST_F(LanguageLibraries, FindDialogsMenusAndBitmapsInTheFirstThatHasThem) {
-    SetSystemLanguage(TEXT("DEU"));
+    reg_->SetString("UserSettings:Language", "deu");
     prtlocale locale;
     ASSERT_TRUE(locale.Load(*reg_, model_.get()));
     for (const char* page : {"PAGE", "ENGLISH_PAGE"}) {

@@ -125,6 +125,7 @@ TEST_F(ObjectCache, ObjectsAreShownAndTreatedInTheirWays) {
 }
 
 TEST_F(ObjectCache, SettingsStayWithinTheirLimitsAndInOrder) {
+    NeedRenderingModule();
     Install(TEST_BINARY_DIR, {.model = "Resolution=203\n"});
     std::unique_ptr<prtui> ui(prtui::new_ext());
     ui->init(printer(), nullptr, 0);

@@ -24,6 +24,7 @@ public:
 class OutputStream : public JobTest {
 protected:
     OutputStream() {
+        NeedRenderingModule();
         Install(TEST_BINARY_DIR, {.model = "Resolution=203\nStock.Default.X=4 in\n"
                                            "Stock.Default.Y=6 in\n"});
         ui_.reset(prtui::new_ext());

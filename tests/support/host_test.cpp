@@ -19,6 +19,17 @@ void HostTest::WriteFile(const std::string& windows_path, const std::string& byt
     std::ofstream(path, std::ios::binary) << bytes;
 }
 
+void SkipTest(const char* reason) {
+    [reason] { GTEST_SKIP() << reason; }();
+    // The framework takes this for something that is reported already.
+    throw testing::AssertionException(
+        testing::TestPartResult(testing::TestPartResult::kSkip, __FILE__, __LINE__, reason));
+}
+
+void SkipUnderWine(const char* difference) {
+    if (RunsUnderWine()) SkipTest(difference);
+}
+
 bool HostTest::ListsByCreation() {
     HKEY key = nullptr;
     if (RegCreateKeyExW(HKEY_CURRENT_USER, TEXT("ListsByCreation"), 0, nullptr, 0, KEY_ALL_ACCESS,

@@ -6,6 +6,8 @@
 
 #include <string>
 
+#include "support/wine.h"
+
 class HostTest : public ::testing::Test {
 protected:
     HostTest();

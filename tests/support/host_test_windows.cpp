@@ -39,8 +39,13 @@ void RemoveStrangers(const fs::path& folder, const std::set<std::string>& native
 void RemoveFilesOfOthers() {
     RemoveStrangers("C:\\", kDriveC);
     RemoveStrangers("C:\\windows\\system32\\spool\\drivers\\x64\\3", {});
+    // The folder of the module, when a library of the system stands for it.
     std::error_code ignored;
-    fs::remove("C:\\windows\\system32\\zpl.ddt", ignored);
+    for (const fs::directory_entry& entry :
+         fs::directory_iterator("C:\\windows\\system32", ignored))
+        if (const fs::path file = entry.path().filename();
+            file.extension() == ".kds" || file.string().rfind("zpl", 0) == 0)
+            fs::remove(entry.path(), ignored);
 }
 
 HKEY FreshKey(const WCHAR* path) {
@@ -63,6 +68,10 @@ void EnterFreshRegistry() {
         RegCloseKey(from);
         RegCloseKey(to);
     }
+    RegCreateKeyW(machine, TEXT("Software\\Microsoft\\Windows NT\\CurrentVersion\\Ports"), &to);
+    RegSetValueExW(to, TEXT("FILE:"), 0, REG_SZ, reinterpret_cast<const BYTE*>(TEXT("")),
+                   sizeof(WCHAR));
+    RegCloseKey(to);
     RegOverridePredefKey(HKEY_LOCAL_MACHINE, machine);
     RegOverridePredefKey(HKEY_CURRENT_USER, user);
     RegCreateKeyW(machine, TEXT("Software\\Classes"), &to);

@@ -11,6 +11,12 @@ protected:
     // file of these tables, and a printer "Dock 3" of it.
     void Install(const std::string& binary_folder, const ModelTables& tables);
 
+    // DeviceCapabilitiesW and DocumentPropertiesW. Wine's spooler hands the module no printer;
+    // there these ask the installed module as other spoolers do.
+    static int Capabilities(const WCHAR* printer, WORD capability, WCHAR* output,
+                            const DEVMODEW* dev_mode);
+    static LONG Properties(HANDLE printer, DEVMODEW* output, DEVMODEW* input, DWORD mode);
+
     // The folder of version-3 drivers as a Windows path.
     static OString DriverFolder();
 };

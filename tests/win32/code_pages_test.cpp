@@ -1,7 +1,7 @@
 #include "platform/error_of.h"
 #include "support/host_test.h"
 #include "support/wide.h"
-#include "win32/wine.h"
+#include "support/wine.h"
 
 #include <win32host/control.h>
 #include <windows.h>

@@ -1,7 +1,7 @@
 #include "platform/error_of.h"
 #include "support/host_test.h"
 #include "support/wide.h"
-#include "win32/wine.h"
+#include "support/wine.h"
 
 #include <windows.h>
 
@@ -154,7 +154,7 @@ TEST_F(FilesProfile, ReadsValuesAndLists) {
 }
 
 TEST_F(FilesProfile, ChangesOnlyWhatItIsToldTo) {
-    SKIP_UNDER_WINE("it drops empty lines");
+    SkipUnderWine("it drops empty lines");
     WriteFile("x.ini", "; kept\r\n[One]\r\na=1\r\n\r\n[Two]\r\nb=2\r\n");
     const auto write = [](const WCHAR* section, const WCHAR* key, const WCHAR* text) {
         return WritePrivateProfileStringW(section, key, text, TEXT("C:\\x.ini"));

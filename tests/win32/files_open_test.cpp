@@ -1,7 +1,7 @@
 #include "platform/error_of.h"
 #include "support/host_test.h"
 #include "support/wide.h"
-#include "win32/wine.h"
+#include "support/wine.h"
 
 #include <windows.h>
 
@@ -157,7 +157,7 @@ TEST_F(FilesOpen, DeletesOnCloseWhenAskedTo) {
 }
 
 TEST_F(FilesOpen, AnswersClosedAndForeignHandlesWithAnError) {
-    SKIP_UNDER_WINE("pseudo handles can be closed there, and searches are not checked");
+    SkipUnderWine("pseudo handles can be closed there, and searches are not checked");
     const HANDLE file = Open(kReadWrite, 0, CREATE_NEW);
     ASSERT_TRUE(CloseHandle(file));
     WIN32_FIND_DATAW data;

@@ -1,6 +1,6 @@
 #include "support/host_test.h"
 #include "support/wide.h"
-#include "win32/wine.h"
+#include "support/wine.h"
 
 #include <windows.h>
 
@@ -19,7 +19,7 @@ Wide FullPathOf(const Wide& name) {
 class FilesPaths : public HostTest {};
 
 TEST_F(FilesPaths, BecomeFullAndNeverLeaveTheirDrive) {
-    SKIP_UNDER_WINE("it keeps the case of the drive letter and odd ends of folder names");
+    SkipUnderWine("it keeps the case of the drive letter and odd ends of folder names");
     const struct {
         const WCHAR *given, *full;
     } cases[] = {
@@ -38,7 +38,7 @@ TEST_F(FilesPaths, BecomeFullAndNeverLeaveTheirDrive) {
 }
 
 TEST_F(FilesPaths, TellWhyANameReachesNothing) {
-    SKIP_UNDER_WINE("it has other errors for drives and servers that are not there");
+    SkipUnderWine("it has other errors for drives and servers that are not there");
     WriteFile("file", "x");
     const struct {
         const WCHAR* name;
@@ -73,7 +73,7 @@ TEST_F(FilesPaths, AnswerTheSizeToProvideWhenTheBufferIsTooSmall) {
 }
 
 TEST_F(FilesPaths, KeepEveryUtf16Name) {
-    SKIP_UNDER_WINE("its file names cannot hold half a surrogate pair");
+    SkipUnderWine("its file names cannot hold half a surrogate pair");
     const WCHAR odd[] = {TEXT('C'), TEXT(':'), TEXT('\\'), 0xD83D, 0xDE00, 0xD800, TEXT('x'), 0};
     ASSERT_TRUE(CreateDirectoryW(odd, nullptr));
     WIN32_FIND_DATAW data;

@@ -1,6 +1,6 @@
 #include "platform/registry_support.h"
 #include "support/host_test.h"
-#include "win32/wine.h"
+#include "support/wine.h"
 
 #include <win32host/control.h>
 #include <win32host/registry_control.h>
@@ -33,7 +33,7 @@ TEST_F(RegistryKeys, CreatingAKeyMakesItsWholePathAndTellsWhetherItWasNew) {
 }
 
 TEST_F(RegistryKeys, APathThatCannotBeIsRefusedBothWhenOpeningAndWhenCreating) {
-    SKIP_UNDER_WINE("it makes keys whose names are longer than 255 units");
+    SkipUnderWine("it makes keys whose names are longer than 255 units");
     Make(TEXT("A\\B"));
     const struct {
         Wide path;
@@ -139,7 +139,7 @@ TEST_F(RegistryKeys, HandlesOnADeletedKeySayThatItIsGoneEvenAfterANewOneHasItsNa
 }
 
 TEST_F(RegistryKeys, ClosedAndMadeUpHandlesAreRefused) {
-    SKIP_UNDER_WINE("values of closed handles are used again there");
+    SkipUnderWine("values of closed handles are used again there");
     const HKEY closed = Make(TEXT("K"));
     std::vector<HKEY> handles = {closed, nullptr};
     for (UINT_PTR value : {UINT_PTR{1}, UINT_PTR{0x7FFFFFFC}, ~UINT_PTR{0}, ~UINT_PTR{0} << 28})

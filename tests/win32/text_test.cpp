@@ -1,6 +1,6 @@
 #include "support/host_test.h"
 #include "support/wide.h"
-#include "win32/wine.h"
+#include "support/wine.h"
 
 #include <win32host/control.h>
 #include <windows.h>
