@@ -1,5 +1,6 @@
 #include "platform/error_of.h"
 #include "support/host_test.h"
+#include "support/sample_library_test.h"
 
 #include <windows.h>
 
@@ -12,24 +13,6 @@ namespace {
 namespace fs = std::filesystem;
 
 const std::string kData = TEST_BINARY_DIR "/bin/test_data/";
-
-class ModulesResources : public HostTest {
-protected:
-    ModulesResources() {
-        fs::copy_file(kData + "sample.dll", OnDriveC("sample.dll"));
-        module = LoadLibraryW(u"C:\\sample.dll");
-    }
-    ~ModulesResources() override { FreeLibrary(module); }
-
-    std::string Bytes(LPCWSTR name, LPCWSTR type) const {
-        const HRSRC resource = FindResourceW(module, name, type);
-        if (!resource) return "error " + std::to_string(GetLastError());
-        const void* bytes = LockResource(LoadResource(module, resource));
-        return std::string(static_cast<const char*>(bytes), SizeofResource(module, resource));
-    }
-
-    HMODULE module = nullptr;
-};
 
 std::u16string Text(HMODULE module, UINT id, int size = 100) {
     WCHAR text[100] = {};

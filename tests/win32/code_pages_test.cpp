@@ -1,4 +1,5 @@
 #include "platform/error_of.h"
+#include "support/code_page_text.h"
 #include "support/host_test.h"
 #include "support/wide.h"
 #include "support/wine.h"
@@ -13,22 +14,6 @@ namespace {
 
 class CodePages : public HostTest {};
 class CodePagesThreads : public HostTest {};
-
-Wide Decode(UINT code_page, const std::string& bytes, DWORD flags = 0) {
-    WCHAR text[512];
-    const int units = MultiByteToWideChar(code_page, flags, bytes.data(),
-                                          static_cast<int>(bytes.size()), text, 512);
-    return {text, static_cast<size_t>(units)};
-}
-
-std::string Encode(UINT code_page, const Wide& text, DWORD flags = 0,
-                   const char* default_char = nullptr, BOOL* used = nullptr) {
-    char bytes[512];
-    const int count =
-        WideCharToMultiByte(code_page, flags, text.data(), static_cast<int>(text.size()), bytes,
-                            512, default_char, used);
-    return {bytes, static_cast<size_t>(count)};
-}
 
 TEST_F(CodePages, ConvertTextBothWays) {
     const struct {

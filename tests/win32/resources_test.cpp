@@ -1,36 +1,14 @@
 #include "platform/error_of.h"
 #include "support/host_test.h"
+#include "support/sample_library_test.h"
 #include "support/wide.h"
 
 #include <windows.h>
 
 #include <cstring>
-#include <filesystem>
 #include <string>
 
 namespace {
-
-namespace fs = std::filesystem;
-
-const std::string kData = TEST_BINARY_DIR "/bin/test_data/";
-
-class ModulesResources : public HostTest {
-protected:
-    ModulesResources() {
-        fs::copy_file(kData + "sample.dll", OnDriveC("sample.dll"));
-        module = LoadLibraryW(TEXT("C:\\sample.dll"));
-    }
-    ~ModulesResources() override { FreeLibrary(module); }
-
-    std::string Bytes(LPCWSTR name, LPCWSTR type) const {
-        const HRSRC resource = FindResourceW(module, name, type);
-        if (!resource) return "error " + std::to_string(GetLastError());
-        const void* bytes = LockResource(LoadResource(module, resource));
-        return std::string(static_cast<const char*>(bytes), SizeofResource(module, resource));
-    }
-
-    HMODULE module = nullptr;
-};
 
 Wide Text(HMODULE module, UINT id, int size = 100) {
     WCHAR text[100] = {};
