@@ -1,0 +1,11 @@
+// How often a test of the torture suites repeats itself.
+#pragma once
+
+#include <cstdlib>
+
+// `bounded` rounds in scripts/test; scripts/torture says how many through ZPLUI_TORTURE.
+inline int TortureRounds(int bounded) {
+    const char* rounds = std::getenv("ZPLUI_TORTURE");
+    const int asked = rounds ? std::atoi(rounds) : 0;
+    return asked > 0 ? asked : bounded;
+}
