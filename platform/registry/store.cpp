@@ -34,6 +34,17 @@ LSTATUS Split(std::u16string_view path, std::vector<std::u16string_view>& names)
     return ERROR_SUCCESS;
 }
 
+// Emptying walks through a map's buckets, however few are in use: a map that has grown big for one
+// listing would make every write after it slow.
+template <class Map>
+void Empty(Map& map) {
+    constexpr size_t kManyBuckets = 1024;
+    if (map.bucket_count() > kManyBuckets)
+        Map().swap(map);
+    else
+        map.clear();
+}
+
 size_t LongestOf(const NameList& names) {
     size_t longest = 0;
     for (const auto& name : names) longest = std::max(longest, name.size());
@@ -43,22 +54,19 @@ size_t LongestOf(const NameList& names) {
 } // namespace
 
 void Store::DropStale() {
-    if (!database_.Changed()) return;
-    keys_.clear();
-    values_.clear();
-    subkeys_.clear();
-    value_names_.clear();
+    if (database_.Changed()) Forget();
+}
+
+void Store::Forget() {
+    Empty(keys_);
+    Empty(values_);
+    Empty(subkeys_);
+    Empty(value_names_);
     kept_bytes_ = 0;
 }
 
 void Store::MakeRoom(size_t bytes) {
-    if (kept_bytes_ + bytes > kMostKept) {
-        keys_.clear();
-        values_.clear();
-        subkeys_.clear();
-        value_names_.clear();
-        kept_bytes_ = 0;
-    }
+    if (kept_bytes_ + bytes > kMostKept) Forget();
     kept_bytes_ += bytes;
 }
 

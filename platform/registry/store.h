@@ -84,6 +84,7 @@ private:
     using ById = std::unordered_map<int64_t, NameList>;
 
     void DropStale();
+    void Forget();
     void MakeRoom(size_t bytes);
     std::u16string_view CacheName(int64_t id, std::u16string_view text);
     bool Lookup(int64_t parent, std::u16string_view name, KeyFound& key);

@@ -22,6 +22,13 @@ std::vector<std::u16string> PortNames(const PrintServer& server) {
     return names;
 }
 
+// A server has as many ports as printers, so that their list is not walked for one of them.
+bool IsRegistered(const PrintServer& server, const std::u16string& port) {
+    if (SameName(port, kFilePort)) return true;
+    RegistryKey key;
+    return !port.empty() && server.OpenPorts(key) == ERROR_SUCCESS && key.Has(port);
+}
+
 void FillPorts(LevelWriter& writer, const std::vector<std::u16string>& names) {
     writer.Structures<PORT_INFO_2W>(names.size());
     for (size_t i = 0; i < names.size(); ++i) {
@@ -74,17 +81,11 @@ bool IsPathPort(std::u16string_view port) {
 }
 
 bool IsUsablePort(const PrintServer& server, const std::u16string& port) {
-    if (NetworkAddressOf(port) || IsPathPort(port)) return true;
-    const auto names = PortNames(server);
-    return std::any_of(names.begin(), names.end(),
-                       [&](const std::u16string& name) { return SameName(name, port); });
+    return NetworkAddressOf(port) || IsPathPort(port) || IsRegistered(server, port);
 }
 
 LSTATUS RegisterPort(const PrintServer& server, const std::u16string& port) {
-    const auto names = PortNames(server);
-    if (std::any_of(names.begin(), names.end(),
-                    [&](const std::u16string& name) { return SameName(name, port); }))
-        return ERROR_SUCCESS;
+    if (IsRegistered(server, port)) return ERROR_SUCCESS;
     RegistryKey key;
     const LSTATUS status = server.CreatePorts(key);
     return status == ERROR_SUCCESS ? key.SetText(port, {}) : status;

@@ -98,6 +98,11 @@ std::vector<BYTE> RegistryKey::Bytes(const char16_t* name) const {
     return {bytes, bytes + value.size};
 }
 
+bool RegistryKey::Has(const std::u16string& value) const {
+    return RegQueryValueExW(key_, value.c_str(), nullptr, nullptr, nullptr, nullptr) ==
+           ERROR_SUCCESS;
+}
+
 std::vector<std::u16string> RegistryKey::ValueNames() const {
     std::vector<std::u16string> names;
     std::u16string name(64, u'\0');

@@ -37,6 +37,7 @@ public:
     // REG_BINARY.
     std::vector<BYTE> Bytes(const char16_t* name) const;
 
+    bool Has(const std::u16string& value) const;
     std::vector<std::u16string> ValueNames() const;
     std::vector<std::u16string> SubkeyNames() const;
 

@@ -1,122 +1,33 @@
 #include "arguments.h"
 #include "commands.h"
 #include "fault.h"
-#include "installation.h"
+#include "install_driver.h"
 #include "printer.h"
+#include "progress.h"
 #include "text.h"
 
 #include <windows.h>
 #include <winspool.h>
 
 #include <cstdio>
+#include <fstream>
+#include <set>
+#include <sstream>
+#include <utility>
 
 namespace {
 
-// A machine that has no printers yet lacks the folder for drivers: each level is made in turn.
-void MakeFolders(const WideString& path) {
-    for (size_t at = path.find(TEXT('\\')); at != WideString::npos;
-         at = path.find(TEXT('\\'), at + 1))
-        if (at > 2) CreateDirectoryW(path.substr(0, at).c_str(), nullptr);
-    if (!CreateDirectoryW(path.c_str(), nullptr) && GetLastError() != ERROR_ALREADY_EXISTS)
-        throw SystemFault("cannot make the folder '" + ToUtf8(path.c_str()) + "'", GetLastError());
-}
+constexpr const char* kUsage =
+    "install PRINTER --model NAME | --list FILE  [--oem CODE] [--port PORT] [--product DIR] "
+    "[--progress]";
 
-WideString DriverFolder() {
-    DWORD needed = 0;
-    GetPrinterDriverDirectoryW(nullptr, nullptr, 1, nullptr, 0, &needed);
-    std::vector<WCHAR> folder(needed / sizeof(WCHAR) + 1);
-    if (!GetPrinterDriverDirectoryW(nullptr, nullptr, 1, reinterpret_cast<BYTE*>(folder.data()),
-                                    needed, &needed))
-        throw SystemFault("cannot find the folder of printer drivers", GetLastError());
-    return folder.data();
-}
+struct NewPrinter {
+    std::string name, model, port;
+};
 
-// Copies one file of the product into the driver folder: under a name of this process's own first,
-// then over its place, so that a copy that fails leaves the old file and another process that
-// installs at the same time is not disturbed. Answers the new file's path.
-WideString StageFile(const std::string& product, const std::string& file,
-                     const WideString& folder) {
-    const std::string source = product + "/" + file;
-    const WideString target = folder + TEXT("\\") + ToWide(file);
-    WCHAR aside[MAX_PATH] = {};
-    if (!GetTempFileNameW(folder.c_str(), TEXT("inst"), 0, aside))
-        throw SystemFault("cannot write to the folder '" + ToUtf8(folder.c_str()) + "'",
-                          GetLastError());
-    DWORD error = NO_ERROR;
-    std::string what;
-    if (!CopyFileW(ToWide(source).c_str(), aside, FALSE)) {
-        error = GetLastError();
-        what = "cannot copy driver file '" + source + "'";
-    } else if (!MoveFileExW(aside, target.c_str(), MOVEFILE_REPLACE_EXISTING)) {
-        error = GetLastError();
-        what = "cannot replace driver file '" + ToUtf8(target.c_str()) + "'";
-    }
-    if (error == NO_ERROR) return target;
-    DeleteFileW(aside);
-    throw SystemFault(what, error);
-}
-
-void AddDriver(const Installation& product, const Model& model, const DriverFiles& files) {
-    const WideString folder = DriverFolder();
-    MakeFolders(folder);
-    WideString driver = StageFile(product.folder(), files.driver, folder);
-    WideString config = StageFile(product.folder(), files.config, folder);
-    WideString data = StageFile(product.folder(), files.data, folder);
-    WideString help =
-        files.help.empty() ? WideString() : StageFile(product.folder(), files.help, folder);
-    WideString dependent;
-    for (const std::string& file : files.dependent)
-        dependent += StageFile(product.folder(), file, folder) + WCHAR(0);
-    dependent += WCHAR(0);
-
-    WideString name = ToWide(model.name);
-    WideString data_type = ToWide(files.default_data_type);
-    WideString monitor = ToWide(files.monitor);
-    WideString manufacturer = ToWide(model.manufacturer);
-    WideString hardware_id = ToWide(model.hardware_id);
-    WideString provider = ToWide(product.provider());
-    DRIVER_INFO_6W info = {};
-    info.cVersion = 3;
-    info.pName = name.data();
-    info.pDriverPath = driver.data();
-    info.pConfigFile = config.data();
-    info.pDataFile = data.data();
-    info.pHelpFile = help.empty() ? nullptr : help.data();
-    info.pDependentFiles = dependent.data();
-    info.pMonitorName = monitor.empty() ? nullptr : monitor.data();
-    info.pDefaultDataType = data_type.empty() ? nullptr : data_type.data();
-    info.pszMfgName = manufacturer.data();
-    info.pszHardwareID = hardware_id.data();
-    info.pszProvider = provider.data();
-    if (!AddPrinterDriverExW(nullptr, 6, reinterpret_cast<BYTE*>(&info),
-                             APD_COPY_ALL_FILES | APD_COPY_FROM_DIRECTORY))
-        throw SystemFault("cannot add driver '" + model.name + "'", GetLastError());
-}
-
-bool PrinterExists(const std::string& name) {
-    for (const PrinterFacts& printer : AllPrinters())
-        if (SameText(printer.name, name)) return true;
-    return false;
-}
-
-} // namespace
-
-void InstallCommand(const Words& words) {
-    const Arguments arguments(words, {"model", "oem", "port", "product"}, {});
-    const std::string usage =
-        "install PRINTER --model NAME [--oem CODE] [--port PORT] [--product DIR]";
-    arguments.RequireCount(1, 1, usage);
-    if (!arguments.Has("model")) throw UsageFault("usage: labelhost " + usage);
-    const std::string& printer = arguments[0];
-
-    const Installation product(arguments.Get("product", DefaultProductFolder()));
-    const Model& model = product.FindModel(arguments.Get("model", ""));
-    const DriverFiles files = product.FilesOf(arguments.Get("oem", model.oem));
-    if (PrinterExists(printer)) throw Fault("a printer '" + printer + "' exists");
-    AddDriver(product, model, files);
-
-    WideString name = ToWide(printer);
-    WideString port = ToWide(arguments.Get("port", "FILE:"));
+void AddPrinter(const NewPrinter& printer, const Model& model, const DriverFiles& files) {
+    WideString name = ToWide(printer.name);
+    WideString port = ToWide(printer.port);
     WideString driver = ToWide(model.name);
     WideString processor = TEXT("WinPrint");
     WideString data_type =
@@ -132,12 +43,109 @@ void InstallCommand(const Words& words) {
     info.Priority = 1;
     const HANDLE handle = AddPrinterW(nullptr, 2, reinterpret_cast<BYTE*>(&info));
     if (!handle)
-        throw SystemFault("cannot add printer '" + printer + "' on port '" +
-                              arguments.Get("port", "FILE:") + "'",
+        throw SystemFault("cannot add printer '" + printer.name + "' on port '" + printer.port +
+                              "'",
                           GetLastError());
     ClosePrinter(handle);
-    std::printf("%s: %s on %s\n", printer.c_str(), model.name.c_str(),
-                arguments.Get("port", "FILE:").c_str());
+}
+
+// Adds printers and, before the first one of a model, its driver.
+class Installer {
+public:
+    explicit Installer(const Arguments& arguments)
+        : product_(arguments.Get("product", DefaultProductFolder()))
+        , oem_(arguments.Get("oem", "")) {}
+
+    // Throws Fault when there is no such model, or none under that brand.
+    void Check(const std::string& model) const { FilesOf(product_.FindModel(model)); }
+
+    // The model's own spelling of its name.
+    const std::string& Install(const NewPrinter& printer) {
+        const Model& model = product_.FindModel(printer.model);
+        const DriverFiles files = FilesOf(model);
+        if (drivers_.insert(model.name).second) InstallDriver(product_, model, files);
+        AddPrinter(printer, model, files);
+        return model.name;
+    }
+
+private:
+    DriverFiles FilesOf(const Model& model) const {
+        return product_.FilesOf(oem_.empty() ? model.oem : oem_);
+    }
+
+    const Installation product_;
+    const std::string oem_;
+    std::set<std::string> drivers_; // installed so far
+};
+
+// A printer's line: its name, its model and, in place of the usual one, its port, with tabs between
+// them. Lines that are empty or begin with # say nothing.
+std::vector<NewPrinter> ReadList(const std::string& file, const std::string& port) {
+    std::ifstream in(file, std::ios::binary);
+    if (!in) throw FileFault("cannot read", file);
+    std::vector<NewPrinter> printers;
+    size_t number = 0;
+    for (std::string line; std::getline(in, line);) {
+        ++number;
+        std::vector<std::string> fields;
+        std::istringstream text(line);
+        for (std::string field; std::getline(text, field, '\t');) fields.push_back(Trim(field));
+        if (Trim(line).empty() || line[0] == '#') continue;
+        if (fields.size() < 2 || fields.size() > 3 || fields[0].empty() || fields[1].empty())
+            throw Fault("'" + file + "' line " + std::to_string(number) +
+                        ": a printer's name, its model and its port have tabs between them");
+        printers.push_back(
+            {fields[0], fields[1], fields.size() > 2 && !fields[2].empty() ? fields[2] : port});
+    }
+    if (in.bad()) throw FileFault("cannot read", file); // a folder, for one
+    return printers;
+}
+
+void InstallOne(Installer& installer, const NewPrinter& printer) {
+    installer.Check(printer.model);
+    if (PrinterExists(printer.name)) throw Fault("a printer '" + printer.name + "' exists");
+    const std::string& model = installer.Install(printer);
+    std::printf("%s: %s on %s\n", printer.name.c_str(), model.c_str(), printer.port.c_str());
+}
+
+// What is there already was installed by a run that was interrupted.
+void InstallUnlessThere(Installer& installer, const NewPrinter& printer) {
+    if (!PrinterExists(printer.name)) return InstallOne(installer, printer);
+    const PrinterFacts facts = FactsOf(printer.name);
+    if (!SameText(facts.driver, printer.model) || !SameText(facts.port, printer.port))
+        throw Fault("a printer '" + printer.name + "' exists, a " + facts.driver + " on " +
+                    facts.port);
+    std::printf("%s: is there already\n", printer.name.c_str());
+}
+
+void InstallAll(Installer& installer, const std::vector<NewPrinter>& printers, bool progress) {
+    for (const NewPrinter& printer : printers) installer.Check(printer.model);
+    Progress work("installed", printers.size(), progress);
+    for (const NewPrinter& printer : printers) {
+        work.Next();
+        try {
+            InstallUnlessThere(installer, printer);
+        } catch (const Fault& fault) {
+            work.Failed(fault.what());
+        }
+    }
+    work.Finish();
+}
+
+} // namespace
+
+void InstallCommand(const Words& words) {
+    const Arguments arguments(words, {"model", "list", "oem", "port", "product"}, {"progress"});
+    const bool one = arguments.Has("model"), many = arguments.Has("list");
+    if (one == many || arguments.size() != (one ? 1 : 0))
+        throw UsageFault(std::string("usage: labelhost ") + kUsage);
+
+    const std::string port = arguments.Get("port", "FILE:");
+    Installer installer(arguments);
+    if (one)
+        InstallOne(installer, {arguments[0], arguments.Get("model", ""), port});
+    else
+        InstallAll(installer, ReadList(arguments.Get("list", ""), port), arguments.Has("progress"));
 }
 
 void RemoveCommand(const Words& words) {

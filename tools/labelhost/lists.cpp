@@ -1,25 +1,39 @@
 #include "arguments.h"
 #include "commands.h"
+#include "fault.h"
 #include "installation.h"
 #include "json.h"
 #include "printer.h"
+#include "progress.h"
 
 #include <cstdio>
 
 void ListCommand(const Words& words) {
-    const Arguments arguments(words, {}, {"json"});
-    arguments.RequireCount(0, 0, "list [--json]");
+    const Arguments arguments(words, {}, {"json", "progress"});
+    arguments.RequireCount(0, 0, "list [--progress] [--json]");
+    const std::vector<std::string> names = PrinterNames();
+    Progress progress("listed", names.size(), arguments.Has("progress"));
     Json list = Json::array();
-    for (const PrinterFacts& printer : AllPrinters()) {
-        list.push_back({{"name", printer.name},
-                        {"driver", printer.driver},
-                        {"port", printer.port},
-                        {"server", printer.server}});
-        if (!arguments.Has("json"))
+    for (const std::string& name : names) {
+        progress.Next();
+        PrinterFacts printer;
+        try {
+            printer = FactsOf(name);
+        } catch (const Fault& fault) {
+            if (PrinterExists(name)) progress.Failed(fault.what());
+            continue; // it was removed meanwhile
+        }
+        if (arguments.Has("json"))
+            list.push_back({{"name", printer.name},
+                            {"driver", printer.driver},
+                            {"port", printer.port},
+                            {"server", printer.server}});
+        else
             std::printf("%-24s %-24s %s\n", printer.name.c_str(), printer.driver.c_str(),
                         printer.port.c_str());
     }
     if (arguments.Has("json")) PrintJson(list);
+    progress.Finish();
 }
 
 void ModelsCommand(const Words& words) {

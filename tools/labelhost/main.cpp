@@ -19,14 +19,16 @@ struct Command {
 constexpr Command kCommands[] = {
     {"install", InstallCommand,
      "install PRINTER --model NAME [--oem CODE] [--port PORT] [--product DIR]\n"
-     "                    add a printer with its driver"},
+     "                    add a printer with its driver\n"
+     "  install --list FILE [--oem CODE] [--port PORT] [--product DIR] [--progress]\n"
+     "                    add the printers of a list: lines of name, model and port with tabs"},
     {"remove", RemoveCommand, "remove PRINTER        delete a printer"},
     {"connect", ConnectCommand,
      "connect \\\\SERVER\\PRINTER [--server DIR]\n"
      "                    use a printer of another machine, whose root folder is DIR"},
     {"disconnect", DisconnectCommand,
      "disconnect \\\\SERVER\\PRINTER\n                    use it no longer"},
-    {"list", ListCommand, "list                  the installed printers"},
+    {"list", ListCommand, "list [--progress]     the installed printers"},
     {"models", ModelsCommand,
      "models [--product DIR]\n                    the printers that can be installed"},
     {"capabilities", CapabilitiesCommand,
@@ -49,7 +51,9 @@ constexpr Command kCommands[] = {
      "it"},
     {"settings", SettingsCommand,
      "settings export|import PRINTER FILE [--only LIST]\n"
-     "                    settings files; LIST of stocks,presets,barcode-fonts,rfid-fonts,options"},
+     "                    settings files; LIST of stocks,presets,barcode-fonts,rfid-fonts,options\n"
+     "  settings import 'PATTERN' FILE [--only LIST] [--done FILE] [--progress]\n"
+     "                    into all printers whose names match: * and ? stand for characters"},
     {"actions", ActionsCommand, "actions PRINTER       what the printer can be told to do"},
     {"action", ActionCommand,
      "action PRINTER NUMBER [FILE]\n"

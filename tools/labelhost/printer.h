@@ -46,8 +46,15 @@ struct PrinterFacts {
 // The full name of the configuration module of the printer's driver. Throws Fault.
 WideString ConfigFileOf(const OpenedPrinter& printer, const std::string& name);
 
-// All printers of this machine and its connections, in the spooler's order.
-std::vector<PrinterFacts> AllPrinters();
+// The names of all printers of this machine and its connections, in the spooler's order.
+std::vector<std::string> PrinterNames();
+
+// The printer of that name or, when there is none and the name has * or ? in it, all printers whose
+// names match, without regard to the case of the letters a to z: * stands for any characters, ? for
+// one. Throws Fault when there is none.
+std::vector<std::string> PrintersNamed(const std::string& pattern);
+
+bool PrinterExists(const std::string& name);
 
 // Throws Fault when there is no such printer.
 PrinterFacts FactsOf(const std::string& name);

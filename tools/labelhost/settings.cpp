@@ -1,8 +1,10 @@
 // labelhost settings: settings files, written and read by the driver.
 #include "arguments.h"
 #include "commands.h"
+#include "done_list.h"
 #include "fault.h"
 #include "json.h"
+#include "progress.h"
 #include "settings_export.h"
 #include "settings_text.h"
 
@@ -10,6 +12,8 @@
 
 #include <cstdio>
 #include <filesystem>
+#include <map>
+#include <memory>
 
 namespace {
 
@@ -53,13 +57,16 @@ void ExportTo(const Arguments& arguments, int contents) {
         std::printf("%s: %s\n", file.c_str(), Counted(text, contents).c_str());
 }
 
-void ImportFrom(const Arguments& arguments, int contents) {
-    const std::string& printer = arguments[1];
-    const std::string& file = arguments[2];
-    const SettingsText text(ReadSettingsFile(file));
-    if (text.Contents() == 0) throw Fault("'" + file + "' is no settings file");
-    if (!(text.Contents() & contents))
-        throw Fault("'" + file + "' has nothing of what --only names");
+// A settings file that has something of what is wanted, which `text` counts.
+struct WantedSettings {
+    const std::string& file;
+    const SettingsText& text;
+    int contents;
+};
+
+// Has the driver read the file, and tells what the printer had and has.
+Json Import(const std::string& printer, const WantedSettings& wanted, bool json) {
+    const auto& [file, text, contents] = wanted;
     const std::string model = FactsOf(printer).driver;
     const bool options = (contents & DAL_SETTINGS_OPTIONS) && text.HasOptionsOf(model);
 
@@ -68,27 +75,76 @@ void ImportFrom(const Arguments& arguments, int contents) {
     const SettingsText before = Now(settings, lists);
     CallWithFile(settings, "DAL_Settings_Import", file, contents);
     const SettingsText after = Now(settings, lists);
-    if (arguments.Has("json")) {
-        PrintJson({{"printer", printer},
-                   {"file", file},
-                   {"before", CountedJson(before, lists)},
-                   {"after", CountedJson(after, lists)},
-                   {"options", options}});
-        return;
-    }
+    if (json)
+        return {{"printer", printer},
+                {"file", file},
+                {"before", CountedJson(before, lists)},
+                {"after", CountedJson(after, lists)},
+                {"options", options}};
     std::printf("%s had: %s\n%s has: %s\n", printer.c_str(), Counted(before, lists).c_str(),
                 printer.c_str(), Counted(after, lists).c_str());
     if (options)
         std::printf("options taken\n");
     else if ((contents & DAL_SETTINGS_OPTIONS) && text.HasOptions())
         std::printf("options left out: they are not those of a '%s'\n", model.c_str());
+    return {};
+}
+
+// Keeps the drivers of all printers so far loaded, with what they know of the models.
+class LoadedDrivers {
+public:
+    void Keep(const std::string& printer) {
+        std::unique_ptr<DriverModule>& module = modules_[FactsOf(printer).driver];
+        if (!module) module = std::make_unique<DriverModule>(printer);
+    }
+
+private:
+    std::map<std::string, std::unique_ptr<DriverModule>> modules_;
+};
+
+void ImportIntoMany(const Arguments& arguments, const std::vector<std::string>& printers,
+                    const WantedSettings& wanted) {
+    DoneList done(arguments.Get("done", ""));
+    Json answers = Json::array();
+    LoadedDrivers drivers;
+    Progress progress("imported into", printers.size(), arguments.Has("progress"));
+    for (const std::string& printer : printers) {
+        progress.Next();
+        if (done.Has(printer)) continue;
+        try {
+            drivers.Keep(printer);
+            answers.push_back(Import(printer, wanted, arguments.Has("json")));
+        } catch (const Fault& fault) {
+            progress.Failed(fault.what());
+            continue;
+        }
+        done.Add(printer);
+    }
+    if (arguments.Has("json")) PrintJson(answers);
+    progress.Finish();
+}
+
+void ImportFrom(const Arguments& arguments, int contents) {
+    const std::string& file = arguments[2];
+    const SettingsText text(ReadSettingsFile(file));
+    if (text.Contents() == 0) throw Fault("'" + file + "' is no settings file");
+    if (!(text.Contents() & contents))
+        throw Fault("'" + file + "' has nothing of what --only names");
+    const WantedSettings wanted = {file, text, contents};
+
+    const std::vector<std::string> printers = PrintersNamed(arguments[1]);
+    if (printers != std::vector{arguments[1]} || arguments.Has("done"))
+        return ImportIntoMany(arguments, printers, wanted);
+    const Json answer = Import(printers[0], wanted, arguments.Has("json"));
+    if (arguments.Has("json")) PrintJson(answer);
 }
 
 } // namespace
 
 void SettingsCommand(const Words& words) {
-    const Arguments arguments(words, {"only"}, {"json"});
-    arguments.RequireCount(3, 3, "settings export|import PRINTER FILE [--only LIST]");
+    const Arguments arguments(words, {"only", "done"}, {"json", "progress"});
+    arguments.RequireCount(
+        3, 3, "settings export|import PRINTER FILE [--only LIST] [--done FILE] [--progress]");
     const int contents = ContentsOf(arguments.Get("only", ""));
     if (arguments[0] == "export")
         ExportTo(arguments, contents);
