@@ -173,8 +173,8 @@ ZPLUI_API void WINAPI DAL_Settings_Save(HANDLE settings);
 #define DAL_SETTINGS_RFID_FONTS 0x008
 #define DAL_SETTINGS_OPTIONS 0x100 // the settings of the driver
 
-// Writes the contents to a settings file, in place of one that there is. A file that cannot be
-// written is not; only the file itself tells.
+// Writes the contents to a settings file, in place of one that there is. When it cannot be written
+// to its end, what was there stays; only the file itself tells.
 ZPLUI_API void WINAPI DAL_Settings_Export(HANDLE settings, LPCWSTR file, int contents);
 
 // Adds the contents of a settings file, or of a binary file of old drivers, to the settings, in

@@ -3,6 +3,7 @@
 #include <algorithm>
 #include <cstring>
 
+#include "core/replaced_file.h"
 #include "model/prtmodel.h"
 #include "settings/driver_settings.h"
 
@@ -37,8 +38,9 @@ void ImportText(OFile& file, int flags, SettingsFileLists& settings, KDSettingsR
 
 KDSettingsResult ExportSettingsFile(const OString& name, int flags, SettingsFileLists settings) {
     KDSettingsResult result = {};
-    OFile file;
-    if (!file.Open(name, OFILE_WRITE)) return result;
+    ReplacedFile replaced(name);
+    OFile& file = replaced.GetFile();
+    if (!file.is_open()) return result;
     file.SetCodePage(UTF8);
     file << kHead << OCore::endl << OCore::endl;
     if (flags & SETTINGS_STOCKS) result.stocks = Count(settings.stocks.Export(file));
@@ -52,7 +54,7 @@ KDSettingsResult ExportSettingsFile(const OString& name, int flags, SettingsFile
         options.Load(settings.model.GetRegistry());
         result.options = options.Export(file, settings.model.GetModelName().nstring());
     }
-    return result;
+    return replaced.Commit() ? result : KDSettingsResult{};
 }
 
 KDSettingsResult ImportSettingsFile(const OString& name, int flags, SettingsFileLists settings) {

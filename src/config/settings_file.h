@@ -52,8 +52,8 @@ struct SettingsFileLists {
     DataFontManager& data_fonts;
 };
 
-// Writes a settings file of the contents in `flags`, in place of one that there is. A file that
-// cannot be written leaves zeros in the result.
+// Writes a settings file of the contents in `flags`, in place of one that there is. When it cannot
+// be written to its end, the old one stays and the result is zeros.
 KDSettingsResult ExportSettingsFile(const OString& name, int flags, SettingsFileLists settings);
 
 // Adds the contents in `flags` of a file of any kind. Nothing, and zeros, for a file that is not

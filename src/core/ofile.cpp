@@ -34,6 +34,7 @@ bool OFile::Open(const OString& name, uint32_t mode) {
     handle_ = new (std::nothrow) HANDLE;
     if (!handle_) return false;
     name_ = name;
+    failed_ = false;
     const bool write = (mode & OFILE_WRITE) != 0;
     *handle_ = CreateFileW(name.wstring(), write ? GENERIC_READ | GENERIC_WRITE : GENERIC_READ,
                            ShareModeOf(mode), nullptr, OPEN_ALWAYS, FILE_ATTRIBUTE_NORMAL, nullptr);
@@ -84,7 +85,8 @@ int32_t OFile::Read(void* data, int32_t size) {
 uint32_t OFile::_StreamWrite(const void* data, uint32_t size) {
     if (!handle_) return 0;
     DWORD written = 0;
-    if (!WriteFile(*handle_, data, size, &written, nullptr)) return 0;
+    if (!WriteFile(*handle_, data, size, &written, nullptr)) written = 0;
+    if (written < size) failed_ = true;
     return written;
 }
 

@@ -50,6 +50,10 @@ public:
 
     bool is_open() const { return handle_ != nullptr; }
 
+    // Whether something that was written since the file was opened has not reached it: the disk is
+    // full, or the file is open for reading only. What waits in the buffer is known after Close.
+    bool HasFailed() const { return failed_; }
+
     // Reads up to the next line feed or the end of the file. NUL bytes are skipped, trailing
     // carriage returns and line feeds cut off. The text, read in the file's code page, is converted
     // to the code page that `line` has. False, with `line` unchanged, at the end of the file.
@@ -70,4 +74,5 @@ protected:
 private:
     OString name_;
     HANDLE* handle_ = nullptr; // a heap cell with the platform's handle; null while closed
+    bool failed_ = false;
 };
