@@ -4,14 +4,14 @@
 #include "zplui.h"
 
 int WINAPI DrvDocumentEvent(HANDLE printer, HDC, int event, ULONG, PVOID, ULONG, PVOID) {
-    const OString name = PrinterInfo(printer).GetPrinterName();
+    const PrinterInfo info(printer); // asks the spooler for the events that need the name alone
     switch (event & 0xFFFF) {
     case DOCUMENTEVENT_CREATEDCPRE:
     case DOCUMENTEVENT_STARTDOC:
-        CreateShadow(name);
+        CreateShadow(info.GetPrinterName());
         return DOCUMENTEVENT_SUCCESS;
     case DOCUMENTEVENT_ENDDOCPOST:
-        CommitShadow(name);
+        CommitShadow(info.GetPrinterName());
         return DOCUMENTEVENT_SUCCESS;
     default:
         return DOCUMENTEVENT_UNSUPPORTED;

@@ -53,7 +53,7 @@ OString prtui::GetSCMRevision() {
 OString prtui::GetCopyright() {
     constexpr uint32_t WESTERN = 1252;
     const OString notice = VersionText("LegalCopyright");
-    const int mark = notice.Find("(c)");
+    const int mark = notice.Find(TEXT("(c)"));
     if (locale.GetCurrentCP() != WESTERN || mark < 0) return notice;
     const WCHAR* rest = notice.wstring() + mark + 3;
     if (*rest) ++rest;

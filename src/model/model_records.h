@@ -206,14 +206,22 @@ struct KVRFIDCapabilities {
     uint16_t total_size;
     uint32_t flags; // 1 when the printer has RFID
     uint32_t tag_types;
-    uint32_t value12;
+    uint32_t options; // what can be set about its tags
     uint32_t value16;
     uint32_t value20;
-    uint16_t value24;
-    uint16_t reserved;
+    uint16_t most_retries; // for each label
+    uint16_t most_invalid_labels;
+
+    enum : uint32_t {
+        OPTION_OFFSET = 1,
+        OPTION_RETRIES = 2,
+        OPTION_INVALID_LABELS = 4,
+        OPTION_FAILURE_ACTION = 8
+    };
 };
 static_assert(sizeof(KVRFIDCapabilities) == 28);
-static_assert(offsetof(KVRFIDCapabilities, value24) == 24);
+static_assert(offsetof(KVRFIDCapabilities, options) == 12);
+static_assert(offsetof(KVRFIDCapabilities, most_retries) == 24);
 
 // Templates: formats that the printer stores. Texts follow the structure.
 struct KVTemplateCapabilities {

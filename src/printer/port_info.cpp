@@ -104,8 +104,7 @@ void PortInfo::Refresh() {
     OStringArray names, monitors;
     OTypedArray<int> order;
     for (DWORD i = 0; i < count; ++i) {
-        OString name = ports[i].pPortName;
-        name.TrimRight(':');
+        const OString name = ports[i].pPortName;
         names.Add(name);
         monitors.Add(ports[i].pMonitorName);
         // Behind all that do not sort after it, so that equal ports keep their order.
@@ -114,7 +113,9 @@ void PortInfo::Refresh() {
         if (!order.InsertAt(place, static_cast<int>(i), 1)) return;
     }
     for (int i = 0; i < order.GetSize(); ++i) {
-        names_.Add(names[order[i]]);
+        OString name = names[order[i]];
+        name.TrimRight(':');
+        names_.Add(name);
         monitors_.Add(monitors[order[i]]);
     }
 }

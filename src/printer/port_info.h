@@ -58,7 +58,7 @@ public:
 
     void Refresh();
 
-    // In the order of ComparePortName.
+    // In the order of ComparePortName for the names as the spooler has them, with their colons.
     int GetSize() const { return names_.GetSize(); }
     const OString& GetName(int index) const { return names_[index]; }
     const OString& GetMonitorName(int index) const { return monitors_[index]; }

@@ -75,6 +75,6 @@ bool prtstream::IsMonitorSupported() {
 }
 
 bool prtstream::IsMonitorEnabled() {
-    char type[33] = {};
-    return XPML_Query(kTypeRequest, type, 32);
+    char type[260] = {};
+    return XPML_Query(kTypeRequest, type, sizeof type);
 }

@@ -54,10 +54,10 @@ void extmodel::GetRFIDCapabilities(KVRFIDCapabilities*& record) const {
     for (int i = 0; i < types.GetSize(); ++i)
         for (const auto& type : known)
             if (types[i] == type.name) record->tag_types |= type.bit;
-    record->value12 = 3;
+    record->options = KVRFIDCapabilities::OPTION_OFFSET | KVRFIDCapabilities::OPTION_RETRIES;
     record->value16 = 1;
     record->value20 = 0xE0000000;
-    record->value24 = 10;
+    record->most_retries = 10;
 }
 
 // ---- Features -----------------------------------------------------------------------------------

@@ -79,7 +79,7 @@ uint32_t extui::PrinterActionSupported(prtpage* page, printer_action action) {
         return kDialog;
     case ACTION_RFID_OPTIONS: {
         const KVRFIDCapabilities* rfid = zpl.GetRFIDCapabilities();
-        return rfid && rfid->flags != 0 ? kDialog : 0;
+        return rfid && rfid->options != 0 ? kDialog : 0;
     }
     case ACTION_POWER_MANAGEMENT:
         return zpl.HasPowerOptions() && stream_.is_bidirectional() ? kAdministrative | kDialog : 0;

@@ -56,11 +56,12 @@ TEST_F(PortInventory, SortsPortsByTypeAndThenByName) {
     AddPorts({{"COM2:", "9600,n,8,1"},
               {"LPT1:", ""},
               {"com1:", "9600,n,8,1"},
+              {"COM10:", "9600,n,8,1"},
               {"IP_10.0.0.9", ""},
               {"USB001", ""}});
     SetPort("Standard TCP//IP Port", "IP_10.0.0.9", "10.0.0.9", 9100);
     const PortInfo ports;
-    EXPECT_EQ(Named(ports), "com1 COM2 LPT1 USB001 IP_10.0.0.9 FILE ");
+    EXPECT_EQ(Named(ports), "COM10 com1 COM2 LPT1 USB001 IP_10.0.0.9 FILE ");
     EXPECT_EQ(Text(ports.GetLocalMonitorName()), "Local Monitor");
 }
 
