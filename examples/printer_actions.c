@@ -2,7 +2,7 @@
  * interface may do it:
  *
  *     printer_actions PRINTER                 the actions that the driver offers
- *     printer_actions PRINTER NUMBER [FILE]   do one of them; 22 sends a file (full Windows path)
+ *     printer_actions PRINTER NUMBER [CHOICE] do one of them; 22 sends a file (full Windows path)
  *
  * The functions come out of the driver's own configuration module, so they always fit the printer.
  */
@@ -15,7 +15,7 @@ typedef HANDLE(WINAPI* PrinterOpen)(HANDLE printer);
 typedef void(WINAPI* PrinterClose)(HANDLE settings);
 typedef DWORD(WINAPI* ActionSupported)(HANDLE settings, int action);
 typedef int(WINAPI* ActionName)(HANDLE settings, int action, LPWSTR name, int size);
-typedef BOOL(WINAPI* ActionRun)(HANDLE settings, int action, LPCWSTR file);
+typedef BOOL(WINAPI* ActionRun)(HANDLE settings, int action, LPCWSTR choice);
 
 #define FIND(type, name) ((type)(void (*)(void))GetProcAddress(driver, name))
 
@@ -60,9 +60,9 @@ static int Work(HANDLE printer, HMODULE driver, int argc, char** argv) {
     if (argc == 2) {
         ListActions(settings, supported, name_of);
     } else {
-        WCHAR file[MAX_PATH] = {0};
-        if (argc > 3) MultiByteToWideChar(CP_UTF8, 0, argv[3], -1, file, MAX_PATH);
-        if (!run(settings, atoi(argv[2]), file)) {
+        WCHAR choice[MAX_PATH] = {0};
+        if (argc > 3) MultiByteToWideChar(CP_UTF8, 0, argv[3], -1, choice, MAX_PATH);
+        if (!run(settings, atoi(argv[2]), choice)) {
             fprintf(stderr, "printer_actions: action %s cannot be done here\n", argv[2]);
             status = 1;
         }
@@ -77,7 +77,7 @@ int main(int argc, char** argv) {
     HMODULE driver;
     int status = 1;
     if (argc < 2 || argc > 4) {
-        fprintf(stderr, "usage: printer_actions PRINTER [NUMBER [FILE]]\n");
+        fprintf(stderr, "usage: printer_actions PRINTER [NUMBER [CHOICE]]\n");
         return 2;
     }
     MultiByteToWideChar(CP_UTF8, 0, argv[1], -1, name, MAX_PATH);

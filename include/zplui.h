@@ -189,6 +189,8 @@ ZPLUI_API void WINAPI DAL_Settings_Import(HANDLE settings, LPCWSTR file, int con
 // be told to do, as the user finds it in the printer's properties.
 
 #define DAL_ACTION_SEND_FILE 22
+#define DAL_ACTION_MEMORY 32
+#define DAL_ACTION_POWER_MANAGEMENT 46
 #define DAL_ACTION_LAST 48
 
 // How an action is offered.
@@ -205,11 +207,24 @@ ZPLUI_API DWORD WINAPI DAL_Action_Supported(HANDLE settings, int action);
 // none.
 ZPLUI_API int WINAPI DAL_Action_Name(HANDLE settings, int action, LPWSTR name, int size);
 
-// Does an action, in a job of its own. `file` is for DAL_ACTION_SEND_FILE alone and names the file
-// with its full path; elsewhere it is not looked at. FALSE when nothing was done: for an action
-// that is not offered, that opens a dialog (except for that one, with a file) or that is not for
-// this user. Whether the printer could be reached is not told; the job shows in the spooler.
-ZPLUI_API BOOL WINAPI DAL_Action_Run(HANDLE settings, int action, LPCWSTR file);
+// Does an action, in a job of its own. `choice` is for these actions, which open a dialog where
+// there are windows, and says what would be chosen there; elsewhere it is not looked at:
+//
+//   DAL_ACTION_SEND_FILE         the file's full path
+//   DAL_ACTION_MEMORY            what to do, and the letter of one of the printer's memories:
+//                                "format E", "erase E" (its files), "print E" (a list of its
+//                                files), "reset E" (the optional memory; the driver forgets what
+//                                it has stored in the memory of that letter)
+//   DAL_ACTION_POWER_MANAGEMENT  "discharge" (the battery), or settings: "sleep=300" (after so many
+//                                seconds, at most 999999) or "sleep=off", "forced=yes" (with labels
+//                                still to print, too) or "forced=no", "low-voltage-pause=yes" or
+//                                "...=no", separated by blanks. They are stored and sent; those
+//                                that are not named stay as they were
+//
+// FALSE when nothing was done: for an action that is not offered or not for this user, that opens a
+// dialog and is none of these, and for a choice that is missing or makes no sense. Whether the
+// printer could be reached is not told; the job shows in the spooler.
+ZPLUI_API BOOL WINAPI DAL_Action_Run(HANDLE settings, int action, LPCWSTR choice);
 
 // ---- Asking the printer -------------------------------------------------------------------------
 

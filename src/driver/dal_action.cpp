@@ -9,6 +9,8 @@ static_assert(DAL_ACTION_OFFERED == ACTION_OFFERED);
 static_assert(DAL_ACTION_OPENS_DIALOG == ACTION_OPENS_DIALOG);
 static_assert(DAL_ACTION_ADMINISTRATIVE == ACTION_ADMINISTRATIVE);
 static_assert(DAL_ACTION_SEND_FILE == ACTION_SEND_FILE);
+static_assert(DAL_ACTION_MEMORY == ACTION_MEMORY);
+static_assert(DAL_ACTION_POWER_MANAGEMENT == ACTION_POWER_MANAGEMENT);
 
 DWORD WINAPI DAL_Action_Supported(HANDLE settings, int action) {
     if (!settings) return 0;
@@ -30,16 +32,12 @@ int WINAPI DAL_Action_Name(HANDLE settings, int action, LPWSTR name, int size) {
     return length;
 }
 
-BOOL WINAPI DAL_Action_Run(HANDLE settings, int action, LPCWSTR file) {
+BOOL WINAPI DAL_Action_Run(HANDLE settings, int action, LPCWSTR choice) {
     const DWORD offer = DAL_Action_Supported(settings, action);
     auto* ui = static_cast<prtui*>(settings);
     if (!offer || (ui->restricted && (offer & ACTION_ADMINISTRATIVE))) return FALSE;
-    if (action == ACTION_SEND_FILE) {
-        if (!file || !*file) return FALSE;
-        ui->SendFile(file);
-        return TRUE;
-    }
-    if (offer & ACTION_OPENS_DIALOG) return FALSE;
+    if (offer & ACTION_OPENS_DIALOG)
+        return choice && ui->RunChoice(static_cast<printer_action>(action), choice);
     ui->PrinterAction(nullptr, static_cast<printer_action>(action));
     return TRUE;
 }

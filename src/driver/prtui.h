@@ -83,6 +83,11 @@ public:
     // What the user knows an action by; empty for one that has no name.
     virtual OString PrinterActionName(printer_action action);
 
+    // Does an action that opens a dialog, without the dialog: `choice` is what would be chosen
+    // there. Here that is ACTION_SEND_FILE with the file's full path. False, and nothing is done,
+    // for other actions and for a choice that makes no sense.
+    virtual bool RunChoice(printer_action action, const OString& choice);
+
     // Starts the status monitor's program, which opens or closes its window for a printer (`verb`
     // "open" or "close"); `server` is the name of the machine that the printer belongs to, empty
     // for this one. Not waited for; that it cannot be started is not reported.

@@ -94,6 +94,12 @@ void prtui::PrinterAction(prtpage*, printer_action action) {
     }
 }
 
+bool prtui::RunChoice(printer_action action, const OString& choice) {
+    if (!stream || action != ACTION_SEND_FILE || choice.IsEmpty()) return false;
+    SendFile(choice);
+    return true;
+}
+
 void prtui::SendFile(const OString& path) {
     if (!stream) return;
     stream->StartJob(path.FilePart());

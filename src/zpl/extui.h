@@ -4,6 +4,22 @@
 #include "driver/prtui.h"
 #include "zpl/extstream.h"
 
+// What is done to a memory of the printer.
+enum class MemoryWork {
+    FORMAT, // deletes all that is in it
+    PRINT,  // a list of its files
+    ERASE,  // deletes its files
+    RESET,  // of the optional memory, whichever that is
+};
+
+// How a printer with a battery saves it.
+struct PowerSettings {
+    bool sleep = false; // after a time without work
+    bool low_voltage_pause = true;
+    bool forced_sleep = false; // also with labels still to print
+    int32_t timeout = 1;       // until it sleeps, seconds
+};
+
 class extui : public prtui {
 public:
     // Made by prtui::new_ext.
@@ -22,6 +38,21 @@ public:
     void PrinterAction(prtpage* page, printer_action action) override;
     uint32_t PrinterActionSupported(prtpage* page, printer_action action) override;
 
+    // The memory: work and a letter of the model's ("format E"); the power management: "discharge"
+    // or the settings to change ("sleep=300 forced=yes low-voltage-pause=no", "sleep=off").
+    bool RunChoice(printer_action action, const OString& choice) override;
+
+    // ---- What the dialogs do, for a model that exists.
+
+    // In a job of the work's name. `memory` is the letter of the memory that is meant; but for
+    // PRINT the rendering module forgets what it has stored there.
+    void RunMemoryWork(MemoryWork work, char memory);
+    // As they were set last.
+    PowerSettings GetPowerSettings() const;
+    // Stores the settings and sends them to the printer.
+    void SetPowerSettings(const PowerSettings& settings);
+    void DischargeBattery();
+
     // Tells the rendering module that the memory of that letter no longer holds what it has stored
     // there. Makes no job.
     void ClearCachedObjects(int32_t location);
@@ -37,6 +68,9 @@ public:
 private:
     // What the user knows a memory by, whose letter is given: that letter where there is no text.
     OString MemoryName(const OString& location) const;
+    // A dialog's choice in words; false when they make no sense.
+    bool ChooseMemoryWork(const OString& choice);
+    bool ChoosePower(const OString& choice);
     // Whether the printer can cut and is not left to its own print mode.
     bool CanCut() const;
     // The configuration in a format of its own.

@@ -82,6 +82,10 @@ TEST_F(LabelhostActions, SaysWhyItDoesNot) {
     } cases[] = {
         {{"3"}, 1, "labelhost: action 3 cannot be done: this printer does not offer it\n"},
         {{"39"}, 1, "labelhost: action 39 cannot be done: it opens a dialog\n"},
+        {{"32", "format Q"},
+         1,
+         "labelhost: action 32 cannot be done: it does not take 'format Q', or is not for this "
+         "user\n"},
         {{"22"}, 1, "labelhost: action 22 cannot be done: it needs a file\n"},
         {{"22", "/no/file"},
          1,

@@ -28,13 +28,24 @@ DWORD OfferOf(const OpenSettings& settings, int action) {
 }
 
 // Why an action was not done.
-std::string Reason(const OpenSettings& settings, int action, const std::string& file) {
+std::string Reason(const OpenSettings& settings, int action, const std::string& choice) {
     const DWORD offer = OfferOf(settings, action);
     if (!offer) return "this printer does not offer it";
-    if (action == DAL_ACTION_SEND_FILE && file.empty()) return "it needs a file";
+    if (action == DAL_ACTION_SEND_FILE && choice.empty()) return "it needs a file";
     if ((offer & DAL_ACTION_OPENS_DIALOG) && action != DAL_ACTION_SEND_FILE)
-        return "it opens a dialog";
+        return choice.empty() ? "it opens a dialog"
+                              : "it does not take '" + choice + "', or is not for this user";
     return "it is not for this user";
+}
+
+// The module knows Windows paths; drive Z is the machine's own root.
+std::string WindowsPathOf(const std::string& file) {
+    // The module would send an empty job.
+    if (!std::ifstream(file).good() || std::filesystem::is_directory(file))
+        throw FileFault("cannot read file", file);
+    std::string path = "Z:" + std::filesystem::absolute(file).string();
+    std::replace(path.begin(), path.end(), '/', '\\');
+    return path;
 }
 
 int ActionNumber(const std::string& text) {
@@ -76,22 +87,14 @@ void ActionsCommand(const Words& words) {
 
 void ActionCommand(const Words& words) {
     const Arguments arguments(words, {}, {});
-    arguments.RequireCount(2, 3, "action PRINTER NUMBER [FILE]");
+    arguments.RequireCount(2, 3, "action PRINTER NUMBER [CHOICE]");
     const int action = ActionNumber(arguments[1]);
-    std::string file;
-    if (arguments.size() > 2) {
-        file = std::filesystem::absolute(arguments[2]).string();
-        // The module would send an empty job.
-        if (!std::ifstream(file).good() || std::filesystem::is_directory(file))
-            throw FileFault("cannot read file", arguments[2]);
-    }
+    std::string choice = arguments.size() > 2 ? arguments[2] : "";
+    if (action == DAL_ACTION_SEND_FILE && !choice.empty()) choice = WindowsPathOf(choice);
     const OpenSettings settings(arguments[0]);
-    // The module knows Windows paths; drive Z is the machine's own root.
-    std::string path = file.empty() ? file : "Z:" + file;
-    std::replace(path.begin(), path.end(), '/', '\\');
     const auto run = settings.Export<BOOL(WINAPI*)(HANDLE, int, LPCWSTR)>("DAL_Action_Run");
-    if (!run(settings.handle(), action, ToWide(path).c_str()))
+    if (!run(settings.handle(), action, ToWide(choice).c_str()))
         throw Fault("action " + arguments[1] +
-                    " cannot be done: " + Reason(settings, action, file));
+                    " cannot be done: " + Reason(settings, action, choice));
     std::printf("%s: %s\n", arguments[0].c_str(), NameOf(settings, action).c_str());
 }

@@ -56,8 +56,9 @@ constexpr Command kCommands[] = {
      "                    into all printers whose names match: * and ? stand for characters"},
     {"actions", ActionsCommand, "actions PRINTER       what the printer can be told to do"},
     {"action", ActionCommand,
-     "action PRINTER NUMBER [FILE]\n"
-     "                    tell it to do one of them; 22 sends a file"},
+     "action PRINTER NUMBER [CHOICE]\n"
+     "                    tell it to do one of them; 22 sends a file, 32 is for its memories, 46\n"
+     "                    for its battery"},
     {"fonts", FontsCommand,
      "fonts list|verify|resend PRINTER\n"
      "                    the fonts in the printer's memory; ask it for them; send them again\n"
