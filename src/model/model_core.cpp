@@ -136,7 +136,7 @@ void ModelCore::FetchOrCreate(T& record, const char* suffix, F create) {
     if (cache.GetDataSize(key) == sizeof(T) && cache.GetData(key, &record, sizeof(T))) return;
     record = T();
     create(record);
-    cache.SetData(key, &record, sizeof(T));
+    cache.SetData(key, &record, sizeof(T), stamp_);
 }
 
 template <class T, class F>
@@ -147,7 +147,8 @@ void ModelCore::AllocateRecord(std::unique_ptr<T>& record, const char* suffix, F
 }
 
 void ModelCore::ModelData_Initialize() {
-    ModelDataCache().Synchronize(registry_.GetDWORD("DATA:Model Synchronization", 0));
+    stamp_ = registry_.GetDWORD("DATA:Model Synchronization", 0);
+    ModelDataCache().Synchronize(stamp_);
     FetchOrCreate(model_data_, ":ModelData", [this](KVModelData&) { ModelData_Create(); });
 }
 
@@ -180,7 +181,7 @@ void ModelCore::RFIDCapabilities_Initialize(const prtmodel* model) {
     }
     rfid_capabilities_ = RFIDCapabilities_Create(model);
     if (rfid_capabilities_)
-        ModelDataCache().SetData(key, rfid_capabilities_, rfid_capabilities_->total_size);
+        ModelDataCache().SetData(key, rfid_capabilities_, rfid_capabilities_->total_size, stamp_);
 }
 
 KVRFIDCapabilities* ModelCore::RFIDCapabilities_Create(const prtmodel* model) {
@@ -217,5 +218,5 @@ void ModelCore::InitializeExtPDT() {
     uint32_t decoded = room;
     Base64::Decode(bytes, text_length, blob.GetData(), &decoded);
     __memcpy(&custom_data_, blob.GetData(), std::min(length, CUSTOM_DATA_SIZE));
-    ModelDataCache().SetData(key, blob.GetData(), length);
+    ModelDataCache().SetData(key, blob.GetData(), length, stamp_);
 }

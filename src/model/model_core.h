@@ -168,6 +168,7 @@ private:
     char oem_[4] = {};
     char prefix_[4] = {};
     OString oem_suffix_; // "(QV)"
+    uint32_t stamp_ = 0; // that the records were asked for under
     KVModelData model_data_ = {};
     std::unique_ptr<KVDriverInfo> driver_info_;
     std::unique_ptr<KVManufacturerInfo> manufacturer_info_;

@@ -31,6 +31,24 @@ struct ModelDataStorage {
 
 ModelDataStorage* storage = nullptr;
 
+// Keeps a copy of the record, with a stamp only while that is the store's.
+void Keep(const OString& key, const void* data, uint32_t size, const uint32_t* stamp) {
+    if (!storage || !data) return;
+    void* record = ___malloc(size);
+    if (!record) return;
+    std::memcpy(record, data, size);
+
+    OSingleLock lock(&storage->lock, true);
+    if (stamp && *stamp != storage->stamp) {
+        ___free(record);
+        return;
+    }
+    void* const old = storage->Find(key);
+    OString own(key);
+    own.ChangeCore(); // the caller's string belongs to the caller's thread
+    ___free(storage->records.Set(own, record) ? old : record);
+}
+
 } // namespace
 
 void ModelDataCache::Initialize() {
@@ -58,16 +76,11 @@ bool ModelDataCache::GetData(const OString& key, void* buffer, uint32_t size) co
 }
 
 void ModelDataCache::SetData(const OString& key, const void* data, uint32_t size) {
-    if (!storage || !data) return;
-    void* record = ___malloc(size);
-    if (!record) return;
-    std::memcpy(record, data, size);
+    Keep(key, data, size, nullptr);
+}
 
-    OSingleLock lock(&storage->lock, true);
-    void* const old = storage->Find(key);
-    OString own(key);
-    own.ChangeCore(); // the caller's string belongs to the caller's thread
-    ___free(storage->records.Set(own, record) ? old : record);
+void ModelDataCache::SetData(const OString& key, const void* data, uint32_t size, uint32_t stamp) {
+    Keep(key, data, size, &stamp);
 }
 
 void ModelDataCache::Synchronize(uint32_t stamp) {

@@ -24,6 +24,10 @@ public:
     // Keeps a copy of the bytes, in place of an older record of that key. Null data is ignored.
     void SetData(const OString& key, const void* data, uint32_t size);
 
+    // The same for a record that was built under that stamp: it is not kept when another thread has
+    // synchronized the store with a newer one meanwhile, for it may be made of older settings.
+    void SetData(const OString& key, const void* data, uint32_t size, uint32_t stamp);
+
     // Forgets every record when the stamp is another than at the last call (than 0 at the first).
     void Synchronize(uint32_t stamp);
 };

@@ -58,6 +58,10 @@ TEST_F(ModelDataCacheTest, ForgetsEverythingWhenTheStampChangesAndWithoutAStore)
         cache.Synchronize(stamp);
         EXPECT_EQ(Get("P:A", 1), "1");
     }
+    cache.SetData("P:B", "1", 1, 5);
+    EXPECT_EQ(Get("P:B", 1), "(none)") << "built before the stamp changed";
+    cache.SetData("P:B", "1", 1, 4);
+    EXPECT_EQ(Get("P:B", 1), "1");
     ModelDataCache::Free();
     Set("P:A", "1");
     cache.Synchronize(1);
