@@ -50,7 +50,11 @@ constexpr ExtraByte kExtraBytes[] = {
     {1253, 0xD2, 0xF8FA}, {1253, 0xFF, 0xF8FB}, {1255, 0xCA, 0x05BA}, {1255, 0xD9, 0xF88D},
     {1255, 0xDA, 0xF88E}, {1255, 0xDB, 0xF88F}, {1255, 0xDC, 0xF890}, {1255, 0xDD, 0xF891},
     {1255, 0xDE, 0xF892}, {1255, 0xDF, 0xF893}, {1255, 0xFB, 0xF894}, {1255, 0xFC, 0xF895},
-    {1255, 0xFF, 0xF896}, {1257, 0xA1, 0xF8FC}, {1257, 0xA5, 0xF8FD},
+    {1255, 0xFF, 0xF896}, {1257, 0xA1, 0xF8FC}, {1257, 0xA5, 0xF8FD}, {1361, 0x80, 0x0080},
+    {1361, 0x81, 0x0081}, {1361, 0x82, 0x0082}, {1361, 0x83, 0x0083}, {1361, 0xD4, 0xF8EC},
+    {1361, 0xD5, 0xF8ED}, {1361, 0xD6, 0xF8EE}, {1361, 0xD7, 0xF8EF}, {1361, 0xDF, 0xF8F0},
+    {1361, 0xFA, 0xF8F1}, {1361, 0xFB, 0xF8F2}, {1361, 0xFC, 0xF8F3}, {1361, 0xFD, 0xF8F4},
+    {1361, 0xFE, 0xF8F5}, {1361, 0xFF, 0xF8F6},
 };
 
 // Rows for the user's own characters, counted through the private use area from `first_unit` on.
@@ -61,63 +65,44 @@ struct UserRows {
     char16_t first_unit;
 };
 constexpr UserRows kUserRows[] = {
-    {936, 0xAA, 0xAF, 0xA1, 0xFE, 0xE000}, {936, 0xF8, 0xFE, 0xA1, 0xFE, 0xE234},
-    {936, 0xA1, 0xA7, 0x40, 0xA0, 0xE4C6}, {949, 0xC9, 0xC9, 0xA1, 0xFE, 0xE000},
-    {949, 0xFE, 0xFE, 0xA1, 0xFE, 0xE05E}, {950, 0xFA, 0xFE, 0x40, 0xFE, 0xE000},
-    {950, 0x8E, 0xA0, 0x40, 0xFE, 0xE311}, {950, 0x81, 0x8D, 0x40, 0xFE, 0xEEB8},
+    {936, 0xAA, 0xAF, 0xA1, 0xFE, 0xE000},  {936, 0xF8, 0xFE, 0xA1, 0xFE, 0xE234},
+    {936, 0xA1, 0xA7, 0x40, 0xA0, 0xE4C6},  {949, 0xC9, 0xC9, 0xA1, 0xFE, 0xE000},
+    {949, 0xFE, 0xFE, 0xA1, 0xFE, 0xE05E},  {950, 0xFA, 0xFE, 0x40, 0xFE, 0xE000},
+    {950, 0x8E, 0xA0, 0x40, 0xFE, 0xE311},  {950, 0x81, 0x8D, 0x40, 0xFE, 0xEEB8},
+    {1361, 0xD8, 0xD8, 0x31, 0xFE, 0xE000},
 };
 
-// Letters of the Latin blocks beside the plain letters that Windows writes for them where a code
-// page lacks them.
-struct LookAlikes {
-    const char16_t* letters;
-    char plain;
+// Cells that the rows of 936 leave free take the private use area from here on, in this order.
+struct FreeCells {
+    WORD first, last;
 };
-constexpr LookAlikes kLookAlikes[] = {
-    {u"ÀÁÂÃÄÅĀĂĄǍ", 'A'},
-    {u"àáâãäåāăąǎª", 'a'},
-    {u"ÇĆĈĊČ", 'C'},
-    {u"çćĉċč", 'c'},
-    {u"ÐĎĐ", 'D'},
-    {u"ďđ", 'd'},
-    {u"ÈÉÊËĒĔĖĘĚ", 'E'},
-    {u"èéêëēĕėęě", 'e'},
-    {u"ĜĞĠĢ", 'G'},
-    {u"ĝğġģ", 'g'},
-    {u"ĤĦ", 'H'},
-    {u"ĥħ", 'h'},
-    {u"ÌÍÎÏĨĪĬĮİǏ", 'I'},
-    {u"ìíîïĩīĭįıǐ", 'i'},
-    {u"Ĵ", 'J'},
-    {u"ĵ", 'j'},
-    {u"Ķ", 'K'},
-    {u"ķ", 'k'},
-    {u"ĹĻĽŁ", 'L'},
-    {u"ĺļľł", 'l'},
-    {u"ÑŃŅŇ", 'N'},
-    {u"ñńņň", 'n'},
-    {u"ÒÓÔÕÖØŌŎŐǑ", 'O'},
-    {u"òóôõöøōŏőǒº", 'o'},
-    {u"ŔŖŘ", 'R'},
-    {u"ŕŗř", 'r'},
-    {u"ŚŜŞŠ", 'S'},
-    {u"śŝşš", 's'},
-    {u"ŢŤŦ", 'T'},
-    {u"ţťŧ", 't'},
-    {u"ÙÚÛÜŨŪŬŮŰŲǓ", 'U'},
-    {u"ùúûüũūŭůűųǔ", 'u'},
-    {u"Ŵ", 'W'},
-    {u"ŵ", 'w'},
-    {u"ÝŶŸ", 'Y'},
-    {u"ýÿŷ", 'y'},
-    {u"ŹŻŽ", 'Z'},
-    {u"źżž", 'z'},
-    {u"\u00A0\u2002\u2003\u3000", ' '},
-    {u"\u2010\u2011\u2013\u2014\u00AD", '-'},
-    {u"\u2018\u2019\u2032", '\''},
-    {u"\u201C\u201D\u2033", '"'},
-    {u"\u00A6", '|'},
-    {u"\u00B7\u2022", '.'},
+constexpr char16_t kFirstFreeUnit = 0xE766;
+constexpr FreeCells kFreeCells[] = {{0xA2A1, 0xA9FE}, {0xD7FA, 0xD7FE}, {0xFE50, 0xFEA0}};
+
+// Box drawing characters that 950 has twice; Windows writes the later ones.
+constexpr struct {
+    char16_t unit;
+    WORD bytes;
+} kLaterBoxes[] = {{u'═', 0xF9F9}, {u'╞', 0xF9E9}, {u'╪', 0xF9EA}, {u'╡', 0xF9EB}};
+
+// 1361 composes syllables: a lead bit, then five bits each for the first letter, the vowel and the
+// last letter. These are the bits of a part that is not there, and those of each letter.
+constexpr unsigned kNoFirst = 1, kNoVowel = 2, kNoLast = 1;
+constexpr char16_t kFirstLetters = 0x1100, kVowels = 0x1161, kLastLetters = 0x11A8;
+constexpr BYTE kVowelBits[] = {3,  4,  5,  6,  7,  10, 11, 12, 13, 14, 15,
+                               18, 19, 20, 21, 22, 23, 26, 27, 28, 29};
+
+WORD Syllable(unsigned first, unsigned vowel, unsigned last) {
+    return static_cast<WORD>(0x8000 | (first << 10) | (vowel << 5) | last);
+}
+
+// Old letters of Korean, in the cells of 1361 from 0xDAD4 on.
+constexpr WORD kFirstOldLetter = 0xDAD4;
+constexpr char16_t kOldLetters[] = {
+    0x115F, 0x1114, 0x1115, 0x11C7, 0x11C8, 0x11CC, 0x11CE, 0x11D3, 0x11D7, 0x11D9, 0x111C,
+    0x11DD, 0x11DF, 0x111D, 0x111E, 0x1120, 0x1122, 0x1123, 0x1127, 0x1128, 0x112B, 0x112C,
+    0x112D, 0x112E, 0x112F, 0x1132, 0x1136, 0x1140, 0x1147, 0x114C, 0x1145, 0x1146, 0x1157,
+    0x1158, 0x1159, 0x1184, 0x1185, 0x1188, 0x1191, 0x1192, 0x1194, 0x119E, 0x11A1,
 };
 
 class Iconv {
@@ -208,13 +193,11 @@ void CodePageTable::FillFromIconv() {
         const char16_t unit = static_cast<char16_t>(value);
         unsigned char out[16];
         const size_t count = encode.One(&unit, sizeof unit, out);
-        if (count == 1 && out[0] < 0x80) {
-            DefineBestFit(unit, out[0]);
-        } else if (count == 1) {
+        // What does not come back is iconv's own idea of a look-alike.
+        if (count == 1 && FromByte(out[0]) == unit)
             bytes_[unit] = out[0];
-        } else if (count == 2 && info_.IsDoubleByte()) { // else a letter and a combining mark
+        else if (count == 2 && info_.IsLeadByte(out[0]) && FromPair(out[0], out[1]) == unit)
             bytes_[unit] = static_cast<WORD>((out[0] << 8) | out[1]);
-        }
     }
 }
 
@@ -228,13 +211,54 @@ void CodePageTable::FillWhatWindowsAdds() {
     for (const UserRows& rows : kUserRows) {
         if (rows.code_page != info_.number) continue;
         // Bytes that are never the second half.
-        const unsigned first_hole = 0x7F, last_hole = rows.code_page == 950 ? 0xA0 : 0x7F;
+        const unsigned first_hole = 0x7F;
+        const unsigned last_hole = rows.code_page == 950    ? 0xA0
+                                   : rows.code_page == 1361 ? 0x90
+                                                            : 0x7F;
         char16_t unit = rows.first_unit;
         for (unsigned lead = rows.first_lead; lead <= rows.last_lead; ++lead)
             for (unsigned trail = rows.first_trail; trail <= rows.last_trail; ++trail)
                 if (trail < first_hole || trail > last_hole)
                     Define(static_cast<WORD>((lead << 8) | trail), unit++);
     }
+    if (info_.number == 936) FillFreeCells();
+    if (info_.number == 1361) FillKoreanLetters();
+    for (const auto& box : kLaterBoxes)
+        if (info_.number == 950) bytes_[box.unit] = box.bytes;
+    // Seven bits: the eighth is not looked at.
+    if (info_.number == 20127)
+        for (BYTE byte = 0; byte < 0x80; ++byte) singles_[byte | 0x80] = byte;
+}
+
+void CodePageTable::FillFreeCells() {
+    char16_t unit = kFirstFreeUnit;
+    for (const FreeCells& cells : kFreeCells)
+        for (unsigned bytes = cells.first; bytes <= cells.last; ++bytes) {
+            const BYTE trail = bytes & 0xFF;
+            const bool is_cell = trail >= 0x40 && trail != 0x7F && trail != 0xFF;
+            if (is_cell && pairs_[bytes - 0x8000] == kUndefined)
+                Define(static_cast<WORD>(bytes), unit++);
+        }
+}
+
+// Single letters are those of syllables. The compatibility letters that iconv knows are written as
+// they, and are not read again.
+void CodePageTable::FillKoreanLetters() {
+    const auto define = [this](WORD bytes, char16_t unit) {
+        const char16_t compatibility = pairs_[bytes - 0x8000u];
+        if (compatibility != kUndefined) best_fit_[compatibility] = true;
+        pairs_[bytes - 0x8000u] = unit;
+        bytes_[unit] = bytes;
+    };
+    for (unsigned i = 0; i < 19; ++i)
+        define(Syllable(2 + i, kNoVowel, kNoLast), static_cast<char16_t>(kFirstLetters + i));
+    for (unsigned i = 0; i < std::size(kVowelBits); ++i)
+        define(Syllable(kNoFirst, kVowelBits[i], kNoLast), static_cast<char16_t>(kVowels + i));
+    for (unsigned i = 0; i < 27; ++i) // there is no letter 18
+        define(Syllable(kNoFirst, kNoVowel, i < 16 ? 2 + i : 3 + i),
+               static_cast<char16_t>(kLastLetters + i));
+    for (unsigned i = 0; i < std::size(kOldLetters); ++i)
+        define(static_cast<WORD>(kFirstOldLetter + i), kOldLetters[i]);
 }
 
 // Adds one character where neither side is taken.
@@ -242,20 +266,6 @@ void CodePageTable::Define(WORD bytes, char16_t unit) {
     char16_t& decoded = bytes < 0x100 ? singles_[bytes] : pairs_[bytes - 0x8000u];
     if (decoded == kUndefined) decoded = unit;
     if (bytes_[unit] == 0) bytes_[unit] = bytes;
-}
-
-void CodePageTable::FillBestFit() {
-    for (const LookAlikes& entry : kLookAlikes)
-        for (const char16_t* letter = entry.letters; *letter; ++letter)
-            DefineBestFit(*letter, static_cast<BYTE>(entry.plain));
-    for (char16_t c = 0x21; c < 0x7F; ++c)
-        DefineBestFit(static_cast<char16_t>(0xFF00 + c - 0x20), static_cast<BYTE>(c)); // full width
-}
-
-void CodePageTable::DefineBestFit(char16_t unit, BYTE byte) {
-    if (bytes_[unit] != 0) return;
-    bytes_[unit] = byte;
-    best_fit_[unit] = true;
 }
 
 const CodePageTable* FindCodePageTable(UINT code_page) {

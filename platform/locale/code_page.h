@@ -46,9 +46,13 @@ public:
 private:
     void FillFromIconv();
     void FillWhatWindowsAdds();
-    void FillBestFit();
+    void FillFreeCells();
+    void FillKoreanLetters();
+    void FillBestFit(); // in best_fit.cpp, as are the next three
+    void FillArabicShapes();
+    void DefineLookAlike(char16_t unit, char16_t like);
+    void DefineBestFit(char16_t unit, WORD bytes);
     void Define(WORD bytes, char16_t unit);
-    void DefineBestFit(char16_t unit, BYTE byte);
 
     const CodePageInfo& info_;
     char16_t singles_[256];
