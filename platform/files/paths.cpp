@@ -48,26 +48,36 @@ std::vector<std::u16string_view> Components(std::u16string_view path) {
     return parts;
 }
 
-// Names end in neither blanks nor dots.
-std::u16string_view TrimComponent(std::u16string_view name) {
-    const size_t last = name.find_last_not_of(u" .");
-    return name.substr(0, last == std::u16string_view::npos ? 0 : last + 1);
+// A component as it counts: folders lose a single dot at their end, the last name all blanks and
+// dots.
+std::u16string_view TrimComponent(std::u16string_view name, bool is_last) {
+    if (is_last) return name.substr(0, name.find_last_not_of(u" .") + 1);
+    const bool one_dot = name.ends_with(u'.') && !name.ends_with(u"..");
+    return name.substr(0, name.size() - one_dot);
 }
 
-// Joins what remains of `path` once "." and ".." are resolved. `trim` is off for literal names.
-std::u16string Resolve(std::u16string_view path, bool trim) {
+// Joins what remains of `path` once "." and ".." are resolved. `trim` is off for literal names. The
+// first `root` components stay whatever follows.
+std::u16string Resolve(std::u16string_view path, bool trim, size_t root = 0) {
     std::vector<std::u16string_view> kept;
-    for (std::u16string_view part : Components(path)) {
+    bool is_folder = IsSlash(path.back());
+    const std::vector<std::u16string_view> parts = Components(path);
+    for (size_t i = 0; i < parts.size(); ++i) {
+        const bool is_last = i + 1 == parts.size() && !is_folder;
+        std::u16string_view part = parts[i];
         if (part == u"..") {
-            if (!kept.empty()) kept.pop_back();
+            if (kept.size() > root) kept.pop_back();
         } else if (part != u".") {
-            if (trim) part = TrimComponent(part);
-            if (!part.empty()) kept.push_back(part);
+            if (trim) part = TrimComponent(part, is_last);
+            if (!part.empty())
+                kept.push_back(part);
+            else if (is_last)
+                is_folder = true;
         }
     }
     std::u16string resolved;
     for (std::u16string_view part : kept) (resolved += u'\\') += part;
-    if (resolved.empty() || IsSlash(path.back())) resolved += u'\\';
+    if (resolved.empty() || (is_folder && kept.size() > root)) resolved += u'\\';
     return resolved;
 }
 
@@ -91,43 +101,57 @@ bool Exists(const std::string& path) {
     return lstat(path.c_str(), &info) == 0;
 }
 
+// The prefix that makes a name one of the system's own, for which nothing is added.
+std::u16string_view PrefixOf(std::u16string_view path) {
+    const bool has = path.starts_with(u"\\\\?\\") || path.starts_with(u"\\\\.\\");
+    return path.substr(0, has ? 4 : 0);
+}
+
+// Whether a name behind a prefix is one of a server.
+bool IsShare(std::u16string_view name) {
+    return name.size() >= 4 && SameName(name.substr(0, 3), u"UNC") && IsSlash(name[3]);
+}
+
+// The full name of what stands behind a prefix, or without one.
+std::u16string FullName(std::u16string_view path, bool has_prefix, bool trim) {
+    if (path.find_first_not_of(u' ') == std::u16string_view::npos) return std::u16string();
+    if (has_prefix) {
+        if (HasDrive(path) && path.size() > 2)
+            return std::u16string(path.substr(0, 2)) + Resolve(path.substr(2), trim);
+        return Resolve(path, trim, IsShare(path) ? 3 : 0).substr(1); // of a server, or a device
+    }
+    if (path.starts_with(u"\\\\")) return u"\\" + Resolve(path, trim, 2);
+    if (path[0] == u'/') return u"Z:" + Resolve(path, trim);
+
+    const std::u16string folder = CurrentFolder();
+    const std::u16string_view current(folder), current_drive = current.substr(0, 2);
+    const bool has_drive = HasDrive(path);
+    const std::u16string drive(has_drive ? path.substr(0, 2) : current_drive);
+    const std::u16string rest(has_drive ? path.substr(2) : path);
+    if (!rest.empty() && IsSlash(rest[0])) return drive + Resolve(rest, trim);
+    if (!SameName(drive, current_drive)) return drive + Resolve(u"\\" + rest, trim);
+    return folder.substr(0, 2) + Resolve(folder.substr(2) + u"\\" + rest, trim);
+}
+
 } // namespace
 
 std::u16string FullPath(std::u16string_view path) {
-    bool trim = true;
-    if (path.starts_with(u"\\\\?\\") || path.starts_with(u"\\\\.\\")) {
-        trim = path[2] == u'.';
-        path.remove_prefix(4);
-        if (path.size() >= 4 && SameName(path.substr(0, 3), u"UNC") && IsSlash(path[3]))
-            return u"\\" + Resolve(path.substr(3), trim);
-    } else if (path.starts_with(u"\\\\")) {
-        return u"\\" + Resolve(path, trim);
-    }
-    if (path.empty()) return std::u16string();
-    if (path[0] == u'/') return u"Z:" + Resolve(path, trim);
-
-    const std::u16string current = CurrentFolder();
-    if (!HasDrive(path)) {
-        if (IsSlash(path[0])) return current.substr(0, 2) + Resolve(path, trim);
-        return current.substr(0, 2) +
-               Resolve(current.substr(2) + u"\\" + std::u16string(path), trim);
-    }
-    const std::u16string drive = {UpperOf(path[0]), u':'};
-    std::u16string rest(path.substr(2));
-    const bool relative = rest.empty() || !IsSlash(rest[0]);
-    if (relative && current.starts_with(drive)) rest = current.substr(2) + u"\\" + rest;
-    if (rest.empty()) rest = u"\\";
-    return drive + Resolve(rest, trim);
+    const std::u16string_view prefix = PrefixOf(path);
+    return std::u16string(prefix) + FullName(path.substr(prefix.size()), !prefix.empty(), true);
 }
 
 std::optional<std::string> HostPath(std::u16string_view path) {
-    const std::u16string full = FullPath(path);
-    if (full.starts_with(u"\\\\")) {
+    const std::u16string_view prefix = PrefixOf(path);
+    const std::u16string full =
+        FullName(path.substr(prefix.size()), !prefix.empty(), prefix != u"\\\\?\\");
+    const bool is_share = prefix.empty() ? full.starts_with(u"\\\\") : IsShare(full);
+    if (is_share) {
         SetLastError(ERROR_BAD_NETPATH);
         return std::nullopt;
     }
-    const bool on_c = full.starts_with(u"C:");
-    if (!on_c && !full.starts_with(u"Z:")) {
+    const char16_t drive = HasDrive(full) ? UpperOf(full[0]) : u'\0';
+    const bool on_c = drive == u'C';
+    if (!on_c && drive != u'Z') {
         SetLastError(ERROR_PATH_NOT_FOUND);
         return std::nullopt;
     }

@@ -2,7 +2,7 @@
 //
 //   C:\...                <root>/drive_c/...      each component in any case
 //   Z:\...  /...          the machine's own files, likewise
-//   \\?\C:\...            the same without the prefix
+//   \\?\C:\...            the same, blanks and dots at the end of names taken literally
 //   relative, \...        on the current drive, from the process's working folder
 //
 // Both kinds of slash separate, except that a leading '/' is the machine's own root. ".." never
@@ -15,9 +15,10 @@
 
 namespace win32host {
 
-// The full name ("C:\dir\file"): separators are backslashes, "." and ".." are resolved, blanks and
-// dots at the end of components are gone, and one separator at the end is kept. Looks at no file.
-// A \\server\share name stays one. Empty for an empty name.
+// The full name ("C:\dir\file"): separators are backslashes, "." and ".." are resolved, and one
+// separator at the end is kept. Names of folders lose one dot at their end, the last name all
+// blanks and dots. The drive's letter and a prefix stay as they are. Looks at no file. A
+// \\server\share name stays one. Empty for a name of nothing but blanks.
 std::u16string FullPath(std::u16string_view path);
 
 // The POSIX path of a Windows path. Every component that exists is spelt as the disk spells it: the

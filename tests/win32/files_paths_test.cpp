@@ -19,20 +19,26 @@ Wide FullPathOf(const Wide& name) {
 class FilesPaths : public HostTest {};
 
 TEST_F(FilesPaths, BecomeFullAndNeverLeaveTheirDrive) {
-    SkipUnderWine("it keeps the case of the drive letter and odd ends of folder names");
     const struct {
         const WCHAR *given, *full;
     } cases[] = {
         {TEXT("C:\\a\\b.txt"), TEXT("C:\\a\\b.txt")},
-        {TEXT("c:/a/./b/../c"), TEXT("C:\\a\\c")},
+        {TEXT("c:/a/./b/../c"), TEXT("c:\\a\\c")},
         {TEXT("C:\\a\\..\\..\\..\\b"), TEXT("C:\\b")},
         {TEXT("C:\\dir\\"), TEXT("C:\\dir\\")},
-        {TEXT("C:\\a. \\b..."), TEXT("C:\\a\\b")},
-        {TEXT("\\\\?\\C:\\a\\b"), TEXT("C:\\a\\b")},
+        {TEXT("C:\\dir\\.."), TEXT("C:\\")},
+        {TEXT("C:\\a. \\b.\\c. ."), TEXT("C:\\a. \\b\\c")},
+        {TEXT("C:\\a\\..."), TEXT("C:\\a\\")},
+        {TEXT("C:\\a\\.. \\b"), TEXT("C:\\a\\.. \\b")},
+        {TEXT("\\\\?\\C:\\a\\..\\b"), TEXT("\\\\?\\C:\\b")},
+        {TEXT("\\\\?\\UNC\\server\\share\\x"), TEXT("\\\\?\\UNC\\server\\share\\x")},
+        {TEXT("\\\\.\\COM1"), TEXT("\\\\.\\COM1")},
         {TEXT("/tmp/x"), TEXT("Z:\\tmp\\x")},
         {TEXT("/../x"), TEXT("Z:\\x")},
-        {TEXT("C:"), TEXT("C:\\")},
-        {TEXT("\\\\server\\share\\x"), TEXT("\\\\server\\share\\x")},
+        {TEXT("q:x"), TEXT("q:\\x")},
+        {TEXT("\\\\server\\share\\..\\..\\x"), TEXT("\\\\server\\share\\x")},
+        {TEXT("\\\\server\\share"), TEXT("\\\\server\\share")},
+        {TEXT("  "), TEXT("")},
     };
     for (const auto& c : cases) EXPECT_EQ(FullPathOf(c.given), c.full);
 }
