@@ -17,8 +17,12 @@ public:
         opened_ = OpenPrinterW(const_cast<WCHAR*>(name.wstring()), &handle_, &defaults) != FALSE;
         if (!opened_) handle_ = nullptr;
     }
+    // Leaves the last error as it is: what went wrong is told before the printer is closed.
     ~OpenPrinter() {
-        if (opened_) ClosePrinter(handle_);
+        if (!opened_) return;
+        const DWORD error = GetLastError();
+        ClosePrinter(handle_);
+        SetLastError(error);
     }
     OpenPrinter(const OpenPrinter&) = delete;
     OpenPrinter& operator=(const OpenPrinter&) = delete;

@@ -53,7 +53,7 @@ TEST_F(SettingsInterface, SavesWhenItIsClosed) {
 TEST_F(SettingsInterface, DoesNothingWithoutSettingsOrWithoutAFile) {
     WriteFile("in.kds", kStock);
     DAL_Printer_Close(nullptr);
-    // An unknown printer has no model.
+    // An unknown printer has the model of its defaults.
     for (const HANDLE settings : {HANDLE{nullptr}, DAL_Printer_Open(nullptr)}) {
         DAL_Settings_Load(settings);
         DAL_Settings_Import(settings, TEXT("C:\\in.kds"), 0x10F);

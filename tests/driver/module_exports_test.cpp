@@ -63,7 +63,15 @@ TEST_F(LoadedModule, AnswersTheSpooler) {
     EXPECT_TRUE(EXPORT(DrvPrinterEvent)(name_, PRINTER_EVENT_INITIALIZE, 0, 0));
     EXPECT_FALSE(EXPORT(DrvUpgradePrinter)(1, nullptr));
     EXPECT_EQ(GetLastError(), DWORD{ERROR_INVALID_PARAMETER});
-    DRIVER_UPGRADE_INFO_1W upgrade = {name_, nullptr};
+    DRIVER_UPGRADE_INFO_1W upgrade = {};
+    SetLastError(0);
+    EXPECT_FALSE(EXPORT(DrvUpgradePrinter)(1, reinterpret_cast<BYTE*>(&upgrade)));
+    EXPECT_EQ(GetLastError(), DWORD{ERROR_INVALID_PARAMETER});
+    EXPECT_FALSE(EXPORT(DrvPrinterEvent)(nullptr, PRINTER_EVENT_INITIALIZE, 0, 0));
+    EXPECT_TRUE(EXPORT(DrvPrinterEvent)(nullptr, PRINTER_EVENT_ADD_CONNECTION, 0, 0));
+    EXPECT_FALSE(EXPORT(DrvConvertDevMode)(
+        nullptr, nullptr, reinterpret_cast<DEVMODEW*>(mode.data()), &size, CDM_DRIVER_DEFAULT));
+    upgrade.pPrinterName = name_;
     EXPECT_TRUE(EXPORT(DrvUpgradePrinter)(1, reinterpret_cast<BYTE*>(&upgrade)));
     EXPECT_EQ(EXPORT(DrvDocumentEvent)(printer_, nullptr, 5, 0, nullptr, 0, nullptr), 1);
     DOCUMENTPROPERTYHEADER header = {};
