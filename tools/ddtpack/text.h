@@ -4,8 +4,7 @@
 #include <cstdint>
 #include <string>
 
-// The text without blanks at its ends.
-std::string Trim(const std::string& text);
+#include "common/trim.h"
 
 // Reads a whole number; false when the text is anything else.
 bool ReadNumber(const std::string& text, int32_t& number);

@@ -7,6 +7,8 @@
 #include <string>
 #include <vector>
 
+#include "common/trim.h"
+
 using WideString = std::basic_string<WCHAR>;
 
 WideString ToWide(const std::string& utf8);
@@ -28,5 +30,3 @@ bool ToNumber(const std::string& text, int64_t& value);
 
 // Without regard to the case of the letters a to z.
 bool SameText(const std::string& a, const std::string& b);
-
-std::string Trim(const std::string& text);
