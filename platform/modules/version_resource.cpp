@@ -29,9 +29,9 @@ uint16_t Word(const uint8_t* at) {
 
 // One block; nothing of it lies outside the bytes that it was read from.
 struct Block {
-    std::u16string_view key;
+    std::span<const uint8_t> key; // its UTF-16 units, which may lie anywhere
     std::span<const uint8_t> value, children;
-    uint16_t value_length = 0;
+    uint16_t value_length = 0; // in units for text, as far as they are there
     size_t length = 0;
 
     static std::optional<Block> Read(std::span<const uint8_t> bytes) {
@@ -40,17 +40,16 @@ struct Block {
         block.length = Word(bytes.data());
         if (block.length < kHeader || block.length > bytes.size()) return std::nullopt;
         bytes = bytes.first(block.length);
-        block.value_length = Word(bytes.data() + 2);
+        const uint16_t told = Word(bytes.data() + 2);
         const bool is_text = Word(bytes.data() + 4) == 1;
-        const auto* key = reinterpret_cast<const char16_t*>(bytes.data() + kHeader);
-        const size_t room = (block.length - kHeader) / sizeof(char16_t);
-        const char16_t* end = std::find(key, key + room, u'\0');
-        if (end == key + room) return std::nullopt;
-        block.key = {key, static_cast<size_t>(end - key)};
-        const size_t start = std::min(Aligned(kHeader + 2 * (block.key.size() + 1)), block.length);
-        const size_t size =
-            std::min(size_t{block.value_length} * (is_text ? 2 : 1), block.length - start);
+        size_t end = kHeader; // of the key
+        while (end + 2 <= bytes.size() && Word(bytes.data() + end) != 0) end += 2;
+        if (end + 2 > bytes.size()) return std::nullopt;
+        block.key = bytes.subspan(kHeader, end - kHeader);
+        const size_t start = std::min(Aligned(end + 2), block.length);
+        const size_t size = std::min(size_t{told} * (is_text ? 2 : 1), block.length - start);
         block.value = bytes.subspan(start, size);
+        block.value_length = static_cast<uint16_t>(is_text ? size / 2 : size);
         block.children = bytes.subspan(std::min(Aligned(start + size), block.length));
         return block;
     }
@@ -60,9 +59,11 @@ char16_t Capital(char16_t c) {
     return c >= u'a' && c <= u'z' ? static_cast<char16_t>(c - 32) : c;
 }
 
-bool SameKey(std::u16string_view a, std::u16string_view b) {
-    return std::equal(a.begin(), a.end(), b.begin(), b.end(),
-                      [](char16_t x, char16_t y) { return Capital(x) == Capital(y); });
+bool SameKey(std::span<const uint8_t> units, std::u16string_view key) {
+    if (units.size() != 2 * key.size()) return false;
+    for (size_t i = 0; i < key.size(); ++i)
+        if (Capital(Word(units.data() + 2 * i)) != Capital(key[i])) return false;
+    return true;
 }
 
 std::optional<Block> Child(const Block& parent, std::u16string_view key) {

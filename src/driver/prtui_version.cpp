@@ -1,4 +1,5 @@
 // What the module's version resource says.
+#include <cstring>
 #include <new>
 
 #include "driver/copyright_years.h"
@@ -23,11 +24,17 @@ bool prtui::LoadFileVersionInfo() {
 OString prtui::VersionText(const char* name) {
     if (!LoadFileVersionInfo()) return OString();
     const OString path = OString("\\StringFileInfo\\000004B0\\") + name;
-    void* text = nullptr;
+    void* units = nullptr;
     UINT length = 0;
-    if (!VerQueryValueW(version_info_.get(), path.wstring(), &text, &length) || length == 0)
+    if (!VerQueryValueW(version_info_.get(), path.wstring(), &units, &length) || length == 0)
         return OString();
-    return OString(static_cast<const WCHAR*>(text));
+    // Its terminator counts, but need not be there.
+    OString text;
+    WCHAR* room = text.GetBufferW(static_cast<int>(length));
+    if (!room) return OString();
+    std::memcpy(room, units, length * sizeof(WCHAR));
+    room[length] = 0;
+    return text;
 }
 
 void prtui::GetVersionInfo(OString& version) {
