@@ -8,16 +8,13 @@
 #include "fonts/data_font_manager.h"
 #include "fonts/data_font_rfid.h"
 #include "fuzz_host.h"
+#include "input.h"
 #include "model/symbology_info.h"
 #include "support/data_file_text.h"
 
 namespace {
 
 constexpr uint32_t UTF_8 = 1208;
-
-void Check(bool condition) {
-    if (!condition) std::abort();
-}
 
 // Every symbology and tag, some of them with few options.
 std::string ModelData() {

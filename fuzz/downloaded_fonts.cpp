@@ -10,38 +10,11 @@
 #include "fonts/font_settings.h"
 #include "fonts/prtdttf_list.h"
 #include "fuzz_host.h"
-#include "support/data_file_text.h"
+#include "input.h"
 #include "zpl/font_files.h"
 #include "zpl/host_lists.h"
 
 namespace {
-
-void Check(bool condition) {
-    if (!condition) std::abort();
-}
-
-// Takes pieces off the front of the input.
-class Input {
-public:
-    Input(const uint8_t* data, size_t size)
-        : data_(data)
-        , size_(size) {}
-    std::string Take(size_t count) {
-        count = std::min(count, size_);
-        const std::string bytes(reinterpret_cast<const char*>(data_), count);
-        data_ += count;
-        size_ -= count;
-        return bytes;
-    }
-    size_t Number() {
-        const std::string byte = Take(1);
-        return byte.empty() ? 0 : static_cast<unsigned char>(byte[0]);
-    }
-
-private:
-    const uint8_t* data_;
-    size_t size_;
-};
 
 // All of them, one after the other.
 std::string RecordsOf(const prtdttf_list& fonts) {
@@ -64,10 +37,7 @@ std::string RecordsOf(const prtdttf_list& fonts) {
 } // namespace
 
 extern "C" int LLVMFuzzerTestOneInput(const uint8_t* data, size_t size) {
-    static const FuzzHost host(
-        Record("Driver.d", "[M]\nModel=Model:A\n") +
-        Record("Model.d", "[A]\nBarCode=BarCode:A\nResolution=203\n~RFID.TagTypes=EPC64\n") +
-        Record("BarCode.d", "[A]\nCode39=yes\n"));
+    static const FuzzHost host(UsualModelData());
     prtreg registry(host.Model()->GetRegistry());
     Input input(data, size);
 
@@ -81,7 +51,7 @@ extern "C" int LLVMFuzzerTestOneInput(const uint8_t* data, size_t size) {
         const auto index = static_cast<int>(input.Number() % 8);
         const char* name = kNames[input.Number() % std::size(kNames)];
         const auto type = static_cast<uint32_t>(input.Number() % 8);
-        const std::string value = input.Take(input.Number());
+        const std::string value = input.Text(input.Number());
         registry.SetData(OString("Fonts:") << DownloadedFont::KeyName(index) << name, value.data(),
                          static_cast<uint32_t>(value.size()), type);
     }
@@ -91,7 +61,7 @@ extern "C" int LLVMFuzzerTestOneInput(const uint8_t* data, size_t size) {
     again.Load(host.Model());
     Check(RecordsOf(fonts) == RecordsOf(again));
 
-    const std::string face = input.Take(40), rest = input.Take(size);
+    const std::string face = input.Text(40), rest = input.Rest();
     OStringArray files;
     ReadFileList(rest.data(), static_cast<uint32_t>(rest.size()), files);
     MatchFontFiles(files, "Unknown font", fonts);

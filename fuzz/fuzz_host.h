@@ -18,6 +18,16 @@
 #include "model/model_data_cache.h"
 #include "model/prtmodel.h"
 #include "model/resource_cache.h"
+#include "support/data_file_text.h"
+
+// A model data file of one driver, "M", with bar codes and RFID. `properties` are more lines of its
+// model.
+inline std::string UsualModelData(const std::string& properties = std::string()) {
+    return Record("Driver.d", "[M]\nModel=Model:A\n") +
+           Record("Model.d",
+                  "[A]\nBarCode=BarCode:A\nResolution=203\n~RFID.TagTypes=EPC64\n" + properties) +
+           Record("BarCode.d", "[A]\nCode39=yes\nCode128=yes\n");
+}
 
 // A host of this process's own, which ends with it, with a printer "P" of the driver "M".
 // `model_data` are the bytes of the driver's model data file.
@@ -57,6 +67,12 @@ public:
     FuzzHost& operator=(const FuzzHost&) = delete;
 
     prtmodel* Model() const { return model_.get(); }
+
+    // The POSIX path of a file in the root of drive C; of the drive itself without a name.
+    std::string OnDriveC(const std::string& name) const {
+        const std::string drive = win32host::Root() + "/drive_c";
+        return name.empty() ? drive : drive + "/" + name;
+    }
 
 private:
     std::filesystem::path folder_;

@@ -2,8 +2,8 @@
 #include <cstddef>
 #include <cstdint>
 
-#include "fault.h"
-#include "picture.h"
+#include "labelhost/fault.h"
+#include "labelhost/picture.h"
 
 extern "C" int LLVMFuzzerTestOneInput(const uint8_t* data, size_t size) {
     constexpr int kMaxSide = 1000; // larger ones are slow and no different

@@ -5,12 +5,9 @@
 #include <cstring>
 
 #include "config/oregistry_text.h"
+#include "input.h"
 
 namespace {
-
-void Check(bool condition) {
-    if (!condition) std::abort();
-}
 
 void CheckRoundTrip(const RegistryValue& value) {
     OStringArray lines;

@@ -11,7 +11,7 @@
 #include "device.h"
 #include "driver/open_printer.h"
 #include "fuzz_host.h"
-#include "support/data_file_text.h"
+#include "input.h"
 
 namespace {
 
@@ -27,30 +27,6 @@ constexpr int kEscapes[] = {QUERYESCSUPPORT,
                             ESCAPE_CACHE_INFORMATION,
                             ESCAPE_CACHE_ITEM_ACTION,
                             16001};
-
-// Takes pieces off the front of the input, into blocks of just their size.
-class Input {
-public:
-    Input(const uint8_t* data, size_t size)
-        : data_(data)
-        , size_(size) {}
-    bool IsEmpty() const { return size_ == 0; }
-    std::vector<unsigned char> Take(size_t count) {
-        count = std::min(count, size_);
-        const std::vector<unsigned char> bytes(data_, data_ + count);
-        data_ += count;
-        size_ -= count;
-        return bytes;
-    }
-    size_t Number() {
-        const auto byte = Take(1);
-        return byte.empty() ? 0 : byte[0];
-    }
-
-private:
-    const uint8_t* data_;
-    size_t size_;
-};
 
 // A document on the printer, begun anew now and then so that its file stays small.
 class Document {
@@ -74,10 +50,7 @@ private:
 } // namespace
 
 extern "C" int LLVMFuzzerTestOneInput(const uint8_t* data, size_t size) {
-    static const FuzzHost host(
-        Record("Driver.d", "[M]\nModel=Model:A\n") +
-        Record("Model.d", "[A]\nBarCode=BarCode:A\nResolution=203\n~RFID.TagTypes=EPC64\n") +
-        Record("BarCode.d", "[A]\nCode39=yes\n"));
+    static const FuzzHost host(UsualModelData());
     static const OpenPrinter printer("P", PRINTER_ALL_ACCESS);
     static Document document(printer.Get());
     document.Refresh();

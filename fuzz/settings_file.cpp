@@ -6,15 +6,8 @@
 
 #include "config/settings_file.h"
 #include "fuzz_host.h"
-#include "support/data_file_text.h"
 
 namespace {
-
-std::string ModelData() {
-    return Record("Driver.d", "[M]\nModel=Model:A\n") +
-           Record("Model.d", "[A]\nBarCode=BarCode:A\nResolution=203\n~RFID.TagTypes=EPC64\n") +
-           Record("BarCode.d", "[A]\nCode39=yes\nCode128=yes\n");
-}
 
 constexpr int kAll = SETTINGS_STOCKS | SETTINGS_PRESETS | SETTINGS_BAR_FONTS | SETTINGS_RFID_FONTS |
                      SETTINGS_OPTIONS;
@@ -48,7 +41,7 @@ void Check(StockList& stocks, PresetList& presets, DataFontManager& fonts, prtmo
 } // namespace
 
 extern "C" int LLVMFuzzerTestOneInput(const uint8_t* data, size_t size) {
-    static const FuzzHost host(ModelData());
+    static const FuzzHost host(UsualModelData());
     prtmodel& model = *host.Model();
     OFile(OString(kIn), OFILE_WRITE).Write(data, static_cast<uint32_t>(size));
     StockList stocks(&model);

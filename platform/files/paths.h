@@ -15,6 +15,8 @@
 
 namespace win32host {
 
+#pragma GCC visibility push(default) // the fuzz target looks inside
+
 // The full name ("C:\dir\file"): separators are backslashes, "." and ".." are resolved, and one
 // separator at the end is kept. Names of folders lose one dot at their end, the last name all
 // blanks and dots. The drive's letter and a prefix stay as they are. Looks at no file. A
@@ -26,6 +28,8 @@ std::u16string FullPath(std::u16string_view path);
 // name, drive that does not exist), ERROR_INVALID_NAME (characters that no name on C: can have) or
 // ERROR_BAD_NETPATH.
 std::optional<std::string> HostPath(std::u16string_view path);
+
+#pragma GCC visibility pop
 
 // The Windows name of an absolute POSIX path: on C: below the root folder's drive_c, else on Z:.
 std::u16string WindowsPath(std::string_view path);

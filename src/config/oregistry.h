@@ -102,8 +102,8 @@ public:
     // below it; "[-key]" deletes one. Lines that make no sense are skipped. Always true.
     bool Import(const OStringArray& lines);
 
-    // The path of a key in Windows notation ("HKEY_CURRENT_USER\SOFTWARE\..."), empty when the
-    // path has no root.
+    // The path of a key in Windows notation ("HKEY_CURRENT_USER\SOFTWARE\..."); one without a root
+    // stays without, and is empty when it has no slash either.
     OString SubstituteWindowsSyntax(const OString& key);
 
     // A name escaped so that it stays one name in a path: "%", "/" and ":" become "%25", "%2F"
