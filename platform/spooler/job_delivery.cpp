@@ -141,7 +141,7 @@ std::string SendToPath(const PrintServer& server, const std::u16string& port, in
 }
 
 std::string Send(const PrintServer& server, const std::u16string& port, int job) {
-    if (const auto address = NetworkAddressOf(port)) return SendToNetwork(*address, job);
+    if (const auto address = NetworkAddressOf(server, port)) return SendToNetwork(*address, job);
     if (IsPathPort(port)) return SendToPath(server, port, job);
     return "there is no way to the port " + Utf8(port);
 }

@@ -10,16 +10,27 @@ namespace win32host {
 namespace {
 
 const std::u16string kFilePort = u"FILE:";
+const std::u16string kStandardMonitor = u"Standard TCP/IP Port";
 
-// All ports, "FILE:" first.
-std::vector<std::u16string> PortNames(const PrintServer& server) {
-    std::vector<std::u16string> names{kFilePort};
+// The port monitors that reach printers over TCP/IP, in the order in which they are asked.
+const std::u16string kNetworkMonitors[] = {u"Valdrick Port", kStandardMonitor,
+                                           u"HP Standard TCP/IP Port"};
+
+struct Port {
+    std::u16string name;
+    std::u16string monitor; // of the network ones; empty: the local one
+};
+
+// What a monitor has set up for a port of its own.
+std::optional<NetworkAddress> AddressAt(const RegistryKey& ports, const std::u16string& name) {
     RegistryKey key;
-    if (server.OpenPorts(key) != ERROR_SUCCESS) return names;
-    for (std::u16string& name : key.ValueNames()) {
-        if (!name.empty() && !SameName(name, kFilePort)) names.push_back(std::move(name));
-    }
-    return names;
+    if (name.empty() || key.Open(ports.get(), name) != ERROR_SUCCESS) return std::nullopt;
+    NetworkAddress address;
+    address.host = Utf8(key.Text(u"IPAddress"));
+    const DWORD number = key.Number(u"PortNumber");
+    if (number >= 1 && number <= 65535) address.port = static_cast<WORD>(number);
+    if (address.host.empty()) return std::nullopt;
+    return address;
 }
 
 // A server has as many ports as printers, so that their list is not walked for one of them.
@@ -29,23 +40,21 @@ bool IsRegistered(const PrintServer& server, const std::u16string& port) {
     return !port.empty() && server.OpenPorts(key) == ERROR_SUCCESS && key.Has(port);
 }
 
-void FillPorts(LevelWriter& writer, const std::vector<std::u16string>& names) {
-    writer.Structures<PORT_INFO_2W>(names.size());
-    for (size_t i = 0; i < names.size(); ++i) {
-        const bool network = NetworkAddressOf(names[i]).has_value();
-        PORT_INFO_2W info = {};
-        writer.Text(info.pPortName, names[i]);
-        writer.Text(info.pMonitorName, network ? u"Standard TCP/IP Port" : u"Local Monitor");
-        writer.Text(info.pDescription, network ? u"Standard TCP/IP Port" : u"Local Port");
-        info.fPortType =
-            network ? PORT_TYPE_WRITE | PORT_TYPE_READ | PORT_TYPE_NET_ATTACHED : PORT_TYPE_WRITE;
-        writer.Put(i, info);
+// The monitor that has set a port up, and where the port leads.
+struct SetUpPort {
+    const std::u16string& monitor;
+    NetworkAddress address;
+};
+std::optional<SetUpPort> FindSetUp(const PrintServer& server, const std::u16string& name) {
+    for (const std::u16string& monitor : kNetworkMonitors) {
+        RegistryKey key;
+        if (server.OpenMonitorPorts(monitor, key) != ERROR_SUCCESS) continue;
+        if (auto address = AddressAt(key, name)) return SetUpPort{monitor, std::move(*address)};
     }
+    return std::nullopt;
 }
 
-} // namespace
-
-std::optional<NetworkAddress> NetworkAddressOf(std::u16string_view port) {
+std::optional<NetworkAddress> AddressInName(std::u16string_view port) {
     if (port.size() <= 3 || !SameName(port.substr(0, 3), u"IP_")) return std::nullopt;
     NetworkAddress address;
     std::u16string_view host = port.substr(3);
@@ -70,6 +79,54 @@ std::optional<NetworkAddress> NetworkAddressOf(std::u16string_view port) {
     return address;
 }
 
+// All ports: "FILE:", the local ones, those of the network monitors.
+std::vector<Port> Ports(const PrintServer& server) {
+    std::vector<Port> ports{{kFilePort, {}}};
+    RegistryKey key;
+    if (server.OpenPorts(key) == ERROR_SUCCESS) {
+        for (std::u16string& name : key.ValueNames()) {
+            if (name.empty() || SameName(name, kFilePort)) continue;
+            std::u16string monitor;
+            if (const auto set_up = FindSetUp(server, name))
+                monitor = set_up->monitor;
+            else if (AddressInName(name))
+                monitor = kStandardMonitor;
+            ports.push_back({std::move(name), std::move(monitor)});
+        }
+    }
+    for (const std::u16string& monitor : kNetworkMonitors) {
+        if (server.OpenMonitorPorts(monitor, key) != ERROR_SUCCESS) continue;
+        for (std::u16string& name : key.SubkeyNames()) {
+            const auto set_up = FindSetUp(server, name);
+            if (set_up && set_up->monitor == monitor && !IsRegistered(server, name))
+                ports.push_back({std::move(name), monitor});
+        }
+    }
+    return ports;
+}
+
+void FillPorts(LevelWriter& writer, const std::vector<Port>& ports) {
+    writer.Structures<PORT_INFO_2W>(ports.size());
+    for (size_t i = 0; i < ports.size(); ++i) {
+        const bool network = !ports[i].monitor.empty();
+        PORT_INFO_2W info = {};
+        writer.Text(info.pPortName, ports[i].name);
+        writer.Text(info.pMonitorName, network ? ports[i].monitor : u"Local Monitor");
+        writer.Text(info.pDescription, network ? ports[i].monitor : u"Local Port");
+        info.fPortType =
+            network ? PORT_TYPE_WRITE | PORT_TYPE_READ | PORT_TYPE_NET_ATTACHED : PORT_TYPE_WRITE;
+        writer.Put(i, info);
+    }
+}
+
+} // namespace
+
+std::optional<NetworkAddress> NetworkAddressOf(const PrintServer& server,
+                                               const std::u16string& port) {
+    if (auto set_up = FindSetUp(server, port)) return std::move(set_up->address);
+    return AddressInName(port);
+}
+
 bool KeepsJobs(std::u16string_view port) {
     return SameName(port, kFilePort);
 }
@@ -81,11 +138,11 @@ bool IsPathPort(std::u16string_view port) {
 }
 
 bool IsUsablePort(const PrintServer& server, const std::u16string& port) {
-    return NetworkAddressOf(port) || IsPathPort(port) || IsRegistered(server, port);
+    return IsPathPort(port) || NetworkAddressOf(server, port) || IsRegistered(server, port);
 }
 
 LSTATUS RegisterPort(const PrintServer& server, const std::u16string& port) {
-    if (IsRegistered(server, port)) return ERROR_SUCCESS;
+    if (IsRegistered(server, port) || FindSetUp(server, port)) return ERROR_SUCCESS;
     RegistryKey key;
     const LSTATUS status = server.CreatePorts(key);
     return status == ERROR_SUCCESS ? key.SetText(port, {}) : status;
@@ -103,10 +160,10 @@ extern "C" BOOL WINAPI EnumPortsW(LPWSTR server_name, DWORD level, LPBYTE buffer
         if (level != 2) return Fail(ERROR_INVALID_LEVEL);
         const auto server = PrintServer::Named(server_name ? server_name : u"");
         if (!server) return FALSE;
-        const auto names = PortNames(*server);
+        const auto ports = Ports(*server);
         const BOOL good = FillBuffer(buffer, size, needed,
-                                     [&](LevelWriter& writer) { FillPorts(writer, names); });
-        if (good) *returned = static_cast<DWORD>(names.size());
+                                     [&](LevelWriter& writer) { FillPorts(writer, ports); });
+        if (good) *returned = static_cast<DWORD>(ports.size());
         return good;
     });
 }

@@ -9,16 +9,19 @@
 
 namespace win32host {
 
-// Whether a printer can be on the port: "FILE:", a port that the machine knows, or one whose name
-// says all about it: "IP_host", "IP_host:port", the full path of a file or device.
+// Whether a printer can be on the port: "FILE:", a port that the machine or one of its TCP/IP port
+// monitors knows, or one whose name says all about it: "IP_host", "IP_host:port", the full path of
+// a file or device.
 bool IsUsablePort(const PrintServer& server, const std::u16string& port);
 
-// Where a port "IP_host" or "IP_host:port" leads; nothing for other ports.
+// Where a port leads on the network: what a TCP/IP port monitor of the machine has set up under its
+// name, else what the name "IP_host" or "IP_host:port" says. Nothing for other ports.
 struct NetworkAddress {
     std::string host;
     WORD port = 9100;
 };
-std::optional<NetworkAddress> NetworkAddressOf(std::u16string_view port);
+std::optional<NetworkAddress> NetworkAddressOf(const PrintServer& server,
+                                               const std::u16string& port);
 
 // Whether jobs stay in the spooler: the port "FILE:".
 bool KeepsJobs(std::u16string_view port);

@@ -21,6 +21,7 @@ const std::u16string kPrinters = u"SYSTEM\\CurrentControlSet\\Control\\Print\\Pr
 const std::u16string kDrivers =
     std::u16string(u"SYSTEM\\CurrentControlSet\\Control\\Print\\Environments\\") + kEnvironment +
     u"\\Drivers\\Version-3";
+const std::u16string kMonitors = u"SYSTEM\\CurrentControlSet\\Control\\Print\\Monitors\\";
 const std::u16string kPorts = u"SOFTWARE\\Microsoft\\Windows NT\\CurrentVersion\\Ports";
 
 } // namespace
@@ -96,6 +97,10 @@ LSTATUS PrintServer::OpenPorts(RegistryKey& key) const {
 
 LSTATUS PrintServer::CreatePorts(RegistryKey& key) const {
     return key.Create(Machine(), kPorts);
+}
+
+LSTATUS PrintServer::OpenMonitorPorts(const std::u16string& monitor, RegistryKey& key) const {
+    return key.Open(Machine(), kMonitors + monitor + u"\\Ports");
 }
 
 LSTATUS PrintServer::OpenPrinter(const std::u16string& printer, RegistryKey& key) const {

@@ -48,6 +48,8 @@ public:
     LSTATUS CreateDrivers(RegistryKey& key) const;
     LSTATUS OpenPorts(RegistryKey& key) const;
     LSTATUS CreatePorts(RegistryKey& key) const;
+    // The key that holds the ports of one port monitor.
+    LSTATUS OpenMonitorPorts(const std::u16string& monitor, RegistryKey& key) const;
     LSTATUS OpenPrinter(const std::u16string& printer, RegistryKey& key) const;
     LSTATUS OpenDriver(const std::u16string& driver, RegistryKey& key) const;
 

@@ -34,8 +34,6 @@ TEST_F(QueriesThreads, ReachPrintersOnThePortsOfAPortMonitor) {
     const std::string port = Port();
     const std::string number = port.substr(port.rfind(':') + 1);
     ORegistry registry;
-    registry.SetString("LOCAL_MACHINE:SOFTWARE/Microsoft/Windows NT/CurrentVersion/Ports/Labels",
-                       "set up");
     const OString settings = "PRINT:Monitors/Standard TCP//IP Port/Ports/Labels/";
     registry.SetString(settings + "IPAddress", "127.0.0.1");
     registry.SetDWORD(settings + "PortNumber", static_cast<uint32_t>(std::stoi(number)));
@@ -45,6 +43,11 @@ TEST_F(QueriesThreads, ReachPrintersOnThePortsOfAPortMonitor) {
     EXPECT_EQ(Ask("Dock", PortRequest("type")), "TCP/IP");
     EXPECT_EQ(Ask("Dock", PortRequest("ip_address")), "127.0.0.1");
     EXPECT_EQ(Ask("Dock", PortRequest("udp_port")), "4201");
+    EXPECT_EQ(Ask("Dock", PortRequest("monitor_name")), "Standard TCP/IP Port");
+    // And so do jobs.
+    WriteFile("label", "^XA^FDone^FS^XZ");
+    EXPECT_EQ(Run({"action", "Dock", "22", OnDriveC("label")}).status, 0);
+    EXPECT_EQ(StopServer(), "answered HI;printed 1 label;");
 }
 
 TEST_F(QueriesThreads, BringAPrintersAnswersToTheProgram) {

@@ -106,7 +106,7 @@ TEST_F(PortInventory, TellsHowPortsAreSetUp) {
     // LPT2 is in no inventory of devices.
     EXPECT_EQ(told, "COM1/Local Monitor: 19200 7 2 2 1\nCOM2/Local Monitor: 9600 8 0 0 0\n"
                     "COM3/Local Monitor: 300 8 1 0 2\nLPT1/Local Monitor: 1\n"
-                    "IP_10.0.0.9/Standard TCP/IP Port: 10.0.0.9 6101\nFILE/Local Monitor:\n");
+                    "IP_10.0.0.9/Valdrick Port: 10.0.0.9 6101\nFILE/Local Monitor:\n");
 
     win32host::SetVersion(VER_PLATFORM_WIN32_NT, 4, 0, 1381);
     ASSERT_TRUE(ports.EnumPortInfo(buffer.data(), needed, needed, count));
