@@ -40,12 +40,14 @@ void PresetList::Save(const prtmodel* model) const {
     prtreg registry(model->GetRegistry());
     const int stored = StoredTotal(registry);
     int total = 0;
+    bool written = true;
     for (const Preset* preset = GetNext(nullptr); preset; preset = GetNext(preset))
-        if (preset->GetBuiltIn() == 0) preset->Save(registry, ++total);
-    registry.SetDWORD(kTotal, static_cast<uint32_t>(total));
+        if (preset->GetBuiltIn() == 0) written &= preset->Save(registry, ++total);
+    written &= registry.SetDWORD(kTotal, static_cast<uint32_t>(total));
     for (int i = total + 1; i <= stored; ++i)
         Preset::Delete(registry, OString(kKey) << Preset::KeyName(i));
-    checksum_ = checksum;
+    // What could not be written is still a change the next time.
+    if (written) checksum_ = checksum;
 }
 
 void PresetList::Sort() {

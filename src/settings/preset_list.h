@@ -18,7 +18,8 @@ public:
     void Load(const prtmodel* model);
 
     // Writes the presets, and deletes stored ones that are gone. Nothing while the list is as it
-    // was at the last load or save.
+    // was at the last load or save. A save of which the registry refused a part does not count as
+    // one: the next save writes again.
     void Save(const prtmodel* model) const;
 
     // Brings the list into order: by priority, then by name.

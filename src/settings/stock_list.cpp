@@ -105,22 +105,25 @@ bool StockList::Save(const prtmodel* model) const {
     prtreg registry(model->GetRegistry());
     const Stock* stock = GetNext(nullptr);
     while (stock && !stock->is_user()) stock = GetNext(stock);
-    if (stock) stock->Save(registry, kUserForm);
-    SaveForms(registry, kForms, false);
-    SaveForms(registry, FamilyForms(*model), true);
-    checksum_ = checksum;
+    bool written = !stock || stock->Save(registry, kUserForm);
+    written &= SaveForms(registry, kForms, false);
+    written &= SaveForms(registry, FamilyForms(*model), true);
+    // What could not be written is still a change the next time.
+    if (written) checksum_ = checksum;
     return true;
 }
 
-void StockList::SaveForms(prtreg& registry, const OString& key, bool predefined) const {
+bool StockList::SaveForms(prtreg& registry, const OString& key, bool predefined) const {
     const int stored = StoredTotal(registry, key);
     int total = 0;
+    bool written = true;
     for (const Stock* stock = GetNext(nullptr); stock; stock = GetNext(stock))
         if (!stock->is_user() && stock->is_predefined() == predefined)
-            stock->Save(registry, OString(key) << Stock::KeyName(++total));
-    registry.SetDWORD(TotalName(key), static_cast<uint32_t>(total));
+            written &= stock->Save(registry, OString(key) << Stock::KeyName(++total));
+    written &= registry.SetDWORD(TotalName(key), static_cast<uint32_t>(total));
     for (int i = total + 1; i <= stored; ++i)
         Stock::Delete(registry, OString(key) << Stock::KeyName(i));
+    return written;
 }
 
 // ---- Order --------------------------------------------------------------------------------------

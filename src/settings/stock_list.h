@@ -41,7 +41,8 @@ public:
     bool LoadForm(prtreg& registry, const OString& prefix);
 
     // Writes the stocks, and deletes stored ones that are gone. False, with nothing written, when
-    // the list is as it was at the last load or save.
+    // the list is as it was at the last load or save. A save of which the registry refused a part
+    // does not count as one: the next save writes again.
     bool Save(const prtmodel* model) const;
 
     // ---- Exchange -------------------------------------------------------------------------------
@@ -92,7 +93,7 @@ public:
     int enum_paper_name(WCHAR* output) const;
 
 private:
-    void SaveForms(prtreg& registry, const OString& key, bool predefined) const;
+    bool SaveForms(prtreg& registry, const OString& key, bool predefined) const;
     void RemoveDuplicates();
     void NumberStocks();
 

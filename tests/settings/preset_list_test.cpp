@@ -7,6 +7,7 @@
 
 #include "core/crc.h"
 #include "support/dev_mode_test.h"
+#include "win32host/registry_control.h"
 #include "zpl/extconfig.h"
 
 namespace {
@@ -168,6 +169,22 @@ TEST_F(Presets, AreWrittenOnlyWhenTheyHaveChanged) {
     EXPECT_EQ(registry.GetSize("Presets:Total"), -1);
     list.GetNext(nullptr)->SetDescription("changed");
     list.Save(model_.get());
+    EXPECT_EQ(Stored(), "a");
+}
+
+TEST_F(Presets, ThatTheRegistryRefusedAreWrittenByTheNextSave) {
+    const auto lock = [](bool on) {
+        return win32host::SetKeyReadOnly(
+            HKEY_LOCAL_MACHINE,
+            TEXT("SYSTEM\\CurrentControlSet\\Control\\Print\\Printers\\Dock 3\\PrinterDriverData"),
+            on);
+    };
+    Add("a");
+    ASSERT_TRUE(lock(true));
+    list_.Save(model_.get());
+    EXPECT_EQ(Stored(), "");
+    ASSERT_TRUE(lock(false));
+    list_.Save(model_.get());
     EXPECT_EQ(Stored(), "a");
 }
 

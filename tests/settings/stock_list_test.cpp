@@ -8,6 +8,7 @@
 #include <vector>
 
 #include "support/dev_mode_test.h"
+#include "win32host/registry_control.h"
 
 namespace {
 
@@ -136,6 +137,21 @@ TEST_F(Stocks, AreStoredInTheirThreePlaces) {
     EXPECT_TRUE(list_.Save(model_.get()));
     EXPECT_EQ(registry.GetSize("Stock:Form 02:: Name"), -1) << "no longer in use";
     EXPECT_EQ(Stored(), "USER:256 family:257 too wide:0");
+}
+
+TEST_F(Stocks, ThatTheRegistryRefusedAreWrittenByTheNextSave) {
+    const auto lock = [](bool on) {
+        return win32host::SetKeyReadOnly(HKEY_LOCAL_MACHINE,
+                                         TEXT("SOFTWARE\\Valdrick\\Drivers\\Paper Sizes"), on);
+    };
+    Add("a");
+    ASSERT_TRUE(lock(true));
+    EXPECT_TRUE(list_.Save(model_.get()));
+    EXPECT_EQ(Stored(), "USER:256");
+    ASSERT_TRUE(lock(false));
+    EXPECT_TRUE(list_.Save(model_.get()));
+    EXPECT_EQ(Stored(), "USER:256 a:257");
+    EXPECT_FALSE(list_.Save(model_.get()));
 }
 
 TEST_F(Stocks, AreLoadedOnceHoweverOften) {
