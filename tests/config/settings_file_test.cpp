@@ -220,6 +220,22 @@ TEST_F(SettingsFiles, OfOtherKindsAreReadWhenTheirKindIsAskedFor) {
     EXPECT_EQ(Lists_(), "USER Tag | settings | Bars ");
 }
 
+TEST_F(SettingsFiles, OfAnyLengthWithAnyLineEndsAreRead) {
+    AddStock("Tag");
+    Exported(SETTINGS_STOCKS);
+    std::string block = BytesOf(OnDriveC("settings.kds"));
+    block = block.substr(block.find("<stock>"));
+    std::string text = "<driver version='6.6'>\n<fish>\r\n<stock>\nName=not closed\r\r\n";
+    for (int i = 0; i < 100000; ++i) text += i % 2 ? "Name=x\n" : "Weight=1\r\n";
+    text += "</fish>\r\n" + block;
+    text += block.substr(0, block.size() - 4); // the last line has no end
+    stocks_.Clear();
+    EXPECT_EQ(Imported(text, SETTINGS_STOCKS), "2 0 0 0 0");
+    EXPECT_EQ(Lists_(), "Tag | | ");
+    // Only the first bytes say what a file is.
+    EXPECT_EQ(Imported("\xEF\xBB\xBF" + text, SETTINGS_STOCKS), "0 0 0 0 0");
+}
+
 TEST_F(SettingsFiles, ThatAreNotThereAreNotMade) {
     EXPECT_EQ(Imported(0x10F), "0 0 0 0 0");
     EXPECT_FALSE(OFile::Exists(kFile));
