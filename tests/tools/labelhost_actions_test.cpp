@@ -41,6 +41,11 @@ TEST_F(LabelhostActions, DoesWhatItLists) {
     EXPECT_TRUE(offers({{"action", 12}, {"name", "Configuration Label"}, {"flags", 1}}));
     EXPECT_TRUE(offers({{"action", 10}, {"name", "Reset Printer"}, {"flags", 5}}));
     EXPECT_TRUE(offers({{"action", 22}, {"name", "Send File"}, {"flags", 7}}));
+    // The driver has no name for it.
+    EXPECT_TRUE(offers({{"action", 36}, {"name", ""}, {"flags", 7}}));
+    EXPECT_NE(Run({"actions", "Dock3"})
+                  .output.find("\n 36  (driver administration)...  (administrators)\n"),
+              std::string::npos);
 
     WriteFile("one.prn", "^XA^FDone^XZ");
     const std::string file = OnDriveC("one.prn");

@@ -48,6 +48,7 @@ TEST_F(LabelhostSettings, AreNotLostToBadFiles) {
     ASSERT_EQ(Run({"settings", "export", "Dock", File("good.kds")}).status, 0);
     Write("picture.kds", "\x89PNG\r\n");
     Write("short.kds", "<dr");
+    Write("marked.kds", "\xEF\xBB\xBF<driver version='6.6'>\r\n");
     Write("stocks.kfm", "KFM1");
     const struct {
         std::vector<std::string> words;
@@ -58,6 +59,7 @@ TEST_F(LabelhostSettings, AreNotLostToBadFiles) {
         {{"import", "Dock", root()}, 1, "directory"},
         {{"import", "Dock", File("picture.kds")}, 1, "is no settings file"},
         {{"import", "Dock", File("short.kds")}, 1, "is no settings file"},
+        {{"import", "Dock", File("marked.kds")}, 1, "byte order mark"},
         {{"import", "Dock", File("stocks.kfm"), "--only", "presets"}, 1, "nothing"},
         {{"import", "Nowhere", File("good.kds")}, 1, "Nowhere"},
         {{"export", "Dock", File("no/such/folder.kds")}, 1, "folder.kds"},

@@ -22,6 +22,21 @@ std::string NameOf(const OpenSettings& settings, int action) {
     return ToUtf8(name.c_str());
 }
 
+// What an action is called in the list: some sheets and dialogs have a title alone.
+std::string ShownName(int action, const std::string& name) {
+    if (!name.empty()) return name;
+    switch (action) {
+    case 36:
+        return "(driver administration)";
+    case 38:
+        return "(status monitoring)";
+    case 41:
+        return "(office compatibility)";
+    default:
+        return "(without a name)";
+    }
+}
+
 DWORD OfferOf(const OpenSettings& settings, int action) {
     return settings.Export<DWORD(WINAPI*)(HANDLE, int)>("DAL_Action_Supported")(settings.handle(),
                                                                                 action);
@@ -78,8 +93,8 @@ void ActionsCommand(const Words& words) {
     }
     for (const Json& action : actions) {
         const auto flags = action["flags"].get<DWORD>();
-        std::printf("%3d  %s%s%s\n", action["action"].get<int>(),
-                    action["name"].get<std::string>().c_str(),
+        const int number = action["action"].get<int>();
+        std::printf("%3d  %s%s%s\n", number, ShownName(number, action["name"]).c_str(),
                     flags & DAL_ACTION_OPENS_DIALOG ? "..." : "",
                     flags & DAL_ACTION_ADMINISTRATIVE ? "  (administrators)" : "");
     }

@@ -127,7 +127,11 @@ void ImportIntoMany(const Arguments& arguments, const std::vector<std::string>& 
 void ImportFrom(const Arguments& arguments, int contents) {
     const std::string& file = arguments[2];
     const SettingsText text(ReadSettingsFile(file));
-    if (text.Contents() == 0) throw Fault("'" + file + "' is no settings file");
+    if (text.Contents() == 0)
+        throw Fault("'" + file + "' is no settings file" +
+                    (text.HasMark() ? ": it begins with a byte order mark, which the driver "
+                                      "does not take"
+                                    : ""));
     if (!(text.Contents() & contents))
         throw Fault("'" + file + "' has nothing of what --only names");
     const WantedSettings wanted = {file, text, contents};

@@ -33,7 +33,8 @@ int ContentsOf(const std::string& names) {
     return contents;
 }
 
-SettingsText::SettingsText(const std::string& bytes) {
+SettingsText::SettingsText(const std::string& bytes)
+    : mark_(bytes.rfind("\xEF\xBB\xBF", 0) == 0) {
     if (bytes.rfind("<dri", 0) != 0) {
         for (const SettingsKind& kind : kSettingsKinds)
             if (*kind.signature && bytes.size() >= 4 && bytes.rfind(kind.signature, 0) == 0)

@@ -33,7 +33,11 @@ public:
     bool HasOptions() const { return !models_.empty(); }
     bool HasOptionsOf(const std::string& model) const;
 
+    // Whether the file begins with the byte order mark of UTF-8.
+    bool HasMark() const { return mark_; }
+
 private:
+    bool mark_;
     int contents_ = 0;
     int counts_[kSettingsKindCount] = {};
     std::string models_; // a line for each block of options
