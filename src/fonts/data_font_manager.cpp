@@ -1,5 +1,6 @@
 #include "fonts/data_font_manager.h"
 
+#include <cstring>
 #include <memory>
 #include <new>
 
@@ -68,8 +69,10 @@ DataFontManager& DataFontManager::operator=(const DataFontManager& other) {
     Clear();
     fonts_.SetSize(other.GetSize());
     fonts_.SetSize(0);
-    for (int i = 0; i < other.GetSize(); ++i)
-        if (DataFont* font = CopyOf(*other[i])) fonts_.Add(font);
+    for (int i = 0; i < other.GetSize(); ++i) {
+        DataFont* font = CopyOf(*other[i]);
+        if (font && fonts_.Add(font) < 0) delete font;
+    }
     unmodified_ = other.unmodified_;
     return *this;
 }
@@ -113,9 +116,32 @@ bool DataFontManager::Load(const prtmodel* model) {
     return true;
 }
 
+bool DataFontManager::IsStored(prtreg& registry) const {
+    OStringArray keys;
+    registry.EnumKeys(kFonts, keys);
+    int count = 0;
+    for (int i = 0; i < fonts_.GetSize(); ++i) {
+        const OString key = KeyOf(*fonts_[i]);
+        if (key.IsEmpty()) continue;
+        if (count == keys.GetSize() || keys[count++] != key) return false;
+        const bool same = WithBlob(*fonts_[i], [&](const void* blob, uint32_t size) {
+            char stored[sizeof(DataFontStorage_RFID)];
+            const int32_t found = registry.GetBinary(ValueOf(key), stored, sizeof stored);
+            return blob && found == static_cast<int32_t>(size) &&
+                   std::memcmp(stored, blob, size) == 0;
+        });
+        if (!same) return false;
+    }
+    return count == keys.GetSize();
+}
+
 bool DataFontManager::Save(const prtmodel* model) {
     const OSingleLock guard(&lock_, true);
     prtreg registry(model->GetRegistry());
+    if (IsStored(registry)) {
+        SetUnmodified();
+        return true;
+    }
     registry.DeletePattern(OString(kFonts) << "/*");
     for (int i = 0; i < fonts_.GetSize(); ++i) {
         const OString key = KeyOf(*fonts_[i]);

@@ -9,6 +9,7 @@
 #include "fonts/data_font.h"
 
 class prtmodel;
+class prtreg;
 
 // Fonts in the order of the registry, new ones behind them. The list owns its fonts; names are
 // unique in it as far as AddTail is what brings them in. Load and Save lock it, everything else
@@ -77,6 +78,9 @@ public:
     int ImportKBF1(OFile& file, const prtmodel* model);
 
 private:
+    // Whether a save would leave the registry as it is.
+    bool IsStored(prtreg& registry) const;
+
     OPointerArray<DataFont*> fonts_;
     OCriticalSection lock_;
     uint32_t unmodified_ = 0;
