@@ -217,11 +217,34 @@ LSTATUS Store::Read(int64_t key, std::u16string_view name, const Value*& value) 
     return ERROR_SUCCESS;
 }
 
+void Store::ReadAhead(int64_t key) {
+    const NameList* names = nullptr;
+    if (ValueNames(key, names) != ERROR_SUCCESS || names->empty() ||
+        values_.contains(CacheName(key, names->front())))
+        return;
+    Query query(database_, "SELECT name, type, data FROM key_values "
+                           "WHERE key = ? AND length(data) <= ? ORDER BY id");
+    query.Bind(key).Bind(int64_t{kBiggestKeptValue});
+    while (query.Next()) {
+        Value value;
+        value.found = true;
+        value.type = static_cast<DWORD>(query.Number(1));
+        value.bytes = query.Bytes(2);
+        CacheName(key, Utf16(query.Bytes(0)));
+        const size_t bytes =
+            cache_name_.size() * sizeof(char16_t) + value.bytes.size() + kEntryCost;
+        if (kept_bytes_ + bytes > kMostKept) return;
+        kept_bytes_ += bytes;
+        values_.emplace(cache_name_, std::move(value));
+    }
+}
+
 LSTATUS Store::Write(int64_t key, std::u16string_view name, DWORD type, const BYTE* data,
                      size_t size) {
     Query(database_, "INSERT INTO key_values (key, name, folded, type, data) "
                      "VALUES (?, ?, ?, ?, ?) ON CONFLICT (key, folded) "
-                     "DO UPDATE SET type = excluded.type, data = excluded.data")
+                     "DO UPDATE SET type = excluded.type, data = excluded.data "
+                     "WHERE type IS NOT excluded.type OR data IS NOT excluded.data")
         .Bind(key)
         .Bind(Utf8(name))
         .Bind(Folded(name))

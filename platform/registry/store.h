@@ -59,6 +59,10 @@ public:
 
     LSTATUS SetReadOnly(int64_t key, bool read_only);
 
+    // Keeps what the values of a key hold, as far as there is room. To be called by who is about to
+    // read them all: one question to the database takes less than one for each.
+    void ReadAhead(int64_t key);
+
     // The value, found or not, until the next call of this object.
     LSTATUS Read(int64_t key, std::u16string_view name, const Value*& value);
     LSTATUS Write(int64_t key, std::u16string_view name, DWORD type, const BYTE* data, size_t size);

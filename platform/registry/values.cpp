@@ -86,6 +86,7 @@ LSTATUS WINAPI RegEnumValueW(HKEY key, DWORD index, LPWSTR name, LPDWORD name_si
         KeyInUse base;
         LSTATUS status = Use(key, KEY_QUERY_VALUE, base);
         if (status != ERROR_SUCCESS) return status;
+        if (index == 0 && (type || size)) base.store->ReadAhead(base.id);
         for (;;) {
             const NameList* names = nullptr;
             status = base.store->ValueNames(base.id, names);
