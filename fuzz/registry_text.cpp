@@ -11,7 +11,9 @@ namespace {
 
 void CheckRoundTrip(const RegistryValue& value) {
     OStringArray lines;
-    FormatRegistryValue(value.name, value.type, value.data.GetData(), value.data.GetSize(), lines);
+    RegistryLineArray array(lines);
+    RegistryTextWriter(array).WriteValue(value.name.wstring(), value.type, value.data.GetData(),
+                                         value.data.GetSize());
     RegistryTextReader reader;
     Check(reader.Read("[HKEY_CURRENT_USER\\Key]") == RegistryTextReader::BeginKey);
     for (int i = 0; i + 1 < lines.GetSize(); ++i) {

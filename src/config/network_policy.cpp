@@ -2,7 +2,6 @@
 
 #include <windows.h>
 
-#include "config/prtreg.h"
 #include "config/user_info.h"
 #include "driver/platform_flags.h"
 
@@ -26,12 +25,9 @@ bool ServerShares(prtreg& printer) {
 
 } // namespace
 
-NetworkPolicy::NetworkPolicy(const OString& printer_name)
-    : printer_name_(printer_name) {}
-
 bool NetworkPolicy::IsNetworkShared() const {
     if (!winNT) return false;
-    prtreg printer(printer_name_);
+    prtreg printer(printer_);
     if (printer.IsRemote()) {
         printer.SetShadow(false);
         return printer.GetByte(UserSharing, 1) != 0 && ServerShares(printer);
@@ -41,12 +37,12 @@ bool NetworkPolicy::IsNetworkShared() const {
 
 bool NetworkPolicy::CanShareNetwork() const {
     if (!winNT) return false;
-    prtreg printer(printer_name_);
+    prtreg printer(printer_);
     return printer.IsRemote() ? ServerShares(printer) : printer.Enable_BiDirectional_On();
 }
 
 void NetworkPolicy::SetNetworkSharing(bool shared) {
-    prtreg printer(printer_name_);
+    prtreg printer(printer_);
     if (printer.IsRemote()) {
         printer.SetShadow(false);
         printer.SetByte(UserSharing, shared);
@@ -56,22 +52,22 @@ void NetworkPolicy::SetNetworkSharing(bool shared) {
 }
 
 int NetworkPolicy::GetAccessLevel() const {
-    if (!prtreg(printer_name_).IsRemote()) return GetLocalAccessLevel();
+    if (!printer_.IsRemote()) return GetLocalAccessLevel();
     return IsNetworkShared() ? GetNetworkAccessLevel() : USER_LEVEL_NONE;
 }
 
 int NetworkPolicy::GetLocalAccessLevel() const {
-    return prtreg(printer_name_).GetInt(LocalLevel, DefaultLevel());
+    return prtreg(printer_).GetInt(LocalLevel, DefaultLevel());
 }
 
 void NetworkPolicy::SetLocalAccessLevel(int level) {
-    prtreg(printer_name_).SetInt(LocalLevel, level);
+    prtreg(printer_).SetInt(LocalLevel, level);
 }
 
 int NetworkPolicy::GetNetworkAccessLevel() const {
-    return prtreg(printer_name_).GetInt(NetworkLevel, DefaultLevel());
+    return prtreg(printer_).GetInt(NetworkLevel, DefaultLevel());
 }
 
 void NetworkPolicy::SetNetworkAccessLevel(int level) {
-    prtreg(printer_name_).SetInt(NetworkLevel, level);
+    prtreg(printer_).SetInt(NetworkLevel, level);
 }

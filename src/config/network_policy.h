@@ -1,13 +1,18 @@
 // Who may change a printer's settings, and whether they are shared with the network.
 #pragma once
 
+#include "config/prtreg.h"
 #include "core/ostring.h"
 
 // Short-lived: built for one question about one printer. Levels are UserLevel numbers (see
 // config/user_info.h); a user may change the settings when his level is not below GetAccessLevel.
 class NetworkPolicy {
 public:
-    explicit NetworkPolicy(const OString& printer_name);
+    explicit NetworkPolicy(const OString& printer_name)
+        : printer_(printer_name) {}
+    // The same about a printer whose names the spooler has told already.
+    explicit NetworkPolicy(const prtreg& printer)
+        : printer_(printer) {}
 
     // On a connection: the user follows the server's settings and the server shares them. On a
     // local printer: its settings are offered to clients and the port is bidirectional.
@@ -29,5 +34,5 @@ public:
     void SetNetworkAccessLevel(int level);
 
 private:
-    OString printer_name_;
+    const prtreg printer_;
 };

@@ -7,6 +7,8 @@
 #include "core/ostring.h"
 #include "core/ostring_array.h"
 
+class RegistryLines;
+
 // A path is a root, a colon, and names separated by "/" (or "\"); the last name is a value, for
 // the operations on keys the last key: "LOCAL:Printers/Dock3/Shadow". Roots, in any case:
 //
@@ -97,6 +99,8 @@ public:
     // their head line. False when the path has no root. Every value with its type comes back
     // from Import, except that types other than strings, lists, numbers and binary become binary.
     bool Export(const OString& key, OStringArray& lines);
+    // The same, handing the lines on as they are made.
+    bool Export(const OString& key, RegistryLines& lines);
 
     // Applies lines of that form. A key in the text replaces the one in the registry with all
     // below it; "[-key]" deletes one. Lines that make no sense are skipped. Always true.
@@ -161,9 +165,10 @@ private:
     // On a full path, substituted.
     int EnumPath(const OString& path, OStringArray& names, bool keys);
     bool DeletePath(const OString& path, bool recursive);
-    void ExportPath(const OString& path, OStringArray& lines);
-    // On a value of the open key.
-    void ExportValue(const OString& name, OStringArray& lines);
+    struct Exporter; // what an export works with
+    void ExportPath(const OString& path, Exporter& to);
+    // All values of an open key; whether there are any.
+    static bool ExportValues(HKEY key, Exporter& to);
 
     // On an open handle; the results are Win32 error codes.
     static void CloseKey(HKEY key);
@@ -177,6 +182,9 @@ private:
     static LONG GetInfo(HKEY key, const OString& name, uint32_t* size, uint32_t* type);
     static LONG EnumKey(HKEY key, uint32_t index, OBuffer<WCHAR>& name);
     static LONG EnumValue(HKEY key, uint32_t index, OBuffer<WCHAR>& name);
+    // The same with what the value holds; `data` grows when it is too small.
+    static LONG EnumValue(HKEY key, uint32_t index, OBuffer<WCHAR>& name,
+                          OBuffer<unsigned char>& data, uint32_t& size, uint32_t& type);
 
     HKEY key_ = nullptr;
     OString path_;     // of the open key, substituted; empty when none is open

@@ -11,10 +11,18 @@
 // does not fit is dropped.
 class WideText {
 public:
-    void Add(WCHAR c) { Add(&c, 1); }
+    void Add(WCHAR c) { *Extend(1) = c; }
     void Add(const WCHAR* text, size_t length);
     void Add(const OString& text);
     void AddAscii(const char* text);
+    // Room for `count` more characters, which the caller writes; never null, count is not above 16.
+    WCHAR* Extend(size_t count) {
+        if (length_ + count >= buffer_.GetSize() && !Reserve(length_ + count)) return dropped_;
+        WCHAR* end = buffer_.GetData() + length_;
+        end[count] = 0;
+        length_ += count;
+        return end;
+    }
     void Clear() { length_ = 0; }
 
     size_t Length() const { return length_; }
@@ -27,6 +35,7 @@ private:
 
     OBuffer<WCHAR> buffer_;
     size_t length_ = 0;
+    WCHAR dropped_[16]; // where characters go that there is no memory for
 };
 
 // True when `text` begins with `prefix` (ASCII), letters a to z folded.

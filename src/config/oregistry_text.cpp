@@ -8,14 +8,10 @@ namespace {
 
 constexpr size_t WrapBehind = 76;
 
-// Text between double quotes, with those and backslashes escaped.
-void AddQuoted(WideText& line, const WCHAR* text, size_t length) {
-    line.Add('"');
-    for (size_t i = 0; i < length; ++i) {
-        if (text[i] == '"' || text[i] == '\\') line.Add('\\');
-        line.Add(text[i]);
-    }
-    line.Add('"');
+// A character of a text between double quotes.
+void AddEscaped(WideText& line, WCHAR c) {
+    if (c == '"' || c == '\\') line.Add('\\');
+    line.Add(c);
 }
 
 OString Unescape(const WCHAR* text, size_t length) {
@@ -29,20 +25,14 @@ OString Unescape(const WCHAR* text, size_t length) {
     return result.String();
 }
 
-// The UTF-16 units in a value's bytes, up to its end or, for a single string, its terminator.
-WideText Units(const unsigned char* data, uint32_t size, bool one_string) {
-    WideText text;
-    for (uint32_t i = 0; i + 1 < size; i += 2) {
-        const auto unit = static_cast<WCHAR>(data[i] | data[i + 1] << 8);
-        if (one_string && !unit) break;
-        text.Add(unit);
-    }
-    return text;
+WCHAR UnitAt(const unsigned char* data, uint32_t i) {
+    return static_cast<WCHAR>(data[i] | data[i + 1] << 8);
 }
 
 // A string list as it is to be stored, whatever its bytes were: without empty strings, terminated.
 uint32_t PackMultiString(const unsigned char* data, uint32_t size, OBuffer<WCHAR>& packed) {
-    WideText text = Units(data, size, false);
+    WideText text;
+    for (uint32_t i = 0; i + 1 < size; i += 2) text.Add(UnitAt(data, i));
     text.Add(WCHAR(0));
     text.Add(WCHAR(0));
     OBuffer<WCHAR> list;
@@ -53,24 +43,10 @@ uint32_t PackMultiString(const unsigned char* data, uint32_t size, OBuffer<WCHAR
     return static_cast<uint32_t>(strings.Pack(packed, 0)) * 2;
 }
 
-void AddHexByte(WideText& line, unsigned char byte) {
+void PutHexByte(WCHAR* at, unsigned char byte) {
     static const char digits[] = "0123456789abcdef";
-    line.Add(static_cast<WCHAR>(digits[byte >> 4]));
-    line.Add(static_cast<WCHAR>(digits[byte & 15]));
-}
-
-// Adds the rest of a value as bytes; `line` comes in with its beginning and leaves as the last one.
-void AddHex(WideText& line, const unsigned char* data, uint32_t size, OStringArray& lines) {
-    for (uint32_t i = 0; i < size; ++i) {
-        if (line.Length() > WrapBehind) {
-            line.Add('\\');
-            lines.Add(line.String());
-            line.Clear();
-            line.AddAscii("  ");
-        }
-        AddHexByte(line, data[i]);
-        if (i + 1 < size) line.Add(',');
-    }
+    at[0] = static_cast<WCHAR>(digits[byte >> 4]);
+    at[1] = static_cast<WCHAR>(digits[byte & 15]);
 }
 
 void SetBytes(OBuffer<unsigned char>& buffer, const void* data, size_t size) {
@@ -88,40 +64,72 @@ bool IsLineEnd(WCHAR c) {
 
 } // namespace
 
-void FormatRegistryValue(const OString& name, uint32_t type, const unsigned char* data,
-                         uint32_t size, OStringArray& lines) {
-    WideText line;
-    const WCHAR* wide = name.wstring();
-    AddQuoted(line, wide, static_cast<size_t>(name.wlen()));
-    line.Add('=');
+void RegistryTextWriter::WriteKey(const OString& path) {
+    line_.Clear();
+    line_.Add('[');
+    line_.Add(path);
+    line_.Add(']');
+    lines_.Add(line_);
+}
+
+void RegistryTextWriter::WriteEnd() {
+    line_.Clear();
+    lines_.Add(line_);
+}
+
+void RegistryTextWriter::WriteValue(const WCHAR* name, uint32_t type, const unsigned char* data,
+                                    uint32_t size) {
+    line_.Clear();
+    line_.Add('"');
+    for (; *name; ++name) AddEscaped(line_, *name);
+    line_.Add('"');
+    line_.Add('=');
     switch (type) {
-    case REG_SZ: {
-        const WideText text = Units(data, size, true);
-        AddQuoted(line, text.Text(), text.Length());
+    case REG_SZ:
+        line_.Add('"');
+        for (uint32_t i = 0; i + 1 < size && UnitAt(data, i); i += 2)
+            AddEscaped(line_, UnitAt(data, i));
+        line_.Add('"');
         break;
-    }
     case REG_DWORD:
-        line.AddAscii("dword:");
-        for (int i = 3; i >= 0; --i) AddHexByte(line, size == 4 ? data[i] : 0);
+        line_.AddAscii("dword:");
+        for (int i = 3; i >= 0; --i) PutHexByte(line_.Extend(2), size == 4 ? data[i] : 0);
         break;
     case REG_MULTI_SZ: {
         OBuffer<WCHAR> packed;
         size = PackMultiString(data, size, packed);
-        line.AddAscii("hex(7):");
-        AddHex(line, reinterpret_cast<const unsigned char*>(packed.GetData()), size, lines);
+        line_.AddAscii("hex(7):");
+        AddHex(reinterpret_cast<const unsigned char*>(packed.GetData()), size);
         break;
     }
     case REG_BINARY:
-        line.AddAscii("hex:");
-        AddHex(line, data, size, lines);
+        line_.AddAscii("hex:");
+        AddHex(data, size);
         break;
     default:
-        line.AddAscii("hex(");
-        line.Add(OString() << type);
-        line.AddAscii("):");
-        AddHex(line, data, size, lines);
+        line_.AddAscii("hex(");
+        line_.Add(OString() << type);
+        line_.AddAscii("):");
+        AddHex(data, size);
     }
-    lines.Add(line.String());
+    lines_.Add(line_);
+}
+
+// Adds the rest of a value as bytes; the line begins with what is in front of them and is left with
+// the last of them.
+void RegistryTextWriter::AddHex(const unsigned char* data, uint32_t size) {
+    for (uint32_t i = 0; i < size; ++i) {
+        if (line_.Length() > WrapBehind) {
+            line_.Add('\\');
+            lines_.Add(line_);
+            line_.Clear();
+            line_.AddAscii("  ");
+        }
+        const bool last = i + 1 == size;
+        WCHAR* at = line_.Extend(last ? 2 : 3);
+        PutHexByte(at, data[i]);
+        if (!last) at[2] = ',';
+    }
 }
 
 RegistryTextReader::Event RegistryTextReader::Read(const OString& line) {

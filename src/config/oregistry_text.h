@@ -15,11 +15,49 @@ struct RegistryValue {
     OBuffer<unsigned char> data;
 };
 
-// Appends the lines of one value: "name"="text", "name"=dword:..., or "name"=hex...: with its
-// bytes, wrapped behind 76 characters. Strings and numbers stored with too few or too many bytes
-// are written as the part of them that can be read.
-void FormatRegistryValue(const OString& name, uint32_t type, const unsigned char* data,
-                         uint32_t size, OStringArray& lines);
+// Takes the lines of the text form as they are made, without line ends.
+class RegistryLines {
+public:
+    virtual void Add(const WideText& line) = 0;
+
+protected:
+    ~RegistryLines() = default;
+};
+
+// Appends them to an array.
+class RegistryLineArray final : public RegistryLines {
+public:
+    explicit RegistryLineArray(OStringArray& lines)
+        : lines_(lines) {}
+    void Add(const WideText& line) override { lines_.Add(line.String()); }
+
+private:
+    OStringArray& lines_;
+};
+
+// Makes the lines of values, one after the other.
+class RegistryTextWriter {
+public:
+    explicit RegistryTextWriter(RegistryLines& lines)
+        : lines_(lines) {}
+
+    // [path], with the path in Windows notation.
+    void WriteKey(const OString& path);
+
+    // "name"="text", "name"=dword:..., or "name"=hex...: with its bytes, wrapped behind 76
+    // characters. Strings and numbers stored with too few or too many bytes are written as the part
+    // of them that can be read.
+    void WriteValue(const WCHAR* name, uint32_t type, const unsigned char* data, uint32_t size);
+
+    // The empty line behind the values of a key.
+    void WriteEnd();
+
+private:
+    void AddHex(const unsigned char* data, uint32_t size);
+
+    RegistryLines& lines_;
+    WideText line_;
+};
 
 // Reads the text form line by line. Whatever it does not understand it skips.
 class RegistryTextReader {

@@ -12,6 +12,7 @@ namespace {
 
 constexpr uint32_t MaxKeyName = 260;
 constexpr uint32_t MaxValueName = 16384; // the registry's own limit, with its terminator
+constexpr uint32_t UsualValueSize = 2048;
 
 bool HasWildcard(const OString& name) {
     return HasCharacter(name, '*') || HasCharacter(name, '?');
@@ -36,6 +37,23 @@ LONG ORegistry::EnumKey(HKEY key, uint32_t index, OBuffer<WCHAR>& name) {
 LONG ORegistry::EnumValue(HKEY key, uint32_t index, OBuffer<WCHAR>& name) {
     DWORD length = name.GetSize();
     return RegEnumValueW(key, index, name.GetData(), &length, nullptr, nullptr, nullptr, nullptr);
+}
+
+LONG ORegistry::EnumValue(HKEY key, uint32_t index, OBuffer<WCHAR>& name,
+                          OBuffer<unsigned char>& data, uint32_t& size, uint32_t& type) {
+    for (;;) {
+        DWORD length = name.GetSize();
+        DWORD stored_type = 0;
+        DWORD stored = data.GetSize();
+        const LONG error = RegEnumValueW(key, index, name.GetData(), &length, nullptr, &stored_type,
+                                         data.GetData(), &stored);
+        if (error != ERROR_MORE_DATA || stored <= data.GetSize()) {
+            size = stored;
+            type = stored_type;
+            return error;
+        }
+        if (!data.SetSize(stored)) return ERROR_OUTOFMEMORY;
+    }
 }
 
 LONG ORegistry::DeleteKey(HKEY key, const OString& name) {
@@ -188,48 +206,51 @@ OString ORegistry::SubstituteWindowsSyntax(const OString& key) {
     return GetKeyAndValue(path, value) ? SyntaxWindows(path) : OString();
 }
 
+struct ORegistry::Exporter {
+    explicit Exporter(RegistryLines& lines)
+        : writer(lines) {}
+
+    RegistryTextWriter writer;
+    OBuffer<WCHAR> name; // of the key or value that is read
+    OBuffer<unsigned char> data;
+};
+
 bool ORegistry::Export(const OString& key, OStringArray& lines) {
+    RegistryLineArray array(lines);
+    return Export(key, array);
+}
+
+bool ORegistry::Export(const OString& key, RegistryLines& lines) {
     OString path = key;
     OString value;
     if (!GetKeyAndValue(path, value)) return false;
-    ExportPath(path, lines);
+    Exporter to(lines);
+    if (to.name.SetSize(MaxValueName) && to.data.SetSize(UsualValueSize)) ExportPath(path, to);
     return true;
 }
 
-void ORegistry::ExportPath(const OString& path, OStringArray& lines) {
-    WideText header;
-    header.Add('[');
-    header.Add(SyntaxWindows(path));
-    header.Add(']');
-    lines.Add(header.String());
-
+void ORegistry::ExportPath(const OString& path, Exporter& to) {
+    to.writer.WriteKey(SyntaxWindows(path));
     OStringArray names;
-    if (EnumPath(path, names, false) > 0) {
-        base_key_ = path;
-        if (SetKey(path, false)) {
-            for (int i = 0; i < names.GetSize(); ++i) ExportValue(names[i], lines);
-        }
+    if (const HKEY key = OpenKey(path, false)) {
+        if (ExportValues(key, to)) base_key_ = path;
+        for (uint32_t i = 0; EnumKey(key, i, to.name) == ERROR_SUCCESS; ++i)
+            names.Add(OString(to.name.GetData()));
+        CloseKey(key);
     }
-    lines.Add(OString());
-
-    names.SetSize(0);
-    EnumPath(path, names, true);
-    for (int i = 0; i < names.GetSize(); ++i) {
-        ExportPath(JoinPath(path, EncodeName(names[i])), lines);
-    }
+    to.writer.WriteEnd();
+    for (int i = 0; i < names.GetSize(); ++i) ExportPath(JoinPath(path, EncodeName(names[i])), to);
 }
 
-void ORegistry::ExportValue(const OString& name, OStringArray& lines) {
+bool ORegistry::ExportValues(HKEY key, Exporter& to) {
     uint32_t size = 0;
     uint32_t type = 0;
-    if (GetInfo(key_, name, &size, &type) != ERROR_SUCCESS) return;
-    OBuffer<unsigned char> data;
-    data.SetSize(size);
-    if (size > 0 &&
-        (!data.GetData() || GetData(key_, name, data.GetData(), size, size) != ERROR_SUCCESS)) {
-        return;
+    for (uint32_t i = 0;; ++i) {
+        const LONG error = EnumValue(key, i, to.name, to.data, size, type);
+        if (error == ERROR_OUTOFMEMORY) continue; // this one alone is left out
+        if (error != ERROR_SUCCESS) return i > 0;
+        to.writer.WriteValue(to.name.GetData(), type, to.data.GetData(), size);
     }
-    FormatRegistryValue(name, type, data.GetData(), size, lines);
 }
 
 bool ORegistry::Import(const OStringArray& lines) {

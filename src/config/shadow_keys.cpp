@@ -11,8 +11,8 @@
 
 namespace {
 
-bool IsExchanged(const prtreg& registry, const OString& printer_name) {
-    return registry.IsShadow() && NetworkPolicy(printer_name).IsNetworkShared();
+bool IsExchanged(const prtreg& registry) {
+    return registry.IsShadow() && NetworkPolicy(registry).IsNetworkShared();
 }
 
 // The name that the server knows its printer by.
@@ -39,14 +39,12 @@ uint32_t Ask(prtreg& registry, ShadowRequest& request, ShadowRequest::Action act
 
 void CreateShadow(const OString& printer_name) {
     prtreg registry(printer_name);
-    if (!IsExchanged(registry, printer_name)) return;
+    if (!IsExchanged(registry)) return;
     OStringArray keys;
     registry.EnumShadowKeys(keys);
     ShadowRequest request;
     for (int i = 0; i < keys.GetSize(); ++i) {
-        OStringArray lines;
-        registry.Export(keys[i], lines);
-        const uint32_t checksum = SharedKeysChecksum(lines);
+        const uint32_t checksum = SharedKeysChecksum(registry, keys[i]);
         registry.SetDWORD(keys[i] + " CRC32", checksum);
         request.Add(keys[i], checksum);
     }
@@ -67,7 +65,7 @@ void CreateShadow(const OString& printer_name) {
 
 void CommitShadow(const OString& printer_name) {
     prtreg registry(printer_name);
-    if (!IsExchanged(registry, printer_name)) return;
+    if (!IsExchanged(registry)) return;
     OStringArray keys;
     registry.EnumShadowKeys(keys);
     ShadowRequest request;

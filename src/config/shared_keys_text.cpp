@@ -1,5 +1,7 @@
 #include "config/shared_keys_text.h"
 
+#include <algorithm>
+
 #include "config/oregistry_names.h"
 #include "config/oregistry_text.h"
 #include "core/crc.h"
@@ -70,6 +72,47 @@ OString Renamed(const OString& key, const OString& printer, const OString& data,
     return renamed.String();
 }
 
+// Sums lines up as they come.
+class LineChecksum final : public RegistryLines {
+public:
+    void Add(const WideText& line) override {
+        const WCHAR* text = line.Text();
+        const WCHAR* end = text + line.Length();
+        if (std::any_of(text, end, [](WCHAR c) { return c > 127; })) {
+            // What the code page makes of it.
+            Flush();
+            const OString converted = line.String();
+            const char* bytes = converted.nstring();
+            sum_.CRC32(bytes, static_cast<uint32_t>(converted.nlen()) + 1);
+            return;
+        }
+        ++end; // with the terminator
+        while (text < end) {
+            const size_t part =
+                std::min<size_t>(static_cast<size_t>(end - text), sizeof waiting_ - waiting_size_);
+            std::transform(text, text + part, waiting_ + waiting_size_,
+                           [](WCHAR c) { return static_cast<char>(c); });
+            text += part;
+            waiting_size_ += part;
+            if (waiting_size_ == sizeof waiting_) Flush();
+        }
+    }
+    uint32_t Sum() {
+        Flush();
+        return sum_.GetValue();
+    }
+
+private:
+    void Flush() {
+        sum_.CRC32(waiting_, static_cast<uint32_t>(waiting_size_));
+        waiting_size_ = 0;
+    }
+
+    CRC32_Calculator sum_{0};
+    char waiting_[4096];
+    size_t waiting_size_ = 0;
+};
+
 } // namespace
 
 void RenameSharedKeys(const OStringArray& lines, const OString& printer, const OString& data,
@@ -110,6 +153,12 @@ uint32_t SharedKeysChecksum(const OStringArray& lines) {
     OBuffer<char> bytes;
     const uint32_t size = lines.Pack(bytes, OPACK_PLAIN);
     return CRC32(bytes.GetData(), size, 0);
+}
+
+uint32_t SharedKeysChecksum(ORegistry& registry, const OString& key) {
+    LineChecksum checksum;
+    registry.Export(key, checksum);
+    return checksum.Sum();
 }
 
 bool PackSharedKeys(const OStringArray& lines, OBuffer<char>& bytes) {

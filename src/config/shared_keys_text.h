@@ -1,6 +1,7 @@
 // The text of the settings that a server and its clients exchange.
 #pragma once
 
+#include "config/oregistry.h"
 #include "core/obuffer.h"
 #include "core/ostring.h"
 #include "core/ostring_array.h"
@@ -22,8 +23,10 @@
 void RenameSharedKeys(const OStringArray& lines, const OString& printer, const OString& data,
                       const OString& local, OStringArray& result);
 
-// The checksum of lines: that of their 8-bit forms with their terminators.
+// The checksum of lines: that of their 8-bit forms with their terminators. The second is that of
+// the lines which an export of the key makes; 0 when the path has no root.
 uint32_t SharedKeysChecksum(const OStringArray& lines);
+uint32_t SharedKeysChecksum(ORegistry& registry, const OString& key);
 
 // Packs lines into the bytes that travel, a compressed list of 8-bit strings, and back. Unpacking
 // appends. False without memory and when the bytes are no such list.

@@ -120,8 +120,9 @@ TEST_F(RegistryTextForm, BringsBackEveryNameAndString) {
     for (const char* name : texts) {
         // Written as a name of its own, whatever it holds.
         OStringArray lines;
-        FormatRegistryValue(FromUtf8(name), REG_DWORD, reinterpret_cast<unsigned char*>(&index), 4,
-                            lines);
+        RegistryLineArray array(lines);
+        RegistryTextWriter(array).WriteValue(FromUtf8(name).wstring(), REG_DWORD,
+                                             reinterpret_cast<unsigned char*>(&index), 4);
         text.push_back(ToUtf8(lines[0]));
         ++index;
     }

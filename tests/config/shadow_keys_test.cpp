@@ -4,6 +4,8 @@
 #include <win32host/control.h>
 
 #include <filesystem>
+#include <string>
+#include <vector>
 
 #include "config/prtreg.h"
 #include "config/shared_keys_text.h"
@@ -125,6 +127,16 @@ TEST_F(ShadowKeys, AreReplacedByWhatTheServerSends) {
 TEST_F(ShadowKeys, HaveTheChecksumOfTheirLinesWithTerminators) {
     const char text[] = "[" DATA_KEY "\\Settings]\0\"v\"=hex:01,00,00,00\0";
     EXPECT_EQ(ChecksumOf("DATA:Settings"), CRC32(text, sizeof text, 0));
+
+    // It is the same whether the lines are gathered first or not.
+    prtreg copy(kRemote);
+    const OString beyond(TEXT("na\u00EFve \u4E2D \\ \"x\""));
+    copy.SetString(OString("Settings:Sub/") << beyond, beyond);
+    const std::vector<char> bytes(9000, 'x');
+    copy.SetBinary("Settings:Sub/long", bytes.data(), 9000);
+    copy.SetString("Settings:", std::string(3000, 'y').c_str());
+    EXPECT_EQ(SharedKeysChecksum(copy, "DATA:Settings"), ChecksumOf("DATA:Settings"));
+    EXPECT_EQ(SharedKeysChecksum(copy, "none"), 0u);
 }
 
 TEST_F(ShadowKeys, AreSentWhenTheyAreCommitted) {
