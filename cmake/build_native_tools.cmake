@@ -1,6 +1,6 @@
-# Builds ddtpack for the machine that builds, for builds that are for another one.
+# Builds targets for the machine that builds, for builds that are for another one.
 #
-#   cmake -D SOURCE=folder -D BINARY=folder -P native_ddtpack.cmake
+#   cmake -D SOURCE=folder -D BINARY=folder -D TARGETS="one two" -P build_native_tools.cmake
 #
 # Several builds may share the folder BINARY, also at the same time.
 
@@ -13,7 +13,8 @@ if(NOT EXISTS ${BINARY}/build.ninja)
                             -D CMAKE_BUILD_TYPE=Release
                     OUTPUT_QUIET COMMAND_ERROR_IS_FATAL ANY)
 endif()
-execute_process(COMMAND ${CMAKE_COMMAND} --build ${BINARY} --target ddtpack
+separate_arguments(targets UNIX_COMMAND "${TARGETS}")
+execute_process(COMMAND ${CMAKE_COMMAND} --build ${BINARY} --target ${targets}
                 OUTPUT_VARIABLE log RESULT_VARIABLE status)
 if(NOT status EQUAL 0)
     message(FATAL_ERROR "${log}")
