@@ -269,6 +269,7 @@ void ExpectSame(const Actions& seen, const Actions& expected) {
 } // namespace
 
 TEST_F(PrinterActionsTable, HoldsForEveryPrinterThatShips) {
+    NeedRenderingModule();
     const Table table(TEST_SOURCE_DIR "/tests/product/golden/printer_actions.txt");
     std::set<std::string> shipped;
     std::ifstream packaging(TEST_BINARY_DIR "/product/zplui.inf");

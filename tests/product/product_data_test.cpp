@@ -15,27 +15,49 @@
 #include "support/model_test.h"
 #include "support/program.h"
 #include "zpl/extconfig.h"
+#include "zplui.h"
 
 namespace {
 
 class ProductData : public ModelTest {
 protected:
     // Installs every model of the product, each as "Printer MODEL"; answers the printers.
-    std::vector<std::string> InstallAll() const {
-        std::vector<std::string> printers;
+    std::vector<std::string> InstallAll() {
+        std::vector<std::string> models;
+        std::set<std::string> files = {"zplui.dll", "zpl.ddt"};
         std::ifstream in(TEST_BINARY_DIR "/product/zplui.inf");
         for (std::string line; std::getline(in, line);) {
             const size_t end = line.find("\"=Install.");
             if (end == std::string::npos) continue;
-            const std::string model = line.substr(1, end - 1);
-            const ProgramResult result =
-                RunProgram(TEST_BINARY_DIR, "labelhost",
-                           {"--root", root(), "install", "Printer " + model, "--model", model});
-            EXPECT_EQ(result.status, 0) << result.errors;
-            printers.push_back("Printer " + model);
+            const std::string oem = line.substr(end + 10, 2);
+            const std::string data_file = "zpl" + oem + ".ddt";
+            files.insert({data_file, "o" + oem + "xxenu.kds", "zpl" + oem.substr(1) + "enu.dll"});
+            models.push_back(line.substr(1, end - 1));
+            EXPECT_TRUE(AddDriver(models.back().c_str(), data_file.c_str())) << models.back();
         }
+        // The made-up drivers' empty files are replaced before anyone loads them.
+        WCHAR folder[MAX_PATH] = {};
+        DWORD needed = 0;
+        GetPrinterDriverDirectoryW(nullptr, nullptr, 1, reinterpret_cast<BYTE*>(folder),
+                                   sizeof folder, &needed);
+        const OString drivers = OString(folder) + "\\3\\";
+        for (const std::string& file : files)
+            WriteFile(Text(drivers).substr(3) + file, BytesOf(TEST_BINARY_DIR "/product/" + file));
         // The tables that were installed are those that this test's own module reads.
         WriteFile("WINDOWS\\system32\\zpl.ddt", BytesOf(TEST_BINARY_DIR "/product/zpl.ddt"));
+
+        std::vector<std::string> printers;
+        const HMODULE module = LoadLibraryW((drivers + "zplui.dll").wstring());
+        const auto event = reinterpret_cast<decltype(&DrvPrinterEvent)>(
+            reinterpret_cast<void (*)()>(GetProcAddress(module, "DrvPrinterEvent")));
+        for (const std::string& model : models) {
+            printers.push_back("Printer " + model);
+            const OString name(printers.back().c_str());
+            EXPECT_TRUE(AddPrinter(name, model.c_str())) << model;
+            // Not every spooler tells the driver.
+            EXPECT_TRUE(event(const_cast<WCHAR*>(name.wstring()), PRINTER_EVENT_INITIALIZE, 0, 0));
+        }
+        FreeLibrary(module);
         return printers;
     }
 
