@@ -84,8 +84,10 @@ ZPLUI_API BOOL WINAPI DrvConvertDevMode(LPWSTR printer, PDEVMODEW in, PDEVMODEW 
 //                           and validated. With DM_OUT_BUFFER they are stored in pdmOut, which may
 //                           be pdmIn. Answers 1 (IDOK)
 //
-// cbOut is the room in pdmOut; 0 is taken for enough. Answers 0 without a header, when the room
-// does not suffice (ERROR_INSUFFICIENT_BUFFER) and without memory. DM_IN_PROMPT is not looked at.
+// Without hPrinter the printer is that of pszPrinterName. cbOut is the room in pdmOut; 0 is taken
+// for enough, and so is the dmSize of what lies there, all that some spoolers know. Answers 0 without
+// a header, when the room does not suffice (ERROR_INSUFFICIENT_BUFFER) and without memory.
+// DM_IN_PROMPT is not looked at.
 //
 // With `info`, whose lParamInit is the header, the common property sheets make a sheet (0 without a
 // header). The driver adds no pages of its own. By the reason:

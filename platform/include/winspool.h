@@ -397,9 +397,12 @@ DWORD WINAPI GetPrinterDataW(HANDLE printer, LPWSTR name, LPDWORD type, LPBYTE d
                              LPDWORD needed);
 DWORD WINAPI GetPrinterDataA(HANDLE printer, LPSTR name, LPDWORD type, LPBYTE data, DWORD size,
                              LPDWORD needed);
-// The same for a value of any key below the printer's, "PrinterDriverData\\Settings".
+// The same for a value of any key below the printer's, "PrinterDriverData\\Settings"; setting makes
+// the key. ERROR_INVALID_PARAMETER without a key.
 DWORD WINAPI GetPrinterDataExW(HANDLE printer, LPCWSTR key, LPCWSTR name, LPDWORD type, LPBYTE data,
                                DWORD size, LPDWORD needed);
+DWORD WINAPI SetPrinterDataExW(HANDLE printer, LPCWSTR key, LPCWSTR name, DWORD type, LPBYTE data,
+                               DWORD size);
 DWORD WINAPI SetPrinterDataW(HANDLE printer, LPWSTR name, DWORD type, LPBYTE data, DWORD size);
 DWORD WINAPI SetPrinterDataA(HANDLE printer, LPSTR name, DWORD type, LPBYTE data, DWORD size);
 DWORD WINAPI DeletePrinterDataW(HANDLE printer, LPWSTR name);

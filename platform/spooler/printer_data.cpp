@@ -41,11 +41,11 @@ DWORD OpenData(const OpenedPrinter& printer, bool create, RegistryKey& key,
 }
 
 // Finds the printer of a handle that may change its data.
-DWORD OpenDataToChange(HANDLE handle, RegistryKey& key) {
+DWORD OpenDataToChange(HANDLE handle, RegistryKey& key, const std::u16string& name = kData) {
     const auto printer = FindPrinter(handle);
     if (!printer) return ERROR_INVALID_HANDLE;
     if (!printer->Has(PRINTER_ACCESS_ADMINISTER)) return ERROR_ACCESS_DENIED;
-    return OpenData(*printer, true, key);
+    return OpenData(*printer, true, key, name);
 }
 
 // The one thing that a print server tells of itself.
@@ -98,9 +98,10 @@ DWORD Answer(const Data& found, LPDWORD type, LPBYTE data, DWORD size, LPDWORD n
     return ERROR_SUCCESS;
 }
 
-DWORD Write(HANDLE handle, const std::u16string& name, DWORD type, const BYTE* data, size_t size) {
+DWORD Write(HANDLE handle, const std::u16string& name, DWORD type, const BYTE* data, size_t size,
+            const std::u16string& key_name = kData) {
     RegistryKey key;
-    if (const DWORD code = OpenDataToChange(handle, key)) return code;
+    if (const DWORD code = OpenDataToChange(handle, key, key_name)) return code;
     return static_cast<DWORD>(
         RegSetValueExW(key.get(), name.c_str(), 0, type, data, static_cast<DWORD>(size)));
 }
@@ -152,6 +153,14 @@ extern "C" DWORD WINAPI SetPrinterDataW(HANDLE handle, LPWSTR name, DWORD type, 
     return GuardedCode([&]() -> DWORD {
         if (!name || (!data && size)) return ERROR_INVALID_PARAMETER;
         return Write(handle, name, type, data, size);
+    });
+}
+
+extern "C" DWORD WINAPI SetPrinterDataExW(HANDLE handle, LPCWSTR key, LPCWSTR name, DWORD type,
+                                          LPBYTE data, DWORD size) {
+    return GuardedCode([&]() -> DWORD {
+        if (!key || !*key || !name || (!data && size)) return ERROR_INVALID_PARAMETER;
+        return Write(handle, name, type, data, size, key);
     });
 }
 

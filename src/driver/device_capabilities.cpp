@@ -11,9 +11,9 @@ BOOL WINAPI DevQueryPrintEx(PDEVQUERYPRINT_INFO) {
     return TRUE;
 }
 
-DWORD WINAPI DrvDeviceCapabilities(HANDLE printer, PWSTR, WORD capability, PVOID output,
+DWORD WINAPI DrvDeviceCapabilities(HANDLE printer, PWSTR name, WORD capability, PVOID output,
                                    PDEVMODEW dev_mode) {
-    const std::unique_ptr<const prtmodel> model(prtmodel::new_ext(PrinterInfo(printer)));
+    const std::unique_ptr<const prtmodel> model(prtmodel::new_ext(PrinterInfo::Of(printer, name)));
     if (!model) return static_cast<DWORD>(-1);
 
     DevMode settings;

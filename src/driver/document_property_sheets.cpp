@@ -15,18 +15,16 @@ constexpr LONG NO_SHEETS = -1;
 
 LONG MakeSettings(DOCUMENTPROPERTYHEADER& header) {
     const auto size = static_cast<DWORD>(DevMode::GetDefaultDevModeSize());
-    const DWORD room = header.cbOut;
     if (!header.fMode || !header.pdmOut) {
         header.cbOut = size;
         return static_cast<LONG>(size);
     }
-    // Programs that leave the room unsaid have enough.
-    if (header.fMode & DM_OUT_BUFFER && room != 0 && room < size) {
+    if (header.fMode & DM_OUT_BUFFER && !prtui::HasRoom(header, size)) {
         SetLastError(ERROR_INSUFFICIENT_BUFFER);
         return FAILURE;
     }
 
-    const PrinterInfo printer(header.hPrinter);
+    const PrinterInfo printer = PrinterInfo::Of(header.hPrinter, header.pszPrinterName);
     const std::unique_ptr<const prtmodel> model(prtmodel::new_ext(printer));
     if (!model) return FAILURE;
     DevMode settings;

@@ -124,6 +124,11 @@ PrinterInfo::PrinterInfo(const OString& name)
 PrinterInfo::PrinterInfo(void* handle)
     : handle_(handle) {}
 
+PrinterInfo PrinterInfo::Of(void* handle, const WCHAR* name) {
+    if (handle || !name || !*name) return PrinterInfo(handle);
+    return PrinterInfo(OString(name));
+}
+
 PrinterInfo::~PrinterInfo() = default;
 
 const PrinterInfo::PrinterRecord& PrinterInfo::Printer() const {

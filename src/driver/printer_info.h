@@ -27,6 +27,10 @@ public:
     // printer that the spooler does not know.
     explicit PrinterInfo(void* handle);
 
+    // On an open handle, or by name for a caller without one: not every spooler opens a printer to
+    // ask its driver. A null or empty name is a printer that the spooler does not know.
+    static PrinterInfo Of(void* handle, const WCHAR* name);
+
     virtual ~PrinterInfo();
 
     PrinterInfo(const PrinterInfo&) = delete;

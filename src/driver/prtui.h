@@ -116,11 +116,14 @@ public:
     LONG ReasonGetInfoHeader(PROPSHEETUI_INFO* info, PROPSHEETUI_INFO_HEADER* header,
                              const WCHAR* printer);
 
+    // Whether settings of `size` bytes fit into pdmOut as far as cbOut tells its room: 0, and the
+    // dmSize of what lies there, leave it unsaid and are taken for enough.
+    static bool HasRoom(const DOCUMENTPROPERTYHEADER& header, size_t size);
+
     // Ends a sheet as the user did. With `header` (of document settings) the settings go to whom
     // the sheet was opened for: after OK the edited ones to pdmOut, merged into it where that is
     // pdmIn, and with DM_UPDATE to the printer as its defaults; after Cancel, with DM_COPY, those
-    // that were last applied. cbOut is the room in pdmOut, 0 is taken for enough; where it does not
-    // suffice nothing is stored. Always 1.
+    // that were last applied. Where pdmOut has no room for them nothing is stored. Always 1.
     LONG ReasonSetResult(PROPSHEETUI_INFO* info, const SETRESULT_INFO* result,
                          const DOCUMENTPROPERTYHEADER* header);
 

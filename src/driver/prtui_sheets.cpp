@@ -1,5 +1,7 @@
 // The UI object in a property sheet.
+#include <cstddef>
 #include <cstdint>
+#include <cstring>
 #include <new>
 
 #include "core/crc.h"
@@ -20,12 +22,18 @@ constexpr ULONG_PTR PRINTER_ICON = 64082;
 // and the system's own.
 constexpr int32_t ANSWERING_PAGE = 3;
 
-bool HasRoom(const DOCUMENTPROPERTYHEADER& header, const DEVMODEW& settings) {
-    return header.cbOut == 0 ||
-           header.cbOut >= DWORD{settings.dmSize} + DWORD{settings.dmDriverExtra};
-}
-
 } // namespace
+
+bool prtui::HasRoom(const DOCUMENTPROPERTYHEADER& header, size_t size) {
+    if (header.cbOut == 0 || header.cbOut >= size) return true;
+    // Some spoolers do not know the room, and tell how large the public part is that lies there.
+    if (!header.pdmOut || header.cbOut < offsetof(DEVMODEW, dmFields)) return false;
+    WORD public_size = 0;
+    std::memcpy(&public_size,
+                reinterpret_cast<const char*>(header.pdmOut) + offsetof(DEVMODEW, dmSize),
+                sizeof public_size);
+    return header.cbOut == public_size;
+}
 
 void prtui::TakeSheet(PROPSHEETUI_INFO* info) {
     pfn_comprop = info->pfnComPropSheet;
@@ -69,16 +77,17 @@ LONG prtui::ReasonSetResult(PROPSHEETUI_INFO* info, const SETRESULT_INFO* result
     DEVMODEW* const settings = devmode.GetDevMode();
     if (header && settings) {
         const bool in_place = header->pdmIn == header->pdmOut;
+        const bool has_room = HasRoom(*header, size_t{settings->dmSize} + settings->dmDriverExtra);
         if (result->Result == CPSUI_OK) {
             if (header->fMode & (DM_UPDATE | DM_COPY)) {
                 if (in_place)
                     DevMode::MergeDevMode(header->pdmOut, settings, model.get());
-                else if (HasRoom(*header, *settings))
+                else if (has_room)
                     devmode.CopyTo(header->pdmOut);
             }
             if (header->fMode & DM_UPDATE) PrinterInfo(hprinter).SetDevMode(settings);
         } else if (result->Result == CPSUI_CANCEL && header->fMode & DM_COPY) {
-            if (HasRoom(*header, *settings)) devmode_saved.CopyTo(header->pdmOut);
+            if (has_room) devmode_saved.CopyTo(header->pdmOut);
         }
     }
     info->Result = static_cast<ULONG_PTR>(result->Result);

@@ -15,7 +15,8 @@ namespace {
 class DeviceCapabilities : public StagedDriverTest {
 protected:
     static int Ask(WORD capability, void* output = nullptr) {
-        return Capabilities(TEXT("Dock 3"), capability, static_cast<LPWSTR>(output), nullptr);
+        return DeviceCapabilitiesW(TEXT("Dock 3"), TEXT("FILE:"), capability,
+                                   static_cast<LPWSTR>(output), nullptr);
     }
 };
 
@@ -68,7 +69,8 @@ TEST_F(DeviceCapabilities, OfDocumentsFollowTheDevModeOfTheProgram) {
     } cases[] = {{DC_FIELDS, 0x780FF13}, {DC_SIZE, 220},     {DC_EXTRA, 1288},
                  {DC_VERSION, 0x401},    {DC_DRIVER, 0x607}, {DC_COPIES, 32767}};
     for (const auto& c : cases)
-        EXPECT_EQ(Capabilities(TEXT("Dock 3"), c.capability, nullptr, &mode), c.expected)
+        EXPECT_EQ(DeviceCapabilitiesW(TEXT("Dock 3"), nullptr, c.capability, nullptr, &mode),
+                  c.expected)
             << c.capability;
 }
 
@@ -86,7 +88,7 @@ TEST_F(DeviceCapabilities, OfNoPrinterAreDefaults) {
     EXPECT_EQ(DrvDeviceCapabilities(nullptr, nullptr, DC_COPIES, nullptr, nullptr), 32767u);
     EXPECT_EQ(DrvDeviceCapabilities(nullptr, nullptr, DC_ENUMRESOLUTIONS, nullptr, nullptr), 0u);
     EXPECT_EQ(DrvDeviceCapabilities(nullptr, nullptr, DC_FILEDEPENDENCIES, nullptr, nullptr), 0u);
-    EXPECT_EQ(Ask(DC_COPIES), -1) << "the spooler knows better";
+    EXPECT_EQ(Ask(DC_COPIES), RunsUnderWine() ? 0 : -1) << "the spooler knows better";
     EXPECT_TRUE(DevQueryPrintEx(nullptr));
 }
 

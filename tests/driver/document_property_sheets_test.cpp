@@ -39,7 +39,7 @@ protected:
     void TearDown() override { ClosePrinter(printer_); }
 
     LONG Ask(DEVMODEW* out, DEVMODEW* in, DWORD mode) const {
-        return Properties(printer_, out, in, mode);
+        return DocumentPropertiesW(nullptr, printer_, nullptr, out, in, mode);
     }
     // The settings that a program gets for `in`, which may be null; empty when it gets none.
     Bytes Made(DEVMODEW* in = nullptr) const {

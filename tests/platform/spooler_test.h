@@ -4,6 +4,7 @@
 
 #include "platform/error_of.h"
 #include "support/host_test.h"
+#include "support/spooler_answer.h"
 
 #include <windows.h>
 #include <winspool.h>
@@ -58,29 +59,6 @@ inline std::u16string Joined(std::initializer_list<LPCWSTR> texts) {
     for (LPCWSTR text : texts) all += std::u16string(text ? text : u"(null)") + u';';
     return all;
 }
-
-// A filled buffer, and the structures at its start.
-template <class Info>
-class Answer {
-public:
-    // `ask(buffer, size, needed)` as the API wants it; empty when it fails.
-    template <class Ask>
-    explicit Answer(const Ask& ask) {
-        DWORD needed = 0;
-        if (ask(nullptr, 0, &needed)) return;
-        buffer_.resize(needed);
-        if (!ask(buffer_.data(), needed, &needed)) buffer_.clear();
-    }
-    bool good() const { return !buffer_.empty(); }
-    const Info& operator[](size_t i) const {
-        return reinterpret_cast<const Info*>(buffer_.data())[i];
-    }
-    const Info* operator->() const { return &(*this)[0]; }
-    const std::vector<BYTE>& buffer() const { return buffer_; }
-
-private:
-    std::vector<BYTE> buffer_;
-};
 
 inline Answer<PRINTER_INFO_2W> PrinterInfo2(HANDLE printer) {
     return Answer<PRINTER_INFO_2W>([&](LPBYTE buffer, DWORD size, LPDWORD needed) {

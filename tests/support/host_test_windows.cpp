@@ -38,7 +38,9 @@ void RemoveStrangers(const fs::path& folder, const std::set<std::string>& native
 
 void RemoveFilesOfOthers() {
     RemoveStrangers("C:\\", kDriveC);
-    RemoveStrangers("C:\\windows\\system32\\spool\\drivers\\x64\\3", {});
+    const fs::path drivers = "C:\\windows\\system32\\spool\\drivers\\x64";
+    RemoveStrangers(drivers, {"3"});
+    RemoveStrangers(drivers / "3", {});
     // The folder of the module, when a library of the system stands for it.
     std::error_code ignored;
     for (const fs::directory_entry& entry :

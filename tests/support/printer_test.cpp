@@ -31,13 +31,18 @@ bool PrinterTest::AddDriver(const OString& driver, const OString& data_file, DWO
                                 OString("zplrender.dll"), OString("zplvenu.dll"), data_file})
         CloseHandle(CreateFileW((OString("C:\\stage\\") + file).tstring(), GENERIC_WRITE, 0,
                                 nullptr, CREATE_ALWAYS, FILE_ATTRIBUTE_NORMAL, nullptr));
+    return AddDriverFrom("C:\\stage\\", driver, data_file, level);
+}
 
-    const OString folder = "C:\\stage\\";
+bool PrinterTest::AddDriverFrom(const OString& folder, const OString& driver,
+                                const OString& data_file, DWORD level) {
     const OString module = folder + "zplui.dll";
     const OString renderer = folder + "zplrender.dll";
     const OString data = folder + data_file;
     const OString help = folder + "zplui.hlp";
-    const WCHAR files[] = TEXT("C:\\stage\\zplrender.dll\0C:\\stage\\zplvenu.dll\0");
+    std::basic_string<WCHAR> files;
+    for (const char* file : {"zplrender.dll", "zplvenu.dll"})
+        files.append((folder + file).wstring()).push_back(0);
     WCHAR manufacturer[] = TEXT("Maker");
     WCHAR hardware[] = TEXT("HW1");
     WCHAR provider[] = TEXT("Provider");
@@ -50,14 +55,15 @@ bool PrinterTest::AddDriver(const OString& driver, const OString& data_file, DWO
     info.pDataFile = Text(data);
     info.pConfigFile = Text(module);
     info.pHelpFile = Text(help);
-    info.pDependentFiles = const_cast<WCHAR*>(files);
+    info.pDependentFiles = files.data();
     info.pDefaultDataType = raw;
     info.pszMfgName = manufacturer;
     info.pszHardwareID = hardware;
     info.pszProvider = provider;
+    const DWORD from = folder.IsEmpty() ? 0 : APD_COPY_FROM_DIRECTORY;
     // A level-3 record is the beginning of a level-6 one.
     return AddPrinterDriverExW(nullptr, level, reinterpret_cast<BYTE*>(&info),
-                               APD_COPY_ALL_FILES | APD_COPY_FROM_DIRECTORY) != FALSE;
+                               APD_COPY_ALL_FILES | from) != FALSE;
 }
 
 bool PrinterTest::AddPrinter(const OString& name, const OString& driver, DWORD attributes,

@@ -16,9 +16,15 @@ protected:
     ~PrinterTest() override;
 
     // Adds a driver whose files are empty: driver file "zplrender.dll", configuration file
-    // "zplui.dll", help file "zplui.hlp", dependent files "zplrender.dll" and "zplvenu.dll", the data file as given.
-    // Level 6 adds manufacturer "Maker", hardware id "HW1" and provider "Provider".
+    // "zplui.dll", help file "zplui.hlp", dependent files "zplrender.dll" and "zplvenu.dll", the
+    // data file as given. Level 6 adds manufacturer "Maker", hardware id "HW1" and provider
+    // "Provider".
     bool AddDriver(const OString& driver, const OString& data_file, DWORD level = 6);
+
+    // The same with files that are in `folder` already; without a folder they are in the one that
+    // the spooler names for them, and the driver is added with their bare names.
+    bool AddDriverFrom(const OString& folder, const OString& driver, const OString& data_file,
+                       DWORD level = 6);
 
     // Adds a printer of that driver on port "FILE:".
     bool AddPrinter(const OString& name, const OString& driver, DWORD attributes = 0,

@@ -8,15 +8,19 @@
 class StagedDriverTest : public PrinterTest {
 protected:
     // Installs the module of the build in `binary_folder` as the driver "Model 1" with a model data
-    // file of these tables, and a printer "Dock 3" of it.
+    // file of these tables, and a printer "Dock 3" of it, as a set-up does: the files are put where
+    // the spooler says.
     void Install(const std::string& binary_folder, const ModelTables& tables);
 
-    // DeviceCapabilitiesW and DocumentPropertiesW. Wine's spooler hands the module no printer;
-    // there these ask the installed module as other spoolers do.
-    static int Capabilities(const WCHAR* printer, WORD capability, WCHAR* output,
-                            const DEVMODEW* dev_mode);
-    static LONG Properties(HANDLE printer, DEVMODEW* output, DEVMODEW* input, DWORD mode);
+    // An export of the installed module; null, a failure of the test, when there is none.
+    template <class Function>
+    static Function* Export(const char* name) {
+        return reinterpret_cast<Function*>(Find(name));
+    }
 
-    // The folder of version-3 drivers as a Windows path.
+    // The folder of installed version-3 drivers as a Windows path.
     static OString DriverFolder();
+
+private:
+    static void (*Find(const char* name))();
 };
