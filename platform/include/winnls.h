@@ -42,8 +42,11 @@ typedef DWORD LCTYPE;
 #define SORT_DEFAULT 0x0
 #define MAKELANGID(primary, sub) ((WORD)(((WORD)(sub) << 10) | (WORD)(primary)))
 #define MAKELCID(language, sort) (((DWORD)(WORD)(sort) << 16) | (DWORD)(WORD)(language))
+#define PRIMARYLANGID(language) ((WORD)((WORD)(language) & 0x3FF))
+#define LANGIDFROMLCID(locale) ((WORD)(locale))
 #define LANG_USER_DEFAULT MAKELANGID(LANG_NEUTRAL, SUBLANG_DEFAULT)
 #define LANG_SYSTEM_DEFAULT MAKELANGID(LANG_NEUTRAL, SUBLANG_SYS_DEFAULT)
+#define LOCALE_NEUTRAL MAKELCID(MAKELANGID(LANG_NEUTRAL, SUBLANG_NEUTRAL), SORT_DEFAULT)
 #define LOCALE_USER_DEFAULT MAKELCID(LANG_USER_DEFAULT, SORT_DEFAULT)
 #define LOCALE_SYSTEM_DEFAULT MAKELCID(LANG_SYSTEM_DEFAULT, SORT_DEFAULT)
 
@@ -102,8 +105,12 @@ UINT WINAPI GetOEMCP(void);
 BOOL WINAPI GetCPInfo(UINT code_page, LPCPINFO info);
 BOOL WINAPI IsDBCSLeadByteEx(UINT code_page, BYTE byte);
 
-// A fact of a locale as text. Every locale is the user's here. Answers the units written, with the
-// terminator; with a buffer size of 0 the units needed.
+// A fact of a locale as text, or with LOCALE_RETURN_NUMBER as a DWORD. Answers the units written,
+// with the terminator; with a buffer size of 0 the units needed. 0 is failure:
+// ERROR_INVALID_PARAMETER for an unknown locale, a negative size or a null buffer with a size;
+// ERROR_INVALID_FLAGS for an unknown fact and the number of a text; ERROR_INSUFFICIENT_BUFFER. The
+// user's locale (also the system's here) is told as the user prefers it, unless
+// LOCALE_NOUSEROVERRIDE asks for its own facts.
 int WINAPI GetLocaleInfoW(LCID locale, LCTYPE type, LPWSTR buffer, int size);
 LCID WINAPI GetUserDefaultLCID(void);
 LANGID WINAPI GetUserDefaultLangID(void);

@@ -32,6 +32,21 @@ constexpr Language kLanguages[] = {
     {"zh", "SG", u"ZHI", 0x1004},
 };
 
+// Of the languages whose code pages are not those of Western Europe: with their country before
+// those without.
+constexpr struct {
+    LANGID language;
+    CodePages code_pages;
+} kCodePages[] = {
+    {0x0409, {1252, 437}}, {0x1C09, {1252, 437}}, {0x4009, {1252, 437}}, {0x0404, {950, 950}},
+    {0x0C04, {950, 950}},  {0x04, {936, 936}},    {0x01, {1256, 720}},   {0x02, {1251, 866}},
+    {0x05, {1250, 852}},   {0x08, {1253, 737}},   {0x0D, {1255, 862}},   {0x0E, {1250, 852}},
+    {0x11, {932, 932}},    {0x12, {949, 949}},    {0x15, {1250, 852}},   {0x18, {1250, 852}},
+    {0x19, {1251, 866}},   {0x1A, {1250, 852}},   {0x1B, {1250, 852}},   {0x1E, {874, 874}},
+    {0x1F, {1254, 857}},   {0x22, {1251, 866}},   {0x24, {1250, 852}},   {0x25, {1257, 775}},
+    {0x26, {1257, 775}},   {0x27, {1257, 775}},   {0x2A, {1258, 1258}},
+};
+
 } // namespace
 
 const Language& LanguageOfLocale(std::string_view name) {
@@ -54,6 +69,22 @@ const Language& LanguageOfAbbreviation(std::u16string_view abbreviation) {
         std::find_if(std::begin(kLanguages), std::end(kLanguages),
                      [&](const Language& entry) { return entry.abbreviation == abbreviation; });
     return found != std::end(kLanguages) ? *found : kLanguages[0];
+}
+
+const Language* LanguageOfId(LANGID id) {
+    const Language* first = nullptr;
+    for (const Language& entry : kLanguages) {
+        if (entry.id == id) return &entry;
+        if (!first && PRIMARYLANGID(entry.id) == id) first = &entry;
+    }
+    return first;
+}
+
+CodePages CodePagesOf(const Language& language) {
+    for (const auto& entry : kCodePages)
+        if (entry.language == language.id || entry.language == PRIMARYLANGID(language.id))
+            return entry.code_pages;
+    return {1252, 850};
 }
 
 } // namespace win32host

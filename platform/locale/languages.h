@@ -21,4 +21,13 @@ const Language& LanguageOfLocale(std::string_view name);
 // The entry with an abbreviation, English of the United States when there is none.
 const Language& LanguageOfAbbreviation(std::u16string_view abbreviation);
 
+// The entry of an identifier, the language's first one when it names no country; null for none.
+const Language* LanguageOfId(LANGID id);
+
+// The code pages of programs that know no other texts, those of windows and of consoles.
+struct CodePages {
+    UINT ansi, oem;
+};
+CodePages CodePagesOf(const Language& language);
+
 } // namespace win32host

@@ -1,4 +1,5 @@
-// GetLocaleInfoW: the user's locale, from the environment or as a test sets it.
+// GetLocaleInfoW: the user's locale, from the environment or as a test sets it, and those of other
+// languages.
 #include "locale/facts.h"
 #include "locale/languages.h"
 
@@ -65,12 +66,12 @@ std::u16string FromCodeset(const char* text, const char* codeset) {
     return Utf16({utf8, sizeof utf8 - room});
 }
 
-LocaleFacts ReadEnvironment() {
+// The facts that three categories' locales tell.
+LocaleFacts FactsOf(const std::string& messages, const std::string& measurement,
+                    const std::string& numeric) {
     LocaleFacts facts;
-    const Language& language = LanguageOfLocale(LocaleName("LC_MESSAGES"));
-    facts.abbreviation = language.abbreviation;
+    facts.abbreviation = LanguageOfLocale(messages).abbreviation;
 
-    const std::string measurement = LocaleName("LC_MEASUREMENT");
     const HostLocale units(LC_MEASUREMENT_MASK, measurement);
     if (IsNeutral(measurement) || !units) {
         facts.inches = std::string_view(LanguageOfLocale(measurement).country) == "US";
@@ -78,7 +79,6 @@ LocaleFacts ReadEnvironment() {
         facts.inches = *units.Item(_NL_MEASUREMENT_MEASUREMENT) == 2;
     }
 
-    const std::string numeric = LocaleName("LC_NUMERIC");
     const HostLocale numbers(LC_NUMERIC_MASK | LC_CTYPE_MASK, numeric);
     if (!IsNeutral(numeric) && numbers) {
         const char* codeset = numbers.Item(CODESET);
@@ -88,10 +88,19 @@ LocaleFacts ReadEnvironment() {
     return facts;
 }
 
+// The user's.
 LocaleFacts Facts() {
     std::lock_guard guard(g_lock);
-    if (!g_facts) g_facts = ReadEnvironment();
+    if (!g_facts)
+        g_facts = FactsOf(LocaleName("LC_MESSAGES"), LocaleName("LC_MEASUREMENT"),
+                          LocaleName("LC_NUMERIC"));
     return *g_facts;
+}
+
+// A language's own, whatever the user prefers.
+LocaleFacts Facts(const Language& language) {
+    const std::string name = std::string(language.language) + "_" + language.country + ".UTF-8";
+    return FactsOf(name, name, name);
 }
 
 std::u16string Number(UINT number) {
@@ -108,9 +117,8 @@ Fact NumberFact(DWORD number) {
     return {Number(number), number};
 }
 
-std::optional<Fact> FindFact(LCTYPE type) {
-    const LocaleFacts facts = Facts();
-    const Language& language = LanguageOfAbbreviation(facts.abbreviation);
+std::optional<Fact> FindFact(const LocaleFacts& facts, const Language& language,
+                             const CodePages& code_pages, LCTYPE type) {
     switch (type) {
     case LOCALE_IMEASURE:
         return NumberFact(facts.inches);
@@ -132,12 +140,17 @@ std::optional<Fact> FindFact(LCTYPE type) {
         return Fact{text, language.id};
     }
     case LOCALE_IDEFAULTANSICODEPAGE:
-        return NumberFact(GetACP());
+        return NumberFact(code_pages.ansi);
     case LOCALE_IDEFAULTCODEPAGE:
-        return NumberFact(GetOEMCP());
+        return NumberFact(code_pages.oem);
     default:
         return std::nullopt;
     }
+}
+
+bool IsTheUsers(LCID locale) {
+    return locale == LOCALE_NEUTRAL || locale == LOCALE_USER_DEFAULT ||
+           locale == LOCALE_SYSTEM_DEFAULT || locale == GetUserDefaultLCID();
 }
 
 } // namespace
@@ -158,12 +171,19 @@ using namespace win32host;
 
 extern "C" {
 
-int WINAPI GetLocaleInfoW(LCID, LCTYPE type, LPWSTR buffer, int size) {
+int WINAPI GetLocaleInfoW(LCID locale, LCTYPE type, LPWSTR buffer, int size) {
     return Guarded(0, [&] {
-        if (size < 0 || (size > 0 && !buffer)) return Fail(ERROR_INVALID_PARAMETER);
+        const bool users = IsTheUsers(locale);
+        const Language* language =
+            LanguageOfId(users ? GetUserDefaultLangID() : LANGIDFROMLCID(locale));
+        if (!language || size < 0 || (size > 0 && !buffer)) return Fail(ERROR_INVALID_PARAMETER);
+        const bool preferred = users && !(type & LOCALE_NOUSEROVERRIDE);
+        const LocaleFacts facts = preferred ? Facts() : Facts(*language);
+        const CodePages code_pages =
+            users ? CodePages{GetACP(), GetOEMCP()} : CodePagesOf(*language);
         constexpr LCTYPE modifiers =
             LOCALE_NOUSEROVERRIDE | LOCALE_USE_CP_ACP | LOCALE_RETURN_NUMBER;
-        const std::optional<Fact> fact = FindFact(type & ~modifiers);
+        const std::optional<Fact> fact = FindFact(facts, *language, code_pages, type & ~modifiers);
         const bool as_number = (type & LOCALE_RETURN_NUMBER) != 0;
         if (!fact || (as_number && !fact->number)) return Fail(ERROR_INVALID_FLAGS);
 

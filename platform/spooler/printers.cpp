@@ -17,6 +17,7 @@ constexpr ACCESS_MASK kChanging = PRINTER_ACCESS_ADMINISTER | SERVER_ACCESS_ADMI
                                   JOB_ACCESS_ADMINISTER | DELETE | WRITE_DAC | WRITE_OWNER |
                                   GENERIC_ALL;
 constexpr DWORD kHighestPriority = 99;
+constexpr const char16_t* kPrintProcessor = u"WinPrint"; // the only one
 
 // The information levels of the default settings alone: everybody's, and the user's own.
 constexpr DWORD kDefaults = 8, kUserDefaults = 9;
@@ -41,7 +42,7 @@ PrinterRecord RecordOf(const PRINTER_INFO_2W& info, const PrinterRecord& old) {
     record.comment = Copy(info.pComment);
     record.location = Copy(info.pLocation);
     record.separator_file = Copy(info.pSepFile);
-    record.print_processor = CopyOr(info.pPrintProcessor, u"WinPrint");
+    record.print_processor = CopyOr(info.pPrintProcessor, kPrintProcessor);
     record.datatype = CopyOr(info.pDatatype, u"RAW");
     record.parameters = Copy(info.pParameters);
     record.attributes =
@@ -62,6 +63,9 @@ DWORD Check(const PrintServer& server, const PrinterRecord& record, const Printe
         return ERROR_UNKNOWN_PRINTER_DRIVER;
     if ((is_new || !SameName(record.port, old.port)) && !IsUsablePort(server, record.port))
         return ERROR_UNKNOWN_PORT;
+    if (!SameName(record.print_processor, kPrintProcessor) &&
+        !SameName(record.print_processor, old.print_processor))
+        return ERROR_UNKNOWN_PRINTPROCESSOR;
     if (record.priority > kHighestPriority || record.default_priority > kHighestPriority)
         return ERROR_INVALID_PRIORITY;
     return ERROR_SUCCESS;

@@ -96,94 +96,6 @@ TEST_F(SpoolerPrinters, HaveEmptyTextsAndNoDocumentSettingsWhereNoneWereGiven) {
     EXPECT_EQ(answer->pDevMode, nullptr);
 }
 
-TEST_F(SpoolerPrinters, FillBuffersOfTheNeededSizeAndNoSmallerOnes) {
-    std::vector<BYTE> dev_mode = DevModeWithPrivatePart(u"LABELS", 3);
-    PRINTER_INFO_2W info = Wanted(u"LABELS");
-    info.pDevMode = reinterpret_cast<PDEVMODEW>(dev_mode.data());
-    ASSERT_EQ(SetInfo(printer_, info), 0);
-
-    using Ask = std::function<BOOL(LPBYTE, DWORD, LPDWORD)>;
-    const HANDLE p = printer_;
-    std::vector<Ask> cases = {
-        [=](auto... to) { return GetPrinterA(p, 2, to...); },
-        [=](auto... to) { return GetPrinterDriverA(p, nullptr, 3, to...); },
-        [](auto... to) { return GetPrinterDriverDirectoryW(nullptr, nullptr, 1, to...); },
-    };
-    DWORD count;
-    for (DWORD level : {1u, 2u, 4u})
-        cases.push_back([=](auto... to) { return GetPrinterW(p, level, to...); });
-    for (DWORD level : {2u, 3u, 6u})
-        cases.push_back([=](auto... to) { return GetPrinterDriverW(p, nullptr, level, to...); });
-    cases.push_back(
-        [&](auto... to) { return EnumPrintersW(PRINTER_ENUM_LOCAL, nullptr, 2, to..., &count); });
-    cases.push_back(
-        [&](auto... to) { return EnumPrinterDriversW(nullptr, nullptr, 3, to..., &count); });
-    cases.push_back([&](auto... to) { return EnumPortsW(nullptr, 2, to..., &count); });
-    for (const Ask& ask : cases) {
-        SCOPED_TRACE(&ask - cases.data());
-        DWORD needed = 0, again = 0;
-        EXPECT_EQ(ErrorOf(ask(nullptr, 0, &needed)), ERROR_INSUFFICIENT_BUFFER);
-        for (DWORD size : {DWORD{0}, DWORD{1}, needed / 2, needed - 1}) {
-            // Of exactly this size, so that a write past its end is found out.
-            const auto buffer = std::make_unique<BYTE[]>(size);
-            std::fill_n(buffer.get(), size, BYTE{0xEE});
-            EXPECT_EQ(ErrorOf(ask(buffer.get(), size, &again)), ERROR_INSUFFICIENT_BUFFER);
-            EXPECT_EQ(again, needed);
-            EXPECT_EQ(std::count(buffer.get(), buffer.get() + size, 0xEE), size);
-        }
-        const auto odd = std::make_unique<BYTE[]>(needed + 1);
-        for (int at : {0, 1}) EXPECT_TRUE(ask(odd.get() + at, needed, &again));
-        EXPECT_EQ(again, needed);
-        EXPECT_EQ(ErrorOf(ask(nullptr, needed, &again)), ERROR_INVALID_USER_BUFFER);
-        EXPECT_EQ(ErrorOf(ask(odd.get(), needed, nullptr)), ERROR_INVALID_PARAMETER);
-    }
-}
-
-TEST_F(SpoolerPrinters, KnowNoOtherLevels) {
-    BYTE b[16];
-    DWORD needed = 0, count = 0;
-    PRINTER_INFO_2W info = Wanted(u"OTHER");
-    const auto bytes = reinterpret_cast<LPBYTE>(&info);
-    for (DWORD level : {DWORD{0}, DWORD{7}, DWORD{100}, DWORD{0xFFFFFFFF}}) {
-        EXPECT_EQ(ErrorOf(GetPrinterW(printer_, level, b, 16, &needed)), ERROR_INVALID_LEVEL);
-        EXPECT_EQ(ErrorOf(GetPrinterA(printer_, level, b, 16, &needed)), ERROR_INVALID_LEVEL);
-        EXPECT_EQ(ErrorOf(SetPrinterW(printer_, level, bytes, 0)), ERROR_INVALID_LEVEL);
-        EXPECT_EQ(ErrorOf(AddPrinterW(nullptr, level, bytes)), ERROR_INVALID_LEVEL);
-        EXPECT_EQ(
-            ErrorOf(EnumPrintersW(PRINTER_ENUM_LOCAL, nullptr, level, b, 16, &needed, &count)),
-            ERROR_INVALID_LEVEL);
-        EXPECT_EQ(ErrorOf(GetPrinterDriverW(printer_, nullptr, level, b, 16, &needed)),
-                  ERROR_INVALID_LEVEL);
-        EXPECT_EQ(ErrorOf(EnumPortsW(nullptr, level, b, 16, &needed, &count)), ERROR_INVALID_LEVEL);
-    }
-}
-
-TEST_F(SpoolerPrinters, RefuseHandlesThatAreNotTheirs) {
-    const HANDLE closed = Open(u"LABELS");
-    ASSERT_TRUE(ClosePrinter(closed));
-    const HANDLE file =
-        CreateFileW(u"C:\\setup\\extra1.dat", GENERIC_READ, 0, nullptr, OPEN_EXISTING, 0, nullptr);
-    HANDLE server = nullptr;
-    ASSERT_TRUE(OpenPrinterW(nullptr, &server, nullptr));
-    int local = 0;
-    BYTE b[16];
-    DWORD needed = 0, type = 0;
-    for (HANDLE handle : {HANDLE{}, INVALID_HANDLE_VALUE, closed, file, HANDLE{&local}, server}) {
-        EXPECT_EQ(ErrorOf(GetPrinterW(handle, 2, b, 16, &needed)), ERROR_INVALID_HANDLE);
-        EXPECT_EQ(ErrorOf(GetPrinterA(handle, 2, b, 16, &needed)), ERROR_INVALID_HANDLE);
-        EXPECT_EQ(SetInfo(handle, Wanted(u"LABELS")), ERROR_INVALID_HANDLE);
-        EXPECT_EQ(ErrorOf(DeletePrinter(handle)), ERROR_INVALID_HANDLE);
-        EXPECT_EQ(ErrorOf(GetPrinterDriverW(handle, nullptr, 3, b, 16, &needed)),
-                  ERROR_INVALID_HANDLE);
-        EXPECT_EQ(GetPrinterDataW(handle, Text(u"x"), &type, b, 16, &needed),
-                  DWORD{ERROR_INVALID_HANDLE});
-        EXPECT_EQ(SetPrinterDataW(handle, Text(u"x"), REG_BINARY, b, 1),
-                  DWORD{ERROR_INVALID_HANDLE});
-        EXPECT_EQ(ErrorOf(ClosePrinter(handle)), handle == server ? 0 : ERROR_INVALID_HANDLE);
-    }
-    EXPECT_TRUE(CloseHandle(file));
-}
-
 TEST_F(SpoolerPrinters, MayHaveAnyNameWithoutABackslash) {
     for (const std::u16string& name :
          {std::u16string(u"Dock 3/left"), std::u16string(u"100% cotton"), std::u16string(u"a:b"),
@@ -211,6 +123,7 @@ TEST_F(SpoolerPrinters, AreNotAddedWhenSomethingIsWrongWithThem) {
         {[](Info& i) { i.pDriverName = Text(u"Nobody"); }, ERROR_UNKNOWN_PRINTER_DRIVER},
         {[](Info& i) { i.pPortName = nullptr; }, ERROR_UNKNOWN_PORT},
         {[](Info& i) { i.pPortName = Text(u"LPT9:"); }, ERROR_UNKNOWN_PORT},
+        {[](Info& i) { i.pPrintProcessor = Text(u"Other"); }, ERROR_UNKNOWN_PRINTPROCESSOR},
         {[](Info& i) { i.Priority = 100; }, ERROR_INVALID_PRIORITY},
         {[](Info& i) { i.pDevMode = &no_settings; }, ERROR_INVALID_PARAMETER},
     };

@@ -1,0 +1,136 @@
+// What the system tells of the user's language and of others.
+#include "platform/error_of.h"
+#include "support/host_test.h"
+#include "support/wide.h"
+
+#include <win32host/control.h>
+#include <windows.h>
+
+#include <algorithm>
+#include <string>
+
+namespace {
+
+constexpr LCID kAmerican = MAKELCID(0x0409, SORT_DEFAULT);
+
+// A fact, "error N" without it.
+Wide Fact(LCID locale, LCTYPE type) {
+    WCHAR text[40];
+    const int size = GetLocaleInfoW(locale, type, text, 40);
+    if (size > 0) return Wide(text, static_cast<size_t>(size) - 1);
+    const std::string error = "error " + std::to_string(GetLastError());
+    return Wide(error.begin(), error.end());
+}
+
+// The same facts of a locale, each with a blank behind it.
+Wide Facts(LCID locale, std::initializer_list<LCTYPE> types) {
+    Wide all;
+    for (const LCTYPE type : types) all += Fact(locale, type) + TEXT(" ");
+    return all;
+}
+
+DWORD Number(LCID locale, LCTYPE type) {
+    DWORD number = 0;
+    const int size =
+        GetLocaleInfoW(locale, type | LOCALE_RETURN_NUMBER, reinterpret_cast<WCHAR*>(&number), 2);
+    return size == 2 ? number : ~DWORD{0};
+}
+
+using LocaleFacts = HostTest;
+
+TEST_F(LocaleFacts, OfTheUserAreAsTheUserPrefersThem) {
+    const std::initializer_list<LCTYPE> preferences = {LOCALE_IMEASURE, LOCALE_ILZERO,
+                                                       LOCALE_SDECIMAL, LOCALE_STHOUSAND};
+    for (const bool american : {true, false}) {
+        win32host::SetLocaleFacts(american
+                                      ? win32host::LocaleFacts{true, true}
+                                      : win32host::LocaleFacts{false, false, TEXT(","), TEXT("'")});
+        for (const LCID locale :
+             {LOCALE_NEUTRAL, LOCALE_USER_DEFAULT, LOCALE_SYSTEM_DEFAULT, kAmerican}) {
+            EXPECT_EQ(Facts(locale, preferences), american ? TEXT("1 1 . , ") : TEXT("0 0 , ' "));
+            EXPECT_EQ(Number(locale, LOCALE_IMEASURE), DWORD{american});
+            EXPECT_EQ(Fact(locale, LOCALE_SDECIMAL | LOCALE_NOUSEROVERRIDE), TEXT("."));
+            EXPECT_EQ(Number(locale, LOCALE_IMEASURE | LOCALE_NOUSEROVERRIDE), 1u);
+            EXPECT_EQ(Facts(locale, {LOCALE_SABBREVLANGNAME, LOCALE_SISO639LANGNAME,
+                                     LOCALE_SISO3166CTRYNAME, LOCALE_ILANGUAGE,
+                                     LOCALE_IDEFAULTANSICODEPAGE, LOCALE_IDEFAULTCODEPAGE}),
+                      TEXT("ENU en US 0409 1252 437 "));
+        }
+    }
+    EXPECT_EQ(GetUserDefaultLCID(), kAmerican);
+    EXPECT_EQ(GetUserDefaultLangID(), 0x0409);
+}
+
+TEST_F(LocaleFacts, OfAnotherLanguageAreItsOwn) {
+    const struct {
+        LANGID language;
+        const WCHAR* facts;
+        DWORD ansi, oem;
+    } cases[] = {
+        {0x0407, TEXT("DEU de DE 0407 0 "), 1252, 850},
+        {0x0007, TEXT("DEU de DE 0407 0 "), 1252, 850},
+        {0x0807, TEXT("DES de CH 0807 0 "), 1252, 850},
+        {0x0C0C, TEXT("FRC fr CA 0c0c 0 "), 1252, 850},
+        {0x0809, TEXT("ENG en GB 0809 0 "), 1252, 850},
+        {0x0411, TEXT("JPN ja JP 0411 0 "), 932, 932},
+        {0x0804, TEXT("CHS zh CN 0804 0 "), 936, 936},
+        {0x0404, TEXT("CHT zh TW 0404 0 "), 950, 950},
+        {0x0412, TEXT("KOR ko KR 0412 0 "), 949, 949},
+        {0x0419, TEXT("RUS ru RU 0419 0 "), 1251, 866},
+        {0x0415, TEXT("PLK pl PL 0415 0 "), 1250, 852},
+        {0x0408, TEXT("ELL el GR 0408 0 "), 1253, 737},
+        {0x041F, TEXT("TRK tr TR 041f 0 "), 1254, 857},
+        {0x040D, TEXT("HEB he IL 040d 0 "), 1255, 862},
+        {0x0425, TEXT("ETI et EE 0425 0 "), 1257, 775},
+        {0x041E, TEXT("THA th TH 041e 0 "), 874, 874},
+        {0x042A, TEXT("VIT vi VN 042a 0 "), 1258, 1258},
+    };
+    win32host::SetLocaleFacts({true, true});
+    for (const auto& c : cases) {
+        const LCID locale = MAKELCID(c.language, SORT_DEFAULT);
+        EXPECT_EQ(Facts(locale, {LOCALE_SABBREVLANGNAME, LOCALE_SISO639LANGNAME,
+                                 LOCALE_SISO3166CTRYNAME, LOCALE_ILANGUAGE, LOCALE_IMEASURE}),
+                  c.facts);
+        EXPECT_EQ(Number(locale, LOCALE_IDEFAULTANSICODEPAGE), c.ansi) << c.language;
+        EXPECT_EQ(Number(locale, LOCALE_IDEFAULTCODEPAGE), c.oem) << c.language;
+    }
+}
+
+TEST_F(LocaleFacts, FillBuffersThatAreLargeEnough) {
+    win32host::SetLocaleFacts({true, true});
+    const struct {
+        LCTYPE type;
+        int size;
+        int answer;
+        int error;
+    } cases[] = {
+        {LOCALE_SABBREVLANGNAME, 0, 4, 0},
+        {LOCALE_SABBREVLANGNAME, 1, 0, ERROR_INSUFFICIENT_BUFFER},
+        {LOCALE_SABBREVLANGNAME, 3, 0, ERROR_INSUFFICIENT_BUFFER},
+        {LOCALE_SABBREVLANGNAME, 4, 4, 0},
+        {LOCALE_SABBREVLANGNAME, 8, 4, 0},
+        {LOCALE_SABBREVLANGNAME, -1, 0, ERROR_INVALID_PARAMETER},
+        {LOCALE_SABBREVLANGNAME | LOCALE_USE_CP_ACP, 8, 4, 0},
+        {LOCALE_IMEASURE | LOCALE_RETURN_NUMBER, 0, 2, 0},
+        {LOCALE_IMEASURE | LOCALE_RETURN_NUMBER, 1, 0, ERROR_INSUFFICIENT_BUFFER},
+        {LOCALE_IMEASURE | LOCALE_RETURN_NUMBER, 2, 2, 0},
+        {LOCALE_IMEASURE | LOCALE_RETURN_NUMBER, 8, 2, 0},
+        {LOCALE_SDECIMAL | LOCALE_RETURN_NUMBER, 8, 0, ERROR_INVALID_FLAGS},
+        {0, 8, 0, ERROR_INVALID_FLAGS},
+        {0x7777, 8, 0, ERROR_INVALID_FLAGS},
+    };
+    for (const auto& c : cases) {
+        SCOPED_TRACE(testing::Message() << std::hex << c.type << " into " << c.size);
+        Wide buffer(8, TEXT('.'));
+        const int answer = GetLocaleInfoW(LOCALE_USER_DEFAULT, c.type, buffer.data(), c.size);
+        EXPECT_EQ(ErrorOf(answer != 0), c.error);
+        EXPECT_EQ(answer, c.answer);
+        const int written = c.size > 0 ? answer : 0;
+        EXPECT_EQ(std::count(buffer.begin() + written, buffer.end(), '.'), 8 - written);
+    }
+    EXPECT_EQ(ErrorOf(GetLocaleInfoW(LOCALE_USER_DEFAULT, LOCALE_SDECIMAL, nullptr, 4) != 0),
+              ERROR_INVALID_PARAMETER);
+    EXPECT_EQ(Fact(MAKELCID(0x2333, SORT_DEFAULT), LOCALE_SDECIMAL), TEXT("error 87"));
+}
+
+} // namespace
