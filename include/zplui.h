@@ -85,8 +85,8 @@ ZPLUI_API BOOL WINAPI DrvConvertDevMode(LPWSTR printer, PDEVMODEW in, PDEVMODEW 
 //                           be pdmIn. Answers 1 (IDOK)
 //
 // Without hPrinter the printer is that of pszPrinterName. cbOut is the room in pdmOut; 0 is taken
-// for enough, and so is the dmSize of what lies there, all that some spoolers know. Answers 0 without
-// a header, when the room does not suffice (ERROR_INSUFFICIENT_BUFFER) and without memory.
+// for enough, and so is the dmSize of what lies there, all that some spoolers know. Answers 0
+// without a header, when the room does not suffice (ERROR_INSUFFICIENT_BUFFER) and without memory.
 // DM_IN_PROMPT is not looked at.
 //
 // With `info`, whose lParamInit is the header, the common property sheets make a sheet (0 without a

@@ -42,7 +42,7 @@ typedef DWORD LCTYPE;
 #define SORT_DEFAULT 0x0
 #define MAKELANGID(primary, sub) ((WORD)(((WORD)(sub) << 10) | (WORD)(primary)))
 #define MAKELCID(language, sort) (((DWORD)(WORD)(sort) << 16) | (DWORD)(WORD)(language))
-#define PRIMARYLANGID(language) ((WORD)((WORD)(language) & 0x3FF))
+#define PRIMARYLANGID(language) ((WORD)((WORD)(language)&0x3FF))
 #define LANGIDFROMLCID(locale) ((WORD)(locale))
 #define LANG_USER_DEFAULT MAKELANGID(LANG_NEUTRAL, SUBLANG_DEFAULT)
 #define LANG_SYSTEM_DEFAULT MAKELANGID(LANG_NEUTRAL, SUBLANG_SYS_DEFAULT)

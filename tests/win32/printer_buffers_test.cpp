@@ -166,7 +166,7 @@ public:
     bool Holds(const WCHAR* text) const {
         const auto* begin = reinterpret_cast<const BYTE*>(text);
         if (begin < bytes_.data() || begin >= bytes_.data() + size_) return false;
-        const auto* end = reinterpret_cast<const WCHAR*>(bytes_.data() + size_ / 2 * 2);
+        const auto* end = reinterpret_cast<const WCHAR*>(bytes_.data() + (size_ & ~DWORD{1}));
         return std::find(text, end, 0) != end;
     }
 
