@@ -142,7 +142,7 @@ void BM_ReadLines(benchmark::State& state) {
         while (file.ReadLine(line)) benchmark::DoNotOptimize(line.nstring());
     }
 }
-BENCHMARK(BM_ReadLines)->Unit(benchmark::kMillisecond)->Arg(10)->Arg(1000);
+BENCHMARK(BM_ReadLines)->Unit(benchmark::kMillisecond)->Arg(10)->Arg(100)->Arg(1000);
 
 void BM_ImportDataFonts(benchmark::State& state) {
     const Printer printer;
