@@ -9,6 +9,10 @@ struct ProgramResult {
     std::string output, errors;
 };
 
+// The words by which labelhost works on the machine of a test, whose root folder this is; none
+// where it knows one machine only.
+std::vector<std::string> OnMachine(const std::string& root);
+
 // Runs build/.../bin/NAME with these arguments and waits for its end.
 ProgramResult RunProgram(const std::string& binary_folder, const std::string& name,
                          const std::vector<std::string>& arguments);

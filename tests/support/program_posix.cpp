@@ -21,6 +21,10 @@ std::string TakeFile(const std::string& name) {
 
 } // namespace
 
+std::vector<std::string> OnMachine(const std::string& root) {
+    return {"--root", root};
+}
+
 ProgramResult RunProgram(const std::string& binary_folder, const std::string& name,
                          const std::vector<std::string>& arguments) {
     const std::string program = binary_folder + "/bin/" + name;

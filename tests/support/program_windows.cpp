@@ -41,14 +41,21 @@ std::string TextOf(const fs::path& path) {
 
 } // namespace
 
+std::vector<std::string> OnMachine(const std::string& /*root*/) {
+    return {};
+}
+
 ProgramResult RunProgram(const std::string& binary_folder, const std::string& name,
                          const std::vector<std::string>& arguments) {
     const std::string program = binary_folder + "/bin/" + name + ".exe";
     std::wstring line = Quoted(program);
     for (const std::string& argument : arguments) line += L" " + Quoted(argument);
 
+    // A program of the system that came with an earlier one may still hold on to its files.
+    static int number = 0;
     const fs::path scratch =
-        fs::temp_directory_path() / ("program-" + std::to_string(GetCurrentProcessId()));
+        fs::temp_directory_path() /
+        ("program-" + std::to_string(GetCurrentProcessId()) + "-" + std::to_string(++number));
     fs::create_directories(scratch);
     const fs::path out = scratch / "out", err = scratch / "err";
     STARTUPINFOW start = {};

@@ -1,11 +1,10 @@
-// labelhost dither on PNG files of every kind, read back by libpng's simplified interface.
+// labelhost dither on PNG files of every kind.
 
 #include "support/host_test.h"
 #include "support/program.h"
+#include "tools/png_file.h"
 
 #include <gmock/gmock.h>
-#include <png.h>
-#include <zlib.h>
 
 #include <algorithm>
 #include <filesystem>
@@ -16,65 +15,27 @@ namespace {
 using testing::Each;
 using testing::ElementsAre;
 using testing::HasSubstr;
-using Bytes = std::vector<uint8_t>;
-
-// A PNG file in memory, with the samples as they are to be stored.
-struct Png {
-    png_uint_32 width, height;
-    int depth, type;
-    bool interlaced;
-    Bytes samples; // rows without padding between them, 16-bit samples high byte first
-    std::vector<png_color> palette = {};
-    Bytes transparency = {};
-};
-
-void Save(const std::string& file, const Png& image) {
-    png_structp png = png_create_write_struct(PNG_LIBPNG_VER_STRING, nullptr, nullptr, nullptr);
-    png_infop info = png_create_info_struct(png);
-    std::FILE* out = std::fopen(file.c_str(), "wb");
-    png_init_io(png, out);
-    png_set_IHDR(png, info, image.width, image.height, image.depth, image.type,
-                 image.interlaced ? PNG_INTERLACE_ADAM7 : PNG_INTERLACE_NONE,
-                 PNG_COMPRESSION_TYPE_DEFAULT, PNG_FILTER_TYPE_DEFAULT);
-    if (!image.palette.empty())
-        png_set_PLTE(png, info, image.palette.data(), static_cast<int>(image.palette.size()));
-    if (!image.transparency.empty())
-        png_set_tRNS(png, info, image.transparency.data(),
-                     static_cast<int>(image.transparency.size()), nullptr);
-    Bytes samples = image.samples;
-    std::vector<png_bytep> rows;
-    const size_t row_size = samples.size() / image.height;
-    for (size_t y = 0; y < image.height; ++y) rows.push_back(samples.data() + y * row_size);
-    png_set_rows(png, info, rows.data());
-    png_write_png(png, info, PNG_TRANSFORM_IDENTITY, nullptr);
-    png_destroy_write_struct(&png, &info);
-    std::fclose(out);
-}
 
 class LabelhostDither : public HostTest {
 protected:
     std::string Path(const std::string& name) const { return root() + "/" + name; }
 
-    ProgramResult Run(std::vector<std::string> words) const {
-        words.insert(words.begin(), {"--root", root(), "dither"});
-        words.insert(words.end(), {"--product", TEST_BINARY_DIR "/bin"});
-        return RunProgram(TEST_BINARY_DIR, "labelhost", words);
+    ProgramResult Run(const std::vector<std::string>& words) const {
+        std::vector<std::string> all = OnMachine(root());
+        all.emplace_back("dither");
+        all.insert(all.end(), words.begin(), words.end());
+        all.insert(all.end(), {"--product", TEST_BINARY_DIR "/bin"});
+        return RunProgram(TEST_BINARY_DIR, "labelhost", all);
     }
 
     // The picture as red, green, blue, after the command with these options.
     Bytes Dither(const Png& image, std::vector<std::string> options = {}) const {
-        Save(Path("in.png"), image);
+        SavePng(Path("in.png"), image);
         options.insert(options.begin(), {Path("in.png"), Path("out.png")});
         const ProgramResult result = Run(options);
         EXPECT_EQ(result.status, 0) << result.errors;
         EXPECT_EQ(result.output + result.errors, "");
-        png_image out = {};
-        out.version = PNG_IMAGE_VERSION;
-        if (!png_image_begin_read_from_file(&out, Path("out.png").c_str())) return {};
-        out.format = PNG_FORMAT_RGB;
-        Bytes pixels(PNG_IMAGE_SIZE(out));
-        png_image_finish_read(&out, nullptr, pixels.data(), 0, nullptr);
-        return pixels;
+        return PixelsOf(Path("out.png"));
     }
 
     // Depth and colour type in the header of the last result.
@@ -94,7 +55,7 @@ Bytes Repeat(size_t times, const Bytes& bytes) {
 
 TEST_F(LabelhostDither, ScreensByTheModule) {
     // A grey of 100 is above two of the four thresholds.
-    const Png grey = {2, 2, 8, PNG_COLOR_TYPE_GRAY, false, Bytes(4, 100)};
+    const Png grey = {2, 2, 8, kGrey, false, Bytes(4, 100)};
     const std::vector<std::string> options = {"--algorithm", "dispersed", "--dispersed-matrix",
                                               "0"};
     const auto with = [&](std::vector<std::string> more) {
@@ -103,16 +64,16 @@ TEST_F(LabelhostDither, ScreensByTheModule) {
         return Bytes{pixels[0], pixels[3], pixels[6], pixels[9]};
     };
     EXPECT_THAT(with({}), ElementsAre(255, 0, 0, 255));
-    EXPECT_EQ(Kind(), std::make_pair(1, PNG_COLOR_TYPE_GRAY));
+    EXPECT_EQ(Kind(), std::make_pair(1, int{kGrey}));
     EXPECT_THAT(with({"--origin-x", "1"}), ElementsAre(0, 255, 255, 0));
     EXPECT_THAT(with({"--brightness", "100"}), Each(255));
     EXPECT_THAT(with({"--invert"}), ElementsAre(255, 255, 0, 255));
     EXPECT_THAT(with({"--preview"}), Each(127));
-    EXPECT_EQ(Kind(), std::make_pair(1, PNG_COLOR_TYPE_PALETTE));
+    EXPECT_EQ(Kind(), std::make_pair(1, int{kPalette}));
 }
 
 TEST_F(LabelhostDither, MirrorsBothWays) {
-    const Png corner = {2, 2, 8, PNG_COLOR_TYPE_GRAY, false, {255, 0, 0, 0}};
+    const Png corner = {2, 2, 8, kGrey, false, {255, 0, 0, 0}};
     const auto white = [&](const std::vector<std::string>& options) {
         const Bytes pixels = Dither(corner, options);
         return (std::find(pixels.begin(), pixels.end(), 255) - pixels.begin()) / 3;
@@ -129,29 +90,25 @@ TEST_F(LabelhostDither, ReadsEveryKindOfPng) {
         Png image;
         const char* color;
     } cases[] = {
-        {"grey", {5, 3, 8, PNG_COLOR_TYPE_GRAY, false, Bytes(15, 120)}, "787878"},
-        {"grey of 4 bits", {4, 2, 4, PNG_COLOR_TYPE_GRAY, false, Bytes(4, 0x33)}, "333333"},
-        {"grey of 16 bits",
-         {2, 2, 16, PNG_COLOR_TYPE_GRAY, false, Repeat(4, {0x80, 0x80})},
-         "808080"},
-        {"colour", {2, 2, 8, PNG_COLOR_TYPE_RGB, false, Repeat(4, {10, 20, 30})}, "0A141E"},
+        {"grey", {5, 3, 8, kGrey, false, Bytes(15, 120)}, "787878"},
+        {"grey of 4 bits", {4, 2, 4, kGrey, false, Bytes(4, 0x33)}, "333333"},
+        {"grey of 16 bits", {2, 2, 16, kGrey, false, Repeat(4, {0x80, 0x80})}, "808080"},
+        {"grey of 16 bits, rounded", {2, 2, 16, kGrey, false, Repeat(4, {0x40, 0xFF})}, "414141"},
+        {"transparent grey", {2, 2, 8, kGrey, false, Bytes(4, 7), {}, {0, 7}}, "FFFFFF"},
+        {"colour", {2, 2, 8, kColor, false, Repeat(4, {10, 20, 30})}, "0A141E"},
         {"colour of 16 bits",
-         {2, 2, 16, PNG_COLOR_TYPE_RGB, false, Repeat(4, {10, 10, 20, 20, 30, 30})},
+         {2, 2, 16, kColor, false, Repeat(4, {10, 10, 20, 20, 30, 30})},
          "0A141E"},
-        {"palette",
-         {3, 1, 8, PNG_COLOR_TYPE_PALETTE, false, {1, 1, 1}, {{1, 2, 3}, {40, 50, 60}}},
-         "28323C"},
+        {"palette", {3, 1, 8, kPalette, false, {1, 1, 1}, {{1, 2, 3}, {40, 50, 60}}}, "28323C"},
         {"half transparent palette",
-         {3, 1, 8, PNG_COLOR_TYPE_PALETTE, false, {0, 0, 0}, {{0, 51, 255}}, {51}},
+         {3, 1, 8, kPalette, false, {0, 0, 0}, {{0, 51, 255}}, {51}},
          "CCD6FF"},
-        {"transparent", {2, 1, 8, PNG_COLOR_TYPE_RGBA, false, Repeat(2, {9, 9, 9, 0})}, "FFFFFF"},
-        {"half transparent",
-         {2, 1, 8, PNG_COLOR_TYPE_RGBA, false, Repeat(2, {0, 51, 255, 51})},
-         "CCD6FF"},
+        {"transparent", {2, 1, 8, kColorAlpha, false, Repeat(2, {9, 9, 9, 0})}, "FFFFFF"},
+        {"half transparent", {2, 1, 8, kColorAlpha, false, Repeat(2, {0, 51, 255, 51})}, "CCD6FF"},
         {"half transparent grey, 16 bits",
-         {2, 1, 16, PNG_COLOR_TYPE_GRAY_ALPHA, false, Repeat(2, {0, 0, 0x80, 0x80})},
+         {2, 1, 16, kGreyAlpha, false, Repeat(2, {0, 0, 0x80, 0x80})},
          "7F7F7F"},
-        {"interlaced", {9, 9, 8, PNG_COLOR_TYPE_RGB, true, Repeat(81, {10, 20, 30})}, "0A141E"},
+        {"interlaced", {9, 9, 8, kColor, true, Repeat(81, {10, 20, 30})}, "0A141E"},
     };
     // The colours, all of them in one palette of several.
     std::string colors;
@@ -168,16 +125,43 @@ TEST_F(LabelhostDither, ReadsEveryKindOfPng) {
 }
 
 TEST_F(LabelhostDither, KeepsThePixelsOfInterlacedPicturesInPlace) {
-    Png image = {40, 30, 8, PNG_COLOR_TYPE_GRAY, false, {}};
+    Png image = {40, 30, 8, kGrey, false, {}};
     for (int i = 0; i < 1200; ++i) image.samples.push_back(static_cast<uint8_t>(i * 7 % 256));
     const Bytes plain = Dither(image);
     image.interlaced = true;
     EXPECT_EQ(Dither(image), plain);
 }
 
+TEST_F(LabelhostDither, MakesThePicturesOfThePage) {
+    const struct {
+        const char* name;
+        std::vector<std::string> options;
+    } cases[] = {
+        {"none", {"--algorithm", "none"}},
+        {"dispersed", {"--algorithm", "dispersed"}},
+        {"clustered-8", {"--algorithm", "clustered", "--clustered-matrix", "3"}},
+        {"algebraic", {"--algorithm", "algebraic"}},
+        {"jarvis", {"--algorithm", "diffusion", "--kernel", "jarvis"}},
+        {"contrast", {"--algorithm", "diffusion", "--contrast", "60"}},
+        {"palette", {"--algorithm", "diffusion", "--palette", "FFFFFF,000000,E02020"}},
+        {"color", {"--algorithm", "dispersed", "--color-mode", "color"}},
+        {"preview", {"--algorithm", "clustered", "--preview"}},
+    };
+    const std::string pictures = TEST_SOURCE_DIR "/docs/pictures/";
+    const std::string out = Path("Größe 漢字.png");
+    for (const auto& c : cases) {
+        std::vector<std::string> words = {pictures + "before.png", out};
+        words.insert(words.end(), c.options.begin(), c.options.end());
+        ASSERT_EQ(Run(words).status, 0) << c.name;
+        EXPECT_TRUE(PixelsOf(out) == PixelsOf(pictures + c.name + ".png")) << c.name;
+    }
+    // Its name need not be plain for it to be read either.
+    EXPECT_EQ(Run({out, out}).errors, "");
+}
+
 TEST_F(LabelhostDither, SaysInOneLineWhatWasWrong) {
-    const Png grey = {300, 200, 8, PNG_COLOR_TYPE_GRAY, false, Bytes(60000, 100)};
-    Save(Path("in.png"), grey);
+    const Png grey = {300, 200, 8, kGrey, false, Bytes(60000, 100)};
+    SavePng(Path("in.png"), grey);
     std::ifstream in(Path("in.png"), std::ios::binary);
     const std::string sound((std::istreambuf_iterator<char>(in)), {});
     const auto damaged = [&](const char* name, std::string bytes) {
@@ -190,17 +174,11 @@ TEST_F(LabelhostDither, SaysInOneLineWhatWasWrong) {
     std::string flipped = sound;
     flipped[sound.size() / 2] ^= 0x10;
     damaged("flipped.png", flipped);
-    Save(Path("wide.png"), {32768, 1, 8, PNG_COLOR_TYPE_GRAY, false, Bytes(32768, 100)});
-    // 32767 x 32767 pixels, announced by a file of a few bytes. Its header is checked by its sum.
-    Png vast = {32767, 1, 1, PNG_COLOR_TYPE_GRAY, false, Bytes(4096)};
-    Save(Path("vast.png"), vast);
-    std::fstream patch(Path("vast.png"), std::ios::in | std::ios::out | std::ios::binary);
-    const uint8_t header[] = {'I',  'H',  'D',  'R', 0, 0, 0x7F, 0xFF, 0,
-                              0x00, 0x7F, 0xFF, 1,   0, 0, 0,    0};
-    const uint32_t sum = static_cast<uint32_t>(crc32(0, header, sizeof(header)));
-    patch.seekp(12).write(reinterpret_cast<const char*>(header), sizeof(header));
-    for (int shift = 24; shift >= 0; shift -= 8) patch.put(static_cast<char>(sum >> shift));
-    patch.close();
+    SavePng(Path("wide.png"), {32768, 1, 8, kGrey, false, Bytes(32768, 100)});
+    // 32767 x 32767 pixels, announced by a file of a few bytes.
+    damaged("vast.png", sound.substr(0, 8) +
+                            PngPart("IHDR", std::string("\0\0\x7F\xFF\0\0\x7F\xFF\1\0\0\0\0", 13)) +
+                            sound.substr(33));
 
     const std::string out = Path("out.png");
     const struct {
@@ -218,7 +196,7 @@ TEST_F(LabelhostDither, SaysInOneLineWhatWasWrong) {
         {{Path("wide.png"), out}, 1, "wide.png': 32768 x 1 pixels, more than 32767"},
         {{Path("vast.png"), out}, 1, "vast.png': the file ends early"},
         {{Path("in.png"), Path("no folder/out.png")}, 1, "no folder"},
-        {{Path("in.png"), root()}, 1, "not a plain file"},
+        {{Path("in.png"), Path("")}, 1, "not a plain file"},
         {{Path("in.png"), out, "--algorithm", "magic"}, 1, "not 'magic'"},
         {{Path("in.png"), out, "--algorithm", "6"}, 1, "not '6'"},
         {{Path("in.png"), out, "--contrast", "101"}, 1, "not '101'"},
@@ -234,7 +212,7 @@ TEST_F(LabelhostDither, SaysInOneLineWhatWasWrong) {
         EXPECT_EQ(std::count(result.errors.begin(), result.errors.end(), '\n'), 1) << result.errors;
         EXPECT_FALSE(std::filesystem::exists(out));
     }
-    for (const auto& entry : std::filesystem::directory_iterator(root()))
+    for (const auto& entry : std::filesystem::directory_iterator(Path("")))
         EXPECT_NE(entry.path().extension(), ".part");
 }
 

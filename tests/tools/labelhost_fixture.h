@@ -10,9 +10,10 @@ using Json = nlohmann::json;
 
 class Labelhost : public HostTest {
 protected:
-    ProgramResult Run(std::vector<std::string> words) const {
-        words.insert(words.begin(), {"--root", root()});
-        return RunProgram(TEST_BINARY_DIR, "labelhost", words);
+    ProgramResult Run(const std::vector<std::string>& words) const {
+        std::vector<std::string> all = OnMachine(root());
+        all.insert(all.end(), words.begin(), words.end());
+        return RunProgram(TEST_BINARY_DIR, "labelhost", all);
     }
 
     Json RunJson(std::vector<std::string> words) const {

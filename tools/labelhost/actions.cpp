@@ -2,16 +2,15 @@
 #include "arguments.h"
 #include "commands.h"
 #include "fault.h"
+#include "files.h"
 #include "json.h"
+#include "machine.h"
 #include "open_settings.h"
 #include "text.h"
 
 #include <zplui.h>
 
-#include <algorithm>
 #include <cstdio>
-#include <filesystem>
-#include <fstream>
 
 namespace {
 
@@ -51,16 +50,6 @@ std::string Reason(const OpenSettings& settings, int action, const std::string& 
         return choice.empty() ? "it opens a dialog"
                               : "it does not take '" + choice + "', or is not for this user";
     return "it is not for this user";
-}
-
-// The module knows Windows paths; drive Z is the machine's own root.
-std::string WindowsPathOf(const std::string& file) {
-    // The module would send an empty job.
-    if (!std::ifstream(file).good() || std::filesystem::is_directory(file))
-        throw FileFault("cannot read file", file);
-    std::string path = "Z:" + std::filesystem::absolute(file).string();
-    std::replace(path.begin(), path.end(), '/', '\\');
-    return path;
 }
 
 int ActionNumber(const std::string& text) {
@@ -105,7 +94,10 @@ void ActionCommand(const Words& words) {
     arguments.RequireCount(2, 3, "action PRINTER NUMBER [CHOICE]");
     const int action = ActionNumber(arguments[1]);
     std::string choice = arguments.size() > 2 ? arguments[2] : "";
-    if (action == DAL_ACTION_SEND_FILE && !choice.empty()) choice = WindowsPathOf(choice);
+    if (action == DAL_ACTION_SEND_FILE && !choice.empty()) {
+        ReadBytes("cannot read file", choice, 1); // the module would send an empty job
+        choice = HostPath(choice);
+    }
     const OpenSettings settings(arguments[0]);
     const auto run = settings.Export<BOOL(WINAPI*)(HANDLE, int, LPCWSTR)>("DAL_Action_Run");
     if (!run(settings.handle(), action, ToWide(choice).c_str()))

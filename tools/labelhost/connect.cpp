@@ -2,19 +2,15 @@
 #include "arguments.h"
 #include "commands.h"
 #include "fault.h"
+#include "machine.h"
 #include "text.h"
 
 #include <windows.h>
 #include <winspool.h>
 
-#include <win32host/control.h>
-
 #include <cstdio>
-#include <filesystem>
 
 namespace {
-
-namespace fs = std::filesystem;
 
 // The server's name in "\\SERVER\PRINTER", without its backslashes.
 std::string ServerOf(const std::string& name) {
@@ -25,22 +21,6 @@ std::string ServerOf(const std::string& name) {
     if (server.find('/') != std::string::npos || server == "." || server == "..")
         throw Fault("'" + server + "' is no name of a machine");
     return server;
-}
-
-// Has the name `server` lead to another root folder, as a name service does.
-void NameServer(const std::string& server, const std::string& folder) {
-    std::error_code error;
-    const fs::path root = fs::canonical(folder, error);
-    if (error || !fs::exists(root / "registry.db", error))
-        throw Fault("'" + folder + "' is no machine's root folder");
-    const fs::path link = fs::path(win32host::Root()) / "servers" / server;
-    fs::create_directories(link.parent_path(), error);
-    if (fs::exists(fs::symlink_status(link, error))) {
-        if (fs::equivalent(link, root, error)) return;
-        throw Fault("'" + link.string() + "' is another machine already");
-    }
-    fs::create_directory_symlink(root, link, error);
-    if (error) throw Fault("cannot make '" + link.string() + "': " + error.message());
 }
 
 } // namespace

@@ -1,14 +1,12 @@
 #include "dev_mode_bytes.h"
 
 #include "fault.h"
+#include "files.h"
 
 #include <winspool.h>
 
-#include <cstdio>
 #include <cstring>
-#include <memory>
-
-#include <unistd.h>
+#include <fstream>
 
 namespace {
 
@@ -17,11 +15,6 @@ constexpr size_t kTail = 8;
 constexpr size_t kUserCommands = 1024;
 constexpr size_t kLengthAt = 1024; // of the configuration, in itself
 
-struct Closer {
-    void operator()(std::FILE* file) const { std::fclose(file); }
-};
-using File = std::unique_ptr<std::FILE, Closer>;
-
 size_t Number16(const BYTE* at) {
     return at[0] | static_cast<size_t>(at[1]) << 8;
 }
@@ -29,12 +22,8 @@ size_t Number16(const BYTE* at) {
 } // namespace
 
 DevModeBytes DevModeBytes::ReadFrom(const std::string& path) {
-    const File file(std::fopen(path.c_str(), "rb"));
-    if (!file) throw FileFault("cannot read", path);
-    std::vector<BYTE> bytes(kLargest);
-    bytes.resize(std::fread(bytes.data(), 1, bytes.size(), file.get()));
-    if (std::ferror(file.get())) throw FileFault("cannot read", path);
-    return DevModeBytes(std::move(bytes), "'" + path + "'");
+    const std::string bytes = ReadBytes("cannot read", path, kLargest);
+    return DevModeBytes(std::vector<BYTE>(bytes.begin(), bytes.end()), "'" + path + "'");
 }
 
 DevModeBytes::DevModeBytes(std::vector<BYTE> bytes, const std::string& what)
@@ -45,15 +34,13 @@ DevModeBytes::DevModeBytes(std::vector<BYTE> bytes, const std::string& what)
 }
 
 void DevModeBytes::WriteTo(const std::string& path) const {
-    const std::string aside = path + ".new" + std::to_string(getpid());
-    std::FILE* file = std::fopen(aside.c_str(), "wb");
+    const FileAside aside(path);
+    std::ofstream file(PathOf(aside.name()), std::ios::binary);
+    file.write(reinterpret_cast<const char*>(bytes_.data()),
+               static_cast<std::streamsize>(bytes_.size()));
+    file.close();
     if (!file) throw FileFault("cannot write", path);
-    bool good = std::fwrite(bytes_.data(), 1, bytes_.size(), file) == bytes_.size();
-    good = std::fclose(file) == 0 && good;
-    if (good && std::rename(aside.c_str(), path.c_str()) == 0) return;
-    const Fault fault = FileFault("cannot write", path);
-    std::remove(aside.c_str());
-    throw fault;
+    aside.Replace("cannot write", path);
 }
 
 DevModeBytes::Part DevModeBytes::Configuration() const {

@@ -2,6 +2,7 @@
 #include "commands.h"
 #include "fault.h"
 #include "installation.h"
+#include "machine.h"
 #include "picture.h"
 #include "text.h"
 #include "zplui.h"
@@ -106,7 +107,7 @@ class Module {
 public:
     explicit Module(const std::string& file)
         : file_(file)
-        , module_(LoadLibraryW(ToWide(file).c_str())) {
+        , module_(LoadLibraryW(ToWide(HostPath(file)).c_str())) {
         if (!module_) throw SystemFault("cannot load '" + file + "'", GetLastError());
     }
     ~Module() { FreeLibrary(module_); }

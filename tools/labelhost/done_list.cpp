@@ -1,29 +1,29 @@
 #include "done_list.h"
 
 #include "fault.h"
+#include "files.h"
 
 #include <utility>
 
 DoneList::DoneList(const std::string& path)
-    : path_(path)
-    , file_(path.empty() ? nullptr : std::fopen(path.c_str(), "a+"), std::fclose) {
+    : path_(path) {
     if (path.empty()) return;
+    file_.open(PathOf(path), std::ios::binary | std::ios::app);
     if (!file_) throw FileFault("cannot write", path);
     std::string line;
     // A line without its end was being written when the program was killed: it is no printer's.
-    for (int c; (c = std::getc(file_.get())) != EOF;) {
+    for (const char c : ReadBytes("cannot read", path)) {
         if (c == '\n')
             printers_.insert(std::exchange(line, {}));
         else
-            line += static_cast<char>(c);
+            line += c;
     }
-    if (std::ferror(file_.get())) throw FileFault("cannot read", path); // a folder, for one
-    if (!line.empty()) std::fputc('\n', file_.get());
+    if (!line.empty()) file_ << '\n';
 }
 
 void DoneList::Add(const std::string& printer) {
-    if (!file_) return;
+    if (!file_.is_open()) return;
     printers_.insert(printer);
-    std::fprintf(file_.get(), "%s\n", printer.c_str());
-    if (std::fflush(file_.get()) != 0) throw FileFault("cannot write", path_);
+    file_ << printer << '\n' << std::flush;
+    if (!file_) throw FileFault("cannot write", path_);
 }

@@ -1,8 +1,7 @@
 // A file with a line for each printer that some work has done, so that the work can go on later.
 #pragma once
 
-#include <cstdio>
-#include <memory>
+#include <fstream>
 #include <set>
 #include <string>
 
@@ -20,5 +19,5 @@ public:
 private:
     const std::string path_;
     std::set<std::string> printers_;
-    std::unique_ptr<std::FILE, int (*)(std::FILE*)> file_;
+    std::ofstream file_;
 };

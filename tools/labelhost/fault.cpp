@@ -12,6 +12,8 @@ struct Reason {
     const char* text;
 };
 
+constexpr DWORD kServerUnavailable = 1722; // of the remote procedure calls
+
 constexpr Reason kReasons[] = {
     {ERROR_FILE_NOT_FOUND, "no such file or key"},
     {ERROR_PATH_NOT_FOUND, "no such folder"},
@@ -22,7 +24,7 @@ constexpr Reason kReasons[] = {
     {ERROR_UNKNOWN_PRINTER_DRIVER, "no such driver"},
     {ERROR_INVALID_PRINTER_NAME, "no such printer, or not a printer's name"},
     {ERROR_PRINTER_ALREADY_EXISTS, "a printer of that name exists"},
-    {ERROR_RPC_SERVER_UNAVAILABLE, "the server does not answer"},
+    {kServerUnavailable, "the server does not answer"},
     {ERROR_KEY_DELETED, "the key was deleted meanwhile"},
 };
 

@@ -94,8 +94,8 @@ void PrintFont(const DAL_FONT& font) {
         name += points;
     }
     std::printf("%-14s %-1s %-8s %9u  %-7s  %s\n", FileOf(font).c_str(),
-                LetterText(font.identifier).c_str(), KindOf(font).c_str(), font.bytes,
-                StatusOf(font).c_str(), name.c_str());
+                LetterText(font.identifier).c_str(), KindOf(font).c_str(),
+                static_cast<unsigned>(font.bytes), StatusOf(font).c_str(), name.c_str());
 }
 
 std::vector<DAL_FONT> ListOf(const OpenSettings& settings) {

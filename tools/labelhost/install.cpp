@@ -1,6 +1,7 @@
 #include "arguments.h"
 #include "commands.h"
 #include "fault.h"
+#include "files.h"
 #include "install_driver.h"
 #include "printer.h"
 #include "progress.h"
@@ -81,7 +82,7 @@ private:
 // A printer's line: its name, its model and, in place of the usual one, its port, with tabs between
 // them. Lines that are empty or begin with # say nothing.
 std::vector<NewPrinter> ReadList(const std::string& file, const std::string& port) {
-    std::ifstream in(file, std::ios::binary);
+    std::ifstream in(PathOf(file), std::ios::binary);
     if (!in) throw FileFault("cannot read", file);
     std::vector<NewPrinter> printers;
     size_t number = 0;

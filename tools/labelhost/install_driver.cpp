@@ -87,9 +87,17 @@ void AddDriver(const Installation& product, const Model& model, const DriverFile
     info.pszMfgName = manufacturer.data();
     info.pszHardwareID = hardware_id.data();
     info.pszProvider = provider.data();
-    if (!AddPrinterDriverExW(nullptr, 6, reinterpret_cast<BYTE*>(&info),
-                             APD_COPY_ALL_FILES | APD_COPY_FROM_DIRECTORY))
-        throw SystemFault("cannot add driver '" + model.name + "'", GetLastError());
+    const auto add = [&] {
+        return AddPrinterDriverExW(nullptr, 6, reinterpret_cast<BYTE*>(&info),
+                                   APD_COPY_ALL_FILES | APD_COPY_FROM_DIRECTORY) != FALSE;
+    };
+    bool added = add();
+    // A spooler that does not take the status monitor for a language monitor does without.
+    if (!added && info.pMonitorName) {
+        info.pMonitorName = nullptr;
+        added = add();
+    }
+    if (!added) throw SystemFault("cannot add driver '" + model.name + "'", GetLastError());
 }
 
 // A file of the host or of this machine, read from its start; closed when it goes.

@@ -1,6 +1,8 @@
 #include "installation.h"
 
 #include "fault.h"
+#include "files.h"
+#include "machine.h"
 #include "text.h"
 
 #include <windows.h>
@@ -33,10 +35,10 @@ std::vector<std::string> SplitList(const std::string& text) {
 
 Installation::Installation(const std::string& product_folder)
     : folder_(product_folder) {
-    const std::filesystem::path path = std::filesystem::path(folder_) / kFileName;
+    const std::filesystem::path path = PathOf(folder_) / kFileName;
     std::ifstream in(path, std::ios::binary);
     if (!in)
-        throw Fault("cannot read '" + path.string() + "' (--product names the driver's folder)");
+        throw Fault("cannot read '" + NameOf(path) + "' (--product names the driver's folder)");
     std::ostringstream all;
     all << in.rdbuf();
     Parse(all.str());
@@ -108,16 +110,10 @@ DriverFiles Installation::FilesOf(const std::string& oem) const {
 std::string DefaultProductFolder() {
     std::vector<WCHAR> path(32768);
     const DWORD length = GetModuleFileNameW(nullptr, path.data(), static_cast<DWORD>(path.size()));
-    std::string program = ToUtf8(path.data(), length);
+    std::string program = OwnPath(ToUtf8(path.data(), length));
     for (int i = 0; i < 2; ++i) {
         const size_t slash = program.find_last_of("\\/");
         program.resize(slash == std::string::npos ? 0 : slash);
-    }
-    // Drive Z: is the machine's own file system.
-    if (program.rfind("Z:", 0) == 0) {
-        program.erase(0, 2);
-        for (char& c : program)
-            if (c == '\\') c = '/';
     }
     return program + "/product";
 }

@@ -1,14 +1,13 @@
 #include "arguments.h"
 #include "commands.h"
 #include "fault.h"
-#include "host_root.h"
+#include "files.h"
 #include "json.h"
+#include "machine.h"
 #include "printer.h"
 #include "text.h"
 
 #include <cstdio>
-#include <fstream>
-#include <iterator>
 
 namespace {
 
@@ -59,8 +58,8 @@ Json JobsOf(const OpenedPrinter& printer, const std::string& name, const std::st
     return jobs;
 }
 
-void SetJob(const OpenedPrinter& printer, const Arguments& arguments, const char* option,
-            DWORD command) {
+void ControlJob(const OpenedPrinter& printer, const Arguments& arguments, const char* option,
+                DWORD command) {
     if (!arguments.Has(option)) return;
     const DWORD job = arguments.Number(option, 0xFFFFFFFF, 0);
     if (!SetJobW(printer.handle(), job, 0, nullptr, command))
@@ -83,10 +82,8 @@ void PrintBytes(const std::vector<BYTE>& bytes) {
 void ShowJob(const Json& jobs, DWORD id) {
     for (const Json& job : jobs) {
         if (job["id"] != id) continue;
-        const auto path = job["file"].get<std::string>();
-        std::ifstream file(path, std::ios::binary);
-        if (!file) throw FileFault("cannot read job", path);
-        PrintBytes(std::vector<BYTE>(std::istreambuf_iterator<char>(file), {}));
+        const std::string bytes = ReadBytes("cannot read job", job["file"].get<std::string>());
+        PrintBytes(std::vector<BYTE>(bytes.begin(), bytes.end()));
         return;
     }
     throw Fault("there is no job " + std::to_string(id));
@@ -99,8 +96,8 @@ void JobsCommand(const Words& words) {
     arguments.RequireCount(1, 1, "jobs PRINTER [--show ID] [--restart ID] [--delete ID] [--json]");
     const PrinterFacts facts = FactsOf(arguments[0]);
     const OpenedPrinter printer(arguments[0], PRINTER_ACCESS_USE);
-    SetJob(printer, arguments, "restart", JOB_CONTROL_RESTART);
-    SetJob(printer, arguments, "delete", JOB_CONTROL_DELETE);
+    ControlJob(printer, arguments, "restart", JOB_CONTROL_RESTART);
+    ControlJob(printer, arguments, "delete", JOB_CONTROL_DELETE);
     const Json jobs = JobsOf(printer, arguments[0], SpoolFolder(facts));
     if (arguments.Has("show")) {
         ShowJob(jobs, arguments.Number("show", 0xFFFFFFFF, 0));

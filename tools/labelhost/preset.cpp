@@ -1,6 +1,7 @@
 #include "preset.h"
 
 #include "fault.h"
+#include "files.h"
 #include "settings_export.h"
 #include "text.h"
 
@@ -8,7 +9,6 @@
 
 #include <algorithm>
 #include <cstring>
-#include <filesystem>
 #include <fstream>
 #include <sstream>
 
@@ -73,11 +73,11 @@ void SavePreset(const std::string& printer, const std::string& name, const DevMo
     uint32_t length = 0;
     encode(record.data(), static_cast<uint32_t>(record.size()), text.data(), &length);
 
-    const TemporaryFile file((std::filesystem::temp_directory_path() / "preset.kds").string());
-    std::ofstream out(file.path(), std::ios::binary);
+    const FileAside file(NameOf(std::filesystem::temp_directory_path() / "preset.kds"));
+    std::ofstream out(PathOf(file.name()), std::ios::binary);
     out << "<driver version='6.6'>\r\n\r\n<preset>\r\nName=" << name
         << "\r\nDescription=\r\nData=" << text << "\r\n</preset>\r\n\r\n";
     out.close();
-    if (!out) throw FileFault("cannot write", file.path());
-    CallWithFile(opened, "DAL_Settings_Import", file.path(), DAL_SETTINGS_PRESETS);
+    if (!out) throw FileFault("cannot write", file.name());
+    CallWithFile(opened, "DAL_Settings_Import", file.name(), DAL_SETTINGS_PRESETS);
 }

@@ -18,9 +18,10 @@ std::vector<BYTE> Record(const std::string& what, Call call) {
     DWORD needed = 0;
     if (call(nullptr, 0, &needed)) return {};
     // The record may grow between the two calls.
-    while (GetLastError() == ERROR_INSUFFICIENT_BUFFER) {
-        std::vector<BYTE> buffer(needed);
-        if (call(buffer.data(), needed, &needed)) return buffer;
+    for (DWORD size = 0; GetLastError() == ERROR_INSUFFICIENT_BUFFER && needed > size;) {
+        size = needed;
+        std::vector<BYTE> buffer(size);
+        if (call(buffer.data(), size, &needed)) return buffer;
     }
     throw SystemFault(what, GetLastError());
 }

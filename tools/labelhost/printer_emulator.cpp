@@ -1,6 +1,7 @@
 #include "arguments.h"
 #include "commands.h"
 #include "fault.h"
+#include "files.h"
 
 #include "emulator/server.h"
 
@@ -32,7 +33,7 @@ void PrinterEmulatorCommand(const Words& words) {
     if (!arguments.Has("port")) throw UsageFault("usage: labelhost " + usage);
     const uint16_t port = PortFrom(arguments.Get("port", ""));
     const std::string folder = arguments.Get("answers", "");
-    if (!folder.empty() && !std::filesystem::is_directory(folder))
+    if (!folder.empty() && !std::filesystem::is_directory(PathOf(folder)))
         throw Fault("cannot read answers from '" + folder + "': no such folder");
 
     EmulatorServer server(port, AnswerRules(folder), Tell);

@@ -2,45 +2,24 @@
 
 #include "fault.h"
 
-#include <unistd.h>
-
 #include <algorithm>
 #include <cstdio>
 #include <utility>
 
-namespace {
-
-volatile std::sig_atomic_t g_interrupted = 0;
-
-void Interrupt(int) {
-    g_interrupted = 1;
-}
-
-} // namespace
-
 Progress::Progress(std::string doing, size_t total, bool asked)
     : doing_(std::move(doing))
     , total_(total)
-    , shown_(asked || (isatty(STDERR_FILENO) && !isatty(STDOUT_FILENO)))
-    , terminal_(isatty(STDERR_FILENO)) {
-    g_interrupted = 0;
-    struct sigaction action = {};
-    action.sa_handler = Interrupt;
-    action.sa_flags = static_cast<int>(SA_RESTART | SA_RESETHAND);
-    sigaction(SIGINT, &action, &interrupt_);
-    sigaction(SIGTERM, &action, &terminate_);
-}
+    , shown_(asked || (IsTerminal(stderr) && !IsTerminal(stdout)))
+    , terminal_(IsTerminal(stderr)) {}
 
 Progress::~Progress() {
-    sigaction(SIGINT, &interrupt_, nullptr);
-    sigaction(SIGTERM, &terminate_, nullptr);
     if (shown_ && terminal_) std::fputc('\n', stderr);
 }
 
 void Progress::Next() {
     std::fflush(stdout); // what is done is told before the next one begins
     Show();
-    if (g_interrupted)
+    if (Interruption::Came())
         throw Fault("interrupted: " + doing_ + ' ' + std::to_string(begun_) + " of " +
                     std::to_string(total_) + "; the same command does the rest");
     ++begun_;

@@ -1,12 +1,13 @@
 // Work on many printers, one after the other: how far it is, and its end between two of them.
 #pragma once
 
-#include <csignal>
+#include "interruption.h"
+
 #include <cstddef>
 #include <string>
 
-// While one exists an interruption (Ctrl-C, or the signal that asks programs to end) waits for the
-// next printer; a second one ends the program at once.
+// While one exists an interruption waits for the next printer; a second one ends the program at
+// once.
 class Progress {
 public:
     // How far the work is shows on standard error, "DOING 12 of 5000", when `asked`, and also when
@@ -34,5 +35,5 @@ private:
     const bool terminal_; // the line is written over
     size_t begun_ = 0;
     size_t failed_ = 0;
-    struct sigaction interrupt_ = {}, terminate_ = {}; // what was there before
+    const Interruption interruption_;
 };

@@ -3,6 +3,7 @@
 #include "commands.h"
 #include "done_list.h"
 #include "fault.h"
+#include "files.h"
 #include "json.h"
 #include "progress.h"
 #include "settings_export.h"
@@ -16,8 +17,6 @@
 #include <memory>
 
 namespace {
-
-namespace fs = std::filesystem;
 
 // What the printer has now.
 SettingsText Now(const OpenSettings& settings, int contents) {
@@ -44,13 +43,13 @@ void ExportTo(const Arguments& arguments, int contents) {
     const std::string& printer = arguments[1];
     const std::string& file = arguments[2];
     // Written aside: a file that is there stays until there is another.
-    const TemporaryFile aside(file);
-    CallWithFile(OpenSettings(printer), "DAL_Settings_Export", aside.path(), contents);
+    const FileAside aside(file);
+    CallWithFile(OpenSettings(printer), "DAL_Settings_Export", aside.name(), contents);
     std::error_code error;
-    if (!fs::exists(aside.path(), error)) throw Fault("cannot write settings file '" + file + "'");
-    const SettingsText text(ReadSettingsFile(aside.path()));
-    if (std::rename(aside.path().c_str(), file.c_str()) != 0)
-        throw FileFault("cannot write settings file", file);
+    if (!std::filesystem::exists(PathOf(aside.name()), error))
+        throw Fault("cannot write settings file '" + file + "'");
+    const SettingsText text(ReadBytes("cannot read settings file", aside.name()));
+    aside.Replace("cannot write settings file", file);
     if (arguments.Has("json"))
         PrintJson({{"printer", printer}, {"file", file}, {"written", CountedJson(text, contents)}});
     else
@@ -126,7 +125,7 @@ void ImportIntoMany(const Arguments& arguments, const std::vector<std::string>& 
 
 void ImportFrom(const Arguments& arguments, int contents) {
     const std::string& file = arguments[2];
-    const SettingsText text(ReadSettingsFile(file));
+    const SettingsText text(ReadBytes("cannot read settings file", file));
     if (text.Contents() == 0)
         throw Fault("'" + file + "' is no settings file" +
                     (text.HasMark() ? ": it begins with a byte order mark, which the driver "

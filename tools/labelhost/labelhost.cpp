@@ -1,9 +1,10 @@
 // labelhost: installs label printers in a host of its own and shows what the driver's configuration
 // module answers about them, asking as the spooler and applications do.
 
-#include "commands.h"
+#include "labelhost.h"
+
 #include "fault.h"
-#include "host_root.h"
+#include "machine.h"
 
 #include <cstdio>
 #include <exception>
@@ -87,9 +88,7 @@ constexpr Command kCommands[] = {
 void PrintUsage(std::FILE* out) {
     std::fputs("usage: labelhost [--root DIR] COMMAND ...\n\n", out);
     for (const Command& command : kCommands) std::fprintf(out, "  %s\n", command.usage);
-    std::fputs("\nCommands that show something take --json. The host lives in --root, else in\n"
-               "$LABELHOST_ROOT, else in ~/.local/share/labelhost.\n",
-               out);
+    std::fprintf(out, "\nCommands that show something take --json. %s\n", kMachineUsage);
 }
 
 int Run(Words words) {
@@ -115,9 +114,9 @@ int Run(Words words) {
 
 } // namespace
 
-int main(int argc, char** argv) {
+int RunLabelhost(const Words& words) {
     try {
-        return Run(Words(argv + 1, argv + argc));
+        return Run(words);
     } catch (const UsageFault& fault) {
         std::fprintf(stderr, "labelhost: %s\n", fault.what());
         return 2;
