@@ -18,6 +18,15 @@ int StoredTotal(prtreg& registry) {
     return static_cast<int>(std::min<uint32_t>(registry.GetDWORD(kTotal, 0), MOST_PRESETS));
 }
 
+// The checksum of the presets that are stored. The built-in ones come and go with whoever shows the
+// list, which is no reason to write the others.
+uint32_t StoredCRC32(const PresetList& list) {
+    uint32_t checksum = 0;
+    for (const Preset* preset = list.GetNext(nullptr); preset; preset = list.GetNext(preset))
+        if (preset->GetBuiltIn() == 0) checksum = preset->GetCRC32(checksum);
+    return checksum;
+}
+
 } // namespace
 
 void PresetList::Load(const prtmodel* model) {
@@ -31,11 +40,11 @@ void PresetList::Load(const prtmodel* model) {
     }
     AddTail_ReplaceNames(stored);
     Sort();
-    checksum_ = GetCRC32(0);
+    checksum_ = StoredCRC32(*this);
 }
 
 void PresetList::Save(const prtmodel* model) const {
-    const uint32_t checksum = GetCRC32(0);
+    const uint32_t checksum = StoredCRC32(*this);
     if (checksum == checksum_) return;
     prtreg registry(model->GetRegistry());
     const int stored = StoredTotal(registry);

@@ -163,6 +163,9 @@ TEST_F(Presets, AreWrittenOnlyWhenTheyHaveChanged) {
     list_.Save(model_.get());
     PresetList list;
     list.Load(model_.get());
+    auto* current = new (std::nothrow) Preset; // which is never stored
+    current->SetBuiltIn(Preset::CURRENT_SETTINGS);
+    list.AddTail(current);
     prtreg registry(model_->GetRegistry());
     registry.Delete("Presets:", true);
     list.Save(model_.get());
