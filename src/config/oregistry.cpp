@@ -111,7 +111,10 @@ bool ORegistry::GetKeyAndValue(OString& key, OString& value) {
     const OString name = EscapeDoubled(value);
     const bool is_key = !*name.wstring();
     // A colon in front of everything is no root.
-    const bool rooted = !is_key && HasCharacter(OString(name.wstring() + 1), ':');
+    const WCHAR* colon = name.wstring();
+    if (!is_key) ++colon;
+    while (*colon && *colon != ':') ++colon;
+    const bool rooted = !is_key && *colon;
 
     OString path = name;
     if (!rooted) {

@@ -67,6 +67,7 @@ bool HasCharacter(const OString& text, char c) {
 }
 
 OString ReplaceText(const OString& text, const char* from, const OString& to) {
+    if (!HasCharacter(text, *from)) return text;
     WideText result;
     bool found = false;
     for (const WCHAR* p = text.wstring(); *p;) {
@@ -84,8 +85,11 @@ OString ReplaceText(const OString& text, const char* from, const OString& to) {
 }
 
 OString EscapeDoubled(const OString& path) {
-    WideText result;
     const WCHAR* p = path.wstring();
+    while (*p && *p != '\\' && !(p[1] == *p && (*p == '%' || *p == '/' || *p == ':'))) ++p;
+    if (!*p) return path;
+    WideText result;
+    p = path.wstring();
     while (*p) {
         const char* escape = nullptr;
         if (p[1] == p[0]) {
@@ -105,6 +109,7 @@ OString EscapeDoubled(const OString& path) {
 }
 
 OString DecodeName(const OString& name) {
+    if (!HasCharacter(name, '%')) return name;
     WideText result;
     const WCHAR* p = name.wstring();
     while (*p) {

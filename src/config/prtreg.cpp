@@ -78,12 +78,21 @@ void prtreg::SubstituteKey(OString& key) {
         if (BeginsNoCase(key.wstring(), root.from)) Substitute(key, root.from, root.to);
     }
 
-    if (HasCharacter(key, '[')) {
-        Substitute(key, "[PRINTER]", EncodeName(printer_part_));
-        Substitute(key, "[MODEL]", EncodeName(driver_name_));
-        Substitute(key, "[PORT]", EncodeName(port_name_));
-        Substitute(key, "[SERVER]", server_name_);
-        Substitute(key, "[OEM]", oem_);
+    const struct {
+        const char* name;
+        const OString& text;
+        bool one_name; // the text stays one key name
+    } placeholders[] = {
+        {"[PRINTER]", printer_part_, true},
+        {"[MODEL]", driver_name_, true},
+        {"[PORT]", port_name_, true},
+        {"[SERVER]", server_name_, false},
+        {"[OEM]", oem_, false},
+    };
+    for (const auto& placeholder : placeholders) {
+        if (!HasCharacter(key, '[')) break; // as nearly always behind the first
+        Substitute(key, placeholder.name,
+                   placeholder.one_name ? EncodeName(placeholder.text) : placeholder.text);
     }
     ORegistry::SubstituteKey(key);
 }
