@@ -55,7 +55,7 @@ extern "C" int LLVMFuzzerTestOneInput(const uint8_t* data, size_t size) {
     OString key = kFolder, value = name;
     const bool resolved = registry.Resolve(key, value);
     OString front, last;
-    if (SplitPath(name, front, last)) {
+    if (SplitPath(name, front, last) && !front.IsEmpty()) {
         OString again_front, again_last;
         Check(SplitPath(JoinPath(front, last), again_front, again_last) && again_last == last);
     }

@@ -18,8 +18,8 @@ std::string DefaultRoot() {
     return std::string(home && *home ? home : "/tmp") + "/.local/share/labelhost";
 }
 
-// Makes the folder and its drive C (as far as that is possible: what needs it reports its own failure) and gives
-// its absolute path.
+// Makes the folder and its drive C (as far as that is possible: what needs it reports its own
+// failure) and gives its absolute path.
 std::string Prepare(const std::string& folder) {
     std::error_code error;
     std::filesystem::create_directories(folder + "/drive_c", error);
@@ -41,6 +41,8 @@ void SetRoot(const std::string& folder) {
     g_generation.fetch_add(1);
 }
 
-uint32_t RootGeneration() { return g_generation.load(); }
+uint32_t RootGeneration() {
+    return g_generation.load();
+}
 
 } // namespace win32host

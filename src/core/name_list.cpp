@@ -84,7 +84,8 @@ void NameList::AddTail_ReplaceNames(NameList& nodes) {
         const Place* place =
             std::upper_bound(places.get(), end, Place{hash, INT_MAX, nullptr}, before);
         while (place != places.get() && (--place)->hash == hash)
-            if (place->node->GetName() == name) return place->node;
+            if (place->node->GetName() == name) // NOLINT(clang-analyzer-cplusplus.NewDelete)
+                return place->node;
         return nullptr;
     };
     NameNode* next;

@@ -64,6 +64,7 @@ int ReadBlocks(OFile& file, const char* kind, DataFontManager& fonts, const prtm
             continue;
         } else if (line == SettingsBlocks::BLOCK_END) {
             kept += Keep(fonts, std::move(font), model);
+            font.reset();
         } else if (reader.Key() == "Name") {
             font->SetFontName(reader.Value());
         } else if (reader.Key() == "Data") {

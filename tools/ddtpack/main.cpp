@@ -20,7 +20,8 @@ constexpr const char* kUsage =
     "usage: ddtpack pack FILE [TABLE...] pack text tables (NAME.d, NAME.keys)\n"
     "       ddtpack list FILE            names and sizes of the tables\n"
     "       ddtpack show FILE TABLE      the text of one table\n"
-    "       ddtpack settings FILE TEXT... make a settings file of stocks, presets and data fonts in words\n";
+    "       ddtpack settings FILE TEXT... make a settings file of stocks, presets and data fonts "
+    "in words\n";
 
 std::string ReadWhole(const std::string& name) {
     std::ifstream in(name, std::ios::binary);
