@@ -124,7 +124,8 @@ ZPLUI_API LONG WINAPI DrvDevicePropertySheets(PPROPSHEETUI_INFO info, LPARAM par
 //   PRINTER_EVENT_ADD_CONNECTION   a user has connected to the printer: the same without the
 //                                  DEVMODE. TRUE also when the printer cannot be opened
 //
-// Both are FALSE, after a message box, on a system that this build of the driver does not fit; a
+// Both change nothing for a user below the printer's access level: the first is then FALSE. Both
+// are FALSE, after a message box, on a system that this build of the driver does not fit; a
 // printer that is being initialised is then marked for the rendering module as not to be used.
 // Every other event is FALSE.
 ZPLUI_API BOOL WINAPI DrvPrinterEvent(LPWSTR printer, int event, DWORD flags, LPARAM parameter);
@@ -145,14 +146,18 @@ ZPLUI_API int WINAPI DrvDocumentEvent(HANDLE printer, HDC dc, int event, ULONG i
 // Does what PRINTER_EVENT_INITIALIZE does, except for the plug and play identifiers and the message
 // box, for a printer that has had an older version of the driver. `info` is a DRIVER_UPGRADE_INFO_1
 // or _2; the level is not looked at. FALSE with ERROR_INVALID_PARAMETER without `info` and when the
-// printer cannot be opened with full access, with ERROR_BAD_DRIVER on a system that this build does
-// not fit.
+// printer cannot be opened with full access, with ERROR_ACCESS_DENIED for a user below the
+// printer's access level, with ERROR_BAD_DRIVER on a system that this build does not fit.
 ZPLUI_API BOOL WINAPI DrvUpgradePrinter(DWORD level, LPBYTE info);
 
 // ---- Settings without a user interface ----------------------------------------------------------
 //
 // A program opens a printer, works on it, and closes it, all on one thread. The handle is opaque;
 // every function but DAL_Printer_Open does nothing with a null one.
+//
+// Each list that is stored is stored whole or, when that fails, stays as it was; so are the
+// driver's settings. For a user below the printer's access level nothing is imported and nothing is
+// stored.
 
 // Opens the settings of a printer. `printer` is from the spooler's OpenPrinter and stays open until
 // the settings are closed. Null when memory is short.
@@ -165,6 +170,9 @@ ZPLUI_API void WINAPI DAL_Printer_Close(HANDLE settings);
 // stored yet stay in the list when it is read anew, but no longer count as a change: save first.
 // On a connection whose server shares its settings they come from there first, and go there
 // afterwards.
+//
+// GetLastError tells about DAL_Settings_Save: NO_ERROR, ERROR_WRITE_FAULT when not everything could
+// be stored, ERROR_ACCESS_DENIED when this user may change nothing.
 ZPLUI_API void WINAPI DAL_Settings_Load(HANDLE settings);
 ZPLUI_API void WINAPI DAL_Settings_Save(HANDLE settings);
 
@@ -183,6 +191,7 @@ ZPLUI_API void WINAPI DAL_Settings_Export(HANDLE settings, LPCWSTR file, int con
 // place of what has the same name. They are stored when the settings are saved; options are in
 // force at once, and only those for the printer's own model are taken. A file that is missing or of
 // another kind changes nothing.
+// GetLastError answers ERROR_ACCESS_DENIED when this user may change nothing, else NO_ERROR.
 ZPLUI_API void WINAPI DAL_Settings_Import(HANDLE settings, LPCWSTR file, int contents);
 
 // ---- Telling the printer what to do -------------------------------------------------------------

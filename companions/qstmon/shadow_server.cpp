@@ -46,14 +46,7 @@ public:
         if (!IsRemote()) return prtreg::OpenKey(key, create);
         if (!machine_ || !BeginsNoCase(key.wstring(), "2:")) return nullptr;
         const OString path = DecodeName(ReplaceText(OString(key.wstring() + 2), "/", "\\"));
-        HKEY opened = nullptr;
-        for (const REGSAM access : {REGSAM{KEY_READ | KEY_WRITE}, REGSAM{KEY_READ}})
-            if (RegOpenKeyExW(machine_, path.wstring(), 0, access, &opened) == ERROR_SUCCESS)
-                return opened;
-        if (create && RegCreateKeyExW(machine_, path.wstring(), 0, nullptr, 0, KEY_READ | KEY_WRITE,
-                                      nullptr, &opened, nullptr) == ERROR_SUCCESS)
-            return opened;
-        return nullptr;
+        return OpenKeyBelow(machine_, path, create);
     }
 
 private:
@@ -69,13 +62,17 @@ bool TakeOver(HomeRegistry& home, const ShadowRequest& request) {
     OStringArray received;
     const bool whole = home.GetBinary(kData, bytes.GetData(), bytes.GetSize()) == size &&
                        UnpackSharedKeys(bytes, received);
+    OStringArray lines;
+    if (whole) {
+        RenameSharedKeys(received, request.printer, home.DataPath(home.GetPrinterPart()),
+                         home.LocalPath(), lines);
+        home.Import(lines);
+        // What could not be taken over stays where it was left.
+        if (home.HasFailed()) return false;
+    }
     home.Delete(kData, false);
     home.Delete(kSize, false);
     if (!whole) return false;
-    OStringArray lines;
-    RenameSharedKeys(received, request.printer, home.DataPath(home.GetPrinterPart()),
-                     home.LocalPath(), lines);
-    home.Import(lines);
     const uint32_t now = GetTickCount();
     home.SetDWORD(kStamp, now == home.GetDWORD(kStamp, 0) ? now + 1 : now);
     return true;

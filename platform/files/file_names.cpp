@@ -2,6 +2,7 @@
 #include "files/attributes.h"
 #include "files/paths.h"
 #include "files/share_lock.h"
+#include "host/fault_point.h"
 #include "host/text.h"
 
 #include <fcntl.h>
@@ -46,10 +47,18 @@ bool MayReplace(const std::string& path, const struct stat& info) {
     return MayUse(path, FILE_SHARE_DELETE);
 }
 
+// True, with the error set, where a test wants the operation to fail.
+bool FailsHere() {
+    const DWORD error = win32host::FailureAt(win32host::FAULT_FILE_NAME);
+    if (error) SetLastError(error);
+    return error != 0;
+}
+
 // Copies contents and permissions to a file of a temporary name beside `to`, then gives it its
 // name: nobody sees half a copy.
 bool CopyTo(const std::string& from, const std::string& to) {
     namespace fs = std::filesystem;
+    if (FailsHere()) return false;
     std::string temporary = to + ".XXXXXX";
     const int fd = mkstemp(temporary.data());
     if (fd < 0) return FailWith(errno, to);
@@ -69,6 +78,7 @@ bool CopyTo(const std::string& from, const std::string& to) {
 }
 
 bool Delete(const std::string& path) {
+    if (FailsHere()) return false;
     struct stat info = {};
     if (lstat(path.c_str(), &info) != 0) return FailWith(errno, path);
     if (!MayReplace(path, info)) return false;
@@ -76,6 +86,7 @@ bool Delete(const std::string& path) {
 }
 
 bool Move(const std::string& from, const std::string& to, DWORD flags) {
+    if (FailsHere()) return false;
     struct stat source = {};
     if (lstat(from.c_str(), &source) != 0) return FailWith(errno, from);
     if (!S_ISDIR(source.st_mode) && !MayUse(from, FILE_SHARE_DELETE)) return false;

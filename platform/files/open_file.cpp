@@ -2,6 +2,7 @@
 #include "files/attributes.h"
 #include "files/paths.h"
 #include "files/share_lock.h"
+#include "host/fault_point.h"
 #include "host/handles.h"
 
 #include <fcntl.h>
@@ -163,6 +164,10 @@ HANDLE WINAPI CreateFileW(LPCWSTR name, DWORD access, DWORD share, LPSECURITY_AT
     }
     const auto path = win32host::HostPath(name);
     if (!path) return INVALID_HANDLE_VALUE;
+    if (const DWORD error = win32host::FailureAt(win32host::FAULT_FILE_OPEN)) {
+        SetLastError(error);
+        return INVALID_HANDLE_VALUE;
+    }
     return CreateHostFile(*path, access, share, disposition, flags_and_attributes);
 }
 
@@ -173,6 +178,10 @@ BOOL WINAPI ReadFile(HANDLE file, LPVOID buffer, DWORD size, LPDWORD read,
     if (!opened) return FALSE;
     if (!opened->may_read) {
         SetLastError(ERROR_ACCESS_DENIED);
+        return FALSE;
+    }
+    if (const DWORD error = win32host::FailureAt(win32host::FAULT_FILE_READ)) {
+        SetLastError(error);
         return FALSE;
     }
     BYTE* bytes = static_cast<BYTE*>(buffer);
@@ -204,6 +213,8 @@ BOOL WINAPI WriteFile(HANDLE file, LPCVOID buffer, DWORD size, LPDWORD written,
         return FALSE;
     }
     const BYTE* bytes = static_cast<const BYTE*>(buffer);
+    const win32host::Fault fault = win32host::FaultAt(win32host::FAULT_FILE_WRITE);
+    if (fault) size = static_cast<DWORD>(fault.Part(size));
     std::lock_guard guard(opened->position);
     const ssize_t count = TransferAll(size, [&](DWORD done) {
         return overlapped
@@ -213,6 +224,10 @@ BOOL WINAPI WriteFile(HANDLE file, LPCVOID buffer, DWORD size, LPDWORD written,
     if (count < 0) return FailWith(errno, opened->path);
     if (written) *written = static_cast<DWORD>(count);
     if (overlapped) overlapped->InternalHigh = static_cast<ULONG_PTR>(count);
+    if (fault) {
+        SetLastError(fault.Happen());
+        return FALSE;
+    }
     if (static_cast<DWORD>(count) < size) {
         SetLastError(ERROR_DISK_FULL);
         return FALSE;

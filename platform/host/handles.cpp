@@ -1,5 +1,7 @@
 #include "host/handles.h"
 
+#include <win32host/fault_control.h>
+
 #include <cstdint>
 #include <mutex>
 #include <new>
@@ -52,6 +54,12 @@ bool ForgetHandle(HANDLE handle, const HandleObject* object) {
     dropped = std::move(found->second);
     table.objects.erase(found);
     return true;
+}
+
+size_t OpenHandles() {
+    Table& table = TheTable();
+    std::lock_guard guard(table.lock);
+    return table.objects.size();
 }
 
 } // namespace win32host

@@ -75,6 +75,14 @@ LSTATUS WINAPI RegCreateKeyExW(HKEY key, LPCWSTR subkey, DWORD reserved, LPWSTR 
                                const struct SECURITY_ATTRIBUTES* security, PHKEY result,
                                LPDWORD disposition);
 
+// The same within a transaction (ktmw32.h). The handle stays good when that ends.
+LSTATUS WINAPI RegOpenKeyTransactedW(HKEY key, LPCWSTR subkey, DWORD options, REGSAM access,
+                                     PHKEY result, HANDLE transaction, PVOID extended);
+LSTATUS WINAPI RegCreateKeyTransactedW(HKEY key, LPCWSTR subkey, DWORD reserved, LPWSTR key_class,
+                                       DWORD options, REGSAM access,
+                                       const struct SECURITY_ATTRIBUTES* security, PHKEY result,
+                                       LPDWORD disposition, HANDLE transaction, PVOID extended);
+
 // Closes a key handle; ERROR_INVALID_HANDLE when it is not an open one.
 LSTATUS WINAPI RegCloseKey(HKEY key);
 
@@ -96,6 +104,9 @@ LSTATUS WINAPI RegDeleteValueW(HKEY key, LPCWSTR name);
 // deletes `key` itself. Handles that are still open on the key answer ERROR_KEY_DELETED from then
 // on.
 LSTATUS WINAPI RegDeleteKeyW(HKEY key, LPCWSTR subkey);
+// The same within a transaction.
+LSTATUS WINAPI RegDeleteKeyTransactedW(HKEY key, LPCWSTR subkey, REGSAM access, DWORD reserved,
+                                       HANDLE transaction, PVOID extended);
 
 // The name of the subkey number `index`, counted from 0; ERROR_NO_MORE_ITEMS past the last one.
 // Sizes are in characters: given with the terminator, received without. ERROR_MORE_DATA when the

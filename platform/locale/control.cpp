@@ -1,6 +1,7 @@
 #include "locale/facts.h"
 
 #include <win32host/clock_control.h>
+#include <win32host/fault_control.h>
 #include <win32host/spooler_control.h>
 
 namespace win32host {
@@ -14,6 +15,7 @@ void ResetControl() {
     UseRealTickCount();
     RefuseSpoolerQuestions(nullptr);
     AlterSpoolerAnswers(nullptr);
+    ForgetFaults();
 }
 
 } // namespace win32host

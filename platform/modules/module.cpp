@@ -27,8 +27,8 @@ std::vector<std::unique_ptr<Module>>& Modules() {
 }
 
 // The libraries of the system whose functions this library has.
-constexpr std::u16string_view kSystemLibraries[] = {u"kernel32.dll", u"user32.dll", u"gdi32.dll",
-                                                    u"advapi32.dll", u"winspool.drv"};
+constexpr std::u16string_view kSystemLibraries[] = {
+    u"kernel32.dll", u"user32.dll", u"gdi32.dll", u"advapi32.dll", u"winspool.drv", u"ktmw32.dll"};
 
 std::string RealPath(const std::string& path) {
     std::unique_ptr<char, void (*)(void*)> real(realpath(path.c_str(), nullptr), std::free);

@@ -199,7 +199,10 @@ void Database::Fail(int result) {
 
 Query::Query(Database& database, const char* sql)
     : database_(database)
-    , statement_(database.Prepared(sql)) {}
+    , statement_(database.Prepared(sql)) {
+    if (database.depth_ > 0 && sqlite3_get_autocommit(database.handle_))
+        throw Error{ERROR_TRANSACTION_NOT_ACTIVE};
+}
 
 Query::~Query() {
     sqlite3_reset(statement_);
@@ -240,17 +243,25 @@ std::string_view Query::Bytes(int column) const {
 }
 
 Transaction::Transaction(Database& database, Kind kind)
-    : database_(database) {
-    Query(database_, kind == Writing ? "BEGIN IMMEDIATE" : "BEGIN").Run();
+    : database_(database)
+    , inner_(database.InTransaction()) {
+    if (inner_)
+        Query(database_, "SAVEPOINT inner_one").Run();
+    else
+        Query(database_, kind == Writing ? "BEGIN IMMEDIATE" : "BEGIN").Run();
+    ++database_.depth_;
 }
 
 Transaction::~Transaction() {
+    --database_.depth_;
     if (open_ && !sqlite3_get_autocommit(database_.handle_))
-        sqlite3_exec(database_.handle_, "ROLLBACK", nullptr, nullptr, nullptr);
+        sqlite3_exec(database_.handle_,
+                     inner_ ? "ROLLBACK TO inner_one; RELEASE inner_one" : "ROLLBACK", nullptr,
+                     nullptr, nullptr);
 }
 
 void Transaction::Commit() {
-    Query(database_, "COMMIT").Run();
+    Query(database_, inner_ ? "RELEASE inner_one" : "COMMIT").Run();
     open_ = false;
 }
 

@@ -46,6 +46,8 @@ public:
     // Brings everything written so far to the disk.
     void Flush();
 
+    bool InTransaction() const { return depth_ > 0; }
+
 private:
     friend class Query;
     friend class Transaction;
@@ -63,13 +65,15 @@ private:
     [[noreturn]] void Fail(int result);
 
     sqlite3* handle_ = nullptr;
+    int depth_ = 0;                                             // of transactions
     std::unordered_map<const char*, sqlite3_stmt*> statements_; // by the address of their text
     const uint32_t* header_ = nullptr; // null: not known, so every call finds a change
     Header seen_{};
 };
 
-// One run of a statement. `sql` is a literal that lives as long as the program: the prepared form
-// is kept under its address.
+// One run of a statement. Within a transaction that a failure of the disk has undone it throws
+// Error, so that nothing is written outside of it. `sql` is a literal that lives as long as the
+// program: the prepared form is kept under its address.
 class Query {
 public:
     Query(Database& database, const char* sql);
@@ -99,7 +103,8 @@ private:
     int parameter_ = 0;
 };
 
-// All or nothing, and one state of the database throughout. Undone unless committed.
+// All or nothing, and one state of the database throughout. Undone unless committed. One within
+// another is undone alone or stored with that; they end in the reverse of their order.
 class Transaction {
 public:
     enum Kind { Reading, Writing };
@@ -112,6 +117,7 @@ public:
 
 private:
     Database& database_;
+    const bool inner_;
     bool open_ = true;
 };
 

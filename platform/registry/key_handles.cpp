@@ -1,5 +1,6 @@
 #include "registry/key_handles.h"
 
+#include <win32host/fault_control.h>
 #include <winerror.h>
 
 #include <atomic>
@@ -98,3 +99,13 @@ bool CloseKeyHandle(HKEY handle) {
 }
 
 } // namespace win32host::registry
+
+size_t win32host::OpenKeys() {
+    size_t count = 0;
+    for (unsigned number = 0; number < registry::kShards; ++number) {
+        registry::Shard& shard = registry::Shards()[number];
+        std::lock_guard guard(shard.lock);
+        count += shard.slots.size() - shard.free.size();
+    }
+    return count;
+}

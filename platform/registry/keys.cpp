@@ -1,5 +1,6 @@
 // Opening, making, deleting and listing keys.
 #include "registry/access.h"
+#include "registry/transactions.h"
 
 #include "host/root.h"
 #include "host/text.h"
@@ -36,6 +37,15 @@ LSTATUS Open(Location location, const KeyFound& found, REGSAM access, PHKEY resu
     if (!Grant(access, found.read_only, key.access)) return ERROR_ACCESS_DENIED;
     *result = NewKeyHandle(key);
     return ERROR_SUCCESS;
+}
+
+// What the thread does in the key's registry is part of the transaction from now on.
+LSTATUS Join(HANDLE transaction, HKEY key) {
+    return Guarded([&]() -> LSTATUS {
+        KeyInUse base;
+        const LSTATUS status = Use(key, 0, base);
+        return status == ERROR_SUCCESS ? Enlist(transaction, base.location) : status;
+    });
 }
 
 // Copies a name with its terminator. `size` is the room in characters and becomes the length.
@@ -115,6 +125,32 @@ LSTATUS WINAPI RegDeleteKeyW(HKEY key, LPCWSTR subkey) {
         if (status != ERROR_SUCCESS) return status;
         return base.store->Delete(base.id, TextOf(subkey));
     });
+}
+
+LSTATUS WINAPI RegOpenKeyTransactedW(HKEY key, LPCWSTR subkey, DWORD options, REGSAM access,
+                                     PHKEY result, HANDLE transaction, PVOID) {
+    const LSTATUS status = Join(transaction, key);
+    if (status == ERROR_SUCCESS) return RegOpenKeyExW(key, subkey, options, access, result);
+    if (result) *result = nullptr;
+    return status;
+}
+
+LSTATUS WINAPI RegCreateKeyTransactedW(HKEY key, LPCWSTR subkey, DWORD reserved, LPWSTR key_class,
+                                       DWORD options, REGSAM access,
+                                       const SECURITY_ATTRIBUTES* security, PHKEY result,
+                                       LPDWORD disposition, HANDLE transaction, PVOID) {
+    const LSTATUS status = Join(transaction, key);
+    if (status == ERROR_SUCCESS)
+        return RegCreateKeyExW(key, subkey, reserved, key_class, options, access, security, result,
+                               disposition);
+    if (result) *result = nullptr;
+    return status;
+}
+
+LSTATUS WINAPI RegDeleteKeyTransactedW(HKEY key, LPCWSTR subkey, REGSAM, DWORD, HANDLE transaction,
+                                       PVOID) {
+    const LSTATUS status = Join(transaction, key);
+    return status == ERROR_SUCCESS ? RegDeleteKeyW(key, subkey) : status;
 }
 
 LSTATUS WINAPI RegEnumKeyW(HKEY key, DWORD index, LPWSTR name, DWORD name_size) {

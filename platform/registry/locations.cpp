@@ -54,8 +54,9 @@ Location LocalLocation() {
 }
 
 Location ServerLocation(std::u16string_view name) {
-    if (name.empty() || name == u"." || name == u".." ||
-        name.find_first_of(u"/\\") != std::u16string_view::npos)
+    // One name, not a path; the ends that paths lose would lead to another folder.
+    if (name.empty() || name.find_first_of(u"/\\:") != std::u16string_view::npos ||
+        name.back() == u'.' || name.back() == u' ')
         return nullptr;
     const auto path = HostPath(Utf16(Root() + "/servers/") + std::u16string(name));
     if (!path) return nullptr;

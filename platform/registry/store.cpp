@@ -1,5 +1,6 @@
 #include "registry/store.h"
 
+#include "host/fault_point.h"
 #include "host/text.h"
 
 #include <winerror.h>
@@ -45,6 +46,11 @@ void Empty(Map& map) {
         map.clear();
 }
 
+// Lets an operation fail where a test wants it.
+void MayFail(FaultKind kind) {
+    if (const DWORD error = FailureAt(kind)) throw Error{static_cast<LSTATUS>(error)};
+}
+
 size_t LongestOf(const NameList& names) {
     size_t longest = 0;
     for (const auto& name : names) longest = std::max(longest, name.size());
@@ -53,8 +59,11 @@ size_t LongestOf(const NameList& names) {
 
 } // namespace
 
+// What Changed tells is of others within a transaction: they wait, and the own writes do not show.
 void Store::DropStale() {
-    if (database_.Changed()) Forget();
+    if (!written_ && (database_.InTransaction() || !database_.Changed())) return;
+    written_ = false;
+    Forget();
 }
 
 void Store::Forget() {
@@ -115,6 +124,7 @@ LSTATUS Store::Walk(int64_t base, const std::vector<std::u16string_view>& names,
 }
 
 LSTATUS Store::Find(int64_t base, std::u16string_view path, KeyFound& key) {
+    MayFail(FAULT_REGISTRY_READ);
     DropStale();
     const auto kept = keys_.find(CacheName(base, path));
     if (kept != keys_.end()) {
@@ -139,10 +149,12 @@ LSTATUS Store::Create(int64_t base, std::u16string_view path, std::u16string_vie
     LSTATUS status = Find(base, path, key);
     if (status != ERROR_SUCCESS || key.id != 0) return status;
 
+    MayFail(FAULT_REGISTRY_KEY);
     std::vector<std::u16string_view> names;
     status = Split(path, names);
     if (status != ERROR_SUCCESS) return status;
     Transaction transaction(database_, Transaction::Writing);
+    written_ = true;
     if (!BaseState(base, key)) return ERROR_KEY_DELETED;
     for (const auto name : names) {
         const bool last = name.data() == names.back().data();
@@ -162,11 +174,13 @@ LSTATUS Store::Create(int64_t base, std::u16string_view path, std::u16string_vie
 }
 
 LSTATUS Store::Delete(int64_t base, std::u16string_view path) {
+    MayFail(FAULT_REGISTRY_DELETE);
     std::vector<std::u16string_view> names;
     LSTATUS status = Split(path, names);
     if (status != ERROR_SUCCESS) return status;
 
     Transaction transaction(database_, Transaction::Writing);
+    written_ = true;
     KeyFound key;
     status = Walk(base, names, key);
     if (status != ERROR_SUCCESS) return status;
@@ -180,6 +194,7 @@ LSTATUS Store::Delete(int64_t base, std::u16string_view path) {
 }
 
 LSTATUS Store::SetReadOnly(int64_t key, bool read_only) {
+    written_ = true;
     Query(database_, "UPDATE keys SET read_only = ? WHERE id = ?")
         .Bind(int64_t{read_only})
         .Bind(key)
@@ -190,6 +205,7 @@ LSTATUS Store::SetReadOnly(int64_t key, bool read_only) {
 // ---- Values -------------------------------------------------------------------------------------
 
 LSTATUS Store::Read(int64_t key, std::u16string_view name, const Value*& value) {
+    MayFail(FAULT_REGISTRY_READ);
     DropStale();
     const auto kept = values_.find(CacheName(key, name));
     if (kept != values_.end()) {
@@ -241,6 +257,8 @@ void Store::ReadAhead(int64_t key) {
 
 LSTATUS Store::Write(int64_t key, std::u16string_view name, DWORD type, const BYTE* data,
                      size_t size) {
+    MayFail(FAULT_REGISTRY_WRITE);
+    written_ = true;
     Query(database_, "INSERT INTO key_values (key, name, folded, type, data) "
                      "VALUES (?, ?, ?, ?, ?) ON CONFLICT (key, folded) "
                      "DO UPDATE SET type = excluded.type, data = excluded.data "
@@ -255,6 +273,8 @@ LSTATUS Store::Write(int64_t key, std::u16string_view name, DWORD type, const BY
 }
 
 LSTATUS Store::DeleteValue(int64_t key, std::u16string_view name) {
+    MayFail(FAULT_REGISTRY_DELETE);
+    written_ = true;
     Query(database_, "DELETE FROM key_values WHERE key = ? AND folded = ?")
         .Bind(key)
         .Bind(Folded(name))
@@ -266,6 +286,7 @@ LSTATUS Store::DeleteValue(int64_t key, std::u16string_view name) {
 // ---- Lists --------------------------------------------------------------------------------------
 
 LSTATUS Store::Names(ById& lists, const char* sql, int64_t key, const NameList*& names) {
+    MayFail(FAULT_REGISTRY_READ);
     DropStale();
     const auto kept = lists.find(key);
     if (kept != lists.end()) {
@@ -317,6 +338,23 @@ LSTATUS Store::Info(int64_t key, KeyInfo& info) {
     info.longest_value_data = static_cast<size_t>(query.Number(1));
     info.longest_class = static_cast<size_t>(query.Number(2));
     return ERROR_SUCCESS;
+}
+
+// ---- Transactions -------------------------------------------------------------------------------
+
+void Store::Begin() {
+    transactions_.reserve(transactions_.size() + 1);
+    transactions_.push_back(std::make_unique<Transaction>(database_, Transaction::Writing));
+    written_ = true; // others may have written before it began
+}
+
+void Store::End(bool commit) {
+    const std::unique_ptr<Transaction> ending = std::move(transactions_.back());
+    transactions_.pop_back();
+    written_ = true;
+    if (!commit) return;
+    MayFail(FAULT_REGISTRY_COMMIT);
+    ending->Commit();
 }
 
 } // namespace win32host::registry

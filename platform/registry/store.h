@@ -8,6 +8,7 @@
 #include "registry/database.h"
 
 #include <functional>
+#include <memory>
 #include <string>
 #include <string_view>
 #include <unordered_map>
@@ -76,6 +77,11 @@ public:
 
     void Flush() { database_.Flush(); }
 
+    // Everything up to the End that belongs to it is stored together, or, without `commit`, undone.
+    // One may begin within another. End throws when it cannot be stored; it is over all the same.
+    void Begin();
+    void End(bool commit);
+
 private:
     struct TextHash {
         using is_transparent = void;
@@ -98,6 +104,8 @@ private:
     LSTATUS Names(ById& lists, const char* sql, int64_t key, const NameList*& names);
 
     Database database_;
+    std::vector<std::unique_ptr<Transaction>> transactions_;
+    bool written_ = false; // within a transaction, since what is kept was dropped
 
     // What the database held when Changed answered true last. Found and missing alike are kept.
     ByText<KeyFound> keys_; // by the base's id and the path as the caller spelled it

@@ -1,6 +1,7 @@
 #include "spooler/driver_record.h"
 
 #include "host/text.h"
+#include "registry/transactions.h"
 
 #include <algorithm>
 #include <cstring>
@@ -103,6 +104,7 @@ LSTATUS WriteDriver(const PrintServer& server, const DriverRecord& record) {
         if (status == ERROR_SUCCESS) status = next;
     };
     if (status != ERROR_SUCCESS) return status;
+    registry::KeyTransaction transaction(key.get());
     for (const TextValue& text : kTexts) then(key.SetText(text.name, record.*text.member));
     then(key.SetTexts(kDependentFiles, record.dependent_files));
     then(key.SetTexts(kPreviousNames, record.previous_names));
@@ -110,7 +112,7 @@ LSTATUS WriteDriver(const PrintServer& server, const DriverRecord& record) {
     then(key.SetBytes(kDriverDate, &record.date, sizeof record.date));
     then(key.SetBytes(kDriverVersion, &record.driver_version, sizeof record.driver_version));
     if (status == ERROR_SUCCESS) status = key.SetText(kDriver, record.driver_file);
-    return status;
+    return transaction.Commit(status);
 }
 
 LSTATUS EraseDriver(const PrintServer& server, const std::u16string& name) {

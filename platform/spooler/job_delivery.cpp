@@ -1,5 +1,6 @@
 #include "spooler/job_delivery.h"
 
+#include "host/fault_point.h"
 #include "host/text.h"
 #include "spooler/language_monitor.h"
 #include "spooler/ports.h"
@@ -8,6 +9,7 @@
 #include <winspool.h>
 
 #include <cerrno>
+#include <cstdio>
 #include <system_error>
 
 #include <fcntl.h>
@@ -57,7 +59,13 @@ int Copy(int from, const Write& write_some) {
             return errno;
         }
         for (ssize_t done = 0; done < count;) {
-            const ssize_t written = write_some(block + done, static_cast<size_t>(count - done));
+            const Fault fault = FaultAt(FAULT_PORT_WRITE);
+            const auto left = static_cast<size_t>(count - done);
+            const ssize_t written = write_some(block + done, fault ? fault.Part(left) : left);
+            if (fault) {
+                fault.Happen();
+                return ECONNRESET;
+            }
             if (written >= 0)
                 done += written;
             else if (errno != EINTR)
@@ -101,6 +109,8 @@ std::string SendToNetwork(const NetworkAddress& port, int job) {
     addrinfo hints = {};
     hints.ai_socktype = SOCK_STREAM;
     addrinfo* found = nullptr;
+    if (FailureAt(FAULT_PORT_OPEN))
+        return "cannot connect to " + place + ": " + Reason(ECONNREFUSED);
     if (const int error = getaddrinfo(port.host.c_str(), number.c_str(), &hints, &found))
         return "cannot find " + port.host + ": " + gai_strerror(error);
     int error = 0;
@@ -130,13 +140,25 @@ std::string SendToNetwork(const NetworkAddress& port, int job) {
 std::string SendToPath(const PrintServer& server, const std::u16string& port, int job) {
     const auto path = server.HostPath(port);
     if (!path) return "cannot find " + Utf8(port);
+    // A file is written aside: the one that is there stays until there is another.
+    struct stat info = {};
+    const bool is_file = stat(path->c_str(), &info) != 0 || S_ISREG(info.st_mode);
+    const std::string name = is_file ? *path + ".new" + std::to_string(getpid()) : *path;
     // Without O_NONBLOCK a pipe that nobody reads would hold us for ever.
-    const File target(open(path->c_str(),
-                           O_WRONLY | O_CREAT | O_TRUNC | O_NONBLOCK | O_NOCTTY | O_CLOEXEC, 0666));
+    const File target(FailureAt(FAULT_PORT_OPEN)
+                          ? (errno = ENOSPC, -1)
+                          : open(name.c_str(),
+                                 O_WRONLY | O_CREAT | O_TRUNC | O_NONBLOCK | O_NOCTTY | O_CLOEXEC,
+                                 0666));
     if (!target) return "cannot open " + Utf8(port) + ": " + Reason(errno);
     fcntl(target.get(), F_SETFL, 0);
-    const int error =
+    int error =
         Copy(job, [&](const char* bytes, size_t size) { return write(target.get(), bytes, size); });
+    if (is_file) {
+        if (!error && info.st_mode) fchmod(target.get(), info.st_mode & 0777);
+        if (!error && rename(name.c_str(), path->c_str()) != 0) error = errno;
+        if (error) unlink(name.c_str());
+    }
     return error ? "cannot write to " + Utf8(port) + ": " + Reason(error) : std::string();
 }
 

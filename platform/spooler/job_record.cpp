@@ -1,5 +1,7 @@
 #include "spooler/job_record.h"
 
+#include "registry/transactions.h"
+
 #include <winspool.h>
 
 #include <algorithm>
@@ -136,6 +138,7 @@ LSTATUS WriteJob(const PrintServer& server, const std::u16string& printer, const
     RegistryKey printer_key, key;
     LSTATUS status = server.OpenPrinter(printer, printer_key);
     if (status != ERROR_SUCCESS) return status;
+    registry::KeyTransaction transaction(printer_key.get());
     const std::u16string path = std::u16string(kJobs) + u'\\' + KeyName(record.number);
     status = only_existing ? key.Open(printer_key.get(), path, KEY_ALL_ACCESS)
                            : key.Create(printer_key.get(), path);
@@ -153,13 +156,15 @@ LSTATUS WriteJob(const PrintServer& server, const std::u16string& printer, const
     then(key.SetNumber(kSize, record.size));
     then(key.SetBytes(kSubmitted, &record.submitted, sizeof record.submitted));
     then(key.SetNumber(kStatus, record.status));
-    return status;
+    return transaction.Commit(status);
 }
 
 LSTATUS EraseJob(const PrintServer& server, const std::u16string& printer, DWORD job) {
     RegistryKey jobs;
     LSTATUS status = OpenJobs(server, printer, jobs);
     if (status == ERROR_SUCCESS) status = jobs.DeleteTree(KeyName(job));
+    // A job that is still there keeps its bytes.
+    if (status != ERROR_SUCCESS && status != ERROR_FILE_NOT_FOUND) return status;
     unlink(SpoolFile(server, job).c_str());
     unlink(UnfinishedSpoolFile(server, job).c_str());
     return status;

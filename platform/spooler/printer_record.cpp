@@ -1,5 +1,6 @@
 #include "spooler/printer_record.h"
 
+#include "registry/transactions.h"
 #include "spooler/ansi.h"
 
 #include <algorithm>
@@ -89,6 +90,7 @@ std::optional<std::u16string> ReadPrinterDriver(const PrintServer& server,
 LSTATUS WritePrinter(const RegistryKey& key, const PrinterRecord& record,
                      const PrinterRecord& old) {
     const bool all = old.name.empty();
+    registry::KeyTransaction transaction(key.get());
     LSTATUS status = ERROR_SUCCESS;
     const auto then = [&](LSTATUS next) {
         if (status == ERROR_SUCCESS) status = next;
@@ -105,20 +107,13 @@ LSTATUS WritePrinter(const RegistryKey& key, const PrinterRecord& record,
         then(key.SetBytes(kDevMode, record.dev_mode.data(), record.dev_mode.size()));
     if (status == ERROR_SUCCESS && record.name != old.name)
         status = key.SetText(kName, record.name);
-    return status;
+    return transaction.Commit(status);
 }
 
 LSTATUS ErasePrinter(const PrintServer& server, const std::u16string& name) {
-    {
-        RegistryKey key;
-        if (const LSTATUS status = server.OpenPrinter(name, key); status != ERROR_SUCCESS)
-            return status;
-        if (const LSTATUS status = key.DeleteValue(kName); status != ERROR_SUCCESS) return status;
-    }
     RegistryKey printers;
-    if (const LSTATUS status = server.OpenPrinters(printers); status != ERROR_SUCCESS)
-        return status;
-    return printers.DeleteTree(name);
+    const LSTATUS status = server.OpenPrinters(printers);
+    return status == ERROR_SUCCESS ? printers.DeleteTree(name) : status;
 }
 
 std::vector<PrinterRecord> ReadPrinters(const PrintServer& server, bool shared_only) {

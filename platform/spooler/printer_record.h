@@ -43,11 +43,11 @@ std::u16string ReadPrinterName(const PrintServer& server, const std::u16string& 
 std::optional<std::u16string> ReadPrinterDriver(const PrintServer& server,
                                                 const std::u16string& name);
 
-// Writes what differs from `old` (an empty record when there was no printer). The name is written
-// last: a printer without one does not exist, so that nobody finds half a printer.
+// Writes what differs from `old` (an empty record when there was no printer): all of it or, after a
+// failure, nothing. A printer without a name does not exist.
 LSTATUS WritePrinter(const RegistryKey& key, const PrinterRecord& record, const PrinterRecord& old);
 
-// Ends the printer for all who look for it, then removes its key with all printer data.
+// Removes the printer's key with all printer data, at once for all who look for it.
 LSTATUS ErasePrinter(const PrintServer& server, const std::u16string& name);
 
 // The printers in the order of their installation. `shared_only` leaves out the others.

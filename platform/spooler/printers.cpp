@@ -1,5 +1,6 @@
 // Opening, asking, changing, adding and deleting printers.
 #include "host/text.h"
+#include "registry/transactions.h"
 #include "spooler/dev_modes.h"
 #include "spooler/job_record.h"
 #include "spooler/opened_printer.h"
@@ -87,13 +88,14 @@ DWORD Add(const PrintServer& server, const PrinterRecord& record) {
     RegistryKey printers, key;
     LSTATUS status = server.CreatePrinters(printers);
     if (status != ERROR_SUCCESS) return static_cast<DWORD>(status);
+    registry::KeyTransaction transaction(printers.get());
     // What somebody who was stopped has left of a printer.
     printers.DeleteTree(record.name);
     status = key.Create(printers.get(), record.name + u"\\PrinterDriverData");
     if (status == ERROR_SUCCESS) status = RegisterPort(server, record.port);
     if (status == ERROR_SUCCESS) status = key.Open(printers.get(), record.name, KEY_ALL_ACCESS);
     if (status == ERROR_SUCCESS) status = WritePrinter(key, record, {});
-    return static_cast<DWORD>(status);
+    return static_cast<DWORD>(transaction.Commit(status));
 }
 
 // The caller's settings as the printer's driver lays them out today; none for null. False when they

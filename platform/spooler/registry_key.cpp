@@ -1,5 +1,7 @@
 #include "spooler/registry_key.h"
 
+#include "registry/transactions.h"
+
 #include <cstring>
 #include <utility>
 
@@ -166,13 +168,17 @@ LSTATUS RegistryKey::DeleteValue(const std::u16string& name) const {
 }
 
 LSTATUS RegistryKey::DeleteTree(const std::u16string& subkey) const {
+    registry::KeyTransaction transaction(key_);
+    LSTATUS status = ERROR_SUCCESS;
     {
         RegistryKey key;
-        if (const LSTATUS status = key.Open(key_, subkey, KEY_ALL_ACCESS); status != ERROR_SUCCESS)
-            return status;
-        for (const std::u16string& name : key.SubkeyNames()) key.DeleteTree(name);
+        status = key.Open(key_, subkey, KEY_ALL_ACCESS);
+        if (status != ERROR_SUCCESS) return status;
+        for (const std::u16string& name : key.SubkeyNames())
+            if (status == ERROR_SUCCESS) status = key.DeleteTree(name);
     }
-    return RegDeleteKeyW(key_, subkey.c_str());
+    return transaction.Commit(status == ERROR_SUCCESS ? RegDeleteKeyW(key_, subkey.c_str())
+                                                      : status);
 }
 
 } // namespace win32host

@@ -1,6 +1,7 @@
 #include "spooler/spooled_document.h"
 
 #include "files/paths.h"
+#include "host/fault_point.h"
 #include "host/text.h"
 #include "host/user.h"
 #include "security/accounts.h"
@@ -69,23 +70,38 @@ SpooledDocument::~SpooledDocument() {
 
 bool SpooledDocument::Write(const void* data, DWORD size, DWORD& written) {
     written = 0;
+    const Fault fault = FaultAt(FAULT_SPOOL_WRITE);
+    if (fault) size = static_cast<DWORD>(fault.Part(size));
     while (written < size) {
         const ssize_t count =
             write(file_, static_cast<const char*>(data) + written, size - written);
         if (count < 0 && errno == EINTR) continue;
-        if (count < 0) return FailWith(errno, UnfinishedSpoolFile(*server_, record_.number));
+        if (count < 0) {
+            FailWith(errno, UnfinishedSpoolFile(*server_, record_.number));
+            fault_ = GetLastError();
+            return false;
+        }
         written += static_cast<DWORD>(count);
         record_.size = static_cast<DWORD>(
             std::min(uint64_t{record_.size} + static_cast<uint64_t>(count), uint64_t{0xFFFFFFFF}));
     }
-    return true;
+    if (fault) SetLastError(fault_ = fault.Happen());
+    return !fault;
 }
 
 bool SpooledDocument::End() {
+    if (fault_) {
+        SetLastError(fault_);
+        return false;
+    }
     const std::string unfinished = UnfinishedSpoolFile(*server_, record_.number);
     {
         SpoolerLock lock(*server_);
         record_.status = 0;
+        if (const DWORD error = FailureAt(FAULT_SPOOL_END)) {
+            SetLastError(error);
+            return false;
+        }
         // Nothing is there to be completed when somebody has deleted the job meanwhile.
         if (rename(unfinished.c_str(), SpoolFile(*server_, record_.number).c_str()) != 0)
             return FailWith(errno, unfinished);

@@ -26,7 +26,8 @@ public:
     void AddPage() { ++record_.pages; }
     // False with an error; `written` is what came to the file nevertheless.
     bool Write(const void* data, DWORD size, DWORD& written);
-    // Completes the job and sends it on its way. False with an error.
+    // Completes the job and sends it on its way. False with an error; a document that lost bytes in
+    // writing is none that could be printed, and is dropped.
     bool End();
 
 private:
@@ -38,6 +39,7 @@ private:
     const std::u16string printer_;
     JobRecord record_;
     int file_ = -1;
+    DWORD fault_ = 0; // why bytes were lost
 };
 
 } // namespace win32host

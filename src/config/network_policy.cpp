@@ -56,6 +56,10 @@ int NetworkPolicy::GetAccessLevel() const {
     return IsNetworkShared() ? GetNetworkAccessLevel() : USER_LEVEL_NONE;
 }
 
+bool NetworkPolicy::MayChange() const {
+    return UserInfo().GetLevel() >= GetAccessLevel();
+}
+
 int NetworkPolicy::GetLocalAccessLevel() const {
     return prtreg(printer_).GetInt(LocalLevel, DefaultLevel());
 }

@@ -28,6 +28,9 @@ public:
     // the changes go to the user's private copy.
     int GetAccessLevel() const;
 
+    // Whether the user that runs this process has that level.
+    bool MayChange() const;
+
     int GetLocalAccessLevel() const;
     void SetLocalAccessLevel(int level);
     int GetNetworkAccessLevel() const;

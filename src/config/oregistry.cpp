@@ -6,6 +6,7 @@
 #include <new>
 
 #include "config/oregistry_names.h"
+#include "config/oregistry_system.h"
 #include "core/windows_version.h"
 
 namespace {
@@ -44,7 +45,7 @@ int RootNumber(const WCHAR* text, const WCHAR* colon) {
 }
 
 // Creates a key that every account can later write: the spooler's and other users' too.
-HKEY CreateOpenKey(HKEY root, const WCHAR* name) {
+LONG CreateOpenKey(HKEY root, const WCHAR* name, HKEY& key, HANDLE transaction) {
     SECURITY_DESCRIPTOR descriptor;
     SECURITY_ATTRIBUTES attributes = {};
     attributes.nLength = sizeof attributes;
@@ -54,10 +55,25 @@ HKEY CreateOpenKey(HKEY root, const WCHAR* name) {
         attributes.lpSecurityDescriptor = &descriptor;
         security = &attributes;
     }
-    HKEY key = nullptr;
-    const LONG error = RegCreateKeyExW(root, name, 0, nullptr, REG_OPTION_NON_VOLATILE,
-                                       KEY_READ | KEY_WRITE, security, &key, nullptr);
-    return error == ERROR_SUCCESS ? key : nullptr;
+    return RegistryTransactions::OfSystem().CreateKey(root, name, KEY_READ | KEY_WRITE, security,
+                                                      key, transaction);
+}
+
+// Whether an error says that there is nothing of that name, or more than was asked for.
+bool IsAbsence(LONG error) {
+    switch (error) {
+    case ERROR_FILE_NOT_FOUND:
+    case ERROR_PATH_NOT_FOUND:
+    case ERROR_INVALID_NAME:
+    case ERROR_INVALID_PARAMETER:
+    case ERROR_BAD_PATHNAME:
+    case ERROR_KEY_DELETED:
+    case ERROR_MORE_DATA:
+    case ERROR_NO_MORE_ITEMS:
+        return true;
+    default:
+        return false;
+    }
 }
 
 } // namespace
@@ -151,18 +167,34 @@ HKEY ORegistry::OpenKey(const OString& key, bool create) {
     int length = name.wlen();
     while (length > 0 && wide[length - 1] == '\\') --length;
     name.Truncate(length);
-    wide = name.wstring();
+    return OpenKeyBelow(root, name, create);
+}
 
+HKEY ORegistry::OpenKeyBelow(HKEY root, const OString& path, bool create) {
+    const RegistryTransactions& system = RegistryTransactions::OfSystem();
+    const WCHAR* name = path.wstring();
     HKEY opened = nullptr;
-    const LONG error = RegOpenKeyExW(root, wide, 0, KEY_READ | KEY_WRITE, &opened);
-    if (error == ERROR_SUCCESS) return opened;
+    LONG error = system.OpenKey(root, name, KEY_READ | KEY_WRITE, opened, transaction_);
     // Only a key that is there is opened for reading alone. Had it been missing, someone could make
     // it at this moment, and a writer would be left with a handle that cannot write.
-    if (error != ERROR_FILE_NOT_FOUND &&
-        RegOpenKeyExW(root, wide, 0, KEY_READ, &opened) == ERROR_SUCCESS) {
-        return opened;
-    }
-    return create ? CreateOpenKey(root, wide) : nullptr;
+    if (error != ERROR_SUCCESS && error != ERROR_FILE_NOT_FOUND)
+        error = system.OpenKey(root, name, KEY_READ, opened, transaction_);
+    if (error != ERROR_SUCCESS && create) error = CreateOpenKey(root, name, opened, transaction_);
+    return Noted(error, create) == ERROR_SUCCESS ? opened : nullptr;
+}
+
+LONG ORegistry::Noted(LONG error, bool write) {
+    if (error != ERROR_SUCCESS && (write || !IsAbsence(error))) failed_ = true;
+    return error;
+}
+
+bool ORegistry::HasFailed() const {
+    return failed_ || AllocationFailures() != memory_failures_;
+}
+
+void ORegistry::ForgetFailures() {
+    failed_ = false;
+    memory_failures_ = AllocationFailures();
 }
 
 bool ORegistry::SetKey(const OString& path, bool create) {
@@ -216,7 +248,10 @@ LONG ORegistry::GetData(HKEY key, const OString& name, void* buffer, uint32_t si
 }
 
 int32_t ORegistry::SetData(const OString& name, const void* data, uint32_t size, uint32_t type) {
-    if (size > INT32_MAX || (size > 0 && !data)) return -1;
+    if (size > INT32_MAX || (size > 0 && !data)) {
+        failed_ = true;
+        return -1;
+    }
     const LONG error = OnValue(name, true, [&](HKEY key, const OString& value) {
         return SetData(key, value, data, size, type);
     });

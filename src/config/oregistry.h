@@ -3,6 +3,7 @@
 
 #include <windows.h>
 
+#include "core/memory.h"
 #include "core/obuffer.h"
 #include "core/ostring.h"
 #include "core/ostring_array.h"
@@ -26,12 +27,14 @@ class RegistryLines;
 // create missing keys, open to every account. A key that the user may only read can be read;
 // writes to it fail. Nothing here throws or shows a message.
 //
+// Several writes belong together in an ORegistryTransaction (config/oregistry_transaction.h).
+//
 // One key stays open between calls, so that work on one key is quick. An ORegistry belongs to one
 // thread; threads and processes meet in the registry itself.
 class ORegistry {
 public:
     ORegistry() = default;
-    // A copy has the same base key and opens its own key.
+    // A copy has the same base key, opens its own key and is in no transaction.
     ORegistry(const ORegistry& other)
         : base_key_(other.base_key_) {}
     ORegistry& operator=(const ORegistry&) = delete;
@@ -103,8 +106,15 @@ public:
     bool Export(const OString& key, RegistryLines& lines);
 
     // Applies lines of that form. A key in the text replaces the one in the registry with all
-    // below it; "[-key]" deletes one. Lines that make no sense are skipped. Always true.
+    // below it; "[-key]" deletes one. Lines that make no sense are skipped. All of it is applied,
+    // or nothing, and then HasFailed tells. Always true.
     bool Import(const OStringArray& lines);
+
+    // Whether an operation since ForgetFailures, or ever, has failed in another way than by not
+    // finding what it named: the registry could not be read or written. A read then answers as if
+    // nothing were there. Want of memory counts, wherever in the process it was.
+    bool HasFailed() const;
+    void ForgetFailures();
 
     // The path of a key in Windows notation ("HKEY_CURRENT_USER\SOFTWARE\..."); one without a root
     // stays without, and is empty when it has no slash either.
@@ -137,7 +147,12 @@ protected:
     // Opens a substituted key; null when that fails. The caller closes it.
     virtual HKEY OpenKey(const OString& key, bool create);
 
+    // The same for the path of a key below an open one, in the registry's own notation.
+    HKEY OpenKeyBelow(HKEY root, const OString& path, bool create);
+
 private:
+    friend class ORegistryTransaction;
+
     static OString SyntaxStandard(const OString& windows);
     static OString SyntaxWindows(const OString& standard);
 
@@ -145,6 +160,7 @@ private:
     // operation.
     template <typename Operation>
     LONG OnKey(const OString& path, bool create, Operation operation) {
+        if (create && !MayWrite()) return ERROR_WRITE_FAULT;
         if (!SetKey(path, create)) return ERROR_FILE_NOT_FOUND;
         LONG error = operation(key_);
         if (error == ERROR_KEY_DELETED) {
@@ -152,7 +168,7 @@ private:
             ReleaseKey();
             if (SetKey(path, create)) error = operation(key_);
         }
-        return error;
+        return Noted(error, create);
     }
     // The same on the key of `name`, resolved against the base key: `operation` is given the key
     // and the name of the value.
@@ -168,12 +184,17 @@ private:
     struct Exporter; // what an export works with
     void ExportPath(const OString& path, Exporter& to);
     // All values of an open key; whether there are any.
-    static bool ExportValues(HKEY key, Exporter& to);
+    bool ExportValues(HKEY key, Exporter& to);
+
+    // Remembers a failure. Of a write every error is one.
+    LONG Noted(LONG error, bool write);
+    // Whether nothing has failed in the transaction, if there is one.
+    bool MayWrite() const { return !in_transaction_ || !HasFailed(); }
 
     // On an open handle; the results are Win32 error codes.
     static void CloseKey(HKEY key);
-    static LONG DeleteKey(HKEY key, const OString& name);
-    static LONG DeleteValue(HKEY key, const OString& name);
+    LONG DeleteKey(HKEY key, const OString& name);
+    LONG DeleteValue(HKEY key, const OString& name);
     static LONG SetData(HKEY key, const OString& name, const void* data, uint32_t size,
                         uint32_t type);
     static LONG GetData(HKEY key, const OString& name, void* buffer, uint32_t size,
@@ -185,6 +206,11 @@ private:
     // The same with what the value holds; `data` grows when it is too small.
     static LONG EnumValue(HKEY key, uint32_t index, OBuffer<WCHAR>& name,
                           OBuffer<unsigned char>& data, uint32_t& size, uint32_t& type);
+
+    HANDLE transaction_ = nullptr;
+    bool in_transaction_ = false;
+    bool failed_ = false;
+    uint32_t memory_failures_ = AllocationFailures(); // when failures were forgotten
 
     HKEY key_ = nullptr;
     OString path_;     // of the open key, substituted; empty when none is open

@@ -5,7 +5,9 @@
 #include <cstring>
 
 #include "config/oregistry_names.h"
+#include "config/oregistry_system.h"
 #include "config/oregistry_text.h"
+#include "config/oregistry_transaction.h"
 #include "core/obuffer.h"
 
 namespace {
@@ -57,11 +59,14 @@ LONG ORegistry::EnumValue(HKEY key, uint32_t index, OBuffer<WCHAR>& name,
 }
 
 LONG ORegistry::DeleteKey(HKEY key, const OString& name) {
-    return RegDeleteKeyW(key, name.wstring());
+    if (!MayWrite()) return ERROR_WRITE_FAULT;
+    return Noted(RegistryTransactions::OfSystem().DeleteKey(key, name.wstring(), transaction_),
+                 false);
 }
 
 LONG ORegistry::DeleteValue(HKEY key, const OString& name) {
-    return RegDeleteValueW(key, name.wstring());
+    return MayWrite() ? Noted(RegDeleteValueW(key, name.wstring()), false)
+                      : LONG{ERROR_WRITE_FAULT};
 }
 
 int ORegistry::EnumPath(const OString& path, OStringArray& names, bool keys) {
@@ -70,10 +75,12 @@ int ORegistry::EnumPath(const OString& path, OStringArray& names, bool keys) {
     HKEY key = name.GetData() ? OpenKey(path, false) : nullptr;
     if (!key) return -1;
     names.SetSize(0);
-    for (uint32_t i = 0; (keys ? EnumKey(key, i, name) : EnumValue(key, i, name)) == ERROR_SUCCESS;
-         ++i) {
-        names.Add(OString(name.GetData()));
+    LONG error = ERROR_SUCCESS;
+    for (uint32_t i = 0; error == ERROR_SUCCESS; ++i) {
+        error = keys ? EnumKey(key, i, name) : EnumValue(key, i, name);
+        if (error == ERROR_SUCCESS) names.Add(OString(name.GetData()));
     }
+    Noted(error, false);
     CloseKey(key);
     return names.GetSize();
 }
@@ -234,8 +241,11 @@ void ORegistry::ExportPath(const OString& path, Exporter& to) {
     OStringArray names;
     if (const HKEY key = OpenKey(path, false)) {
         if (ExportValues(key, to)) base_key_ = path;
-        for (uint32_t i = 0; EnumKey(key, i, to.name) == ERROR_SUCCESS; ++i)
-            names.Add(OString(to.name.GetData()));
+        LONG error = ERROR_SUCCESS;
+        for (uint32_t i = 0; error == ERROR_SUCCESS; ++i) {
+            error = Noted(EnumKey(key, i, to.name), false);
+            if (error == ERROR_SUCCESS) names.Add(OString(to.name.GetData()));
+        }
         CloseKey(key);
     }
     to.writer.WriteEnd();
@@ -246,7 +256,7 @@ bool ORegistry::ExportValues(HKEY key, Exporter& to) {
     uint32_t size = 0;
     uint32_t type = 0;
     for (uint32_t i = 0;; ++i) {
-        const LONG error = EnumValue(key, i, to.name, to.data, size, type);
+        const LONG error = Noted(EnumValue(key, i, to.name, to.data, size, type), false);
         if (error == ERROR_OUTOFMEMORY) continue; // this one alone is left out
         if (error != ERROR_SUCCESS) return i > 0;
         to.writer.WriteValue(to.name.GetData(), type, to.data.GetData(), size);
@@ -254,6 +264,7 @@ bool ORegistry::ExportValues(HKEY key, Exporter& to) {
 }
 
 bool ORegistry::Import(const OStringArray& lines) {
+    ORegistryTransaction transaction(*this);
     RegistryTextReader reader;
     OString path;
     bool resolved = false;
@@ -283,5 +294,6 @@ bool ORegistry::Import(const OStringArray& lines) {
             break;
         }
     }
+    transaction.Commit();
     return true;
 }

@@ -3,6 +3,7 @@
 #include <algorithm>
 #include <cstring>
 
+#include "core/memory.h"
 #include "core/replaced_file.h"
 #include "model/prtmodel.h"
 #include "settings/driver_settings.h"
@@ -34,13 +35,8 @@ void ImportText(OFile& file, int flags, SettingsFileLists& settings, KDSettingsR
     }
 }
 
-} // namespace
-
-KDSettingsResult ExportSettingsFile(const OString& name, int flags, SettingsFileLists settings) {
+KDSettingsResult WriteText(OFile& file, int flags, const SettingsFileLists& settings) {
     KDSettingsResult result = {};
-    ReplacedFile replaced(name);
-    OFile& file = replaced.GetFile();
-    if (!file.is_open()) return result;
     file.SetCodePage(UTF8);
     file << kHead << OCore::endl << OCore::endl;
     if (flags & SETTINGS_STOCKS) result.stocks = Count(settings.stocks.Export(file));
@@ -54,6 +50,19 @@ KDSettingsResult ExportSettingsFile(const OString& name, int flags, SettingsFile
         options.Load(settings.model.GetRegistry());
         result.options = options.Export(file, settings.model.GetModelName().nstring());
     }
+    return result;
+}
+
+} // namespace
+
+KDSettingsResult ExportSettingsFile(const OString& name, int flags, SettingsFileLists settings) {
+    const uint32_t failures = AllocationFailures();
+    ReplacedFile replaced(name);
+    if (!replaced.GetFile().is_open()) return {};
+    const KDSettingsResult result = WriteText(replaced.GetFile(), flags, settings);
+    // What could not be read is missing in the text.
+    if (AllocationFailures() != failures || ((flags & SETTINGS_OPTIONS) && !result.options))
+        return {};
     return replaced.Commit() ? result : KDSettingsResult{};
 }
 
@@ -66,6 +75,7 @@ KDSettingsResult ImportSettingsFile(const OString& name, int flags, SettingsFile
 
 KDSettingsResult ImportSettingsFile(OFile& file, int flags, SettingsFileLists settings) {
     KDSettingsResult result = {};
+    const uint32_t failures = AllocationFailures();
     char head[4];
     const bool whole = file.Read(head, sizeof head) == sizeof head;
     file.Seek(0, FILE_BEGIN);
@@ -83,6 +93,13 @@ KDSettingsResult ImportSettingsFile(OFile& file, int flags, SettingsFileLists se
     } else if (begins("DM")) {
         if (flags & SETTINGS_PRESETS)
             result.presets = Count(settings.presets.ImportKPR1(file, &settings.model));
+    }
+    // Half of a file is not stored.
+    if (file.HasFailed() || AllocationFailures() != failures) {
+        settings.stocks.KeepStored();
+        settings.presets.KeepStored();
+        settings.data_fonts.KeepStored();
+        return {};
     }
     return result;
 }

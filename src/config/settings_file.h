@@ -57,7 +57,8 @@ struct SettingsFileLists {
 KDSettingsResult ExportSettingsFile(const OString& name, int flags, SettingsFileLists settings);
 
 // Adds the contents in `flags` of a file of any kind. Nothing, and zeros, for a file that is not
-// there and for one of another kind. Driver settings for another model are left out; those that are
+// there, for one of another kind and for one that cannot be read to its end: then the lists are not
+// saved until they are loaded again. Driver settings for another model are left out; those that are
 // taken are in force at once, in all processes.
 KDSettingsResult ImportSettingsFile(const OString& name, int flags, SettingsFileLists settings);
 

@@ -1,6 +1,7 @@
 #include "core/memory.h"
 
 #include <algorithm>
+#include <atomic>
 #include <cstdint>
 #include <cstring>
 #include <functional>
@@ -13,16 +14,30 @@ constexpr size_t kHeader = alignof(std::max_align_t);
 constexpr size_t kLargestBlock = UINT32_MAX - kHeader;
 static_assert(kHeader >= sizeof(uint32_t));
 
+std::atomic<uint32_t> g_failures{0};
+
 char* SizeWord(const void* block) {
     return static_cast<char*>(const_cast<void*>(block)) - sizeof(uint32_t);
 }
 
 } // namespace
 
+uint32_t AllocationFailures() {
+    return g_failures.load(std::memory_order_relaxed);
+}
+
+void NoteAllocationFailure() {
+    g_failures.fetch_add(1, std::memory_order_relaxed);
+}
+
 void* ___malloc(size_t size) {
-    if (size > kLargestBlock) return nullptr;
-    char* whole = static_cast<char*>(::operator new(kHeader + size, std::nothrow));
-    if (!whole) return nullptr;
+    char* whole = size <= kLargestBlock
+                      ? static_cast<char*>(::operator new(kHeader + size, std::nothrow))
+                      : nullptr;
+    if (!whole) {
+        NoteAllocationFailure();
+        return nullptr;
+    }
     void* block = whole + kHeader;
     const uint32_t word = static_cast<uint32_t>(size);
     std::memcpy(SizeWord(block), &word, sizeof(word));

@@ -6,6 +6,7 @@
 #pragma once
 
 #include <cstddef>
+#include <cstdint>
 
 // A new block of `size` bytes, not initialised; null on failure. A size of 0 gives a block too.
 void* ___malloc(size_t size);
@@ -28,6 +29,13 @@ size_t ___msize(const void* block);
 // A new block with a copy of `size` bytes. A size of 0 copies a whole block of this family. Null
 // for null and on failure.
 void* memdup(const void* data, size_t size);
+
+// How many allocations for texts, buffers, arrays and blocks have failed in this process so far, on
+// whatever thread. Nothing says so where they fail: a text is shorter, a list lacks an element.
+// Work that must not be stored by half compares the number before and after.
+uint32_t AllocationFailures();
+// Counts the failure of an allocation that was made in another way.
+void NoteAllocationFailure();
 
 // The functions below do nothing when a pointer is null or the size is 0.
 

@@ -5,7 +5,9 @@
 #include "core/memory.h"
 
 void* MemoryHeap::ReAlloc(void* block, size_t size) {
-    return std::realloc(block, size);
+    void* moved = std::realloc(block, size);
+    if (!moved) NoteAllocationFailure();
+    return moved;
 }
 
 void MemoryHeap::Free(void* block) {

@@ -78,7 +78,10 @@ uint32_t OFile::GetLength() const {
 int32_t OFile::Read(void* data, int32_t size) {
     if (!handle_ || !data || size <= 0) return 0;
     DWORD read = 0;
-    if (!ReadFile(*handle_, data, static_cast<DWORD>(size), &read, nullptr)) return 0;
+    if (!ReadFile(*handle_, data, static_cast<DWORD>(size), &read, nullptr)) {
+        failed_ = true;
+        return 0;
+    }
     return static_cast<int32_t>(read);
 }
 

@@ -52,6 +52,7 @@ public:
 
     // Whether something that was written since the file was opened has not reached it: the disk is
     // full, or the file is open for reading only. What waits in the buffer is known after Close.
+    // Also whether it could not be read somewhere, which looks like its end.
     bool HasFailed() const { return failed_; }
 
     // Reads up to the next line feed or the end of the file. NUL bytes are skipped, trailing

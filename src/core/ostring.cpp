@@ -110,6 +110,7 @@ void OString::ReleaseCore() {
 void OString::ChangeCore() {
     if (!core_) {
         core_ = new (std::nothrow) OStringCore;
+        if (!core_) NoteAllocationFailure();
     } else if (core_->reference_count > 1) {
         --core_->reference_count;
         core_ = core_->Clone();

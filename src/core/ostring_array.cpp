@@ -6,6 +6,8 @@
 #include <memory>
 #include <new>
 
+#include "core/memory.h"
+
 namespace {
 
 // The units of a 16-bit header in a buffer of characters of type C.
@@ -101,7 +103,10 @@ bool OStringArray::SetSize(int size, int grow) {
         if (static_cast<size_t>(capacity) > SIZE_MAX / sizeof(OString)) return false;
         OString* moved = static_cast<OString*>(
             ::operator new(static_cast<size_t>(capacity) * sizeof(OString), std::nothrow));
-        if (!moved) return false;
+        if (!moved) {
+            NoteAllocationFailure();
+            return false;
+        }
         std::uninitialized_move_n(data_, size_, moved);
         std::destroy_n(data_, size_);
         ::operator delete(data_);

@@ -33,7 +33,10 @@ OStringCore::~OStringCore() {
 
 OStringCore* OStringCore::Clone() const {
     OStringCore* copy = new (std::nothrow) OStringCore;
-    if (!copy) return nullptr;
+    if (!copy) {
+        NoteAllocationFailure();
+        return nullptr;
+    }
     copy->capacity_ = capacity_;
     copy->code_page_ = code_page_;
     const bool room = (!is_valid_n() || copy->reserve_n(nlen() + size_t{1})) &&

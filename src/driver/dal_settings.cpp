@@ -13,7 +13,10 @@ void WINAPI DAL_Settings_Load(HANDLE settings) {
 }
 
 void WINAPI DAL_Settings_Save(HANDLE settings) {
-    if (settings) static_cast<prtui*>(settings)->Settings_Save();
+    auto* ui = static_cast<prtui*>(settings);
+    if (!ui || !ui->model) return;
+    const bool stored = ui->Settings_Save();
+    SetLastError(stored ? NO_ERROR : ui->restricted ? ERROR_ACCESS_DENIED : ERROR_WRITE_FAULT);
 }
 
 void WINAPI DAL_Settings_Export(HANDLE settings, LPCWSTR file, int contents) {
@@ -21,5 +24,8 @@ void WINAPI DAL_Settings_Export(HANDLE settings, LPCWSTR file, int contents) {
 }
 
 void WINAPI DAL_Settings_Import(HANDLE settings, LPCWSTR file, int contents) {
-    if (settings) static_cast<prtui*>(settings)->Settings_Import(file, contents, nullptr);
+    auto* ui = static_cast<prtui*>(settings);
+    if (!ui) return;
+    ui->Settings_Import(file, contents, nullptr);
+    SetLastError(ui->restricted ? ERROR_ACCESS_DENIED : NO_ERROR);
 }

@@ -3,6 +3,7 @@
 
 #include <memory>
 
+#include "config/network_policy.h"
 #include "driver/open_printer.h"
 #include "driver/printer_info.h"
 #include "driver/version_check.h"
@@ -10,6 +11,11 @@
 #include "settings/dev_mode.h"
 
 namespace {
+
+BOOL Fail(DWORD error) {
+    SetLastError(error);
+    return FALSE;
+}
 
 std::unique_ptr<prtmodel> ModelOf(HANDLE printer) {
     return std::unique_ptr<prtmodel>(prtmodel::new_ext(PrinterInfo(printer)));
@@ -23,6 +29,11 @@ BOOL UpgradeDefaultDevMode(HANDLE printer, const prtmodel* model) {
     settings.Merge(info.GetDevMode(), model);
     info.SetDevMode(settings.GetDevMode());
     return TRUE;
+}
+
+// Whether this user may change what is the printer's own. A connection's copy is the user's.
+bool MayChange(const prtmodel& model) {
+    return model.GetRegistry().IsShadow() || NetworkPolicy(model.GetPrinterName()).MayChange();
 }
 
 void InstallDefaults(prtmodel& model) {
@@ -39,7 +50,8 @@ BOOL AddConnection(const OString& name) {
     }
     const OpenPrinter printer(name, PRINTER_ACCESS_USE);
     if (!printer.Get()) return TRUE;
-    if (const auto model = ModelOf(printer.Get())) {
+    const auto model = ModelOf(printer.Get());
+    if (model && MayChange(*model)) {
         InstallDefaults(*model);
         model->RecordDataToReg();
     }
@@ -56,15 +68,11 @@ BOOL Initialize(const OString& name) {
     }
     const auto model = ModelOf(printer.Get());
     if (!model) return FALSE;
+    if (!MayChange(*model)) return Fail(ERROR_ACCESS_DENIED);
     const BOOL result = UpgradeDefaultDevMode(printer.Get(), model.get());
     InstallDefaults(*model);
     model->RecordDataToReg();
     return result;
-}
-
-BOOL Fail(DWORD error) {
-    SetLastError(error);
-    return FALSE;
 }
 
 } // namespace
@@ -91,6 +99,7 @@ BOOL WINAPI DrvUpgradePrinter(DWORD, LPBYTE info) {
     }
     const auto model = ModelOf(printer.Get());
     if (!model) return FALSE;
+    if (!MayChange(*model)) return Fail(ERROR_ACCESS_DENIED);
     const BOOL result = UpgradeDefaultDevMode(printer.Get(), model.get());
     InstallDefaults(*model);
     return result;

@@ -4,7 +4,6 @@
 
 #include "config/network_policy.h"
 #include "config/shadow_keys.h"
-#include "config/user_info.h"
 #include "core/crc.h"
 #include "driver/printer_info.h"
 
@@ -50,7 +49,7 @@ void prtui::InitEx() {
     AddBuiltInPresets();
     stocks.init(model.get());
     stocks.Load(model.get());
-    restricted = UserInfo().GetLevel() < NetworkPolicy(model->GetPrinterName()).GetAccessLevel();
+    restricted = !NetworkPolicy(model->GetPrinterName()).MayChange();
     fonts.Load(model.get());
     data_fonts.Load(model.get());
     start_on_last = locale.GetString(START_ON_LAST_PAGE) == "Y";
@@ -73,13 +72,14 @@ void prtui::Settings_Load() {
     data_fonts.Load(model.get());
 }
 
-void prtui::Settings_Save() {
-    if (!model) return;
+bool prtui::Settings_Save() {
+    if (!model || restricted) return false;
     presets.Save(model.get());
     stocks.Save(model.get());
     fonts.Save(model.get());
     data_fonts.Save(model.get());
     if (commit_shadow) CommitShadow(PrinterInfo(hprinter).GetPrinterName());
+    return presets.IsStored() && stocks.IsStored() && fonts.IsStored() && data_fonts.IsStored();
 }
 
 void prtui::Settings_Export(const WCHAR* file, int contents, KDSettingsResult* result) {
@@ -91,7 +91,7 @@ void prtui::Settings_Export(const WCHAR* file, int contents, KDSettingsResult* r
 
 void prtui::Settings_Import(const WCHAR* file, int contents, KDSettingsResult* result) {
     KDSettingsResult read = {};
-    if (model && file)
+    if (model && file && !restricted)
         read = ImportSettingsFile(file, contents, {*model, stocks, presets, data_fonts});
     if (result) *result = read;
 }

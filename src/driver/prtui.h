@@ -142,13 +142,14 @@ public:
     // Reads the lists anew, after the printer's server was asked for news (CreateShadow). The
     // presets are the stored ones then, without the built-in ones. Nothing without a model.
     void Settings_Load();
-    // Stores the lists that changed, and sends a connection's settings to its server unless
-    // `commit_shadow` is off.
-    void Settings_Save();
+    // Stores the lists that changed, each of them whole, and sends a connection's settings to its
+    // server unless `commit_shadow` is off. False when something could not be stored; for a
+    // restricted user nothing is.
+    bool Settings_Save();
 
     // Writes a settings file, or adds what is in one to the lists, which Settings_Save then stores
     // (see config/settings_file.h; `contents` is its SettingsFileContent). `result` may be null.
-    // Nothing, and zeros, without a model.
+    // Nothing, and zeros, without a model. A restricted user imports nothing.
     void Settings_Export(const WCHAR* file, int contents, KDSettingsResult* result);
     void Settings_Import(const WCHAR* file, int contents, KDSettingsResult* result);
 

@@ -4,7 +4,9 @@
 #include <memory>
 #include <new>
 
+#include "config/oregistry_transaction.h"
 #include "core/crc.h"
+#include "core/memory.h"
 #include "fonts/data_font_bar_code.h"
 #include "fonts/data_font_rfid.h"
 #include "model/prtmodel.h"
@@ -45,6 +47,7 @@ auto WithBlob(const DataFont& font, Work work) {
 template <class Font>
 DataFont* LoadedFont(const void* blob, size_t size) {
     std::unique_ptr<Font> font(new (std::nothrow) Font);
+    if (!font) NoteAllocationFailure();
     return font && font->Load(blob, size) ? font.release() : nullptr;
 }
 
@@ -74,6 +77,7 @@ DataFontManager& DataFontManager::operator=(const DataFontManager& other) {
         if (font && fonts_.Add(font) < 0) delete font;
     }
     unmodified_ = other.unmodified_;
+    whole_ = other.whole_;
     return *this;
 }
 
@@ -112,11 +116,12 @@ bool DataFontManager::Load(const prtmodel* model) {
         const int32_t size = registry.GetBinary(ValueOf(keys[i]), blob, sizeof blob);
         if (size > 0) AddTail(FontOf(blob, static_cast<size_t>(size)));
     }
+    whole_ = !registry.HasFailed();
     SetUnmodified();
     return true;
 }
 
-bool DataFontManager::IsStored(prtreg& registry) const {
+bool DataFontManager::IsAsStored(prtreg& registry) const {
     OStringArray keys;
     registry.EnumKeys(kFonts, keys);
     int count = 0;
@@ -137,11 +142,14 @@ bool DataFontManager::IsStored(prtreg& registry) const {
 
 bool DataFontManager::Save(const prtmodel* model) {
     const OSingleLock guard(&lock_, true);
+    stored_ = false;
+    if (!whole_) return true;
     prtreg registry(model->GetRegistry());
-    if (IsStored(registry)) {
+    if (IsAsStored(registry) && !registry.HasFailed()) {
         SetUnmodified();
-        return true;
+        return stored_ = true;
     }
+    ORegistryTransaction changes(registry);
     registry.DeletePattern(OString(kFonts) << "/*");
     for (int i = 0; i < fonts_.GetSize(); ++i) {
         const OString key = KeyOf(*fonts_[i]);
@@ -150,7 +158,8 @@ bool DataFontManager::Save(const prtmodel* model) {
             if (blob) registry.SetBinary(ValueOf(key), blob, size);
         });
     }
-    SetUnmodified();
+    stored_ = changes.Commit();
+    if (stored_) SetUnmodified();
     return true;
 }
 

@@ -40,12 +40,19 @@ public:
 
     // ---- Storage --------------------------------------------------------------------------------
 
-    // Fills the list anew from the registry; what is no font there is passed over. Always true.
+    // Fills the list anew from the registry; what is no font there is passed over. When not all of
+    // it could be read, the list is not saved until it is loaded again. Always true.
     bool Load(const prtmodel* model);
 
-    // Stores the fonts in place of all that were stored. One without a name is left out. Always
-    // true.
+    // Stores the fonts in place of all that were stored: all of them or, on failure, none. One
+    // without a name is left out. Always true.
     bool Save(const prtmodel* model);
+
+    // Whether the last Save stored what there was to store.
+    bool IsStored() const { return stored_; }
+
+    // What is stored stays: nothing is saved until the list is loaded again.
+    void KeepStored() { whole_ = false; }
 
     // The checksum of all blobs, continued from `seed`; `seed` for an empty list.
     uint32_t GetCRC32(uint32_t seed) const;
@@ -79,9 +86,11 @@ public:
 
 private:
     // Whether a save would leave the registry as it is.
-    bool IsStored(prtreg& registry) const;
+    bool IsAsStored(prtreg& registry) const;
 
     OPointerArray<DataFont*> fonts_;
     OCriticalSection lock_;
     uint32_t unmodified_ = 0;
+    bool whole_ = true; // nothing that is stored was missed
+    bool stored_ = true;
 };

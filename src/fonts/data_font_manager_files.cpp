@@ -5,6 +5,7 @@
 #include <new>
 
 #include "core/base64.h"
+#include "core/memory.h"
 #include "core/obuffer.h"
 #include "fonts/data_font_bar_code.h"
 #include "fonts/data_font_manager.h"
@@ -60,6 +61,7 @@ int ReadBlocks(OFile& file, const char* kind, DataFontManager& fonts, const prtm
     while (const SettingsBlocks::Line line = reader.Read()) {
         if (line == SettingsBlocks::BLOCK_START) {
             font.reset(new (std::nothrow) Font);
+            if (!font) NoteAllocationFailure();
         } else if (!font) {
             continue;
         } else if (line == SettingsBlocks::BLOCK_END) {
@@ -122,6 +124,7 @@ int DataFontManager::ImportKBF1(OFile& file, const prtmodel* model) {
     const auto whole = static_cast<int32_t>(size);
     while (file.Read(record.GetData(), whole) == whole) {
         std::unique_ptr<DataFont_BarCode> font(new (std::nothrow) DataFont_BarCode);
+        if (!font) NoteAllocationFailure();
         if (font && font->Load(record.GetData(), sizeof(DataFontStorage_BarCode)))
             kept += Keep(*this, std::move(font), model);
     }
@@ -132,9 +135,10 @@ int DataFontManager::ImportKBF1(OFile& file, const prtmodel* model) {
 void prtmodel::InstallDefault_BarFonts() {
     OFile file;
     if (!OpenDefaultSettings(file, *this)) return;
+    const uint32_t failures = AllocationFailures();
     DataFontManager fonts;
     fonts.Load(this);
     fonts.ImportBarFont(file, this);
     fonts.ImportRFID(file, this);
-    fonts.Save(this);
+    if (!file.HasFailed() && AllocationFailures() == failures) fonts.Save(this);
 }

@@ -4,7 +4,9 @@
 #include <memory>
 #include <new>
 
+#include "config/oregistry_transaction.h"
 #include "config/prtreg.h"
+#include "core/memory.h"
 #include "model/prtmodel.h"
 
 namespace {
@@ -34,18 +36,24 @@ void prtdttf_list::Load(const prtmodel* model) {
     const auto total = static_cast<int>(std::min(registry.GetDWORD(kTotal, 0), kMostFonts));
     for (int i = 1; i <= total; ++i) {
         std::unique_ptr<DownloadedFont> font(new (std::nothrow) DownloadedFont);
+        if (!font) NoteAllocationFailure();
         if (!font || !font->Load(registry, PrefixOf(i))) continue;
         if (font->status == DownloadedFont::PRESENT) font->status = DownloadedFont::SENT;
         AddTail(font.release());
     }
+    whole_ = !registry.HasFailed();
 }
 
 void prtdttf_list::Save(const prtmodel* model) const {
+    stored_ = false;
+    if (!whole_) return;
     prtreg registry(model->GetRegistry());
+    ORegistryTransaction changes(registry);
     int total = 0;
     for (const DownloadedFont* font = GetNext(nullptr); font; font = GetNext(font))
         font->Save(registry, PrefixOf(++total));
     registry.SetDWORD(kTotal, static_cast<uint32_t>(total));
+    stored_ = changes.Commit();
 }
 
 void prtdttf_list::SetAllNotPresent() {

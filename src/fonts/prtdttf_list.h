@@ -17,10 +17,14 @@ public:
     DownloadedFont* GetNext(const DownloadedFont* font) const;
 
     // Fills the list anew from the registry. A font that was present when it was stored counts as
-    // sent: whether it still is there shows when the printer is asked.
+    // sent: whether it still is there shows when the printer is asked. When not all of them could
+    // be read, the list is not saved until it is loaded again.
     void Load(const prtmodel* model);
-    // Stores all fonts and their number.
+    // Stores all fonts and their number: all of it or, on failure, nothing.
     void Save(const prtmodel* model) const;
+
+    // Whether the last Save stored what there was to store.
+    bool IsStored() const { return stored_; }
 
     // Marks every font as missing.
     void SetAllNotPresent();
@@ -30,4 +34,8 @@ public:
     bool UsesIdentifier(char identifier) const;
     // The first font in a memory, or null.
     DownloadedFont* FindIn(char location) const;
+
+private:
+    bool whole_ = true; // nothing that is stored was missed
+    mutable bool stored_ = true;
 };

@@ -2,6 +2,7 @@
 
 #include <new>
 
+#include "config/oregistry_transaction.h"
 #include "settings/options_block.h"
 
 namespace {
@@ -45,6 +46,7 @@ void DriverSettings::Load(const prtreg& registry) {
 void DriverSettings::Save(const prtreg&) {
     if (!core_.registry) return;
     prtreg& registry = *core_.registry;
+    ORegistryTransaction changes(registry);
     for (int i = 0; i < core_.GetCount(); ++i) {
         const OString name = DriverSettingsCore::SettingOf(core_.GetName(i));
         if (name.IsEmpty()) continue;
@@ -63,6 +65,7 @@ void DriverSettings::Save(const prtreg&) {
             break;
         }
     }
+    changes.Commit();
 }
 
 OString DriverSettings::GetString(const char* name, const char* default_value) {
@@ -118,7 +121,9 @@ void DriverSettings::SetEscapeCharacter(char c) {
 bool DriverSettings::Export(OFile& file, const char* model) {
     if (!core_.registry) return false;
     OStringArray lines;
+    core_.registry->ForgetFailures();
     core_.registry->Export("Settings:", lines);
+    if (core_.registry->HasFailed()) return false;
     WriteOptionsBlock(file, model, lines, core_.registry->SubstituteWindowsSyntax("DATA:"));
     return true;
 }
@@ -126,14 +131,14 @@ bool DriverSettings::Export(OFile& file, const char* model) {
 bool DriverSettings::Import(OFile& file, const char* model) {
     if (!core_.registry) return false;
     OptionsBlockReader reader(model, core_.registry->SubstituteWindowsSyntax("DATA:"));
-    bool found = false;
+    OStringArray all;
     file.Seek(0, FILE_BEGIN);
     OString line;
     line.SetCodePage(file.GetCodePage());
     while (file.ReadLine(line)) {
-        if (!reader.Read(line)) continue;
-        core_.registry->Import(reader.GetLines());
-        found = true;
+        if (reader.Read(line)) all.Append(reader.GetLines());
     }
-    return found;
+    if (all.GetSize() == 0 || file.HasFailed()) return false;
+    core_.registry->Import(all);
+    return !core_.registry->HasFailed();
 }

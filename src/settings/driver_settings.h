@@ -51,12 +51,14 @@ public:
     void Save(const prtreg& registry);
 
     // Appends one options block (see settings/options_block.h) to `file`: all settings of the
-    // printer as they are in the registry, headed by the model's name. False only before Load.
+    // printer as they are in the registry, headed by the model's name. False, with nothing written,
+    // before Load and when they cannot be read.
     bool Export(OFile& file, const char* model);
 
     // Applies every options block of that model in `file`, which is read from its start in its
     // code page; the keys of a block replace those of the printer. True when there was one. Blocks
-    // of other models, and one without an end, do nothing. What was read before stays known.
+    // of other models, and one without an end, do nothing. What was read before stays known. All
+    // blocks are applied or, when the file cannot be read or the registry written, none.
     bool Import(OFile& file, const char* model);
 
     // The character that begins ZPL formats, '^'.

@@ -29,6 +29,17 @@ OString ReplaceRoot(const OString& line, const OString& from, const OString& to)
     return line.Left(start) << to << key.Mid(from.GetLength());
 }
 
+// Whether a key line names a key below another one.
+bool IsBelow(const OString& line, const OString& root) {
+    const int start = line.wstring()[1] == '-' ? 2 : 1;
+    const OString key = line.Mid(start);
+    if (root.IsEmpty() || !StartsWith(key, root)) return false;
+    const WCHAR* rest = key.wstring() + root.wlen();
+    if (*rest != '\\') return false;
+    while (*rest == '\\') ++rest;
+    return *rest && *rest != ']';
+}
+
 } // namespace
 
 void WriteOptionsBlock(OCore::OStream& stream, const char* model, const OStringArray& lines,
@@ -53,6 +64,7 @@ bool OptionsBlockReader::Read(const OString& text) {
     if (line.IsEmpty()) return false;
     if (StartsWith(line, kBlockStart)) {
         inside_ = line == header_;
+        foreign_ = false;
         lines_.SetSize(0);
         return false;
     }
@@ -63,9 +75,10 @@ bool OptionsBlockReader::Read(const OString& text) {
         return true;
     }
     if (IsKeyLine(line)) {
-        lines_.Add(OString()); // ends the key before it
         line = ReplaceRoot(line, kData, data_path_);
+        foreign_ = !IsBelow(line, data_path_);
+        if (!foreign_) lines_.Add(OString()); // ends the key before it
     }
-    lines_.Add(line);
+    if (!foreign_) lines_.Add(line);
     return false;
 }

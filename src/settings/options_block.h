@@ -5,6 +5,8 @@
 //   "Query Interval"=dword:000003e8
 //   </options>
 //
+// Keys that are not below the printer's data are passed over, whoever wrote the file.
+//
 // Between the tags stands the registry's text form, except that the path of the printer's data
 // (in Windows notation, "HKEY_LOCAL_MACHINE\...") is written as "DATA:" where a key begins with it.
 #pragma once
@@ -36,4 +38,5 @@ private:
     OString data_path_;
     OStringArray lines_;
     bool inside_ = false;
+    bool foreign_ = false; // the key that is being read is not the printer's
 };

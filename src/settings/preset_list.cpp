@@ -4,6 +4,8 @@
 #include <memory>
 #include <new>
 
+#include "config/oregistry_transaction.h"
+#include "core/memory.h"
 #include "core/oarray.h"
 #include "model/prtmodel.h"
 
@@ -36,8 +38,10 @@ void PresetList::Load(const prtmodel* model) {
     const int total = StoredTotal(registry);
     for (int i = 1; i <= total; ++i) {
         std::unique_ptr<Preset> preset(new (std::nothrow) Preset);
+        if (!preset) NoteAllocationFailure();
         if (preset && preset->Load(registry, i)) stored.AddTail(preset.release());
     }
+    whole_ = !registry.HasFailed();
     AddTail_ReplaceNames(stored);
     Sort();
     checksum_ = StoredCRC32(*this);
@@ -45,18 +49,19 @@ void PresetList::Load(const prtmodel* model) {
 
 void PresetList::Save(const prtmodel* model) const {
     const uint32_t checksum = StoredCRC32(*this);
-    if (checksum == checksum_) return;
+    stored_ = checksum == checksum_;
+    if (stored_ || !whole_) return;
     prtreg registry(model->GetRegistry());
+    ORegistryTransaction changes(registry);
     const int stored = StoredTotal(registry);
     int total = 0;
-    bool written = true;
     for (const Preset* preset = GetNext(nullptr); preset; preset = GetNext(preset))
-        if (preset->GetBuiltIn() == 0) written &= preset->Save(registry, ++total);
-    written &= registry.SetDWORD(kTotal, static_cast<uint32_t>(total));
+        if (preset->GetBuiltIn() == 0) preset->Save(registry, ++total);
+    registry.SetDWORD(kTotal, static_cast<uint32_t>(total));
     for (int i = total + 1; i <= stored; ++i)
         Preset::Delete(registry, OString(kKey) << Preset::KeyName(i));
-    // What could not be written is still a change the next time.
-    if (written) checksum_ = checksum;
+    stored_ = changes.Commit();
+    if (stored_) checksum_ = checksum;
 }
 
 void PresetList::Sort() {

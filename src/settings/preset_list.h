@@ -14,13 +14,19 @@
 class PresetList : public OTypedNameList<Preset> {
 public:
     // Reads the stored presets, instead of those in the list, sorts them and remembers the list's
-    // checksum. Of several with one name only the last is kept.
+    // checksum. Of several with one name only the last is kept. When not all of them could be read,
+    // the list is not saved until it is loaded again.
     void Load(const prtmodel* model);
 
-    // Writes the presets, and deletes stored ones that are gone. Nothing while the list is as it
-    // was at the last load or save. A save of which the registry refused a part does not count as
-    // one: the next save writes again.
+    // Writes the presets, and deletes stored ones that are gone: all of it or, on failure, nothing.
+    // Nothing while the list is as it was at the last load or save.
     void Save(const prtmodel* model) const;
+
+    // Whether the last Save stored what there was to store.
+    bool IsStored() const { return stored_; }
+
+    // What is stored stays: nothing is saved until the list is loaded again.
+    void KeepStored() { whole_ = false; }
 
     // Brings the list into order: by priority, then by name.
     void Sort();
@@ -61,4 +67,6 @@ private:
     Preset* FindBuiltIn(uint32_t flag) const;
 
     mutable uint32_t checksum_ = 0;
+    bool whole_ = true; // nothing that is stored was missed
+    mutable bool stored_ = true;
 };

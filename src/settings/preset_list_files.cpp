@@ -5,6 +5,7 @@
 #include <new>
 
 #include "core/base64.h"
+#include "core/memory.h"
 #include "settings/preset_list.h"
 #include "settings/settings_blocks.h"
 
@@ -62,6 +63,7 @@ int PresetList::Import(OFile& file, const prtmodel* model) {
     while (const SettingsBlocks::Line line = reader.Read()) {
         if (line == SettingsBlocks::BLOCK_START) {
             preset.reset(new (std::nothrow) Preset);
+            if (!preset) NoteAllocationFailure();
         } else if (!preset) {
             continue;
         } else if (line == SettingsBlocks::BLOCK_END) {
@@ -94,6 +96,7 @@ int PresetList::ImportKPR1(OFile& file, const prtmodel* model) {
         const OBuffer<char> dev_mode = ReadBytes(file, size);
         if (dev_mode.GetSize() != size) break;
         std::unique_ptr<Preset> preset(new (std::nothrow) Preset);
+        if (!preset) NoteAllocationFailure();
         OBuffer<char> record(size + 8);
         if (!preset || record.GetSize() == 0) break;
         std::memcpy(record.GetData(), signature, sizeof signature);

@@ -6,7 +6,9 @@
 #include <memory>
 #include <new>
 
+#include "config/oregistry_transaction.h"
 #include "core/fixed_text.h"
+#include "core/memory.h"
 #include "driver/platform_flags.h"
 #include "model/prtmodel.h"
 #include "settings/public_part.h"
@@ -62,6 +64,7 @@ StockList& StockList::operator=(const StockList& other) {
         AddTail(new (std::nothrow) Stock(*stock));
     model_ = other.model_;
     checksum_ = other.checksum_;
+    whole_ = other.whole_;
     return *this;
 }
 
@@ -84,6 +87,7 @@ void StockList::Load(const prtmodel* model) {
     LoadForm(registry, kUserForm);
     LoadForms(registry, kForms);
     LoadForms(registry, FamilyForms(*model));
+    whole_ = !registry.HasFailed();
     Validate();
     checksum_ = GetCRC32(0);
 }
@@ -96,34 +100,36 @@ int StockList::LoadForms(prtreg& registry, const OString& key) {
 
 bool StockList::LoadForm(prtreg& registry, const OString& prefix) {
     std::unique_ptr<Stock> stock(new (std::nothrow) Stock);
+    if (!stock) NoteAllocationFailure();
     return stock && stock->Load(registry, prefix) && AddTail(stock.release());
 }
 
 bool StockList::Save(const prtmodel* model) const {
     const uint32_t checksum = GetCRC32(0);
-    if (checksum == checksum_) return false;
+    stored_ = checksum == checksum_;
+    if (stored_ || !whole_) return false;
     prtreg registry(model->GetRegistry());
+    ORegistryTransaction changes(registry);
     const Stock* stock = GetNext(nullptr);
     while (stock && !stock->is_user()) stock = GetNext(stock);
-    bool written = !stock || stock->Save(registry, kUserForm);
-    written &= SaveForms(registry, kForms, false);
-    written &= SaveForms(registry, FamilyForms(*model), true);
-    // What could not be written is still a change the next time.
-    if (written) checksum_ = checksum;
+    if (stock) stock->Save(registry, kUserForm);
+    SaveForms(registry, kForms, false);
+    SaveForms(registry, FamilyForms(*model), true);
+    stored_ = changes.Commit();
+    if (!stored_) return false;
+    checksum_ = checksum;
     return true;
 }
 
-bool StockList::SaveForms(prtreg& registry, const OString& key, bool predefined) const {
+void StockList::SaveForms(prtreg& registry, const OString& key, bool predefined) const {
     const int stored = StoredTotal(registry, key);
     int total = 0;
-    bool written = true;
     for (const Stock* stock = GetNext(nullptr); stock; stock = GetNext(stock))
         if (!stock->is_user() && stock->is_predefined() == predefined)
-            written &= stock->Save(registry, OString(key) << Stock::KeyName(++total));
-    written &= registry.SetDWORD(TotalName(key), static_cast<uint32_t>(total));
+            stock->Save(registry, OString(key) << Stock::KeyName(++total));
+    registry.SetDWORD(TotalName(key), static_cast<uint32_t>(total));
     for (int i = total + 1; i <= stored; ++i)
         Stock::Delete(registry, OString(key) << Stock::KeyName(i));
-    return written;
 }
 
 // ---- Order --------------------------------------------------------------------------------------

@@ -31,7 +31,8 @@ public:
 
     // ---- Storage --------------------------------------------------------------------------------
 
-    // Adds the stored stocks, validates and remembers the list's checksum.
+    // Adds the stored stocks, validates and remembers the list's checksum. When not all of them
+    // could be read, the list is not saved until it is loaded again.
     void Load(const prtmodel* model);
 
     // Adds the stocks of a key (its path with the separator behind it); their number as stored,
@@ -40,10 +41,16 @@ public:
     // Adds one stock; see Stock::Load.
     bool LoadForm(prtreg& registry, const OString& prefix);
 
-    // Writes the stocks, and deletes stored ones that are gone. False, with nothing written, when
-    // the list is as it was at the last load or save. A save of which the registry refused a part
-    // does not count as one: the next save writes again.
+    // Writes the stocks, and deletes stored ones that are gone: all of it or nothing. False, with
+    // nothing written, when the list is as it was at the last load or save, and on failure; a list
+    // that was not stored is still a changed one.
     bool Save(const prtmodel* model) const;
+
+    // Whether the last Save stored what there was to store.
+    bool IsStored() const { return stored_; }
+
+    // What is stored stays: nothing is saved until the list is loaded again.
+    void KeepStored() { whole_ = false; }
 
     // ---- Exchange -------------------------------------------------------------------------------
 
@@ -93,10 +100,12 @@ public:
     int enum_paper_name(WCHAR* output) const;
 
 private:
-    bool SaveForms(prtreg& registry, const OString& key, bool predefined) const;
+    void SaveForms(prtreg& registry, const OString& key, bool predefined) const;
     void RemoveDuplicates();
     void NumberStocks();
 
     const prtmodel* model_ = nullptr;
     mutable uint32_t checksum_ = 0;
+    bool whole_ = true; // nothing that is stored was missed
+    mutable bool stored_ = true;
 };

@@ -4,6 +4,7 @@
 #include <new>
 
 #include "core/base64.h"
+#include "core/memory.h"
 #include "core/obuffer.h"
 #include "settings/settings_blocks.h"
 #include "settings/stock_list.h"
@@ -51,6 +52,7 @@ int StockList::Import(OFile& file, int) {
     while (const SettingsBlocks::Line line = reader.Read()) {
         if (line == SettingsBlocks::BLOCK_START) {
             stock.reset(new (std::nothrow) Stock);
+            if (!stock) NoteAllocationFailure();
         } else if (!stock) {
             continue;
         } else if (line == SettingsBlocks::BLOCK_END) {
@@ -86,7 +88,10 @@ int StockList::ImportKFM1(OFile& file) {
     const auto whole = static_cast<int32_t>(size);
     while (file.Read(record.GetData(), whole) == whole) {
         std::unique_ptr<Stock> stock(new (std::nothrow) Stock);
-        if (!stock) break;
+        if (!stock) {
+            NoteAllocationFailure();
+            break;
+        }
         record[size] = 0;
         stock->SetRecord(record.GetData(), sizeof(StockRecord));
         stock->SetName(record.GetData() + sizeof(StockRecord));

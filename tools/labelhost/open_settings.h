@@ -8,7 +8,8 @@ class OpenSettings {
 public:
     // Throws Fault.
     explicit OpenSettings(const std::string& printer)
-        : opened_(printer, PRINTER_ACCESS_USE)
+        : printer_(printer)
+        , opened_(printer, PRINTER_ACCESS_USE)
         , driver_(printer)
         , close_(driver_.Export<void(WINAPI*)(HANDLE)>("DAL_Printer_Close"))
         , handle_(driver_.Export<HANDLE(WINAPI*)(HANDLE)>("DAL_Printer_Open")(opened_.handle())) {
@@ -19,6 +20,7 @@ public:
     OpenSettings& operator=(const OpenSettings&) = delete;
 
     HANDLE handle() const { return handle_; }
+    const std::string& printer() const { return printer_; }
 
     // An exported function of the driver. Throws Fault when there is none of that name.
     template <class Function>
@@ -27,6 +29,7 @@ public:
     }
 
 private:
+    const std::string printer_;
     const OpenedPrinter opened_;
     const DriverModule driver_;
     void(WINAPI* const close_)(HANDLE);

@@ -79,5 +79,5 @@ void SavePreset(const std::string& printer, const std::string& name, const DevMo
         << "\r\nDescription=\r\nData=" << text << "\r\n</preset>\r\n\r\n";
     out.close();
     if (!out) throw FileFault("cannot write", file.name());
-    CallWithFile(opened, "DAL_Settings_Import", file.name(), DAL_SETTINGS_PRESETS);
+    ImportSettings(opened, file.name(), DAL_SETTINGS_PRESETS);
 }

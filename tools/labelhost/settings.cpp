@@ -72,7 +72,7 @@ Json Import(const std::string& printer, const WantedSettings& wanted, bool json)
     const int lists = contents & ~DAL_SETTINGS_OPTIONS;
     const OpenSettings settings(printer);
     const SettingsText before = Now(settings, lists);
-    CallWithFile(settings, "DAL_Settings_Import", file, contents);
+    ImportSettings(settings, file, contents);
     const SettingsText after = Now(settings, lists);
     if (json)
         return {{"printer", printer},

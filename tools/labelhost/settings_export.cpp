@@ -11,6 +11,15 @@ void CallWithFile(const OpenSettings& settings, const char* function, const std:
     call(settings.handle(), ToWide(HostPath(file)).c_str(), contents);
 }
 
+void ImportSettings(const OpenSettings& settings, const std::string& file, int contents) {
+    CallWithFile(settings, "DAL_Settings_Import", file, contents);
+    if (GetLastError() == ERROR_ACCESS_DENIED)
+        throw Fault("this user may not change the settings of '" + settings.printer() + "'");
+    settings.Export<void(WINAPI*)(HANDLE)>("DAL_Settings_Save")(settings.handle());
+    if (GetLastError() != NO_ERROR)
+        throw Fault("cannot store the settings of '" + settings.printer() + "'");
+}
+
 std::string ExportedSettings(const OpenSettings& settings, int contents) {
     const FileAside file(NameOf(std::filesystem::temp_directory_path() / "labelhost.kds"));
     CallWithFile(settings, "DAL_Settings_Export", file.name(), contents);

@@ -1,0 +1,33 @@
+// Transactions of callers and of the layer's own records.
+#pragma once
+
+#include "registry/locations.h"
+
+#include <winerror.h>
+#include <winreg.h>
+
+namespace win32host::registry {
+
+// Makes a transaction (a handle of CreateTransaction) cover what the calling thread does in a
+// registry.
+LSTATUS Enlist(HANDLE transaction, Location location);
+
+// Covers what the calling thread does in the registry of a key until it is committed; what is not
+// goes with the object. Inside another transaction of the thread it is a part of that. Nothing
+// throws.
+class KeyTransaction {
+public:
+    explicit KeyTransaction(HKEY key) noexcept;
+    ~KeyTransaction();
+    KeyTransaction(const KeyTransaction&) = delete;
+    KeyTransaction& operator=(const KeyTransaction&) = delete;
+
+    // Commits when all that was done is well; the first error otherwise.
+    LSTATUS Commit(LSTATUS done) noexcept;
+
+private:
+    Store* store_ = nullptr;
+    LSTATUS status_ = ERROR_SUCCESS;
+};
+
+} // namespace win32host::registry

@@ -1,0 +1,137 @@
+// Names from outside that are paths do not lead out of the root folder.
+#include <algorithm>
+#include <filesystem>
+
+#include "platform/spooler_test.h"
+
+namespace {
+
+namespace fs = std::filesystem;
+
+// The root folder of the machine lies in a folder of its own, beside nothing.
+class Confinement : public SpoolerTest {
+protected:
+    Confinement() {
+        fs::create_directories(Machine() + "/servers");
+        fs::copy(root() + "/drive_c", Machine() + "/drive_c", fs::copy_options::recursive);
+        win32host::SetRoot(Machine());
+    }
+    std::string Machine() const { return root() + "/around/machine"; }
+
+    // A driver of that name with files of that name.
+    static void AddHostileDriver(const std::u16string& name) {
+        std::u16string files = name + u'\0' + u"C:\\setup\\" + name;
+        files.append(2, u'\0');
+        const std::u16string driver = u"C:\\setup\\testdrv.dll";
+        DRIVER_INFO_6W info = {};
+        info.cVersion = 3;
+        info.pName = Text(name);
+        info.pDriverPath = info.pConfigFile = info.pDataFile = Text(driver);
+        info.pDependentFiles = Text(files);
+        info.pMonitorName = Text(name);
+        AddPrinterDriverExW(nullptr, 6, reinterpret_cast<LPBYTE>(&info), APD_COPY_ALL_FILES);
+        info.pDependentFiles = nullptr;
+        AddPrinterDriverExW(nullptr, 6, reinterpret_cast<LPBYTE>(&info), APD_COPY_ALL_FILES);
+    }
+
+    // What lies beside the root folder, which should be nothing.
+    std::vector<std::string> Outside() const {
+        std::vector<std::string> names;
+        for (const auto& entry : fs::directory_iterator(root() + "/around"))
+            if (entry.path().filename() != "machine") names.push_back(entry.path().string());
+        return names;
+    }
+};
+
+constexpr LPCWSTR kNames[] = {
+    TEXT("..\\..\\out"),
+    TEXT("../../out"),
+    TEXT("..\\..\\..\\out"),
+    TEXT("..\\..\\..\\..\\..\\..\\..\\..\\..\\..\\out"),
+    TEXT(".."),
+    TEXT("."),
+    TEXT("..."),
+    TEXT(".. "),
+    TEXT("out."),
+    TEXT("out . ."),
+    TEXT("nul"),
+    TEXT("COM1"),
+    TEXT("C:out"),
+    TEXT("C:\\..\\..\\out"),
+    TEXT("\\..\\..\\out"),
+    TEXT("\\\\?\\C:\\..\\..\\out"),
+    TEXT("%2e%2e%5cout"),
+    TEXT("..\\machine\\..\\out"),
+};
+
+} // namespace
+
+TEST_F(Confinement, FilesOnDriveCStayThere) {
+    for (const std::u16string name : kNames)
+        for (const std::u16string start : {u"C:\\", u"C:\\a\\", u"\\\\?\\C:\\", u"\\\\.\\C:\\"}) {
+            CreateDirectoryW((start + name).c_str(), nullptr);
+            const HANDLE file = CreateFileW((start + name).c_str(), GENERIC_WRITE, 0, nullptr,
+                                            CREATE_ALWAYS, 0, nullptr);
+            if (file != INVALID_HANDLE_VALUE) CloseHandle(file);
+            CopyFileW((start + name).c_str(), (start + name + u".copy").c_str(), FALSE);
+            MoveFileExW((start + name).c_str(), (start + name + u"\\..\\..\\moved").c_str(), 0);
+        }
+    EXPECT_EQ(Outside(), std::vector<std::string>());
+    // Nothing beside drive C either.
+    for (const auto& entry : fs::directory_iterator(Machine()))
+        EXPECT_TRUE(entry.path().filename() == "drive_c" || entry.path().filename() == "servers")
+            << entry.path();
+}
+
+TEST_F(Confinement, PrintersDriversPortsAndServersStayInTheMachine) {
+    AddDriver();
+    for (const std::u16string name : kNames) {
+        HANDLE printer = Add(Wanted(name));
+        if (printer) {
+            DOC_INFO_1W document = {Text(name), nullptr, nullptr};
+            DWORD written = 0;
+            StartDocPrinterW(printer, 1, reinterpret_cast<LPBYTE>(&document));
+            char label[] = "^XA^XZ";
+            WritePrinter(printer, label, sizeof label - 1, &written);
+            EndDocPrinter(printer);
+        }
+        AddHostileDriver(name);
+        // Servers are folders of the root's folder "servers" alone.
+        HKEY key = nullptr;
+        EXPECT_NE(RegConnectRegistryW((u"\\\\" + name).c_str(), HKEY_LOCAL_MACHINE, &key),
+                  ERROR_SUCCESS);
+        HANDLE remote = nullptr;
+        std::u16string remote_name = u"\\\\" + name + u"\\Dock";
+        EXPECT_FALSE(OpenPrinterW(remote_name.data(), &remote, nullptr));
+        AddPrinterConnectionW(remote_name.data());
+        // A port that is a path of drive C.
+        const std::u16string printer_name = u"Dock";
+        PRINTER_INFO_2W wanted = Wanted(printer_name);
+        const std::u16string port = u"C:\\a\\" + name;
+        wanted.pPortName = Text(port);
+        if (HANDLE dock = Add(wanted)) {
+            DOC_INFO_1W document = {Text(name), nullptr, nullptr};
+            DWORD written = 0;
+            char label[] = "^XA^XZ";
+            if (StartDocPrinterW(dock, 1, reinterpret_cast<LPBYTE>(&document))) {
+                WritePrinter(dock, label, sizeof label - 1, &written);
+                EndDocPrinter(dock);
+            }
+            DeletePrinter(dock);
+        }
+    }
+    EXPECT_EQ(Outside(), std::vector<std::string>());
+    // Every printer's key is directly below the key of all printers.
+    HKEY print = nullptr;
+    ASSERT_EQ(RegOpenKeyExW(HKEY_LOCAL_MACHINE, TEXT("SYSTEM\\CurrentControlSet\\Control\\Print"),
+                            0, KEY_READ, &print),
+              ERROR_SUCCESS);
+    std::vector<std::u16string> keys;
+    WCHAR name[256];
+    for (DWORD i = 0; RegEnumKeyW(print, i, name, 256) == ERROR_SUCCESS; ++i) keys.push_back(name);
+    RegCloseKey(print);
+    std::sort(keys.begin(), keys.end());
+    EXPECT_EQ(keys, (std::vector<std::u16string>{u"Environments", u"Printers"}));
+    for (const auto& entry : fs::recursive_directory_iterator(Machine()))
+        EXPECT_FALSE(entry.is_symlink()) << entry.path();
+}
