@@ -1,0 +1,63 @@
+// The fixture of the tests in which something fails at every point of an operation.
+#pragma once
+
+#include <windows.h>
+#include <winspool.h>
+
+#include <win32host/fault_control.h>
+
+#include <functional>
+#include <span>
+#include <string>
+#include <vector>
+
+#include "support/job_test.h"
+
+// What fails in a run.
+struct FaultKindOfRun {
+    const char* what;
+    DWORD kinds; // of win32host; 0: allocations
+    bool partly = false;
+    bool from_then = false;
+};
+
+// Every registry fault, once and for good, and want of memory.
+inline constexpr FaultKindOfRun kStoreFaults[] = {
+    {"a registry operation fails", win32host::FAULT_REGISTRY},
+    {"the registry cannot be changed any more", win32host::FAULT_REGISTRY_CHANGES, false, true},
+    {"the registry cannot be read any more", win32host::FAULT_REGISTRY_READ, false, true},
+    {"an allocation fails", 0},
+    {"memory has run out", 0, false, true},
+};
+
+class FaultTest : public JobTest {
+protected:
+    // The printer "Dock 3", for bar codes and 203 dpi.
+    void InstallPrinter();
+
+    // Does `work` once without a fault, on a copy of the root folder as it is now, and then with
+    // the first, the second, ... point of each kind failing, until the kind has no point left or,
+    // when there are more than `points` for a run, at as many points evenly spread. Each time
+    // `state` tells what is there afterwards, in parts: every part must be as it was before or as
+    // the undisturbed work leaves it, and no handle may be open that was not open before.
+    void AtEveryPoint(std::span<const FaultKindOfRun> faults, const std::function<void()>& work,
+                      const std::function<std::vector<std::string>()>& state);
+
+    // The stored lists and settings of the printer, one text each.
+    static std::vector<std::string> StoredSettings();
+
+    // The names and bytes of the files in a folder of drive C, one text.
+    std::vector<std::string> FilesIn(const std::string& folder) const;
+
+    // The bytes of the jobs that wait in the spooler, one text. A document that is not ended is no
+    // job.
+    static std::vector<std::string> SpooledJobs();
+
+    static HANDLE OpenDock3(ACCESS_MASK access = PRINTER_ALL_ACCESS);
+
+    // Runs `work` on a copy of the root folder, then goes back. Answers its result.
+    std::vector<std::string> OnCopy(const std::function<std::vector<std::string>()>& work);
+
+private:
+    void Run(const FaultKindOfRun& fault, DWORD point, const std::function<void()>& work);
+};

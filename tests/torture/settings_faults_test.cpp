@@ -1,0 +1,123 @@
+// Settings whose storing, exporting and importing fails somewhere.
+#include "torture/fault_test.h"
+#include "torture/memory_faults.h"
+#include "torture/sample_lists.h"
+#include "zplui.h"
+
+namespace {
+
+using namespace win32host;
+
+class SettingsFaults : public FaultTest {
+protected:
+    void SetUp() override {
+        InstallPrinter();
+        Save(0);
+        prtreg("Dock 3").SetInt("Settings:Old", 1);
+    }
+
+    static void Save(int version) {
+        const HANDLE printer = OpenDock3();
+        if (const HANDLE settings = DAL_Printer_Open(printer)) {
+            auto& ui = *static_cast<prtui*>(settings);
+            if (ui.model) {
+                const NoAllocationFaults edited;
+                MakeLists(ui, version);
+            }
+            DAL_Printer_Close(settings);
+        }
+        ClosePrinter(printer);
+    }
+
+    template <class Call>
+    static void WithSettings(const Call& call) {
+        const HANDLE printer = OpenDock3();
+        if (const HANDLE settings = DAL_Printer_Open(printer)) {
+            call(settings);
+            DAL_Printer_Close(settings);
+        }
+        ClosePrinter(printer);
+    }
+};
+
+constexpr FaultKindOfRun kFileFaults[] = {
+    {"a file operation fails", FAULT_FILES},
+    {"the disk is full", FAULT_FILE_WRITE | FAULT_FILE_OPEN, true, true},
+    {"a file is read by half", FAULT_FILE_READ, false, true},
+};
+
+constexpr char kOptions[] = "<driver version='6.6'>\r\n<options model='Model 1'>\r\n"
+                            "[DATA:\\Settings]\r\n\"New\"=dword:00000001\r\n\"Text\"=\"x\"\r\n"
+                            "[DATA:\\Settings\\Status]\r\n\"Interval\"=dword:00000005\r\n"
+                            "</options>\r\n";
+
+} // namespace
+
+TEST_F(SettingsFaults, LeaveEveryStoredListWhole) {
+    AtEveryPoint(
+        kStoreFaults, [] { Save(1); }, StoredSettings);
+}
+
+TEST_F(SettingsFaults, LeaveTheOldSettingsFileOrTheNewOne) {
+    WriteFile("files\\out.kds", "the old one");
+    const auto work = [] {
+        WithSettings([](HANDLE settings) {
+            DAL_Settings_Export(settings, TEXT("C:\\files\\out.kds"), 0x10F);
+        });
+    };
+    const auto files = [this] { return FilesIn("files"); };
+    AtEveryPoint(std::span(kFileFaults).first(2), work, files);
+}
+
+TEST_F(SettingsFaults, StoreAllOfAnImportedFileOrNothing) {
+    WriteFile("files\\in.kds", "");
+    WithSettings([](HANDLE settings) {
+        MakeLists(*static_cast<prtui*>(settings), 1);
+        DAL_Settings_Export(settings, TEXT("C:\\files\\in.kds"), 0x00F);
+        DAL_Settings_Load(settings);
+    });
+    // A second load leaves the stocks as they were made: the printer is opened anew for each run.
+    const auto work = [] {
+        WithSettings([](HANDLE settings) {
+            DAL_Settings_Import(settings, TEXT("C:\\files\\in.kds"), 0x00F);
+        });
+    };
+    AtEveryPoint(std::span(kFileFaults).last(1), work, StoredSettings);
+    AtEveryPoint(kStoreFaults, work, StoredSettings);
+}
+
+TEST_F(SettingsFaults, TakeAllOptionsOrNone) {
+    WriteFile("files\\in.kds", kOptions);
+    const auto work = [] {
+        WithSettings([](HANDLE settings) {
+            DAL_Settings_Import(settings, TEXT("C:\\files\\in.kds"), DAL_SETTINGS_OPTIONS);
+        });
+    };
+    AtEveryPoint(std::span(kFileFaults).last(1), work, StoredSettings);
+    AtEveryPoint(kStoreFaults, work, StoredSettings);
+}
+
+TEST_F(SettingsFaults, ApplyARegistryTextWholeOrNotAtAll) {
+    const auto work = [] {
+        OStringArray lines;
+        for (const char* line :
+             {"[HKEY_LOCAL_MACHINE\\SOFTWARE\\Torture]", "\"a\"=dword:00000001", "\"b\"=\"text\"",
+              "", "[HKEY_LOCAL_MACHINE\\SOFTWARE\\Torture\\Below\\Deep]", "\"c\"=hex:01,02", "",
+              "[-HKEY_LOCAL_MACHINE\\SOFTWARE\\Tortured]", ""})
+            lines.Add(line);
+        ORegistry().Import(lines);
+    };
+    ORegistry().SetString("LOCAL_MACHINE:SOFTWARE/Torture/old", "1");
+    ORegistry().SetString("LOCAL_MACHINE:SOFTWARE/Tortured/Below/old", "1");
+    const auto state = [] {
+        std::string text;
+        for (const char* key :
+             {"LOCAL_MACHINE:SOFTWARE/Torture", "LOCAL_MACHINE:SOFTWARE/Tortured"}) {
+            OStringArray lines;
+            ORegistry().Export(key, lines);
+            for (int i = 0; i < lines.GetSize(); ++i) text.append(Text(lines[i])) += '\n';
+        }
+        return std::vector{text};
+    };
+    AtEveryPoint(std::span(kStoreFaults).first(3), work, state);
+}

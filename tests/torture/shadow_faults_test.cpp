@@ -1,0 +1,69 @@
+// The exchange of settings between a client and its server, failing somewhere.
+#include <win32host/control.h>
+
+#include <filesystem>
+
+#include "config/shadow_keys.h"
+#include "torture/fault_test.h"
+
+namespace {
+
+namespace fs = std::filesystem;
+using namespace win32host;
+
+class ShadowFaults : public FaultTest {
+protected:
+    void SetUp() override {
+        OnServer("SRV1", [&] {
+            ASSERT_TRUE(AddDriver("Model 1", "zplqv.ddt"));
+            ASSERT_TRUE(AddPrinter("Dock3", "Model 1",
+                                   PRINTER_ATTRIBUTE_SHARED | PRINTER_ATTRIBUTE_ENABLE_BIDI));
+            prtreg("Dock3").SetInt("Presets:v", 1);
+            prtreg("Dock3").SetInt("Presets:w", 2);
+            prtreg("Dock3").SetInt("STOCK:v", 3);
+        });
+        WCHAR name[] = TEXT("\\\\SRV1\\Dock3");
+        ASSERT_TRUE(AddPrinterConnectionW(name));
+        ORegistry().SetString("PRINT:Environments/Windows NT x86/Drivers/Version-3/Model 1/Monitor",
+                              "qstmon");
+        fs::copy_file(TEST_BINARY_DIR "/bin/qstmon.dll",
+                      OnDriveC("WINDOWS\\system32\\spool\\drivers\\w32x86\\3\\qstmon.dll"),
+                      fs::copy_options::overwrite_existing);
+    }
+
+    // The shared keys in the user's copy and on the server.
+    static std::vector<std::string> Both() {
+        std::vector<std::string> parts = {Keys("\\\\SRV1\\Dock3")};
+        const std::string home = Root();
+        SetRoot(home + "/machines/SRV1");
+        parts.push_back(Keys("Dock3"));
+        SetRoot(home);
+        return parts;
+    }
+
+    static std::string Keys(const char* printer) {
+        prtreg registry{OString(printer)};
+        std::string text;
+        for (const char* key : {"Presets:", "STOCK:"}) {
+            OStringArray lines;
+            registry.Export(key, lines);
+            for (int i = 0; i < lines.GetSize(); ++i) text.append(::Text(lines[i])) += '\n';
+        }
+        return text;
+    }
+};
+
+} // namespace
+
+TEST_F(ShadowFaults, LeaveTheCopyAsItWasOrAsTheServersIs) {
+    AtEveryPoint(
+        kStoreFaults, [] { CreateShadow("\\\\SRV1\\Dock3"); }, Both);
+}
+
+TEST_F(ShadowFaults, LeaveTheServersSettingsAsTheyWereOrAsTheCopyIs) {
+    CreateShadow("\\\\SRV1\\Dock3");
+    prtreg("\\\\SRV1\\Dock3").SetInt("Presets:v", 10);
+    prtreg("\\\\SRV1\\Dock3").SetInt("STOCK:w", 11);
+    AtEveryPoint(
+        kStoreFaults, [] { CommitShadow("\\\\SRV1\\Dock3"); }, Both);
+}
