@@ -3,7 +3,8 @@
 //
 // A transaction belongs to the thread that made it. From the first key that is opened in it, all
 // that this thread does in the registry of that machine is part of it, and other writers there
-// wait. With the registries of several machines each is all or nothing by itself.
+// wait. When that key is opened for reading alone they do not: what is read is then of one moment.
+// With the registries of several machines each is all or nothing by itself.
 #pragma once
 
 #include <windows.h>

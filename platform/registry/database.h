@@ -40,6 +40,8 @@ public:
 
     // How many rows the last statement wrote.
     int WrittenRows() const { return sqlite3_changes(handle_); }
+    // How many all statements so far have written.
+    int64_t AllWrittenRows() const { return sqlite3_total_changes64(handle_); }
 
     int64_t LastId() const { return sqlite3_last_insert_rowid(handle_); }
 

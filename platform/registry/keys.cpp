@@ -40,11 +40,11 @@ LSTATUS Open(Location location, const KeyFound& found, REGSAM access, PHKEY resu
 }
 
 // What the thread does in the key's registry is part of the transaction from now on.
-LSTATUS Join(HANDLE transaction, HKEY key) {
+LSTATUS Join(HANDLE transaction, HKEY key, bool writing) {
     return Guarded([&]() -> LSTATUS {
         KeyInUse base;
         const LSTATUS status = Use(key, 0, base);
-        return status == ERROR_SUCCESS ? Enlist(transaction, base.location) : status;
+        return status == ERROR_SUCCESS ? Enlist(transaction, base.location, writing) : status;
     });
 }
 
@@ -129,7 +129,8 @@ LSTATUS WINAPI RegDeleteKeyW(HKEY key, LPCWSTR subkey) {
 
 LSTATUS WINAPI RegOpenKeyTransactedW(HKEY key, LPCWSTR subkey, DWORD options, REGSAM access,
                                      PHKEY result, HANDLE transaction, PVOID) {
-    const LSTATUS status = Join(transaction, key);
+    constexpr REGSAM kReading = KEY_READ | GENERIC_READ | GENERIC_EXECUTE;
+    const LSTATUS status = Join(transaction, key, (access & ~kReading) != 0);
     if (status == ERROR_SUCCESS) return RegOpenKeyExW(key, subkey, options, access, result);
     if (result) *result = nullptr;
     return status;
@@ -139,7 +140,7 @@ LSTATUS WINAPI RegCreateKeyTransactedW(HKEY key, LPCWSTR subkey, DWORD reserved,
                                        DWORD options, REGSAM access,
                                        const SECURITY_ATTRIBUTES* security, PHKEY result,
                                        LPDWORD disposition, HANDLE transaction, PVOID) {
-    const LSTATUS status = Join(transaction, key);
+    const LSTATUS status = Join(transaction, key, true);
     if (status == ERROR_SUCCESS)
         return RegCreateKeyExW(key, subkey, reserved, key_class, options, access, security, result,
                                disposition);
@@ -149,7 +150,7 @@ LSTATUS WINAPI RegCreateKeyTransactedW(HKEY key, LPCWSTR subkey, DWORD reserved,
 
 LSTATUS WINAPI RegDeleteKeyTransactedW(HKEY key, LPCWSTR subkey, REGSAM, DWORD, HANDLE transaction,
                                        PVOID) {
-    const LSTATUS status = Join(transaction, key);
+    const LSTATUS status = Join(transaction, key, true);
     return status == ERROR_SUCCESS ? RegDeleteKeyW(key, subkey) : status;
 }
 

@@ -342,19 +342,33 @@ LSTATUS Store::Info(int64_t key, KeyInfo& info) {
 
 // ---- Transactions -------------------------------------------------------------------------------
 
-void Store::Begin() {
+void Store::Begin(Transaction::Kind kind) {
+    const bool outer = !database_.InTransaction();
+    if (outer) DropStale();
     transactions_.reserve(transactions_.size() + 1);
-    transactions_.push_back(std::make_unique<Transaction>(database_, Transaction::Writing));
-    written_ = true; // others may have written before it began
+    OpenTransaction begun = {std::make_unique<Transaction>(database_, kind),
+                             database_.AllWrittenRows(), kind == Transaction::Reading};
+    if (kind == Transaction::Writing) {
+        written_ = true; // others may have written before it began
+    } else if (outer) {
+        // It is of the moment of its first read. What is kept is of that moment, too, unless
+        // somebody has written since it was looked at.
+        Exists(kMachineKey);
+        if (database_.Changed()) {
+            Forget();
+            begun.keeps = false;
+        }
+    }
+    transactions_.push_back(std::move(begun));
 }
 
 void Store::End(bool commit) {
-    const std::unique_ptr<Transaction> ending = std::move(transactions_.back());
+    const OpenTransaction ending = std::move(transactions_.back());
     transactions_.pop_back();
-    written_ = true;
+    if (!ending.keeps || database_.AllWrittenRows() != ending.written_rows) written_ = true;
     if (!commit) return;
     MayFail(FAULT_REGISTRY_COMMIT);
-    ending->Commit();
+    ending.transaction->Commit();
 }
 
 } // namespace win32host::registry

@@ -79,7 +79,9 @@ public:
 
     // Everything up to the End that belongs to it is stored together, or, without `commit`, undone.
     // One may begin within another. End throws when it cannot be stored; it is over all the same.
-    void Begin();
+    // While one is open that is for reading, all that is read is of one moment, though others
+    // write.
+    void Begin(Transaction::Kind kind);
     void End(bool commit);
 
 private:
@@ -104,7 +106,12 @@ private:
     LSTATUS Names(ById& lists, const char* sql, int64_t key, const NameList*& names);
 
     Database database_;
-    std::vector<std::unique_ptr<Transaction>> transactions_;
+    struct OpenTransaction {
+        std::unique_ptr<Transaction> transaction;
+        int64_t written_rows; // before it
+        bool keeps;           // what was kept and is kept in it stays good behind it
+    };
+    std::vector<OpenTransaction> transactions_;
     bool written_ = false; // within a transaction, since what is kept was dropped
 
     // What the database held when Changed answered true last. Found and missing alike are kept.

@@ -26,13 +26,13 @@ public:
         return active_ && thread_ == std::this_thread::get_id() && generation_ == RootGeneration();
     }
 
-    LSTATUS Cover(Location location) {
+    LSTATUS Cover(Location location, bool writing) {
         if (!IsActive()) return ERROR_TRANSACTION_NOT_ACTIVE;
         Store& store = StoreOf(location);
         if (std::find(stores_.begin(), stores_.end(), &store) != stores_.end())
             return ERROR_SUCCESS;
         stores_.reserve(stores_.size() + 1);
-        store.Begin();
+        store.Begin(writing ? Transaction::Writing : Transaction::Reading);
         stores_.push_back(&store);
         return ERROR_SUCCESS;
     }
@@ -71,9 +71,9 @@ BOOL End(HANDLE handle, bool commit) {
 
 namespace win32host::registry {
 
-LSTATUS Enlist(HANDLE handle, Location location) {
+LSTATUS Enlist(HANDLE handle, Location location, bool writing) {
     const auto transaction = Find<RegistryTransaction>(handle);
-    return transaction ? transaction->Cover(location) : LSTATUS{ERROR_INVALID_HANDLE};
+    return transaction ? transaction->Cover(location, writing) : LSTATUS{ERROR_INVALID_HANDLE};
 }
 
 KeyTransaction::KeyTransaction(HKEY key) noexcept {
@@ -81,7 +81,7 @@ KeyTransaction::KeyTransaction(HKEY key) noexcept {
         KeyInUse base;
         const LSTATUS status = Use(key, 0, base);
         if (status != ERROR_SUCCESS) return status;
-        base.store->Begin();
+        base.store->Begin(Transaction::Writing);
         store_ = base.store;
         return ERROR_SUCCESS;
     });

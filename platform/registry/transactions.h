@@ -9,8 +9,9 @@
 namespace win32host::registry {
 
 // Makes a transaction (a handle of CreateTransaction) cover what the calling thread does in a
-// registry.
-LSTATUS Enlist(HANDLE transaction, Location location);
+// registry. Others may write there meanwhile unless it is for `writing`; one that began without can
+// still write as long as nobody else has, and gets ERROR_BUSY otherwise.
+LSTATUS Enlist(HANDLE transaction, Location location, bool writing);
 
 // Covers what the calling thread does in the registry of a key until it is committed; what is not
 // goes with the object. Inside another transaction of the thread it is a part of that. Nothing

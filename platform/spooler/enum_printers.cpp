@@ -18,8 +18,9 @@ struct PrinterList {
         records.push_back(std::move(record));
         servers.push_back(server);
     }
-    void AddAll(const std::shared_ptr<PrintServer>& server, bool shared_only) {
-        for (PrinterRecord& record : ReadPrinters(*server, shared_only))
+    void AddAll(const std::shared_ptr<PrintServer>& server, bool shared_only, DWORD level) {
+        // Level 4 is there to be quick.
+        for (PrinterRecord& record : ReadPrinters(*server, shared_only, level == 4))
             Add(std::move(record), server);
     }
     // Connections whose server cannot be asked are not listed.
@@ -49,9 +50,9 @@ extern "C" BOOL WINAPI EnumPrintersW(DWORD flags, LPWSTR name, DWORD level, LPBY
         if (flags & PRINTER_ENUM_NAME) {
             const auto server = PrintServer::Named(name ? name : u"");
             if (!server) return FALSE;
-            list.AddAll(server, shared_only);
+            list.AddAll(server, shared_only, level);
         } else if (flags & PRINTER_ENUM_LOCAL) {
-            list.AddAll(PrintServer::Named({}), shared_only);
+            list.AddAll(PrintServer::Named({}), shared_only, level);
         }
         if (flags & PRINTER_ENUM_CONNECTIONS) list.AddConnections(shared_only);
 

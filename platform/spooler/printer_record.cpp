@@ -15,6 +15,7 @@ constexpr size_t kLongestName = 220;
 constexpr char16_t kName[] = u"Name";
 constexpr char16_t kDriver[] = u"Printer Driver";
 constexpr char16_t kDevMode[] = u"Default DevMode";
+constexpr char16_t kAttributes[] = u"Attributes";
 
 struct TextValue {
     const char16_t* name;
@@ -37,7 +38,7 @@ struct NumberValue {
     DWORD PrinterRecord::*member;
 };
 constexpr NumberValue kNumbers[] = {
-    {u"Attributes", &PrinterRecord::attributes},
+    {kAttributes, &PrinterRecord::attributes},
     {u"Priority", &PrinterRecord::priority},
     {u"Default Priority", &PrinterRecord::default_priority},
     {u"StartTime", &PrinterRecord::start_time},
@@ -45,10 +46,14 @@ constexpr NumberValue kNumbers[] = {
     {u"Status", &PrinterRecord::status},
 };
 
-std::optional<PrinterRecord> ReadKey(const RegistryKey& key) {
+std::optional<PrinterRecord> ReadKey(const RegistryKey& key, bool brief = false) {
     PrinterRecord record;
     record.name = key.Text(kName);
     if (record.name.empty()) return std::nullopt;
+    if (brief) {
+        record.attributes = key.Number(kAttributes);
+        return record;
+    }
     for (const TextValue& text : kTexts) record.*text.member = key.Text(text.name);
     for (const NumberValue& number : kNumbers) record.*number.member = key.Number(number.name);
     const std::vector<BYTE> dev_mode = key.Bytes(kDevMode);
@@ -116,14 +121,14 @@ LSTATUS ErasePrinter(const PrintServer& server, const std::u16string& name) {
     return status == ERROR_SUCCESS ? printers.DeleteTree(name) : status;
 }
 
-std::vector<PrinterRecord> ReadPrinters(const PrintServer& server, bool shared_only) {
+std::vector<PrinterRecord> ReadPrinters(const PrintServer& server, bool shared_only, bool brief) {
     std::vector<PrinterRecord> records;
     RegistryKey printers;
     if (server.OpenPrinters(printers) != ERROR_SUCCESS) return records;
     for (const std::u16string& name : printers.SubkeyNames()) {
         RegistryKey key;
         if (key.Open(printers.get(), name) != ERROR_SUCCESS) continue;
-        auto record = ReadKey(key);
+        auto record = ReadKey(key, brief);
         if (record && (!shared_only || record->attributes & PRINTER_ATTRIBUTE_SHARED))
             records.push_back(std::move(*record));
     }

@@ -50,8 +50,10 @@ LSTATUS WritePrinter(const RegistryKey& key, const PrinterRecord& record, const 
 // Removes the printer's key with all printer data, at once for all who look for it.
 LSTATUS ErasePrinter(const PrintServer& server, const std::u16string& name);
 
-// The printers in the order of their installation. `shared_only` leaves out the others.
-std::vector<PrinterRecord> ReadPrinters(const PrintServer& server, bool shared_only);
+// The printers in the order of their installation. `shared_only` leaves out the others. `brief`
+// records have names and attributes alone.
+std::vector<PrinterRecord> ReadPrinters(const PrintServer& server, bool shared_only,
+                                        bool brief = false);
 
 // The DEVMODEW in `size` bytes, cut to what it says of itself; nothing when they are none.
 std::vector<BYTE> CheckedDevMode(const void* bytes, size_t size);

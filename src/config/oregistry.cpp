@@ -174,7 +174,8 @@ HKEY ORegistry::OpenKeyBelow(HKEY root, const OString& path, bool create) {
     const RegistryTransactions& system = RegistryTransactions::OfSystem();
     const WCHAR* name = path.wstring();
     HKEY opened = nullptr;
-    LONG error = system.OpenKey(root, name, KEY_READ | KEY_WRITE, opened, transaction_);
+    const REGSAM access = only_reads_ ? KEY_READ : KEY_READ | KEY_WRITE;
+    LONG error = system.OpenKey(root, name, access, opened, transaction_);
     // Only a key that is there is opened for reading alone. Had it been missing, someone could make
     // it at this moment, and a writer would be left with a handle that cannot write.
     if (error != ERROR_SUCCESS && error != ERROR_FILE_NOT_FOUND)

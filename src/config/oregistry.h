@@ -209,6 +209,7 @@ private:
 
     HANDLE transaction_ = nullptr;
     bool in_transaction_ = false;
+    bool only_reads_ = false; // in this transaction
     bool failed_ = false;
     uint32_t memory_failures_ = AllocationFailures(); // when failures were forgotten
 

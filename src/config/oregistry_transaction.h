@@ -12,11 +12,15 @@ class ORegistry;
 // Systems without transactions (before Windows Vista) have the last of this only: what was written
 // before a failure stays.
 //
+// One for reading stores nothing: what the ORegistry reads in it is of one moment, though others
+// write meanwhile. It makes nobody wait.
+//
 // One within another, over the same ORegistry, is a part of that. Transactions of different objects
 // on one thread may nest, but not overlap. Other writers wait meanwhile, so it should be short.
 class ORegistryTransaction {
 public:
-    explicit ORegistryTransaction(ORegistry& registry);
+    enum Kind { WRITING, READING };
+    explicit ORegistryTransaction(ORegistry& registry, Kind kind = WRITING);
     ~ORegistryTransaction();
     ORegistryTransaction(const ORegistryTransaction&) = delete;
     ORegistryTransaction& operator=(const ORegistryTransaction&) = delete;
@@ -26,6 +30,7 @@ public:
 
 private:
     ORegistry& registry_;
+    const Kind kind_;
     const bool inner_;
     bool committed_ = false;
 };

@@ -77,7 +77,8 @@ bool prtui::Settings_Save() {
     presets.Save(model.get());
     stocks.Save(model.get());
     fonts.Save(model.get());
-    data_fonts.Save(model.get());
+    // Saved unchanged they would undo what others have changed meanwhile.
+    if (data_fonts.IsModified()) data_fonts.Save(model.get());
     if (commit_shadow) CommitShadow(PrinterInfo(hprinter).GetPrinterName());
     return presets.IsStored() && stocks.IsStored() && fonts.IsStored() && data_fonts.IsStored();
 }

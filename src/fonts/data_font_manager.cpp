@@ -109,6 +109,7 @@ bool DataFontManager::Load(const prtmodel* model) {
     const OSingleLock guard(&lock_, true);
     Clear();
     prtreg registry(model->GetRegistry());
+    const ORegistryTransaction one_moment(registry, ORegistryTransaction::READING);
     OStringArray keys;
     registry.EnumKeys(kFonts, keys);
     for (int i = 0; i < keys.GetSize(); ++i) {

@@ -33,6 +33,7 @@ DownloadedFont* prtdttf_list::GetNext(const DownloadedFont* font) const {
 void prtdttf_list::Load(const prtmodel* model) {
     Clear();
     prtreg registry(model->GetRegistry());
+    const ORegistryTransaction one_moment(registry, ORegistryTransaction::READING);
     const auto total = static_cast<int>(std::min(registry.GetDWORD(kTotal, 0), kMostFonts));
     for (int i = 1; i <= total; ++i) {
         std::unique_ptr<DownloadedFont> font(new (std::nothrow) DownloadedFont);
@@ -48,6 +49,9 @@ void prtdttf_list::Save(const prtmodel* model) const {
     stored_ = false;
     if (!whole_) return;
     prtreg registry(model->GetRegistry());
+    // Most printers have none, which is written once.
+    stored_ = !GetHead() && registry.GetDWORD(kTotal, 1) == 0;
+    if (stored_) return;
     ORegistryTransaction changes(registry);
     int total = 0;
     for (const DownloadedFont* font = GetNext(nullptr); font; font = GetNext(font))

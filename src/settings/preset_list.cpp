@@ -34,6 +34,7 @@ uint32_t StoredCRC32(const PresetList& list) {
 void PresetList::Load(const prtmodel* model) {
     Clear();
     prtreg registry(model->GetRegistry());
+    const ORegistryTransaction one_moment(registry, ORegistryTransaction::READING);
     PresetList stored;
     const int total = StoredTotal(registry);
     for (int i = 1; i <= total; ++i) {

@@ -84,6 +84,7 @@ void StockList::init(const prtmodel* model) {
 
 void StockList::Load(const prtmodel* model) {
     prtreg registry(model->GetRegistry());
+    const ORegistryTransaction one_moment(registry, ORegistryTransaction::READING);
     LoadForm(registry, kUserForm);
     LoadForms(registry, kForms);
     LoadForms(registry, FamilyForms(*model));
