@@ -157,7 +157,7 @@ ZPLUI_API BOOL WINAPI DrvUpgradePrinter(DWORD level, LPBYTE info);
 //
 // Each list that is stored is stored whole or, when that fails, stays as it was; so are the
 // driver's settings. For a user below the printer's access level nothing is imported and nothing is
-// stored.
+// stored; of a printer that the spooler does not know nothing is stored either.
 
 // Opens the settings of a printer. `printer` is from the spooler's OpenPrinter and stays open until
 // the settings are closed. Null when memory is short.

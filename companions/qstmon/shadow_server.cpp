@@ -66,7 +66,7 @@ bool TakeOver(HomeRegistry& home, const ShadowRequest& request) {
     if (whole) {
         RenameSharedKeys(received, request.printer, home.DataPath(home.GetPrinterPart()),
                          home.LocalPath(), lines);
-        home.Import(lines);
+        if (!home.HasFailed()) home.Import(lines);
         // What could not be taken over stays where it was left.
         if (home.HasFailed()) return false;
     }
@@ -108,7 +108,8 @@ uint32_t MakeReady(HomeRegistry& home, const ShadowRequest& request) {
     RenameSharedKeys(gone, home.GetPrinterPart(), data, home.LocalPath(), news);
 
     OBuffer<char> bytes;
-    if (news.GetSize() == 0 || !PackSharedKeys(news, bytes)) return 0;
+    // What could be read in part only would take the rest away from the client.
+    if (home.HasFailed() || news.GetSize() == 0 || !PackSharedKeys(news, bytes)) return 0;
     home.Delete(kSize, false); // that is for what clients leave
     return home.SetBinary(kData, bytes.GetData(), bytes.GetSize()) < 0 ? 0 : bytes.GetSize();
 }

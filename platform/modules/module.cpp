@@ -161,6 +161,14 @@ Module* SystemLibrary(std::u16string_view name) {
     return nullptr;
 }
 
+// The name alone of a file that lies in the system's folder, else all that was given.
+std::u16string_view WithoutSystemFolder(std::u16string_view path) {
+    const std::u16string_view folder = kSystemFolder;
+    const bool is_there = path.size() > folder.size() && path[folder.size()] == u'\\' &&
+                          SameName(path.substr(0, folder.size()), folder);
+    return is_there ? path.substr(folder.size() + 1) : path;
+}
+
 // Made by the first who asks for it.
 Module* Program() {
     static Module* program = [] {
@@ -193,6 +201,7 @@ Module* Load(std::u16string_view given, DWORD flags) {
     }
     const std::u16string name = WithExtension(given);
     const bool as_data = (flags & LOAD_LIBRARY_AS_DATAFILE) != 0;
+    if (Module* system = SystemLibrary(WithoutSystemFolder(name))) return system;
     if (name.find_first_of(u"\\/:") != std::u16string::npos) {
         const auto path = HostPath(name);
         Module* module = path ? LoadFile(*path, as_data) : nullptr;
@@ -202,7 +211,6 @@ Module* Load(std::u16string_view given, DWORD flags) {
             SetLastError(ERROR_MOD_NOT_FOUND);
         return module;
     }
-    if (Module* system = SystemLibrary(name)) return system;
     for (const std::u16string& folder : SearchFolders()) {
         const auto path = HostPath(folder + u"\\" + name);
         if (path && access(path->c_str(), F_OK) == 0) return LoadFile(*path, as_data);

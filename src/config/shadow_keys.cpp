@@ -60,7 +60,7 @@ void CreateShadow(const OString& printer_name) {
     OStringArray lines;
     RenameSharedKeys(received, registry.GetPrinterPart(), registry.SubstituteWindowsSyntax("DATA:"),
                      registry.SubstituteWindowsSyntax("LOCAL:"), lines);
-    registry.Import(lines);
+    if (!registry.HasFailed()) registry.Import(lines);
 }
 
 void CommitShadow(const OString& printer_name) {
@@ -76,7 +76,8 @@ void CommitShadow(const OString& printer_name) {
     }
 
     OBuffer<char> bytes;
-    if (!PackSharedKeys(lines, bytes)) return;
+    // What could be read in part only would take the rest away on the server.
+    if (registry.HasFailed() || !PackSharedKeys(lines, bytes)) return;
     const uint32_t size = bytes.GetSize();
     if (registry.SetPrinterDataW(kSharedKeyData, REG_BINARY, bytes.GetData(), size) &&
         registry.SetPrinterDataW(kSharedKeySize, REG_DWORD, &size, sizeof size))

@@ -5,6 +5,7 @@
 #include "config/network_policy.h"
 #include "config/shadow_keys.h"
 #include "core/crc.h"
+#include "core/memory.h"
 #include "driver/printer_info.h"
 
 namespace {
@@ -26,6 +27,7 @@ void prtui::init(HANDLE printer, const DEVMODEW* in, uint32_t mode) {
     fmode = mode;
     hprinter = printer;
 
+    const uint32_t failures = AllocationFailures();
     const PrinterInfo info(printer);
     printer_name = info.GetPrinterName();
     port_name = info.GetPortName();
@@ -36,6 +38,7 @@ void prtui::init(HANDLE printer, const DEVMODEW* in, uint32_t mode) {
     devmode.Merge(info.GetDevMode(), model.get());
     if (mode & DM_IN_BUFFER) devmode.Merge(in, model.get());
     InitEx();
+    is_known = !printer_name.IsEmpty() && AllocationFailures() == failures;
 }
 
 void prtui::InitEx() {
@@ -73,7 +76,7 @@ void prtui::Settings_Load() {
 }
 
 bool prtui::Settings_Save() {
-    if (!model || restricted) return false;
+    if (!model || restricted || !is_known) return false;
     presets.Save(model.get());
     stocks.Save(model.get());
     fonts.Save(model.get());

@@ -143,8 +143,8 @@ public:
     // presets are the stored ones then, without the built-in ones. Nothing without a model.
     void Settings_Load();
     // Stores the lists that changed, each of them whole, and sends a connection's settings to its
-    // server unless `commit_shadow` is off. False when something could not be stored; for a
-    // restricted user nothing is.
+    // server unless `commit_shadow` is off. False when something could not be stored. Of a
+    // restricted user, and of a printer that is not `is_known`, nothing is.
     bool Settings_Save();
 
     // Writes a settings file, or adds what is in one to the lists, which Settings_Save then stores
@@ -180,6 +180,9 @@ public:
     bool commit_shadow = true;
     // The user's access level is below the one that the printer requires.
     bool restricted = false;
+    // The spooler knows the printer, and memory sufficed to read its model and settings: what was
+    // read in part only must not be stored in place of the whole.
+    bool is_known = false;
     // A sheet opens on its last page, that of the information about the driver.
     bool start_on_last = false;
 

@@ -146,7 +146,7 @@ TEST_F(Stocks, ThatTheRegistryRefusedAreWrittenByTheNextSave) {
     };
     Add("a");
     ASSERT_TRUE(lock(true));
-    EXPECT_TRUE(list_.Save(model_.get()));
+    EXPECT_FALSE(list_.Save(model_.get()));
     EXPECT_EQ(Stored(), "USER:256");
     ASSERT_TRUE(lock(false));
     EXPECT_TRUE(list_.Save(model_.get()));

@@ -20,7 +20,7 @@ bool FailsNow() {
 
 void FailAllocation(uint32_t point, bool from_then) {
     g_point = point;
-    g_count = 0;
+    if (point != 0) g_count = 0;
     g_from_then = from_then;
 }
 
@@ -37,6 +37,8 @@ NoAllocationFaults::~NoAllocationFaults() {
 }
 
 // The linker leads calls of NAME to __wrap_NAME, and __real_NAME to what it was.
+// Shared libraries of the program may meet the names: they must not be hidden.
+#pragma GCC visibility push(default)
 extern "C" {
 
 void* __real_realloc(void* block, size_t size);
@@ -55,3 +57,4 @@ void* __wrap__ZnamRKSt9nothrow_t(size_t size, const std::nothrow_t& tag) {
 }
 
 } // extern "C"
+#pragma GCC visibility pop

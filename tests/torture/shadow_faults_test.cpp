@@ -31,25 +31,25 @@ protected:
                       fs::copy_options::overwrite_existing);
     }
 
-    // The shared keys in the user's copy and on the server.
+    // The shared keys in the user's copy and on the server: each is all or nothing by itself.
     static std::vector<std::string> Both() {
-        std::vector<std::string> parts = {Keys("\\\\SRV1\\Dock3")};
+        std::vector<std::string> parts;
+        AddKeys("\\\\SRV1\\Dock3", parts);
         const std::string home = Root();
         SetRoot(home + "/machines/SRV1");
-        parts.push_back(Keys("Dock3"));
+        AddKeys("Dock3", parts);
         SetRoot(home);
         return parts;
     }
 
-    static std::string Keys(const char* printer) {
+    static void AddKeys(const char* printer, std::vector<std::string>& parts) {
         prtreg registry{OString(printer)};
-        std::string text;
         for (const char* key : {"Presets:", "STOCK:"}) {
             OStringArray lines;
             registry.Export(key, lines);
+            std::string& text = parts.emplace_back();
             for (int i = 0; i < lines.GetSize(); ++i) text.append(::Text(lines[i])) += '\n';
         }
-        return text;
     }
 };
 
