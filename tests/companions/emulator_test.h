@@ -41,7 +41,7 @@ protected:
 
     ProgramResult Run(std::vector<std::string> words) const {
         words.insert(words.begin(), {"--root", root()});
-        return RunProgram(TEST_BINARY_DIR, "labelhost", words);
+        return RunProgram("labelhost", words);
     }
     void Install(const std::string& printer, const std::string& port) const {
         const ProgramResult result =

@@ -72,9 +72,8 @@ TEST_F(QueriesThreads, BringAPrintersAnswersToTheProgram) {
 
 TEST_F(QueriesThreads, ReachPrintersOfOtherMachines) {
     const std::string server = root() + "/SRV1";
-    ASSERT_EQ(RunProgram(TEST_BINARY_DIR, "labelhost",
-                         {"--root", server, "install", "Dock", "--model", "Valdrick X4 300 dpi",
-                          "--port", Port()})
+    ASSERT_EQ(RunProgram("labelhost", {"--root", server, "install", "Dock", "--model",
+                                       "Valdrick X4 300 dpi", "--port", Port()})
                   .status,
               0);
     ASSERT_EQ(Run({"connect", "\\\\SRV1\\Dock", "--server", server}).status, 0);

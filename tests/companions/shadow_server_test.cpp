@@ -12,6 +12,7 @@
 #include "config/shadow_keys.h"
 #include "config/shadow_request.h"
 #include "config/shared_keys_text.h"
+#include "support/build_folders.h"
 #include "support/printer_test.h"
 
 namespace {
@@ -42,7 +43,7 @@ protected:
         // The driver's monitor, which the made-up driver does without.
         ORegistry().SetString("PRINT:Environments/Windows NT x86/Drivers/Version-3/Model 1/Monitor",
                               "qstmon");
-        fs::copy_file(TEST_BINARY_DIR "/bin/qstmon.dll",
+        fs::copy_file(Built("/bin/qstmon.dll"),
                       OnDriveC("WINDOWS\\system32\\spool\\drivers\\w32x86\\3\\qstmon.dll"),
                       fs::copy_options::overwrite_existing);
     }

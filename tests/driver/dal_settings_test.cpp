@@ -17,8 +17,8 @@ bool Has(HANDLE settings, const char* stock) {
 } // namespace
 
 TEST_F(SettingsInterface, StoresWhatIsImportedWhenItIsSaved) {
-    Install(TEST_BINARY_DIR, {.model = "Resolution=203\nStock.Maximum.X=110 mm\n"
-                                       "Stock.Maximum.Y=990 mm\n"});
+    Install({.model = "Resolution=203\nStock.Maximum.X=110 mm\n"
+                      "Stock.Maximum.Y=990 mm\n"});
     WriteFile("in.kds", kStock);
     const HANDLE first = DAL_Printer_Open(printer());
     const HANDLE second = DAL_Printer_Open(printer());
@@ -39,8 +39,8 @@ TEST_F(SettingsInterface, StoresWhatIsImportedWhenItIsSaved) {
 }
 
 TEST_F(SettingsInterface, SavesWhenItIsClosed) {
-    Install(TEST_BINARY_DIR, {.model = "Resolution=203\nStock.Maximum.X=110 mm\n"
-                                       "Stock.Maximum.Y=990 mm\n"});
+    Install({.model = "Resolution=203\nStock.Maximum.X=110 mm\n"
+                      "Stock.Maximum.Y=990 mm\n"});
     WriteFile("in.kds", kStock);
     HANDLE settings = DAL_Printer_Open(printer());
     DAL_Settings_Import(settings, TEXT("C:\\in.kds"), DAL_SETTINGS_STOCKS);

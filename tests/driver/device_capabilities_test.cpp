@@ -23,10 +23,10 @@ protected:
 } // namespace
 
 TEST_F(DeviceCapabilities, ComeFromTheModuleThatTheSpoolerLoads) {
-    Install(TEST_BINARY_DIR, {.model = "Resolution=203,300x600\nColor=yes\nColor.Process=CMYK\n"
-                                       "Stock.Minimum.X=20 mm\nStock.Minimum.Y=6 mm\n"
-                                       "Stock.Maximum.X=114 mm\nStock.Maximum.Y=3988 mm\n",
-                              .method = "Copies.Limit=9999\n"});
+    Install({.model = "Resolution=203,300x600\nColor=yes\nColor.Process=CMYK\n"
+                      "Stock.Minimum.X=20 mm\nStock.Minimum.Y=6 mm\n"
+                      "Stock.Maximum.X=114 mm\nStock.Maximum.Y=3988 mm\n",
+             .method = "Copies.Limit=9999\n"});
     const std::pair<WORD, int> cases[] = {
         {0, -1},          {DC_FIELDS, 0x780FF1F}, {DC_MINEXTENT, 60 << 16 | 200},
         {21, -1},         {DC_DRIVER, 0x607},     {DC_MAXEXTENT, 32767 << 16 | 1140},
@@ -56,7 +56,7 @@ TEST_F(DeviceCapabilities, ComeFromTheModuleThatTheSpoolerLoads) {
 }
 
 TEST_F(DeviceCapabilities, OfDocumentsFollowTheDevModeOfTheProgram) {
-    Install(TEST_BINARY_DIR, {});
+    Install({});
     DEVMODEW mode = {};
     mode.dmSpecVersion = 0x320;
     mode.dmDriverVersion = 5;
@@ -75,7 +75,7 @@ TEST_F(DeviceCapabilities, OfDocumentsFollowTheDevModeOfTheProgram) {
 }
 
 TEST_F(DeviceCapabilities, FollowAFlushOfAnotherProcess) {
-    Install(TEST_BINARY_DIR, {.method = "Copies.Limit=9999\n"});
+    Install({.method = "Copies.Limit=9999\n"});
     EXPECT_EQ(Ask(DC_COPIES), 9999);
     prtreg registry(OString("Dock 3"));
     registry.SetByte("Settings:Disable Copies Limit", 1);
@@ -95,7 +95,7 @@ TEST_F(DeviceCapabilities, OfNoPrinterAreDefaults) {
 using DeviceCapabilitiesThreads = DeviceCapabilities;
 
 TEST_F(DeviceCapabilitiesThreads, AnswerSeveralAtOnceWhileTheRecordsAreRebuilt) {
-    Install(TEST_BINARY_DIR, {.model = "Resolution=203\n", .method = "Copies.Limit=9999\n"});
+    Install({.model = "Resolution=203\n", .method = "Copies.Limit=9999\n"});
     const auto ask = [] {
         for (int i = 0; i < 50; ++i) {
             int32_t pair[2] = {};

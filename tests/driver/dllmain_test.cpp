@@ -59,7 +59,7 @@ TEST_F(Attach, MakesTheCachesAndDetachFreesThem) {
 }
 
 TEST_F(Attach, KnowsThePlatformFromTheFolderThatTheModuleWasLoadedFrom) {
-    Install(TEST_BINARY_DIR, {});
+    Install({});
     EXPECT_TRUE(DriverUtility::GetDriverDirectory().IsEmpty());
     const OString file = DriverFolder() + "\\zplui.dll";
     const HMODULE module = LoadLibraryW(file.wstring());

@@ -30,9 +30,9 @@ int Difference(const Bytes& a, const Bytes& b) {
 class DocumentSettings : public StagedDriverTest {
 protected:
     void SetUp() override {
-        Install(TEST_BINARY_DIR, {.model = "Resolution=203,300x600\n"
-                                           "Stock.Default.X=4 in\nStock.Default.Y=6 in\n",
-                                  .method = "Copies.Limit=500\n"});
+        Install({.model = "Resolution=203,300x600\n"
+                          "Stock.Default.X=4 in\nStock.Default.Y=6 in\n",
+                 .method = "Copies.Limit=500\n"});
         PRINTER_DEFAULTSW all = {nullptr, nullptr, PRINTER_ALL_ACCESS};
         ASSERT_TRUE(OpenPrinterW(const_cast<WCHAR*>(TEXT("Dock 3")), &printer_, &all));
     }

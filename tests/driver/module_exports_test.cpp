@@ -6,6 +6,7 @@
 
 #include "driver/driver_utility.h"
 #include "driver/prtui.h"
+#include "support/build_folders.h"
 #include "support/staged_driver_test.h"
 #include "zplui.h"
 
@@ -17,11 +18,11 @@ namespace {
 class LoadedModule : public StagedDriverTest {
 protected:
     void SetUp() override {
-        Install(TEST_BINARY_DIR, {.model = "Resolution=203\nStock.Maximum.X=110 mm\n"
-                                           "Stock.Maximum.Y=990 mm\n",
-                                  .method = "Copies.Limit=500\n"});
+        Install({.model = "Resolution=203\nStock.Maximum.X=110 mm\n"
+                          "Stock.Maximum.Y=990 mm\n",
+                 .method = "Copies.Limit=500\n"});
         const std::string folder = std::string(DriverFolder().nstring()).substr(3);
-        std::filesystem::copy_file(TEST_BINARY_DIR "/bin/zplui.dll.mui",
+        std::filesystem::copy_file(Built("/bin/zplui.dll.mui"),
                                    OnDriveC(folder + "\\zplui.dll.mui"));
         module_ = LoadLibraryW((DriverFolder() + "\\zplui.dll").wstring());
         ASSERT_TRUE(module_);

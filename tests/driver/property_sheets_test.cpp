@@ -37,7 +37,7 @@ LONG_PTR CALLBACK Sheets(HANDLE sheet, UINT function, LPARAM first, LPARAM secon
 class PropertySheets : public JobTest {
 protected:
     void SetUp() override {
-        Install(TEST_BINARY_DIR, {.model = "Resolution=203\n", .method = "Copies.Limit=500\n"});
+        Install({.model = "Resolution=203\n", .method = "Copies.Limit=500\n"});
         g_calls.clear();
         g_count = 4;
         g_answer = 1;

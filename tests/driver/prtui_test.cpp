@@ -6,6 +6,7 @@
 
 #include "driver/driver_utility.h"
 #include "printer/prtstream.h"
+#include "support/build_folders.h"
 #include "support/job_test.h"
 
 namespace {
@@ -22,10 +23,9 @@ protected:
 } // namespace
 
 TEST_F(UIObject, TakesThePrinterAndTheSettingsAskedFor) {
-    Install(TEST_BINARY_DIR, {.model = "Resolution=203\n", .method = "Copies.Limit=500\n"});
+    Install({.model = "Resolution=203\n", .method = "Copies.Limit=500\n"});
     const std::string folder = Text(DriverUtility::GetDriverDirectory()).substr(3);
-    std::filesystem::copy_file(TEST_BINARY_DIR "/product/zplvenu.dll",
-                               OnDriveC(folder + "\\zplvenu.dll"));
+    std::filesystem::copy_file(Built("/product/zplvenu.dll"), OnDriveC(folder + "\\zplvenu.dll"));
     DevMode wanted;
     wanted.CreateDefault(Model().get());
     wanted.SetCopies(7);
@@ -49,7 +49,7 @@ TEST_F(UIObject, TakesThePrinterAndTheSettingsAskedFor) {
 }
 
 TEST_F(UIObject, KeepsItsListsForTheNextOne) {
-    Install(TEST_BINARY_DIR, {.model = "Resolution=203\n"});
+    Install({.model = "Resolution=203\n"});
     const auto first = Made(printer(), nullptr, 0), second = Made(printer(), nullptr, 0);
     auto* preset = new Preset;
     preset->SetToDefaultDevMode(first->model.get());

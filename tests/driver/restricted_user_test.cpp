@@ -10,6 +10,7 @@
 #include "config/network_policy.h"
 #include "config/user_info.h"
 #include "driver/prtui.h"
+#include "support/build_folders.h"
 #include "support/job_test.h"
 #include "zplui.h"
 
@@ -31,8 +32,8 @@ protected:
 
     void SetUp() override {
         SkipUnderWine("the user is the one that Wine runs as");
-        Install(TEST_BINARY_DIR, {.model = "Resolution=203\nStock.Maximum.X=110 mm\n"
-                                           "Stock.Maximum.Y=990 mm\nStock.Default.X=4 in\n"});
+        Install({.model = "Resolution=203\nStock.Maximum.X=110 mm\n"
+                          "Stock.Maximum.Y=990 mm\nStock.Default.X=4 in\n"});
         // What a new printer of the model would get.
         fs::create_directories(OnDriveC(""));
         WriteFile("in.kds", kFile);
@@ -254,7 +255,7 @@ protected:
 
 TEST_F(RestrictedUser, ChangesNothingThroughAnyExport) {
     std::set<std::string> declared, used;
-    std::ifstream header(TEST_SOURCE_DIR "/include/zplui.h");
+    std::ifstream header(Sources("/include/zplui.h"));
     const std::string text{std::istreambuf_iterator<char>(header), {}};
     const std::regex name("ZPLUI_API [^;]*WINAPI (\\w+)\\(");
     for (std::sregex_iterator at(text.begin(), text.end(), name), end; at != end; ++at)

@@ -4,6 +4,7 @@
 #include <string>
 #include <vector>
 
+#include "support/build_folders.h"
 #include "support/spooler_answer.h"
 #include "support/staged_driver_test.h"
 #include "support/wide.h"
@@ -29,8 +30,7 @@ Answer<Info> Record(HANDLE printer, DWORD level) {
 class SpoolerClient : public StagedDriverTest {
 protected:
     void SetUp() override {
-        Install(TEST_BINARY_DIR,
-                {.model = "Resolution=203,300x600\nColor=yes\nColor.Process=CMYK\n"
+        Install({.model = "Resolution=203,300x600\nColor=yes\nColor.Process=CMYK\n"
                           "Ports.PNP.ID=ID1\nStock.Default.X=4 in\nStock.Default.Y=6 in\n"
                           "Stock.Maximum.X=114 mm\nStock.Maximum.Y=990 mm\n",
                  .method = "Copies.Limit=500\n"});
@@ -61,9 +61,8 @@ TEST_F(SpoolerClient, FindsTheDriversFilesWhereTheSpoolerPutsThem) {
         EXPECT_EQ(OString(path.PathPart()), DriverFolder()) << Text(path);
         const OString name = path.FilePart();
         const auto size = std::filesystem::file_size(OnDriveC(path.nstring() + 3));
-        EXPECT_EQ(size, name == "zplui.dll"
-                            ? std::filesystem::file_size(TEST_BINARY_DIR "/bin/zplui.dll")
-                            : static_cast<size_t>(name.GetLength()))
+        EXPECT_EQ(size, name == "zplui.dll" ? std::filesystem::file_size(Built("/bin/zplui.dll"))
+                                            : static_cast<size_t>(name.GetLength()))
             << Text(path);
     }
 }

@@ -18,8 +18,7 @@ class FontSender : public JobTest {
 protected:
     FontSender() {
         NeedRenderingModule();
-        Install(TEST_BINARY_DIR,
-                {.model = "Resolution=203\nStock.Default.X=4 in\nStock.Default.Y=6 in\n",
+        Install({.model = "Resolution=203\nStock.Default.X=4 in\nStock.Default.Y=6 in\n",
                  .font = "Download.TrueType=yes\nDownload.Bitmap=yes\n"
                          "Download.Bitmap.Orientation=0,90\n"});
         ui_.reset(prtui::new_ext());

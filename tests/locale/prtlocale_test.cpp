@@ -9,6 +9,7 @@
 #include "driver/driver_utility.h"
 #include "driver/printer_info.h"
 #include "model/prtmodel.h"
+#include "support/build_folders.h"
 #include "support/printer_test.h"
 
 #include <filesystem>
@@ -71,7 +72,7 @@ protected:
 
     void CopyLibrary(const char* from, const char* to) const {
         WriteFile(std::string("install\\") + to, "");
-        std::filesystem::copy_file(std::string(TEST_BINARY_DIR "/bin/test_data/locale/") + from,
+        std::filesystem::copy_file(Built("/bin/test_data/locale/") + from,
                                    OnDriveC(std::string("install\\") + to),
                                    std::filesystem::copy_options::overwrite_existing);
     }

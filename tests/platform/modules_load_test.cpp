@@ -1,4 +1,5 @@
 #include "platform/error_of.h"
+#include "support/build_folders.h"
 #include "support/host_test.h"
 
 #include <windows.h>
@@ -11,7 +12,7 @@ namespace {
 
 namespace fs = std::filesystem;
 
-const std::string kData = TEST_BINARY_DIR "/bin/test_data/";
+const std::string kData = Built("/bin/test_data/");
 
 template <class Function>
 Function* Procedure(HMODULE module, const char* name) {

@@ -1,4 +1,5 @@
 #include "platform/error_of.h"
+#include "support/build_folders.h"
 #include "support/host_test.h"
 
 #include <windows.h>
@@ -17,8 +18,7 @@ std::u16string TextAt(HMENU menu, UINT item, UINT flags = MF_BYPOSITION) {
 class ModulesMenu : public HostTest {
 protected:
     ModulesMenu() {
-        std::filesystem::copy_file(TEST_BINARY_DIR "/bin/test_data/sample.dll",
-                                   OnDriveC("sample.dll"));
+        std::filesystem::copy_file(Built("/bin/test_data/sample.dll"), OnDriveC("sample.dll"));
         module = LoadLibraryW(u"C:\\sample.dll");
     }
     ~ModulesMenu() override { FreeLibrary(module); }

@@ -1,4 +1,5 @@
 #include "platform/error_of.h"
+#include "support/build_folders.h"
 #include "support/host_test.h"
 #include "support/sample_library_test.h"
 
@@ -12,7 +13,7 @@ namespace {
 
 namespace fs = std::filesystem;
 
-const std::string kData = TEST_BINARY_DIR "/bin/test_data/";
+const std::string kData = Built("/bin/test_data/");
 
 std::u16string Text(HMODULE module, UINT id, int size = 100) {
     WCHAR text[100] = {};

@@ -1,4 +1,5 @@
 #include "platform/spooler_test.h"
+#include "support/build_folders.h"
 
 #include <filesystem>
 
@@ -8,7 +9,7 @@ using win32host::Group;
 SpoolerTest::SpoolerTest() {
     UseAdministrator();
     fs::create_directories(OnDriveC("setup"));
-    fs::copy_file(TEST_BINARY_DIR "/bin/test_data/testdrv.dll", OnDriveC("setup\\testdrv.dll"));
+    fs::copy_file(Built("/bin/test_data/testdrv.dll"), OnDriveC("setup\\testdrv.dll"));
     WriteFile("setup\\testzpl.ddt", "data");
     WriteFile("setup\\testdrv.hlp", "help");
     WriteFile("setup\\extra1.dat", "extra 1");

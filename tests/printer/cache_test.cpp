@@ -105,7 +105,7 @@ TEST(ObjectCacheList, ChangesWithTheDescriptionOnly) {
 }
 
 TEST_F(ObjectCache, ObjectsAreShownAndTreatedInTheirWays) {
-    Install(TEST_BINARY_DIR, {.model = "Resolution=203\n"});
+    Install({.model = "Resolution=203\n"});
     std::unique_ptr<prtui> ui(prtui::new_ext());
     ui->init(printer(), nullptr, 0);
     KVCacheItemInfo item = kItems[0];
@@ -126,7 +126,7 @@ TEST_F(ObjectCache, ObjectsAreShownAndTreatedInTheirWays) {
 
 TEST_F(ObjectCache, SettingsStayWithinTheirLimitsAndInOrder) {
     NeedRenderingModule();
-    Install(TEST_BINARY_DIR, {.model = "Resolution=203\n"});
+    Install({.model = "Resolution=203\n"});
     std::unique_ptr<prtui> ui(prtui::new_ext());
     ui->init(printer(), nullptr, 0);
     CacheParameters limits;
@@ -153,7 +153,7 @@ TEST_F(ObjectCache, SettingsStayWithinTheirLimitsAndInOrder) {
 }
 
 TEST_F(ObjectCache, SizesAreShownInKilobytes) {
-    Install(TEST_BINARY_DIR, {.model = "Resolution=203\n"});
+    Install({.model = "Resolution=203\n"});
     std::unique_ptr<prtui> ui(prtui::new_ext());
     ui->init(printer(), nullptr, 0);
     const struct {

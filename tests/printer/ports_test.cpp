@@ -55,7 +55,7 @@ TEST_F(PrinterPort, IsBidirectionalWhenMonitorSystemAndModelAre) {
         {"LPT", "1", 4, "Parallel", false}, {"USB", "1", 4, "USB", true},
         {"USB", "1", 5, "Parallel", false}, {"lpt", "1", 5, "", true},
     };
-    Install(TEST_BINARY_DIR, {.model = "Resolution=203\n"});
+    Install({.model = "Resolution=203\n"});
     for (const auto& c : cases) {
         Replace({.model = std::string("Resolution=203\nPorts.Bidirectional=") + c.model + "\n"});
         win32host::SetVersion(VER_PLATFORM_WIN32_NT, c.major, 0, 1381);
@@ -67,7 +67,7 @@ TEST_F(PrinterPort, IsBidirectionalWhenMonitorSystemAndModelAre) {
 }
 
 TEST_F(PrinterPort, TellsWhatTheMonitorKnows) {
-    Install(TEST_BINARY_DIR, {.model = "Resolution=203\n"});
+    Install({.model = "Resolution=203\n"});
     const auto ui = Made();
     prtstream& stream = *ui->stream;
     EXPECT_EQ(Text(stream.GetPortType()), "");
@@ -82,7 +82,7 @@ TEST_F(PrinterPort, TellsWhatTheMonitorKnows) {
 }
 
 TEST_F(PrinterPort, IsWatchedWhenTheMonitorSaysSo) {
-    Install(TEST_BINARY_DIR, {.model = "Resolution=203\n"});
+    Install({.model = "Resolution=203\n"});
     const auto ui = Made();
     const struct {
         std::string bytes;

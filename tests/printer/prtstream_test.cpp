@@ -25,8 +25,8 @@ class OutputStream : public JobTest {
 protected:
     OutputStream() {
         NeedRenderingModule();
-        Install(TEST_BINARY_DIR, {.model = "Resolution=203\nStock.Default.X=4 in\n"
-                                           "Stock.Default.Y=6 in\n"});
+        Install({.model = "Resolution=203\nStock.Default.X=4 in\n"
+                          "Stock.Default.Y=6 in\n"});
         ui_.reset(prtui::new_ext());
         ui_->init(printer(), nullptr, 0);
         stream_.init(ui_.get());

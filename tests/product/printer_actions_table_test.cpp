@@ -7,6 +7,7 @@
 #include <sstream>
 
 #include "driver/printer_info.h"
+#include "support/build_folders.h"
 #include "support/job_test.h"
 #include "support/program.h"
 #include "zpl/extconfig.h"
@@ -270,21 +271,21 @@ void ExpectSame(const Actions& seen, const Actions& expected) {
 
 TEST_F(PrinterActionsTable, HoldsForEveryPrinterThatShips) {
     NeedRenderingModule();
-    const Table table(TEST_SOURCE_DIR "/tests/product/golden/printer_actions.txt");
+    const Table table(Sources("/tests/product/golden/printer_actions.txt"));
     std::set<std::string> shipped;
-    std::ifstream packaging(TEST_BINARY_DIR "/product/zplui.inf");
+    std::ifstream packaging(Built("/product/zplui.inf"));
     for (std::string line; std::getline(packaging, line);)
         if (const size_t end = line.find("\"=Install."); end != std::string::npos)
             shipped.insert(line.substr(1, end - 1));
     WriteFile(kFile, "^XA^FDone^XZ");
     // The tables that are installed are those that this test's own models are made of.
-    WriteFile("WINDOWS\\system32\\zpl.ddt", BytesOf(TEST_BINARY_DIR "/product/zpl.ddt"));
+    WriteFile("WINDOWS\\system32\\zpl.ddt", BytesOf(Built("/product/zpl.ddt")));
     for (const auto& [short_name, model] : table.printers()) {
         SCOPED_TRACE(model);
         EXPECT_EQ(shipped.erase(model), 1u);
         const std::string printer = "Printer " + model;
-        const ProgramResult installed = RunProgram(
-            TEST_BINARY_DIR, "labelhost", {"--root", root(), "install", printer, "--model", model});
+        const ProgramResult installed =
+            RunProgram("labelhost", {"--root", root(), "install", printer, "--model", model});
         ASSERT_EQ(installed.status, 0) << installed.errors;
         ASSERT_NO_FATAL_FAILURE(Open(printer));
         ExpectSame(Seen(true), table.Of(short_name, "installed"));

@@ -12,6 +12,7 @@
 #include "model/symbology_info.h"
 #include "settings/preset_list.h"
 #include "settings/stock_list.h"
+#include "support/build_folders.h"
 #include "support/model_test.h"
 #include "support/program.h"
 #include "zpl/extconfig.h"
@@ -25,7 +26,7 @@ protected:
     std::vector<std::string> InstallAll() {
         std::vector<std::string> models;
         std::set<std::string> files = {"zplui.dll", "zpl.ddt"};
-        std::ifstream in(TEST_BINARY_DIR "/product/zplui.inf");
+        std::ifstream in(Built("/product/zplui.inf"));
         for (std::string line; std::getline(in, line);) {
             const size_t end = line.find("\"=Install.");
             if (end == std::string::npos) continue;
@@ -42,9 +43,9 @@ protected:
                                    sizeof folder, &needed);
         const OString drivers = OString(folder) + "\\3\\";
         for (const std::string& file : files)
-            WriteFile(Text(drivers).substr(3) + file, BytesOf(TEST_BINARY_DIR "/product/" + file));
+            WriteFile(Text(drivers).substr(3) + file, BytesOf(Built("/product/") + file));
         // The tables that were installed are those that this test's own module reads.
-        WriteFile("WINDOWS\\system32\\zpl.ddt", BytesOf(TEST_BINARY_DIR "/product/zpl.ddt"));
+        WriteFile("WINDOWS\\system32\\zpl.ddt", BytesOf(Built("/product/zpl.ddt")));
 
         std::vector<std::string> printers;
         const HMODULE module = LoadLibraryW((drivers + "zplui.dll").wstring());
@@ -263,8 +264,8 @@ TEST_F(ProductData, HasOnlyKeysThatAreRead) {
     std::vector<std::string> tables = {"BarCode"};
     for (const auto& [table, keys] : kKeys) tables.push_back(table);
     for (const std::string& table : tables) {
-        const ProgramResult shown = RunProgram(TEST_BINARY_DIR, "ddtpack",
-                                               {"show", TEST_BINARY_DIR "/product/zpl.ddt", table});
+        const ProgramResult shown =
+            RunProgram("ddtpack", {"show", Built("/product/zpl.ddt"), table});
         ASSERT_EQ(shown.status, 0) << shown.errors;
         std::istringstream in(shown.output);
         for (std::string line; std::getline(in, line);) {

@@ -4,6 +4,8 @@
 #include <filesystem>
 #include <ostream>
 
+#include "support/build_folders.h"
+
 namespace fs = std::filesystem;
 
 void PrintTo(const PrintedJob& job, std::ostream* out) {
@@ -11,13 +13,13 @@ void PrintTo(const PrintedJob& job, std::ostream* out) {
          << " bytes: " << job.bytes.substr(0, 200);
 }
 
-void JobTest::Install(const std::string& binary_folder, const ModelTables& tables) {
+void JobTest::Install(const ModelTables& tables) {
     ModelTest::Install(tables);
     WCHAR folder[MAX_PATH] = {};
     DWORD needed = 0;
     ASSERT_TRUE(GetPrinterDriverDirectoryW(nullptr, nullptr, 1, reinterpret_cast<BYTE*>(folder),
                                            sizeof folder, &needed));
-    fs::copy_file(binary_folder + "/bin/zplrender.dll",
+    fs::copy_file(Built("/bin/zplrender.dll"),
                   OnDriveC(std::string(OString(folder).nstring()).substr(3) + "\\3\\zplrender.dll"),
                   fs::copy_options::overwrite_existing);
     PRINTER_DEFAULTSW access = {nullptr, nullptr, PRINTER_ALL_ACCESS};

@@ -14,8 +14,8 @@ void PrintTo(const PrintedJob& job, std::ostream* out);
 
 class JobTest : public ModelTest {
 protected:
-    // ModelTest's Install, with the rendering module out of the build in `binary_folder`.
-    void Install(const std::string& binary_folder, const ModelTables& tables);
+    // ModelTest's Install, with the rendering module of this build.
+    void Install(const ModelTables& tables);
 
     HANDLE printer() const { return printer_; }
 

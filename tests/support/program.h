@@ -14,5 +14,4 @@ struct ProgramResult {
 std::vector<std::string> OnMachine(const std::string& root);
 
 // Runs build/.../bin/NAME with these arguments and waits for its end.
-ProgramResult RunProgram(const std::string& binary_folder, const std::string& name,
-                         const std::vector<std::string>& arguments);
+ProgramResult RunProgram(const std::string& name, const std::vector<std::string>& arguments);

@@ -8,6 +8,8 @@
 #include <sstream>
 #include <sys/wait.h>
 
+#include "support/build_folders.h"
+
 extern char** environ;
 
 namespace {
@@ -25,9 +27,8 @@ std::vector<std::string> OnMachine(const std::string& root) {
     return {"--root", root};
 }
 
-ProgramResult RunProgram(const std::string& binary_folder, const std::string& name,
-                         const std::vector<std::string>& arguments) {
-    const std::string program = binary_folder + "/bin/" + name;
+ProgramResult RunProgram(const std::string& name, const std::vector<std::string>& arguments) {
+    const std::string program = Built("/bin/" + name);
     std::vector<std::string> words = {program};
     words.insert(words.end(), arguments.begin(), arguments.end());
     std::vector<char*> argv;

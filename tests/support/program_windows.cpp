@@ -6,6 +6,8 @@
 #include <fstream>
 #include <sstream>
 
+#include "support/build_folders.h"
+
 namespace fs = std::filesystem;
 
 namespace {
@@ -45,9 +47,8 @@ std::vector<std::string> OnMachine(const std::string& /*root*/) {
     return {};
 }
 
-ProgramResult RunProgram(const std::string& binary_folder, const std::string& name,
-                         const std::vector<std::string>& arguments) {
-    const std::string program = binary_folder + "/bin/" + name + ".exe";
+ProgramResult RunProgram(const std::string& name, const std::vector<std::string>& arguments) {
+    const std::string program = Built("/bin/" + name) + ".exe";
     std::wstring line = Quoted(program);
     for (const std::string& argument : arguments) line += L" " + Quoted(argument);
 

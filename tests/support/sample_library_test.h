@@ -5,14 +5,14 @@
 #include <filesystem>
 #include <string>
 
+#include "support/build_folders.h"
 #include "support/host_test.h"
 
 // With the PE file of the tests loaded from drive C.
 class ModulesResources : public HostTest {
 protected:
     ModulesResources() {
-        std::filesystem::copy_file(TEST_BINARY_DIR "/bin/test_data/sample.dll",
-                                   OnDriveC("sample.dll"));
+        std::filesystem::copy_file(Built("/bin/test_data/sample.dll"), OnDriveC("sample.dll"));
         module = LoadLibraryW(TEXT("C:\\sample.dll"));
     }
     ~ModulesResources() override { FreeLibrary(module); }

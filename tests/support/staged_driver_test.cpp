@@ -2,6 +2,8 @@
 
 #include <filesystem>
 
+#include "support/build_folders.h"
+
 namespace fs = std::filesystem;
 
 namespace {
@@ -29,11 +31,11 @@ OString StagedDriverTest::DriverFolder() {
     return StageFolder() + "\\3";
 }
 
-void StagedDriverTest::Install(const std::string& binary_folder, const ModelTables& tables) {
+void StagedDriverTest::Install(const ModelTables& tables) {
     const std::string stage = std::string(StageFolder().nstring()).substr(3) + "\\";
     for (const char* file : {"zplui.hlp", "zplrender.dll", "zplvenu.dll", "zplqv.ddt"})
         WriteFile(stage + file, file);
-    fs::copy_file(binary_folder + "/bin/zplui.dll", OnDriveC(stage + "zplui.dll"));
+    fs::copy_file(Built("/bin/zplui.dll"), OnDriveC(stage + "zplui.dll"));
     ASSERT_TRUE(AddDriverFrom("", "Model 1", "zplqv.ddt"));
     WriteFile(stage + "3\\zpl.ddt", ModelDataFile(tables));
     ASSERT_TRUE(AddPrinter("Dock 3", "Model 1"));

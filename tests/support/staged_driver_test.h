@@ -7,10 +7,9 @@
 
 class StagedDriverTest : public PrinterTest {
 protected:
-    // Installs the module of the build in `binary_folder` as the driver "Model 1" with a model data
-    // file of these tables, and a printer "Dock 3" of it, as a set-up does: the files are put where
-    // the spooler says.
-    void Install(const std::string& binary_folder, const ModelTables& tables);
+    // Installs the module as the driver "Model 1" with a model data file of these tables, and a
+    // printer "Dock 3" of it, as a set-up does: the files are put where the spooler says.
+    void Install(const ModelTables& tables);
 
     // An export of the installed module; null, a failure of the test, when there is none.
     template <class Function>

@@ -7,6 +7,7 @@
 #include <string>
 #include <vector>
 
+#include "support/build_folders.h"
 #include "support/host_test.h"
 #include "support/wide.h"
 
@@ -15,8 +16,7 @@ class VersionResources : public HostTest {
 protected:
     VersionResources() {
         for (const char* file : {"zplui.dll", "zplui.dll.mui"})
-            if (const std::string from = std::string(TEST_BINARY_DIR "/bin/") + file;
-                std::filesystem::exists(from))
+            if (const std::string from = Built("/bin/") + file; std::filesystem::exists(from))
                 std::filesystem::copy_file(from, OnDriveC(file));
         block.resize(GetFileVersionInfoSizeW(kModule, nullptr));
         GetFileVersionInfoW(kModule, 0, static_cast<DWORD>(block.size()), block.data());

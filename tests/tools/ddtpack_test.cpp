@@ -15,7 +15,7 @@ protected:
     }
 
     ProgramResult Run(const std::vector<std::string>& words) const {
-        return RunProgram(TEST_BINARY_DIR, "ddtpack", words);
+        return RunProgram("ddtpack", words);
     }
 };
 

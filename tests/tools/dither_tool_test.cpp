@@ -1,5 +1,6 @@
 // labelhost dither on PNG files of every kind.
 
+#include "support/build_folders.h"
 #include "support/host_test.h"
 #include "support/program.h"
 #include "tools/png_file.h"
@@ -24,8 +25,8 @@ protected:
         std::vector<std::string> all = OnMachine(root());
         all.emplace_back("dither");
         all.insert(all.end(), words.begin(), words.end());
-        all.insert(all.end(), {"--product", TEST_BINARY_DIR "/bin"});
-        return RunProgram(TEST_BINARY_DIR, "labelhost", all);
+        all.insert(all.end(), {"--product", Built("/bin")});
+        return RunProgram("labelhost", all);
     }
 
     // The picture as red, green, blue, after the command with these options.
@@ -147,7 +148,7 @@ TEST_F(LabelhostDither, MakesThePicturesOfThePage) {
         {"color", {"--algorithm", "dispersed", "--color-mode", "color"}},
         {"preview", {"--algorithm", "clustered", "--preview"}},
     };
-    const std::string pictures = TEST_SOURCE_DIR "/docs/pictures/";
+    const std::string pictures = Sources("/docs/pictures/");
     const std::string out = Path("Größe 漢字.png");
     for (const auto& c : cases) {
         std::vector<std::string> words = {pictures + "before.png", out};

@@ -18,10 +18,10 @@ protected:
     ~LabelhostActions() override { unsetenv("LABELHOST_ROOT"); }
 
     static ProgramResult Run(const std::vector<std::string>& words) {
-        return RunProgram(TEST_BINARY_DIR, "labelhost", words);
+        return RunProgram("labelhost", words);
     }
     static ProgramResult Example(const std::vector<std::string>& words) {
-        return RunProgram(TEST_BINARY_DIR, "printer_actions", words);
+        return RunProgram("printer_actions", words);
     }
     // The jobs, as "name:bytes".
     static std::vector<std::string> Jobs() {

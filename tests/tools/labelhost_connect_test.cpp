@@ -5,6 +5,7 @@
 #include <filesystem>
 
 #include "config/prtreg.h"
+#include "support/build_folders.h"
 
 namespace {
 
@@ -28,7 +29,7 @@ protected:
 
     ProgramResult Serve(std::vector<std::string> words) const {
         words.insert(words.begin(), {"--root", server_});
-        return RunProgram(TEST_BINARY_DIR, "labelhost", words);
+        return RunProgram("labelhost", words);
     }
     // Whether the printer has that preset, as the machine sees it.
     bool ServerHas(const std::string& preset) const {
@@ -116,7 +117,7 @@ TEST_F(TwoHosts, AreNotHarmedByAServerThatAnswersNonsense) {
     Connect();
     SaveOnServer("Of the server");
     ASSERT_TRUE(ClientHas("Of the server"));
-    fs::copy_file(TEST_BINARY_DIR "/bin/test_data/nonsense.dll",
+    fs::copy_file(Built("/bin/test_data/nonsense.dll"),
                   OnDriveC("WINDOWS\\system32\\spool\\drivers\\w32x86\\3\\qstmon.dll"),
                   fs::copy_options::overwrite_existing);
     EXPECT_TRUE(ClientHas("Of the server"));

@@ -4,13 +4,15 @@
 
 #include <sstream>
 
+#include "support/build_folders.h"
+
 namespace {
 
 using LabelhostDemo = Labelhost;
 
 TEST_F(LabelhostDemo, TellsTheWholeStory) {
     const std::string folder = root() + "/story";
-    const ProgramResult told = RunProgram(TEST_BINARY_DIR, "labelhost", {"demo", folder});
+    const ProgramResult told = RunProgram("labelhost", {"demo", folder});
     ASSERT_EQ(told.status, 0) << told.errors << told.output;
     EXPECT_EQ(told.errors, "");
     size_t at = 0;
@@ -50,13 +52,12 @@ TEST_F(LabelhostDemo, TellsTheWholeStory) {
     }
     // The machines are there to go on with.
     EXPECT_EQ(BytesOf(folder + "/label.dm").size(), 1508u);
-    const ProgramResult list =
-        RunProgram(TEST_BINARY_DIR, "labelhost", {"--root", folder + "/warehouse", "list"});
+    const ProgramResult list = RunProgram("labelhost", {"--root", folder + "/warehouse", "list"});
     EXPECT_NE(list.output.find("Dock3"), std::string::npos);
-    EXPECT_EQ(RunProgram(TEST_BINARY_DIR, "labelhost", {"demo", folder}).status, 1)
+    EXPECT_EQ(RunProgram("labelhost", {"demo", folder}).status, 1)
         << "nothing is told over what is there";
 
-    std::istringstream readme(BytesOf(TEST_SOURCE_DIR "/README.md"));
+    std::istringstream readme(BytesOf(Sources("/README.md")));
     bool inside = false;
     int lines = 0;
     for (std::string line; std::getline(readme, line);) {

@@ -13,7 +13,7 @@ protected:
     ProgramResult Run(const std::vector<std::string>& words) const {
         std::vector<std::string> all = OnMachine(root());
         all.insert(all.end(), words.begin(), words.end());
-        return RunProgram(TEST_BINARY_DIR, "labelhost", all);
+        return RunProgram("labelhost", all);
     }
 
     Json RunJson(std::vector<std::string> words) const {

@@ -10,6 +10,8 @@
 #include <sys/wait.h>
 #include <unistd.h>
 
+#include "support/build_folders.h"
+
 extern char** environ;
 
 namespace {
@@ -24,7 +26,7 @@ protected:
     // Runs labelhost, interrupts it when it has said its first word, and reads the rest. What it
     // says does not fit into the pipe, so that it cannot be through by then.
     ProgramResult Interrupt(const std::vector<std::string>& words) const {
-        std::vector<std::string> all = {TEST_BINARY_DIR "/bin/labelhost", "--root", root()};
+        std::vector<std::string> all = {Built("/bin/labelhost"), "--root", root()};
         all.insert(all.end(), words.begin(), words.end());
         std::vector<char*> argv;
         for (std::string& word : all) argv.push_back(word.data());

@@ -18,7 +18,7 @@ class LabelhostJobs : public HostTest {
 protected:
     ProgramResult Run(std::vector<std::string> words) const {
         words.insert(words.begin(), {"--root", root()});
-        return RunProgram(TEST_BINARY_DIR, "labelhost", words);
+        return RunProgram("labelhost", words);
     }
 
     Json Jobs() const { return Json::parse(Run({"jobs", "Dock3", "--json"}).output); }

@@ -17,6 +17,7 @@
 #include "printer/prtstream.h"
 #include "settings/driver_settings.h"
 #include "settings/scolor.h"
+#include "support/build_folders.h"
 #include "support/job_test.h"
 #include "support/program.h"
 #include "win32host/control.h"
@@ -96,7 +97,7 @@ protected:
     // Labelhost on a machine with that root.
     static std::string On(const std::string& root, std::vector<std::string> words) {
         words.insert(words.begin(), {"--root", root});
-        const ProgramResult result = RunProgram(TEST_BINARY_DIR, "labelhost", words);
+        const ProgramResult result = RunProgram("labelhost", words);
         EXPECT_EQ(result.status, 0) << result.errors;
         return result.output;
     }
@@ -108,8 +109,7 @@ protected:
 
     // What no command of the host program leads to.
     void UseTheRest() {
-        Install(TEST_BINARY_DIR,
-                {.model = "Resolution=203\nPorts.PNP.ID=X\n", .font = "Fonts=FontGroup:A.pfg\n"});
+        Install({.model = "Resolution=203\nPorts.PNP.ID=X\n", .font = "Fonts=FontGroup:A.pfg\n"});
         SetDriverSettings();
         NetworkPolicy policy("Dock 3");
         policy.SetNetworkSharing(true);
@@ -131,7 +131,7 @@ protected:
 
         // The status monitor is started for a printer.
         const HMODULE monitor =
-            LoadLibraryW(OString("Z:" TEST_BINARY_DIR "/bin/qstmon.dll").wstring());
+            LoadLibraryW(OString(("Z:" + Built("/bin/qstmon.dll")).c_str()).wstring());
         ASSERT_TRUE(monitor);
         using Start = void(CALLBACK*)(HWND, HINSTANCE, LPSTR, int);
         const auto start = reinterpret_cast<Start>(
@@ -200,7 +200,7 @@ protected:
 TEST_F(RegistryPage, NamesEveryValueAndNoOther) {
     // Installs, settings files, presets, actions, a query and a client of a shared printer.
     const std::string story = root() + "/story";
-    ASSERT_EQ(RunProgram(TEST_BINARY_DIR, "labelhost", {"demo", story}).status, 0);
+    ASSERT_EQ(RunProgram("labelhost", {"demo", story}).status, 0);
     On(story + "/warehouse", {"upgrade", "Dock1"});
     On(story + "/warehouse", {"fonts", "add", "Dock1", "DejaVu Sans", "--bitmap", "12"});
     On(story + "/office", {"document", "\\\\WAREHOUSE\\Dock1"});
@@ -212,7 +212,7 @@ TEST_F(RegistryPage, NamesEveryValueAndNoOther) {
     for (const std::string& machine : {root(), story + "/warehouse", story + "/office"})
         Gather(machine, values);
     values.erase("");
-    std::vector<Name> names = NamesOf(BytesOf(TEST_SOURCE_DIR "/docs/registry.md"));
+    std::vector<Name> names = NamesOf(BytesOf(Sources("/docs/registry.md")));
     for (const std::string& value : values) {
         bool named = false;
         for (Name& name : names) {

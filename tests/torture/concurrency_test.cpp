@@ -9,6 +9,7 @@
 #include <thread>
 
 #include "driver/open_printer.h"
+#include "support/build_folders.h"
 #include "support/program.h"
 #include "support/staged_driver_test.h"
 #include "support/torture_rounds.h"
@@ -24,9 +25,9 @@ constexpr int kWorkers = kThreads + kProcesses;
 class ConcurrencyThreads : public StagedDriverTest {
 protected:
     void InstallAll() {
-        Install(TEST_BINARY_DIR, TortureWorker::Tables());
+        Install(TortureWorker::Tables());
         const std::string folder = std::string(DriverFolder().nstring()).substr(3);
-        std::filesystem::copy_file(TEST_BINARY_DIR "/bin/zplrender.dll",
+        std::filesystem::copy_file(Built("/bin/zplrender.dll"),
                                    OnDriveC(folder + "\\zplrender.dll"),
                                    std::filesystem::copy_options::overwrite_existing);
         for (int i = 0; i < TortureWorker::kSharedPrinters; ++i)
@@ -36,7 +37,7 @@ protected:
     }
 
     ProgramResult RunWorker(const std::string& number, const std::string& rounds) const {
-        return RunProgram(TEST_BINARY_DIR, "torture_worker", {root(), number, rounds});
+        return RunProgram("torture_worker", {root(), number, rounds});
     }
 
     // The names of the jobs that wait on a printer.

@@ -58,8 +58,8 @@ std::string Lines(prtreg& registry, const char* key) {
 } // namespace
 
 void FaultTest::InstallPrinter() {
-    Install(TEST_BINARY_DIR, {.model = "Resolution=203\nStock.Maximum.X=110 mm\n"
-                                       "Stock.Maximum.Y=990 mm\n"});
+    Install({.model = "Resolution=203\nStock.Maximum.X=110 mm\n"
+                      "Stock.Maximum.Y=990 mm\n"});
 }
 
 HANDLE FaultTest::OpenDock3(ACCESS_MASK access) {

@@ -30,8 +30,8 @@ protected:
     Left Save(const std::string& kind, int point) {
         Left left;
         left.settings = OnCopy([&] {
-            left.result = RunProgram(TEST_BINARY_DIR, "torture_saver",
-                                     {win32host::Root(), kind, std::to_string(point)});
+            left.result =
+                RunProgram("torture_saver", {win32host::Root(), kind, std::to_string(point)});
             return StoredSettings();
         });
         return left;

@@ -4,6 +4,7 @@
 #include <filesystem>
 
 #include "config/shadow_keys.h"
+#include "support/build_folders.h"
 #include "torture/fault_test.h"
 
 namespace {
@@ -26,7 +27,7 @@ protected:
         ASSERT_TRUE(AddPrinterConnectionW(name));
         ORegistry().SetString("PRINT:Environments/Windows NT x86/Drivers/Version-3/Model 1/Monitor",
                               "qstmon");
-        fs::copy_file(TEST_BINARY_DIR "/bin/qstmon.dll",
+        fs::copy_file(Built("/bin/qstmon.dll"),
                       OnDriveC("WINDOWS\\system32\\spool\\drivers\\w32x86\\3\\qstmon.dll"),
                       fs::copy_options::overwrite_existing);
     }

@@ -27,7 +27,7 @@ protected:
 } // namespace
 
 TEST_F(ZplStream, FramesFormatsAndPrefixesCommands) {
-    Install(TEST_BINARY_DIR, {.model = "Resolution=203\n"});
+    Install({.model = "Resolution=203\n"});
     EXPECT_EQ(Sent([](extstream& stream) {
                   stream.reset_mode();
                   EXPECT_TRUE(stream.format_start());
@@ -40,7 +40,7 @@ TEST_F(ZplStream, FramesFormatsAndPrefixesCommands) {
 }
 
 TEST_F(ZplStream, WritesNumbersOfFixedWidth) {
-    Install(TEST_BINARY_DIR, {.model = "Resolution=203\n"});
+    Install({.model = "Resolution=203\n"});
     const struct {
         int32_t value, digits;
         bool sign;
@@ -57,7 +57,7 @@ TEST_F(ZplStream, WritesNumbersOfFixedWidth) {
 
 TEST_F(ZplStream, CutsAsThePrinterUnderstandsIt) {
     const auto cut = [](extstream& stream) { stream.cut(); };
-    Install(TEST_BINARY_DIR, {.model = "Resolution=203\n"});
+    Install({.model = "Resolution=203\n"});
     EXPECT_EQ(Sent(cut), "^XA\r\n^MMC^PH^XZ\r\n");
     Replace({.model = "Resolution=203\n~ArgoxPPLZ=yes\n"});
     EXPECT_EQ(Sent(cut), "^XA\r\n~JSA^MMC^PH^XZ\r\n");

@@ -57,9 +57,9 @@ TEST(FontFileLists, TellWhatIsPresentAndAddWhatIsNew) {
 }
 
 TEST_F(FontFiles, GoWhereTheUserChoosesUnderALetterOfTheirOwn) {
-    Install(TEST_BINARY_DIR, {.model = "Resolution=203\n",
-                              .font = "Download.TrueType=yes\n",
-                              .features = "~Memory.Options=B,E,Q\n~Memory.DefaultLocation=E\n"});
+    Install({.model = "Resolution=203\n",
+             .font = "Download.TrueType=yes\n",
+             .features = "~Memory.Options=B,E,Q\n~Memory.DefaultLocation=E\n"});
     const std::unique_ptr<prtui> ui(prtui::new_ext());
     ui->init(printer(), nullptr, 0);
 

@@ -7,6 +7,7 @@
 #include <memory>
 
 #include "driver/driver_utility.h"
+#include "support/build_folders.h"
 #include "support/job_test.h"
 #include "zpl/extconfig.h"
 #include "zpl/extui.h"
@@ -40,9 +41,9 @@ protected:
         if (installed_) {
             Replace(tables);
         } else {
-            Install(TEST_BINARY_DIR, tables);
+            Install(tables);
             const std::string folder = Text(DriverUtility::GetDriverDirectory()).substr(3);
-            std::filesystem::copy_file(TEST_BINARY_DIR "/product/zplvenu.dll",
+            std::filesystem::copy_file(Built("/product/zplvenu.dll"),
                                        OnDriveC(folder + "\\zplvenu.dll"));
         }
         installed_ = true;
