@@ -152,6 +152,20 @@ bool SplitPath(const OString& path, OString& key, OString& name) {
     return true;
 }
 
+void SplitKeyPath(const OString& path, OString& parent, OString& name) {
+    const WCHAR* text = path.wstring();
+    int start = path.wlen();
+    while (start > 0 && text[start - 1] != '/') --start;
+    int end = start - 1;
+    if (start == 0) {
+        while (text[start] && text[start] != ':') ++start;
+        if (text[start]) ++start;
+        end = start;
+    }
+    parent = path.Left(end);
+    name = OString(text + start);
+}
+
 OString JoinPath(const OString& key, const OString& name) {
     WideText path;
     path.Add(key);

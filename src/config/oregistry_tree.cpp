@@ -131,7 +131,7 @@ bool ORegistry::DeletePath(const OString& path, bool recursive) {
     }
     OString parent;
     OString name;
-    SplitPath(path, parent, name);
+    SplitKeyPath(path, parent, name);
     return SetKey(parent, false) && DeleteKey(key_, DecodeName(name)) == ERROR_SUCCESS;
 }
 
@@ -147,7 +147,7 @@ bool ORegistry::Delete(const OString& name, bool recursive) {
         if (*value.wstring()) path = JoinPath(key, EncodeName(value));
         OString parent;
         OString last;
-        SplitPath(path, parent, last);
+        SplitKeyPath(path, parent, last);
         // No key has a backslash in its name; the registry would take it for two keys.
         const bool may_be_key = *last.wstring() && !HasCharacter(value, '\\');
         if (may_be_key && SetKey(path, false)) {

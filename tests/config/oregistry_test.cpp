@@ -344,6 +344,11 @@ TEST_F(RegistryDeletion, ReachesNamesWithSeparatorsAndEscapes) {
     EXPECT_TRUE(registry.Delete("USER:D/top/%%41", true));
     EXPECT_EQ(registry.GetInt("USER:D/top/A/v", 0), 1);
     EXPECT_TRUE(registry.Delete("USER:D/top", true));
+    // A name that ends with a colon is that of a key.
+    for (const char* key : {"USER:D/:", "USER:D/x:y:"}) {
+        ASSERT_TRUE(registry.SetInt(key, 1));
+        EXPECT_TRUE(registry.Delete(key, false)) << key;
+    }
     OStringArray names;
     EXPECT_EQ(registry.EnumKeys("USER:D", names), 1);
     EXPECT_EQ(Utf8(names), (Names{"A"}));
