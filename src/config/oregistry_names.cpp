@@ -154,16 +154,19 @@ bool SplitPath(const OString& path, OString& key, OString& name) {
 
 void SplitKeyPath(const OString& path, OString& parent, OString& name) {
     const WCHAR* text = path.wstring();
-    int start = path.wlen();
+    int length = path.wlen();
+    while (length > 0 && text[length - 1] == '/') --length;
+    int start = length;
     while (start > 0 && text[start - 1] != '/') --start;
     int end = start - 1;
     if (start == 0) {
-        while (text[start] && text[start] != ':') ++start;
-        if (text[start]) ++start;
+        while (start < length && text[start] != ':') ++start;
+        if (start < length) ++start;
         end = start;
     }
-    parent = path.Left(end);
-    name = OString(text + start);
+    OString front = path.Left(end); // `path` may be one of the results
+    name = path.Mid(start, length - start);
+    parent = std::move(front);
 }
 
 OString JoinPath(const OString& key, const OString& name) {

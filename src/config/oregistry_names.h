@@ -61,7 +61,8 @@ OString DecodeName(const OString& name);
 bool SplitPath(const OString& path, OString& key, OString& name);
 
 // Splits the path of a key, which begins with a root ("1:"), into the key that it is in and its
-// name there: colons behind the root belong to names. The name of a root is empty.
+// name there: colons behind the root belong to names, slashes at the end are ignored. The name of a
+// root is empty.
 void SplitKeyPath(const OString& path, OString& parent, OString& name);
 
 // Two parts of a path with a slash between, which is left out behind a root, another slash and

@@ -344,8 +344,8 @@ TEST_F(RegistryDeletion, ReachesNamesWithSeparatorsAndEscapes) {
     EXPECT_TRUE(registry.Delete("USER:D/top/%%41", true));
     EXPECT_EQ(registry.GetInt("USER:D/top/A/v", 0), 1);
     EXPECT_TRUE(registry.Delete("USER:D/top", true));
-    // A name that ends with a colon is that of a key.
-    for (const char* key : {"USER:D/:", "USER:D/x:y:"}) {
+    // A name that ends with a separator is that of a key.
+    for (const char* key : {"USER:D/:", "USER:D/x:y:", "USER:D/x/\\"}) {
         ASSERT_TRUE(registry.SetInt(key, 1));
         EXPECT_TRUE(registry.Delete(key, false)) << key;
     }
