@@ -149,7 +149,9 @@ std::optional<std::string> HostPath(std::u16string_view path) {
         SetLastError(ERROR_BAD_NETPATH);
         return std::nullopt;
     }
-    const char16_t drive = HasDrive(full) ? UpperOf(full[0]) : u'\0';
+    // "C:.." behind a prefix is the name of a device, whatever it looks like.
+    const bool has_drive = HasDrive(full) && (full.size() == 2 || IsSlash(full[2]));
+    const char16_t drive = has_drive ? UpperOf(full[0]) : u'\0';
     const bool on_c = drive == u'C';
     if (!on_c && drive != u'Z') {
         SetLastError(ERROR_PATH_NOT_FOUND);

@@ -44,6 +44,7 @@ protected:
 };
 
 constexpr LPCWSTR kNames[] = {
+    TEXT("..\\out"),
     TEXT("..\\..\\out"),
     TEXT("../../out"),
     TEXT("..\\..\\..\\out"),
@@ -68,7 +69,8 @@ constexpr LPCWSTR kNames[] = {
 
 TEST_F(Confinement, FilesOnDriveCStayThere) {
     for (const std::u16string name : kNames)
-        for (const std::u16string start : {u"C:\\", u"C:\\a\\", u"\\\\?\\C:\\", u"\\\\.\\C:\\"}) {
+        for (const std::u16string start :
+             {u"C:\\", u"C:\\a\\", u"\\\\?\\C:\\", u"\\\\.\\C:\\", u"\\\\.\\\\C:"}) {
             CreateDirectoryW((start + name).c_str(), nullptr);
             const HANDLE file = CreateFileW((start + name).c_str(), GENERIC_WRITE, 0, nullptr,
                                             CREATE_ALWAYS, 0, nullptr);
