@@ -2,7 +2,8 @@
 #
 #   cmake -D SOURCE=folder -D BINARY=folder -D TARGETS="one two" -P build_native_tools.cmake
 #
-# Several builds may share the folder BINARY, also at the same time.
+# Several builds may share the folder BINARY, also at the same time. Nothing is optimised: what is
+# built here runs for seconds, and would be compiled for minutes.
 
 cmake_minimum_required(VERSION 3.25)
 
@@ -10,7 +11,7 @@ file(MAKE_DIRECTORY ${BINARY})
 file(LOCK ${BINARY}/lock GUARD PROCESS)
 if(NOT EXISTS ${BINARY}/build.ninja)
     execute_process(COMMAND ${CMAKE_COMMAND} -S ${SOURCE} -B ${BINARY} --preset linux
-                            -D CMAKE_BUILD_TYPE=Release
+                            -D CMAKE_BUILD_TYPE=None
                     OUTPUT_QUIET COMMAND_ERROR_IS_FATAL ANY)
 endif()
 separate_arguments(targets UNIX_COMMAND "${TARGETS}")
