@@ -46,6 +46,7 @@ std::optional<DriverRecord> ReadKey(const RegistryKey& key, const std::u16string
     record.previous_names = key.Texts(kPreviousNames);
     ReadBytes(key, kDriverDate, record.date);
     ReadBytes(key, kDriverVersion, record.driver_version);
+    if (key.HasFailed()) return std::nullopt; // half a record is none
     return record;
 }
 

@@ -46,19 +46,25 @@ constexpr NumberValue kNumbers[] = {
     {u"Status", &PrinterRecord::status},
 };
 
+// Half a record is none: whoever asked would take what is missing for empty.
+std::optional<PrinterRecord> Whole(const RegistryKey& key, PrinterRecord& record) {
+    if (key.HasFailed()) return std::nullopt;
+    return std::move(record);
+}
+
 std::optional<PrinterRecord> ReadKey(const RegistryKey& key, bool brief = false) {
     PrinterRecord record;
     record.name = key.Text(kName);
     if (record.name.empty()) return std::nullopt;
     if (brief) {
         record.attributes = key.Number(kAttributes);
-        return record;
+        return Whole(key, record);
     }
     for (const TextValue& text : kTexts) record.*text.member = key.Text(text.name);
     for (const NumberValue& number : kNumbers) record.*number.member = key.Number(number.name);
     const std::vector<BYTE> dev_mode = key.Bytes(kDevMode);
     record.dev_mode = CheckedDevMode(dev_mode.data(), dev_mode.size());
-    return record;
+    return Whole(key, record);
 }
 
 bool OpenKey(const PrintServer& server, const std::u16string& name, RegistryKey& key) {
@@ -89,7 +95,9 @@ std::optional<std::u16string> ReadPrinterDriver(const PrintServer& server,
                                                 const std::u16string& name) {
     RegistryKey key;
     if (!OpenKey(server, name, key) || key.Text(kName).empty()) return std::nullopt;
-    return key.Text(kDriver);
+    std::u16string driver = key.Text(kDriver);
+    if (key.HasFailed()) return std::nullopt;
+    return driver;
 }
 
 LSTATUS WritePrinter(const RegistryKey& key, const PrinterRecord& record,

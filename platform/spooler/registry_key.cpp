@@ -60,6 +60,7 @@ void RegistryKey::Read(const char16_t* name, Value& value) const {
         data = reinterpret_cast<BYTE*>(value.big.data());
     }
     if (status != ERROR_SUCCESS) {
+        if (status != ERROR_FILE_NOT_FOUND) failed_ = true;
         value.type = REG_NONE;
         value.size = 0;
     }

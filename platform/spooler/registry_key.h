@@ -37,6 +37,9 @@ public:
     // REG_BINARY.
     std::vector<BYTE> Bytes(const char16_t* name) const;
 
+    // Whether something that is there could not be read, and was taken for missing.
+    bool HasFailed() const { return failed_; }
+
     bool Has(const std::u16string& value) const;
     std::vector<std::u16string> ValueNames() const;
     std::vector<std::u16string> SubkeyNames() const;
@@ -56,6 +59,7 @@ private:
     void Read(const char16_t* name, Value& value) const;
 
     HKEY key_ = nullptr;
+    mutable bool failed_ = false;
 };
 
 } // namespace win32host

@@ -99,6 +99,7 @@ struct PrinterInfo::DriverRecord {
     OString manufacturer;
     OString hardware_id;
     OString provider;
+    bool known = false;
 
     // From DRIVER_INFO_6W, DRIVER_INFO_3W or DRIVER_INFO_3A: what they have in common.
     template <typename Info>
@@ -114,6 +115,7 @@ struct PrinterInfo::DriverRecord {
         ReadFileList(dependent_files, info.pDependentFiles);
         monitor_name = info.pMonitorName;
         default_datatype = info.pDefaultDataType;
+        known = true;
     }
 };
 
@@ -213,6 +215,10 @@ const OString& PrinterInfo::GetPrinterName() const {
 
 bool PrinterInfo::IsKnown() const {
     return Printer().known;
+}
+
+bool PrinterInfo::IsDriverKnown() const {
+    return Driver().known;
 }
 
 const OString& PrinterInfo::GetServerName() const {

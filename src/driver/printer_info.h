@@ -42,6 +42,8 @@ public:
 
     // True when the spooler answered with the printer's record.
     bool IsKnown() const;
+    // The same for the record of the printer's driver.
+    bool IsDriverKnown() const;
 
     // The printer's record.
     const OString& GetServerName() const; // "\\SERVER"; empty for a local printer

@@ -38,7 +38,7 @@ void prtui::init(HANDLE printer, const DEVMODEW* in, uint32_t mode) {
     devmode.Merge(info.GetDevMode(), model.get());
     if (mode & DM_IN_BUFFER) devmode.Merge(in, model.get());
     InitEx();
-    is_known = !printer_name.IsEmpty() && AllocationFailures() == failures;
+    is_whole = model->WasReadWhole() && AllocationFailures() == failures;
 }
 
 void prtui::InitEx() {
@@ -76,7 +76,7 @@ void prtui::Settings_Load() {
 }
 
 bool prtui::Settings_Save() {
-    if (!model || restricted || !is_known) return false;
+    if (!model || restricted || !is_whole) return false;
     presets.Save(model.get());
     stocks.Save(model.get());
     fonts.Save(model.get());

@@ -144,7 +144,7 @@ public:
     void Settings_Load();
     // Stores the lists that changed, each of them whole, and sends a connection's settings to its
     // server unless `commit_shadow` is off. False when something could not be stored. Of a
-    // restricted user, and of a printer that is not `is_known`, nothing is.
+    // restricted user, and of a printer that is not `is_whole`, nothing is.
     bool Settings_Save();
 
     // Writes a settings file, or adds what is in one to the lists, which Settings_Save then stores
@@ -180,9 +180,9 @@ public:
     bool commit_shadow = true;
     // The user's access level is below the one that the printer requires.
     bool restricted = false;
-    // The spooler knows the printer, and memory sufficed to read its model and settings: what was
-    // read in part only must not be stored in place of the whole.
-    bool is_known = false;
+    // init could read all of the printer, its model and its settings: what was read in part only
+    // must not be stored in place of the whole.
+    bool is_whole = false;
     // A sheet opens on its last page, that of the information about the driver.
     bool start_on_last = false;
 

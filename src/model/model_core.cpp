@@ -55,6 +55,7 @@ void ModelCore::SetPrinter(const PrinterInfo& printer) {
     oem_suffix_ = OString("(") + code + OString(")");
     oem_suffix_.MakeUpper();
     registry_.init(printer);
+    is_known_ = printer.IsKnown() && printer.IsDriverKnown();
 }
 
 // ---- Tables -------------------------------------------------------------------------------------
@@ -129,14 +130,18 @@ OString ModelCore::CacheKey(const char* suffix) const {
 }
 
 // `create(record)` fills a zeroed record.
+void ModelCore::KeepRecord(const OString& key, const void* record, uint32_t size) {
+    if (WasReadWhole()) ModelDataCache().SetData(key, record, size, stamp_);
+}
+
 template <class T, class F>
 void ModelCore::FetchOrCreate(T& record, const char* suffix, F create) {
     const OString key = CacheKey(suffix);
-    ModelDataCache cache;
+    const ModelDataCache cache;
     if (cache.GetDataSize(key) == sizeof(T) && cache.GetData(key, &record, sizeof(T))) return;
     record = T();
     create(record);
-    cache.SetData(key, &record, sizeof(T), stamp_);
+    KeepRecord(key, &record, sizeof(T));
 }
 
 template <class T, class F>
@@ -180,8 +185,7 @@ void ModelCore::RFIDCapabilities_Initialize(const prtmodel* model) {
         ___free(block);
     }
     rfid_capabilities_ = RFIDCapabilities_Create(model);
-    if (rfid_capabilities_)
-        ModelDataCache().SetData(key, rfid_capabilities_, rfid_capabilities_->total_size, stamp_);
+    if (rfid_capabilities_) KeepRecord(key, rfid_capabilities_, rfid_capabilities_->total_size);
 }
 
 KVRFIDCapabilities* ModelCore::RFIDCapabilities_Create(const prtmodel* model) {
@@ -218,5 +222,5 @@ void ModelCore::InitializeExtPDT() {
     uint32_t decoded = room;
     Base64::Decode(bytes, text_length, blob.GetData(), &decoded);
     __memcpy(&custom_data_, blob.GetData(), std::min(length, CUSTOM_DATA_SIZE));
-    ModelDataCache().SetData(key, blob.GetData(), length, stamp_);
+    KeepRecord(key, blob.GetData(), length);
 }

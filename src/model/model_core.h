@@ -32,6 +32,9 @@ public:
     const char* GetOEM() const { return oem_; } // "o" and the OEM code
     prtreg& GetRegistry() { return registry_; }
 
+    // Whether the spooler knew the printer and its driver, and so far nothing failed to be read.
+    bool WasReadWhole() const { return is_known_ && !registry_.HasFailed(); }
+
     // ---- Tables ---------------------------------------------------------------------------------
 
     // The driver's name leads to the section of table Driver; that names the sections of
@@ -97,6 +100,9 @@ private:
     // ---- Records --------------------------------------------------------------------------------
 
     OString CacheKey(const char* suffix) const;
+    // Puts a record into the cache, unless something could not be read: others would be answered
+    // from half a record until the next flush.
+    void KeepRecord(const OString& key, const void* record, uint32_t size);
     template <class T, class F>
     void FetchOrCreate(T& record, const char* suffix, F create);
     template <class T, class F>
@@ -177,4 +183,5 @@ private:
     CustomData custom_data_ = {};
     bool custom_data_loaded_ = false;
     OString model_section_; // "Model:Section" once found
+    bool is_known_ = false; // by the spooler, with its driver
 };

@@ -21,6 +21,10 @@ prtmodel::prtmodel()
 
 prtmodel::~prtmodel() = default;
 
+bool prtmodel::WasReadWhole() const {
+    return core_ && core_->WasReadWhole();
+}
+
 bool prtmodel::Initialize(const PrinterInfo& printer) {
     if (!core_) return false;
     core_->SetPrinter(printer);
