@@ -58,11 +58,13 @@ void OFile::Close() {
     CloseHandle(*handle_);
     delete handle_;
     handle_ = nullptr;
+    ahead_at_ = ahead_end_ = 0;
 }
 
 void OFile::Seek(int32_t offset, uint32_t origin) {
     if (!handle_) return;
     Flush();
+    ReturnAhead();
     SetFilePointer(*handle_, offset, nullptr, origin);
 }
 
@@ -77,6 +79,7 @@ uint32_t OFile::GetLength() const {
 
 int32_t OFile::Read(void* data, int32_t size) {
     if (!handle_ || !data || size <= 0) return 0;
+    ReturnAhead();
     DWORD read = 0;
     if (!ReadFile(*handle_, data, static_cast<DWORD>(size), &read, nullptr)) {
         failed_ = true;
@@ -87,27 +90,33 @@ int32_t OFile::Read(void* data, int32_t size) {
 
 uint32_t OFile::_StreamWrite(const void* data, uint32_t size) {
     if (!handle_) return 0;
+    ReturnAhead();
     DWORD written = 0;
     if (!WriteFile(*handle_, data, size, &written, nullptr)) written = 0;
     if (written < size) failed_ = true;
     return written;
 }
 
+void OFile::ReturnAhead() {
+    if (ahead_at_ < ahead_end_)
+        SetFilePointer(*handle_, ahead_at_ - ahead_end_, nullptr, FILE_CURRENT);
+    ahead_at_ = ahead_end_ = 0;
+}
+
 bool OFile::ReadLine(OString& line) {
     OString text;
     text.SetCodePage(GetCodePage());
-    char block[128];
     for (bool line_ended = false; !line_ended;) {
-        const int32_t count = Read(block, sizeof(block));
-        if (count == 0) break;
-        int32_t used = 0;
-        while (used < count && !line_ended) {
-            const char c = block[used++];
+        if (ahead_at_ == ahead_end_) {
+            const int32_t count = Read(ahead_, sizeof ahead_);
+            if (count == 0) break;
+            ahead_end_ = count;
+        }
+        while (ahead_at_ < ahead_end_ && !line_ended) {
+            const char c = ahead_[ahead_at_++];
             text << c;
             line_ended = c == '\n';
         }
-        // What was read beyond the line belongs to the next read.
-        if (used < count) SetFilePointer(*handle_, used - count, nullptr, FILE_CURRENT);
     }
     if (text.GetLength() == 0) return false;
     text.TrimRight("\r\n");

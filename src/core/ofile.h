@@ -73,7 +73,15 @@ protected:
     uint32_t _StreamWrite(const void* data, uint32_t size) override;
 
 private:
+    // Puts the file's position behind the last line again.
+    void ReturnAhead();
+
     OString name_;
     HANDLE* handle_ = nullptr; // a heap cell with the platform's handle; null while closed
     bool failed_ = false;
+
+    // What ReadLine has read beyond its line, as long as lines are read one after the other.
+    char ahead_[2048];
+    int32_t ahead_at_ = 0;
+    int32_t ahead_end_ = 0;
 };

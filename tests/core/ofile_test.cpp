@@ -121,8 +121,8 @@ TEST_F(FileTest, ReadsLinesWhateverEndsThem) {
         {"\n", {""}},
         {std::string("x\0y\nz\0", 6), {"xy", "z"}},
         {"one\rtwo\r\r\n", {"one\rtwo"}},
-        {std::string(300, 'l') + "\n" + std::string(128, 'm'),
-         {std::string(300, 'l'), std::string(128, 'm')}}};
+        {std::string(5000, 'l') + "\n" + std::string(2048, 'm'),
+         {std::string(5000, 'l'), std::string(2048, 'm')}}};
     for (const auto& [bytes, lines] : cases) {
         WriteFile("lines.txt", bytes);
         OFile file(OString("C:\\lines.txt"), OFILE_READ);
@@ -148,6 +148,20 @@ TEST_F(FileTest, ReadsOnBehindALineAndConvertsItsText) {
     char rest[5] = {};
     EXPECT_EQ(file.Read(rest, 4), 4);
     EXPECT_STREQ(rest, "rest");
+}
+
+TEST_F(FileTest, WritesAndSeeksFromWhereALineEnds) {
+    WriteFile("lines.txt", "one\ntwo\nthree\n");
+    OFile file(OString("C:\\lines.txt"), OFILE_WRITE | OFILE_APPEND);
+    file.Seek(0, 0);
+    OString line;
+    ASSERT_TRUE(file.ReadLine(line));
+    file.Seek(1, 1);
+    ASSERT_TRUE(file.ReadLine(line));
+    EXPECT_STREQ(line.nstring(), "wo");
+    file.Write("T", 1);
+    file.Close();
+    EXPECT_EQ(Contents("lines.txt"), "one\ntwo\nThree\n");
 }
 
 TEST_F(FileTest, SeeksOverWhatWasWritten) {
