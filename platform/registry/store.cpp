@@ -89,6 +89,19 @@ std::u16string_view Store::CacheName(int64_t id, std::u16string_view text) {
 
 // ---- Keys ---------------------------------------------------------------------------------------
 
+bool Store::Kept(int64_t base, std::u16string_view path, KeyFound& key) {
+    const auto kept = keys_.find(CacheName(base, path));
+    if (kept == keys_.end()) return false;
+    key = kept->second;
+    return true;
+}
+
+void Store::Keep(int64_t base, std::u16string_view path, const KeyFound& key) {
+    CacheName(base, path);
+    MakeRoom(cache_name_.size() * sizeof(char16_t) + kEntryCost);
+    keys_.insert_or_assign(cache_name_, key);
+}
+
 bool Store::Lookup(int64_t parent, std::u16string_view name, KeyFound& key) {
     Query query(database_, "SELECT id, read_only FROM keys WHERE parent = ? AND folded = ?");
     if (!query.Bind(parent).Bind(Folded(name)).Next()) return false;
@@ -126,20 +139,30 @@ LSTATUS Store::Walk(int64_t base, const std::vector<std::u16string_view>& names,
 LSTATUS Store::Find(int64_t base, std::u16string_view path, KeyFound& key) {
     MayFail(FAULT_REGISTRY_READ);
     DropStale();
-    const auto kept = keys_.find(CacheName(base, path));
-    if (kept != keys_.end()) {
-        key = kept->second;
-        return ERROR_SUCCESS;
-    }
+    if (Kept(base, path, key)) return ERROR_SUCCESS;
     std::vector<std::u16string_view> names;
     LSTATUS status = Split(path, names);
     if (status != ERROR_SUCCESS) return status;
 
     Transaction transaction(database_, Transaction::Reading);
-    status = Walk(base, names, key);
-    if (status != ERROR_SUCCESS) return status;
-    MakeRoom(cache_name_.size() * sizeof(char16_t) + kEntryCost);
-    keys_.emplace(cache_name_, key);
+    if (names.empty()) {
+        status = Walk(base, names, key);
+        if (status != ERROR_SUCCESS) return status;
+    } else {
+        // Keys that lie beside each other are looked for one after the other: the one above them is
+        // kept as well.
+        const std::u16string_view last = names.back();
+        names.pop_back();
+        const auto start = static_cast<size_t>(last.data() - path.data());
+        const std::u16string_view above = path.substr(0, start == 0 ? 0 : start - 1);
+        if (!Kept(base, above, key)) {
+            status = Walk(base, names, key);
+            if (status != ERROR_SUCCESS) return status;
+            Keep(base, above, key);
+        }
+        if (key.id != 0 && !Lookup(key.id, last, key)) key = {};
+    }
+    Keep(base, path, key);
     return ERROR_SUCCESS;
 }
 

@@ -99,6 +99,9 @@ private:
     void Forget();
     void MakeRoom(size_t bytes);
     std::u16string_view CacheName(int64_t id, std::u16string_view text);
+    // What is known of the key at a path without asking the database; false when nothing is.
+    bool Kept(int64_t base, std::u16string_view path, KeyFound& key);
+    void Keep(int64_t base, std::u16string_view path, const KeyFound& key);
     bool Lookup(int64_t parent, std::u16string_view name, KeyFound& key);
     bool BaseState(int64_t id, KeyFound& key);
     bool Exists(int64_t id);

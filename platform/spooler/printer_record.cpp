@@ -60,6 +60,7 @@ std::optional<PrinterRecord> ReadKey(const RegistryKey& key, bool brief = false)
         record.attributes = key.Number(kAttributes);
         return Whole(key, record);
     }
+    key.ReadAhead();
     for (const TextValue& text : kTexts) record.*text.member = key.Text(text.name);
     for (const NumberValue& number : kNumbers) record.*number.member = key.Number(number.name);
     const std::vector<BYTE> dev_mode = key.Bytes(kDevMode);

@@ -66,6 +66,13 @@ void RegistryKey::Read(const char16_t* name, Value& value) const {
     }
 }
 
+void RegistryKey::ReadAhead() const {
+    // It does so for whoever begins to enumerate the values with what they hold.
+    WCHAR name[1];
+    DWORD length = 1, size = 0;
+    RegEnumValueW(key_, 0, name, &length, nullptr, nullptr, nullptr, &size);
+}
+
 std::u16string RegistryKey::Text(const char16_t* name) const {
     Value value;
     Read(name, value);

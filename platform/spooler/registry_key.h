@@ -40,6 +40,9 @@ public:
     // Whether something that is there could not be read, and was taken for missing.
     bool HasFailed() const { return failed_; }
 
+    // Has the registry read all values at once, before many of them are asked for.
+    void ReadAhead() const;
+
     bool Has(const std::u16string& value) const;
     std::vector<std::u16string> ValueNames() const;
     std::vector<std::u16string> SubkeyNames() const;
