@@ -71,12 +71,16 @@ void Fill(PresetList& list, const prtmodel* model, int64_t count) {
     }
 }
 
-// Pairs of a text and a record of `size` bytes, as many as there are stocks or presets.
+constexpr uint32_t kStockSize = 28, kPresetSize = 1508;
+
+// The values of as many stocks or presets: a text and a record of `size` bytes. Presets have a
+// second text.
 void WriteValues(prtreg& registry, int64_t count, uint32_t size) {
     const std::vector<char> bytes(size, 'x');
     for (int64_t i = 0; i < count; ++i) {
         const OString name = OString("Settings:Bench/") << i;
         registry.SetString(OString(name) << "Name", "Label");
+        if (size == kPresetSize) registry.SetString(OString(name) << "Description", "");
         registry.SetBinary(OString(name) << "Data", bytes.data(), size);
     }
 }
@@ -87,6 +91,8 @@ bool ReadValues(prtreg& registry, int64_t count, uint32_t size) {
     for (int64_t i = 0; i < count; ++i) {
         const OString name = OString("Settings:Bench/") << i;
         all &= !registry.GetString(OString(name) << "Name", "").IsEmpty();
+        if (size == kPresetSize)
+            all &= registry.GetString(OString(name) << "Description", "").IsEmpty();
         all &= registry.GetBinary(OString(name) << "Data", bytes.data(), size) > 0;
     }
     return all;
@@ -144,11 +150,11 @@ void BM_WriteRegistryValues(benchmark::State& state) {
 }
 BENCHMARK(BM_WriteRegistryValues)
     ->Unit(benchmark::kMillisecond)
-    ->Args({100, 28})
-    ->Args({1000, 28})
-    ->Args({10000, 28})
-    ->Args({100, 1508})
-    ->Args({1000, 1508});
+    ->Args({100, kStockSize})
+    ->Args({1000, kStockSize})
+    ->Args({10000, kStockSize})
+    ->Args({100, kPresetSize})
+    ->Args({1000, kPresetSize});
 
 void BM_SaveStocks(benchmark::State& state) {
     const Printer printer;
@@ -179,11 +185,11 @@ void BM_ReadRegistryValues(benchmark::State& state) {
 }
 BENCHMARK(BM_ReadRegistryValues)
     ->Unit(benchmark::kMillisecond)
-    ->Args({100, 28})
-    ->Args({1000, 28})
-    ->Args({10000, 28})
-    ->Args({100, 1508})
-    ->Args({1000, 1508});
+    ->Args({100, kStockSize})
+    ->Args({1000, kStockSize})
+    ->Args({10000, kStockSize})
+    ->Args({100, kPresetSize})
+    ->Args({1000, kPresetSize});
 
 void BM_LoadStocks(benchmark::State& state) {
     const Printer printer;
