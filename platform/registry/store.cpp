@@ -369,8 +369,9 @@ void Store::Begin(Transaction::Kind kind) {
     const bool outer = !database_.InTransaction();
     if (outer) DropStale();
     transactions_.reserve(transactions_.size() + 1);
-    OpenTransaction begun = {std::make_unique<Transaction>(database_, kind),
-                             database_.AllWrittenRows(), kind == Transaction::Reading};
+    auto transaction = std::make_unique<Transaction>(database_, kind);
+    const auto written_rows = database_.AllWrittenRows();
+    bool keeps = kind == Transaction::Reading;
     if (kind == Transaction::Writing) {
         written_ = true; // others may have written before it began
     } else if (outer) {
@@ -379,10 +380,10 @@ void Store::Begin(Transaction::Kind kind) {
         Exists(kMachineKey);
         if (database_.Changed()) {
             Forget();
-            begun.keeps = false;
+            keeps = false;
         }
     }
-    transactions_.push_back(std::move(begun));
+    transactions_.push_back({std::move(transaction), written_rows, keeps});
 }
 
 void Store::End(bool commit) {
