@@ -6,10 +6,26 @@
 
 #include <nlohmann/json.hpp>
 
+#include <algorithm>
+#include <fstream>
+
 using Json = nlohmann::json;
+
+// A command line that labelhost must refuse.
+struct BadCommand {
+    std::vector<std::string> words;
+    int status;
+    std::string names; // what the message must hold
+};
 
 class Labelhost : public HostTest {
 protected:
+    // A file of this test, outside the drives of its machine.
+    std::string File(const std::string& name) const { return root() + "/" + name; }
+    void Write(const std::string& name, const std::string& bytes) const {
+        std::ofstream(File(name), std::ios::binary) << bytes;
+    }
+
     ProgramResult Run(const std::vector<std::string>& words) const {
         std::vector<std::string> all = OnMachine(root());
         all.insert(all.end(), words.begin(), words.end());
@@ -21,6 +37,19 @@ protected:
         const ProgramResult result = Run(words);
         EXPECT_EQ(result.status, 0) << result.errors;
         return Json::parse(result.output, nullptr, false);
+    }
+
+    // Runs each of the commands: they must say in one line what is wrong, and nothing else.
+    void ExpectRefused(const std::vector<BadCommand>& commands) const {
+        for (const BadCommand& command : commands) {
+            const ProgramResult result = Run(command.words);
+            EXPECT_EQ(result.status, command.status) << command.names << ": " << result.errors;
+            EXPECT_NE(result.errors.find(command.names), std::string::npos)
+                << command.names << ": " << result.errors;
+            EXPECT_EQ(std::count(result.errors.begin(), result.errors.end(), '\n'), 1)
+                << result.errors;
+            EXPECT_EQ(result.output, "") << command.names;
+        }
     }
 
     void Install(const std::string& printer, const std::string& model,

@@ -1,27 +1,17 @@
 // labelhost shows what programs have printed.
 
-#include "support/host_test.h"
-#include "support/program.h"
+#include "tools/labelhost_fixture.h"
 
 #include <windows.h>
 #include <winspool.h>
-
-#include <nlohmann/json.hpp>
 
 #include <algorithm>
 
 namespace {
 
-using Json = nlohmann::json;
-
-class LabelhostJobs : public HostTest {
+class LabelhostJobs : public Labelhost {
 protected:
-    ProgramResult Run(std::vector<std::string> words) const {
-        words.insert(words.begin(), {"--root", root()});
-        return RunProgram("labelhost", words);
-    }
-
-    Json Jobs() const { return Json::parse(Run({"jobs", "Dock3", "--json"}).output); }
+    Json Jobs() const { return RunJson({"jobs", "Dock3"}); }
 };
 
 TEST_F(LabelhostJobs, ShowsWhatWasPrintedAndWhyItWaits) {
