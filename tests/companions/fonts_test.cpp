@@ -106,8 +106,10 @@ TEST_F(FontsThreads, AreReachedByPrograms) {
     numbers.memory = 'R';
     const WCHAR file[] = TEXT("digits");
     std::copy(std::begin(file), std::end(file), numbers.file);
+    DAL_FONT again = numbers;
     EXPECT_TRUE(download(settings, &whole));
     EXPECT_TRUE(download(settings, &numbers));
+    EXPECT_TRUE(download(settings, &again)) << "the file takes the place of the first";
     EXPECT_EQ(OString(whole.file), "DEJAVRFW.FNT");
     EXPECT_GT(whole.bytes, numbers.bytes);
 

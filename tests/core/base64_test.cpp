@@ -39,6 +39,11 @@ TEST(Base64Text, IsTheStandardOne) {
     for (const auto& [bytes, text] : cases) {
         EXPECT_EQ(Encoded(bytes), text);
         EXPECT_EQ(Decoded(text), bytes);
+        OBuffer<char> buffer = Buffer(bytes);
+        ASSERT_TRUE(Base64::Encode(buffer));
+        EXPECT_EQ(std::string(buffer.GetData(), buffer.GetSize()), text);
+        ASSERT_TRUE(Base64::Decode(buffer));
+        EXPECT_EQ(std::string(buffer.GetData(), buffer.GetSize()), bytes);
     }
 }
 

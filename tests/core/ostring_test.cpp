@@ -163,6 +163,7 @@ TEST(StringAppending, WritesNumbersOfEveryKindAndTakesManipulators) {
                                  "200\tb\r\nc");
     text << clear;
     EXPECT_TRUE(text.IsEmpty());
+    EXPECT_STREQ((text + 'd').nstring(), "d");
 }
 
 TEST(StringOrder, GoesBySignedBytesOrByUnits) {

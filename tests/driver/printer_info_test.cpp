@@ -143,6 +143,22 @@ TEST_F(PrinterInformation, AnswersTheDevModeThatItHasSet) {
     EXPECT_STREQ(PrinterInfo("Dock 3").GetComment().nstring(), "A comment");
 }
 
+TEST_F(PrinterInformation, IsReadWhateverItsLength) {
+    SkipUnderWine("the spooler writes into the DEVMODEs that it keeps");
+    // Longer than the room that the spooler is offered first.
+    constexpr WORD Extra = 20000;
+    std::vector<unsigned char> bytes(sizeof(DEVMODEW) + Extra, 0x5A);
+    DEVMODEW head = {};
+    head.dmSize = sizeof head;
+    head.dmDriverExtra = Extra;
+    std::memcpy(bytes.data(), &head, sizeof head);
+    AddDock(0, reinterpret_cast<DEVMODEW*>(bytes.data()));
+    PrinterInfo printer("Dock 3");
+    ASSERT_TRUE(printer.GetDevMode());
+    EXPECT_EQ(std::memcmp(printer.GetDevMode(), bytes.data(), bytes.size()), 0);
+    EXPECT_STREQ(printer.GetComment().nstring(), "A comment");
+}
+
 TEST_F(PrinterInformation, NeedsFullAccessToSetTheDevMode) {
     SkipUnderWine("a handle gives every access");
     AddDock();

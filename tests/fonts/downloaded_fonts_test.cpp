@@ -121,6 +121,12 @@ TEST_F(DownloadedFonts, AreNamedAfterTheirFaceAndNotLikeAnother) {
         {Face("MS \xC9glise", 1000, FF_DONTCARE), "", 8, {}, "MSGLISE"},
         {Face("Times", 900, FF_ROMAN, true), "144", 4, {}, "144HBIFR"},
         {Face("", 150, 0x70), "", 8, {".FNT"}, "2"},
+        {Face("A", 100, FF_SCRIPT), "", 8, {}, "ATFS"},
+        {Face("A", 200, FF_DECORATIVE), "", 8, {}, "AELFD"},
+        {Face("A", 300, FF_DONTCARE), "", 8, {}, "AL"},
+        {Face("A", 500, FF_DONTCARE), "", 8, {}, "AM"},
+        {Face("A", 600, FF_DONTCARE), "", 8, {}, "ASB"},
+        {Face("A", 800, FF_DONTCARE), "", 8, {}, "AEB"},
     };
     for (const auto& c : cases) {
         fonts_.Clear();

@@ -72,6 +72,7 @@ TEST_F(PortInventory, TellsHowPortsAreSetUp) {
               {"COM3:", "300,o,8,1"},
               {"LPT1:", ""},
               {"LPT2:", ""},
+              {"LPT3:", ""},
               {"IP_10.0.0.9", ""}});
     SetPort("Valdrick Port", "IP_10.0.0.9", "10.0.0.9", 6101);
     ORegistry registry;
@@ -80,6 +81,11 @@ TEST_F(PortInventory, TellsHowPortsAreSetUp) {
                        "LPT1");
     registry.SetString("LOCAL_MACHINE:SYSTEM/CurrentControlSet/Enum/ACPI/PNP0401/5/DeviceDesc",
                        "ECP Printer Port (LPT1)");
+    registry.SetString("LOCAL_MACHINE:SYSTEM/CurrentControlSet/Enum/Root/PNP0400/0/"
+                       "Device Parameters/PortName",
+                       "LPT3");
+    registry.SetString("LOCAL_MACHINE:SYSTEM/CurrentControlSet/Enum/Root/PNP0400/0/DeviceDesc",
+                       "Printer Port (EPP)");
     const PortInfo ports;
     uint32_t needed = 0, count = 0;
     EXPECT_FALSE(ports.EnumPortInfo(nullptr, 0, needed, count));
@@ -106,11 +112,12 @@ TEST_F(PortInventory, TellsHowPortsAreSetUp) {
     // LPT2 is in no inventory of devices.
     EXPECT_EQ(told, "COM1/Local Monitor: 19200 7 2 2 1\nCOM2/Local Monitor: 9600 8 0 0 0\n"
                     "COM3/Local Monitor: 300 8 1 0 2\nLPT1/Local Monitor: 1\n"
+                    "LPT3/Local Monitor: 2\n"
                     "IP_10.0.0.9/Valdrick Port: 10.0.0.9 6101\nFILE/Local Monitor:\n");
 
     win32host::SetVersion(VER_PLATFORM_WIN32_NT, 4, 0, 1381);
     ASSERT_TRUE(ports.EnumPortInfo(buffer.data(), needed, needed, count));
-    EXPECT_EQ(count, 7u);
+    EXPECT_EQ(count, 8u);
     EXPECT_EQ(info[4].parallel_mode, uint32_t{PortInfo::STANDARD});
 }
 

@@ -73,10 +73,14 @@ TEST_F(PrinterPort, TellsWhatTheMonitorKnows) {
     EXPECT_EQ(Text(stream.GetPortType()), "");
     AnswerPort("type", "TCP/IP");
     AnswerPort("ip_address", std::string("10.0.0.7\0rest", 13));
+    AnswerPort("monitor_name", "Valdrick Port");
+    AnswerPort("udp_port", "4201");
     AnswerPort("protocol", std::string(260, 'x'));
     AnswerPort("description", std::string(261, 'x'));
     EXPECT_TRUE(stream.IsMonitorEnabled());
     EXPECT_EQ(Text(stream.GetPortIPAddress()), "10.0.0.7");
+    EXPECT_EQ(Text(stream.GetPortMonitorName()), "Valdrick Port");
+    EXPECT_EQ(Text(stream.GetPortUDPPort()), "4201");
     EXPECT_EQ(Text(stream.GetPortProtocol()), std::string(260, 'x'));
     EXPECT_EQ(Text(stream.GetPortDescription()), "");
 }

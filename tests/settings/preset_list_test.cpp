@@ -208,6 +208,12 @@ TEST_F(Presets, ThatCannotBeReadAreSkipped) {
     list_.Load(model_.get());
     EXPECT_EQ(Order(list_), "a") << "of two with one name the later is left";
     EXPECT_EQ(list_.GetNext(nullptr)->GetDevMode().GetOrientation(), 2);
+
+    // One without settings is not given those of the preset whose number it takes.
+    list_.Clear();
+    list_.AddTail(new (std::nothrow) Preset);
+    list_.Save(model_.get());
+    EXPECT_EQ(Stored(), "");
 }
 
 TEST_F(Presets, LeaveTheFingerprintOfTheirNameInTheirSettings) {
