@@ -16,7 +16,7 @@ import re
 import sys
 
 ARGUMENT = re.compile(r"^([a-z_]+:)?\d+$")
-NOT_IN_NAMES = re.compile(r"/(real_time|manual_time|process_time|iterations:\d+|repeats:\d+)")
+NOT_IN_NAMES = re.compile(r"/((real|manual|process)_time|min_time:[\d.]+|(iterations|repeats):\d+)")
 UNITS = {"ns": 1, "us": 1e3, "ms": 1e6, "s": 1e9}
 
 
