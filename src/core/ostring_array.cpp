@@ -48,6 +48,7 @@ uint32_t PackStrings(const OStringArray& strings, OBuffer<C>& buffer, int mode) 
     if (buffer.GetSize() < packed_size && !buffer.SetSize(packed_size)) return 0;
 
     C* next = buffer.GetData();
+    C* const end = next + packed_size;
     if (HasHeader(mode)) {
         const uint16_t header = static_cast<uint16_t>(
             mode == OPACK_COUNT ? static_cast<uint32_t>(strings.GetSize()) : packed_size);
@@ -57,12 +58,14 @@ uint32_t PackStrings(const OStringArray& strings, OBuffer<C>& buffer, int mode) 
     for (int i = 0; i < strings.GetSize(); ++i) {
         const uint32_t length = LengthOf(strings[i], C{});
         if (length == 0 && mode == OPACK_LIST) continue;
+        // Only converted now: the first time memory was short.
+        if (length >= static_cast<size_t>(end - next)) return 0;
         std::memcpy(next, TextOf(strings[i], C{}), length * sizeof(C));
         next[length] = 0;
         next += length + 1;
     }
-    if (mode == OPACK_LIST) *next = 0;
-    return packed_size;
+    if (mode == OPACK_LIST && next < end) *next++ = 0;
+    return next == end ? packed_size : 0;
 }
 
 template <class C>

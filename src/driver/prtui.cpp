@@ -79,11 +79,11 @@ bool prtui::Settings_Save() {
     if (!model || restricted || !is_whole) return false;
     presets.Save(model.get());
     stocks.Save(model.get());
-    fonts.Save(model.get());
+    const bool fonts_stored = fonts.Save(model.get());
     // Saved unchanged they would undo what others have changed meanwhile.
     if (data_fonts.IsModified()) data_fonts.Save(model.get());
     if (commit_shadow) CommitShadow(PrinterInfo(hprinter).GetPrinterName());
-    return presets.IsStored() && stocks.IsStored() && fonts.IsStored() && data_fonts.IsStored();
+    return presets.IsStored() && stocks.IsStored() && fonts_stored && !data_fonts.IsModified();
 }
 
 void prtui::Settings_Export(const WCHAR* file, int contents, KDSettingsResult* result) {

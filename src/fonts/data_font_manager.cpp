@@ -143,12 +143,11 @@ bool DataFontManager::IsAsStored(prtreg& registry) const {
 
 bool DataFontManager::Save(const prtmodel* model) {
     const OSingleLock guard(&lock_, true);
-    stored_ = false;
     if (!whole_) return true;
     prtreg registry(model->GetRegistry());
     if (IsAsStored(registry) && !registry.HasFailed()) {
         SetUnmodified();
-        return stored_ = true;
+        return true;
     }
     ORegistryTransaction changes(registry);
     registry.DeletePattern(OString(kFonts) << "/*");
@@ -159,8 +158,7 @@ bool DataFontManager::Save(const prtmodel* model) {
             if (blob) registry.SetBinary(ValueOf(key), blob, size);
         });
     }
-    stored_ = changes.Commit();
-    if (stored_) SetUnmodified();
+    if (changes.Commit()) SetUnmodified();
     return true;
 }
 

@@ -48,9 +48,6 @@ public:
     // without a name is left out. Always true.
     bool Save(const prtmodel* model);
 
-    // Whether the last Save stored what there was to store.
-    bool IsStored() const { return stored_; }
-
     // What is stored stays: nothing is saved until the list is loaded again.
     void KeepStored() { whole_ = false; }
 
@@ -92,5 +89,4 @@ private:
     OCriticalSection lock_;
     uint32_t unmodified_ = 0;
     bool whole_ = true; // nothing that is stored was missed
-    bool stored_ = true;
 };

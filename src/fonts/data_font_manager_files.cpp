@@ -133,12 +133,9 @@ int DataFontManager::ImportKBF1(OFile& file, const prtmodel* model) {
 
 // The printer model stands below its fonts.
 void prtmodel::InstallDefault_BarFonts() {
-    OFile file;
-    if (!OpenDefaultSettings(file, *this)) return;
-    const uint32_t failures = AllocationFailures();
     DataFontManager fonts;
-    fonts.Load(this);
-    fonts.ImportBarFont(file, this);
-    fonts.ImportRFID(file, this);
-    if (!file.HasFailed() && AllocationFailures() == failures) fonts.Save(this);
+    InstallDefaults(fonts, *this, [&](OFile& file) {
+        fonts.ImportBarFont(file, this);
+        fonts.ImportRFID(file, this);
+    });
 }

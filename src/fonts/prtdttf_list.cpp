@@ -45,19 +45,17 @@ void prtdttf_list::Load(const prtmodel* model) {
     whole_ = !registry.HasFailed();
 }
 
-void prtdttf_list::Save(const prtmodel* model) const {
-    stored_ = false;
-    if (!whole_) return;
+bool prtdttf_list::Save(const prtmodel* model) const {
+    if (!whole_) return false;
     prtreg registry(model->GetRegistry());
     // Most printers have none, which is written once.
-    stored_ = !GetHead() && registry.GetDWORD(kTotal, 1) == 0;
-    if (stored_) return;
+    if (!GetHead() && registry.GetDWORD(kTotal, 1) == 0) return true;
     ORegistryTransaction changes(registry);
     int total = 0;
     for (const DownloadedFont* font = GetNext(nullptr); font; font = GetNext(font))
         font->Save(registry, PrefixOf(++total));
     registry.SetDWORD(kTotal, static_cast<uint32_t>(total));
-    stored_ = changes.Commit();
+    return changes.Commit();
 }
 
 void prtdttf_list::SetAllNotPresent() {

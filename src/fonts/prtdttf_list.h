@@ -20,11 +20,8 @@ public:
     // sent: whether it still is there shows when the printer is asked. When not all of them could
     // be read, the list is not saved until it is loaded again.
     void Load(const prtmodel* model);
-    // Stores all fonts and their number: all of it or, on failure, nothing.
-    void Save(const prtmodel* model) const;
-
-    // Whether the last Save stored what there was to store.
-    bool IsStored() const { return stored_; }
+    // Stores all fonts and their number: all of it or, on failure, nothing, and false.
+    bool Save(const prtmodel* model) const;
 
     // Marks every font as missing.
     void SetAllNotPresent();
@@ -37,5 +34,4 @@ public:
 
 private:
     bool whole_ = true; // nothing that is stored was missed
-    mutable bool stored_ = true;
 };

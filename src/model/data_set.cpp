@@ -2,6 +2,8 @@
 
 #include <new>
 
+#include "core/memory.h"
+
 ODataSet::~ODataSet() {
     for (int i = 0; i < tables_.GetSize(); ++i) delete tables_.ValueAt(i);
 }
@@ -18,6 +20,7 @@ ODataTable* ODataSet::CurrentTable() {
     const OString key = table_ + ":" + section_;
     if (tables_.Lookup(key, current_)) return current_;
     auto* table = new (std::nothrow) ODataTable(file_, table_, section_);
+    if (!table) NoteAllocationFailure();
     if (table && !tables_.Set(key, table)) {
         delete table;
         table = nullptr;

@@ -55,7 +55,7 @@ void ModelCore::SetPrinter(const PrinterInfo& printer) {
     oem_suffix_ = OString("(") + code + OString(")");
     oem_suffix_.MakeUpper();
     registry_.init(printer);
-    is_known_ = printer.IsKnown() && printer.IsDriverKnown();
+    whole_ = printer.IsKnown() && printer.IsDriverKnown();
 }
 
 // ---- Tables -------------------------------------------------------------------------------------
@@ -148,6 +148,7 @@ template <class T, class F>
 void ModelCore::AllocateRecord(std::unique_ptr<T>& record, const char* suffix, F create) {
     if (record) return;
     record.reset(new (std::nothrow) T());
+    if (!record) NoteAllocationFailure();
     if (record) FetchOrCreate(*record, suffix, create);
 }
 

@@ -33,7 +33,7 @@ public:
     prtreg& GetRegistry() { return registry_; }
 
     // Whether the spooler knew the printer and its driver, and so far nothing failed to be read.
-    bool WasReadWhole() const { return is_known_ && !registry_.HasFailed(); }
+    bool WasReadWhole() const { return whole_ && !registry_.HasFailed(); }
 
     // ---- Tables ---------------------------------------------------------------------------------
 
@@ -183,5 +183,5 @@ private:
     CustomData custom_data_ = {};
     bool custom_data_loaded_ = false;
     OString model_section_; // "Model:Section" once found
-    bool is_known_ = false; // by the spooler, with its driver
+    bool whole_ = false; // the spooler knows printer and driver, and the settings could be read
 };

@@ -220,6 +220,7 @@ void ModelCore::ApplyDriverSettings() {
         }
     }
     if (settings.GetDisableCopiesLimit()) data.copies_limit = INT16_MAXIMUM;
+    if (settings.HasFailed()) whole_ = false;
 }
 
 void ModelCore::DriverInfo_Create(KVDriverInfo& record) {

@@ -2,6 +2,8 @@
 
 #include <new>
 
+#include "core/memory.h"
+
 OPropertySet::~OPropertySet() {
     Clear();
 }
@@ -23,6 +25,7 @@ void OPropertySet::SetString(const OString& name, const OString& value) {
         return;
     }
     auto* property = new (std::nothrow) OProperty{value};
+    if (!property) NoteAllocationFailure();
     if (property && !properties_.Set(name, property)) delete property;
 }
 

@@ -309,7 +309,7 @@ void prtmodel::GetFontGroups(OStringArray& groups) const {
             groups[i].Replace(".pfg", "");
         }
     }
-    GetRegistry().SetMultiString(stored, groups);
+    if (WasReadWhole()) GetRegistry().SetMultiString(stored, groups);
 }
 
 void prtmodel::GetExpansionFontGroups(OStringArray& groups) const {

@@ -2,6 +2,8 @@
 
 #include <new>
 
+#include "core/memory.h"
+
 OResourceCache* OResourceCache::instance_ = nullptr;
 
 OResourceCache::~OResourceCache() {
@@ -23,9 +25,15 @@ OResourceFile* OResourceCache::GetResourceFile(const OString& path) {
     OResourceFile* file = nullptr;
     if (instance_->files_.Lookup(path, file)) return file;
 
+    const uint32_t failures = AllocationFailures();
     file = new (std::nothrow) OResourceFile(path);
-    if (!file) return nullptr;
-    file->Load(path);
+    if (!file) NoteAllocationFailure();
+    if (file) file->Load(path);
+    // With a part of the file every printer would lack something until the module is detached.
+    if (AllocationFailures() != failures) {
+        delete file;
+        return nullptr;
+    }
     OString key(path);
     key.ChangeCore(); // the caller's string belongs to the caller's thread
     if (!instance_->files_.Set(key, file)) {

@@ -15,7 +15,7 @@ public:
     static void Free();
 
     // The file of that path (compared by case). One that cannot be opened is an empty file, now
-    // and at later requests. Null only without a cache or memory.
+    // and at later requests. Null only without a cache or memory; the next request tries again.
     static OResourceFile* GetResourceFile(const OString& path);
 
 private:

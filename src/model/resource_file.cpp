@@ -4,6 +4,7 @@
 #include <new>
 
 #include "core/lz77.h"
+#include "core/memory.h"
 #include "core/ofile.h"
 
 namespace {
@@ -30,21 +31,30 @@ OResource::OResource(const OString& name, const void* container, uint32_t size)
     if (container) compressed_.Assign(static_cast<const char*>(container), size);
 }
 
-void OResource::Decompress() {
-    if (compressed_.GetSize() == 0) return;
+bool OResource::Decompress() {
+    if (compressed_.GetSize() == 0) return true;
+    const uint32_t failures = AllocationFailures();
     LZ77::Decode(compressed_, data_);
+    if (AllocationFailures() != failures) {
+        data_.SetSize(0);
+        return false;
+    }
     // Not a second time, even if this one failed: what was handed out must not change any more.
     compressed_.SetSize(0);
+    return true;
 }
 
 const TableText& OResource::GetTextData() {
     OSynchronizer alone;
     OSingleLock lock(lock_ ? lock_ : &alone, true);
     if (!text_parsed_) {
+        const uint32_t failures = AllocationFailures();
         text_.Parse(data_.GetData(), data_.GetSize());
-        text_parsed_ = true;
+        text_parsed_ = AllocationFailures() == failures;
     }
-    return text_;
+    // What may be parsed again is not handed out.
+    static const TableText none;
+    return text_parsed_ ? text_ : none;
 }
 
 OResourceFile::OResourceFile(const OString& path)
@@ -92,8 +102,10 @@ void OResourceFile::Parse(const void* data, size_t size) {
         if (header_length > kRecordHead)
             name.Insert(0, at + kRecordHead,
                         static_cast<int>(std::min<size_t>(header_length - kRecordHead, INT32_MAX)));
-        Append(new (std::nothrow) OResource(name, at + header_length,
-                                            static_cast<uint32_t>(available - header_length)));
+        auto* resource = new (std::nothrow)
+            OResource(name, at + header_length, static_cast<uint32_t>(available - header_length));
+        if (!resource) NoteAllocationFailure();
+        Append(resource);
         at += available;
         size -= available;
     }
@@ -104,8 +116,7 @@ OResource* OResourceFile::Find(const OString& name) {
     for (int i = 0; i < resources_.GetSize(); ++i) {
         OResource* resource = resources_[i];
         if (resource->name_.CompareNoCase(name) != 0) continue;
-        resource->Decompress();
-        return resource;
+        return resource->Decompress() ? resource : nullptr;
     }
     return nullptr;
 }

@@ -23,13 +23,15 @@ public:
     const void* GetData() const { return data_.GetData(); }
     uint32_t GetSize() const { return data_.GetSize(); }
 
-    // The bytes as the text of a table, parsed at the first call.
+    // The bytes as the text of a table, parsed at the first call. Without the memory for it an
+    // empty text, and the next call tries again.
     const TableText& GetTextData();
 
 private:
     friend class OResourceFile;
 
-    void Decompress();
+    // False when memory does not suffice; then nothing has changed.
+    bool Decompress();
 
     OString name_; // touched under the lock only, for strings do not stand several threads
     OBuffer<char> compressed_; // empty once it has been decompressed, or cannot be
@@ -64,7 +66,7 @@ public:
     void Parse(const void* data, size_t size);
 
     // The first resource of that name, letters a to z in either case, with its bytes decompressed;
-    // null when there is none. The file owns it.
+    // null when there is none and without the memory for the bytes. The file owns it.
     OResource* Find(const OString& name);
 
     // Appends a resource, which the file then owns; null is ignored. Nothing is written to disk.

@@ -41,6 +41,11 @@ OString DriverSettingsCore::SettingOf(const OString& property) {
 void DriverSettings::Load(const prtreg& registry) {
     core_.Clear();
     core_.registry.reset(new (std::nothrow) prtreg(registry));
+    if (!core_.registry) NoteAllocationFailure();
+}
+
+bool DriverSettings::HasFailed() const {
+    return core_.registry && core_.registry->HasFailed();
 }
 
 void DriverSettings::Save(const prtreg&) {

@@ -50,6 +50,10 @@ public:
     // belongs to. They stay marked: a second Save writes them again.
     void Save(const prtreg& registry);
 
+    // Whether a value could not be read or written since Load: what was asked for has its default
+    // then, though something may be stored. Never before Load.
+    bool HasFailed() const;
+
     // Appends one options block (see settings/options_block.h) to `file`: all settings of the
     // printer as they are in the registry, headed by the model's name. False, with nothing written,
     // before Load and when they cannot be read.

@@ -2,7 +2,6 @@
 // stocks and presets; these operations of it belong to both.
 #include "settings/install_defaults.h"
 
-#include "core/memory.h"
 #include "driver/driver_utility.h"
 #include "model/prtmodel.h"
 #include "settings/preset_list.h"
@@ -11,11 +10,6 @@
 namespace {
 
 constexpr uint32_t UTF8 = 1208;
-
-// Whether all of a file has been taken.
-bool IsWhole(const OFile& file, uint32_t failures_before) {
-    return !file.HasFailed() && AllocationFailures() == failures_before;
-}
 
 } // namespace
 
@@ -29,21 +23,11 @@ bool OpenDefaultSettings(OFile& file, const prtmodel& model) {
 }
 
 void prtmodel::InstallDefault_Presets() {
-    OFile file;
-    if (!OpenDefaultSettings(file, *this)) return;
-    const uint32_t failures = AllocationFailures();
     PresetList presets;
-    presets.Load(this);
-    presets.Import(file, this);
-    if (IsWhole(file, failures)) presets.Save(this);
+    InstallDefaults(presets, *this, [&](OFile& file) { presets.Import(file, this); });
 }
 
 void prtmodel::InstallDefault_Stocks() {
-    OFile file;
-    if (!OpenDefaultSettings(file, *this)) return;
-    const uint32_t failures = AllocationFailures();
     StockList stocks(this);
-    stocks.Load(this);
-    stocks.Import(file, 0);
-    if (IsWhole(file, failures)) stocks.Save(this);
+    InstallDefaults(stocks, *this, [&](OFile& file) { stocks.Import(file, 0); });
 }

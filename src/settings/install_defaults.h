@@ -1,10 +1,25 @@
 // The settings that a new printer is given.
 #pragma once
 
-#include "core/ofile.h"
+#include <cstdint>
 
-class prtmodel;
+#include "core/memory.h"
+#include "core/ofile.h"
+#include "model/prtmodel.h"
 
 // Opens the default settings file of a model's brand, which lies beside the driver, to be read as
 // UTF-8. False without one.
 bool OpenDefaultSettings(OFile& file, const prtmodel& model);
+
+// Loads a list, lets `import(file)` add what it takes from that file, and stores the list unless
+// the file, the model or the list could be read in part only.
+template <class List, class Import>
+void InstallDefaults(List& list, const prtmodel& model, Import import) {
+    OFile file;
+    if (!OpenDefaultSettings(file, model)) return;
+    const uint32_t failures = AllocationFailures();
+    list.Load(&model);
+    import(file);
+    if (!file.HasFailed() && AllocationFailures() == failures && model.WasReadWhole())
+        list.Save(&model);
+}

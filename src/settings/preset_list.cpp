@@ -8,6 +8,7 @@
 #include "core/memory.h"
 #include "core/oarray.h"
 #include "model/prtmodel.h"
+#include "settings/numbered_entries.h"
 
 namespace {
 
@@ -20,15 +21,6 @@ int StoredTotal(prtreg& registry) {
     return static_cast<int>(std::min<uint32_t>(registry.GetDWORD(kTotal, 0), MOST_PRESETS));
 }
 
-// The checksum of the presets that are stored. The built-in ones come and go with whoever shows the
-// list, which is no reason to write the others.
-uint32_t StoredCRC32(const PresetList& list) {
-    uint32_t checksum = 0;
-    for (const Preset* preset = list.GetNext(nullptr); preset; preset = list.GetNext(preset))
-        if (preset->GetBuiltIn() == 0) checksum = preset->GetCRC32(checksum);
-    return checksum;
-}
-
 } // namespace
 
 void PresetList::Load(const prtmodel* model) {
@@ -36,22 +28,20 @@ void PresetList::Load(const prtmodel* model) {
     prtreg registry(model->GetRegistry());
     const ORegistryTransaction one_moment(registry, ORegistryTransaction::READING);
     PresetList stored;
-    const int total = StoredTotal(registry);
-    for (int i = 1; i <= total; ++i) {
+    ForEachEntry(registry, kKey, 1, StoredTotal(registry), Preset::KeyName, [&](int i) {
         std::unique_ptr<Preset> preset(new (std::nothrow) Preset);
         if (!preset) NoteAllocationFailure();
         if (preset && preset->Load(registry, i)) stored.AddTail(preset.release());
-    }
+    });
     whole_ = !registry.HasFailed();
     AddTail_ReplaceNames(stored);
     Sort();
-    checksum_ = StoredCRC32(*this);
+    checksum_ = GetStoredCRC32();
 }
 
 void PresetList::Save(const prtmodel* model) const {
-    const uint32_t checksum = StoredCRC32(*this);
-    stored_ = checksum == checksum_;
-    if (stored_ || !whole_) return;
+    const uint32_t checksum = GetStoredCRC32();
+    if (checksum == checksum_ || !whole_) return;
     prtreg registry(model->GetRegistry());
     ORegistryTransaction changes(registry);
     const int stored = StoredTotal(registry);
@@ -59,10 +49,16 @@ void PresetList::Save(const prtmodel* model) const {
     for (const Preset* preset = GetNext(nullptr); preset; preset = GetNext(preset))
         if (preset->GetBuiltIn() == 0) preset->Save(registry, ++total);
     registry.SetDWORD(kTotal, static_cast<uint32_t>(total));
-    for (int i = total + 1; i <= stored; ++i)
-        Preset::Delete(registry, OString(kKey) << Preset::KeyName(i));
-    stored_ = changes.Commit();
-    if (stored_) checksum_ = checksum;
+    ForEachEntry(registry, kKey, total + 1, stored, Preset::KeyName,
+                 [&](int i) { Preset::Delete(registry, OString(kKey) << Preset::KeyName(i)); });
+    if (changes.Commit()) checksum_ = checksum;
+}
+
+uint32_t PresetList::GetStoredCRC32() const {
+    uint32_t checksum = 0;
+    for (const Preset* preset = GetNext(nullptr); preset; preset = GetNext(preset))
+        if (preset->GetBuiltIn() == 0) checksum = preset->GetCRC32(checksum);
+    return checksum;
 }
 
 void PresetList::Sort() {

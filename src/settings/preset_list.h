@@ -22,8 +22,8 @@ public:
     // Nothing while the list is as it was at the last load or save.
     void Save(const prtmodel* model) const;
 
-    // Whether the last Save stored what there was to store.
-    bool IsStored() const { return stored_; }
+    // Whether the presets, without the built-in ones, are as they were at the last load or save.
+    bool IsStored() const { return GetStoredCRC32() == checksum_; }
 
     // What is stored stays: nothing is saved until the list is loaded again.
     void KeepStored() { whole_ = false; }
@@ -64,9 +64,11 @@ public:
     Preset* GetDefaultSettings() const { return FindBuiltIn(Preset::DEFAULT_SETTINGS); }
 
 private:
+    // The checksum of the presets that are stored. The built-in ones come and go with whoever shows
+    // the list, which is no reason to write the others.
+    uint32_t GetStoredCRC32() const;
     Preset* FindBuiltIn(uint32_t flag) const;
 
     mutable uint32_t checksum_ = 0;
     bool whole_ = true; // nothing that is stored was missed
-    mutable bool stored_ = true;
 };

@@ -11,6 +11,7 @@
 #include "core/memory.h"
 #include "driver/platform_flags.h"
 #include "model/prtmodel.h"
+#include "settings/numbered_entries.h"
 #include "settings/public_part.h"
 
 namespace {
@@ -71,7 +72,10 @@ StockList& StockList::operator=(const StockList& other) {
 void StockList::init(const prtmodel* model) {
     model_ = model;
     Stock* stock = new (std::nothrow) Stock;
-    if (!stock) return;
+    if (!stock) {
+        NoteAllocationFailure();
+        return;
+    }
     stock->width = model->GetDefaultLabelWidth().Microns();
     stock->length = model->GetDefaultLabelLength().Microns();
     stock->liner_left = stock->liner_right = model->GetLinerWidth().Microns();
@@ -95,7 +99,8 @@ void StockList::Load(const prtmodel* model) {
 
 int StockList::LoadForms(prtreg& registry, const OString& key) {
     const int total = StoredTotal(registry, key);
-    for (int i = 1; i <= total; ++i) LoadForm(registry, OString(key) << Stock::KeyName(i));
+    ForEachEntry(registry, key, 1, total, Stock::KeyName,
+                 [&](int i) { LoadForm(registry, OString(key) << Stock::KeyName(i)); });
     return total;
 }
 
@@ -107,8 +112,7 @@ bool StockList::LoadForm(prtreg& registry, const OString& prefix) {
 
 bool StockList::Save(const prtmodel* model) const {
     const uint32_t checksum = GetCRC32(0);
-    stored_ = checksum == checksum_;
-    if (stored_ || !whole_) return false;
+    if (checksum == checksum_ || !whole_) return false;
     prtreg registry(model->GetRegistry());
     ORegistryTransaction changes(registry);
     const Stock* stock = GetNext(nullptr);
@@ -116,8 +120,7 @@ bool StockList::Save(const prtmodel* model) const {
     if (stock) stock->Save(registry, kUserForm);
     SaveForms(registry, kForms, false);
     SaveForms(registry, FamilyForms(*model), true);
-    stored_ = changes.Commit();
-    if (!stored_) return false;
+    if (!changes.Commit()) return false;
     checksum_ = checksum;
     return true;
 }
@@ -129,8 +132,8 @@ void StockList::SaveForms(prtreg& registry, const OString& key, bool predefined)
         if (!stock->is_user() && stock->is_predefined() == predefined)
             stock->Save(registry, OString(key) << Stock::KeyName(++total));
     registry.SetDWORD(TotalName(key), static_cast<uint32_t>(total));
-    for (int i = total + 1; i <= stored; ++i)
-        Stock::Delete(registry, OString(key) << Stock::KeyName(i));
+    ForEachEntry(registry, key, total + 1, stored, Stock::KeyName,
+                 [&](int i) { Stock::Delete(registry, OString(key) << Stock::KeyName(i)); });
 }
 
 // ---- Order --------------------------------------------------------------------------------------

@@ -46,8 +46,8 @@ public:
     // that was not stored is still a changed one.
     bool Save(const prtmodel* model) const;
 
-    // Whether the last Save stored what there was to store.
-    bool IsStored() const { return stored_; }
+    // Whether the list is as it was at the last load or save.
+    bool IsStored() const { return GetCRC32(0) == checksum_; }
 
     // What is stored stays: nothing is saved until the list is loaded again.
     void KeepStored() { whole_ = false; }
@@ -107,5 +107,4 @@ private:
     const prtmodel* model_ = nullptr;
     mutable uint32_t checksum_ = 0;
     bool whole_ = true; // nothing that is stored was missed
-    mutable bool stored_ = true;
 };

@@ -181,7 +181,19 @@ TEST_F(Stocks, WithoutANameOrARecordAreNotLoaded) {
     registry.SetBinary("Stock:Form 03:: Data", bytes, 29);
     registry.SetString("Stock:Form 05:: Name", "good");
     registry.SetBinary("Stock:Form 05:: Data", bytes, 28);
+    registry.SetString("Stock:Form 40000:: Name", "Far");
+    registry.SetBinary("Stock:form 40000:: Data", bytes, 28);
+    registry.SetString("Stock:Form 007:: Name", "no number of that form");
+    registry.SetBinary("Stock:Form 007:: Data", bytes, 28);
+    EXPECT_EQ(Stored(), "USER:256 Far:257 good:258");
+
+    StockList list(model_.get());
+    list.Load(model_.get());
+    delete list.Find("Far");
+    EXPECT_TRUE(list.Save(model_.get()));
     EXPECT_EQ(Stored(), "USER:256 good:257");
+    EXPECT_EQ(registry.GetSize("Stock:Form 40000:: Name"), -1) << "no longer in use";
+    EXPECT_GT(registry.GetSize("Stock:Form 007:: Name"), 0) << "not the list's";
 }
 
 TEST_F(Stocks, SurviveAnExport) {
