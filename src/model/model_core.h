@@ -183,5 +183,5 @@ private:
     CustomData custom_data_ = {};
     bool custom_data_loaded_ = false;
     OString model_section_; // "Model:Section" once found
-    bool whole_ = false; // the spooler knows printer and driver, and the settings could be read
+    bool whole_ = false;    // the spooler knows printer and driver, and the settings could be read
 };
