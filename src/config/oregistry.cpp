@@ -3,10 +3,10 @@
 #include <algorithm>
 #include <cstring>
 #include <memory>
-#include <new>
 
 #include "config/oregistry_names.h"
 #include "config/oregistry_system.h"
+#include "core/memory.h"
 #include "core/windows_version.h"
 
 namespace {
@@ -235,7 +235,7 @@ LONG ORegistry::GetData(HKEY key, const OString& name, void* buffer, uint32_t si
         if (stored > size) return ERROR_MORE_DATA;
         read = sizeof small;
         if (stored > sizeof small) {
-            large.reset(new (std::nothrow) BYTE[stored]);
+            large.reset(new (kCounted) BYTE[stored]);
             if (!large) return ERROR_OUTOFMEMORY;
             scratch = large.get();
             read = stored;

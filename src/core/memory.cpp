@@ -30,6 +30,26 @@ void NoteAllocationFailure() {
     g_failures.fetch_add(1, std::memory_order_relaxed);
 }
 
+void* operator new(size_t size, CountedAllocation) noexcept {
+    void* block = ::operator new(size, std::nothrow);
+    if (!block) NoteAllocationFailure();
+    return block;
+}
+
+void* operator new[](size_t size, CountedAllocation) noexcept {
+    void* block = ::operator new[](size, std::nothrow);
+    if (!block) NoteAllocationFailure();
+    return block;
+}
+
+void operator delete(void* block, CountedAllocation) noexcept {
+    ::operator delete(block);
+}
+
+void operator delete[](void* block, CountedAllocation) noexcept {
+    ::operator delete[](block);
+}
+
 void* ___malloc(size_t size) {
     char* whole = size <= kLargestBlock
                       ? static_cast<char*>(::operator new(kHeader + size, std::nothrow))

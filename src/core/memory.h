@@ -37,6 +37,14 @@ uint32_t AllocationFailures();
 // Counts the failure of an allocation that was made in another way.
 void NoteAllocationFailure();
 
+// "new (kCounted) T" is null when memory is short, and counts that.
+struct CountedAllocation {};
+inline constexpr CountedAllocation kCounted;
+void* operator new(size_t size, CountedAllocation) noexcept;
+void* operator new[](size_t size, CountedAllocation) noexcept;
+void operator delete(void* block, CountedAllocation) noexcept;
+void operator delete[](void* block, CountedAllocation) noexcept;
+
 // The functions below do nothing when a pointer is null or the size is 0.
 
 // Copies byte by byte from the first to the last, so that a destination which begins inside the

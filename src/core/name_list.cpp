@@ -5,6 +5,7 @@
 #include <memory>
 
 #include "core/crc.h"
+#include "core/memory.h"
 #include "core/oarray.h"
 
 namespace {
@@ -37,7 +38,7 @@ NameList& NameList::operator=(const NameList& other) {
 }
 
 ONode* NameList::NewNode() {
-    return new (std::nothrow) NameNode;
+    return new (kCounted) NameNode;
 }
 
 NameNode* NameList::Find(const OString& name) const {
@@ -67,7 +68,7 @@ void NameList::AddTail_ReplaceNames(NameList& nodes) {
     };
     size_t count = 0;
     for (const ONode* node = nodes.GetHead(); node; node = node->GetNext()) ++count;
-    const std::unique_ptr<Place[]> places(new (std::nothrow) Place[count]);
+    const std::unique_ptr<Place[]> places(new (kCounted) Place[count]);
     if (!places) {
         while (nodes.GetHead()) AddTail_ReplaceName(static_cast<NameNode*>(nodes.GetHead()));
         return;

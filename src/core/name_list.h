@@ -3,8 +3,8 @@
 
 #include <concepts>
 #include <cstdint>
-#include <new>
 
+#include "core/memory.h"
 #include "core/olist.h"
 #include "core/ostring.h"
 
@@ -68,7 +68,7 @@ private:
 template <class T, std::derived_from<OList> Base>
 class OTypedList : public Base {
 public:
-    ONode* NewNode() override { return new (std::nothrow) T; }
+    ONode* NewNode() override { return new (kCounted) T; }
 
     // The node behind (in front of) `node`; for null the head (tail). Null at the end.
     T* GetNext(const T* node) const {

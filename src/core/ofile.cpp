@@ -1,6 +1,6 @@
 #include "core/ofile.h"
 
-#include <new>
+#include "core/memory.h"
 
 OFile::OFile() = default;
 
@@ -31,7 +31,7 @@ DWORD ShareModeOf(uint32_t mode) {
 
 bool OFile::Open(const OString& name, uint32_t mode) {
     OFile::Close();
-    handle_ = new (std::nothrow) HANDLE;
+    handle_ = new (kCounted) HANDLE;
     if (!handle_) return false;
     name_ = name;
     failed_ = false;

@@ -1,6 +1,6 @@
 #include "core/olist.h"
 
-#include <new>
+#include "core/memory.h"
 
 ONode::~ONode() {
     Remove();
@@ -22,7 +22,7 @@ OList::~OList() {
 }
 
 ONode* OList::NewNode() {
-    return new (std::nothrow) ONode;
+    return new (kCounted) ONode;
 }
 
 bool OList::AddHead(ONode* node) {

@@ -6,7 +6,6 @@
 #include <cstdarg>
 #include <cstring>
 #include <functional>
-#include <new>
 #include <string>
 
 #include "core/memory.h"
@@ -109,8 +108,7 @@ void OString::ReleaseCore() {
 
 void OString::ChangeCore() {
     if (!core_) {
-        core_ = new (std::nothrow) OStringCore;
-        if (!core_) NoteAllocationFailure();
+        core_ = new (kCounted) OStringCore;
     } else if (core_->reference_count > 1) {
         --core_->reference_count;
         core_ = core_->Clone();

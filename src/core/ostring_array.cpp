@@ -105,11 +105,8 @@ bool OStringArray::SetSize(int size, int grow) {
         }
         if (static_cast<size_t>(capacity) > SIZE_MAX / sizeof(OString)) return false;
         OString* moved = static_cast<OString*>(
-            ::operator new(static_cast<size_t>(capacity) * sizeof(OString), std::nothrow));
-        if (!moved) {
-            NoteAllocationFailure();
-            return false;
-        }
+            ::operator new(static_cast<size_t>(capacity) * sizeof(OString), kCounted));
+        if (!moved) return false;
         std::uninitialized_move_n(data_, size_, moved);
         std::destroy_n(data_, size_);
         ::operator delete(data_);

@@ -3,7 +3,6 @@
 #include <algorithm>
 #include <climits>
 #include <cstring>
-#include <new>
 #include <string>
 
 #include "core/locale_utility.h"
@@ -32,11 +31,8 @@ OStringCore::~OStringCore() {
 }
 
 OStringCore* OStringCore::Clone() const {
-    OStringCore* copy = new (std::nothrow) OStringCore;
-    if (!copy) {
-        NoteAllocationFailure();
-        return nullptr;
-    }
+    OStringCore* copy = new (kCounted) OStringCore;
+    if (!copy) return nullptr;
     copy->capacity_ = capacity_;
     copy->code_page_ = code_page_;
     const bool room = (!is_valid_n() || copy->reserve_n(nlen() + size_t{1})) &&

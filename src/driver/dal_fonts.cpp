@@ -4,9 +4,9 @@
 #include <algorithm>
 #include <cstring>
 #include <memory>
-#include <new>
 
 #include "core/fixed_text.h"
+#include "core/memory.h"
 #include "driver/prtui.h"
 #include "fonts/font_sender.h"
 #include "fonts/font_settings.h"
@@ -168,7 +168,7 @@ BOOL WINAPI DAL_Font_Download(HANDLE settings, DAL_FONT* font) {
     ui->ChooseFontSettings(&questions);
     FontChoices choices;
     if (!Choose(*font, *ui, questions, choices)) return FALSE;
-    std::unique_ptr<DownloadedFont> made(new (std::nothrow)
+    std::unique_ptr<DownloadedFont> made(new (kCounted)
                                              DownloadedFont(ChosenFont(questions, choices)));
     if (!made) return FALSE;
     ui->AdjustFontInfo(made.get());

@@ -1,8 +1,8 @@
 #include "driver/printer_info.h"
 
 #include <cstring>
-#include <new>
 
+#include "core/memory.h"
 #include "driver/open_printer.h"
 #include "driver/spooler_dev_mode.h"
 
@@ -136,7 +136,7 @@ PrinterInfo::~PrinterInfo() = default;
 const PrinterInfo::PrinterRecord& PrinterInfo::Printer() const {
     static const PrinterRecord none;
     if (!printer_) {
-        printer_.reset(new (std::nothrow) PrinterRecord);
+        printer_.reset(new (kCounted) PrinterRecord);
         if (printer_) FetchPrinter();
     }
     return printer_ ? *printer_ : none;
@@ -145,7 +145,7 @@ const PrinterInfo::PrinterRecord& PrinterInfo::Printer() const {
 const PrinterInfo::DriverRecord& PrinterInfo::Driver() const {
     static const DriverRecord none;
     if (!driver_) {
-        driver_.reset(new (std::nothrow) DriverRecord);
+        driver_.reset(new (kCounted) DriverRecord);
         if (driver_) FetchDriver();
     }
     return driver_ ? *driver_ : none;

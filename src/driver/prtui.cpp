@@ -1,7 +1,5 @@
 #include "driver/prtui.h"
 
-#include <new>
-
 #include "config/network_policy.h"
 #include "config/shadow_keys.h"
 #include "core/crc.h"
@@ -102,7 +100,7 @@ void prtui::Settings_Import(const WCHAR* file, int contents, KDSettingsResult* r
 
 void prtui::AddBuiltInPresets() {
     const auto add = [this](Preset::BuiltIn kind, int32_t priority, int name, int description) {
-        auto* preset = new (std::nothrow) Preset;
+        auto* preset = new (kCounted) Preset;
         if (!preset) return;
         preset->SetBuiltIn(kind);
         preset->SetPriority(priority);

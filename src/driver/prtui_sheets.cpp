@@ -2,9 +2,9 @@
 #include <cstddef>
 #include <cstdint>
 #include <cstring>
-#include <new>
 
 #include "core/crc.h"
+#include "core/memory.h"
 #include "driver/platform_flags.h"
 #include "driver/printer_info.h"
 #include "driver/prtui.h"
@@ -43,7 +43,7 @@ void prtui::TakeSheet(PROPSHEETUI_INFO* info) {
     if (!pfn_comprop) return;
     const auto count = static_cast<int32_t>(pfn_comprop(hcomprop, CPSFUNC_GET_PAGECOUNT, 0, 0));
     if (count <= 0) return;
-    page_handles.reset(new (std::nothrow) HANDLE[static_cast<size_t>(count)]());
+    page_handles.reset(new (kCounted) HANDLE[static_cast<size_t>(count)]());
     if (!page_handles) return;
     page_count = count;
     pfn_comprop(hcomprop, CPSFUNC_GET_HPSUIPAGES, reinterpret_cast<LPARAM>(page_handles.get()),

@@ -1,7 +1,7 @@
 // What the module's version resource says.
 #include <cstring>
-#include <new>
 
+#include "core/memory.h"
 #include "driver/copyright_years.h"
 #include "driver/driver_utility.h"
 #include "driver/prtui.h"
@@ -15,7 +15,7 @@ bool prtui::LoadFileVersionInfo() {
     DWORD ignored = 0;
     const DWORD size = GetFileVersionInfoSizeW(file, &ignored);
     if (size == 0) return false;
-    std::unique_ptr<BYTE[]> block(new (std::nothrow) BYTE[size]);
+    std::unique_ptr<BYTE[]> block(new (kCounted) BYTE[size]);
     if (!block || !GetFileVersionInfoW(file, 0, size, block.get())) return false;
     version_info_ = std::move(block);
     return true;

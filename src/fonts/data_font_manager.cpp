@@ -2,7 +2,6 @@
 
 #include <cstring>
 #include <memory>
-#include <new>
 
 #include "config/oregistry_transaction.h"
 #include "core/crc.h"
@@ -46,8 +45,7 @@ auto WithBlob(const DataFont& font, Work work) {
 
 template <class Font>
 DataFont* LoadedFont(const void* blob, size_t size) {
-    std::unique_ptr<Font> font(new (std::nothrow) Font);
-    if (!font) NoteAllocationFailure();
+    std::unique_ptr<Font> font(new (kCounted) Font);
     return font && font->Load(blob, size) ? font.release() : nullptr;
 }
 
@@ -59,10 +57,9 @@ DataFont* FontOf(const void* blob, size_t size) {
 
 DataFont* CopyOf(const DataFont& font) {
     if (font.IsBarCode())
-        return new (std::nothrow) DataFont_BarCode(static_cast<const DataFont_BarCode&>(font));
-    if (font.IsRFID())
-        return new (std::nothrow) DataFont_RFID(static_cast<const DataFont_RFID&>(font));
-    return new (std::nothrow) DataFont(font);
+        return new (kCounted) DataFont_BarCode(static_cast<const DataFont_BarCode&>(font));
+    if (font.IsRFID()) return new (kCounted) DataFont_RFID(static_cast<const DataFont_RFID&>(font));
+    return new (kCounted) DataFont(font);
 }
 
 } // namespace

@@ -2,7 +2,6 @@
 // comes with.
 #include <cstring>
 #include <memory>
-#include <new>
 
 #include "core/base64.h"
 #include "core/memory.h"
@@ -60,8 +59,7 @@ int ReadBlocks(OFile& file, const char* kind, DataFontManager& fonts, const prtm
     SettingsBlocks reader(file, kind);
     while (const SettingsBlocks::Line line = reader.Read()) {
         if (line == SettingsBlocks::BLOCK_START) {
-            font.reset(new (std::nothrow) Font);
-            if (!font) NoteAllocationFailure();
+            font.reset(new (kCounted) Font);
         } else if (!font) {
             continue;
         } else if (line == SettingsBlocks::BLOCK_END) {
@@ -123,8 +121,7 @@ int DataFontManager::ImportKBF1(OFile& file, const prtmodel* model) {
     int kept = 0;
     const auto whole = static_cast<int32_t>(size);
     while (file.Read(record.GetData(), whole) == whole) {
-        std::unique_ptr<DataFont_BarCode> font(new (std::nothrow) DataFont_BarCode);
-        if (!font) NoteAllocationFailure();
+        std::unique_ptr<DataFont_BarCode> font(new (kCounted) DataFont_BarCode);
         if (font && font->Load(record.GetData(), sizeof(DataFontStorage_BarCode)))
             kept += Keep(*this, std::move(font), model);
     }

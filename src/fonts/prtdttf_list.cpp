@@ -2,7 +2,6 @@
 
 #include <algorithm>
 #include <memory>
-#include <new>
 
 #include "config/oregistry_transaction.h"
 #include "config/prtreg.h"
@@ -23,7 +22,7 @@ OString PrefixOf(int index) {
 } // namespace
 
 ONode* prtdttf_list::NewNode() {
-    return new (std::nothrow) DownloadedFont;
+    return new (kCounted) DownloadedFont;
 }
 
 DownloadedFont* prtdttf_list::GetNext(const DownloadedFont* font) const {
@@ -36,8 +35,7 @@ void prtdttf_list::Load(const prtmodel* model) {
     const ORegistryTransaction one_moment(registry, ORegistryTransaction::READING);
     const auto total = static_cast<int>(std::min(registry.GetDWORD(kTotal, 0), kMostFonts));
     for (int i = 1; i <= total; ++i) {
-        std::unique_ptr<DownloadedFont> font(new (std::nothrow) DownloadedFont);
-        if (!font) NoteAllocationFailure();
+        std::unique_ptr<DownloadedFont> font(new (kCounted) DownloadedFont);
         if (!font || !font->Load(registry, PrefixOf(i))) continue;
         if (font->status == DownloadedFont::PRESENT) font->status = DownloadedFont::SENT;
         AddTail(font.release());

@@ -1,8 +1,7 @@
 #include "locale/code_page_list.h"
 
-#include <new>
-
 #include "core/locale_utility.h"
+#include "core/memory.h"
 
 CodePage::CodePage(uint16_t number)
     : code_page(number)
@@ -13,11 +12,11 @@ CodePage::CodePage(uint16_t number)
 }
 
 ONode* CodePageList::NewNode() {
-    return new (std::nothrow) CodePage;
+    return new (kCounted) CodePage;
 }
 
 void CodePageList::Enumerate() {
     static constexpr uint16_t kCodePages[] = {1252, 1250, 1251, 1253, 1254, 1255, 1256, 1257,
                                               1258, 874,  932,  936,  950,  949,  1361};
-    for (uint16_t number : kCodePages) AddTail(new (std::nothrow) CodePage(number));
+    for (uint16_t number : kCodePages) AddTail(new (kCounted) CodePage(number));
 }

@@ -1,7 +1,5 @@
 #include "model/data_set.h"
 
-#include <new>
-
 #include "core/memory.h"
 
 ODataSet::~ODataSet() {
@@ -19,8 +17,7 @@ ODataTable* ODataSet::CurrentTable() {
     if (current_) return current_;
     const OString key = table_ + ":" + section_;
     if (tables_.Lookup(key, current_)) return current_;
-    auto* table = new (std::nothrow) ODataTable(file_, table_, section_);
-    if (!table) NoteAllocationFailure();
+    auto* table = new (kCounted) ODataTable(file_, table_, section_);
     if (table && !tables_.Set(key, table)) {
         delete table;
         table = nullptr;

@@ -1,7 +1,6 @@
 #include "model/model_core.h"
 
 #include <algorithm>
-#include <new>
 
 #include "core/base64.h"
 #include "core/memory.h"
@@ -66,6 +65,7 @@ void ModelCore::UseResources() {
     path << "\\" << prefix_ << ".ddt";
     resources_ = OResourceCache::GetResourceFile(path);
     SetResourceFile(resources_);
+    if (!resources_) whole_ = false;
 }
 
 void ModelCore::UseTable(int table) {
@@ -147,8 +147,7 @@ void ModelCore::FetchOrCreate(T& record, const char* suffix, F create) {
 template <class T, class F>
 void ModelCore::AllocateRecord(std::unique_ptr<T>& record, const char* suffix, F create) {
     if (record) return;
-    record.reset(new (std::nothrow) T());
-    if (!record) NoteAllocationFailure();
+    record.reset(new (kCounted) T());
     if (record) FetchOrCreate(*record, suffix, create);
 }
 

@@ -1,7 +1,6 @@
 #include "model/model_data_cache.h"
 
 #include <cstring>
-#include <new>
 
 #include "core/locks.h"
 #include "core/memory.h"
@@ -52,7 +51,7 @@ void Keep(const OString& key, const void* data, uint32_t size, const uint32_t* s
 } // namespace
 
 void ModelDataCache::Initialize() {
-    if (!storage) storage = new (std::nothrow) ModelDataStorage;
+    if (!storage) storage = new (kCounted) ModelDataStorage;
 }
 
 void ModelDataCache::Free() {

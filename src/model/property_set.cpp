@@ -1,7 +1,5 @@
 #include "model/property_set.h"
 
-#include <new>
-
 #include "core/memory.h"
 
 OPropertySet::~OPropertySet() {
@@ -24,8 +22,7 @@ void OPropertySet::SetString(const OString& name, const OString& value) {
         property->value = value;
         return;
     }
-    auto* property = new (std::nothrow) OProperty{value};
-    if (!property) NoteAllocationFailure();
+    auto* property = new (kCounted) OProperty{value};
     if (property && !properties_.Set(name, property)) delete property;
 }
 

@@ -1,7 +1,6 @@
 #include "model/prtmodel.h"
 
-#include <new>
-
+#include "core/memory.h"
 #include "model/model_core.h"
 #include "settings/driver_settings.h"
 
@@ -17,7 +16,7 @@ bool Contains(const OStringArray& texts, const OString& text) {
 } // namespace
 
 prtmodel::prtmodel()
-    : core_(new (std::nothrow) ModelCore) {}
+    : core_(new (kCounted) ModelCore) {}
 
 prtmodel::~prtmodel() = default;
 

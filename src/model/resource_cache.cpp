@@ -1,7 +1,5 @@
 #include "model/resource_cache.h"
 
-#include <new>
-
 #include "core/memory.h"
 
 OResourceCache* OResourceCache::instance_ = nullptr;
@@ -11,7 +9,7 @@ OResourceCache::~OResourceCache() {
 }
 
 void OResourceCache::Initialize() {
-    if (!instance_) instance_ = new (std::nothrow) OResourceCache;
+    if (!instance_) instance_ = new (kCounted) OResourceCache;
 }
 
 void OResourceCache::Free() {
@@ -26,11 +24,10 @@ OResourceFile* OResourceCache::GetResourceFile(const OString& path) {
     if (instance_->files_.Lookup(path, file)) return file;
 
     const uint32_t failures = AllocationFailures();
-    file = new (std::nothrow) OResourceFile(path);
-    if (!file) NoteAllocationFailure();
+    file = new (kCounted) OResourceFile(path);
     if (file) file->Load(path);
     // With a part of the file every printer would lack something until the module is detached.
-    if (AllocationFailures() != failures) {
+    if (AllocationFailures() != failures || !file->WasReadWhole()) {
         delete file;
         return nullptr;
     }

@@ -14,8 +14,9 @@ public:
     static void Initialize();
     static void Free();
 
-    // The file of that path (compared by case). One that cannot be opened is an empty file, now
-    // and at later requests. Null only without a cache or memory; the next request tries again.
+    // The file of that path (compared by case). One that is missing is an empty file, now and at
+    // later requests. Null without a cache or memory and for one that is there and cannot be read;
+    // the next request tries again.
     static OResourceFile* GetResourceFile(const OString& path);
 
 private:

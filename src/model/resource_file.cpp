@@ -1,7 +1,6 @@
 #include "model/resource_file.h"
 
 #include <algorithm>
-#include <new>
 
 #include "core/lz77.h"
 #include "core/memory.h"
@@ -69,7 +68,8 @@ bool OResourceFile::Load(const OString& path) {
     // To open a missing file would make it.
     if (!OFile::Exists(path)) return false;
     OFile file(path, OFILE_READ | OFILE_SHARE_READ);
-    if (!file.is_open()) return false;
+    whole_ = file.is_open();
+    if (!whole_) return false;
 
     OBuffer<char> bytes;
     uint32_t used = 0;
@@ -81,6 +81,7 @@ bool OResourceFile::Load(const OString& path) {
             used += static_cast<uint32_t>(count);
         }
     }
+    whole_ = !file.HasFailed();
     Parse(bytes.GetData(), used);
     path_ = OwnString(path);
     modified_ = false;
@@ -102,9 +103,8 @@ void OResourceFile::Parse(const void* data, size_t size) {
         if (header_length > kRecordHead)
             name.Insert(0, at + kRecordHead,
                         static_cast<int>(std::min<size_t>(header_length - kRecordHead, INT32_MAX)));
-        auto* resource = new (std::nothrow)
+        auto* resource = new (kCounted)
             OResource(name, at + header_length, static_cast<uint32_t>(available - header_length));
-        if (!resource) NoteAllocationFailure();
         Append(resource);
         at += available;
         size -= available;

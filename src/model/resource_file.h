@@ -72,6 +72,9 @@ public:
     // Appends a resource, which the file then owns; null is ignored. Nothing is written to disk.
     void Add(OResource* resource);
 
+    // Whether the last Load could read all that is there; a missing file is whole.
+    bool WasReadWhole() const { return whole_; }
+
     // Whether resources were added since the file was loaded.
     bool IsModified();
 
@@ -85,4 +88,5 @@ private:
     OPointerArray<OResource*> resources_; // owned
     OString path_;
     bool modified_ = false;
+    bool whole_ = true;
 };

@@ -3,8 +3,8 @@
 #include <algorithm>
 #include <charconv>
 #include <cstring>
-#include <new>
 
+#include "core/memory.h"
 #include "core/ofile.h"
 #include "printer/ui_printer.h"
 
@@ -33,7 +33,7 @@ void prtstream::init(UIPrinter* ui) {
 
 void prtstream::Connect() {
     spool_.reset(); // the old one first: two at once would be two jobs
-    spool_.reset(new (std::nothrow) prtspool(ui_));
+    spool_.reset(new (kCounted) prtspool(ui_));
 }
 
 int prtstream::StartJob(const OString& name) {

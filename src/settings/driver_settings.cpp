@@ -1,8 +1,7 @@
 #include "settings/driver_settings.h"
 
-#include <new>
-
 #include "config/oregistry_transaction.h"
+#include "core/memory.h"
 #include "settings/options_block.h"
 
 namespace {
@@ -40,8 +39,7 @@ OString DriverSettingsCore::SettingOf(const OString& property) {
 
 void DriverSettings::Load(const prtreg& registry) {
     core_.Clear();
-    core_.registry.reset(new (std::nothrow) prtreg(registry));
-    if (!core_.registry) NoteAllocationFailure();
+    core_.registry.reset(new (kCounted) prtreg(registry));
 }
 
 bool DriverSettings::HasFailed() const {
@@ -135,6 +133,7 @@ bool DriverSettings::Export(OFile& file, const char* model) {
 
 bool DriverSettings::Import(OFile& file, const char* model) {
     if (!core_.registry) return false;
+    const uint32_t failures = AllocationFailures();
     OptionsBlockReader reader(model, core_.registry->SubstituteWindowsSyntax("DATA:"));
     OStringArray all;
     file.Seek(0, FILE_BEGIN);
@@ -143,7 +142,8 @@ bool DriverSettings::Import(OFile& file, const char* model) {
     while (file.ReadLine(line)) {
         if (reader.Read(line)) all.Append(reader.GetLines());
     }
-    if (all.GetSize() == 0 || file.HasFailed()) return false;
+    // Half of a block is not stored.
+    if (all.GetSize() == 0 || file.HasFailed() || AllocationFailures() != failures) return false;
     core_.registry->Import(all);
     return !core_.registry->HasFailed();
 }

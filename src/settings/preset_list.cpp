@@ -2,7 +2,6 @@
 
 #include <algorithm>
 #include <memory>
-#include <new>
 
 #include "config/oregistry_transaction.h"
 #include "core/memory.h"
@@ -29,8 +28,7 @@ void PresetList::Load(const prtmodel* model) {
     const ORegistryTransaction one_moment(registry, ORegistryTransaction::READING);
     PresetList stored;
     ForEachEntry(registry, kKey, 1, StoredTotal(registry), Preset::KeyName, [&](int i) {
-        std::unique_ptr<Preset> preset(new (std::nothrow) Preset);
-        if (!preset) NoteAllocationFailure();
+        std::unique_ptr<Preset> preset(new (kCounted) Preset);
         if (preset && preset->Load(registry, i)) stored.AddTail(preset.release());
     });
     whole_ = !registry.HasFailed();

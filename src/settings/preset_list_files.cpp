@@ -2,7 +2,6 @@
 #include <algorithm>
 #include <cstring>
 #include <memory>
-#include <new>
 
 #include "core/base64.h"
 #include "core/memory.h"
@@ -62,8 +61,7 @@ int PresetList::Import(OFile& file, const prtmodel* model) {
     SettingsBlocks reader(file, kKind);
     while (const SettingsBlocks::Line line = reader.Read()) {
         if (line == SettingsBlocks::BLOCK_START) {
-            preset.reset(new (std::nothrow) Preset);
-            if (!preset) NoteAllocationFailure();
+            preset.reset(new (kCounted) Preset);
         } else if (!preset) {
             continue;
         } else if (line == SettingsBlocks::BLOCK_END) {
@@ -95,8 +93,7 @@ int PresetList::ImportKPR1(OFile& file, const prtmodel* model) {
            std::memcmp(signature, "DM", 2) == 0 && ReadNumber(file, size)) {
         const OBuffer<char> dev_mode = ReadBytes(file, size);
         if (dev_mode.GetSize() != size) break;
-        std::unique_ptr<Preset> preset(new (std::nothrow) Preset);
-        if (!preset) NoteAllocationFailure();
+        std::unique_ptr<Preset> preset(new (kCounted) Preset);
         OBuffer<char> record(size + 8);
         if (!preset || record.GetSize() == 0) break;
         std::memcpy(record.GetData(), signature, sizeof signature);

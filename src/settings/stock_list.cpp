@@ -4,7 +4,6 @@
 #include <cstddef>
 #include <cstring>
 #include <memory>
-#include <new>
 
 #include "config/oregistry_transaction.h"
 #include "core/fixed_text.h"
@@ -62,7 +61,7 @@ StockList& StockList::operator=(const StockList& other) {
     NameList::operator=(other);
     Clear();
     for (const Stock* stock = other.GetNext(nullptr); stock; stock = other.GetNext(stock))
-        AddTail(new (std::nothrow) Stock(*stock));
+        AddTail(new (kCounted) Stock(*stock));
     model_ = other.model_;
     checksum_ = other.checksum_;
     whole_ = other.whole_;
@@ -71,11 +70,8 @@ StockList& StockList::operator=(const StockList& other) {
 
 void StockList::init(const prtmodel* model) {
     model_ = model;
-    Stock* stock = new (std::nothrow) Stock;
-    if (!stock) {
-        NoteAllocationFailure();
-        return;
-    }
+    Stock* stock = new (kCounted) Stock;
+    if (!stock) return;
     stock->width = model->GetDefaultLabelWidth().Microns();
     stock->length = model->GetDefaultLabelLength().Microns();
     stock->liner_left = stock->liner_right = model->GetLinerWidth().Microns();
@@ -105,8 +101,7 @@ int StockList::LoadForms(prtreg& registry, const OString& key) {
 }
 
 bool StockList::LoadForm(prtreg& registry, const OString& prefix) {
-    std::unique_ptr<Stock> stock(new (std::nothrow) Stock);
-    if (!stock) NoteAllocationFailure();
+    std::unique_ptr<Stock> stock(new (kCounted) Stock);
     return stock && stock->Load(registry, prefix) && AddTail(stock.release());
 }
 
@@ -147,7 +142,7 @@ bool StockList::Validate() {
 void StockList::RemoveDuplicates() {
     size_t count = 0;
     for (Stock* stock = GetNext(nullptr); stock; stock = GetNext(stock)) ++count;
-    const std::unique_ptr<Stock*[]> stocks(new (std::nothrow) Stock*[count]);
+    const std::unique_ptr<Stock*[]> stocks(new (kCounted) Stock*[count]);
     if (!stocks) return;
     size_t end = 0;
     for (Stock* stock = GetNext(nullptr); stock; stock = GetNext(stock)) stocks[end++] = stock;

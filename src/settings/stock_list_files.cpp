@@ -1,7 +1,6 @@
 // Stocks in settings files and in the binary files of old drivers.
 #include <cstring>
 #include <memory>
-#include <new>
 
 #include "core/base64.h"
 #include "core/memory.h"
@@ -51,8 +50,7 @@ int StockList::Import(OFile& file, int) {
     SettingsBlocks reader(file, kKind);
     while (const SettingsBlocks::Line line = reader.Read()) {
         if (line == SettingsBlocks::BLOCK_START) {
-            stock.reset(new (std::nothrow) Stock);
-            if (!stock) NoteAllocationFailure();
+            stock.reset(new (kCounted) Stock);
         } else if (!stock) {
             continue;
         } else if (line == SettingsBlocks::BLOCK_END) {
@@ -87,11 +85,8 @@ int StockList::ImportKFM1(OFile& file) {
     int stocks = 0;
     const auto whole = static_cast<int32_t>(size);
     while (file.Read(record.GetData(), whole) == whole) {
-        std::unique_ptr<Stock> stock(new (std::nothrow) Stock);
-        if (!stock) {
-            NoteAllocationFailure();
-            break;
-        }
+        std::unique_ptr<Stock> stock(new (kCounted) Stock);
+        if (!stock) break;
         record[size] = 0;
         stock->SetRecord(record.GetData(), sizeof(StockRecord));
         stock->SetName(record.GetData() + sizeof(StockRecord));

@@ -1,13 +1,12 @@
 #include "zpl/extmodel.h"
 
 #include <cstring>
-#include <new>
 
 #include "core/memory.h"
 
 // The framework knows that there is a printer language but not which; this is where it is chosen.
 prtmodel* prtmodel::new_ext(const PrinterInfo& printer) {
-    prtmodel* model = new (std::nothrow) extmodel;
+    prtmodel* model = new (kCounted) extmodel;
     if (model && !model->Initialize(printer)) {
         delete model;
         model = nullptr;

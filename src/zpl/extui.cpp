@@ -1,10 +1,10 @@
 #include "zpl/extui.h"
 
-#include <new>
+#include "core/memory.h"
 
 // The framework knows that there is a UI object but not of which printer language.
 prtui* prtui::new_ext() {
-    return new (std::nothrow) extui;
+    return new (kCounted) extui;
 }
 
 extui::~extui() = default;

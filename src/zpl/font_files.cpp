@@ -1,8 +1,8 @@
 #include "zpl/font_files.h"
 
 #include <memory>
-#include <new>
 
+#include "core/memory.h"
 #include "model/record_text.h"
 
 namespace {
@@ -38,7 +38,7 @@ void MatchFontFiles(const OStringArray& files, const OString& name, prtdttf_list
         }
         const char device = file.nstring()[0];
         if (device == kOwnFonts) continue;
-        std::unique_ptr<DownloadedFont> font(new (std::nothrow) DownloadedFont);
+        std::unique_ptr<DownloadedFont> font(new (kCounted) DownloadedFont);
         if (!font) continue;
         font->status = DownloadedFont::PRESENT;
         font->info.identifier[0] = fields[2].nstring()[0];

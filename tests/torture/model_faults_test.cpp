@@ -1,9 +1,11 @@
 // Printer models that are made while the registry cannot be read or memory is short.
 #include <memory>
+#include <utility>
 
 #include "driver/printer_info.h"
 #include "model/model_data_cache.h"
 #include "model/prtmodel.h"
+#include "model/resource_cache.h"
 #include "torture/fault_test.h"
 #include "torture/memory_faults.h"
 
@@ -11,13 +13,16 @@ namespace {
 
 class ModelFaults : public FaultTest {
 protected:
-    // What the model says that is made now; -1 without one.
-    static int32_t UnprintableWidth() {
+    // What the model that is made now knows of the registry and of the model data file.
+    static std::pair<int32_t, int> Facts() {
         const std::unique_ptr<prtmodel> model(prtmodel::new_ext(PrinterInfo("Dock 3")));
-        return model ? model->GetUnprintableWidth().Microns() : -1;
+        if (!model) return {};
+        return {model->GetUnprintableWidth().Microns(), model->GetXResolution()};
     }
 
-    static void ForgetRecords() {
+    static void Forget() {
+        OResourceCache::Free();
+        OResourceCache::Initialize();
         ModelDataCache::Free();
         ModelDataCache::Initialize();
     }
@@ -28,24 +33,28 @@ protected:
 TEST_F(ModelFaults, DoNotOutlastTheModelThatMeetsThem) {
     InstallPrinter();
     prtreg("Dock 3").SetDWORD("Settings:Unprintable Width", 2500);
-    ForgetRecords();
-    ASSERT_EQ(UnprintableWidth(), 2500);
-    int harmed = 0;
-    for (DWORD point = 1, happened = 1; happened; ++point) {
-        ForgetRecords();
-        win32host::PlanFault({.kinds = win32host::FAULT_REGISTRY_READ, .point = point});
-        harmed += UnprintableWidth() != 2500;
-        happened = win32host::FaultHappened();
-        win32host::ForgetFaults();
-        EXPECT_EQ(UnprintableWidth(), 2500) << "behind operation " << point;
+    Forget();
+    const std::pair whole(2500, 203);
+    ASSERT_EQ(Facts(), whole);
+    for (const DWORD kinds : {win32host::FAULT_REGISTRY_READ + 0, win32host::FAULT_FILES + 0}) {
+        int harmed = 0;
+        bool happened = true;
+        for (DWORD point = 1; happened; ++point) {
+            Forget();
+            win32host::PlanFault({.kinds = kinds, .point = point, .from_then = true});
+            harmed += Facts() != whole;
+            happened = win32host::FaultHappened();
+            win32host::ForgetFaults();
+            EXPECT_EQ(Facts(), whole) << "behind operation " << point << " of kinds " << kinds;
+        }
+        EXPECT_GT(harmed, 0) << kinds;
     }
-    EXPECT_GT(harmed, 0);
     for (DWORD point = 1, count = 1; point <= count; ++point) {
-        ForgetRecords();
+        Forget();
         FailAllocation(point, false);
-        UnprintableWidth();
+        Facts();
         count = AllocationCount();
         FailAllocation(0);
-        EXPECT_EQ(UnprintableWidth(), 2500) << "behind allocation " << point;
+        EXPECT_EQ(Facts(), whole) << "behind allocation " << point;
     }
 }
