@@ -281,6 +281,7 @@ void Store::ReadAhead(int64_t key) {
 LSTATUS Store::Write(int64_t key, std::u16string_view name, DWORD type, const BYTE* data,
                      size_t size) {
     MayFail(FAULT_REGISTRY_WRITE);
+    const bool written_before = written_;
     written_ = true;
     Query(database_, "INSERT INTO key_values (key, name, folded, type, data) "
                      "VALUES (?, ?, ?, ?, ?) ON CONFLICT (key, folded) "
@@ -292,6 +293,8 @@ LSTATUS Store::Write(int64_t key, std::u16string_view name, DWORD type, const BY
         .Bind(int64_t{type})
         .Bind(data, size)
         .Run();
+    // What was there already changes nothing of what is kept.
+    written_ = written_before || database_.WrittenRows() > 0;
     return ERROR_SUCCESS;
 }
 
