@@ -25,7 +25,8 @@ OResourceFile* OResourceCache::GetResourceFile(const OString& path) {
 
     const uint32_t failures = AllocationFailures();
     file = new (kCounted) OResourceFile(path);
-    if (file) file->Load(path);
+    if (!file) return nullptr;
+    file->Load(path);
     // With a part of the file every printer would lack something until the module is detached.
     if (AllocationFailures() != failures || !file->WasReadWhole()) {
         delete file;
