@@ -13,8 +13,8 @@
 #include <vector>
 
 #include "bench_host.h"
-#include "driver/open_printer.h"
-#include "driver/platform_flags.h"
+#include "spooler/open_printer.h"
+#include "spooler/platform_flags.h"
 #include "support/data_file_text.h"
 #include "zplui.h"
 

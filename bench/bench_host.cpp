@@ -9,9 +9,9 @@
 #include <filesystem>
 #include <fstream>
 
-#include "driver/driver_utility.h"
 #include "model/model_data_cache.h"
 #include "model/resource_cache.h"
+#include "spooler/driver_utility.h"
 
 namespace fs = std::filesystem;
 

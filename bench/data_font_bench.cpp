@@ -11,10 +11,10 @@
 #include <vector>
 
 #include "bench_host.h"
-#include "driver/printer_info.h"
 #include "fonts/data_font_bar_code.h"
 #include "fonts/data_font_manager.h"
 #include "model/prtmodel.h"
+#include "spooler/printer_info.h"
 #include "support/data_file_text.h"
 
 namespace {

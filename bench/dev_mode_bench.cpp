@@ -7,9 +7,9 @@
 #include <vector>
 
 #include "bench_host.h"
-#include "driver/printer_info.h"
 #include "model/prtmodel.h"
 #include "settings/dev_mode.h"
+#include "spooler/printer_info.h"
 #include "support/data_file_text.h"
 
 namespace {

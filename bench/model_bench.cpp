@@ -10,8 +10,8 @@
 #include <vector>
 
 #include "bench_host.h"
-#include "driver/printer_info.h"
 #include "model/prtmodel.h"
+#include "spooler/printer_info.h"
 #include "support/data_file_text.h"
 
 namespace {

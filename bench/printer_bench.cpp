@@ -17,13 +17,13 @@
 
 #include "bench_host.h"
 #include "core/fixed_text.h"
-#include "driver/open_printer.h"
-#include "driver/prtui.h"
 #include "fonts/char_masks.h"
 #include "fonts/font_sender.h"
 #include "model/record_text.h"
 #include "printer/prtstream.h"
+#include "spooler/open_printer.h"
 #include "support/data_file_text.h"
+#include "ui/prtui.h"
 #include "zpl/host_lists.h"
 
 namespace {

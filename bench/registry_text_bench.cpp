@@ -5,7 +5,7 @@
 #include <cstdlib>
 #include <filesystem>
 
-#include "config/oregistry.h"
+#include "registry/oregistry.h"
 
 namespace {
 

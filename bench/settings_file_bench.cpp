@@ -8,11 +8,11 @@
 #include <vector>
 
 #include "bench_host.h"
-#include "config/settings_file.h"
-#include "driver/platform_flags.h"
-#include "driver/printer_info.h"
 #include "model/prtmodel.h"
+#include "spooler/platform_flags.h"
+#include "spooler/printer_info.h"
 #include "support/data_file_text.h"
+#include "ui/settings_file.h"
 
 namespace {
 

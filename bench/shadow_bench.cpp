@@ -12,11 +12,11 @@
 #include <vector>
 
 #include "bench_host.h"
-#include "config/prtreg.h"
-#include "config/shadow_keys.h"
-#include "config/shadow_request.h"
-#include "config/shared_keys_text.h"
-#include "driver/platform_flags.h"
+#include "keys/prtreg.h"
+#include "keys/shadow_keys.h"
+#include "keys/shadow_request.h"
+#include "keys/shared_keys_text.h"
+#include "spooler/platform_flags.h"
 #include "support/data_file_text.h"
 
 namespace {

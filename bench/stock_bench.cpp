@@ -12,11 +12,11 @@
 #include <vector>
 
 #include "bench_host.h"
-#include "driver/platform_flags.h"
-#include "driver/printer_info.h"
 #include "model/prtmodel.h"
 #include "settings/preset_list.h"
 #include "settings/stock_list.h"
+#include "spooler/platform_flags.h"
+#include "spooler/printer_info.h"
 #include "support/data_file_text.h"
 
 namespace {

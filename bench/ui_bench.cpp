@@ -9,10 +9,10 @@
 #include <vector>
 
 #include "bench_host.h"
-#include "driver/platform_flags.h"
-#include "driver/prtui.h"
 #include "fonts/data_font_bar_code.h"
+#include "spooler/platform_flags.h"
 #include "support/data_file_text.h"
+#include "ui/prtui.h"
 #include "zplui.h"
 
 namespace {

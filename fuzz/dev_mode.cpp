@@ -6,10 +6,10 @@
 #include <memory>
 #include <vector>
 
-#include "config/prtconfig.h"
-#include "driver/printer_info.h"
 #include "settings/common_private_dm.h"
 #include "settings/dev_mode.h"
+#include "settings/prtconfig.h"
+#include "spooler/printer_info.h"
 #include "zpl/extconfig.h"
 #include "zpl/extmodel.h"
 #include "zplui.h"

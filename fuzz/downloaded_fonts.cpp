@@ -5,12 +5,12 @@
 #include <cstring>
 #include <string>
 
-#include "config/prtreg.h"
 #include "core/fixed_text.h"
 #include "fonts/font_settings.h"
 #include "fonts/prtdttf_list.h"
 #include "fuzz_host.h"
 #include "input.h"
+#include "keys/prtreg.h"
 #include "zpl/font_files.h"
 #include "zpl/host_lists.h"
 

@@ -12,12 +12,12 @@
 #include <memory>
 #include <string>
 
-#include "config/oregistry.h"
-#include "driver/driver_utility.h"
-#include "driver/printer_info.h"
 #include "model/model_data_cache.h"
 #include "model/prtmodel.h"
 #include "model/resource_cache.h"
+#include "registry/oregistry.h"
+#include "spooler/driver_utility.h"
+#include "spooler/printer_info.h"
 #include "support/data_file_text.h"
 
 // A model data file of one driver, "M", with bar codes and RFID. `properties` are more lines of its

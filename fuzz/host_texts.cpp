@@ -5,9 +5,9 @@
 #include <vector>
 
 #include "input.h"
-#include "labelhost/dev_mode_fields.h"
+#include "labelhost/commands/dev_mode_fields.h"
+#include "labelhost/commands/settings_text.h"
 #include "labelhost/fault.h"
-#include "labelhost/settings_text.h"
 #include "labelhost/text.h"
 
 namespace {

@@ -10,7 +10,7 @@
 #include "core/numbers.h"
 #include "input.h"
 #include "locale/prtlocale.h"
-#include "settings/measurement.h"
+#include "model/measurement.h"
 
 namespace {
 

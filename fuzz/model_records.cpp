@@ -6,9 +6,9 @@
 #include <memory>
 #include <string>
 
-#include "driver/printer_info.h"
 #include "model/model_data_cache.h"
 #include "model/resource_cache.h"
+#include "spooler/printer_info.h"
 #include "support/data_file_text.h"
 #include "zpl/extmodel.h"
 

@@ -5,10 +5,10 @@
 #include <cstdint>
 #include <string>
 
-#include "config/prtreg.h"
-#include "config/shared_keys_text.h"
 #include "fuzz_host.h"
 #include "input.h"
+#include "keys/prtreg.h"
+#include "keys/shared_keys_text.h"
 #include "qstmon/qstmon.h"
 
 namespace {

@@ -1,5 +1,5 @@
 // Any text as a file with options blocks.
-#include "settings/options_block.h"
+#include "model/options_block.h"
 
 #include <cstdlib>
 #include <string>

@@ -3,7 +3,7 @@
 #include <cstdint>
 
 #include "labelhost/fault.h"
-#include "labelhost/picture.h"
+#include "labelhost/png/picture.h"
 
 extern "C" int LLVMFuzzerTestOneInput(const uint8_t* data, size_t size) {
     constexpr int kMaxSide = 1000; // larger ones are slow and no different

@@ -4,10 +4,10 @@
 #include <cstring>
 #include <string>
 
-#include "config/oregistry_names.h"
-#include "config/prtreg.h"
 #include "fuzz_host.h"
 #include "input.h"
+#include "keys/prtreg.h"
+#include "registry/oregistry_names.h"
 
 namespace {
 

@@ -4,8 +4,8 @@
 #include <cstdlib>
 #include <cstring>
 
-#include "config/oregistry_text.h"
 #include "input.h"
+#include "registry/oregistry_text.h"
 
 namespace {
 

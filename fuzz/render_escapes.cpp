@@ -9,9 +9,9 @@
 #include <vector>
 
 #include "device.h"
-#include "driver/open_printer.h"
 #include "fuzz_host.h"
 #include "input.h"
+#include "spooler/open_printer.h"
 
 namespace {
 

@@ -4,8 +4,8 @@
 #include <cstring>
 #include <string>
 
-#include "config/settings_file.h"
 #include "fuzz_host.h"
+#include "ui/settings_file.h"
 
 namespace {
 

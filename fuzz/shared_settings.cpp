@@ -5,8 +5,8 @@
 #include <cstring>
 #include <string>
 
-#include "config/shadow_request.h"
-#include "config/shared_keys_text.h"
+#include "keys/shadow_request.h"
+#include "keys/shared_keys_text.h"
 
 namespace {
 

@@ -8,17 +8,17 @@
 #include <string_view>
 
 #include "cache_settings.h"
-#include "config/prtreg.h"
-#include "driver/open_printer.h"
 #include "fonts/data_font_manager.h"
 #include "fonts/prtdttf_list.h"
 #include "fuzz_host.h"
 #include "input.h"
+#include "keys/prtreg.h"
 #include "locale/prtlocale.h"
-#include "settings/driver_settings.h"
+#include "model/driver_settings.h"
 #include "settings/preset_list.h"
 #include "settings/scolor.h"
 #include "settings/stock_list.h"
+#include "spooler/open_printer.h"
 
 namespace {
 

@@ -8,9 +8,9 @@
 #include <string>
 #include <vector>
 
-#include "driver/copyright_years.h"
 #include "fuzz_host.h"
 #include "input.h"
+#include "ui/copyright_years.h"
 
 namespace {
 

@@ -2,10 +2,10 @@
 
 #include <mutex>
 
-#include "config/oregistry_names.h"
-#include "config/prtreg.h"
-#include "config/shadow_request.h"
-#include "config/shared_keys_text.h"
+#include "keys/prtreg.h"
+#include "keys/shadow_request.h"
+#include "keys/shared_keys_text.h"
+#include "registry/oregistry_names.h"
 
 namespace {
 

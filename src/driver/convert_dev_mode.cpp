@@ -6,10 +6,10 @@
 #include <cstring>
 #include <memory>
 
-#include "driver/open_printer.h"
-#include "driver/printer_info.h"
 #include "model/prtmodel.h"
 #include "settings/dev_mode.h"
+#include "spooler/open_printer.h"
+#include "spooler/printer_info.h"
 
 namespace {
 

@@ -2,7 +2,7 @@
 #include <algorithm>
 #include <cstring>
 
-#include "driver/prtui.h"
+#include "ui/prtui.h"
 #include "zplui.h"
 
 static_assert(DAL_ACTION_OFFERED == ACTION_OFFERED);

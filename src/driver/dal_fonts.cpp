@@ -7,10 +7,10 @@
 
 #include "core/fixed_text.h"
 #include "core/memory.h"
-#include "driver/prtui.h"
 #include "fonts/font_sender.h"
 #include "fonts/font_settings.h"
 #include "model/record_text.h"
+#include "ui/prtui.h"
 #include "zplui.h"
 
 static_assert(DAL_FONT_FOUND == DownloadedFontInfo::FOUND);

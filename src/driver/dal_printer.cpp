@@ -1,9 +1,9 @@
 // A printer's settings for programs without a user interface.
 #include <windows.h>
 
-#include "config/shadow_keys.h"
-#include "driver/printer_info.h"
-#include "driver/prtui.h"
+#include "keys/shadow_keys.h"
+#include "spooler/printer_info.h"
+#include "ui/prtui.h"
 #include "zplui.h"
 
 HANDLE WINAPI DAL_Printer_Open(HANDLE printer) {

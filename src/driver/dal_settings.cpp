@@ -1,5 +1,5 @@
 // A printer's stored settings, for programs without a user interface.
-#include "driver/prtui.h"
+#include "ui/prtui.h"
 #include "zplui.h"
 
 static_assert(DAL_SETTINGS_STOCKS == SETTINGS_STOCKS);

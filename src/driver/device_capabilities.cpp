@@ -3,9 +3,9 @@
 
 #include <memory>
 
-#include "driver/printer_info.h"
 #include "model/prtmodel.h"
 #include "settings/dev_mode.h"
+#include "spooler/printer_info.h"
 
 BOOL WINAPI DevQueryPrintEx(PDEVQUERYPRINT_INFO) {
     return TRUE;

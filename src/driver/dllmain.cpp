@@ -1,9 +1,9 @@
 #include "zplui.h"
 
-#include "driver/driver_utility.h"
-#include "driver/platform_flags.h"
 #include "model/model_data_cache.h"
 #include "model/resource_cache.h"
+#include "spooler/driver_utility.h"
+#include "spooler/platform_flags.h"
 
 BOOL WINAPI DllInitialize(HINSTANCE instance, DWORD reason, LPVOID) {
     switch (reason) {

@@ -1,6 +1,6 @@
 // What happens to documents: DrvDocumentEvent.
-#include "config/shadow_keys.h"
-#include "driver/printer_info.h"
+#include "keys/shadow_keys.h"
+#include "spooler/printer_info.h"
 #include "zplui.h"
 
 int WINAPI DrvDocumentEvent(HANDLE printer, HDC, int event, ULONG, PVOID, ULONG, PVOID) {

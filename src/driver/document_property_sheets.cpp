@@ -3,10 +3,10 @@
 
 #include <memory>
 
-#include "driver/printer_info.h"
 #include "driver/property_sheets.h"
 #include "model/prtmodel.h"
 #include "settings/dev_mode.h"
+#include "spooler/printer_info.h"
 
 namespace {
 

@@ -3,12 +3,12 @@
 
 #include <memory>
 
-#include "config/network_policy.h"
-#include "driver/open_printer.h"
-#include "driver/printer_info.h"
 #include "driver/version_check.h"
+#include "keys/network_policy.h"
 #include "model/prtmodel.h"
 #include "settings/dev_mode.h"
+#include "spooler/open_printer.h"
+#include "spooler/printer_info.h"
 
 namespace {
 

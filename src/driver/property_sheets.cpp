@@ -1,8 +1,8 @@
 #include "driver/property_sheets.h"
 
-#include "config/shadow_keys.h"
 #include "core/ascii.h"
-#include "driver/printer_info.h"
+#include "keys/shadow_keys.h"
+#include "spooler/printer_info.h"
 
 namespace {
 constexpr LONG NO_SHEETS = -1;

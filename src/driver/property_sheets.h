@@ -8,7 +8,7 @@
 #include <cstdint>
 #include <memory>
 
-#include "driver/prtui.h"
+#include "ui/prtui.h"
 
 // The UI object for a new sheet on a printer (`in` and `mode` as prtui::init takes them), after the
 // printer's server was asked for news. Null when there is no memory or no model: such a sheet would

@@ -2,7 +2,7 @@
 
 #include <winspool.h>
 
-#include "driver/platform_flags.h"
+#include "spooler/platform_flags.h"
 
 bool CheckWindowsVersion() {
     if (win2000) return true;

@@ -3,12 +3,12 @@
 #include <cstring>
 #include <memory>
 
-#include "config/oregistry_transaction.h"
 #include "core/crc.h"
 #include "core/memory.h"
 #include "fonts/data_font_bar_code.h"
 #include "fonts/data_font_rfid.h"
 #include "model/prtmodel.h"
+#include "registry/oregistry_transaction.h"
 
 namespace {
 

@@ -10,7 +10,6 @@
 #include "fonts/data_font_manager.h"
 #include "fonts/data_font_rfid.h"
 #include "model/prtmodel.h"
-#include "settings/install_defaults.h"
 #include "settings/settings_blocks.h"
 
 namespace {
@@ -126,13 +125,4 @@ int DataFontManager::ImportKBF1(OFile& file, const prtmodel* model) {
             kept += Keep(*this, std::move(font), model);
     }
     return kept;
-}
-
-// The printer model stands below its fonts.
-void prtmodel::InstallDefault_BarFonts() {
-    DataFontManager fonts;
-    InstallDefaults(fonts, *this, [&](OFile& file) {
-        fonts.ImportBarFont(file, this);
-        fonts.ImportRFID(file, this);
-    });
 }

@@ -2,8 +2,8 @@
 
 #include <cstring>
 
-#include "config/prtreg.h"
 #include "core/fixed_text.h"
+#include "keys/prtreg.h"
 #include "printer/prtstream.h"
 
 namespace {

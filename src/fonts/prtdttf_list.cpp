@@ -3,10 +3,10 @@
 #include <algorithm>
 #include <memory>
 
-#include "config/oregistry_transaction.h"
-#include "config/prtreg.h"
 #include "core/memory.h"
+#include "keys/prtreg.h"
 #include "model/prtmodel.h"
+#include "registry/oregistry_transaction.h"
 
 namespace {
 

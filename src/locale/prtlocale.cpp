@@ -2,12 +2,12 @@
 
 #include <cstring>
 
-#include "config/prtreg.h"
 #include "core/ascii.h"
 #include "core/ofile.h"
-#include "driver/driver_utility.h"
-#include "driver/printer_info.h"
+#include "keys/prtreg.h"
 #include "model/prtmodel.h"
+#include "spooler/driver_utility.h"
+#include "spooler/printer_info.h"
 
 namespace {
 

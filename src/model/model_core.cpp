@@ -5,12 +5,12 @@
 #include "core/base64.h"
 #include "core/memory.h"
 #include "core/obuffer.h"
-#include "driver/driver_utility.h"
-#include "driver/printer_info.h"
 #include "model/model_data_cache.h"
 #include "model/prtmodel.h"
 #include "model/record_text.h"
 #include "model/resource_cache.h"
+#include "spooler/driver_utility.h"
+#include "spooler/printer_info.h"
 
 namespace {
 

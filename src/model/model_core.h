@@ -3,9 +3,9 @@
 
 #include <memory>
 
-#include "config/prtreg.h"
 #include "core/ostring.h"
 #include "core/ostring_array.h"
+#include "keys/prtreg.h"
 #include "model/data_set.h"
 #include "model/model_records.h"
 #include "model/symbology_info.h"

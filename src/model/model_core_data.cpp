@@ -1,9 +1,9 @@
 // The model data and the records of versions and makers.
 #include <algorithm>
 
+#include "model/driver_settings.h"
 #include "model/model_core.h"
 #include "model/record_text.h"
-#include "settings/driver_settings.h"
 
 namespace {
 

@@ -8,7 +8,7 @@
 #include <cstddef>
 #include <cstdint>
 
-#include "settings/measurement.h"
+#include "model/measurement.h"
 
 // What the model is and can do; prtmodel answers most questions from it.
 struct KVModelData {

@@ -1,8 +1,8 @@
 #include "model/prtmodel.h"
 
 #include "core/memory.h"
+#include "model/driver_settings.h"
 #include "model/model_core.h"
-#include "settings/driver_settings.h"
 
 namespace {
 

@@ -6,13 +6,13 @@
 #include <cstdint>
 #include <memory>
 
-#include "config/prtreg.h"
 #include "core/oarray.h"
 #include "core/ostring.h"
 #include "core/ostring_array.h"
-#include "locale/code_page_list.h"
+#include "keys/prtreg.h"
+#include "model/code_page_list.h"
+#include "model/measurement.h"
 #include "model/model_records.h"
-#include "settings/measurement.h"
 
 class ModelCore;
 class PrinterInfo;
@@ -21,7 +21,13 @@ class PrinterInfo;
 // process and printer. Without a data file, table or key there are zeros and defaults: no
 // resolutions, no fonts, no bar codes. Belongs to the thread of its owner.
 //
-// The operations marked virtual are the printer language's to answer.
+// The operations marked virtual are the printer language's to answer. A few operations need what
+// stands in higher layers and are defined there, in files that are named after this class:
+//
+//   new_ext                                   zpl/extmodel.cpp
+//   InstallDefault_Stocks, EnumerateForms     settings/prtmodel_stocks.cpp
+//   InstallDefault_Presets                    settings/prtmodel_presets.cpp
+//   InstallDefault_BarFonts                   fonts/prtmodel_bar_fonts.cpp
 class prtmodel {
 public:
     // The model of a printer, in the language that the driver speaks; the caller owns it. Null
@@ -171,7 +177,7 @@ public:
 
     // Add the data fonts, presets and stocks of the driver's default settings file to the
     // printer's, in place of those of the same names. It lies beside the driver: GetOEM,
-    // "xxenu.kds". Nothing without it. Defined with the lists, in the layers above.
+    // "xxenu.kds". Nothing without it.
     void InstallDefault_BarFonts();
     void InstallDefault_Presets();
     void InstallDefault_Stocks();
@@ -198,7 +204,7 @@ protected:
 private:
     const KVModelData& Data() const;
 
-    // DC_PAPERS, DC_PAPERSIZE and DC_PAPERNAMES. Defined with StockList, in the layer above.
+    // DC_PAPERS, DC_PAPERSIZE and DC_PAPERNAMES.
     uint32_t EnumerateForms(uint16_t capability, unsigned char* output) const;
 
     const std::unique_ptr<ModelCore> core_; // null only when memory is short

@@ -3,8 +3,8 @@
 #include <cstring>
 
 #include "core/fixed_text.h"
-#include "driver/printer_info.h"
 #include "model/prtmodel.h"
+#include "spooler/printer_info.h"
 
 namespace {
 

@@ -1,8 +1,8 @@
 #include "printer/parallel_port_mode.h"
 
-#include "config/oregistry.h"
 #include "core/windows_version.h"
 #include "printer/port_info.h"
+#include "registry/oregistry.h"
 
 namespace {
 

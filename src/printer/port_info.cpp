@@ -6,10 +6,10 @@
 #include <cstring>
 #include <iterator>
 
-#include "config/oregistry.h"
 #include "core/oarray.h"
 #include "core/obuffer.h"
 #include "printer/parallel_port_mode.h"
+#include "registry/oregistry.h"
 
 namespace {
 

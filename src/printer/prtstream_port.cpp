@@ -1,8 +1,8 @@
 // The printer's port, as the status monitor knows it.
 #include <windows.h>
 
-#include "config/prtreg.h"
 #include "core/windows_version.h"
+#include "keys/prtreg.h"
 #include "model/prtmodel.h"
 #include "printer/prtstream.h"
 #include "printer/ui_printer.h"

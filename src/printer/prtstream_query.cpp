@@ -1,12 +1,12 @@
 // Queries: questions to the printer, which the status monitor asks.
 #include <windows.h>
 
-#include "config/oregistry.h"
-#include "config/prtreg.h"
 #include "core/windows_version.h"
-#include "driver/driver_utility.h"
+#include "keys/prtreg.h"
 #include "printer/prtstream.h"
 #include "printer/ui_printer.h"
+#include "registry/oregistry.h"
+#include "spooler/driver_utility.h"
 
 namespace {
 

@@ -7,10 +7,10 @@
 #include "core/crc.h"
 #include "core/fixed_text.h"
 #include "core/memory.h"
-#include "driver/platform_flags.h"
 #include "settings/common_private_dm.h"
 #include "settings/public_part.h"
 #include "settings/stock.h"
+#include "spooler/platform_flags.h"
 
 // ---- The buffer ---------------------------------------------------------------------------------
 

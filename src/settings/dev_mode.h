@@ -5,7 +5,7 @@
 
 #include <cstdint>
 
-#include "config/prtconfig.h"
+#include "settings/prtconfig.h"
 
 class prtmodel;
 class Stock;

@@ -1,11 +1,6 @@
-// What the driver's default settings file gives a new printer. The printer model stands below its
-// stocks and presets; these operations of it belong to both.
 #include "settings/install_defaults.h"
 
-#include "driver/driver_utility.h"
-#include "model/prtmodel.h"
-#include "settings/preset_list.h"
-#include "settings/stock_list.h"
+#include "spooler/driver_utility.h"
 
 namespace {
 
@@ -20,14 +15,4 @@ bool OpenDefaultSettings(OFile& file, const prtmodel& model) {
     if (!OFile::Exists(name) || !file.Open(name, OFILE_READ)) return false;
     file.SetCodePage(UTF8);
     return true;
-}
-
-void prtmodel::InstallDefault_Presets() {
-    PresetList presets;
-    InstallDefaults(presets, *this, [&](OFile& file) { presets.Import(file, this); });
-}
-
-void prtmodel::InstallDefault_Stocks() {
-    StockList stocks(this);
-    InstallDefaults(stocks, *this, [&](OFile& file) { stocks.Import(file, 0); });
 }

@@ -2,8 +2,8 @@
 
 #include <algorithm>
 
-#include "config/oregistry_names.h"
 #include "core/ostring_array.h"
+#include "registry/oregistry_names.h"
 
 void GetStoredEntries(prtreg& registry, const OString& key, int first, int last,
                       OString (*key_name)(int), OTypedArray<int>& numbers) {

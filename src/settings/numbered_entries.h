@@ -3,8 +3,8 @@
 
 #include <cstdint>
 
-#include "config/prtreg.h"
 #include "core/oarray.h"
+#include "keys/prtreg.h"
 
 // Fills `numbers` with those of the entries from `first` to `last` of which the key (its path with
 // the separator behind it) has a value, in order. `key_name(i)` is what the names of the values of

@@ -5,9 +5,9 @@
 
 #include <cstdint>
 
-#include "config/prtreg.h"
 #include "core/name_list.h"
 #include "core/obuffer.h"
+#include "keys/prtreg.h"
 #include "settings/dev_mode.h"
 
 class prtmodel;

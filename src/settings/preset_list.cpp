@@ -3,10 +3,10 @@
 #include <algorithm>
 #include <memory>
 
-#include "config/oregistry_transaction.h"
 #include "core/memory.h"
 #include "core/oarray.h"
 #include "model/prtmodel.h"
+#include "registry/oregistry_transaction.h"
 #include "settings/numbered_entries.h"
 
 namespace {

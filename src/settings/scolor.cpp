@@ -2,7 +2,7 @@
 
 #include <algorithm>
 
-#include "config/prtreg.h"
+#include "keys/prtreg.h"
 #include "model/prtmodel.h"
 
 namespace {

@@ -6,8 +6,8 @@
 #include <cstddef>
 #include <cstdint>
 
-#include "config/prtreg.h"
 #include "core/name_list.h"
+#include "keys/prtreg.h"
 
 class prtmodel;
 

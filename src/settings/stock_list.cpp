@@ -5,13 +5,13 @@
 #include <cstring>
 #include <memory>
 
-#include "config/oregistry_transaction.h"
 #include "core/fixed_text.h"
 #include "core/memory.h"
-#include "driver/platform_flags.h"
 #include "model/prtmodel.h"
+#include "registry/oregistry_transaction.h"
 #include "settings/numbered_entries.h"
 #include "settings/public_part.h"
+#include "spooler/platform_flags.h"
 
 namespace {
 
@@ -249,19 +249,4 @@ int StockList::enum_paper_name(WCHAR* output) const {
         if (output)
             PutFixedText(output + ptrdiff_t{count} * FORM_NAME, stock->GetName(), FORM_NAME);
     return count;
-}
-
-// The spooler asks the printer model, which stands below its stocks.
-uint32_t prtmodel::EnumerateForms(uint16_t capability, unsigned char* output) const {
-    StockList stocks(this);
-    stocks.Load(this);
-    void* const items = output;
-    switch (capability) {
-    case DC_PAPERS:
-        return static_cast<uint32_t>(stocks.enum_paper_id(static_cast<uint16_t*>(items)));
-    case DC_PAPERSIZE:
-        return static_cast<uint32_t>(stocks.enum_paper_size(static_cast<POINT*>(items)));
-    default:
-        return static_cast<uint32_t>(stocks.enum_paper_name(static_cast<WCHAR*>(items)));
-    }
 }

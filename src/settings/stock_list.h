@@ -5,8 +5,8 @@
 
 #include <cstdint>
 
-#include "config/prtreg.h"
 #include "core/ofile.h"
+#include "keys/prtreg.h"
 #include "settings/stock.h"
 
 // The user's own stock at the head and the others behind it by name. Those that the printer can

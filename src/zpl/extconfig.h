@@ -1,8 +1,8 @@
 // The driver configuration of ZPL II printers.
 #pragma once
 
-#include "config/prtconfig.h"
 #include "model/model_records.h"
+#include "settings/prtconfig.h"
 
 class extstream;
 

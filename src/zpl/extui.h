@@ -1,7 +1,7 @@
 // The UI object of ZPL II printers.
 #pragma once
 
-#include "driver/prtui.h"
+#include "ui/prtui.h"
 #include "zpl/extstream.h"
 
 // What is done to a memory of the printer.

@@ -3,9 +3,9 @@
 
 #include "companions/emulator_test.h"
 
-#include "config/network_policy.h"
-#include "config/prtreg.h"
-#include "driver/open_printer.h"
+#include "keys/network_policy.h"
+#include "keys/prtreg.h"
+#include "spooler/open_printer.h"
 
 #include <filesystem>
 #include <fstream>

@@ -8,10 +8,10 @@
 #include <filesystem>
 #include <string>
 
-#include "config/prtreg.h"
-#include "config/shadow_keys.h"
-#include "config/shadow_request.h"
-#include "config/shared_keys_text.h"
+#include "keys/prtreg.h"
+#include "keys/shadow_keys.h"
+#include "keys/shadow_request.h"
+#include "keys/shared_keys_text.h"
 #include "support/build_folders.h"
 #include "support/printer_test.h"
 

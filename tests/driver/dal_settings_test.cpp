@@ -1,6 +1,6 @@
 // The settings interface for programs.
-#include "driver/prtui.h"
 #include "support/job_test.h"
+#include "ui/prtui.h"
 #include "zplui.h"
 
 namespace {

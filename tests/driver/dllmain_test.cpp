@@ -3,10 +3,10 @@
 #include <memory>
 #include <tuple>
 
-#include "driver/driver_utility.h"
-#include "driver/platform_flags.h"
 #include "model/model_data_cache.h"
 #include "model/resource_cache.h"
+#include "spooler/driver_utility.h"
+#include "spooler/platform_flags.h"
 #include "support/staged_driver_test.h"
 #include "zplui.h"
 

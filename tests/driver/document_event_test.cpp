@@ -3,7 +3,7 @@
 
 #include <win32host/clock_control.h>
 
-#include "config/prtreg.h"
+#include "keys/prtreg.h"
 #include "support/printer_test.h"
 
 namespace {

@@ -3,8 +3,8 @@
 #include <random>
 #include <vector>
 
-#include "driver/open_printer.h"
-#include "driver/printer_info.h"
+#include "spooler/open_printer.h"
+#include "spooler/printer_info.h"
 #include "support/dev_mode_test.h"
 #include "support/staged_driver_test.h"
 #include "zplui.h"

@@ -4,10 +4,10 @@
 #include <string>
 #include <vector>
 
-#include "driver/driver_utility.h"
-#include "driver/prtui.h"
+#include "spooler/driver_utility.h"
 #include "support/build_folders.h"
 #include "support/staged_driver_test.h"
+#include "ui/prtui.h"
 #include "zplui.h"
 
 namespace {

@@ -4,12 +4,12 @@
 
 #include <string>
 
-#include "driver/driver_utility.h"
-#include "driver/platform_flags.h"
-#include "driver/printer_info.h"
-#include "settings/driver_settings.h"
+#include "model/driver_settings.h"
 #include "settings/preset_list.h"
 #include "settings/stock_list.h"
+#include "spooler/driver_utility.h"
+#include "spooler/platform_flags.h"
+#include "spooler/printer_info.h"
 #include "support/dev_mode_test.h"
 #include "zplui.h"
 

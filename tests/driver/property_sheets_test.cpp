@@ -5,10 +5,10 @@
 #include <utility>
 #include <vector>
 
-#include "driver/copyright_years.h"
-#include "driver/printer_info.h"
+#include "spooler/printer_info.h"
 #include "support/dev_mode_test.h"
 #include "support/job_test.h"
+#include "ui/copyright_years.h"
 #include "zplui.h"
 
 namespace {

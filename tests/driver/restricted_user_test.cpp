@@ -7,11 +7,11 @@
 #include <regex>
 #include <set>
 
-#include "config/network_policy.h"
-#include "config/user_info.h"
-#include "driver/prtui.h"
+#include "keys/network_policy.h"
+#include "keys/user_info.h"
 #include "support/build_folders.h"
 #include "support/job_test.h"
+#include "ui/prtui.h"
 #include "zplui.h"
 
 namespace {

@@ -7,7 +7,7 @@
 #include <win32host/control.h>
 #include <winspool.h>
 
-#include "driver/platform_flags.h"
+#include "spooler/platform_flags.h"
 #include "support/printer_test.h"
 
 using VersionCheck = PrinterTest;

@@ -5,9 +5,9 @@
 #include <string>
 
 #include "core/crc.h"
-#include "driver/driver_utility.h"
 #include "fonts/data_font_bar_code.h"
 #include "fonts/data_font_rfid.h"
+#include "spooler/driver_utility.h"
 #include "support/model_test.h"
 
 namespace {

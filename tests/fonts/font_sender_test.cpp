@@ -7,10 +7,10 @@
 #include <memory>
 
 #include "core/fixed_text.h"
-#include "driver/prtui.h"
 #include "model/record_text.h"
 #include "printer/prtstream.h"
 #include "support/job_test.h"
+#include "ui/prtui.h"
 
 namespace {
 

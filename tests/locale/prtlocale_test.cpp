@@ -5,10 +5,10 @@
 
 #include <win32host/control.h>
 
-#include "config/prtreg.h"
-#include "driver/driver_utility.h"
-#include "driver/printer_info.h"
+#include "keys/prtreg.h"
 #include "model/prtmodel.h"
+#include "spooler/driver_utility.h"
+#include "spooler/printer_info.h"
 #include "support/build_folders.h"
 #include "support/printer_test.h"
 

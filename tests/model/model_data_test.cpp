@@ -5,8 +5,8 @@
 #include <cstring>
 #include <vector>
 
+#include "model/driver_settings.h"
 #include "model/model_data_cache.h"
-#include "settings/driver_settings.h"
 #include "support/data_file_text.h"
 #include "support/model_test.h"
 

@@ -4,8 +4,8 @@
 #include <tuple>
 #include <utility>
 
-#include "driver/printer_info.h"
 #include "model/model_data_cache.h"
+#include "spooler/printer_info.h"
 #include "support/model_test.h"
 
 namespace {

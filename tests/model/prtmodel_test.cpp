@@ -7,8 +7,8 @@
 #include <utility>
 #include <vector>
 
-#include "driver/printer_info.h"
-#include "settings/driver_settings.h"
+#include "model/driver_settings.h"
+#include "spooler/printer_info.h"
 #include "support/model_test.h"
 
 namespace {

@@ -3,11 +3,11 @@
 #include <cstring>
 #include <memory>
 
-#include "driver/prtui.h"
 #include "printer/cache_contents.h"
 #include "printer/cache_settings.h"
 #include "printer/prtstream.h"
 #include "support/job_test.h"
+#include "ui/prtui.h"
 
 namespace {
 

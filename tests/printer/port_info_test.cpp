@@ -3,10 +3,10 @@
 
 #include <vector>
 
-#include "config/oregistry.h"
-#include "driver/driver_utility.h"
-#include "driver/prtui.h"
+#include "registry/oregistry.h"
+#include "spooler/driver_utility.h"
 #include "support/model_test.h"
+#include "ui/prtui.h"
 #include "win32host/control.h"
 
 namespace {

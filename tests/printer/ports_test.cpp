@@ -1,9 +1,9 @@
 // What the module makes of the status monitor's answers about the printer's port.
 #include <memory>
 
-#include "driver/prtui.h"
 #include "printer/prtstream.h"
 #include "support/job_test.h"
+#include "ui/prtui.h"
 #include "win32host/clock_control.h"
 #include "win32host/control.h"
 

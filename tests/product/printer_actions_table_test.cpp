@@ -6,7 +6,7 @@
 #include <set>
 #include <sstream>
 
-#include "driver/printer_info.h"
+#include "spooler/printer_info.h"
 #include "support/build_folders.h"
 #include "support/job_test.h"
 #include "support/program.h"

@@ -6,12 +6,12 @@
 #include <set>
 #include <sstream>
 
-#include "driver/printer_info.h"
 #include "fonts/data_font_bar_code.h"
 #include "fonts/data_font_manager.h"
 #include "model/symbology_info.h"
 #include "settings/preset_list.h"
 #include "settings/stock_list.h"
+#include "spooler/printer_info.h"
 #include "support/build_folders.h"
 #include "support/model_test.h"
 #include "support/program.h"

@@ -4,9 +4,9 @@
 #include <string>
 
 #include "core/crc.h"
-#include "driver/platform_flags.h"
-#include "driver/printer_info.h"
 #include "settings/common_private_dm.h"
+#include "spooler/platform_flags.h"
+#include "spooler/printer_info.h"
 #include "support/dev_mode_test.h"
 
 namespace {

@@ -5,9 +5,9 @@
 #include <memory>
 #include <tuple>
 
-#include "driver/printer_info.h"
 #include "model/model_data_cache.h"
 #include "model/prtmodel.h"
+#include "spooler/printer_info.h"
 #include "support/printer_test.h"
 
 namespace {

@@ -1,10 +1,10 @@
 #include "support/model_test.h"
 
 #include "core/base64.h"
-#include "driver/driver_utility.h"
-#include "driver/printer_info.h"
 #include "model/model_data_cache.h"
 #include "model/resource_cache.h"
+#include "spooler/driver_utility.h"
+#include "spooler/printer_info.h"
 #include "support/data_file_text.h"
 
 std::string ModelDataFile(const ModelTables& tables) {

@@ -4,7 +4,7 @@
 
 #include <filesystem>
 
-#include "driver/platform_flags.h"
+#include "spooler/platform_flags.h"
 
 namespace fs = std::filesystem;
 

@@ -4,7 +4,7 @@
 
 #include <filesystem>
 
-#include "config/prtreg.h"
+#include "keys/prtreg.h"
 #include "support/build_folders.h"
 
 namespace {

@@ -9,17 +9,17 @@
 
 #include <nlohmann/json.hpp>
 
-#include "config/network_policy.h"
-#include "config/shadow_keys.h"
-#include "driver/prtui.h"
 #include "driver/version_check.h"
+#include "keys/network_policy.h"
+#include "keys/shadow_keys.h"
+#include "model/driver_settings.h"
 #include "printer/cache_settings.h"
 #include "printer/prtstream.h"
-#include "settings/driver_settings.h"
 #include "settings/scolor.h"
 #include "support/build_folders.h"
 #include "support/job_test.h"
 #include "support/program.h"
+#include "ui/prtui.h"
 #include "win32host/control.h"
 
 namespace {

@@ -8,7 +8,7 @@
 #include <set>
 #include <thread>
 
-#include "driver/open_printer.h"
+#include "spooler/open_printer.h"
 #include "support/build_folders.h"
 #include "support/program.h"
 #include "support/staged_driver_test.h"

@@ -2,10 +2,10 @@
 #include <memory>
 #include <utility>
 
-#include "driver/printer_info.h"
 #include "model/model_data_cache.h"
 #include "model/prtmodel.h"
 #include "model/resource_cache.h"
+#include "spooler/printer_info.h"
 #include "torture/fault_test.h"
 #include "torture/memory_faults.h"
 

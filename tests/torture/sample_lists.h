@@ -5,8 +5,8 @@
 
 #include <cstdio>
 
-#include "driver/prtui.h"
 #include "fonts/data_font_bar_code.h"
+#include "ui/prtui.h"
 
 // Gives every list the entries of a version; those that it shares with the other one differ.
 inline void MakeLists(prtui& ui, int version) {

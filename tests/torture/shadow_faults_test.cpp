@@ -3,7 +3,7 @@
 
 #include <filesystem>
 
-#include "config/shadow_keys.h"
+#include "keys/shadow_keys.h"
 #include "support/build_folders.h"
 #include "torture/fault_test.h"
 

@@ -12,8 +12,8 @@
 
 #include "core/base64.h"
 #include "core/obuffer.h"
-#include "driver/open_printer.h"
 #include "settings/stock.h"
+#include "spooler/open_printer.h"
 #include "zplui.h"
 
 namespace {

@@ -4,8 +4,8 @@
 #include <functional>
 #include <memory>
 
-#include "driver/prtui.h"
 #include "support/job_test.h"
+#include "ui/prtui.h"
 
 namespace {
 

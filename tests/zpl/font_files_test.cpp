@@ -1,10 +1,10 @@
 // Downloaded fonts in a ZPL II printer: letters, memories, and what the printer says it has.
 #include "zpl/font_files.h"
 
-#include "driver/prtui.h"
 #include "fonts/font_settings.h"
 #include "model/record_text.h"
 #include "support/job_test.h"
+#include "ui/prtui.h"
 
 namespace {
 

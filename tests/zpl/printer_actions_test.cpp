@@ -6,7 +6,7 @@
 #include <functional>
 #include <memory>
 
-#include "driver/driver_utility.h"
+#include "spooler/driver_utility.h"
 #include "support/build_folders.h"
 #include "support/job_test.h"
 #include "zpl/extconfig.h"

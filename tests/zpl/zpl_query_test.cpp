@@ -4,10 +4,10 @@
 
 #include <win32host/clock_control.h>
 
-#include "config/oregistry.h"
-#include "config/prtreg.h"
-#include "driver/open_printer.h"
+#include "keys/prtreg.h"
 #include "printer/ui_printer.h"
+#include "registry/oregistry.h"
+#include "spooler/open_printer.h"
 #include "support/printer_test.h"
 #include "zpl/extstream.h"
 

@@ -2,7 +2,7 @@
 
 #include "core/fixed_text.h"
 #include "default_fonts.h"
-#include "settings/measurement.h"
+#include "model/measurement.h"
 #include "settings/preset_list.h"
 #include "settings/stock_list.h"
 #include "text.h"

@@ -4,7 +4,7 @@
 #include "labelhost.h"
 
 #include "fault.h"
-#include "machine.h"
+#include "machine/machine.h"
 
 #include <cstdio>
 #include <exception>

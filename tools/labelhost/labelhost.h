@@ -1,7 +1,7 @@
 // The program behind its way in, which differs from system to system.
 #pragma once
 
-#include "commands.h"
+#include "commands/commands.h"
 
 // Runs the command that the words of the command line (UTF-8, without the program's name) ask for;
 // answers the exit status.

@@ -16,10 +16,10 @@
 #include <cstdlib>
 #include <string>
 
-#include "driver/driver_utility.h"
-#include "driver/platform_flags.h"
 #include "model/model_data_cache.h"
 #include "model/resource_cache.h"
+#include "spooler/driver_utility.h"
+#include "spooler/platform_flags.h"
 #include "torture/sample_lists.h"
 #include "zplui.h"
 

@@ -1,0 +1,75 @@
+#include "spooler/spooler_dev_mode.h"
+
+#include <algorithm>
+#include <cstddef>
+#include <cstring>
+
+#include "core/ostring.h"
+
+namespace {
+
+struct Sizes {
+    uint16_t public_part = 0;
+    uint16_t private_part = 0;
+};
+
+// dmSize and dmDriverExtra lie at `offset`. False when the DEVMODE cannot be what they say.
+bool ReadSizes(const void* dev_mode, size_t available, size_t offset, Sizes& sizes) {
+    const size_t end = offset + sizeof sizes;
+    if (!dev_mode || available < end) return false;
+    std::memcpy(&sizes, static_cast<const unsigned char*>(dev_mode) + offset, sizeof sizes);
+    return sizes.public_part >= end && size_t{sizes.public_part} + sizes.private_part <= available;
+}
+
+// Converts a name of `size` bytes, terminated or not, to as many characters with their terminator.
+void WidenName(unsigned char* wide, const unsigned char* ansi, size_t size) {
+    char text[CCHDEVICENAME + 1] = {};
+    std::memcpy(text, ansi, size);
+    const OString name(text);
+    const WCHAR* units = name.wstring();
+    const size_t length = std::min(static_cast<size_t>(name.wlen()), size - 1);
+    std::memcpy(wide, units, length * sizeof(WCHAR));
+}
+
+} // namespace
+
+OBuffer<unsigned char> CopyDevMode(const DEVMODEW* dev_mode, size_t available) {
+    OBuffer<unsigned char> copy;
+    Sizes sizes;
+    if (!ReadSizes(dev_mode, available, offsetof(DEVMODEW, dmSize), sizes)) return copy;
+    copy.Assign(reinterpret_cast<const unsigned char*>(dev_mode),
+                uint32_t{sizes.public_part} + sizes.private_part);
+    return copy;
+}
+
+OBuffer<unsigned char> CopyDevMode(const DEVMODEA* dev_mode, size_t available) {
+    // The layouts differ in the two names only: what lies between and behind them moves.
+    constexpr size_t Between = offsetof(DEVMODEA, dmSpecVersion);
+    constexpr size_t Form = offsetof(DEVMODEA, dmFormName);
+    constexpr size_t Behind = offsetof(DEVMODEA, dmLogPixels);
+    constexpr size_t WideBetween = offsetof(DEVMODEW, dmSpecVersion);
+    constexpr size_t WideForm = offsetof(DEVMODEW, dmFormName);
+    constexpr size_t WideBehind = offsetof(DEVMODEW, dmLogPixels);
+    static_assert(CCHDEVICENAME == CCHFORMNAME && WideForm - WideBetween == Form - Between);
+
+    OBuffer<unsigned char> copy;
+    Sizes sizes;
+    if (!ReadSizes(dev_mode, available, offsetof(DEVMODEA, dmSize), sizes)) return copy;
+    const auto* ansi = reinterpret_cast<const unsigned char*>(dev_mode);
+    const size_t size = sizes.public_part;
+    const size_t form_size = std::clamp(size, Form, Behind) - Form;
+    const size_t wide_size = size + WideBetween - Between + form_size;
+    if (wide_size > UINT16_MAX) return copy;
+    if (!copy.SetSize(static_cast<uint32_t>(wide_size + sizes.private_part))) return copy;
+
+    unsigned char* wide = copy.GetData();
+    std::memset(wide, 0, wide_size);
+    WidenName(wide, ansi, CCHDEVICENAME);
+    std::memcpy(wide + WideBetween, ansi + Between, std::min(size, Form) - Between);
+    if (form_size > 0) WidenName(wide + WideForm, ansi + Form, form_size);
+    if (size > Behind) std::memcpy(wide + WideBehind, ansi + Behind, size - Behind);
+    std::memcpy(wide + wide_size, ansi + size, sizes.private_part);
+    const auto public_part = static_cast<uint16_t>(wide_size);
+    std::memcpy(wide + offsetof(DEVMODEW, dmSize), &public_part, sizeof public_part);
+    return copy;
+}

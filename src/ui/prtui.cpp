@@ -1,0 +1,120 @@
+#include "ui/prtui.h"
+
+#include "core/crc.h"
+#include "core/memory.h"
+#include "keys/network_policy.h"
+#include "keys/shadow_keys.h"
+#include "spooler/printer_info.h"
+
+namespace {
+
+// Texts in the language library.
+enum : int {
+    CURRENT_SETTINGS_NAME = 4102,
+    DEFAULT_SETTINGS_NAME = 4103,
+    CURRENT_SETTINGS_DESCRIPTION = 4104,
+    DEFAULT_SETTINGS_DESCRIPTION = 4105,
+    START_ON_LAST_PAGE = 9990, // "Y" or "N"
+};
+
+} // namespace
+
+prtui::~prtui() = default;
+
+void prtui::init(HANDLE printer, const DEVMODEW* in, uint32_t mode) {
+    fmode = mode;
+    hprinter = printer;
+
+    const uint32_t failures = AllocationFailures();
+    const PrinterInfo info(printer);
+    printer_name = info.GetPrinterName();
+    port_name = info.GetPortName();
+    driver_name = info.GetDriverName();
+    model.reset(prtmodel::new_ext(info));
+    if (!model) return;
+    devmode.CreateDefault(model.get());
+    devmode.Merge(info.GetDevMode(), model.get());
+    if (mode & DM_IN_BUFFER) devmode.Merge(in, model.get());
+    InitEx();
+    is_whole = model->WasReadWhole() && AllocationFailures() == failures;
+}
+
+void prtui::InitEx() {
+    if (const DEVMODEW* settings = devmode.GetDevMode()) {
+        devmode_crc = CRC32(settings, uint32_t{settings->dmSize} + settings->dmDriverExtra, 0);
+        devmode_saved.Create();
+        devmode.CopyTo(devmode_saved.GetDevMode());
+    }
+    locale.Load(model->GetRegistry(), model.get());
+    presets.Load(model.get());
+    AddBuiltInPresets();
+    stocks.init(model.get());
+    stocks.Load(model.get());
+    restricted = !NetworkPolicy(model->GetPrinterName()).MayChange();
+    fonts.Load(model.get());
+    data_fonts.Load(model.get());
+    start_on_last = locale.GetString(START_ON_LAST_PAGE) == "Y";
+}
+
+void prtui::ChooseFontSettings(CFontSettings*) {}
+
+bool prtui::VerifyFonts(prtpage*) {
+    return false;
+}
+
+void prtui::AdjustFontInfo(DownloadedFontInfo*) {}
+
+void prtui::Settings_Load() {
+    if (!model) return;
+    CreateShadow(PrinterInfo(hprinter).GetPrinterName());
+    presets.Load(model.get());
+    stocks.Load(model.get());
+    fonts.Load(model.get());
+    data_fonts.Load(model.get());
+}
+
+bool prtui::Settings_Save() {
+    if (!model || restricted || !is_whole) return false;
+    presets.Save(model.get());
+    stocks.Save(model.get());
+    const bool fonts_stored = fonts.Save(model.get());
+    // Saved unchanged they would undo what others have changed meanwhile.
+    if (data_fonts.IsModified()) data_fonts.Save(model.get());
+    if (commit_shadow) CommitShadow(PrinterInfo(hprinter).GetPrinterName());
+    return presets.IsStored() && stocks.IsStored() && fonts_stored && !data_fonts.IsModified();
+}
+
+void prtui::Settings_Export(const WCHAR* file, int contents, KDSettingsResult* result) {
+    KDSettingsResult written = {};
+    if (model && file)
+        written = ExportSettingsFile(file, contents, {*model, stocks, presets, data_fonts});
+    if (result) *result = written;
+}
+
+void prtui::Settings_Import(const WCHAR* file, int contents, KDSettingsResult* result) {
+    KDSettingsResult read = {};
+    if (model && file && !restricted)
+        read = ImportSettingsFile(file, contents, {*model, stocks, presets, data_fonts});
+    if (result) *result = read;
+}
+
+void prtui::AddBuiltInPresets() {
+    const auto add = [this](Preset::BuiltIn kind, int32_t priority, int name, int description) {
+        auto* preset = new (kCounted) Preset;
+        if (!preset) return;
+        preset->SetBuiltIn(kind);
+        preset->SetPriority(priority);
+        if (kind == Preset::CURRENT_SETTINGS)
+            preset->SetDevMode(devmode.GetDevMode());
+        else
+            preset->SetToDefaultDevMode(model.get());
+        preset->SetName(locale.GetString(name));
+        preset->SetDescription(locale.GetString(description));
+        presets.AddTail_ReplaceName(preset);
+    };
+    add(Preset::CURRENT_SETTINGS, Preset::CURRENT_SETTINGS_PRIORITY, CURRENT_SETTINGS_NAME,
+        CURRENT_SETTINGS_DESCRIPTION);
+    add(Preset::DEFAULT_SETTINGS, Preset::DEFAULT_SETTINGS_PRIORITY, DEFAULT_SETTINGS_NAME,
+        DEFAULT_SETTINGS_DESCRIPTION);
+    presets.Sort();
+}

@@ -1,0 +1,258 @@
+#include "model/driver_settings.h"
+
+#include <gmock/gmock.h>
+
+#include <fstream>
+#include <iterator>
+#include <string>
+
+#include "spooler/printer_info.h"
+#include "support/printer_test.h"
+
+namespace {
+
+class DriverSettingsTest : public PrinterTest {
+protected:
+    DriverSettingsTest() {
+        EXPECT_TRUE(AddDriver("Model 1", "zplqv.ddt"));
+        for (const char* name : {"Dock3", "Dock4"}) EXPECT_TRUE(AddPrinter(name, "Model 1"));
+        settings.Load(prtreg("Dock3"));
+    }
+
+    // Whether the printer has any stored settings.
+    static bool HasSettings(const char* printer) {
+        return prtreg(printer).GetKeyInfo("Settings:", nullptr, nullptr);
+    }
+
+    // Exports the settings of a printer to a file of their own.
+    static void Export(const OString& printer, const char* path) {
+        DriverSettings source;
+        source.Load(prtreg(printer));
+        OFile file(path, OFILE_WRITE);
+        file.SetCodePage(1208);
+        EXPECT_TRUE(source.Export(file, "Model 1"));
+    }
+
+    static bool Import(const OString& printer, const char* path, const char* model = "Model 1") {
+        DriverSettings target;
+        target.Load(prtreg(printer));
+        OFile file(path, OFILE_READ);
+        file.SetCodePage(1208);
+        return target.Import(file, model);
+    }
+
+    std::string ReadFile(const char* path) {
+        std::ifstream file(OnDriveC(path), std::ios::binary);
+        return std::string(std::istreambuf_iterator<char>(file), {});
+    }
+
+    DriverSettings settings;
+};
+
+} // namespace
+
+TEST_F(DriverSettingsTest, OfAFreshPrinterAreTheDefaults) {
+    EXPECT_EQ(settings.GetEscapeCharacter(), '^');
+    EXPECT_STREQ(settings.GetLogDir().nstring(), "");
+    EXPECT_TRUE(settings.GetFixBarFontsInOffice() && settings.ShowIcon());
+    EXPECT_FALSE(settings.GetDisableCopiesLimit() || settings.OverrideSpecifications() ||
+                 settings.MonitorStatus() || settings.ShowOnError());
+    const int32_t numbers[] = {settings.GetXResolution(),          settings.GetWriteTimeout(),
+                               settings.GetJobCompleteTimeout(),   settings.GetQueryInterval(),
+                               settings.GetTransponderOffset(),    settings.GetRetriesPerLabel(),
+                               settings.GetMaximumInvalidLabels(), settings.GetActionOnError()};
+    EXPECT_THAT(numbers, testing::ElementsAre(0, 30000, 30000, 1000, 0, 5, 0, 1));
+    for (const bool monitored : {false, true}) {
+        settings.SetMonitorStatus(monitored);
+        EXPECT_EQ(settings.QueryBeforeJob(), monitored);
+        EXPECT_FALSE(settings.VerifyJobComplete());
+    }
+    settings.SetVerifyJobComplete(true);
+    EXPECT_TRUE(settings.VerifyJobComplete());
+    settings.SetMonitorStatus(false);
+    EXPECT_FALSE(settings.VerifyJobComplete()) << "what is not monitored is not queried";
+}
+
+TEST_F(DriverSettingsTest, KeepEveryNumberUnderItsName) {
+    const struct {
+        const char* path;
+        void (DriverSettings::*set)(int32_t);
+        int32_t (DriverSettings::*get)();
+    } numbers[] = {
+#define NUMBER(path, name) {path, &DriverSettings::Set##name, &DriverSettings::Get##name}
+        NUMBER("Specifications/X Resolution", XResolution),
+        NUMBER("Specifications/Y Resolution", YResolution),
+        NUMBER("Specifications/Printable Width", PrintableWidth),
+        NUMBER("Specifications/Tracking", Tracking),
+        NUMBER("Specifications/Minimum Page Width", PaperWidthMin),
+        NUMBER("Specifications/Maximum Page Width", PaperWidthMax),
+        NUMBER("Specifications/Minimum Page Length", PaperLengthMin),
+        NUMBER("Specifications/Maximum Page Length", PaperLengthMax),
+        NUMBER("Status/Write Timeout", WriteTimeout),
+        NUMBER("Status/Job Complete Timeout", JobCompleteTimeout),
+        NUMBER("Status/Query Interval", QueryInterval),
+        NUMBER("RFID/Transponder Offset", TransponderOffset),
+        NUMBER("RFID/Retries Per Label", RetriesPerLabel),
+        NUMBER("RFID/Maximum Invalid Labels", MaximumInvalidLabels),
+        NUMBER("RFID/Failure Action", ActionOnError)
+#undef NUMBER
+    };
+    for (int32_t i = 0; i < static_cast<int32_t>(std::size(numbers)); ++i)
+        (settings.*numbers[i].set)(-100 - i);
+    settings.Save(prtreg("Dock3"));
+
+    prtreg registry("Dock3");
+    DriverSettings fresh;
+    fresh.Load(registry);
+    for (int32_t i = 0; i < static_cast<int32_t>(std::size(numbers)); ++i) {
+        EXPECT_EQ((settings.*numbers[i].get)(), -100 - i) << numbers[i].path;
+        EXPECT_EQ((fresh.*numbers[i].get)(), -100 - i) << numbers[i].path;
+        uint32_t type = 0;
+        EXPECT_TRUE(registry.GetInfo(OString("Settings:") << numbers[i].path, nullptr, &type));
+        EXPECT_EQ(type, static_cast<uint32_t>(REG_DWORD)) << numbers[i].path;
+    }
+}
+
+TEST_F(DriverSettingsTest, KeepEveryFlagUnderItsName) {
+    const struct {
+        const char* path;
+        void (DriverSettings::*set)(bool);
+        bool (DriverSettings::*get)();
+    } flags[] = {
+#define FLAG(path, set, get) {path, &DriverSettings::set, &DriverSettings::get}
+        FLAG("Disable Copies Limit", SetDisableCopiesLimit, GetDisableCopiesLimit),
+        FLAG("Data Fonts/Office Compatibility", SetFixBarFontsInOffice, GetFixBarFontsInOffice),
+        FLAG("Specifications/Override", OverrideSpecifications, OverrideSpecifications),
+        FLAG("Logging/Logging", SetLogging, GetLogging),
+        FLAG("Logging/Overwrite Files", SetOverwriteFile, GetOverwriteFile),
+        FLAG("Logging/Print Code Recording", SetGenerateFile, GetGenerateFile),
+        FLAG("Status/Query Before Job", SetQueryBeforeJob, QueryBeforeJob),
+        FLAG("Status/Verify Job Complete", SetVerifyJobComplete, VerifyJobComplete),
+        FLAG("Status/Show On Error", SetShowOnError, ShowOnError),
+        FLAG("Status/System Tray Icon", SetShowIcon, ShowIcon)
+#undef FLAG
+    };
+    settings.SetMonitorStatus(true);
+    for (const bool on : {true, false}) {
+        for (const auto& flag : flags) (settings.*flag.set)(on);
+        settings.Save(prtreg("Dock3"));
+        prtreg registry("Dock3");
+        DriverSettings fresh;
+        fresh.Load(registry);
+        for (const auto& flag : flags) {
+            EXPECT_EQ((fresh.*flag.get)(), on) << flag.path;
+            uint32_t size = 0;
+            EXPECT_TRUE(registry.GetInfo(OString("Settings:") << flag.path, &size, nullptr));
+            EXPECT_EQ(size, 1u) << flag.path;
+        }
+    }
+}
+
+TEST_F(DriverSettingsTest, KeepTexts) {
+    settings.SetEscapeCharacter('+');
+    settings.SetLogDir("C:\\Logs");
+    settings.SetLogFile(TEXT("\x20AC.log"));
+    settings.Save(prtreg("Dock3"));
+    settings.Load(prtreg("Dock3"));
+    EXPECT_EQ(settings.GetEscapeCharacter(), '+');
+    EXPECT_STREQ(settings.GetLogDir().nstring(), "C:\\Logs");
+    EXPECT_TRUE(settings.GetLogFile() == OString(TEXT("\x20AC.log")));
+
+    // An empty text is no character: the default holds, however often it is asked for.
+    prtreg("Dock3").SetString("Settings:Function Character", "");
+    settings.Load(prtreg("Dock3"));
+    EXPECT_EQ(settings.GetEscapeCharacter(), '^');
+    EXPECT_EQ(settings.GetEscapeCharacter(), '^');
+}
+
+TEST_F(DriverSettingsTest, AreWrittenOnlyWhenTheyWereSet) {
+    EXPECT_EQ(settings.GetQueryInterval(), 1000);
+    settings.ShowIcon();
+    settings.GetLogDir();
+    settings.Save(prtreg("Dock3"));
+    EXPECT_FALSE(HasSettings("Dock3"));
+
+    settings.SetQueryInterval(settings.GetQueryInterval());
+    EXPECT_FALSE(HasSettings("Dock3")) << "before Save";
+    settings.Save(prtreg("Dock3"));
+    EXPECT_EQ(prtreg("Dock3").GetDWORD("Settings:Status/Query Interval", 0), 1000u);
+    EXPECT_EQ(prtreg("Dock3").GetSize("Settings:Status/System Tray Icon"), -1);
+
+    // What was set stays marked, but not beyond the next Load.
+    prtreg("Dock3").SetDWORD("Settings:Status/Query Interval", 7);
+    settings.Save(prtreg("Dock3"));
+    EXPECT_EQ(prtreg("Dock3").GetDWORD("Settings:Status/Query Interval", 0), 1000u);
+    settings.Load(prtreg("Dock3"));
+    prtreg("Dock3").SetDWORD("Settings:Status/Query Interval", 7);
+    EXPECT_EQ(settings.GetQueryInterval(), 7);
+    prtreg("Dock3").SetDWORD("Settings:Status/Query Interval", 8);
+    EXPECT_EQ(settings.GetQueryInterval(), 7) << "read once until the next Load";
+    settings.Save(prtreg("Dock3"));
+    EXPECT_EQ(prtreg("Dock3").GetDWORD("Settings:Status/Query Interval", 0), 8u);
+}
+
+TEST_F(DriverSettingsTest, AreSavedToThePrinterTheyWereLoadedFor) {
+    prtreg("Dock3").SetDWORD("Settings:a/b/c", 1);
+    OFile file("C:\\options.txt", OFILE_WRITE);
+    settings.SetRetriesPerLabel(9);
+    EXPECT_TRUE(settings.Export(file, "Model 1"));
+    settings.Save(prtreg("Dock4"));
+    EXPECT_EQ(prtreg("Dock3").GetDWORD("Settings:RFID/Retries Per Label", 0), 9u);
+    EXPECT_FALSE(HasSettings("Dock4"));
+}
+
+TEST_F(DriverSettingsTest, WithoutAPrinterAreTheDefaults) {
+    DriverSettings none;
+    EXPECT_EQ(none.GetQueryInterval(), 1000);
+    none.SetQueryInterval(5);
+    EXPECT_EQ(none.GetQueryInterval(), 5);
+    none.Save(prtreg("Dock3"));
+    EXPECT_FALSE(HasSettings("Dock3"));
+    OFile file("C:\\none.txt", OFILE_WRITE);
+    EXPECT_FALSE(none.Export(file, "Model 1"));
+    EXPECT_FALSE(none.Import(file, "Model 1"));
+}
+
+TEST_F(DriverSettingsTest, TravelToAnotherPrinterOfTheModel) {
+    const std::string blob(200, '\x5A');
+    prtreg source("Dock3");
+    source.SetBinary("Settings:Blob", blob.data(), static_cast<uint32_t>(blob.size()));
+    source.SetString("Settings:Logging/Directory", TEXT("C:\\\x4E00 \"x\""));
+    source.SetDWORD("Settings:a/b/c", 0x12345678);
+    prtreg("Dock4").SetDWORD("Settings:Status/Query Interval", 5);
+
+    Export("Dock3", "C:\\options.txt");
+    const std::string text = ReadFile("options.txt");
+    EXPECT_EQ(text.find("Dock3"), std::string::npos);
+    EXPECT_EQ(text.rfind("<options model='Model 1'>\r\n[DATA:\\Settings]\r\n", 0), 0u) << text;
+    EXPECT_NE(text.find("\r\n</options>\r\n\r\n"), std::string::npos);
+
+    EXPECT_FALSE(Import("Dock4", "C:\\options.txt", "Model 2"));
+    EXPECT_EQ(prtreg("Dock4").GetDWORD("Settings:Status/Query Interval", 0), 5u);
+
+    EXPECT_TRUE(Import("Dock4", "C:\\options.txt"));
+    prtreg target("Dock4");
+    std::string copy(blob.size(), '\0');
+    EXPECT_EQ(target.GetBinary("Settings:Blob", copy.data(), static_cast<uint32_t>(copy.size())),
+              static_cast<int32_t>(copy.size()));
+    EXPECT_EQ(copy, blob);
+    EXPECT_TRUE(target.GetString("Settings:Logging/Directory", "") ==
+                OString(TEXT("C:\\\x4E00 \"x\"")));
+    EXPECT_EQ(target.GetDWORD("Settings:a/b/c", 0), 0x12345678u);
+    EXPECT_EQ(target.GetSize("Settings:Status/Query Interval"), -1) << "replaced as a whole";
+    EXPECT_EQ(prtreg("Dock3").GetDWORD("Settings:a/b/c", 0), 0x12345678u);
+}
+
+TEST_F(DriverSettingsTest, OfAPrinterWithAnUnusualNameTravelToo) {
+    const OString name(TEXT("A: 100%/\x4E00 [x]"));
+    ASSERT_TRUE(AddPrinter(name, "Model 1"));
+    prtreg(name).SetDWORD("Settings:Status/Query Interval", 77);
+    Export(name, "C:\\options.txt");
+    const std::string text = ReadFile("options.txt");
+    EXPECT_EQ(text.rfind("<options model='Model 1'>\r\n[DATA:\\Settings]", 0), 0u) << text;
+    prtreg(name).SetDWORD("Settings:Status/Query Interval", 1);
+    for (const OString& target : {OString("Dock4"), name}) {
+        EXPECT_TRUE(Import(target, "C:\\options.txt"));
+        EXPECT_EQ(prtreg(target).GetDWORD("Settings:Status/Query Interval", 0), 77u);
+    }
+}

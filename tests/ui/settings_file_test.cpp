@@ -1,0 +1,242 @@
+#include "ui/settings_file.h"
+
+#include <cstring>
+#include <new>
+#include <string>
+
+#include "fonts/data_font_bar_code.h"
+#include "fonts/data_font_rfid.h"
+#include "model/driver_settings.h"
+#include "support/dev_mode_test.h"
+
+namespace {
+
+constexpr char kFile[] = "C:\\settings.kds";
+
+class SettingsFiles : public DevModeTest {
+protected:
+    SettingsFiles() {
+        Install(Model1());
+        model_ = Model();
+        stocks_.init(model_.get());
+    }
+
+    static ModelTables Model1(const char* rfid = "~RFID.TagTypes=EPC64\n") {
+        ModelTables tables = Tables("Stock.Maximum.X=110 mm\nStock.Maximum.Y=990 mm\n");
+        tables.model += rfid;
+        tables.barcode = "Code128=yes\n";
+        return tables;
+    }
+
+    void AddFonts() {
+        auto* bar = new (std::nothrow) DataFont_BarCode;
+        bar->SetFontName("Bars");
+        bar->change_symbology(3);
+        fonts_.AddTail(bar);
+        auto* rfid = new (std::nothrow) DataFont_RFID;
+        rfid->SetFontName("Tags");
+        rfid->SetDefaults(DataFont_RFID::EPC_64);
+        fonts_.AddTail(rfid);
+    }
+    void AddStock(const char* name) {
+        auto* stock = new (std::nothrow) Stock;
+        stock->SetName(name);
+        stock->width = 50000;
+        stock->length = 25000;
+        stocks_.AddTail(stock);
+    }
+    void AddPreset(const char* name) {
+        auto* preset = new (std::nothrow) Preset;
+        preset->SetName(name);
+        preset->SetToDefaultDevMode(model_.get());
+        presets_.AddTail_ReplaceName(preset);
+    }
+    static void SetOffset(int32_t offset) {
+        DriverSettings options;
+        options.Load(Registry());
+        options.SetTransponderOffset(offset);
+        options.Save(Registry());
+    }
+    static int32_t Offset() {
+        DriverSettings options;
+        options.Load(Registry());
+        return options.GetTransponderOffset();
+    }
+
+    SettingsFileLists Lists() { return {*model_, stocks_, presets_, fonts_}; }
+    std::string Exported(int flags) { return Told(ExportSettingsFile(kFile, flags, Lists())); }
+    std::string Imported(int flags) { return Told(ImportSettingsFile(kFile, flags, Lists())); }
+    std::string Imported(const std::string& bytes, int flags) {
+        WriteFile("settings.kds", bytes);
+        return Imported(flags);
+    }
+
+    // "stocks presets bar fonts RFID fonts options"
+    static std::string Told(const KDSettingsResult& result) {
+        std::string text;
+        for (const int number : {int{result.stocks}, int{result.presets}, int{result.bar_fonts},
+                                 int{result.rfid_fonts}, int{result.options}})
+            text += (text.empty() ? "" : " ") + std::to_string(number);
+        return text;
+    }
+    // The names of stocks, presets and fonts.
+    std::string Lists_() const {
+        std::string text;
+        for (const Stock* s = stocks_.GetNext(nullptr); s; s = stocks_.GetNext(s))
+            text += Text(s->GetName()) + ' ';
+        text += "| ";
+        for (const Preset* p = presets_.GetNext(nullptr); p; p = presets_.GetNext(p))
+            text += Text(p->GetName()) + ' ';
+        text += "| ";
+        for (int i = 0; i < fonts_.GetSize(); ++i) text += Text(fonts_[i]->GetFontName()) + ' ';
+        return text;
+    }
+    // The tags and keys of a file.
+    std::string Shape() const {
+        std::string shape, line;
+        for (const char c : BytesOf(OnDriveC("settings.kds"))) {
+            if (c != '\n') {
+                line += c;
+                continue;
+            }
+            shape += line.substr(0, line.find_first_of("=\r")) + '|';
+            line.clear();
+        }
+        return shape + line;
+    }
+
+    std::unique_ptr<extmodel> model_;
+    StockList stocks_;
+    PresetList presets_;
+    DataFontManager fonts_;
+};
+
+} // namespace
+
+TEST_F(SettingsFiles, HaveTheirHeadAndWhatWasAskedForInOrder) {
+    AddStock("4 x 6");
+    AddStock("Tag");
+    AddPreset("Draft");
+    SetOffset(7);
+    AddFonts();
+    EXPECT_EQ(Exported(SETTINGS_RFID_FONTS | SETTINGS_BAR_FONTS), "0 0 1 1 0");
+    EXPECT_EQ(Shape(), "<driver version||<font type|Name|Data|</font>||<font type|Name|Data|"
+                       "</font>||");
+    EXPECT_EQ(Exported(SETTINGS_PRESETS | SETTINGS_STOCKS), "2 1 0 0 0");
+    const std::string stock = "<stock>|Name|Data|</stock>||";
+    EXPECT_EQ(Shape(),
+              "<driver version||" + stock + stock + "<preset>|Name|Description|Data|</preset>||");
+    EXPECT_EQ(BytesOf(OnDriveC("settings.kds")).substr(0, 29), "<driver version='6.6'>\r\n\r\n<st");
+    // A shorter file replaces a longer one.
+    EXPECT_EQ(Exported(SETTINGS_OPTIONS), "0 0 0 0 1");
+    EXPECT_EQ(Shape().substr(0, 34), "<driver version||<options model|[D");
+    EXPECT_EQ(Exported(0), "0 0 0 0 0");
+    EXPECT_EQ(Shape(), "<driver version||");
+    EXPECT_EQ(Told(ExportSettingsFile("C:\\no\\such\\folder.kds", 0x10F, Lists())), "0 0 0 0 0");
+}
+
+TEST_F(SettingsFiles, BringBackWhatWasExported) {
+    AddStock(reinterpret_cast<const char*>("Caf\xE9"));
+    AddPreset("Draft");
+    AddFonts();
+    SetOffset(7);
+    EXPECT_EQ(Exported(0x10F), "1 1 1 1 1");
+    EXPECT_NE(BytesOf(OnDriveC("settings.kds")).find("Name=Caf\xC3\xA9\r\n"), std::string::npos)
+        << "files are UTF-8";
+    stocks_.Clear();
+    presets_.Clear();
+    fonts_.Clear();
+    SetOffset(9);
+    EXPECT_EQ(Imported(SETTINGS_PRESETS), "0 1 0 0 0");
+    EXPECT_EQ(Lists_(), "| Draft | ");
+    EXPECT_EQ(Offset(), 9);
+    EXPECT_EQ(Imported(0x10F), "1 1 1 1 1");
+    EXPECT_EQ(Lists_(), "Caf\xE9 | Draft | Bars Tags ");
+    EXPECT_EQ(Offset(), 7);
+}
+
+TEST_F(SettingsFiles, HaveNoRfidFontsWhereThePrinterHasNoRfid) {
+    AddFonts();
+    Exported(SETTINGS_RFID_FONTS);
+    const std::string with = BytesOf(OnDriveC("settings.kds"));
+    Replace(Model1(""));
+    model_ = Model();
+    stocks_.init(model_.get());
+    EXPECT_EQ(Exported(SETTINGS_RFID_FONTS), "0 0 0 0 0");
+    EXPECT_EQ(Imported(with, 0x10F), "0 0 0 0 0");
+}
+
+TEST_F(SettingsFiles, ForAnotherModelBringNoDriverSettings) {
+    const uint32_t mark = Registry().GetDWORD("DATA:Model Synchronization", 0);
+    const std::string head = "<driver version='6.6'>\r\n\r\n<options model='";
+    const std::string body = "'>\r\n[DATA:\\Settings\\RFID]\r\n\"Transponder Offset\"="
+                             "dword:00000005\r\n</options>\r\n";
+    EXPECT_EQ(Imported(head + "Model 2" + body, SETTINGS_OPTIONS), "0 0 0 0 0");
+    EXPECT_EQ(Offset(), 0);
+    EXPECT_EQ(Registry().GetDWORD("DATA:Model Synchronization", 0), mark);
+    EXPECT_EQ(Imported(head + "Model 1" + body, SETTINGS_OPTIONS), "0 0 0 0 1");
+    EXPECT_EQ(Offset(), 5);
+    EXPECT_NE(Registry().GetDWORD("DATA:Model Synchronization", 0), mark)
+        << "they may change what the model can do";
+}
+
+TEST_F(SettingsFiles, OfOtherKindsAreReadWhenTheirKindIsAskedFor) {
+    StockRecord record = {50000, 25000, 0, 0, 0, 0, 0};
+    std::string kfm1 = std::string("KFM1") + std::string("\x20\0\0\0", 4);
+    kfm1.append(reinterpret_cast<const char*>(&record), sizeof record).append("Tag\0", 4);
+    DevMode settings;
+    settings.CreateDefault(model_.get());
+    const uint32_t size =
+        uint32_t{settings.GetDevMode()->dmSize} + settings.GetDevMode()->dmDriverExtra;
+    std::string kpr1 = std::string("DM32").append(reinterpret_cast<const char*>(&size), 4);
+    kpr1.append(reinterpret_cast<const char*>(settings.GetDevMode()), size);
+
+    DataFont_BarCode font;
+    font.SetFontName("Bars");
+    font.change_symbology(3);
+    DataFontStorage_BarCode blob;
+    font.Save(blob);
+    const std::string kbf1 =
+        std::string("KBF1\xA8\0\0\0", 8).append(reinterpret_cast<const char*>(&blob), sizeof blob);
+
+    const struct {
+        const char* what;
+        std::string bytes;
+        int flags;
+        const char* result;
+    } cases[] = {
+        {"stocks", kfm1, SETTINGS_STOCKS, "1 0 0 0 0"},
+        {"stocks for presets", kfm1, SETTINGS_PRESETS | SETTINGS_OPTIONS, "0 0 0 0 0"},
+        {"presets", kpr1, 0x10F, "0 1 0 0 0"},
+        {"fonts", kbf1, SETTINGS_BAR_FONTS, "0 0 1 0 0"},
+        {"fonts for fonts of another kind", kbf1, SETTINGS_RFID_FONTS, "0 0 0 0 0"},
+        {"presets for stocks", kpr1, SETTINGS_STOCKS, "0 0 0 0 0"},
+        {"no head", "\r\n<stock>\r\nName=a\r\n</stock>\r\n", 0x10F, "0 0 0 0 0"},
+        {"three bytes", "<dr", 0x10F, "0 0 0 0 0"},
+        {"nothing", "", 0x10F, "0 0 0 0 0"},
+    };
+    for (const auto& c : cases) EXPECT_EQ(Imported(c.bytes, c.flags), c.result) << c.what;
+    // One preset alone is named as its file.
+    EXPECT_EQ(Lists_(), "USER Tag | settings | Bars ");
+}
+
+TEST_F(SettingsFiles, OfAnyLengthWithAnyLineEndsAreRead) {
+    AddStock("Tag");
+    Exported(SETTINGS_STOCKS);
+    std::string block = BytesOf(OnDriveC("settings.kds"));
+    block = block.substr(block.find("<stock>"));
+    std::string text = "<driver version='6.6'>\n<fish>\r\n<stock>\nName=not closed\r\r\n";
+    for (int i = 0; i < 100000; ++i) text += i % 2 ? "Name=x\n" : "Weight=1\r\n";
+    text += "</fish>\r\n" + block;
+    text += block.substr(0, block.size() - 4); // the last line has no end
+    stocks_.Clear();
+    EXPECT_EQ(Imported(text, SETTINGS_STOCKS), "2 0 0 0 0");
+    EXPECT_EQ(Lists_(), "Tag | | ");
+    // Only the first bytes say what a file is.
+    EXPECT_EQ(Imported("\xEF\xBB\xBF" + text, SETTINGS_STOCKS), "0 0 0 0 0");
+}
+
+TEST_F(SettingsFiles, ThatAreNotThereAreNotMade) {
+    EXPECT_EQ(Imported(0x10F), "0 0 0 0 0");
+    EXPECT_FALSE(OFile::Exists(kFile));
+}

@@ -1,7 +1,0 @@
-#include "commands.h"
-#include "fault.h"
-
-void DemoCommand(const Words& /*words*/) {
-    throw Fault("the demo needs machines of its own; on Windows, labelhost works on the machine "
-                "that it runs on");
-}

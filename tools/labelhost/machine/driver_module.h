@@ -1,0 +1,26 @@
+// The configuration module of a printer's driver, loaded for calls that the spooler has no function
+// for.
+#pragma once
+
+#include "machine/printer.h"
+
+class DriverModule {
+public:
+    // Throws Fault when it cannot be loaded.
+    explicit DriverModule(const std::string& printer);
+    ~DriverModule();
+    DriverModule(const DriverModule&) = delete;
+    DriverModule& operator=(const DriverModule&) = delete;
+
+    // An exported function. Throws Fault when there is none of that name.
+    template <class Function>
+    Function Export(const char* name) const {
+        return reinterpret_cast<Function>(reinterpret_cast<void (*)()>(Find(name)));
+    }
+
+private:
+    FARPROC Find(const char* name) const;
+
+    const std::string printer_;
+    HMODULE module_;
+};
