@@ -6,8 +6,9 @@
 #include <string>
 
 #include "core/base64.h"
+#include "target.h"
 
-extern "C" int LLVMFuzzerTestOneInput(const uint8_t* data, size_t size) {
+FUZZ_TARGET(base64)(const uint8_t* data, size_t size) {
     OBuffer<char> bytes;
     bytes.Assign(reinterpret_cast<const char*>(data), static_cast<uint32_t>(size));
 

@@ -4,8 +4,9 @@
 #include <cstdlib>
 
 #include "printer/cache_contents.h"
+#include "target.h"
 
-extern "C" int LLVMFuzzerTestOneInput(const uint8_t* data, size_t size) {
+FUZZ_TARGET(cache_description)(const uint8_t* data, size_t size) {
     CacheContents contents;
     contents.Take(data, static_cast<uint32_t>(size));
     const int count = contents.GetSize();

@@ -8,6 +8,7 @@
 #include "fuzz_host.h"
 #include "input.h"
 #include "settings/dev_mode.h"
+#include "target.h"
 #include "zplui.h"
 
 namespace {
@@ -56,7 +57,7 @@ void CheckConvert(DEVMODEW* source, std::vector<uint8_t> made, Sizes sizes, DWOR
 
 } // namespace
 
-extern "C" int LLVMFuzzerTestOneInput(const uint8_t* data, size_t size) {
+FUZZ_TARGET(convert_dev_mode)(const uint8_t* data, size_t size) {
     static const FuzzHost host(UsualModelData());
     Input input(data, size);
     const DWORD mode = kModes[input.Number() % std::size(kModes)];

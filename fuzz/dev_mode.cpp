@@ -10,6 +10,7 @@
 #include "settings/dev_mode.h"
 #include "settings/prtconfig.h"
 #include "spooler/printer_info.h"
+#include "target.h"
 #include "zpl/extconfig.h"
 #include "zpl/extmodel.h"
 #include "zplui.h"
@@ -36,7 +37,7 @@ std::vector<uint8_t> Owned(const uint8_t* data, size_t size) {
 
 } // namespace
 
-extern "C" int LLVMFuzzerTestOneInput(const uint8_t* data, size_t size) {
+FUZZ_TARGET(dev_mode)(const uint8_t* data, size_t size) {
     std::vector<uint8_t> bytes = Owned<DEVMODE32>(data, size);
     auto* source = reinterpret_cast<DEVMODEW*>(bytes.data());
 

@@ -8,6 +8,7 @@
 #include <vector>
 
 #include "imaging/dither_engine.h"
+#include "target.h"
 #include "zplui.h"
 
 namespace {
@@ -23,7 +24,7 @@ size_t PixelBytes(const ImageDither& record) {
 
 } // namespace
 
-extern "C" int LLVMFuzzerTestOneInput(const uint8_t* data, size_t size) {
+FUZZ_TARGET(dither)(const uint8_t* data, size_t size) {
     if (size < kFields) return 0;
     ImageDither record;
     std::memcpy(&record.width, data, kFields);

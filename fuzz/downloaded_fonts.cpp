@@ -11,6 +11,7 @@
 #include "fuzz_host.h"
 #include "input.h"
 #include "keys/prtreg.h"
+#include "target.h"
 #include "zpl/font_files.h"
 #include "zpl/host_lists.h"
 
@@ -36,7 +37,7 @@ std::string RecordsOf(const prtdttf_list& fonts) {
 
 } // namespace
 
-extern "C" int LLVMFuzzerTestOneInput(const uint8_t* data, size_t size) {
+FUZZ_TARGET(downloaded_fonts)(const uint8_t* data, size_t size) {
     static const FuzzHost host(UsualModelData());
     prtreg registry(host.Model()->GetRegistry());
     Input input(data, size);

@@ -11,6 +11,7 @@
 #include "input.h"
 #include "locale/prtlocale.h"
 #include "model/measurement.h"
+#include "target.h"
 
 namespace {
 
@@ -27,7 +28,7 @@ void CheckLocale(const prtlocale& locale, const OString& text) {
 
 } // namespace
 
-extern "C" int LLVMFuzzerTestOneInput(const uint8_t* data, size_t size) {
+FUZZ_TARGET(length_texts)(const uint8_t* data, size_t size) {
     Input input(data, size);
     const size_t choice = input.Number();
     const std::string bytes = input.Rest();

@@ -10,6 +10,7 @@
 #include "model/resource_cache.h"
 #include "spooler/printer_info.h"
 #include "support/data_file_text.h"
+#include "target.h"
 #include "zpl/extmodel.h"
 
 namespace {
@@ -21,7 +22,7 @@ void CheckText(const char (&field)[N]) {
 
 } // namespace
 
-extern "C" int LLVMFuzzerTestOneInput(const uint8_t* data, size_t size) {
+FUZZ_TARGET(model_records)(const uint8_t* data, size_t size) {
     // Every table has the same properties, so that one input reaches all readers.
     const std::string text = "[.default]\nDrawing=Drawing:A\nMethod=Method:A\nFont=Font:A\n"
                              "BarCode=BarCode:A\nFeatures=Features:A\n~CustomData=~CustomData:A\n"

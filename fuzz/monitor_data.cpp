@@ -10,6 +10,7 @@
 #include "keys/prtreg.h"
 #include "keys/shared_keys_text.h"
 #include "qstmon/qstmon.h"
+#include "target.h"
 
 namespace {
 
@@ -30,7 +31,7 @@ uint32_t Forbidden() {
 
 } // namespace
 
-extern "C" int LLVMFuzzerTestOneInput(const uint8_t* data, size_t size) {
+FUZZ_TARGET(monitor_data)(const uint8_t* data, size_t size) {
     static const FuzzHost host(UsualModelData());
     static prtreg registry("P");
     Input input(data, size);

@@ -4,8 +4,9 @@
 
 #include "labelhost/fault.h"
 #include "labelhost/png/picture.h"
+#include "target.h"
 
-extern "C" int LLVMFuzzerTestOneInput(const uint8_t* data, size_t size) {
+FUZZ_TARGET(png_picture)(const uint8_t* data, size_t size) {
     constexpr int kMaxSide = 1000; // larger ones are slow and no different
     try {
         const Picture picture = DecodePicture(data, size, kMaxSide);

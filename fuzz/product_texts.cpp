@@ -13,6 +13,7 @@
 #include "model/table_text.h"
 #include "settings/preset_list.h"
 #include "settings/stock_list.h"
+#include "target.h"
 
 namespace {
 
@@ -40,7 +41,7 @@ void CheckSettings(prtmodel* model) {
 
 } // namespace
 
-extern "C" int LLVMFuzzerTestOneInput(const uint8_t* data, size_t size) {
+FUZZ_TARGET(product_texts)(const uint8_t* data, size_t size) {
     static const FuzzHost host(UsualModelData());
     const std::string text(reinterpret_cast<const char*>(data), size);
 

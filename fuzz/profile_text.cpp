@@ -9,6 +9,7 @@
 
 #include "fuzz_host.h"
 #include "input.h"
+#include "target.h"
 
 namespace {
 
@@ -38,7 +39,7 @@ Wide Value(const WCHAR* section, const WCHAR* key) {
 
 } // namespace
 
-extern "C" int LLVMFuzzerTestOneInput(const uint8_t* data, size_t size) {
+FUZZ_TARGET(profile_text)(const uint8_t* data, size_t size) {
     static const FuzzHost host(UsualModelData());
     std::ofstream(host.OnDriveC("in.ini"), std::ios::binary)
         .write(reinterpret_cast<const char*>(data), static_cast<std::streamsize>(size));

@@ -8,6 +8,7 @@
 #include "input.h"
 #include "keys/prtreg.h"
 #include "registry/oregistry_names.h"
+#include "target.h"
 
 namespace {
 
@@ -45,7 +46,7 @@ void CheckName(Registry& registry, const OString& name) {
 
 } // namespace
 
-extern "C" int LLVMFuzzerTestOneInput(const uint8_t* data, size_t size) {
+FUZZ_TARGET(registry_paths)(const uint8_t* data, size_t size) {
     static const FuzzHost host(UsualModelData());
     static Registry registry("P");
     Input input(data, size);

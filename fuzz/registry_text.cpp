@@ -6,6 +6,7 @@
 
 #include "input.h"
 #include "registry/oregistry_text.h"
+#include "target.h"
 
 namespace {
 
@@ -29,7 +30,7 @@ void CheckRoundTrip(const RegistryValue& value) {
 
 } // namespace
 
-extern "C" int LLVMFuzzerTestOneInput(const uint8_t* data, size_t size) {
+FUZZ_TARGET(registry_text)(const uint8_t* data, size_t size) {
     RegistryTextReader reader;
     while (size > 0) {
         const auto* end = static_cast<const uint8_t*>(std::memchr(data, '\n', size));

@@ -12,6 +12,7 @@
 #include "fuzz_host.h"
 #include "input.h"
 #include "spooler/open_printer.h"
+#include "target.h"
 
 namespace {
 
@@ -49,7 +50,7 @@ private:
 
 } // namespace
 
-extern "C" int LLVMFuzzerTestOneInput(const uint8_t* data, size_t size) {
+FUZZ_TARGET(render_escapes)(const uint8_t* data, size_t size) {
     static const FuzzHost host(UsualModelData());
     static const OpenPrinter printer("P", PRINTER_ALL_ACCESS);
     static Document document(printer.Get());

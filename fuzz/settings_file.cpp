@@ -5,6 +5,7 @@
 #include <string>
 
 #include "fuzz_host.h"
+#include "target.h"
 #include "ui/settings_file.h"
 
 namespace {
@@ -13,8 +14,8 @@ constexpr int kAll = SETTINGS_STOCKS | SETTINGS_PRESETS | SETTINGS_BAR_FONTS | S
                      SETTINGS_OPTIONS;
 
 // What has been imported is in order, and a file that it is exported to has it all.
-void Check(StockList& stocks, PresetList& presets, DataFontManager& fonts, prtmodel& model,
-           bool text) {
+void CheckLists(StockList& stocks, PresetList& presets, DataFontManager& fonts, prtmodel& model,
+                bool text) {
     for (const Stock *stock = stocks.GetNext(nullptr), *next;
          stock && (next = stocks.GetNext(stock)); stock = next) {
         const int names = std::strcmp(stock->GetName().nstring(), next->GetName().nstring());
@@ -40,7 +41,7 @@ void Check(StockList& stocks, PresetList& presets, DataFontManager& fonts, prtmo
 
 } // namespace
 
-extern "C" int LLVMFuzzerTestOneInput(const uint8_t* data, size_t size) {
+FUZZ_TARGET(settings_file)(const uint8_t* data, size_t size) {
     static const FuzzHost host(UsualModelData());
     prtmodel& model = *host.Model();
     OFile(OString(kIn), OFILE_WRITE).Write(data, static_cast<uint32_t>(size));
@@ -48,6 +49,6 @@ extern "C" int LLVMFuzzerTestOneInput(const uint8_t* data, size_t size) {
     PresetList presets;
     DataFontManager fonts;
     ImportSettingsFile(kIn, kAll, {model, stocks, presets, fonts});
-    Check(stocks, presets, fonts, model, size > 0 && data[0] == '<');
+    CheckLists(stocks, presets, fonts, model, size > 0 && data[0] == '<');
     return 0;
 }

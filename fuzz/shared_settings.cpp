@@ -7,6 +7,7 @@
 
 #include "keys/shadow_request.h"
 #include "keys/shared_keys_text.h"
+#include "target.h"
 
 namespace {
 
@@ -43,7 +44,7 @@ void CheckSettings(const OStringArray& lines) {
 
 } // namespace
 
-extern "C" int LLVMFuzzerTestOneInput(const uint8_t* data, size_t size) {
+FUZZ_TARGET(shared_settings)(const uint8_t* data, size_t size) {
     const auto* text = reinterpret_cast<const char*>(data);
     CheckQuestion(text, size);
 

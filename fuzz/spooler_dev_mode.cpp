@@ -6,8 +6,9 @@
 #include <cstring>
 
 #include "spooler/spooler_dev_mode.h"
+#include "target.h"
 
-extern "C" int LLVMFuzzerTestOneInput(const uint8_t* data, size_t size) {
+FUZZ_TARGET(spooler_dev_mode)(const uint8_t* data, size_t size) {
     if (size == 0) return 0;
     const bool ansi = *data & 1;
     ++data, --size;

@@ -19,6 +19,7 @@
 #include "settings/scolor.h"
 #include "settings/stock_list.h"
 #include "spooler/open_printer.h"
+#include "target.h"
 
 namespace {
 
@@ -102,7 +103,7 @@ void LoadAll(prtmodel* model) {
 
 } // namespace
 
-extern "C" int LLVMFuzzerTestOneInput(const uint8_t* data, size_t size) {
+FUZZ_TARGET(stored_settings)(const uint8_t* data, size_t size) {
     static const FuzzHost host(UsualModelData());
     prtreg registry("P");
     Input input(data, size);

@@ -6,6 +6,7 @@
 
 #include "core/ostring_array.h"
 #include "input.h"
+#include "target.h"
 
 namespace {
 
@@ -28,7 +29,7 @@ void CheckUnpack(const OBuffer<C>& packed, int mode) {
 
 } // namespace
 
-extern "C" int LLVMFuzzerTestOneInput(const uint8_t* data, size_t size) {
+FUZZ_TARGET(string_lists)(const uint8_t* data, size_t size) {
     Input input(data, size);
     const auto mode = static_cast<int>(input.Number() % 4);
     const std::string separator(1, static_cast<char>(input.Number() % 127 + 1));

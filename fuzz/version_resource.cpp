@@ -10,6 +10,7 @@
 
 #include "fuzz_host.h"
 #include "input.h"
+#include "target.h"
 #include "ui/copyright_years.h"
 
 namespace {
@@ -36,7 +37,7 @@ void CheckBlock(const std::vector<uint8_t>& block) {
 
 } // namespace
 
-extern "C" int LLVMFuzzerTestOneInput(const uint8_t* data, size_t size) {
+FUZZ_TARGET(version_resource)(const uint8_t* data, size_t size) {
     static const FuzzHost host(UsualModelData());
     std::vector<uint8_t> block(data, data + std::min<size_t>(size, 0xFFFF));
     if (block.size() >= 2) {

@@ -5,8 +5,9 @@
 
 #include "emulator/answer_rules.h"
 #include "emulator/emulated_printer.h"
+#include "target.h"
 
-extern "C" int LLVMFuzzerTestOneInput(const uint8_t* data, size_t size) {
+FUZZ_TARGET(zpl_emulator)(const uint8_t* data, size_t size) {
     EmulatedPrinter printer;
     const size_t first = size ? std::min<size_t>(data[0], size) : 0;
     printer.Receive(data, first);

@@ -11,9 +11,9 @@
 #include <string>
 #include <vector>
 
-#define FUZZ_TARGET(name) extern "C" int Fuzz_##name(const uint8_t* data, size_t size);
+#define LISTED_TARGET(name) extern "C" int Fuzz_##name(const uint8_t* data, size_t size);
 #include "fuzz_targets.h"
-#undef FUZZ_TARGET
+#undef LISTED_TARGET
 
 namespace {
 
@@ -25,9 +25,9 @@ struct Target {
 };
 
 const Target kTargets[] = {
-#define FUZZ_TARGET(name) {#name, Fuzz_##name},
+#define LISTED_TARGET(name) {#name, Fuzz_##name},
 #include "fuzz_targets.h"
-#undef FUZZ_TARGET
+#undef LISTED_TARGET
 };
 
 // A root folder for targets that have no host of their own.

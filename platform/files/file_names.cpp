@@ -3,6 +3,7 @@
 #include "files/paths.h"
 #include "files/share_lock.h"
 #include "host/fault_point.h"
+#include "host/guarded.h"
 #include "host/text.h"
 
 #include <fcntl.h>
@@ -15,6 +16,7 @@
 
 namespace {
 
+using win32host::Fail;
 using win32host::FailWith;
 using win32host::HostPath;
 using win32host::IsReadOnly;
@@ -23,11 +25,6 @@ std::optional<std::string> PathOf(LPCWSTR name) {
     if (name) return HostPath(name);
     SetLastError(ERROR_PATH_NOT_FOUND);
     return std::nullopt;
-}
-
-bool Fail(DWORD error) {
-    SetLastError(error);
-    return false;
 }
 
 // True when nobody has the file open in a way that forbids `use` (FILE_SHARE_READ or _DELETE). A

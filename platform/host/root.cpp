@@ -8,7 +8,7 @@
 namespace win32host {
 namespace {
 
-std::mutex g_lock;
+std::mutex g_root_lock;
 std::string g_root;
 std::atomic<uint32_t> g_generation{1};
 
@@ -30,13 +30,13 @@ std::string Prepare(const std::string& folder) {
 } // namespace
 
 std::string Root() {
-    std::lock_guard guard(g_lock);
+    std::lock_guard guard(g_root_lock);
     if (g_root.empty()) g_root = Prepare(DefaultRoot());
     return g_root;
 }
 
 void SetRoot(const std::string& folder) {
-    std::lock_guard guard(g_lock);
+    std::lock_guard guard(g_root_lock);
     g_root = Prepare(folder);
     g_generation.fetch_add(1);
 }

@@ -78,6 +78,10 @@ std::string Utf8(std::u16string_view text) {
     return bytes;
 }
 
+std::u16string CopyOf(LPCWSTR text) {
+    return text ? text : u"";
+}
+
 std::u16string Utf16(std::string_view text) {
     std::u16string units;
     units.reserve(text.size());

@@ -14,6 +14,9 @@ namespace win32host {
 std::string Utf8(std::u16string_view text);
 std::u16string Utf16(std::string_view text);
 
+// A text that a caller may leave out: null is empty.
+std::u16string CopyOf(LPCWSTR text);
+
 // The upper case of one UTF-16 unit, as names are compared: the same in every locale, one unit for
 // one unit.
 char16_t UpperOf(char16_t unit);

@@ -1,4 +1,5 @@
 // MultiByteToWideChar and WideCharToMultiByte.
+#include "host/guarded.h"
 #include "locale/code_page.h"
 #include "locale/facts.h"
 
@@ -38,11 +39,6 @@ private:
     size_t size_;
     size_t used_ = 0;
 };
-
-int Fail(DWORD error) {
-    SetLastError(error);
-    return 0;
-}
 
 // ---- UTF-8 --------------------------------------------------------------------------------------
 

@@ -22,7 +22,7 @@
 namespace win32host {
 namespace {
 
-std::mutex g_lock;
+std::mutex g_locale_lock;
 std::optional<LocaleFacts> g_facts; // set, or read from the environment on first use
 
 // The name that the environment gives a category's locale.
@@ -90,7 +90,7 @@ LocaleFacts FactsOf(const std::string& messages, const std::string& measurement,
 
 // The user's.
 LocaleFacts Facts() {
-    std::lock_guard guard(g_lock);
+    std::lock_guard guard(g_locale_lock);
     if (!g_facts)
         g_facts = FactsOf(LocaleName("LC_MESSAGES"), LocaleName("LC_MEASUREMENT"),
                           LocaleName("LC_NUMERIC"));
@@ -156,12 +156,12 @@ bool IsTheUsers(LCID locale) {
 } // namespace
 
 void SetLocaleFacts(const LocaleFacts& facts) {
-    std::lock_guard guard(g_lock);
+    std::lock_guard guard(g_locale_lock);
     g_facts = facts;
 }
 
 void UseProcessLocale() {
-    std::lock_guard guard(g_lock);
+    std::lock_guard guard(g_locale_lock);
     g_facts.reset();
 }
 

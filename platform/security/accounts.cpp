@@ -32,7 +32,7 @@ constexpr BuiltinGroup kBuiltinGroups[] = {
     {DOMAIN_ALIAS_RID_POWER_USERS, u"Power Users"},
 };
 
-std::mutex g_lock;
+std::mutex g_accounts_lock;
 std::optional<UserFacts> g_user; // what SetUser gave
 
 std::u16string HostComputerName() {
@@ -95,7 +95,7 @@ UserFacts HostUser() {
 
 UserFacts User() {
     {
-        std::lock_guard guard(g_lock);
+        std::lock_guard guard(g_accounts_lock);
         if (g_user) return *g_user;
     }
     static const UserFacts* const host = new UserFacts(HostUser());
@@ -126,12 +126,12 @@ std::vector<BYTE> BuiltinSid(DWORD rid) {
 } // namespace
 
 void SetUser(const UserFacts& user) {
-    std::lock_guard guard(g_lock);
+    std::lock_guard guard(g_accounts_lock);
     g_user = user;
 }
 
 void UseProcessUser() {
-    std::lock_guard guard(g_lock);
+    std::lock_guard guard(g_accounts_lock);
     g_user.reset();
 }
 

@@ -15,7 +15,7 @@ namespace fs = std::filesystem;
 namespace win32host {
 namespace {
 
-struct Copy {
+struct FileCopy {
     fs::path from;
     fs::path to;
 };
@@ -38,7 +38,7 @@ DWORD Failure(const std::error_code& error, const fs::path& path) {
     return GetLastError();
 }
 
-DWORD CopyWhole(const Copy& copy) {
+DWORD CopyWhole(const FileCopy& copy) {
     static std::atomic<unsigned> count{0};
     fs::path aside = copy.to;
     aside += ".new" + std::to_string(getpid()) + "-" + std::to_string(count.fetch_add(1));
@@ -63,7 +63,7 @@ DWORD InstallDriverFiles(const PrintServer& server, const std::vector<std::u16st
     fs::create_directories(*folder, error);
     if (error) return Failure(error, *folder);
 
-    std::vector<Copy> copies;
+    std::vector<FileCopy> copies;
     for (const std::u16string& file : files) {
         const auto from = FindSource(server, file);
         const auto to =
@@ -81,7 +81,7 @@ DWORD InstallDriverFiles(const PrintServer& server, const std::vector<std::u16st
         }
         copies.push_back({*from, *to});
     }
-    for (const Copy& copy : copies) {
+    for (const FileCopy& copy : copies) {
         if (const DWORD code = CopyWhole(copy); code != ERROR_SUCCESS) return code;
     }
     return ERROR_SUCCESS;

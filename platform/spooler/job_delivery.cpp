@@ -49,7 +49,7 @@ std::string Reason(int error) {
 
 // Copies the rest of `from`; 0 or an errno value.
 template <class Write>
-int Copy(int from, const Write& write_some) {
+int CopyRest(int from, const Write& write_some) {
     char block[16384];
     for (;;) {
         const ssize_t count = read(from, block, sizeof block);
@@ -126,7 +126,7 @@ std::string SendToNetwork(const NetworkAddress& port, int job) {
         freeaddrinfo(found);
         const timeval limit = {kSendSeconds, 0};
         setsockopt(socket_file.get(), SOL_SOCKET, SO_SNDTIMEO, &limit, sizeof limit);
-        error = Copy(job, [&](const char* bytes, size_t size) {
+        error = CopyRest(job, [&](const char* bytes, size_t size) {
             return send(socket_file.get(), bytes, size, MSG_NOSIGNAL);
         });
         if (error) return "cannot send to " + place + ": " + Reason(error);
@@ -152,8 +152,8 @@ std::string SendToPath(const PrintServer& server, const std::u16string& port, in
                                  0666));
     if (!target) return "cannot open " + Utf8(port) + ": " + Reason(errno);
     fcntl(target.get(), F_SETFL, 0);
-    int error =
-        Copy(job, [&](const char* bytes, size_t size) { return write(target.get(), bytes, size); });
+    int error = CopyRest(
+        job, [&](const char* bytes, size_t size) { return write(target.get(), bytes, size); });
     if (is_file) {
         if (!error && info.st_mode) fchmod(target.get(), info.st_mode & 0777);
         if (!error && rename(name.c_str(), path->c_str()) != 0) error = errno;

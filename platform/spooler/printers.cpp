@@ -24,10 +24,6 @@ constexpr const char16_t* kPrintProcessor = u"WinPrint"; // the only one
 constexpr DWORD kDefaults = 8, kUserDefaults = 9;
 static_assert(sizeof(PRINTER_INFO_8W) == sizeof(PRINTER_INFO_9W));
 
-std::u16string Copy(LPCWSTR text) {
-    return text ? text : u"";
-}
-
 std::u16string CopyOr(LPCWSTR text, const char16_t* usual) {
     return text && *text ? text : usual;
 }
@@ -36,16 +32,16 @@ std::u16string CopyOr(LPCWSTR text, const char16_t* usual) {
 // caller's stay, and so do the default settings.
 PrinterRecord RecordOf(const PRINTER_INFO_2W& info, const PrinterRecord& old) {
     PrinterRecord record = old;
-    record.name = SplitPrinterName(Copy(info.pPrinterName)).printer;
-    record.share_name = Copy(info.pShareName);
-    record.port = Copy(info.pPortName);
-    record.driver = Copy(info.pDriverName);
-    record.comment = Copy(info.pComment);
-    record.location = Copy(info.pLocation);
-    record.separator_file = Copy(info.pSepFile);
+    record.name = SplitPrinterName(CopyOf(info.pPrinterName)).printer;
+    record.share_name = CopyOf(info.pShareName);
+    record.port = CopyOf(info.pPortName);
+    record.driver = CopyOf(info.pDriverName);
+    record.comment = CopyOf(info.pComment);
+    record.location = CopyOf(info.pLocation);
+    record.separator_file = CopyOf(info.pSepFile);
     record.print_processor = CopyOr(info.pPrintProcessor, kPrintProcessor);
     record.datatype = CopyOr(info.pDatatype, u"RAW");
-    record.parameters = Copy(info.pParameters);
+    record.parameters = CopyOf(info.pParameters);
     record.attributes =
         (info.Attributes & ~DWORD{PRINTER_ATTRIBUTE_NETWORK | PRINTER_ATTRIBUTE_DEFAULT}) |
         PRINTER_ATTRIBUTE_LOCAL;
@@ -116,7 +112,7 @@ bool TakeDevMode(const OpenedPrinter& printer, const std::u16string& driver, PDE
 BOOL SetRecord(const OpenedPrinter& printer, const PRINTER_INFO_2W& wanted) {
     const PrintServer& server = printer.Server();
     std::vector<BYTE> dev_mode;
-    if (!TakeDevMode(printer, Copy(wanted.pDriverName), wanted.pDevMode, dev_mode)) return FALSE;
+    if (!TakeDevMode(printer, CopyOf(wanted.pDriverName), wanted.pDevMode, dev_mode)) return FALSE;
 
     PRINTER_EVENT_ATTRIBUTES_INFO attributes = {sizeof attributes, 0, 0};
     std::u16string driver;
@@ -183,7 +179,7 @@ extern "C" BOOL WINAPI OpenPrinterW(LPWSTR name, LPHANDLE handle, LPPRINTER_DEFA
     return Guarded(FALSE, [&] {
         if (!handle) return Fail(ERROR_INVALID_PARAMETER);
         *handle = nullptr;
-        const PrinterName parts = SplitPrinterName(Copy(name));
+        const PrinterName parts = SplitPrinterName(CopyOf(name));
         auto server = PrintServer::Named(parts.server);
         if (!server) return FALSE;
         std::u16string printer;
@@ -257,7 +253,7 @@ extern "C" HANDLE WINAPI AddPrinterW(LPWSTR server_name, DWORD level, LPBYTE inf
             SetLastError(code);
             return HANDLE{};
         };
-        auto server = PrintServer::Named(Copy(server_name));
+        auto server = PrintServer::Named(CopyOf(server_name));
         if (!server) return nullptr;
         if (!server->IsLocal()) return fail(ERROR_NOT_SUPPORTED);
         if (level != 2) return fail(ERROR_INVALID_LEVEL);
@@ -265,7 +261,7 @@ extern "C" HANDLE WINAPI AddPrinterW(LPWSTR server_name, DWORD level, LPBYTE inf
         if (!MayAdminister()) return fail(ERROR_ACCESS_DENIED);
         const auto& wanted = *reinterpret_cast<const PRINTER_INFO_2W*>(info);
         PrinterRecord record = RecordOf(wanted, {});
-        record.name = Copy(wanted.pPrinterName);
+        record.name = CopyOf(wanted.pPrinterName);
         if (!IsPrinterName(record.name)) return fail(ERROR_INVALID_PRINTER_NAME);
         // The driver brings them into its layout itself when it is told of the printer.
         record.dev_mode = CheckedDevMode(wanted.pDevMode);

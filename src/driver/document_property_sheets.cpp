@@ -11,7 +11,6 @@
 namespace {
 
 constexpr LONG FAILURE = 0;
-constexpr LONG NO_SHEETS = -1;
 
 LONG MakeSettings(DOCUMENTPROPERTYHEADER& header) {
     const auto size = static_cast<DWORD>(DevMode::GetDefaultDevModeSize());

@@ -4,10 +4,6 @@
 #include "keys/shadow_keys.h"
 #include "spooler/printer_info.h"
 
-namespace {
-constexpr LONG NO_SHEETS = -1;
-}
-
 std::unique_ptr<prtui> OpenSheets(HANDLE printer, const DEVMODEW* in, uint32_t mode) {
     CreateShadow(PrinterInfo(printer).GetPrinterName());
     std::unique_ptr<prtui> ui(prtui::new_ext());

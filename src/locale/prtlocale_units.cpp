@@ -11,7 +11,7 @@ namespace {
 constexpr int kLabelDotsPerInch = 472;
 constexpr int kLabelDotsPerMillimetre = 473;
 constexpr int kLabelMils = 481;
-constexpr int kLabelMillimetres = 482;
+constexpr int kTextMillimetres = 482;
 
 constexpr int64_t RoundedDivide(int64_t a, int64_t b) {
     return (a + b / 2) / b;
@@ -113,7 +113,7 @@ OString prtlocale::xdimension_to_string(int dots, int dpi) const {
     if (is_metric()) {
         const int32_t microns = std::max(muldiv64s(dots, 25400, dpi), 0);
         text = Decimal(microns / 10, 2, false);
-        text << " " << GetString(kLabelMillimetres);
+        text << " " << GetString(kTextMillimetres);
     } else {
         text = Decimal(std::max(muldiv64s(dots, 10000, dpi), 0), 1, false);
         text << " " << GetString(kLabelMils);

@@ -11,7 +11,7 @@
 
 namespace {
 
-constexpr char kKey[] = "Presets:";
+constexpr char kPresetsKey[] = "Presets:";
 constexpr char kTotal[] = "Presets:Total";
 constexpr int MOST_PRESETS = 9999;
 
@@ -27,7 +27,7 @@ void PresetList::Load(const prtmodel* model) {
     prtreg registry(model->GetRegistry());
     const ORegistryTransaction one_moment(registry, ORegistryTransaction::READING);
     PresetList stored;
-    ForEachEntry(registry, kKey, 1, StoredTotal(registry), Preset::KeyName, [&](int i) {
+    ForEachEntry(registry, kPresetsKey, 1, StoredTotal(registry), Preset::KeyName, [&](int i) {
         std::unique_ptr<Preset> preset(new (kCounted) Preset);
         if (preset && preset->Load(registry, i)) stored.AddTail(preset.release());
     });
@@ -47,8 +47,8 @@ void PresetList::Save(const prtmodel* model) const {
     for (const Preset* preset = GetNext(nullptr); preset; preset = GetNext(preset))
         if (preset->GetBuiltIn() == 0) preset->Save(registry, ++total);
     registry.SetDWORD(kTotal, static_cast<uint32_t>(total));
-    ForEachEntry(registry, kKey, total + 1, stored, Preset::KeyName,
-                 [&](int i) { Preset::Delete(registry, OString(kKey) << Preset::KeyName(i)); });
+    ForEachEntry(registry, kPresetsKey, total + 1, stored, Preset::KeyName,
+                 [&](int i) { Preset::Delete(registry, OString(kPresetsKey) << Preset::KeyName(i)); });
     if (changes.Commit()) checksum_ = checksum;
 }
 

@@ -8,12 +8,11 @@
 #include "spooler/printer_info.h"
 #include "support/dev_mode_test.h"
 #include "support/job_test.h"
+#include "support/staged_driver_test.h"
 #include "ui/copyright_years.h"
 #include "zplui.h"
 
 namespace {
-
-constexpr size_t WHOLE = 1508;
 
 struct Call {
     HANDLE sheet;
@@ -142,8 +141,8 @@ TEST_F(PropertySheets, GiveTheSettingsBackAsTheUserAndTheProgramWant) {
         int out, defaults; // copies
     } cases[] = {
         {"copy", DM_COPY, CPSUI_OK, true, false, 0, 7, 1},
-        {"copy, not applied by a page", DM_COPY, CPSUI_OK, false, false, WHOLE, 7, 1},
-        {"too little room", DM_COPY, CPSUI_OK, true, false, WHOLE - 1, 3, 1},
+        {"copy, not applied by a page", DM_COPY, CPSUI_OK, false, false, DEV_MODE_SIZE, 7, 1},
+        {"too little room", DM_COPY, CPSUI_OK, true, false, DEV_MODE_SIZE - 1, 3, 1},
         {"one buffer", DM_COPY, CPSUI_OK, true, true, 0, 7, 1},
         {"nothing asked", DM_IN_PROMPT, CPSUI_OK, true, false, 0, 3, 1},
         {"cancelled", DM_COPY, CPSUI_CANCEL, false, false, 0, 1, 1},

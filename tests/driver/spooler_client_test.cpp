@@ -12,8 +12,6 @@
 
 namespace {
 
-constexpr size_t WHOLE = 1508;
-
 using Bytes = std::vector<BYTE>;
 
 DEVMODEW* In(Bytes& bytes) {
@@ -92,8 +90,8 @@ TEST_F(SpoolerClient, GetsTheCapabilitiesThatTheModuleHas) {
 TEST_F(SpoolerClient, GetsDocumentSettingsWithoutAPrompt) {
     const auto ask = Export<decltype(DrvDocumentPropertySheets)>("DrvDocumentPropertySheets");
     ASSERT_TRUE(ask);
-    ASSERT_EQ(Ask(nullptr, nullptr, 0), LONG{WHOLE});
-    Bytes out(WHOLE), direct(WHOLE);
+    ASSERT_EQ(Ask(nullptr, nullptr, 0), LONG{DEV_MODE_SIZE});
+    Bytes out(DEV_MODE_SIZE), direct(DEV_MODE_SIZE);
     ASSERT_EQ(Ask(In(out), nullptr, DM_OUT_BUFFER), IDOK);
     DOCUMENTPROPERTYHEADER header = {};
     header.cbSize = sizeof header;
@@ -104,7 +102,7 @@ TEST_F(SpoolerClient, GetsDocumentSettingsWithoutAPrompt) {
     EXPECT_TRUE(out == direct);
     header.hPrinter = nullptr; // and a name, as some spoolers ask
     header.pszPrinterName = name_;
-    direct.assign(WHOLE, 0);
+    direct.assign(DEV_MODE_SIZE, 0);
     EXPECT_EQ(ask(nullptr, reinterpret_cast<LPARAM>(&header)), IDOK);
     EXPECT_TRUE(out == direct);
     EXPECT_STREQ(OString(In(out)->dmDeviceName).nstring(), "Dock 3");
@@ -122,7 +120,7 @@ TEST_F(SpoolerClient, GetsDocumentSettingsWithoutAPrompt) {
 }
 
 TEST_F(SpoolerClient, SetsThePrintersDefaultsWhichProgramsThenGet) {
-    Bytes settings(WHOLE), found(WHOLE);
+    Bytes settings(DEV_MODE_SIZE), found(DEV_MODE_SIZE);
     ASSERT_EQ(Ask(In(settings), nullptr, DM_OUT_BUFFER), IDOK);
     for (const DWORD level : {DWORD{2}, DWORD{8}}) {
         SCOPED_TRACE(level);
@@ -134,7 +132,7 @@ TEST_F(SpoolerClient, SetsThePrintersDefaultsWhichProgramsThenGet) {
         info.pComment = comment;
         info.pDevMode = In(settings);
         In(settings)->dmCopies = static_cast<SHORT>(40 + level);
-        settings[WHOLE - 100] = static_cast<BYTE>(level); // private
+        settings[DEV_MODE_SIZE - 100] = static_cast<BYTE>(level); // private
         ASSERT_TRUE(SetPrinterW(
             printer_, level,
             level == 2 ? reinterpret_cast<BYTE*>(&info) : reinterpret_cast<BYTE*>(&defaults), 0));
@@ -144,7 +142,7 @@ TEST_F(SpoolerClient, SetsThePrintersDefaultsWhichProgramsThenGet) {
         EXPECT_STREQ(OString(of_printer->pComment).nstring(), "changed");
         for (const DEVMODEW* stored : {of_printer->pDevMode, alone->pDevMode}) {
             ASSERT_TRUE(stored);
-            ASSERT_EQ(stored->dmSize + stored->dmDriverExtra, int{WHOLE});
+            ASSERT_EQ(stored->dmSize + stored->dmDriverExtra, int{DEV_MODE_SIZE});
             EXPECT_EQ(stored->dmCopies, In(settings)->dmCopies);
             EXPECT_EQ(std::memcmp(reinterpret_cast<const BYTE*>(stored) + stored->dmSize,
                                   settings.data() + stored->dmSize, stored->dmDriverExtra),
@@ -152,7 +150,7 @@ TEST_F(SpoolerClient, SetsThePrintersDefaultsWhichProgramsThenGet) {
         }
         EXPECT_EQ(Ask(In(found), nullptr, DM_OUT_BUFFER), IDOK);
         EXPECT_EQ(In(found)->dmCopies, In(settings)->dmCopies);
-        EXPECT_EQ(found[WHOLE - 100], level);
+        EXPECT_EQ(found[DEV_MODE_SIZE - 100], level);
     }
     const auto first = Record<PRINTER_INFO_1W>(printer_, 1);
     const auto fourth = Record<PRINTER_INFO_4W>(printer_, 4);

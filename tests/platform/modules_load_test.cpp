@@ -12,7 +12,7 @@ namespace {
 
 namespace fs = std::filesystem;
 
-const std::string kData = Built("/bin/test_data/");
+const std::string kBuiltData = Built("/bin/test_data/");
 
 template <class Function>
 Function* Procedure(HMODULE module, const char* name) {
@@ -25,7 +25,7 @@ protected:
     void Stage(const std::string& built, const std::string& windows_path) const {
         const fs::path path = OnDriveC(windows_path);
         fs::create_directories(path.parent_path());
-        fs::copy_file(kData + built, path);
+        fs::copy_file(kBuiltData + built, path);
     }
 };
 

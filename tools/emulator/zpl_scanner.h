@@ -29,7 +29,7 @@ public:
     std::vector<ZplCommand> Finish();
 
 private:
-    enum class State { Text, Name, Parameters, Bytes, Dump };
+    enum class State { Text, Name, Parameters, Data, Dump };
 
     void Take(char c, std::vector<ZplCommand>& found);
     void TakeText(char c, std::vector<ZplCommand>& found);

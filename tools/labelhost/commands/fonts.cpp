@@ -14,7 +14,7 @@
 
 namespace {
 
-constexpr const char* kUsage =
+constexpr const char* kFontsUsage =
     "fonts list|verify|resend PRINTER, fonts add PRINTER FAMILY, fonts delete PRINTER FILE";
 
 constexpr struct {
@@ -168,13 +168,13 @@ void Delete(const OpenSettings& settings, const Arguments& arguments) {
 void FontsCommand(const Words& words) {
     const Arguments arguments(words, {"bitmap", "characters", "weight", "memory", "file"},
                               {"italic", "json"});
-    arguments.RequireCount(2, 3, kUsage);
+    arguments.RequireCount(2, 3, kFontsUsage);
     const std::string& what = arguments[0];
     const bool named = what == "add" || what == "delete";
     if (!named && what != "list" && what != "verify" && what != "resend")
         throw UsageFault("fonts are listed, verified, sent again, added or deleted, not '" + what +
                          "'");
-    arguments.RequireCount(named ? 3 : 2, named ? 3 : 2, kUsage);
+    arguments.RequireCount(named ? 3 : 2, named ? 3 : 2, kFontsUsage);
     const OpenSettings settings(arguments[1]);
     if (what == "add") return Add(settings, arguments);
     if (what == "delete") return Delete(settings, arguments);

@@ -18,7 +18,7 @@
 
 namespace {
 
-constexpr const char* kUsage =
+constexpr const char* kInstallUsage =
     "install PRINTER --model NAME | --list FILE  [--oem CODE] [--port PORT] [--product DIR] "
     "[--progress]";
 
@@ -139,7 +139,7 @@ void InstallCommand(const Words& words) {
     const Arguments arguments(words, {"model", "list", "oem", "port", "product"}, {"progress"});
     const bool one = arguments.Has("model"), many = arguments.Has("list");
     if (one == many || arguments.size() != (one ? 1 : 0))
-        throw UsageFault(std::string("usage: labelhost ") + kUsage);
+        throw UsageFault(std::string("usage: labelhost ") + kInstallUsage);
 
     const std::string port = arguments.Get("port", "FILE:");
     Installer installer(arguments);
