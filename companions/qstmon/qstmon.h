@@ -25,7 +25,7 @@ QSTMON_API int WINAPI Query(HWND parent, LPSTR command_line);
 //   <xpml><port action='get' name='type'/>...     facts about the port: type, bidirectional,
 //                                                 ip_address, udp_port, monitor_name, description,
 //                                                 protocol
-//   <xpml><printer name='NAME'/>...               true: the monitor knows the printer
+//   <xpml><printer name='NAME'/>...               that the monitor knows the printer
 //   <xpml><registry action='export'...           asks for news of the shared settings: 4 bytes
 //   <xpml><registry action='import'...           takes a client's over: 4 bytes (shadow_server.h)
 //   Monitoring Supported and a number             one byte, 1 if the printer can be monitored

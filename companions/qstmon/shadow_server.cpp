@@ -19,7 +19,7 @@ public:
     explicit HomeRegistry(const OString& printer)
         : prtreg(printer) {
         SetShadow(false);
-        ReleaseKey(); // init has opened this machine's
+        ReleaseKey(); // init has opened this machine's keys
         if (!IsRemote()) return;
         const OString server = OString("\\\\") << GetServerName();
         if (RegConnectRegistryW(server.wstring(), HKEY_LOCAL_MACHINE, &machine_) != ERROR_SUCCESS)

@@ -44,7 +44,7 @@ private:
 
     const LOGFONTW description_;
     bool opened_ = false;
-    FT_FaceRec_* face_ = nullptr; // null when there is none
+    FT_FaceRec_* face_ = nullptr; // null if there is none
     int pixels_per_em_ = 0;
     int horizontal_pixels_per_em_ = 0;
     std::u16string family_;

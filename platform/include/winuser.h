@@ -73,7 +73,7 @@ int WINAPI LoadStringW(HINSTANCE module, UINT id, LPWSTR buffer, int size);
 HMENU WINAPI LoadMenuIndirectW(const MENUTEMPLATEW* menu_template);
 // Destroys the menu and everything below it.
 BOOL WINAPI DestroyMenu(HMENU menu);
-int WINAPI GetMenuItemCount(HMENU menu); // -1 when it is no menu
+int WINAPI GetMenuItemCount(HMENU menu); // -1 if it is not a menu
 HMENU WINAPI GetSubMenu(HMENU menu, int position);
 // 0xFFFFFFFF for a popup, or if there is no such item.
 UINT WINAPI GetMenuItemID(HMENU menu, int position);
