@@ -1,6 +1,6 @@
-// Data fonts loaded, saved, exported, imported and replaced by name, beside the same keys and blobs
-// read and written through the registry, the same lines through a file, and a search for a name in
-// a vector.
+// Loading, saving, exporting, importing and replacing data fonts, compared with reading and writing
+// the same keys and blobs through the registry, the same lines through a file, and a search for a
+// name in a vector.
 #include <benchmark/benchmark.h>
 #include <strings.h>
 
@@ -101,7 +101,7 @@ BENCHMARK(BM_LoadDataFonts)->Unit(benchmark::kMillisecond)->Arg(10)->Arg(1000);
 
 constexpr char kFile[] = "C:\\fonts.kds";
 
-// The same number of lines through the file class alone.
+// The same number of lines through the file class only.
 void BM_WriteLines(benchmark::State& state) {
     const Printer printer;
     const OString data(std::string(228, 'A').c_str());

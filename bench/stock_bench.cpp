@@ -1,5 +1,5 @@
-// Stocks and presets: ordered, stored and looked up, beside sorting as many names, reading and
-// writing as many values through the registry, and comparing as many DEVMODEs as bytes.
+// Ordering, storing and looking up stocks and presets, compared with sorting as many names, reading
+// and writing as many values through the registry, and comparing as many DEVMODEs as bytes.
 #include <benchmark/benchmark.h>
 #include <windows.h>
 #include <winspool.h>
@@ -21,7 +21,7 @@
 
 namespace {
 
-// A printer that takes every stock.
+// A printer that accepts every stock.
 class Printer {
 public:
     Printer()
@@ -73,7 +73,7 @@ void Fill(PresetList& list, const prtmodel* model, int64_t count) {
 
 constexpr uint32_t kStockSize = 28, kPresetSize = 1508;
 
-// The values of as many stocks or presets: a text and a record of `size` bytes. Presets have a
+// The values of `count` stocks or presets: a text and a record of `size` bytes. Presets have a
 // second text.
 void WriteValues(prtreg& registry, int64_t count, uint32_t size) {
     const std::vector<char> bytes(size, 'x');
@@ -214,7 +214,7 @@ BENCHMARK(BM_LoadStocks)
     ->Arg(10000)
     ->Complexity(benchmark::oNLogN);
 
-// The names of 1000 stocks as the system asks for them, which should take less than 20 ms.
+// The names of 1000 stocks as the system asks for them. Should take less than 20 ms.
 void BM_PaperNamesOf1000Stocks(benchmark::State& state) {
     const Printer printer;
     StockList list(printer.model());
@@ -266,7 +266,7 @@ BENCHMARK(BM_LoadPresets)
     ->Arg(1000)
     ->Complexity(benchmark::oNLogN);
 
-// The peer of looking for a preset: comparing the settings that count in all of them.
+// The peer of finding a preset: comparing the relevant settings of all of them.
 void BM_CompareManyDevModeBytes(benchmark::State& state) {
     const auto count = static_cast<size_t>(state.range(0));
     std::vector<std::vector<char>> modes(count, std::vector<char>(1508, 'x'));

@@ -1,5 +1,5 @@
-// Base64 and blob texts: no text leads the decoder beyond its blocks, and bytes come back from
-// their encoding.
+// Base64 and blob texts: no text leads the decoder beyond its buffers, and bytes survive encoding
+// and decoding.
 #include <cstdint>
 #include <cstdlib>
 #include <cstring>

@@ -1,5 +1,5 @@
 // The description of the objects in the printer: whatever it says, the list has only objects that
-// are there, each once, in every order.
+// are in it, each once, in every sort order.
 #include <cstdint>
 #include <cstdlib>
 

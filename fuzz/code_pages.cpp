@@ -1,5 +1,5 @@
-// Bytes of any code page: the first byte chooses it, the rest is text. What is measured must be
-// what is written, and UTF-16 made from valid UTF-8 must come back as the same bytes.
+// Bytes of any code page: the first byte chooses it, the rest is text. The measured size must be
+// the size written, and UTF-16 made from valid UTF-8 must convert back to the same bytes.
 #include <windows.h>
 
 #include <cstddef>

@@ -1,5 +1,5 @@
-// Any bytes as a printer's configuration, brought into the model's limits and written as commands:
-// nothing in them is other than text.
+// Any bytes as a printer's configuration, brought into the model's limits and written as commands,
+// which contain nothing but text.
 #include <cstdint>
 #include <cstring>
 #include <memory>
@@ -15,7 +15,7 @@
 
 namespace {
 
-// A model with everything that a configuration can be written for.
+// A model with everything that a configuration can contain.
 std::string FullModelData() {
     CustomData data = {};
     data.flags = 0xFFFFFFFF & ~(CustomData::TRANSFER_ONLY | CustomData::DIRECT_ONLY);

@@ -1,5 +1,5 @@
-// Any bytes as the blob of a data font, as a settings file and as a file of old drivers: what comes
-// out has one font of each name, and comes back from the file that it is exported to.
+// Any bytes as the blob of a data font, as a settings file and as a file of old drivers: the result
+// has one font of each name, and survives export and import.
 #include <cstdint>
 #include <cstdlib>
 #include <cstring>
@@ -17,7 +17,7 @@ namespace {
 
 constexpr uint32_t UTF_8 = 1208;
 
-// Every symbology and tag, some of them with few options.
+// A model with every symbology and tag, some of them with few options.
 std::string EverySymbology() {
     std::string symbologies = "[A]\n";
     for (int i = 0; i < KVCapabilitiesData::SYMBOLOGIES; ++i)

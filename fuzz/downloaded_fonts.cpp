@@ -1,5 +1,5 @@
 // Any bytes as the stored records of downloaded fonts, and as a printer's list of its font files:
-// what is loaded is stored again as it is, and what is suggested for a new font is free.
+// what is loaded is stored again unchanged, and the name suggested for a new font is free.
 #include <cstdint>
 #include <cstdlib>
 #include <cstring>
@@ -42,7 +42,7 @@ FUZZ_TARGET(downloaded_fonts)(const uint8_t* data, size_t size) {
     prtreg registry(host.Model()->GetRegistry());
     Input input(data, size);
 
-    // Values of any name in use, of any type and size.
+    // Values with any of the names in use, of any type and size.
     constexpr const char* kNames[] = {"Type",          "Status",   "Point Size", "Character Subset",
                                       "Characters",    "FontInfo", "Italic",     "Face Name",
                                       "Character Set", "Weight"};

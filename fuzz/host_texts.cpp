@@ -1,4 +1,4 @@
-// What labelhost takes: a DEVMODE of a file with an edit of one of its fields, texts of settings
+// The inputs of labelhost: a DEVMODE file with a change to one of its fields, texts of settings
 // files, hexadecimal bytes and numbers.
 #include <cstdint>
 #include <string>

@@ -1,4 +1,4 @@
-// Compressed containers: whatever decodes must come back from a container of its own.
+// Compressed containers: whatever decodes must survive encoding and decoding.
 #include <cstdint>
 #include <cstdlib>
 #include <cstring>

@@ -1,5 +1,5 @@
-// Model data tables: whatever their properties say, the records keep to their layouts: texts end
-// within their fields, and what may not be zero is not.
+// Model data tables: whatever their properties say, the records keep to their layouts. Texts end
+// within their fields, and what must not be zero is not.
 #include <cstdint>
 #include <cstdlib>
 #include <cstring>
@@ -33,7 +33,7 @@ FUZZ_TARGET(model_records)(const uint8_t* data, size_t size) {
                               "BarCode", "Features", "~CustomData"})
         file += Record(std::string(table) + ".d", text);
 
-    // The module is not attached and the printer unknown: no folder and no prefix.
+    // The module is not attached and the printer is unknown, so there is no folder and no prefix.
     OResourceCache::Initialize();
     ModelDataCache::Initialize();
     if (OResourceFile* opened = OResourceCache::GetResourceFile("\\.ddt"))

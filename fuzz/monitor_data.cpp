@@ -1,5 +1,5 @@
-// What the status monitor is asked as a printer's data: any name, with any bytes left for it in
-// the printer's key. It changes nothing but the shared settings of that printer.
+// Requests to the status monitor as printer data: any name, with any bytes left for it in the
+// printer's key. It changes only the shared settings of that printer.
 #include <windows.h>
 
 #include <cstdint>
@@ -14,7 +14,7 @@
 
 namespace {
 
-// Everything of the registry that no client may touch.
+// A checksum of everything in the registry that no client may touch.
 uint32_t Forbidden() {
     ORegistry registry;
     uint32_t checksum = 0;

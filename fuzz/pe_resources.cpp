@@ -1,4 +1,4 @@
-// Any bytes as a PE file: its resources are looked up and read to their ends.
+// Any bytes as a PE file, whose resources are looked up and read to their ends.
 #include "../platform/modules/pe_image.h"
 #include "target.h"
 

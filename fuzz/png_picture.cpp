@@ -1,4 +1,4 @@
-// PNG files as labelhost reads them: any bytes give a picture of the announced size or a fault.
+// PNG files as labelhost reads them: any bytes give a picture of the announced size, or a fault.
 #include <cstddef>
 #include <cstdint>
 
@@ -7,7 +7,7 @@
 #include "target.h"
 
 FUZZ_TARGET(png_picture)(const uint8_t* data, size_t size) {
-    constexpr int kMaxSide = 1000; // larger ones are slow and no different
+    constexpr int kMaxSide = 1000; // larger ones are slow and test nothing more
     try {
         const Picture picture = DecodePicture(data, size, kMaxSide);
         const size_t pixels =

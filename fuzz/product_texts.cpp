@@ -1,5 +1,5 @@
-// What ddtpack takes: model data files, keys files of custom data and default settings in words.
-// What it makes can be read, by itself and by the driver.
+// The inputs of ddtpack: model data files, keys files of custom data, and default settings in text
+// form. It and the driver can read what it makes.
 #include <cstdint>
 #include <string>
 
@@ -17,7 +17,7 @@
 
 namespace {
 
-// Whether `work` found nothing wrong.
+// True if `work` found nothing wrong.
 template <class Work>
 bool Succeeds(const Work& work) {
     try {

@@ -1,5 +1,5 @@
-// Any bytes as a private profile (sections with key=value lines): it is listed and read, and what
-// is written to it is there.
+// Any bytes as a private profile (sections with key=value lines): it can be listed and read, and
+// what is written to it can be read back.
 #include <windows.h>
 
 #include <cstdint>
@@ -16,7 +16,7 @@ namespace {
 using Wide = std::basic_string<WCHAR>;
 constexpr const WCHAR* kFile = TEXT("C:\\in.ini");
 
-// The texts of a list, each with a zero behind it.
+// The texts of a list, each with a zero after it.
 std::vector<Wide> List(const WCHAR* section, const WCHAR* key, DWORD room) {
     std::vector<WCHAR> buffer(room);
     const DWORD length =

@@ -1,5 +1,5 @@
-// Registry texts from settings files: reading them must survive anything, and every value that they
-// give must come back from its own text.
+// Registry texts from settings files: reading must survive anything, and every value that was read
+// must survive being written and read again.
 #include <cstdint>
 #include <cstdlib>
 #include <cstring>

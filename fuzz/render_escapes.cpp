@@ -1,5 +1,5 @@
-// Any private escapes in any order, with records of any size, to the rendering module's device that
-// has a document open: it reads and writes no further than it is told.
+// Any private escapes in any order, with records of any size, for the rendering module's device
+// with an open document: it reads and writes no further than the sizes say.
 #include <winspool.h>
 
 #include <algorithm>
@@ -29,7 +29,7 @@ constexpr int kEscapes[] = {QUERYESCSUPPORT,
                             ESCAPE_CACHE_ITEM_ACTION,
                             16001};
 
-// A document on the printer, begun anew now and then so that its file stays small.
+// A document on the printer, started anew now and then so that its file stays small.
 class Document {
 public:
     explicit Document(HANDLE printer)

@@ -13,7 +13,7 @@ namespace {
 constexpr int kAll = SETTINGS_STOCKS | SETTINGS_PRESETS | SETTINGS_BAR_FONTS | SETTINGS_RFID_FONTS |
                      SETTINGS_OPTIONS;
 
-// What has been imported is in order, and a file that it is exported to has it all.
+// The imported settings are in order, and a file that they are exported to has all of them.
 void CheckLists(StockList& stocks, PresetList& presets, DataFontManager& fonts, prtmodel& model,
                 bool text) {
     for (const Stock *stock = stocks.GetNext(nullptr), *next;

@@ -1,5 +1,5 @@
-// DEVMODEs of the spooler, wide (first byte even) and ANSI: a copy never reads outside, and has
-// just the size that it claims.
+// DEVMODEs of the spooler, wide (first byte even) and ANSI: copying never reads outside, and a copy
+// has exactly the size that it gives itself.
 #include <cstddef>
 #include <cstdint>
 #include <cstdlib>

@@ -1,5 +1,5 @@
 // Any values below the keys of a printer and of the machine's stocks, as old drivers and other
-// programs may have left them: everything that is kept there is loaded, stored and loaded again.
+// programs may have left them: all settings there are loaded, stored and loaded again.
 #include <winspool.h>
 
 #include <cstdint>
@@ -23,7 +23,7 @@
 
 namespace {
 
-// Names in use; those of a list are completed by a number.
+// Names in use; those of lists are completed by a number.
 constexpr const char* kNames[] = {"Settings:User Form:: Name",
                                   "Settings:User Form:: Data",
                                   "Settings:Unprintable Width",
@@ -110,7 +110,8 @@ FUZZ_TARGET(stored_settings)(const uint8_t* data, size_t size) {
     while (!input.IsEmpty()) {
         const std::string_view name = kNames[input.Number() % std::size(kNames)];
         if (name.ends_with("Total")) {
-            // Each of the many that there are not is looked for, which is slow and no different.
+            // A large total makes the reader look for many entries that do not exist, which is slow
+            // and tests nothing more.
             registry.SetDWORD(name.data(), static_cast<uint32_t>(input.Number()));
             continue;
         }

@@ -1,5 +1,5 @@
 // Any bytes as a packed list of strings, 8-bit and UTF-16, and as a text that is split: the list
-// comes back from its own packing, and the pieces make the text again.
+// survives packing and unpacking, and the pieces join to the text again.
 #include <cstdint>
 #include <cstring>
 #include <string>

@@ -1,5 +1,4 @@
-// Any bytes as the text of a table. A section found by the index must be what a walk over all lines
-// finds.
+// Any bytes as the text of a table. The index must find the same sections as a walk over all lines.
 #include "model/table_text.h"
 #include "target.h"
 

@@ -1,4 +1,4 @@
-// The UTF-8 coder on any bytes, and UTF-16 of any units there and back.
+// The UTF-8 coder on any bytes, and any UTF-16 units to UTF-8 and back.
 #include <cstdint>
 #include <cstdlib>
 #include <cstring>
@@ -16,7 +16,7 @@ FUZZ_TARGET(utf8)(const uint8_t* data, size_t size) {
     if (units.GetSize() == 0 || units.GetSize() > size + 1 || units[units.GetSize() - 1] != 0)
         std::abort();
 
-    // A string takes the same way.
+    // A string is converted the same way.
     OString text;
     text.SetCodePage(1208);
     text = std::string(reinterpret_cast<const char*>(data), size).c_str();

@@ -1,5 +1,5 @@
-// Any bytes as a file with a version resource, and as the resource itself: whatever is answered
-// lies in it.
+// Any bytes as a file with a version resource, and as the resource itself: every answer is within
+// it.
 #include <windows.h>
 
 #include <algorithm>
@@ -24,7 +24,7 @@ constexpr const WCHAR* kPaths[] = {TEXT(""),
                                    TEXT("\\stringfileinfo\\000004b0\\LegalCopyright"),
                                    TEXT("StringFileInfo\\\\000004B0\\a")};
 
-// `block` holds the bytes that its first word tells of.
+// `block` holds as many bytes as its first word says.
 void CheckBlock(const std::vector<uint8_t>& block) {
     for (const WCHAR* path : kPaths) {
         void* value = nullptr;

@@ -1,4 +1,4 @@
-// The emulated printer takes any bytes, in two pieces as they may come over a network.
+// The emulated printer takes any bytes, in two pieces, as they may come over a network.
 
 #include <algorithm>
 #include <cstdint>

@@ -18,7 +18,7 @@ int Answer(bool good) {
     return good ? SUCCESS : FAILURE;
 }
 
-// Takes a record off the front of the input; false when the input is too short for it.
+// Takes a record off the front of the input. False if the input is too short for it.
 template <class T>
 bool Take(T& record, const unsigned char*& input, ULONG& size) {
     if (size < sizeof record) return false;
@@ -53,7 +53,7 @@ void Device::Describe(const DEVMODEW* dev_mode, GDIINFO& info) const {
     const PageGeometry page = GeometryOf(dev_mode, name_);
     info.ulVersion = 1;
     info.ulTechnology = DT_RASPRINTER;
-    // Negative: micrometres.
+    // Negative values are in micrometres.
     info.ulHorzSize = static_cast<ULONG>(-100 * page.paper_width);
     info.ulVertSize = static_cast<ULONG>(-100 * page.paper_height);
     info.ulHorzRes = static_cast<ULONG>(page.width);
@@ -127,7 +127,7 @@ int Device::WriteRaw(const unsigned char* input, ULONG size) {
 int Device::DrawBar(const unsigned char* input, ULONG size) {
     KVBar bar;
     if (!Take(bar, input, size) || bar.size != sizeof bar) return FAILURE;
-    // The start is on the middle line, ZPL wants the corner.
+    // The start is on the middle line; ZPL takes the corner.
     const int half = bar.thickness / 2;
     const int x = bar.vertical ? bar.x - half : bar.x;
     const int y = bar.vertical ? bar.y : bar.y - half;
@@ -140,7 +140,7 @@ bool Device::WriteBox(int x, int y, int width, int height, bool black) {
     if (!in_format_ && !output_.Write("^XA\r\n")) return false;
     in_format_ = true;
     char command[96];
-    // A border as thick as the box is narrow leaves nothing open inside of it.
+    // A border as thick as the box is narrow fills the box.
     std::snprintf(command, sizeof command, "^FO%d,%d^GB%d,%d,%d%s^FS\r\n", std::max(x, 0),
                   std::max(y, 0), width, height, std::min(width, height), black ? "" : ",W");
     return output_.Write(command);
@@ -172,7 +172,7 @@ int Device::HandleCache(const unsigned char* input, ULONG size) const {
     if (!Take(action, input, size)) return FAILURE;
     if (action.action == KVCacheAction::RESET_SETTINGS)
         return Answer(WriteCacheSettings(name_.c_str(), nullptr));
-    // Nothing is kept, so everything is forgotten already.
+    // Nothing is kept, so there is nothing to forget.
     return SUCCESS;
 }
 

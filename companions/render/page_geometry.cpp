@@ -13,7 +13,7 @@ namespace {
 
 using Name = std::basic_string<WCHAR>;
 
-// A field of the public part; 0 when it is not there or, with `bit`, not in use.
+// A field of the public part; 0 if it is not there or, with `bit`, not in use.
 SHORT Field(const DEVMODEW* dev_mode, SHORT DEVMODEW::*field, DWORD bit = 0) {
     if (!dev_mode || (bit && !(dev_mode->dmFields & bit))) return 0;
     const auto* end = reinterpret_cast<const char*>(&(dev_mode->*field) + 1);
@@ -21,7 +21,7 @@ SHORT Field(const DEVMODEW* dev_mode, SHORT DEVMODEW::*field, DWORD bit = 0) {
                                                                              : SHORT{0};
 }
 
-// The list that answers a capability, `units` elements of T for each entry.
+// The list that answers a capability, with `units` elements of T for each entry.
 template <class T>
 std::vector<T> Ask(const Name& printer, WORD capability, size_t units = 1) {
     const int count = DeviceCapabilitiesW(printer.c_str(), nullptr, capability, nullptr, nullptr);
@@ -35,7 +35,7 @@ std::vector<T> Ask(const Name& printer, WORD capability, size_t units = 1) {
 
 using Size = std::pair<int32_t, int32_t>;
 
-// For drivers that tell nothing: labels of 4 by 6 inches at the most common resolution.
+// Used if the driver tells nothing: labels of 4 by 6 inches at the most common resolution.
 constexpr Size USUAL_PAPER = {1016, 1524};
 constexpr Size USUAL_RESOLUTION = {203, 203};
 
@@ -45,8 +45,8 @@ bool IsSize(const Size& size) {
 
 constexpr size_t NAME_SLOT = 64;
 
-// The place of the paper that the DEVMODE names, by its number or else by its name, among the
-// driver's; a large number when there is none.
+// The index, among the driver's papers, of the one that the DEVMODE names by number or else by
+// name; a large number if there is none.
 size_t PlaceOfPaper(const DEVMODEW& dev_mode, const Name& printer) {
     if (const SHORT number = Field(&dev_mode, &DEVMODEW::dmPaperSize, DM_PAPERSIZE)) {
         const auto numbers = Ask<WORD>(printer, DC_PAPERS);

@@ -22,7 +22,7 @@ HDC Create(LPCWSTR driver, LPCWSTR device, const DEVMODEW* dev_mode, bool inform
     });
 }
 
-// `work` with the device context of a handle; `failure` when there is none.
+// Runs `work` with the device context of a handle, or answers `failure` if there is none.
 template <class Work>
 int WithPrinter(HDC handle, int failure, const Work& work) {
     return Guarded(failure, [&] {

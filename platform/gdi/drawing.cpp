@@ -28,7 +28,7 @@ HBITMAP NewBitmap(int width, int height, int bits_per_pixel, const void* bits) {
     return static_cast<HBITMAP>(NewHandle(bitmap));
 }
 
-// `work` with the drawing context of a handle; `failure` when there is none.
+// Runs `work` with the drawing context of a handle, or answers `failure` if there is none.
 template <class Answer, class Work>
 Answer WithDrawing(HDC dc, Answer failure, const Work& work) {
     return Guarded(failure, [&] {

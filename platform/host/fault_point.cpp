@@ -7,7 +7,7 @@
 namespace win32host {
 namespace {
 
-std::atomic<DWORD> g_kinds{0}; // of the plan; 0 without one
+std::atomic<DWORD> g_kinds{0}; // those of the plan; 0 without one
 std::mutex g_faults_lock;      // guards the rest
 FaultPlan g_plan;
 DWORD g_points = 0;

@@ -1,4 +1,4 @@
-// WinExec: a host without programs of its own runs what rundll32 would.
+// WinExec: this host has no programs of its own, but does what rundll32 would.
 #include <windows.h>
 
 #include <win32host/control.h>

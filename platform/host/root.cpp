@@ -18,8 +18,8 @@ std::string DefaultRoot() {
     return std::string(home && *home ? home : "/tmp") + "/.local/share/labelhost";
 }
 
-// Makes the folder and its drive C (as far as that is possible: what needs it reports its own
-// failure) and gives its absolute path.
+// Makes the folder and its drive C and answers its absolute path. A failure to make them is
+// reported by whatever needs them.
 std::string Prepare(const std::string& folder) {
     std::error_code error;
     std::filesystem::create_directories(folder + "/drive_c", error);

@@ -37,7 +37,7 @@ void AppendUtf8(std::string& bytes, char32_t c) {
     }
 }
 
-// Takes one character off the front of `text`; a byte that begins none counts as kReplacement.
+// Takes one character off the front of `text`. A byte that cannot start one counts as kReplacement.
 char32_t TakeCharacter(std::string_view& text) {
     const auto byte = [&](size_t i) { return static_cast<unsigned char>(text[i]); };
     const unsigned char first = byte(0);

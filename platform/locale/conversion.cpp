@@ -8,7 +8,7 @@
 namespace win32host {
 namespace {
 
-// Where a conversion writes: counts when there is no buffer, stops at the end of one.
+// Where a conversion writes. Counts if there is no buffer, else stops at its end.
 template <class Unit>
 class Sink {
 public:
@@ -16,7 +16,7 @@ public:
         : buffer_(size > 0 ? buffer : nullptr)
         , size_(static_cast<size_t>(size)) {}
 
-    // A character of `count` units goes in whole or not at all.
+    // All `count` units of a character are written, or none.
     bool Put(const Unit* units, size_t count) {
         if (buffer_) {
             if (count > size_ - used_) return false;
@@ -27,7 +27,7 @@ public:
     }
     bool Put(Unit unit) { return Put(&unit, 1); }
 
-    // What the caller is told.
+    // The answer for the caller.
     int Finish(bool complete) const {
         if (complete) return static_cast<int>(used_);
         SetLastError(ERROR_INSUFFICIENT_BUFFER);
@@ -44,9 +44,9 @@ private:
 
 constexpr char16_t kReplacement = 0xFFFD;
 
-// Decodes the character at the front of `text`. Answers the bytes it takes; for malformed input
-// `c` is kReplacement, `good` false, and the answer is the longest beginning of a valid sequence
-// (at least one byte).
+// Decodes the character at the front of `text`. Answers the number of bytes it takes. For malformed
+// input `c` is kReplacement, `good` is false, and the answer is the length of the longest beginning
+// of a valid sequence (at least one byte).
 size_t DecodeUtf8(const BYTE* text, size_t left, char32_t& c, bool& good) {
     const BYTE first = text[0];
     size_t length = 1;
@@ -158,7 +158,7 @@ int FromTable(const CodePageTable& table, DWORD flags, const BYTE* text, size_t 
                 unit = info.default_unicode;
             }
         }
-        // Single bytes in this part of the private use area stand for nothing.
+        // Single bytes in this part of the private use area have no meaning.
         if ((flags & MB_ERR_INVALID_CHARS) && unit >= 0xF880 && unit <= 0xF8FF)
             return Fail(ERROR_NO_UNICODE_TRANSLATION);
         if (!sink.Put(unit)) return sink.Finish(false);
@@ -196,7 +196,7 @@ int ToTable(const CodePageTable& table, DWORD flags, LPCWSTR text, size_t units,
     return sink.Finish(true);
 }
 
-// The checks that both directions share. `length` becomes the text's full length.
+// The checks that both directions share. `length` becomes the full length of the text.
 template <class From, class To>
 bool CheckBuffers(const From* text, int given, const To* buffer, int size, size_t& length) {
     if (!text || given == 0 || size < 0 || (size > 0 && !buffer)) return false;

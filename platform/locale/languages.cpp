@@ -32,8 +32,8 @@ constexpr Language kLanguages[] = {
     {"zh", "SG", u"ZHI", 0x1004},
 };
 
-// Of the languages whose code pages are not those of Western Europe: with their country before
-// those without.
+// The languages whose code pages are not those of Western Europe. Entries with a country come
+// before those without.
 constexpr struct {
     LANGID language;
     CodePages code_pages;

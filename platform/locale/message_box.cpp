@@ -52,7 +52,7 @@ void ResetMessageBoxes() {
 extern "C" int WINAPI MessageBoxW(HWND owner, LPCWSTR text, LPCWSTR caption, UINT type) {
     return win32host::Guarded(0, [&] {
         std::lock_guard guard(win32host::g_answers_lock);
-        // Windows titles a box without a caption itself.
+        // Windows gives a box without a caption its own title.
         win32host::g_shown.push_back(
             {owner, text ? text : u"", caption ? caption : u"Error", type});
         return win32host::g_answer.value_or(win32host::CarefulAnswer(type));

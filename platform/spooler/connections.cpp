@@ -18,7 +18,7 @@ std::u16string KeyOf(std::u16string full_name) {
     return full_name;
 }
 
-// The full name that a key stands for; empty when it is no connection's.
+// The full name that a key stands for; empty if it is not a connection's.
 std::u16string NameOf(std::u16string key) {
     if (!key.starts_with(u",,")) return {};
     const size_t end = key.find(u',', 2);
@@ -27,7 +27,7 @@ std::u16string NameOf(std::u16string key) {
     return key;
 }
 
-// Has the printer's driver on this machine too, with its files.
+// Installs the printer's driver on this machine too, with its files.
 DWORD BringDriver(const PrintServer& server, const std::u16string& name) {
     const auto local = PrintServer::Named({});
     if (ReadDriver(*local, name)) return ERROR_SUCCESS;
@@ -74,7 +74,7 @@ extern "C" BOOL WINAPI AddPrinterConnectionW(LPWSTR name) {
         if (const DWORD code = BringDriver(*server, printer->driver)) return Fail(code);
         status = key.Create(connections.get(), KeyOf(full_name));
         if (status == ERROR_SUCCESS) status = key.SetText(u"Server", server->Name());
-        // So that the driver can be told of the end when the server is not there any more.
+        // This lets the driver be told of the end even if the server no longer exists.
         if (status == ERROR_SUCCESS) status = key.SetText(u"Printer Driver", printer->driver);
         if (status != ERROR_SUCCESS) return Fail(static_cast<DWORD>(status));
         if (const auto library = LoadDriver(printer->driver))

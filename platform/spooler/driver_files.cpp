@@ -25,7 +25,7 @@ bool IsFile(const std::optional<std::string>& path) {
     return path && fs::is_regular_file(*path, ignored);
 }
 
-// Where the file named in an installation is now.
+// The present place of a file that is to be installed.
 std::optional<std::string> FindSource(const PrintServer& server, const std::u16string& file) {
     if (file.find_first_of(u"\\/:") != std::u16string::npos) return HostPath(file);
     auto source = HostPath(server.DriverFolder() + u'\\' + file);
@@ -44,7 +44,8 @@ DWORD CopyWhole(const FileCopy& copy) {
     aside += ".new" + std::to_string(getpid()) + "-" + std::to_string(count.fetch_add(1));
     std::error_code error;
     fs::copy_file(copy.from, aside, fs::copy_options::overwrite_existing, error);
-    // Like the system's copies it is as old as its source: that is how newer files are known.
+    // Like the system's copies it keeps the time of its source, as newer files are recognised by
+    // that.
     if (!error) fs::last_write_time(aside, fs::last_write_time(copy.from, error), error);
     if (!error) fs::rename(aside, copy.to, error);
     if (!error) return ERROR_SUCCESS;

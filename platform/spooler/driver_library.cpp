@@ -87,14 +87,14 @@ DriverLibrary::~DriverLibrary() {
 bool DriverLibrary::RaisePrinterEvent(const std::u16string& printer, int event, DWORD flags,
                                       LPARAM parameter) const {
     if (!printer_event_) return true;
-    std::u16string name = printer; // the driver's to write into
+    std::u16string name = printer; // the driver may write into it
     return As<PrinterEventFunction>(printer_event_)(name.data(), event, flags, parameter) != FALSE;
 }
 
 bool DriverLibrary::UpgradePrinter(const std::u16string& printer) const {
     if (!upgrade_) return true;
     std::u16string name = printer;
-    // The files of a driver are replaced where they lie: there is no folder of the old ones.
+    // A driver's files are replaced in place: there is no folder with the old ones.
     DRIVER_UPGRADE_INFO_1W info = {name.data(), nullptr};
     return As<UpgradeFunction>(upgrade_)(1, reinterpret_cast<LPBYTE>(&info)) != FALSE;
 }

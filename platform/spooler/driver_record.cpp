@@ -46,7 +46,7 @@ std::optional<DriverRecord> ReadKey(const RegistryKey& key, const std::u16string
     record.previous_names = key.Texts(kPreviousNames);
     ReadBytes(key, kDriverDate, record.date);
     ReadBytes(key, kDriverVersion, record.driver_version);
-    if (key.HasFailed()) return std::nullopt; // half a record is none
+    if (key.HasFailed()) return std::nullopt; // half a record does not count
     return record;
 }
 

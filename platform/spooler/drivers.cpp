@@ -18,7 +18,7 @@ bool IsDriverLevel(DWORD level) {
     return level == 2 || level == 3 || level == 6;
 }
 
-// The record as one of the DRIVER_INFO_ structures, which are beginnings of one another.
+// The record as one of the DRIVER_INFO_ structures, each of which starts with the next smaller one.
 template <class Info>
 void Put(LevelWriter& writer, size_t index, const DriverRecord& record,
          const std::u16string& folder) {
@@ -77,7 +77,7 @@ std::vector<std::u16string> CopyList(LPCWSTR texts) {
     return list;
 }
 
-// The files as the caller names them, and the record with their names alone.
+// The files as the caller names them, and the record with only their names.
 struct NewDriver {
     DriverRecord record;
     std::vector<std::u16string> files;
@@ -115,7 +115,7 @@ NewDriver NewDriverOf(DWORD level, const BYTE* info) {
     return driver;
 }
 
-// Exactly one of the ways to treat files that are there.
+// True if exactly one way to treat existing files is given.
 bool IsCopyMode(DWORD flags) {
     const DWORD mode = flags & ~DWORD{APD_COPY_FROM_DIRECTORY};
     return mode == APD_STRICT_UPGRADE || mode == APD_STRICT_DOWNGRADE ||
@@ -124,8 +124,8 @@ bool IsCopyMode(DWORD flags) {
 
 constexpr DWORD kUserModeVersion = 3;
 
-// The printers that had the driver before have a new one now, which is told so; they stay as they
-// are when it fails.
+// Tells the driver of every printer that had its previous version. A printer stays as it is if the
+// driver fails.
 void UpgradePrinters(const PrintServer& server, const std::u16string& driver) {
     std::shared_ptr<const DriverLibrary> library;
     for (const PrinterRecord& printer : ReadPrinters(server, false)) {

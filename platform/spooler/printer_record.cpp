@@ -46,7 +46,7 @@ constexpr NumberValue kNumbers[] = {
     {u"Status", &PrinterRecord::status},
 };
 
-// Half a record is none: whoever asked would take what is missing for empty.
+// Half a record does not count, as the caller would take what is missing for empty.
 std::optional<PrinterRecord> Whole(const RegistryKey& key, PrinterRecord& record) {
     if (key.HasFailed()) return std::nullopt;
     return std::move(record);
@@ -72,7 +72,7 @@ bool OpenKey(const PrintServer& server, const std::u16string& name, RegistryKey&
     return IsPrinterName(name) && server.OpenPrinter(name, key) == ERROR_SUCCESS;
 }
 
-// A DEVMODEW that reaches less far than this tells nothing about itself.
+// A DEVMODEW that is shorter than this says nothing about itself.
 constexpr size_t kSmallestDevMode = offsetof(DEVMODEW, dmFields) + sizeof(DWORD);
 
 } // namespace
@@ -162,7 +162,7 @@ std::vector<BYTE> CheckedDevMode(const DEVMODEW* dev_mode) {
 
 std::vector<BYTE> AnsiDevMode(const std::vector<BYTE>& dev_mode) {
     if (dev_mode.empty()) return {};
-    // The layouts differ in their two names only, so what lies between and behind them moves.
+    // The layouts differ in their two names only, so what lies between and after them moves.
     constexpr size_t name = sizeof(DEVMODEW::dmDeviceName), form = offsetof(DEVMODEW, dmFormName),
                      tail = form + sizeof(DEVMODEW::dmFormName);
     WORD public_size;

@@ -20,7 +20,7 @@ constexpr ACCESS_MASK kChanging = PRINTER_ACCESS_ADMINISTER | SERVER_ACCESS_ADMI
 constexpr DWORD kHighestPriority = 99;
 constexpr const char16_t* kPrintProcessor = u"WinPrint"; // the only one
 
-// The information levels of the default settings alone: everybody's, and the user's own.
+// The information levels with only the default settings: everybody's, and the user's own.
 constexpr DWORD kDefaults = 8, kUserDefaults = 9;
 static_assert(sizeof(PRINTER_INFO_8W) == sizeof(PRINTER_INFO_9W));
 
@@ -28,8 +28,8 @@ std::u16string CopyOr(LPCWSTR text, const char16_t* usual) {
     return text && *text ? text : usual;
 }
 
-// What the caller's structure makes of a printer that is `old` so far. Fields that are not the
-// caller's stay, and so do the default settings.
+// The record `old` with the fields of the caller's structure. Fields that callers cannot set stay,
+// and so do the default settings.
 PrinterRecord RecordOf(const PRINTER_INFO_2W& info, const PrinterRecord& old) {
     PrinterRecord record = old;
     record.name = SplitPrinterName(CopyOf(info.pPrinterName)).printer;
@@ -52,8 +52,8 @@ PrinterRecord RecordOf(const PRINTER_INFO_2W& info, const PrinterRecord& old) {
     return record;
 }
 
-// Whether the printer can be what the record says. What it was before stays good; `old` is empty
-// for a new one.
+// NO_ERROR if the printer can be what the record says. What it already was is always accepted;
+// `old` is empty for a new one.
 DWORD Check(const PrintServer& server, const PrinterRecord& record, const PrinterRecord& old) {
     const bool is_new = old.name.empty();
     if ((is_new || !SameName(record.driver, old.driver)) && !ReadDriver(server, record.driver))
@@ -85,7 +85,7 @@ DWORD Add(const PrintServer& server, const PrinterRecord& record) {
     LSTATUS status = server.CreatePrinters(printers);
     if (status != ERROR_SUCCESS) return static_cast<DWORD>(status);
     registry::KeyTransaction transaction(printers.get());
-    // What somebody who was stopped has left of a printer.
+    // Somebody who was stopped may have left parts of a printer.
     printers.DeleteTree(record.name);
     status = key.Create(printers.get(), record.name + u"\\PrinterDriverData");
     if (status == ERROR_SUCCESS) status = RegisterPort(server, record.port);
@@ -94,8 +94,8 @@ DWORD Add(const PrintServer& server, const PrinterRecord& record) {
     return static_cast<DWORD>(transaction.Commit(status));
 }
 
-// The caller's settings as the printer's driver lays them out today; none for null. False when they
-// are no DEVMODE.
+// The caller's settings in the driver's current layout, or empty for null. False if they are not a
+// DEVMODE.
 bool TakeDevMode(const OpenedPrinter& printer, const std::u16string& driver, PDEVMODEW wanted,
                  std::vector<BYTE>& dev_mode) {
     if (!wanted) return true;
@@ -263,14 +263,14 @@ extern "C" HANDLE WINAPI AddPrinterW(LPWSTR server_name, DWORD level, LPBYTE inf
         PrinterRecord record = RecordOf(wanted, {});
         record.name = CopyOf(wanted.pPrinterName);
         if (!IsPrinterName(record.name)) return fail(ERROR_INVALID_PRINTER_NAME);
-        // The driver brings them into its layout itself when it is told of the printer.
+        // The driver converts them itself when it is told of the printer.
         record.dev_mode = CheckedDevMode(wanted.pDevMode);
         if (wanted.pDevMode && record.dev_mode.empty()) return fail(ERROR_INVALID_PARAMETER);
         if (const DWORD code = Add(*server, record)) return fail(code);
 
         const HANDLE handle =
             NewHandle(std::make_shared<OpenedPrinter>(server, record.name, PRINTER_ALL_ACCESS));
-        // A driver that fails here, or cannot be loaded, has a printer all the same.
+        // The printer stays even if the driver fails here or cannot be loaded.
         if (const auto library = LoadDriver(record.driver))
             library->RaisePrinterEvent(record.name, PRINTER_EVENT_INITIALIZE,
                                        PRINTER_EVENT_FLAG_NO_UI, 0);

@@ -30,13 +30,13 @@ const char* NameOf(char print_mode) {
     return kNames[DigitOf(print_mode)];
 }
 
-// A line of the configuration: the value in the first 22 columns, then what it is.
+// A line of the configuration: the value in the first 22 columns, then its label.
 std::string Line(const std::string& value, const char* label) {
     return Format("  %-20.20s%s\r\n", value.c_str(), label);
 }
 
-// A line of a directory; sizes have six columns. The flag is a font's letter, or P for what is part
-// of the printer.
+// A line of a directory; sizes have six columns. The flag is a font's letter, or P for an object
+// that is part of the printer.
 std::string Line(const StoredObject& object) {
     const char flag = object.letter == ' ' && object.resident ? 'P' : object.letter;
     return Format("* %c:%-8.8s.%-3.3s %6u   %c  \r\n", object.device, object.name.c_str(),
@@ -138,7 +138,7 @@ std::string EmulatedPrinter::Configuration() const {
            Line("XON/XOFF", "HOST HANDSHAKE") + Line("V1.0.0 <-", "FIRMWARE") + kEnd;
 }
 
-// One block for each device that matches; all devices are asked for with "*".
+// One block for each device that matches; "*" asks for all devices.
 std::string EmulatedPrinter::Directory(const std::string& pattern) const {
     ObjectName wanted(pattern);
     if (wanted.name.empty()) wanted.name = "*";

@@ -32,7 +32,7 @@ bool HasNoParameters(const ZplCommand& command) {
                                    : "EG FS HH PH PP XA XB XZ ");
 }
 
-// The parameters in front of the data of a command that carries some, 0 for every other.
+// The number of parameters before the data of a command that has data; 0 for all others.
 int HeaderFields(const ZplCommand& command) {
     if (!command.control) return command.name == "GF" ? 4 : 0;
     if (command.name == "DB") return 8;
@@ -45,7 +45,7 @@ bool ChangesPrefix(const ZplCommand& command) {
     return IsAnyOf(command.name, "CC CD CT ");
 }
 
-// How many raw bytes follow these parameters; 0 when the data is text.
+// The number of raw bytes that follow these parameters; 0 if the data is text.
 uint32_t RawBytes(const ZplCommand& command) {
     const std::vector<std::string> fields = SplitParameters(command.parameters, 5);
     if (command.name == "DY" && (fields[1] == "B" || fields[1] == "b"))
@@ -192,7 +192,7 @@ void ZplScanner::ChangePrefix(char c) {
     char& prefix = command_.name == "CC"   ? format_prefix_
                    : command_.name == "CT" ? control_prefix_
                                            : delimiter_;
-    // A printer needs its three characters told apart, and from text.
+    // The three characters must differ from each other and from text.
     if (c > ' ' && c != format_prefix_ && c != control_prefix_ && c != delimiter_) prefix = c;
 }
 

@@ -12,7 +12,7 @@ struct Reason {
     const char* text;
 };
 
-constexpr DWORD kServerUnavailable = 1722; // of the remote procedure calls
+constexpr DWORD kServerUnavailable = 1722; // an error of remote procedure calls
 
 constexpr Reason kReasons[] = {
     {ERROR_FILE_NOT_FOUND, "no such file or key"},

@@ -19,7 +19,7 @@ struct Field {
     size_t offset;
     size_t size;
     Kind kind;
-    DWORD bit = 0; // of dmFields
+    DWORD bit = 0; // in dmFields
     bool settable = true;
 };
 
@@ -73,7 +73,7 @@ constexpr Field kPublic[] = {
 };
 #undef PUBLIC
 
-// The settings stand as stored, at these places of the configuration. "a.b" is shown within "a".
+// The settings as stored, at these offsets of the configuration. "a.b" is shown within "a".
 constexpr Field kConfiguration[] = {
     {"user.0", 0, 256, Kind::Narrow},
     {"user.1", 256, 256, Kind::Narrow},
@@ -113,7 +113,7 @@ constexpr Field kConfiguration[] = {
     {"stock_count", 1108, 4, Kind::Signed},
     {"setting_flags", 1112, 2, Kind::Unsigned},
 };
-constexpr size_t kLastCommandRoom = 251; // beyond which it takes up the checksum's place
+constexpr size_t kLastCommandRoom = 251; // a longer one takes the checksum's place
 
 std::string NarrowText(const BYTE* at, size_t size) {
     return std::string(at, std::find(at, at + size, BYTE{0}));
@@ -134,7 +134,7 @@ Json ValueAt(const Field& field, const BYTE* at) {
     return FromSlot(units.data(), units.size());
 }
 
-// `from` to `end` are the bytes in which the fields lie.
+// `from` to `end` are the bytes that contain the fields.
 template <size_t N>
 Json FieldsOf(const Field (&fields)[N], const DevModeBytes& settings, size_t from, size_t size) {
     Json all = Json::object();
@@ -191,7 +191,7 @@ void PutValue(const Field& field, BYTE* at, const std::string& value) {
     if (!field.settable) throw Fault(std::string(field.name) + " cannot be set");
     const bool is_text = field.kind == Kind::Wide || field.kind == Kind::Narrow;
     if (!is_text) return PutNumber(field, at, value);
-    // The checksum behind a shorter last command is not the command's.
+    // The checksum after a shorter last command is not part of the command.
     const bool last = std::string(field.name) == "user.3" && value.size() < kLastCommandRoom;
     Field place = field;
     if (last) place.size -= sizeof(DWORD);
