@@ -1,7 +1,6 @@
 #include "core/memory.h"
 
 #include <algorithm>
-#include <atomic>
 #include <cstdint>
 #include <cstring>
 #include <functional>
@@ -14,7 +13,7 @@ constexpr size_t kHeader = alignof(std::max_align_t);
 constexpr size_t kLargestBlock = UINT32_MAX - kHeader;
 static_assert(kHeader >= sizeof(uint32_t));
 
-std::atomic<uint32_t> g_failures{0};
+thread_local uint32_t t_failures = 0;
 
 char* SizeWord(const void* block) {
     return static_cast<char*>(const_cast<void*>(block)) - sizeof(uint32_t);
@@ -22,12 +21,15 @@ char* SizeWord(const void* block) {
 
 } // namespace
 
-uint32_t AllocationFailures() {
-    return g_failures.load(std::memory_order_relaxed);
+AllocationWatch::AllocationWatch()
+    : failures_(t_failures) {}
+
+bool AllocationWatch::Failed() const {
+    return t_failures != failures_;
 }
 
 void NoteAllocationFailure() {
-    g_failures.fetch_add(1, std::memory_order_relaxed);
+    ++t_failures;
 }
 
 void* operator new(size_t size, CountedAllocation) noexcept {
@@ -65,7 +67,10 @@ void* ___malloc(size_t size) {
 }
 
 void* ___calloc(size_t count, size_t size) {
-    if (size != 0 && count > kLargestBlock / size) return nullptr;
+    if (size != 0 && count > kLargestBlock / size) {
+        NoteAllocationFailure();
+        return nullptr;
+    }
     return __memset(___malloc(count * size), 0, count * size);
 }
 

@@ -30,14 +30,23 @@ size_t ___msize(const void* block);
 // for null and on failure.
 void* memdup(const void* data, size_t size);
 
-// How many allocations for texts, buffers, arrays and blocks have failed in this process so far, on
-// whatever thread. Nothing says so where they fail: a text is shorter, a list lacks an element.
-// Work that must not be stored by half compares the number before and after.
-uint32_t AllocationFailures();
-// Counts the failure of an allocation that was made in another way.
+// Notices allocations for texts, buffers, arrays and blocks that fail on this thread after it was
+// made. Nothing else tells of them: a text is shorter, a list lacks an element. Work that must not
+// be stored by half keeps a watch. A watch is asked on the thread that made it.
+class AllocationWatch {
+public:
+    AllocationWatch();
+    // Whether an allocation has failed since.
+    [[nodiscard]] bool Failed() const;
+
+private:
+    uint32_t failures_; // of this thread, when the watch was made
+};
+
+// Tells the watches of this thread about an allocation that was made in another way and failed.
 void NoteAllocationFailure();
 
-// "new (kCounted) T" is null when memory is short, and counts that.
+// "new (kCounted) T" is null when memory is short, and the watches notice that.
 struct CountedAllocation {};
 inline constexpr CountedAllocation kCounted;
 void* operator new(size_t size, CountedAllocation) noexcept;

@@ -6,6 +6,8 @@
 #include <type_traits>
 #include <utility>
 
+#include "core/memory.h"
+
 // The process heap as buffers use it. Nothing here throws.
 class MemoryHeap {
 public:
@@ -54,7 +56,10 @@ public:
             MemoryHeap::Free(data_);
             data_ = nullptr;
         } else {
-            if (count > SIZE_MAX / sizeof(T)) return false;
+            if (count > SIZE_MAX / sizeof(T)) {
+                NoteAllocationFailure();
+                return false;
+            }
             void* moved = MemoryHeap::ReAlloc(data_, count * sizeof(T));
             if (!moved) return false;
             data_ = static_cast<T*>(moved);

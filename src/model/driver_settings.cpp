@@ -133,7 +133,7 @@ bool DriverSettings::Export(OFile& file, const char* model) {
 
 bool DriverSettings::Import(OFile& file, const char* model) {
     if (!core_.registry) return false;
-    const uint32_t failures = AllocationFailures();
+    const AllocationWatch memory;
     OptionsBlockReader reader(model, core_.registry->SubstituteWindowsSyntax("DATA:"));
     OStringArray all;
     file.Seek(0, FILE_BEGIN);
@@ -143,7 +143,7 @@ bool DriverSettings::Import(OFile& file, const char* model) {
         if (reader.Read(line)) all.Append(reader.GetLines());
     }
     // Half of a block is not stored.
-    if (all.GetSize() == 0 || file.HasFailed() || AllocationFailures() != failures) return false;
+    if (all.GetSize() == 0 || file.HasFailed() || memory.Failed()) return false;
     core_.registry->Import(all);
     return !core_.registry->HasFailed();
 }

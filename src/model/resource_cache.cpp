@@ -23,12 +23,12 @@ OResourceFile* OResourceCache::GetResourceFile(const OString& path) {
     OResourceFile* file = nullptr;
     if (instance_->files_.Lookup(path, file)) return file;
 
-    const uint32_t failures = AllocationFailures();
+    const AllocationWatch memory;
     file = new (kCounted) OResourceFile(path);
     if (!file) return nullptr;
     file->Load(path);
     // With a part of the file every printer would lack something until the module is detached.
-    if (AllocationFailures() != failures || !file->WasReadWhole()) {
+    if (memory.Failed() || !file->WasReadWhole()) {
         delete file;
         return nullptr;
     }

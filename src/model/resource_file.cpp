@@ -32,9 +32,9 @@ OResource::OResource(const OString& name, const void* container, uint32_t size)
 
 bool OResource::Decompress() {
     if (compressed_.GetSize() == 0) return true;
-    const uint32_t failures = AllocationFailures();
+    const AllocationWatch memory;
     LZ77::Decode(compressed_, data_);
-    if (AllocationFailures() != failures) {
+    if (memory.Failed()) {
         data_.SetSize(0);
         return false;
     }
@@ -47,9 +47,9 @@ const TableText& OResource::GetTextData() {
     OSynchronizer alone;
     OSingleLock lock(lock_ ? lock_ : &alone, true);
     if (!text_parsed_) {
-        const uint32_t failures = AllocationFailures();
+        const AllocationWatch memory;
         text_.Parse(data_.GetData(), data_.GetSize());
-        text_parsed_ = AllocationFailures() == failures;
+        text_parsed_ = !memory.Failed();
     }
     // What may be parsed again is not handed out.
     static const TableText none;

@@ -190,12 +190,12 @@ LONG ORegistry::Noted(LONG error, bool write) {
 }
 
 bool ORegistry::HasFailed() const {
-    return failed_ || AllocationFailures() != memory_failures_;
+    return failed_ || memory_.Failed();
 }
 
 void ORegistry::ForgetFailures() {
     failed_ = false;
-    memory_failures_ = AllocationFailures();
+    memory_ = AllocationWatch();
 }
 
 bool ORegistry::SetKey(const OString& path, bool create) {

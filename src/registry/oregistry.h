@@ -29,8 +29,8 @@ class RegistryLines;
 //
 // Several writes belong together in an ORegistryTransaction (config/oregistry_transaction.h).
 //
-// One key stays open between calls, so that work on one key is quick. An ORegistry belongs to one
-// thread; threads and processes meet in the registry itself.
+// One key stays open between calls, so that work on one key is quick. An ORegistry belongs to the
+// thread that made it; threads and processes meet in the registry itself.
 class ORegistry {
 public:
     ORegistry() = default;
@@ -112,8 +112,8 @@ public:
 
     // Whether an operation since ForgetFailures, or ever, has failed in another way than by not
     // finding what it named: the registry could not be read or written. A read then answers as if
-    // nothing were there. Want of memory counts, wherever in the process it was.
-    bool HasFailed() const;
+    // nothing were there. Want of memory counts, wherever on this thread it was.
+    [[nodiscard]] bool HasFailed() const;
     void ForgetFailures();
 
     // The path of a key in Windows notation ("HKEY_CURRENT_USER\SOFTWARE\..."); one without a root
@@ -211,7 +211,7 @@ private:
     bool in_transaction_ = false;
     bool only_reads_ = false; // in this transaction
     bool failed_ = false;
-    uint32_t memory_failures_ = AllocationFailures(); // when failures were forgotten
+    AllocationWatch memory_; // since failures were forgotten
 
     HKEY key_ = nullptr;
     OString path_;     // of the open key, substituted; empty when none is open

@@ -17,9 +17,8 @@ template <class List, class Import>
 void InstallDefaults(List& list, const prtmodel& model, Import import) {
     OFile file;
     if (!OpenDefaultSettings(file, model)) return;
-    const uint32_t failures = AllocationFailures();
+    const AllocationWatch memory;
     list.Load(&model);
     import(file);
-    if (!file.HasFailed() && AllocationFailures() == failures && model.WasReadWhole())
-        list.Save(&model);
+    if (!file.HasFailed() && !memory.Failed() && model.WasReadWhole()) list.Save(&model);
 }

@@ -25,7 +25,7 @@ void prtui::init(HANDLE printer, const DEVMODEW* in, uint32_t mode) {
     fmode = mode;
     hprinter = printer;
 
-    const uint32_t failures = AllocationFailures();
+    const AllocationWatch memory;
     const PrinterInfo info(printer);
     printer_name = info.GetPrinterName();
     port_name = info.GetPortName();
@@ -36,7 +36,7 @@ void prtui::init(HANDLE printer, const DEVMODEW* in, uint32_t mode) {
     devmode.Merge(info.GetDevMode(), model.get());
     if (mode & DM_IN_BUFFER) devmode.Merge(in, model.get());
     InitEx();
-    is_whole = model->WasReadWhole() && AllocationFailures() == failures;
+    is_whole = model->WasReadWhole() && !memory.Failed();
 }
 
 void prtui::InitEx() {

@@ -56,13 +56,12 @@ KDSettingsResult WriteText(OFile& file, int flags, const SettingsFileLists& sett
 } // namespace
 
 KDSettingsResult ExportSettingsFile(const OString& name, int flags, SettingsFileLists settings) {
-    const uint32_t failures = AllocationFailures();
+    const AllocationWatch memory;
     ReplacedFile replaced(name);
     if (!replaced.GetFile().is_open()) return {};
     const KDSettingsResult result = WriteText(replaced.GetFile(), flags, settings);
     // What could not be read is missing in the text.
-    if (AllocationFailures() != failures || ((flags & SETTINGS_OPTIONS) && !result.options))
-        return {};
+    if (memory.Failed() || ((flags & SETTINGS_OPTIONS) && !result.options)) return {};
     return replaced.Commit() ? result : KDSettingsResult{};
 }
 
@@ -75,7 +74,7 @@ KDSettingsResult ImportSettingsFile(const OString& name, int flags, SettingsFile
 
 KDSettingsResult ImportSettingsFile(OFile& file, int flags, SettingsFileLists settings) {
     KDSettingsResult result = {};
-    const uint32_t failures = AllocationFailures();
+    const AllocationWatch memory;
     char head[4];
     const bool whole = file.Read(head, sizeof head) == sizeof head;
     file.Seek(0, FILE_BEGIN);
@@ -95,7 +94,7 @@ KDSettingsResult ImportSettingsFile(OFile& file, int flags, SettingsFileLists se
             result.presets = Count(settings.presets.ImportKPR1(file, &settings.model));
     }
     // Half of a file is not stored.
-    if (file.HasFailed() || AllocationFailures() != failures) {
+    if (file.HasFailed() || memory.Failed()) {
         settings.stocks.KeepStored();
         settings.presets.KeepStored();
         settings.data_fonts.KeepStored();

@@ -6,6 +6,7 @@
 #include <cstring>
 #include <memory>
 #include <string>
+#include <thread>
 
 namespace {
 
@@ -52,6 +53,15 @@ TEST(MemoryBlock, IsZeroFromCallocAndCopiedWholeWithoutASize) {
     EXPECT_EQ(std::string(static_cast<char*>(whole.get()), 4), std::string("ab\0\0", 4));
     Block part(memdup("xyz", 2), ___free);
     EXPECT_EQ(___msize(part.get()), 2u);
+}
+
+TEST(AllocationWatch, NoticesWhatFailsOnItsOwnThreadOnly) {
+    const AllocationWatch watch;
+    std::thread([] { EXPECT_EQ(___malloc(SIZE_MAX), nullptr); }).join();
+    EXPECT_FALSE(watch.Failed());
+    EXPECT_EQ(___calloc(SIZE_MAX, 2), nullptr);
+    EXPECT_TRUE(watch.Failed());
+    EXPECT_FALSE(AllocationWatch().Failed()) << "a new one starts anew";
 }
 
 TEST(MemoryFunctions, CopyForwardOrAsIfThroughACopyAndCompareUnsignedBytes) {
