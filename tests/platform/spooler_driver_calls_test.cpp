@@ -4,15 +4,7 @@
 
 namespace {
 
-// A machine with the driver and the printer LABELS.
-class SpoolerDriverCalls : public SpoolerTest {
-protected:
-    SpoolerDriverCalls() {
-        AddDriver();
-        AddPrinter(u"LABELS");
-        EXPECT_EQ(TakeNotes(), u"3 LABELS;");
-    }
-};
+using SpoolerDriverCalls = LabelsTest;
 
 int Capability(LPCWSTR printer, WORD capability, LPWSTR output = nullptr,
                const DEVMODEW* dev_mode = nullptr) {
@@ -20,19 +12,18 @@ int Capability(LPCWSTR printer, WORD capability, LPWSTR output = nullptr,
 }
 
 TEST_F(SpoolerDriverCalls, TellTheDriverOfWhatHappensToItsPrinters) {
-    const HANDLE printer = Open(u"LABELS");
     PRINTER_INFO_2W info = Wanted(u"LABELS");
     info.pComment = Text(u"changed");
-    EXPECT_EQ(SetInfo(printer, info), 0);
+    EXPECT_EQ(SetInfo(printer_, info), 0);
     EXPECT_EQ(TakeNotes(), u"");
     info.Attributes = PRINTER_ATTRIBUTE_ENABLE_BIDI;
-    EXPECT_EQ(SetInfo(printer, info), 0);
+    EXPECT_EQ(SetInfo(printer_, info), 0);
     EXPECT_EQ(TakeNotes(), u"7 LABELS 64 2112;");
     AddDriver(u"Other Driver");
     info.pDriverName = Text(u"Other Driver");
-    EXPECT_EQ(SetInfo(printer, info), 0);
+    EXPECT_EQ(SetInfo(printer_, info), 0);
     EXPECT_EQ(TakeNotes(), u"3 LABELS;");
-    EXPECT_TRUE(DeletePrinter(printer));
+    EXPECT_TRUE(DeletePrinter(printer_));
     EXPECT_EQ(TakeNotes(), u"4 LABELS;");
 }
 
@@ -88,7 +79,6 @@ TEST_F(SpoolerDriverCalls, KeepTheDriverLoadedUntilItChanges) {
 using SpoolerThreads = SpoolerDriverCalls;
 
 TEST_F(SpoolerThreads, AskOpenAndChangeAtOnce) {
-    const HANDLE shared = Open(u"LABELS");
     std::vector<std::thread> threads;
     std::vector<int> failures(4);
     for (size_t i = 0; i < failures.size(); ++i) {
@@ -98,7 +88,7 @@ TEST_F(SpoolerThreads, AskOpenAndChangeAtOnce) {
                 PRINTER_INFO_2W info = Wanted(own);
                 const HANDLE printer = AddPrinterW(nullptr, 2, reinterpret_cast<LPBYTE>(&info));
                 failures[i] += Capability(own.c_str(), DC_PERSONALITY) != 2;
-                failures[i] += !PrinterInfo2(shared).good();
+                failures[i] += !PrinterInfo2(printer_).good();
                 failures[i] += Capability(u"LABELS", DC_PERSONALITY) != 2;
                 failures[i] += !DeletePrinter(printer) || !ClosePrinter(printer);
             }
