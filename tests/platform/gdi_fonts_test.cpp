@@ -159,24 +159,8 @@ TEST(GdiFonts, ReadEightBitTextByTheCharacterSetOfTheFont) {
     }
 }
 
-TEST(GdiBitmaps, HaveRowsFilledUpToSixteenBits) {
-    for (const auto& [width, size] : {std::pair{1, 6}, {16, 6}, {17, 12}, {-1, 0}}) {
-        const HBITMAP bitmap = CreateBitmap(width, 3, 1, 1, nullptr);
-        EXPECT_EQ(GetBitmapBits(bitmap, 0, nullptr), size) << width;
-        EXPECT_EQ(DeleteObject(bitmap), size > 0);
-    }
-    const BYTE bits[] = {0xA5, 0, 0x5A, 0xFF};
-    const HBITMAP bitmap = CreateBitmap(8, 2, 1, 1, bits);
-    BYTE read[4] = {};
-    EXPECT_EQ(GetBitmapBits(bitmap, 3, read), 3);
-    EXPECT_EQ(std::memcmp(read, bits, 3), 0);
-    EXPECT_EQ(read[3], 0);
-    EXPECT_TRUE(DeleteObject(bitmap));
-}
-
 TEST(GdiObjects, AreSelectedIntoOneContextAtATime) {
-    const HDC screen = GetDC(nullptr);
-    const HDC one = CreateCompatibleDC(screen), two = CreateCompatibleDC(nullptr);
+    const HDC one = CreateCompatibleDC(nullptr), two = CreateCompatibleDC(nullptr);
     const HBITMAP bitmap = CreateBitmap(4, 4, 1, 1, nullptr);
     const HGDIOBJ first = SelectObject(one, bitmap);
     EXPECT_NE(first, nullptr);
@@ -188,14 +172,4 @@ TEST(GdiObjects, AreSelectedIntoOneContextAtATime) {
     EXPECT_TRUE(DeleteDC(one));
     EXPECT_TRUE(DeleteObject(bitmap));
     EXPECT_FALSE(DeleteObject(bitmap));
-
-    const LOGFONTW description = Described(u"DejaVu Sans", 10);
-    const HFONT font = CreateFontIndirectW(&description);
-    EXPECT_NE(SelectObject(screen, font), nullptr);
-    EXPECT_TRUE(DeleteObject(font));
-    SIZE size = {};
-    EXPECT_TRUE(GetTextExtentPointA(screen, "x", 1, &size)) << "it goes when it is not selected";
-    EXPECT_EQ(SelectObject(screen, font), nullptr);
-    EXPECT_EQ(ReleaseDC(nullptr, screen), 1);
-    EXPECT_FALSE(GetTextExtentPointA(screen, "x", 1, &size));
 }

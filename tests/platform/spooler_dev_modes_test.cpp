@@ -132,29 +132,4 @@ TEST_F(SpoolerDevModes, AreRefusedWhenTheyAreNone) {
     EXPECT_EQ(Copies(printer_), (std::vector<int>{0, 0, 0}));
 }
 
-TEST_F(SpoolerDevModes, AreMadeByTheDriver) {
-    std::vector<BYTE> input = Settings(4), room(300, 0xEE);
-    const auto ask = [&](PDEVMODEW output, DWORD mode, LPCWSTR device = nullptr) {
-        return DocumentPropertiesW(nullptr, printer_, Text(device), output, In(input), mode);
-    };
-    EXPECT_EQ(ask(In(room), 0), 228);
-    EXPECT_EQ(ask(nullptr, DM_OUT_BUFFER), 228);
-    EXPECT_EQ(room, std::vector<BYTE>(300, 0xEE));
-
-    const DWORD mode = DM_IN_BUFFER | DM_OUT_BUFFER;
-    EXPECT_EQ(ask(In(room), mode), IDOK);
-    EXPECT_EQ(std::u16string(In(room)->dmDeviceName), u"LABELS");
-    EXPECT_EQ(In(room)->dmCopies, 4);
-    EXPECT_EQ(In(room)->dmFields, mode);
-    EXPECT_EQ(In(room)->dmPelsWidth, 228u);
-    EXPECT_EQ(ask(In(room), mode, u"Own name"), IDOK);
-    EXPECT_EQ(std::u16string(In(room)->dmDeviceName), u"Own name");
-
-    EXPECT_EQ(ask(In(room), mode | DM_IN_PROMPT), -1);
-    EXPECT_EQ(GetLastError(), DWORD{ERROR_NOT_SUPPORTED});
-    EXPECT_EQ(ask(In(room), mode, u"Broken"), -1);
-    EXPECT_EQ(DocumentPropertiesW(nullptr, nullptr, nullptr, In(room), nullptr, mode), -1);
-    EXPECT_EQ(GetLastError(), DWORD{ERROR_INVALID_HANDLE});
-}
-
 } // namespace

@@ -6,9 +6,8 @@ namespace {
 
 using SpoolerDriverCalls = LabelsTest;
 
-int Capability(LPCWSTR printer, WORD capability, LPWSTR output = nullptr,
-               const DEVMODEW* dev_mode = nullptr) {
-    return DeviceCapabilitiesW(printer, u"FILE:", capability, output, dev_mode);
+int Capability(LPCWSTR printer, WORD capability) {
+    return DeviceCapabilitiesW(printer, u"FILE:", capability, nullptr, nullptr);
 }
 
 TEST_F(SpoolerDriverCalls, TellTheDriverOfWhatHappensToItsPrinters) {
@@ -52,20 +51,6 @@ TEST_F(SpoolerDriverCalls, KeepAPrinterWhoseDriverFails) {
     EXPECT_TRUE(DeletePrinter(broken));
 }
 
-TEST_F(SpoolerDriverCalls, AskTheDriverForCapabilities) {
-    WCHAR name[24] = {};
-    DEVMODEW dev_mode = {};
-    dev_mode.dmSpecVersion = 0x401;
-    EXPECT_EQ(Capability(u"labels", DC_VERSION, nullptr, &dev_mode), 0x401);
-    EXPECT_EQ(Capability(u"labels", DC_VERSION), 0);
-    EXPECT_EQ(Capability(u"labels", DC_BINNAMES, name), 1);
-    EXPECT_EQ(std::u16string(name), u"LABELS");
-    EXPECT_EQ(Capability(u"labels", DC_PERSONALITY), 2);
-    EXPECT_EQ(Capability(u"labels", DC_MANUFACTURER), -1);
-    for (LPCWSTR name_of_none : {u"NONE", u"", LPCWSTR{}})
-        EXPECT_EQ(Capability(name_of_none, DC_COPIES), -1);
-}
-
 TEST_F(SpoolerDriverCalls, KeepTheDriverLoadedUntilItChanges) {
     EXPECT_EQ(Capability(u"LABELS", DC_COPIES), 1);
     EXPECT_EQ(Capability(u"LABELS", DC_COPIES), 2);
@@ -89,6 +74,7 @@ TEST_F(SpoolerThreads, AskOpenAndChangeAtOnce) {
                 const HANDLE printer = AddPrinterW(nullptr, 2, reinterpret_cast<LPBYTE>(&info));
                 failures[i] += Capability(own.c_str(), DC_PERSONALITY) != 2;
                 failures[i] += !PrinterInfo2(printer_).good();
+                failures[i] += Print(printer, u"x", "abc") == 0;
                 failures[i] += Capability(u"LABELS", DC_PERSONALITY) != 2;
                 failures[i] += !DeletePrinter(printer) || !ClosePrinter(printer);
             }
