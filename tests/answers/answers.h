@@ -67,8 +67,6 @@ inline DEVMODEW* DevModeIn(Bytes& bytes) {
     return reinterpret_cast<DEVMODEW*>(bytes.data());
 }
 
-void AskCodecs(const Module& module);
-void AskDithering(const Module& module);
 void AskDevModes(const Module& module);
 
 // Installs the module and the files of the folder `product` as the drivers of some models. The

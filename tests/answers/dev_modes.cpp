@@ -1,7 +1,6 @@
-// Conversion of DEVMODEs between layouts, and what the module answers without a printer.
+// Conversion of DEVMODEs between layouts.
 #include "answers/answers.h"
 
-#include <cstring>
 #include <initializer_list>
 
 namespace {
@@ -20,15 +19,13 @@ Bytes DevModeOf(WORD version, WORD size, WORD extra) {
 void AskDevModes(const Module& module) {
     const auto convert = EXPORT(module, DrvConvertDevMode);
     // The module's answer, the error, the size and the bytes.
-    const auto ask = [&](const std::string& what, DEVMODEW* in, Bytes* out, DWORD size,
-                         DWORD mode) {
-        SetLastError(0xABCD);
-        const BOOL done = convert(nullptr, in, out ? DevModeIn(*out) : nullptr, &size, mode);
+    const auto ask = [&](const std::string& what, Bytes& in, Bytes& out, DWORD size, DWORD mode) {
+        const BOOL done = convert(nullptr, DevModeIn(in), DevModeIn(out), &size, mode);
         const DWORD error = done ? 0 : GetLastError();
         Tell(what, done);
         Tell(what + ", error", error);
         Tell(what + ", size", size);
-        if (out) Tell(what + ", bytes", *out);
+        Tell(what + ", bytes", out);
     };
 
     for (const WORD in_size : std::initializer_list<WORD>{0, 40, 72, 124, 156, 188, 220, 264})
@@ -45,31 +42,10 @@ void AskDevModes(const Module& module) {
                         Bytes out(whole + 300, 'x');
                         DevModeIn(out)->dmSpecVersion = 0x400;
                         DevModeIn(out)->dmSize = out_size;
-                        ask(what + " and room for " + std::to_string(room), DevModeIn(in), &out,
-                            room, mode);
+                        ask(what + " and room for " + std::to_string(room), in, out, room, mode);
                     }
                     Bytes both = DevModeOf(0x401, in_size, extra);
                     const auto size = static_cast<DWORD>(both.size());
-                    ask(what + " in place", DevModeIn(both), &both, size, mode);
+                    ask(what + " in place", both, both, size, mode);
                 }
-
-    Bytes in = DevModeOf(0x401, 220, 10), out(2000);
-    for (const DWORD mode : {0, 3, 4, -1}) {
-        const std::string name = "mode " + std::to_string(mode);
-        ask(name + " without output", DevModeIn(in), nullptr, 2000, mode);
-        ask(name + " without input", nullptr, &out, 2000, mode);
-        SetLastError(0);
-        Tell(name + " without size",
-             convert(nullptr, DevModeIn(in), DevModeIn(out), nullptr, mode));
-        Tell(name + " without size, error", GetLastError());
-    }
-
-    DOCUMENTPROPERTYHEADER header = {};
-    header.cbSize = sizeof header;
-    const auto parameter = reinterpret_cast<LPARAM>(&header);
-    Tell("document properties", EXPORT(module, DrvDocumentPropertySheets)(nullptr, parameter));
-    Tell("document properties, size", header.cbOut);
-    Tell("no document properties", EXPORT(module, DrvDocumentPropertySheets)(nullptr, 0));
-    Tell("no printer properties", EXPORT(module, DrvDevicePropertySheets)(nullptr, 0));
-    Tell("may print", EXPORT(module, DevQueryPrintEx)(nullptr));
 }

@@ -65,8 +65,6 @@ int main(int count, char** arguments) {
         return 2;
     }
     const Module module(InstallDriver(WidePath(arguments[1]), WidePath(arguments[2])).c_str());
-    AskCodecs(module);
-    AskDithering(module);
     AskDevModes(module);
     AskPrinters(module);
     return 0;

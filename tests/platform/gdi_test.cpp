@@ -2,24 +2,11 @@
 
 namespace {
 
-// A machine with the printer LABELS, whose driver notes all that it is told.
-class DeviceContexts : public SpoolerTest {
+class DeviceContexts : public LabelsTest {
 protected:
-    DeviceContexts() {
-        AddDriver();
-        AddPrinter(u"LABELS");
-        TakeNotes();
-    }
-
     static int Start(HDC dc, LPCWSTR name) {
         const DOCINFOW info = {sizeof info, name, nullptr, nullptr, 0};
         return StartDocW(dc, &info);
-    }
-
-    std::string JobFile(int job) const {
-        char name[32];
-        std::snprintf(name, sizeof name, "/spool/%05d.SPL", job);
-        return BytesOf(root() + name);
     }
 };
 
@@ -39,7 +26,7 @@ TEST_F(DeviceContexts, TellTheDriverAndTheRenderingModuleInTurn) {
                            u"end doc;event 12;");
     EXPECT_TRUE(DeleteDC(dc));
     EXPECT_EQ(TakeNotes(), u"event 10;disable;");
-    EXPECT_EQ(JobFile(1), "abc");
+    EXPECT_EQ(Spooled(1), "abc");
     EXPECT_FALSE(DeleteDC(dc));
 }
 
@@ -68,7 +55,7 @@ TEST_F(DeviceContexts, DropDocumentsThatDoNotComeToTheirEnd) {
     const int job = Start(dc, u"Left");
     EXPECT_GT(job, 0);
     EXPECT_TRUE(DeleteDC(dc));
-    EXPECT_EQ(JobFile(job), "");
+    EXPECT_EQ(Spooled(static_cast<DWORD>(job)), "");
     DWORD needed = 0, count = 1;
     EXPECT_TRUE(EnumJobsW(Open(u"LABELS"), 0, 100, 1, nullptr, 0, &needed, &count) && count == 0);
 }

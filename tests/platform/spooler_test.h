@@ -37,11 +37,40 @@ protected:
     // What the driver has noted since the last call.
     static std::u16string TakeNotes();
 
+    // The number of the document that is started, and of one that is printed to its end.
+    static DWORD Start(HANDLE printer, LPCWSTR name);
+    static DWORD Print(HANDLE printer, LPCWSTR name, std::string bytes);
+    // The bytes of a job that waits.
+    std::string Spooled(DWORD job) const;
+
+    // Makes the machine "\\NAME" with the driver and does `work` there; answers its root folder.
+    template <class Work>
+    std::string OnServer(const std::string& name, Work work) {
+        const std::string server = EnterServer(name);
+        work();
+        win32host::SetRoot(root());
+        return server;
+    }
+
     static void UseAdministrator();
     static void UseGuest();
 
 private:
+    std::string EnterServer(const std::string& name) const;
+
     std::vector<HANDLE> opened_;
+};
+
+// With the driver and the printer LABELS.
+class LabelsTest : public SpoolerTest {
+protected:
+    LabelsTest() {
+        AddDriver();
+        AddPrinter(u"LABELS");
+        printer_ = Open(u"LABELS");
+        TakeNotes();
+    }
+    HANDLE printer_ = nullptr;
 };
 
 // The SDK's structures point to texts that they do not change.
@@ -53,7 +82,7 @@ inline LPWSTR Text(const std::u16string& text) {
 }
 LPWSTR Text(std::u16string&& text) = delete; // it would be gone before it is looked at
 
-// All these texts, each with a semicolon behind it.
+// All these texts, each with a semicolon after it.
 inline std::u16string Joined(std::initializer_list<LPCWSTR> texts) {
     std::u16string all;
     for (LPCWSTR text : texts) all += std::u16string(text ? text : u"(null)") + u';';

@@ -26,11 +26,6 @@ protected:
     // Writes a whole file below drive C, making its folders.
     void WriteFile(const std::string& windows_path, const std::string& bytes) const;
 
-    // Whether the registry lists keys and values in the order of their creation. The order is the
-    // system's own choice; what is made here depends on it only where a test says so.
-    static bool ListsByCreation();
-    static constexpr const char* kOtherOrder = "the registry lists names in another order";
-
 private:
     std::string root_;
 };

@@ -3,7 +3,6 @@
 
 #include "tools/labelhost_fixture.h"
 
-#include <algorithm>
 #include <thread>
 
 namespace {
@@ -15,17 +14,11 @@ TEST_F(Labelhost, AnswersForEveryShippedModel) {
         const std::string printer = "Printer " + model["name"].get<std::string>();
         Install(printer, model["name"]);
         const Json answer = RunJson({"capabilities", printer});
-        const Json& results = answer["results"];
-        EXPECT_EQ(answer["printer"], printer);
-        EXPECT_EQ(answer["bin_names"], Json::parse(R"(["Internal Spool"])"));
-        ASSERT_FALSE(answer["resolutions"].empty()) << printer;
-        EXPECT_GE(answer["resolutions"][0][0].get<int>(), 203);
-        EXPECT_EQ(results["32"], printer.find("Spot") == std::string::npos ? 0 : 1);
-        const int smallest = results["4"], largest = results["5"];
+        const int smallest = answer["results"]["4"], largest = answer["results"]["5"];
         EXPECT_GT(largest & 0xFFFF, smallest & 0xFFFF) << printer;
         EXPECT_GT(largest >> 16, smallest >> 16) << printer;
-        const Json& files = answer["file_dependencies"];
-        EXPECT_NE(std::find(files.begin(), files.end(), "zpl.ddt"), files.end()) << printer;
+        EXPECT_GE(answer["resolutions"][0][0].get<int>(), 203) << printer;
+        EXPECT_GT(answer["paper_names"].size(), 10u) << printer;
     }
     EXPECT_EQ(RunJson({"list"}).size(), models.size());
 }
@@ -40,36 +33,6 @@ TEST_F(Labelhost, RemovesWhatItInstalled) {
     EXPECT_EQ(Run({"remove", "Dock/3 %41: Ä"}).status, 0);
     EXPECT_TRUE(RunJson({"list"}).empty());
     EXPECT_EQ(Run({"remove", "Dock/3 %41: Ä"}).status, 1);
-}
-
-TEST_F(Labelhost, InstallsAModelUnderAnotherBrand) {
-    Install("Dock", "Valdrick D4 203 dpi", "tt");
-    const Json files = RunJson({"capabilities", "Dock"})["file_dependencies"];
-    for (const char* file : {"zpl.ddt", "zpltenu.dll", "ottxxenu.kds"})
-        EXPECT_NE(std::find(files.begin(), files.end(), file), files.end()) << file;
-}
-
-TEST_F(Labelhost, GivesAPrinterTheDefaultStocksWhichASecondOneOfTheFamilyHasToo) {
-    Install("Dock 1", "Valdrick X4 203 dpi");
-    const Json first = RunJson({"capabilities", "Dock 1"})["paper_names"];
-    EXPECT_GT(first.size(), 20u);
-    EXPECT_EQ(first[0], "USER");
-    EXPECT_NE(std::find(first.begin(), first.end(), "4 x 6 in"), first.end());
-    Install("Dock 2", "Valdrick X4 203 dpi");
-    EXPECT_EQ(RunJson({"capabilities", "Dock 2"})["paper_names"], first);
-    ASSERT_EQ(Run({"upgrade", "Dock 1"}).status, 0);
-    EXPECT_EQ(RunJson({"capabilities", "Dock 1"})["paper_names"], first);
-    const Json presets = RunJson({"registry", "dump",
-                                  "HKLM\\SYSTEM\\CurrentControlSet\\Control\\"
-                                  "Print\\Printers\\Dock 1\\PrinterDriverData\\"
-                                  "Presets"});
-    EXPECT_EQ(presets["values"]["Total"]["data"], "03000000");
-}
-
-TEST_F(Labelhost, TellsTheDriverOfDocuments) {
-    Install("Dock", "Valdrick M2 Mobile");
-    EXPECT_EQ(RunJson({"event", "Dock", "5"})["result"], 1);
-    EXPECT_EQ(RunJson({"event", "Dock", "13"})["result"], 0);
 }
 
 TEST_F(Labelhost, SaysInOneLineWhatWasWrong) {

@@ -22,7 +22,7 @@ Wide Fact(LCID locale, LCTYPE type) {
     return Wide(error.begin(), error.end());
 }
 
-// The same facts of a locale, each with a blank behind it.
+// The same facts of a locale, each with a blank after it.
 Wide Facts(LCID locale, std::initializer_list<LCTYPE> types) {
     Wide all;
     for (const LCTYPE type : types) all += Fact(locale, type) + TEXT(" ");
@@ -67,21 +67,16 @@ TEST_F(LocaleFacts, OfAnotherLanguageAreItsOwn) {
         const WCHAR* facts;
         DWORD ansi, oem;
     } cases[] = {
-        {0x0407, TEXT("DEU de DE 0407 0 "), 1252, 850},
         {0x0007, TEXT("DEU de DE 0407 0 "), 1252, 850},
         {0x0807, TEXT("DES de CH 0807 0 "), 1252, 850},
         {0x0C0C, TEXT("FRC fr CA 0c0c 0 "), 1252, 850},
-        {0x0809, TEXT("ENG en GB 0809 0 "), 1252, 850},
         {0x0411, TEXT("JPN ja JP 0411 0 "), 932, 932},
         {0x0804, TEXT("CHS zh CN 0804 0 "), 936, 936},
         {0x0404, TEXT("CHT zh TW 0404 0 "), 950, 950},
         {0x0412, TEXT("KOR ko KR 0412 0 "), 949, 949},
         {0x0419, TEXT("RUS ru RU 0419 0 "), 1251, 866},
         {0x0415, TEXT("PLK pl PL 0415 0 "), 1250, 852},
-        {0x0408, TEXT("ELL el GR 0408 0 "), 1253, 737},
-        {0x041F, TEXT("TRK tr TR 041f 0 "), 1254, 857},
         {0x040D, TEXT("HEB he IL 040d 0 "), 1255, 862},
-        {0x0425, TEXT("ETI et EE 0425 0 "), 1257, 775},
         {0x041E, TEXT("THA th TH 041e 0 "), 874, 874},
         {0x042A, TEXT("VIT vi VN 042a 0 "), 1258, 1258},
     };
@@ -105,18 +100,12 @@ TEST_F(LocaleFacts, FillBuffersThatAreLargeEnough) {
         int error;
     } cases[] = {
         {LOCALE_SABBREVLANGNAME, 0, 4, 0},
-        {LOCALE_SABBREVLANGNAME, 1, 0, ERROR_INSUFFICIENT_BUFFER},
         {LOCALE_SABBREVLANGNAME, 3, 0, ERROR_INSUFFICIENT_BUFFER},
         {LOCALE_SABBREVLANGNAME, 4, 4, 0},
-        {LOCALE_SABBREVLANGNAME, 8, 4, 0},
         {LOCALE_SABBREVLANGNAME, -1, 0, ERROR_INVALID_PARAMETER},
-        {LOCALE_SABBREVLANGNAME | LOCALE_USE_CP_ACP, 8, 4, 0},
-        {LOCALE_IMEASURE | LOCALE_RETURN_NUMBER, 0, 2, 0},
         {LOCALE_IMEASURE | LOCALE_RETURN_NUMBER, 1, 0, ERROR_INSUFFICIENT_BUFFER},
         {LOCALE_IMEASURE | LOCALE_RETURN_NUMBER, 2, 2, 0},
-        {LOCALE_IMEASURE | LOCALE_RETURN_NUMBER, 8, 2, 0},
         {LOCALE_SDECIMAL | LOCALE_RETURN_NUMBER, 8, 0, ERROR_INVALID_FLAGS},
-        {0, 8, 0, ERROR_INVALID_FLAGS},
         {0x7777, 8, 0, ERROR_INVALID_FLAGS},
     };
     for (const auto& c : cases) {

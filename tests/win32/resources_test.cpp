@@ -59,7 +59,6 @@ TEST_F(ModulesResources, HoldTextsInBlocksOfSixteen) {
     EXPECT_EQ(Text(module, 17), TEXT("Gr\u00F6\u00DFe: 5 \u00B5m"));
     EXPECT_EQ(Text(module, 31), TEXT("Last of its block"));
     EXPECT_EQ(Text(module, 18), TEXT(""));
-    EXPECT_EQ(Text(module, 32), TEXT(""));
     EXPECT_EQ(Text(module, 5000), TEXT(""));
     EXPECT_EQ(Text(module, 16, 6), TEXT("First"));
     EXPECT_EQ(Text(module, 16, 1), TEXT(""));

@@ -2,7 +2,6 @@
 #include "support/wide.h"
 #include "support/wine.h"
 
-#include <win32host/control.h>
 #include <windows.h>
 
 #include <string>
@@ -20,37 +19,17 @@ protected:
     }
 };
 
-TEST_F(Formatter, WritesNumbers) {
-    EXPECT_EQ(Format(TEXT("%d %i %ld"), -5, 7, INT32_MIN), TEXT("-5 7 -2147483648"));
-    EXPECT_EQ(Format(TEXT("%u %lu"), -1, 3u), TEXT("4294967295 3"));
-    EXPECT_EQ(Format(TEXT("%x %X %#x %#X"), 0xABC, 0xABC, 255, 255), TEXT("abc ABC 0xff 0XFF"));
-    EXPECT_EQ(Format(TEXT("%I64d %I64u"), INT64_MIN, UINT64_MAX),
-              TEXT("-9223372036854775808 18446744073709551615"));
-    EXPECT_EQ(Format(TEXT("%I32d"), 12), TEXT("12"));
-}
-
-TEST_F(Formatter, PadsFields) {
-    EXPECT_EQ(Format(TEXT("[%5d][%-5d][%05d]"), -42, 42, -42), TEXT("[  -42][42   ][-0042]"));
-    EXPECT_EQ(Format(TEXT("[%.4d][%6.3x]"), 7, 0xA), TEXT("[0007][   00a]"));
-    EXPECT_EQ(Format(TEXT("[%4s][%-4s][%.2s]"), TEXT("ab"), TEXT("ab"), TEXT("abcdef")),
-              TEXT("[  ab][ab  ][ab]"));
-}
-
-TEST_F(Formatter, WritesTextAndReadsNoFurtherThanThePrecision) {
-    EXPECT_EQ(Format(TEXT("%s %ls %S %hs"), TEXT("日"), TEXT("b"), "\xE4", "d"), TEXT("日 b ä d"));
-    EXPECT_EQ(Format(TEXT("%c%C%hc%lc"), TEXT('日'), 'b', 'c', TEXT('d')), TEXT("日bcd"));
-    EXPECT_EQ(Format(TEXT("%s"), static_cast<const WCHAR*>(nullptr)), TEXT("(null)"));
-    const char bytes[] = {'a', 'b', 'c'}; // no terminators
-    const WCHAR units[] = {TEXT('x'), TEXT('y')};
-    EXPECT_EQ(Format(TEXT("%.3S%.2s"), bytes, units), TEXT("abcxy"));
-}
-
-TEST_F(Formatter, CopiesWhatIsNoConversionAndStopsAtItsLimit) {
-    EXPECT_EQ(Format(TEXT("100%% %q"), 0), TEXT("100% q"));
-    EXPECT_EQ(Format(TEXT("end %")), TEXT("end "));
+TEST_F(Formatter, WritesNumbersTextsAndFields) {
+    EXPECT_EQ(Format(TEXT("%d %u %ld"), -5, -1, INT32_MIN), TEXT("-5 4294967295 -2147483648"));
+    EXPECT_EQ(Format(TEXT("%x %#X %I64u"), 0xABC, 255, UINT64_MAX),
+              TEXT("abc 0XFF 18446744073709551615"));
+    EXPECT_EQ(Format(TEXT("[%5d][%-5d][%05d][%6.3x]"), -42, 42, -42, 0xA),
+              TEXT("[  -42][42   ][-0042][   00a]"));
+    EXPECT_EQ(Format(TEXT("%s %S %C %-4s%%"), TEXT("日"), "\xE4", 'b', TEXT("ab")),
+              TEXT("日 ä b ab  %"));
+    const char bytes[] = {'a', 'b', 'c'}; // no terminator
+    EXPECT_EQ(Format(TEXT("%.3S"), bytes), TEXT("abc"));
     if (RunsUnderWine()) return; // it counts a unit more than it writes
-    const Wide text(3000, TEXT('x'));
-    EXPECT_EQ(Format(TEXT("%s%s"), text.c_str(), text.c_str()).size(), 1023u);
     EXPECT_EQ(Format(TEXT("%999999999d"), 1).size(), 1023u);
 }
 
@@ -66,7 +45,5 @@ TEST_F(ShortTextFunctions, CompareWithoutCaseAndCopyWhatFits) {
     EXPECT_EQ(Wide(text), TEXT("abc"));
     EXPECT_EQ(lstrlenW(nullptr), 0);
 }
-
-using MessageBoxes = HostTest;
 
 } // namespace

@@ -44,18 +44,20 @@ DWORD AskAboutPrinter(HANDLE printer) {
     return good;
 }
 
+// The printer with all rights, or a note in the line that it is not there.
+HANDLE Open(const std::u16string& name, std::u16string& line) {
+    PRINTER_DEFAULTSW defaults = {nullptr, nullptr, PRINTER_ALL_ACCESS};
+    HANDLE printer = nullptr;
+    if (!OpenPrinterW(const_cast<LPWSTR>(name.c_str()), &printer, &defaults))
+        line += u" (not there)";
+    return printer;
+}
+
 bool IsBroken(LPCWSTR printer) {
     return std::u16string(printer).starts_with(u"Broken");
 }
 
 constexpr WORD kPrivateSize = 8;
-
-// The header of this driver's settings.
-void PutLayout(DEVMODEW& settings) {
-    settings.dmSpecVersion = 0x401;
-    settings.dmSize = sizeof settings;
-    settings.dmDriverExtra = kPrivateSize;
-}
 
 std::atomic<DWORD> g_capability_calls = 0; // the spooler calls from every thread
 
@@ -135,9 +137,7 @@ __declspec(dllexport) BOOL WINAPI DrvPrinterEvent(LPWSTR name, int event, DWORD,
         line += u' ' + Number(info.dwOldAttributes) + u' ' + Number(info.dwNewAttributes);
     }
     // A printer is there while its driver is told of it, and may be changed.
-    PRINTER_DEFAULTSW defaults = {nullptr, nullptr, PRINTER_ALL_ACCESS};
-    HANDLE printer = nullptr;
-    if (!OpenPrinterW(name, &printer, &defaults)) line += u" (not there)";
+    const HANDLE printer = Open(name, line);
     BYTE byte = 1;
     SetPrinterDataW(printer, const_cast<LPWSTR>(TEXT("Seen")), REG_BINARY, &byte, 1);
     ClosePrinter(printer);
@@ -147,22 +147,16 @@ __declspec(dllexport) BOOL WINAPI DrvPrinterEvent(LPWSTR name, int event, DWORD,
 
 __declspec(dllexport) BOOL WINAPI DrvUpgradePrinter(DWORD level, LPBYTE info) {
     const std::u16string name = reinterpret_cast<const DRIVER_UPGRADE_INFO_1W*>(info)->pPrinterName;
-    PRINTER_DEFAULTSW defaults = {nullptr, nullptr, PRINTER_ALL_ACCESS};
-    HANDLE printer = nullptr;
-    const bool opened =
-        OpenPrinterW(const_cast<LPWSTR>(name.c_str()), &printer, &defaults) != FALSE;
-    Note(u"upgrade " + Number(level) + u' ' + name + (opened ? u"" : u" (not there)"));
-    ClosePrinter(printer);
+    std::u16string line = u"upgrade " + Number(level) + u' ' + name;
+    ClosePrinter(Open(name, line));
+    Note(line);
     return !IsBroken(name.c_str());
 }
 
 __declspec(dllexport) DWORD WINAPI
-    DrvDeviceCapabilities(HANDLE printer, LPWSTR name, WORD capability, LPVOID output,
-                          DEVMODEW* dev_mode) {
+    DrvDeviceCapabilities(HANDLE printer, LPWSTR name, WORD capability, LPVOID output, DEVMODEW*) {
     ++g_capability_calls;
     switch (capability) {
-    case DC_VERSION:
-        return dev_mode ? dev_mode->dmSpecVersion : 0;
     case DC_BINNAMES:
         if (output) std::u16string(name).copy(static_cast<LPWSTR>(output), 23);
         return 1;
@@ -187,28 +181,11 @@ __declspec(dllexport) BOOL WINAPI
     }
     std::memset(out, 0, *needed);
     if (mode == CDM_CONVERT) std::memcpy(out, in, std::min<size_t>(in->dmSize, sizeof *out));
-    PutLayout(*out);
+    out->dmSpecVersion = 0x401;
+    out->dmSize = sizeof *out;
+    out->dmDriverExtra = kPrivateSize;
     if (mode == CDM_CONVERT) out->dmDriverVersion = 7;
     return TRUE;
-}
-
-// Answers in the settings what it was asked: the size of their room as dmPelsWidth, the mode as
-// dmFields, and the copies of the input.
-__declspec(dllexport) LONG WINAPI
-    DrvDocumentPropertySheets(PPROPSHEETUI_INFO info, LPARAM parameter) {
-    auto& header = *reinterpret_cast<DOCUMENTPROPERTYHEADER*>(parameter);
-    if (info || header.cbSize != sizeof header || IsBroken(header.pszPrinterName)) return -1;
-    if (!header.fMode || !header.pdmOut) {
-        header.cbOut = sizeof(DEVMODEW) + kPrivateSize;
-        return static_cast<LONG>(header.cbOut);
-    }
-    *header.pdmOut = {};
-    PutLayout(*header.pdmOut);
-    std::u16string(header.pszPrinterName).copy(header.pdmOut->dmDeviceName, CCHDEVICENAME - 1);
-    header.pdmOut->dmPelsWidth = header.cbOut;
-    header.pdmOut->dmFields = header.fMode;
-    if (header.pdmIn) header.pdmOut->dmCopies = header.pdmIn->dmCopies;
-    return AskAboutPrinter(header.hPrinter) == 2 ? IDOK : -1;
 }
 
 } // extern "C"
