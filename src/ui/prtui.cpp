@@ -74,7 +74,7 @@ void prtui::Settings_Load() {
 }
 
 bool prtui::Settings_Save() {
-    if (!model || restricted || !is_whole) return false;
+    if (!model || !is_whole) return false;
     presets.Save(model.get());
     stocks.Save(model.get());
     const bool fonts_stored = fonts.Save(model.get());
@@ -93,7 +93,7 @@ void prtui::Settings_Export(const WCHAR* file, int contents, KDSettingsResult* r
 
 void prtui::Settings_Import(const WCHAR* file, int contents, KDSettingsResult* result) {
     KDSettingsResult read = {};
-    if (model && file && !restricted)
+    if (model && file)
         read = ImportSettingsFile(file, contents, {*model, stocks, presets, data_fonts});
     if (result) *result = read;
 }

@@ -143,13 +143,13 @@ public:
     // presets are the stored ones then, without the built-in ones. Nothing without a model.
     void Settings_Load();
     // Stores the lists that changed, each of them whole, and sends a connection's settings to its
-    // server unless `commit_shadow` is off. False when something could not be stored. Of a
-    // restricted user, and of a printer that is not `is_whole`, nothing is.
+    // server unless `commit_shadow` is off. False when something could not be stored. Of a printer
+    // that is not `is_whole`, nothing is.
     bool Settings_Save();
 
     // Writes a settings file, or adds what is in one to the lists, which Settings_Save then stores
-    // (see config/settings_file.h; `contents` is its SettingsFileContent). `result` may be null.
-    // Nothing, and zeros, without a model. A restricted user imports nothing.
+    // (see ui/settings_file.h; `contents` is its SettingsFileContent). `result` may be null.
+    // Nothing, and zeros, without a model.
     void Settings_Export(const WCHAR* file, int contents, KDSettingsResult* result);
     void Settings_Import(const WCHAR* file, int contents, KDSettingsResult* result);
 
@@ -178,7 +178,8 @@ public:
 
     // Whether saved settings are sent to the printer's server.
     bool commit_shadow = true;
-    // The user's access level is below the one that the printer requires.
+    // The user's access level is below the one that the printer requires: pages refuse changes, and
+    // nothing else does.
     bool restricted = false;
     // init could read all of the printer, its model and its settings: what was read in part only
     // must not be stored in place of the whole.
