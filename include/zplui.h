@@ -235,8 +235,9 @@ ZPLUI_API int WINAPI DAL_Action_Name(HANDLE settings, int action, LPWSTR name, i
 //                                that are not named stay as they were
 //
 // FALSE when nothing was done: for an action that is not offered or not for this user, that opens a
-// dialog and is none of these, and for a choice that is missing or makes no sense. Whether the
-// printer could be reached is not told; the job shows in the spooler.
+// dialog and is none of these, and for a choice that is missing or makes no sense, such as a file
+// that is not there. Whether the printer could be reached is not told; the job shows in the
+// spooler.
 ZPLUI_API BOOL WINAPI DAL_Action_Run(HANDLE settings, int action, LPCWSTR choice);
 
 // ---- Asking the printer -------------------------------------------------------------------------

@@ -2,6 +2,7 @@
 #include <algorithm>
 #include <cstring>
 
+#include "driver/action_choice.h"
 #include "driver/settings_handle.h"
 #include "ui/prtui.h"
 #include "zplui.h"
@@ -38,7 +39,7 @@ BOOL WINAPI DAL_Action_Run(HANDLE settings, int action, LPCWSTR choice) {
     prtui* ui = offer & ACTION_ADMINISTRATIVE ? ChangeablePrinterOf(settings) : PrinterOf(settings);
     if (!ui || !offer) return FALSE;
     if (offer & ACTION_OPENS_DIALOG)
-        return choice && ui->RunChoice(static_cast<printer_action>(action), choice);
+        return choice && RunChoice(*ui, static_cast<printer_action>(action), choice);
     ui->PrinterAction(nullptr, static_cast<printer_action>(action));
     return TRUE;
 }

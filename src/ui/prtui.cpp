@@ -4,20 +4,8 @@
 #include "core/memory.h"
 #include "keys/network_policy.h"
 #include "keys/shadow_keys.h"
+#include "locale/text_numbers.h"
 #include "spooler/printer_info.h"
-
-namespace {
-
-// Texts in the language library.
-enum : int {
-    CURRENT_SETTINGS_NAME = 4102,
-    DEFAULT_SETTINGS_NAME = 4103,
-    CURRENT_SETTINGS_DESCRIPTION = 4104,
-    DEFAULT_SETTINGS_DESCRIPTION = 4105,
-    START_ON_LAST_PAGE = 9990, // "Y" or "N"
-};
-
-} // namespace
 
 prtui::~prtui() = default;
 
@@ -53,7 +41,7 @@ void prtui::InitEx() {
     restricted = !NetworkPolicy(model->GetPrinterName()).MayChange();
     fonts.Load(model.get());
     data_fonts.Load(model.get());
-    start_on_last = locale.GetString(START_ON_LAST_PAGE) == "Y";
+    start_on_last = locale.GetString(TEXT_START_ON_LAST_PAGE) == "Y";
 }
 
 void prtui::ChooseFontSettings(CFontSettings*) {}
@@ -112,9 +100,9 @@ void prtui::AddBuiltInPresets() {
         preset->SetDescription(locale.GetString(description));
         presets.AddTail_ReplaceName(preset);
     };
-    add(Preset::CURRENT_SETTINGS, Preset::CURRENT_SETTINGS_PRIORITY, CURRENT_SETTINGS_NAME,
-        CURRENT_SETTINGS_DESCRIPTION);
-    add(Preset::DEFAULT_SETTINGS, Preset::DEFAULT_SETTINGS_PRIORITY, DEFAULT_SETTINGS_NAME,
-        DEFAULT_SETTINGS_DESCRIPTION);
+    add(Preset::CURRENT_SETTINGS, Preset::CURRENT_SETTINGS_PRIORITY, TEXT_CURRENT_SETTINGS,
+        TEXT_ABOUT_CURRENT_SETTINGS);
+    add(Preset::DEFAULT_SETTINGS, Preset::DEFAULT_SETTINGS_PRIORITY, TEXT_DEFAULT_SETTINGS,
+        TEXT_ABOUT_DEFAULT_SETTINGS);
     presets.Sort();
 }

@@ -21,6 +21,7 @@
 
 class prtpage;
 class prtstream;
+struct ActionRow;
 struct CFontSettings;
 
 // Made by new_ext for one property sheet or one user of the settings interface, filled by init,
@@ -75,18 +76,13 @@ public:
     // that asks, null outside of a sheet.
 
     // Does an action, offered or not, in a job of the action's name ("Printer Test" for pages that
-    // are printed through the driver). Failures to reach the printer
-    // are not reported; an action that is not known does nothing.
+    // are printed through the driver). Failures to reach the printer are not reported; an action
+    // that is not known, or opens a dialog, does nothing.
     virtual void PrinterAction(prtpage* page, printer_action action);
     // How an action is offered for the printer as it is set up: ACTION_OFFERED and the others.
     virtual uint32_t PrinterActionSupported(prtpage* page, printer_action action);
     // What the user knows an action by; empty for one that has no name.
     virtual OString PrinterActionName(printer_action action);
-
-    // Does an action that opens a dialog, without the dialog: `choice` is what would be chosen
-    // there. Here that is ACTION_SEND_FILE with the file's full path. False, and nothing is done,
-    // for other actions and for a choice that makes no sense.
-    virtual bool RunChoice(printer_action action, const OString& choice);
 
     // Starts the status monitor's program, which opens or closes its window for a printer (`verb`
     // "open" or "close"); `server` is the name of the machine that the printer belongs to, empty
@@ -189,6 +185,10 @@ public:
 
     // The way to the printer; null until the language's InitEx.
     prtstream* stream = nullptr;
+
+protected:
+    // All that there is to know about an action; null for a number that is none.
+    virtual const ActionRow* FindAction(printer_action action) const;
 
 private:
     void AddBuiltInPresets();

@@ -139,51 +139,6 @@ TEST_F(PrinterActions, SendsAFileUnderItsOwnName) {
     EXPECT_EQ(TakeJobs(), (Jobs{{"one.prn", "^XA^FDone^XZ"}, {"two.prn", ""}}));
 }
 
-TEST_F(PrinterActions, DoesWithoutADialogWhatIsChosenThere) {
-    Use({.model = kModel, .features = "~Memory.Options=E\n"});
-    prtreg registry = Registry();
-    const auto format = [](const std::string& command) {
-        return "^XA\r\n" + command + "\r\n^XZ\r\n";
-    };
-    const struct {
-        printer_action action;
-        const char* choice;
-        Jobs jobs; // none: it makes no sense
-    } cases[] = {
-        {ACTION_MEMORY, "format E", {{"Format Flash Memory", format("^JBE")}}},
-        {ACTION_MEMORY, " print  r ", {{"Print Memory Contents", format("^WDR:*.*")}}},
-        {ACTION_MEMORY, "erase E", {{"Print Memory Contents", format("^IDE:*.*")}}},
-        {ACTION_MEMORY, "reset E", {{"Reset Optional Memory", "~JB"}}},
-        {ACTION_MEMORY, "format B", {}},
-        {ACTION_MEMORY, "format", {}},
-        {ACTION_MEMORY, "format E R", {}},
-        {ACTION_MEMORY, "burn E", {}},
-        {ACTION_POWER_MANAGEMENT,
-         "sleep=300 forced=yes",
-         {{"Power Management", "~JFY\r\n^XA^ZZ300,Y^XZ\r\n"}}},
-        {ACTION_POWER_MANAGEMENT,
-         "low-voltage-pause=no forced=no",
-         {{"Power Management", "~JFN\r\n^XA^ZZ300,N^XZ\r\n"}}},
-        {ACTION_POWER_MANAGEMENT, "sleep=off", {{"Power Management", "~JFN\r\n^XA^ZZ0,N^XZ\r\n"}}},
-        {ACTION_POWER_MANAGEMENT, "discharge", {{"Discharge Battery", "~KB"}}},
-        {ACTION_POWER_MANAGEMENT, "sleep=1000000", {}},
-        {ACTION_POWER_MANAGEMENT, "sleep=", {}},
-        {ACTION_POWER_MANAGEMENT, "forced", {}},
-        {ACTION_POWER_MANAGEMENT, "nap=yes", {}},
-        {ACTION_PRINTER_OPTIONS, "format E", {}},
-        {ACTION_SEND_FILE, "", {}},
-    };
-    for (const auto& c : cases) {
-        EXPECT_EQ(ui_->RunChoice(c.action, c.choice), !c.jobs.empty()) << c.choice;
-        EXPECT_EQ(TakeJobs(), c.jobs) << c.choice;
-    }
-    // As they were set last.
-    EXPECT_EQ(registry.GetByte("Settings:Enable Sleep", 9), 0);
-    EXPECT_EQ(registry.GetByte("Settings:Forced Sleep", 9), 0);
-    EXPECT_EQ(registry.GetByte("Settings:Low Voltage Pause", 9), 0);
-    EXPECT_EQ(registry.GetInt("Settings:Timeout", 9), 300);
-}
-
 TEST_F(PrinterActions, WritesTheConfigurationInItsOrder) {
     ModelTables tables = {.model = std::string(kModel) + "~RFID.TagTypes=EPC64\n",
                           .custom_data =
