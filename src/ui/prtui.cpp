@@ -9,6 +9,14 @@
 
 prtui::~prtui() = default;
 
+void prtui::GetVersionInfo(OString& version) {
+    version = version_.GetText("ProductVersion");
+}
+
+void prtui::GetVersionTag(OString& tag) {
+    tag = version_.GetText("Product Tag");
+}
+
 void prtui::init(HANDLE printer, const DEVMODEW* in, uint32_t mode) {
     fmode = mode;
     hprinter = printer;

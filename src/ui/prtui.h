@@ -17,7 +17,9 @@
 #include "settings/dev_mode.h"
 #include "settings/preset_list.h"
 #include "settings/stock_list.h"
+#include "ui/property_sheet.h"
 #include "ui/settings_file.h"
+#include "ui/version_info.h"
 
 class prtpage;
 class prtstream;
@@ -40,21 +42,21 @@ public:
     // Loads everything that is edited, for a model and a DEVMODE that exist. Called by init.
     virtual void InitEx();
 
-    // ---- The module's version resource (prtui_version.cpp). Empty texts where it lacks something.
+    // ---- The module's version resource, for the pages that show it. Empty texts where it lacks
+    // something.
 
     virtual void GetVersionInfo(OString& version); // "1.2.3"
     virtual void GetVersionTag(OString& tag);      // the name of the release in the source history
-    OString GetBuildDate();
-    OString GetSCMBranch();
-    OString GetSCMRevision();
-    // With the copyright sign in place of "(c)" and the character behind it where the code page of
-    // the language is 1252.
-    OString GetCopyright();
+    OString GetBuildDate() { return version_.GetText("Build Date"); }
+    OString GetSCMBranch() { return version_.GetText("SCM Branch"); }
+    OString GetSCMRevision() { return version_.GetText("SCM Revision"); }
+    // In the code page of the language.
+    OString GetCopyright() { return version_.GetCopyright(locale.GetCurrentCP()); }
     // The years of the copyright; 0 where it has none.
-    int32_t GetCopyrightStart();
-    int32_t GetCopyrightEnd();
+    int32_t GetCopyrightStart() { return ReadCopyrightYears(GetCopyright()).start; }
+    int32_t GetCopyrightEnd() { return ReadCopyrightYears(GetCopyright()).end; }
     // Reads the resource unless it is there. False when it cannot be had.
-    bool LoadFileVersionInfo();
+    bool LoadFileVersionInfo() { return version_.Load(); }
 
     // What can be set about objects that are kept in the printer: here nothing, for a language that
     // keeps none.
@@ -112,10 +114,6 @@ public:
     LONG ReasonGetInfoHeader(PROPSHEETUI_INFO* info, PROPSHEETUI_INFO_HEADER* header,
                              const WCHAR* printer);
 
-    // Whether settings of `size` bytes fit into pdmOut as far as cbOut tells its room: 0, and the
-    // dmSize of what lies there, leave it unsaid and are taken for enough.
-    static bool HasRoom(const DOCUMENTPROPERTYHEADER& header, size_t size);
-
     // Ends a sheet as the user did. With `header` (of document settings) the settings go to whom
     // the sheet was opened for: after OK the edited ones to pdmOut, merged into it where that is
     // pdmIn, and with DM_UPDATE to the printer as its defaults; after Cancel, with DM_COPY, those
@@ -166,11 +164,7 @@ public:
     // The user may look at the settings, but not change them.
     bool no_permission = false;
 
-    // The sheet, its pages and how it is talked to; null outside of a sheet.
-    HANDLE hcomprop = nullptr;
-    PFNCOMPROPSHEET pfn_comprop = nullptr;
-    std::unique_ptr<HANDLE[]> page_handles;
-    int32_t page_count = 0;
+    PropertySheet sheet;
 
     // Whether saved settings are sent to the printer's server.
     bool commit_shadow = true;
@@ -192,12 +186,7 @@ protected:
 
 private:
     void AddBuiltInPresets();
-    void TakeSheet(PROPSHEETUI_INFO* info);
-    bool SetSheetResult(LPARAM result) const;
-    OString VersionText(const char* name);
-    void ReadCopyrightYears();
+    LONG TakeSheet(PROPSHEETUI_INFO* info);
 
-    std::unique_ptr<BYTE[]> version_info_;
-    int32_t copyright_start_ = 0;
-    int32_t copyright_end_ = 0;
+    VersionInfo version_;
 };
