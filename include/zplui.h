@@ -145,8 +145,8 @@ ZPLUI_API int WINAPI DrvDocumentEvent(HANDLE printer, HDC dc, int event, ULONG i
 // Does what PRINTER_EVENT_INITIALIZE does, except for the plug and play identifiers and the message
 // box, for a printer that has had an older version of the driver. `info` is a DRIVER_UPGRADE_INFO_1
 // or _2; the level is not looked at. FALSE with ERROR_INVALID_PARAMETER without `info` and when the
-// printer cannot be opened with full access, with ERROR_ACCESS_DENIED for a user below the
-// printer's access level, with ERROR_BAD_DRIVER on a system that this build does not fit.
+// printer cannot be opened with full access, with ERROR_BAD_DRIVER on a system that this build does
+// not fit.
 ZPLUI_API BOOL WINAPI DrvUpgradePrinter(DWORD level, LPBYTE info);
 
 // ---- Settings without a user interface ----------------------------------------------------------
@@ -155,8 +155,11 @@ ZPLUI_API BOOL WINAPI DrvUpgradePrinter(DWORD level, LPBYTE info);
 // every function but DAL_Printer_Open does nothing with a null one.
 //
 // Each list that is stored is stored whole or, when that fails, stays as it was; so are the
-// driver's settings. For a user below the printer's access level nothing is imported and nothing is
-// stored; of a printer that the spooler does not know nothing is stored either.
+// driver's settings. Of a printer that the spooler does not know nothing is stored.
+//
+// A printer has an access level, below which its pages refuse a user's changes. Here that is so for
+// the actions of administrators and for the fonts in the printer's memory. The settings are stored
+// for everyone whom the system lets write them.
 
 // Opens the settings of a printer. `printer` is from the spooler's OpenPrinter and must stay open
 // until the settings are closed. Null when memory is short.
@@ -170,8 +173,8 @@ ZPLUI_API void WINAPI DAL_Printer_Close(HANDLE settings);
 // On a connection whose server shares its settings they come from there first, and go there
 // afterwards.
 //
-// GetLastError tells about DAL_Settings_Save: NO_ERROR, ERROR_WRITE_FAULT when not everything could
-// be stored, ERROR_ACCESS_DENIED when this user may change nothing.
+// GetLastError tells about DAL_Settings_Save: NO_ERROR, or ERROR_WRITE_FAULT when not everything
+// could be stored.
 ZPLUI_API void WINAPI DAL_Settings_Load(HANDLE settings);
 ZPLUI_API void WINAPI DAL_Settings_Save(HANDLE settings);
 
@@ -190,7 +193,6 @@ ZPLUI_API void WINAPI DAL_Settings_Export(HANDLE settings, LPCWSTR file, int con
 // place of what has the same name. They are stored when the settings are saved; options are in
 // force at once, and only those for the printer's own model are taken. A file that is missing or of
 // another kind changes nothing.
-// GetLastError answers ERROR_ACCESS_DENIED when this user may change nothing, else NO_ERROR.
 ZPLUI_API void WINAPI DAL_Settings_Import(HANDLE settings, LPCWSTR file, int contents);
 
 // ---- Telling the printer what to do -------------------------------------------------------------
@@ -232,8 +234,9 @@ ZPLUI_API int WINAPI DAL_Action_Name(HANDLE settings, int action, LPWSTR name, i
 //                                that are not named stay as they were
 //
 // FALSE when nothing was done: for an action that is not offered or not for this user, that opens a
-// dialog and is none of these, and for a choice that is missing or makes no sense. Whether the
-// printer could be reached is not told; the job shows in the spooler.
+// dialog and is none of these, and for a choice that is missing or makes no sense, such as a file
+// that is not there. Whether the printer could be reached is not told; the job shows in the
+// spooler.
 ZPLUI_API BOOL WINAPI DAL_Action_Run(HANDLE settings, int action, LPCWSTR choice);
 
 // ---- Asking the printer -------------------------------------------------------------------------

@@ -7,6 +7,7 @@
 
 #include "core/fixed_text.h"
 #include "core/memory.h"
+#include "driver/settings_handle.h"
 #include "fonts/font_sender.h"
 #include "fonts/font_settings.h"
 #include "model/record_text.h"
@@ -25,17 +26,6 @@ namespace {
 
 // The sizes that can be chosen, in tenths of a point.
 constexpr DWORD kSmallestSize = 40, kLargestSize = 1440;
-
-prtui* PrinterOf(HANDLE settings) {
-    auto* ui = static_cast<prtui*>(settings);
-    return ui && ui->model && ui->stream ? ui : nullptr;
-}
-
-// For those who may change its fonts.
-prtui* ChangeablePrinterOf(HANDLE settings) {
-    prtui* ui = PrinterOf(settings);
-    return ui && !ui->restricted ? ui : nullptr;
-}
 
 DAL_FONT Described(const DownloadedFont& font) {
     DAL_FONT described = {};

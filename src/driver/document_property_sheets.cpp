@@ -18,7 +18,7 @@ LONG MakeSettings(DOCUMENTPROPERTYHEADER& header) {
         header.cbOut = size;
         return static_cast<LONG>(size);
     }
-    if (header.fMode & DM_OUT_BUFFER && !prtui::HasRoom(header, size)) {
+    if (header.fMode & DM_OUT_BUFFER && !HasRoom(header, size)) {
         SetLastError(ERROR_INSUFFICIENT_BUFFER);
         return FAILURE;
     }

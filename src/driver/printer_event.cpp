@@ -4,7 +4,6 @@
 #include <memory>
 
 #include "driver/version_check.h"
-#include "keys/network_policy.h"
 #include "model/prtmodel.h"
 #include "settings/dev_mode.h"
 #include "spooler/open_printer.h"
@@ -31,11 +30,6 @@ BOOL UpgradeDefaultDevMode(HANDLE printer, const prtmodel* model) {
     return TRUE;
 }
 
-// Whether this user may change what is the printer's own. A connection's copy is the user's.
-bool MayChange(const prtmodel& model) {
-    return model.GetRegistry().IsShadow() || NetworkPolicy(model.GetPrinterName()).MayChange();
-}
-
 void InstallDefaults(prtmodel& model) {
     model.InitializeDriverSettings();
     model.InstallDefault_BarFonts();
@@ -51,7 +45,7 @@ BOOL AddConnection(const OString& name) {
     const OpenPrinter printer(name, PRINTER_ACCESS_USE);
     if (!printer.Get()) return TRUE;
     const auto model = ModelOf(printer.Get());
-    if (model && MayChange(*model)) {
+    if (model) {
         InstallDefaults(*model);
         model->RecordDataToReg();
     }
@@ -68,7 +62,6 @@ BOOL Initialize(const OString& name) {
     }
     const auto model = ModelOf(printer.Get());
     if (!model) return FALSE;
-    if (!MayChange(*model)) return Fail(ERROR_ACCESS_DENIED);
     const BOOL result = UpgradeDefaultDevMode(printer.Get(), model.get());
     InstallDefaults(*model);
     model->RecordDataToReg();
@@ -99,7 +92,6 @@ BOOL WINAPI DrvUpgradePrinter(DWORD, LPBYTE info) {
     }
     const auto model = ModelOf(printer.Get());
     if (!model) return FALSE;
-    if (!MayChange(*model)) return Fail(ERROR_ACCESS_DENIED);
     const BOOL result = UpgradeDefaultDevMode(printer.Get(), model.get());
     InstallDefaults(*model);
     return result;

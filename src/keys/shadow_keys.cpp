@@ -65,7 +65,7 @@ void CreateShadow(const OString& printer_name) {
 
 void CommitShadow(const OString& printer_name) {
     prtreg registry(printer_name);
-    if (!IsExchanged(registry) || !NetworkPolicy(registry).MayChange()) return;
+    if (!IsExchanged(registry)) return;
     OStringArray keys;
     registry.EnumShadowKeys(keys);
     ShadowRequest request;

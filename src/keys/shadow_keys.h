@@ -19,6 +19,5 @@
 // Brings the copy up to date: every key that the server has another text of is replaced by it.
 void CreateShadow(const OString& printer_name);
 
-// Sends the copy to the server, which takes it over. Nothing for a user who may not change the
-// printer's settings.
+// Sends the copy to the server, which takes it over.
 void CommitShadow(const OString& printer_name);

@@ -17,10 +17,13 @@
 #include "settings/dev_mode.h"
 #include "settings/preset_list.h"
 #include "settings/stock_list.h"
+#include "ui/property_sheet.h"
 #include "ui/settings_file.h"
+#include "ui/version_info.h"
 
 class prtpage;
 class prtstream;
+struct ActionRow;
 struct CFontSettings;
 
 // Made by new_ext for one property sheet or one user of the settings interface, filled by init,
@@ -39,21 +42,21 @@ public:
     // Loads everything that is edited, for a model and a DEVMODE that exist. Called by init.
     virtual void InitEx();
 
-    // ---- The module's version resource (prtui_version.cpp). Empty texts where it lacks something.
+    // ---- The module's version resource, for the pages that show it. Empty texts where it lacks
+    // something.
 
     virtual void GetVersionInfo(OString& version); // "1.2.3"
     virtual void GetVersionTag(OString& tag);      // the name of the release in the source history
-    OString GetBuildDate();
-    OString GetSCMBranch();
-    OString GetSCMRevision();
-    // With the copyright sign in place of "(c)" and the character behind it where the code page of
-    // the language is 1252.
-    OString GetCopyright();
+    OString GetBuildDate() { return version_.GetText("Build Date"); }
+    OString GetSCMBranch() { return version_.GetText("SCM Branch"); }
+    OString GetSCMRevision() { return version_.GetText("SCM Revision"); }
+    // In the code page of the language.
+    OString GetCopyright() { return version_.GetCopyright(locale.GetCurrentCP()); }
     // The years of the copyright; 0 where it has none.
-    int32_t GetCopyrightStart();
-    int32_t GetCopyrightEnd();
+    int32_t GetCopyrightStart() { return ReadCopyrightYears(GetCopyright()).start; }
+    int32_t GetCopyrightEnd() { return ReadCopyrightYears(GetCopyright()).end; }
     // Reads the resource unless it is there. False when it cannot be had.
-    bool LoadFileVersionInfo();
+    bool LoadFileVersionInfo() { return version_.Load(); }
 
     // What can be set about objects that are kept in the printer: here nothing, for a language that
     // keeps none.
@@ -75,18 +78,13 @@ public:
     // that asks, null outside of a sheet.
 
     // Does an action, offered or not, in a job of the action's name ("Printer Test" for pages that
-    // are printed through the driver). Failures to reach the printer
-    // are not reported; an action that is not known does nothing.
+    // are printed through the driver). Failures to reach the printer are not reported; an action
+    // that is not known, or opens a dialog, does nothing.
     virtual void PrinterAction(prtpage* page, printer_action action);
     // How an action is offered for the printer as it is set up: ACTION_OFFERED and the others.
     virtual uint32_t PrinterActionSupported(prtpage* page, printer_action action);
     // What the user knows an action by; empty for one that has no name.
     virtual OString PrinterActionName(printer_action action);
-
-    // Does an action that opens a dialog, without the dialog: `choice` is what would be chosen
-    // there. Here that is ACTION_SEND_FILE with the file's full path. False, and nothing is done,
-    // for other actions and for a choice that makes no sense.
-    virtual bool RunChoice(printer_action action, const OString& choice);
 
     // Starts the status monitor's program, which opens or closes its window for a printer (`verb`
     // "open" or "close"); `server` is the name of the machine that the printer belongs to, empty
@@ -116,10 +114,6 @@ public:
     LONG ReasonGetInfoHeader(PROPSHEETUI_INFO* info, PROPSHEETUI_INFO_HEADER* header,
                              const WCHAR* printer);
 
-    // Whether settings of `size` bytes fit into pdmOut as far as cbOut tells its room: 0, and the
-    // dmSize of what lies there, leave it unsaid and are taken for enough.
-    static bool HasRoom(const DOCUMENTPROPERTYHEADER& header, size_t size);
-
     // Ends a sheet as the user did. With `header` (of document settings) the settings go to whom
     // the sheet was opened for: after OK the edited ones to pdmOut, merged into it where that is
     // pdmIn, and with DM_UPDATE to the printer as its defaults; after Cancel, with DM_COPY, those
@@ -143,13 +137,13 @@ public:
     // presets are the stored ones then, without the built-in ones. Nothing without a model.
     void Settings_Load();
     // Stores the lists that changed, each of them whole, and sends a connection's settings to its
-    // server unless `commit_shadow` is off. False when something could not be stored. Of a
-    // restricted user, and of a printer that is not `is_whole`, nothing is.
+    // server unless `commit_shadow` is off. False when something could not be stored. Of a printer
+    // that is not `is_whole`, nothing is.
     bool Settings_Save();
 
     // Writes a settings file, or adds what is in one to the lists, which Settings_Save then stores
-    // (see config/settings_file.h; `contents` is its SettingsFileContent). `result` may be null.
-    // Nothing, and zeros, without a model. A restricted user imports nothing.
+    // (see ui/settings_file.h; `contents` is its SettingsFileContent). `result` may be null.
+    // Nothing, and zeros, without a model.
     void Settings_Export(const WCHAR* file, int contents, KDSettingsResult* result);
     void Settings_Import(const WCHAR* file, int contents, KDSettingsResult* result);
 
@@ -170,15 +164,12 @@ public:
     // The user may look at the settings, but not change them.
     bool no_permission = false;
 
-    // The sheet, its pages and how it is talked to; null outside of a sheet.
-    HANDLE hcomprop = nullptr;
-    PFNCOMPROPSHEET pfn_comprop = nullptr;
-    std::unique_ptr<HANDLE[]> page_handles;
-    int32_t page_count = 0;
+    PropertySheet sheet;
 
     // Whether saved settings are sent to the printer's server.
     bool commit_shadow = true;
-    // The user's access level is below the one that the printer requires.
+    // The user's access level is below the one that the printer requires: pages refuse changes, and
+    // nothing else does.
     bool restricted = false;
     // init could read all of the printer, its model and its settings: what was read in part only
     // must not be stored in place of the whole.
@@ -189,14 +180,13 @@ public:
     // The way to the printer; null until the language's InitEx.
     prtstream* stream = nullptr;
 
+protected:
+    // All that there is to know about an action; null for a number that is none.
+    virtual const ActionRow* FindAction(printer_action action) const;
+
 private:
     void AddBuiltInPresets();
-    void TakeSheet(PROPSHEETUI_INFO* info);
-    bool SetSheetResult(LPARAM result) const;
-    OString VersionText(const char* name);
-    void ReadCopyrightYears();
+    LONG TakeSheet(PROPSHEETUI_INFO* info);
 
-    std::unique_ptr<BYTE[]> version_info_;
-    int32_t copyright_start_ = 0;
-    int32_t copyright_end_ = 0;
+    VersionInfo version_;
 };

@@ -55,8 +55,7 @@ void extconfig::Validate(const prtmodel* model) {
         if (print_mode == PRINT_CUTTER) print_mode = PRINT_TEAR_OFF;
         clear(SETTING_PAUSE_AFTER_CUT);
     }
-    if (print_mode == PRINT_REWIND && static_cast<const extmodel*>(model)->IsPPLZ())
-        print_mode = PRINT_AS_SET;
+    if (print_mode == PRINT_REWIND && AsZpl(*model).IsPPLZ()) print_mode = PRINT_AS_SET;
     if (has(CustomData::TEAR_OFF))
         tear_off = LimitedOffset(tear_off, data.tear_off_min, data.tear_off_max, dpi);
     stock_count = Limited(stock_count, 1, 9999);

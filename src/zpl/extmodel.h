@@ -41,3 +41,8 @@ public:
     // The printer takes the tear-off position in three digits.
     bool RequiresFixedTearOffAdjustment() const;
 };
+
+// The models of this driver are all of the ZPL II kind.
+inline const extmodel& AsZpl(const prtmodel& model) {
+    return static_cast<const extmodel&>(model);
+}

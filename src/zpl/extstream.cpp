@@ -45,9 +45,8 @@ void extstream::write_fixedint(int32_t value, int32_t digits, bool sign) {
 
 void extstream::cut() {
     format_start();
-    // The models of this driver are all of the ZPL kind.
-    const auto* model = static_cast<const extmodel*>(GetModel());
-    if (model && model->IsPPLZ()) command_control("JSA");
+    const prtmodel* model = GetModel();
+    if (model && AsZpl(*model).IsPPLZ()) command_control("JSA");
     command_format("MMC");
     command_format("PH");
     format_end();

@@ -36,11 +36,6 @@ public:
     bool EnableVerifyFonts(prtstream& stream) override;
 
     void PrinterAction(prtpage* page, printer_action action) override;
-    uint32_t PrinterActionSupported(prtpage* page, printer_action action) override;
-
-    // The memory: work and a letter of the model's ("format E"); the power management: "discharge"
-    // or the settings to change ("sleep=300 forced=yes low-voltage-pause=no", "sleep=off").
-    bool RunChoice(printer_action action, const OString& choice) override;
 
     // ---- What the dialogs do, for a model that exists.
 
@@ -65,20 +60,14 @@ public:
     // list of fonts is read anew for that.
     void AdjustFontInfo(DownloadedFontInfo* font) override;
 
+protected:
+    // Those of ZPL II printers, and then those of all printers.
+    const ActionRow* FindAction(printer_action action) const override;
+
 private:
-    // What the user knows a memory by, whose letter is given: that letter where there is no text.
-    OString MemoryName(const OString& location) const;
-    // A dialog's choice in words; false when they make no sense.
-    bool ChooseMemoryWork(const OString& choice);
-    bool ChoosePower(const OString& choice);
-    // Whether the printer can cut and is not left to its own print mode.
-    bool CanCut() const;
-    // The configuration in a format of its own.
-    void WriteConfiguration();
-    // Jobs of the action's name: a control command; the configuration, and behind it a format with
-    // a command.
-    void RunControl(printer_action action, const char* command);
-    void RunConfigured(printer_action action, const char* command);
+    // The display name of the memory with this letter, or the letter if the library has no text
+    // for it.
+    OString MemoryName(const OString& letter) const;
 
     extstream stream_;
 };

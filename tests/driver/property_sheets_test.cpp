@@ -9,7 +9,7 @@
 #include "support/dev_mode_test.h"
 #include "support/job_test.h"
 #include "support/staged_driver_test.h"
-#include "ui/copyright_years.h"
+#include "ui/version_info.h"
 #include "zplui.h"
 
 namespace {
@@ -94,7 +94,7 @@ TEST_F(PropertySheets, OfAPrinterLiveFromInitToDestroy) {
     EXPECT_TRUE(ui()->no_permission);
     EXPECT_FALSE(ui()->is_default_dm());
     EXPECT_EQ(info_.Result, 0u);
-    EXPECT_EQ(ui()->page_count, 4);
+    EXPECT_EQ(ui()->sheet.GetPageCount(), 4);
     EXPECT_EQ(Devices(PROPSHEETUI_REASON_SET_RESULT), -1) << "without a record";
     PROPSHEETUI_INFO_HEADER title = {};
     EXPECT_EQ(Devices(PROPSHEETUI_REASON_GET_INFO_HEADER, &title), 1);

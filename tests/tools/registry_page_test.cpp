@@ -19,8 +19,8 @@
 #include "support/build_folders.h"
 #include "support/job_test.h"
 #include "support/program.h"
-#include "ui/prtui.h"
 #include "win32host/control.h"
+#include "zpl/extui.h"
 
 namespace {
 
@@ -121,7 +121,7 @@ protected:
         const std::unique_ptr<prtui> ui(prtui::new_ext());
         ui->init(printer(), nullptr, 0);
         WriteCacheSettings(*ui->stream, {});
-        ui->RunChoice(ACTION_POWER_MANAGEMENT, "sleep=300 forced=yes low-voltage-pause=yes");
+        static_cast<extui&>(*ui).SetPowerSettings({});
         prtreg registry = Registry();
         ui->locale.Save(registry);
         auto* stock = new (std::nothrow) Stock;

@@ -55,14 +55,6 @@ protected:
         ui_->PrinterAction(nullptr, static_cast<printer_action>(action));
         return TakeJobs();
     }
-    std::string Offered() {
-        std::string offers;
-        for (int action = 0; action < 60; ++action)
-            if (const uint32_t flags =
-                    ui_->PrinterActionSupported(nullptr, static_cast<printer_action>(action)))
-                offers += std::to_string(action) + ":" + std::to_string(flags) + " ";
-        return offers;
-    }
     // What the feed action sends of the configuration.
     std::string Block() {
         const Jobs jobs = Run(ACTION_FEED);
@@ -80,39 +72,6 @@ private:
 
 } // namespace
 
-TEST_F(PrinterActions, SendsAJobOfTheActionsName) {
-    Use({.model = kModel});
-    std::string bytes;
-    for (int byte = 0; byte < 256; ++byte) bytes += static_cast<char>(byte);
-    const std::string configured = "^XA\r\n^SZ2^JMA\r\n^MCY^PMN\r\n^PW832~JSN\r\n^JZY\r\n^XZ\r\n";
-    const auto format = [&](const std::string& command) {
-        return configured + "^XA\r\n" + command + "^XZ\r\n";
-    };
-    const struct {
-        int action;
-        PrintedJob job;
-    } cases[] = {
-        {5, {"Character Test", "~JD" + bytes + "~JE"}},
-        {6, {"Feed Label", configured + "~PH"}},
-        {8, {"Cut", "^XA\r\n^MMC^PH^XZ\r\n"}},
-        {10, {"Reset Printer", "~JR"}},
-        {11, {"Calibrate Media", "~JC"}},
-        {12, {"Configuration Label", "~WC"}},
-        {13, {"All Stored Objects", format("^WD*:*.*")}},
-        {14, {"Stored Fonts", format("^WD*:*.FNT")}},
-        {15, {"Stored Formats", format("^WD*:*.ZPL")}},
-        {16, {"Stored Graphics", format("^WD*:*.GRF")}},
-        {17, {"Built-in Fonts", format("^WDZ:*.FNT")}},
-        {18, {"Built-in Bar Codes", format("^WDZ:*.BAR")}},
-        {20, {"Sensor Profile", "~JG"}},
-        {23, {"Measure Label Length", "~JL"}},
-        {26, {"Clear Object Cache", ""}},
-        {28, {"Restore Factory Settings", format("^JUF")}},
-    };
-    for (const auto& c : cases) EXPECT_EQ(Run(c.action), Jobs{c.job}) << c.action;
-    for (const int unknown : {-1, 0, 3, 7, 48, 1000}) EXPECT_EQ(Run(unknown), Jobs{}) << unknown;
-}
-
 TEST_F(PrinterActions, PrintsATestPageWithBarsOrWithoutThem) {
     for (const char* drawing : {"Line=yes\n", ""}) {
         Use({.model = "Resolution=203x406\nStock.Default.X=4 in\nStock.Default.Y=6 in\n",
@@ -129,59 +88,6 @@ TEST_F(PrinterActions, PrintsATestPageWithBarsOrWithoutThem) {
         EXPECT_EQ(std::count(jobs[0].bytes.begin(), jobs[0].bytes.end(), '\n'), 21 + 2);
         EXPECT_EQ(Run(ACTION_BLANK_LABEL), (Jobs{{"Printer Test", ""}}));
     }
-}
-
-TEST_F(PrinterActions, SendsAFileUnderItsOwnName) {
-    Use({.model = kModel});
-    WriteFile("labels\\one.prn", "^XA^FDone^XZ");
-    ui_->SendFile("C:\\labels\\one.prn");
-    ui_->SendFile("C:\\labels\\two.prn");
-    EXPECT_EQ(TakeJobs(), (Jobs{{"one.prn", "^XA^FDone^XZ"}, {"two.prn", ""}}));
-}
-
-TEST_F(PrinterActions, DoesWithoutADialogWhatIsChosenThere) {
-    Use({.model = kModel, .features = "~Memory.Options=E\n"});
-    prtreg registry = Registry();
-    const auto format = [](const std::string& command) {
-        return "^XA\r\n" + command + "\r\n^XZ\r\n";
-    };
-    const struct {
-        printer_action action;
-        const char* choice;
-        Jobs jobs; // none: it makes no sense
-    } cases[] = {
-        {ACTION_MEMORY, "format E", {{"Format Flash Memory", format("^JBE")}}},
-        {ACTION_MEMORY, " print  r ", {{"Print Memory Contents", format("^WDR:*.*")}}},
-        {ACTION_MEMORY, "erase E", {{"Print Memory Contents", format("^IDE:*.*")}}},
-        {ACTION_MEMORY, "reset E", {{"Reset Optional Memory", "~JB"}}},
-        {ACTION_MEMORY, "format B", {}},
-        {ACTION_MEMORY, "format", {}},
-        {ACTION_MEMORY, "format E R", {}},
-        {ACTION_MEMORY, "burn E", {}},
-        {ACTION_POWER_MANAGEMENT,
-         "sleep=300 forced=yes",
-         {{"Power Management", "~JFY\r\n^XA^ZZ300,Y^XZ\r\n"}}},
-        {ACTION_POWER_MANAGEMENT,
-         "low-voltage-pause=no forced=no",
-         {{"Power Management", "~JFN\r\n^XA^ZZ300,N^XZ\r\n"}}},
-        {ACTION_POWER_MANAGEMENT, "sleep=off", {{"Power Management", "~JFN\r\n^XA^ZZ0,N^XZ\r\n"}}},
-        {ACTION_POWER_MANAGEMENT, "discharge", {{"Discharge Battery", "~KB"}}},
-        {ACTION_POWER_MANAGEMENT, "sleep=1000000", {}},
-        {ACTION_POWER_MANAGEMENT, "sleep=", {}},
-        {ACTION_POWER_MANAGEMENT, "forced", {}},
-        {ACTION_POWER_MANAGEMENT, "nap=yes", {}},
-        {ACTION_PRINTER_OPTIONS, "format E", {}},
-        {ACTION_SEND_FILE, "", {}},
-    };
-    for (const auto& c : cases) {
-        EXPECT_EQ(ui_->RunChoice(c.action, c.choice), !c.jobs.empty()) << c.choice;
-        EXPECT_EQ(TakeJobs(), c.jobs) << c.choice;
-    }
-    // As they were set last.
-    EXPECT_EQ(registry.GetByte("Settings:Enable Sleep", 9), 0);
-    EXPECT_EQ(registry.GetByte("Settings:Forced Sleep", 9), 0);
-    EXPECT_EQ(registry.GetByte("Settings:Low Voltage Pause", 9), 0);
-    EXPECT_EQ(registry.GetInt("Settings:Timeout", 9), 300);
 }
 
 TEST_F(PrinterActions, WritesTheConfigurationInItsOrder) {
@@ -295,35 +201,6 @@ TEST_F(PrinterActions, WritesWideTearOffPositionsInThreeDigitsAndNoFixedMediaTyp
     }
 }
 
-TEST_F(PrinterActions, OffersWhatThePrinterCanDo) {
-    const struct {
-        ModelTables tables;
-        int16_t print_mode;
-        const char* offers;
-    } cases[] = {
-        {{.model = kModel, .custom_data = CustomDataLines(Data(CustomData::CUTTER))},
-         extconfig::PRINT_AS_SET,
-         "1:1 2:1 5:1 6:1 10:5 11:5 12:1 13:1 14:1 15:1 16:1 17:1 18:1 20:5 22:7 23:1 28:1 36:7 "
-         "39:3 "
-         "41:7 "},
-        {{.model = std::string(kModel) + "~RFID.TagTypes=EPC64\n",
-          .method = "Cache.Format=yes\n",
-          .features = "~Command.JB=yes\n",
-          .custom_data = CustomDataLines(Data(CustomData::CUTTER))},
-         extconfig::PRINT_CUTTER,
-         "1:1 2:1 5:1 6:1 8:1 10:5 11:5 12:1 13:1 14:1 15:1 16:1 17:1 18:1 20:5 22:7 23:1 25:7 "
-         "26:1 28:1 "
-         "32:7 36:7 39:3 41:7 45:3 "},
-        {{.model = Pplz(kModel), .custom_data = CustomDataLines(Data(0))},
-         extconfig::PRINT_CUTTER,
-         "1:1 2:1 5:1 6:1 10:5 11:5 12:1 13:1 14:1 15:1 16:1 22:7 23:1 28:1 36:7 39:3 41:7 "},
-    };
-    for (const auto& c : cases) {
-        Use(c.tables, [&](extconfig& config) { config.print_mode = c.print_mode; });
-        EXPECT_EQ(Offered(), c.offers);
-    }
-}
-
 TEST_F(PrinterActions, TellsTheMemoriesThatObjectsAreKeptIn) {
     Use({.model = kModel, .features = "~Memory.Options=E,X\n"});
     CacheParameters parameters;
@@ -333,7 +210,4 @@ TEST_F(PrinterActions, TellsTheMemoriesThatObjectsAreKeptIn) {
     EXPECT_EQ(Text(parameters.graphics_location_names), "E: Flash memory,X,R: Working memory");
     ASSERT_EQ(parameters.format_locations.GetSize(), 3);
     EXPECT_EQ(parameters.format_locations[2], 'R');
-    ui_->prtui::GetCacheParameters(parameters);
-    EXPECT_EQ(parameters.largest_memory, 0);
-    EXPECT_EQ(parameters.format_locations.GetSize(), 0);
 }

@@ -95,7 +95,7 @@ void ActionCommand(const Words& words) {
     const int action = ActionNumber(arguments[1]);
     std::string choice = arguments.size() > 2 ? arguments[2] : "";
     if (action == DAL_ACTION_SEND_FILE && !choice.empty()) {
-        ReadBytes("cannot read file", choice, 1); // the module would send an empty job
+        ReadBytes("cannot read file", choice, 1); // says more than the module does
         choice = HostPath(choice);
     }
     const OpenSettings settings(arguments[0]);

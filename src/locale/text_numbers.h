@@ -1,0 +1,56 @@
+// The texts of the language libraries, by the numbers under which the module asks for them.
+#pragma once
+
+enum TextNumber : int {
+    TEXT_NONE = 0,
+
+    // ---- What a printer can be told to do.
+    TEXT_TEST_LABEL = 2401,
+    TEXT_CHARACTER_TEST = 2404,
+    TEXT_BLANK_LABEL = 2405,
+    TEXT_CONFIGURATION_LABEL = 2406,
+    TEXT_LIST_FONTS = 2407,
+    TEXT_LIST_FORMATS = 2408,
+    TEXT_LIST_GRAPHICS = 2409,
+    TEXT_LIST_ALL = 2410,
+    TEXT_LIST_BUILT_IN_FONTS = 2411,
+    TEXT_LIST_BUILT_IN_BAR_CODES = 2412,
+    TEXT_SENSOR_PROFILE = 2413,
+    TEXT_INFORMATION = 2450,
+    TEXT_FEED = 2451,
+    TEXT_CUT = 2452,
+    TEXT_RESET = 2453,
+    TEXT_CALIBRATE = 2454,
+    TEXT_FACTORY_SETTINGS = 2457,
+    TEXT_LABEL_LENGTH = 2458,
+    TEXT_SEND_FILE = 2464,
+    TEXT_MEMORY = 2467,
+    TEXT_CACHE = 2483,
+    TEXT_CLEAR_CACHE = 2484,
+    TEXT_PRINTER_OPTIONS = 2485,
+    TEXT_RFID_OPTIONS = 2487,
+    TEXT_POWER_MANAGEMENT = 2488,
+
+    // ---- The built-in presets.
+    TEXT_CURRENT_SETTINGS = 4102,
+    TEXT_DEFAULT_SETTINGS = 4103,
+    TEXT_ABOUT_CURRENT_SETTINGS = 4104,
+    TEXT_ABOUT_DEFAULT_SETTINGS = 4105,
+
+    // "Y" or "N": the properties open on their last page.
+    TEXT_START_ON_LAST_PAGE = 9990,
+
+    // ---- The memories of a printer, by their letters.
+    TEXT_MEMORY_R = 10430,
+    TEXT_MEMORY_E = 10431,
+    TEXT_MEMORY_B = 10432,
+    TEXT_MEMORY_A = 10433,
+
+    // ---- Jobs about a printer's battery, and the question that asks for its state.
+    TEXT_DISCHARGE_BATTERY = 10492,
+    TEXT_POWER_QUERY_JOB = 10494,
+    TEXT_POWER_QUERY = 10495,
+
+    // A font that the printer has from somebody else.
+    TEXT_UNKNOWN_FONT = 10530,
+};
