@@ -11,7 +11,7 @@
 #include "fuzz_host.h"
 #include "input.h"
 #include "target.h"
-#include "ui/copyright_years.h"
+#include "ui/version_info.h"
 
 namespace {
 
