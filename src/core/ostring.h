@@ -47,6 +47,9 @@ public:
     void ReleaseCore();
     // Makes the text private, as every write does by itself.
     void ChangeCore();
+    // A copy that shares nothing with this string, so that it may go to another thread; empty
+    // without memory.
+    OString OwnCopy() const;
 
     // ---- Forms ----------------------------------------------------------------------------------
 

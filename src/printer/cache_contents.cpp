@@ -2,6 +2,7 @@
 
 #include <algorithm>
 #include <cstring>
+#include <utility>
 
 #include "core/ascii.h"
 #include "core/crc.h"
@@ -53,10 +54,11 @@ bool CacheContents::Take(const unsigned char* description, uint32_t size) {
     if (known_ && crc == crc_) return false;
     const auto whole = static_cast<uint32_t>((size - sizeof header) / sizeof(KVCacheItemInfo));
     const uint32_t count = std::min<uint32_t>(header.count, whole);
-    shown_.SetSize(0);
-    if (!items_.SetSize(count)) return false;
+    OBuffer<KVCacheItemInfo> items(count);
+    if (items.GetSize() < count) return false;
     if (count)
-        std::memcpy(items_.GetData(), description + sizeof header, count * sizeof(KVCacheItemInfo));
+        std::memcpy(items.GetData(), description + sizeof header, count * sizeof(KVCacheItemInfo));
+    items_ = std::move(items);
     known_ = true;
     crc_ = crc;
     Show();
@@ -112,7 +114,10 @@ void CacheContents::Show() {
         // Behind all that do not sort after it. A description is too short for many objects.
         int place = shown_.GetSize();
         while (place > 0 && CompareItems(GetItem(place - 1), item) > 0) --place;
-        if (!shown_.InsertAt(place, static_cast<int32_t>(i), 1)) return;
+        if (!shown_.InsertAt(place, static_cast<int32_t>(i), 1)) {
+            known_ = false; // the next description shows what is missing now
+            return;
+        }
     }
 }
 

@@ -101,6 +101,7 @@ void PortInfo::Refresh() {
     if (!record.GetData() || !EnumPortsW(nullptr, 2, record.GetData(), needed, &needed, &count))
         return;
     const auto* ports = reinterpret_cast<const PORT_INFO_2W*>(record.GetData());
+    const AllocationWatch memory;
     OStringArray names, monitors;
     OTypedArray<int> order;
     for (DWORD i = 0; i < count; ++i) {
@@ -110,13 +111,19 @@ void PortInfo::Refresh() {
         // Behind all that do not sort after it, so that equal ports keep their order.
         int place = order.GetSize();
         while (place > 0 && ComparePortName(names[order[place - 1]], name) > 0) --place;
-        if (!order.InsertAt(place, static_cast<int>(i), 1)) return;
+        order.InsertAt(place, static_cast<int>(i), 1);
+        if (memory.Failed()) return;
     }
     for (int i = 0; i < order.GetSize(); ++i) {
         OString name = names[order[i]];
         name.TrimRight(':');
         names_.Add(name);
         monitors_.Add(monitors[order[i]]);
+    }
+    // Half a list, or names beside the monitors of others, would be worse than none.
+    if (memory.Failed()) {
+        names_.SetSize(0);
+        monitors_.SetSize(0);
     }
 }
 

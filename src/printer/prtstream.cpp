@@ -139,7 +139,7 @@ void prtstream::flush() {
 
 void prtstream::clear() {
     buffered_ = 0;
-    buffer_.SetSize(0);
+    buffer_.Clear();
 }
 
 void prtstream::kill() {

@@ -107,7 +107,7 @@ bool Preset::Export(OBuffer<char>& record) const {
     std::memcpy(head.signature, kSignature, sizeof head.signature);
     head.size = dev_mode_.GetSize();
     if (head.size == 0 || !record.SetSize(head.size + uint32_t{sizeof head})) {
-        record.SetSize(0);
+        record.Clear();
         return false;
     }
     std::memcpy(record.GetData(), &head, sizeof head);

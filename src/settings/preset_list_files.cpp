@@ -21,7 +21,7 @@ OBuffer<char> ReadBytes(OFile& file, uint32_t size) {
     size = std::min({size, file.GetLength(), uint32_t{INT32_MAX}});
     OBuffer<char> bytes(size);
     const int32_t read = file.Read(bytes.GetData(), static_cast<int32_t>(bytes.GetSize()));
-    bytes.SetSize(static_cast<uint32_t>(read));
+    if (!bytes.SetSize(static_cast<uint32_t>(read))) bytes.Clear();
     return bytes;
 }
 

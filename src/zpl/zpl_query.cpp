@@ -45,7 +45,7 @@ OBuffer<char> ReadAnswer(extstream& stream, const OString& name) {
     // The store may hold fewer bytes than it says.
     std::memset(answer.GetData(), 0, answer.GetSize());
     if (!stream.QueryResponse(name, reinterpret_cast<unsigned char*>(answer.GetData()), size))
-        answer.SetSize(0);
+        answer.Clear();
     return answer;
 }
 

@@ -92,11 +92,12 @@ TEST_F(ZplModel, TellsItsRfidTagTypesInBits) {
 TEST_F(ZplModel, TakesALongerRfidRecordFromTheCache) {
     Install({});
     uint32_t longer[9] = {36 << 16 | 28, 1};
-    ModelDataCache().SetData("Dock 3:RFIDCapabilities", longer, sizeof longer);
+    ModelDataCache().Synchronize(Records());
+    ModelDataCache().SetData(Records(), "RFIDCapabilities", longer, sizeof longer);
     auto model = Model();
     EXPECT_TRUE(model->HasRFID());
     EXPECT_EQ(std::memcmp(model->GetRFIDCapabilities(), longer, sizeof longer), 0);
-    ModelDataCache().SetData("Dock 3:RFIDCapabilities", longer, 27);
+    ModelDataCache().SetData(Records(), "RFIDCapabilities", longer, 27);
     EXPECT_FALSE(Model()->HasRFID()) << "too short to be one";
 }
 
@@ -189,12 +190,12 @@ TEST_F(ZplModel, TrustsTheLengthOfItsCustomDataOnlyAsFarAsTheTextGoes) {
             for (size_t i = 0; i < sizeof(CustomData); ++i)
                 ASSERT_EQ(data[i], i < c.readable ? '\x11' : 0) << c.length << " at " << i;
         }
-        EXPECT_EQ(ModelDataCache().GetDataSize("Dock 3:~CustomData"), c.kept) << c.length;
+        EXPECT_EQ(ModelDataCache().GetDataSize(Records(), "~CustomData"), c.kept) << c.length;
     }
 }
 
 TEST_F(ZplModel, KeepsNoMoreCustomDataThanASaneAmount) {
     LoadBlob("2000000000", std::string(200000, 'A'));
     EXPECT_EQ(Model()->GetCustomData()->flags, 0u);
-    EXPECT_EQ(ModelDataCache().GetDataSize("Dock 3:~CustomData"), 65536u);
+    EXPECT_EQ(ModelDataCache().GetDataSize(Records(), "~CustomData"), 65536u);
 }
