@@ -266,9 +266,11 @@ typedef void(WINAPI* DAL_QUERY_ANSWER)(void* context, int kind, const WCHAR* nam
                                        const WCHAR* value);
 
 // Asks the printer and hands over what it answered: properties, then files, then configuration. It
-// takes a job of the printer's and the status monitor beside this module, and waits for the
-// printer. FALSE, without any answer, when `questions` or `answer` is 0 or the printer cannot be
-// asked; a question that was not answered, or not so that it can be understood, is left out.
+// takes a job of the printer's, which is gone afterwards, and the status monitor beside this
+// module, and waits for the printer; while another query is under way on this machine, it waits for
+// that first. FALSE, without any answer, when `answer` is null, when `questions` asks nothing, when
+// the printer's port has no way back, and when the printer cannot be asked; a question that was not
+// answered, or not so that it can be understood, is left out.
 ZPLUI_API BOOL WINAPI DAL_Query_Run(HANDLE settings, int questions, DAL_QUERY_ANSWER answer,
                                     void* context);
 

@@ -5,6 +5,9 @@
 
 #include "support/model_test.h"
 
+// Bytes of the driver's DEVMODE, private part included.
+constexpr size_t DEV_MODE_SIZE = 1508;
+
 class StagedDriverTest : public PrinterTest {
 protected:
     // Installs the module as the driver "Model 1" with a model data file of these tables, and a
