@@ -8,12 +8,10 @@
 #include "spooler/printer_info.h"
 #include "support/dev_mode_test.h"
 #include "support/job_test.h"
-#include "ui/version_info.h"
+#include "support/staged_driver_test.h"
 #include "zplui.h"
 
 namespace {
-
-constexpr size_t WHOLE = 1508;
 
 struct Call {
     HANDLE sheet;
@@ -142,8 +140,8 @@ TEST_F(PropertySheets, GiveTheSettingsBackAsTheUserAndTheProgramWant) {
         int out, defaults; // copies
     } cases[] = {
         {"copy", DM_COPY, CPSUI_OK, true, false, 0, 7, 1},
-        {"copy, not applied by a page", DM_COPY, CPSUI_OK, false, false, WHOLE, 7, 1},
-        {"too little room", DM_COPY, CPSUI_OK, true, false, WHOLE - 1, 3, 1},
+        {"copy, not applied by a page", DM_COPY, CPSUI_OK, false, false, DEV_MODE_SIZE, 7, 1},
+        {"too little room", DM_COPY, CPSUI_OK, true, false, DEV_MODE_SIZE - 1, 3, 1},
         {"one buffer", DM_COPY, CPSUI_OK, true, true, 0, 7, 1},
         {"nothing asked", DM_IN_PROMPT, CPSUI_OK, true, false, 0, 3, 1},
         {"cancelled", DM_COPY, CPSUI_CANCEL, false, false, 0, 1, 1},
@@ -206,23 +204,4 @@ TEST(SheetsOfThePrintersFolder, AreKnownByThePathOfTheProgram) {
                                                   {"C:\\iexplore.exe", false},
                                                   {"", false}};
     for (const auto& [path, is] : cases) EXPECT_EQ(IsExplorer(path), is) << path;
-}
-
-TEST(CopyrightNotice, TellsItsYears) {
-    const struct {
-        const char* text;
-        int32_t start, end;
-    } cases[] = {{"(c) 2001-2004 Maker", 2001, 2004},
-                 {"(c) 2004 Maker", 2004, 2004},
-                 {"1999-20", 1999, 20},
-                 {"2004-", 2004, 0},
-                 {"19", 19, 19},
-                 {"Maker", 0, 0},
-                 {"", 0, 0},
-                 {"v3 1998, 2004", 1998, 1998}};
-    for (const auto& c : cases) {
-        const CopyrightYears years = ReadCopyrightYears(c.text);
-        EXPECT_EQ(years.start, c.start) << c.text;
-        EXPECT_EQ(years.end, c.end) << c.text;
-    }
 }
