@@ -265,9 +265,11 @@ typedef void(WINAPI* DAL_QUERY_ANSWER)(void* context, int kind, const WCHAR* nam
                                        const WCHAR* value);
 
 // Asks the printer and hands over its answers: properties, then files, then configuration. It needs
-// a job on the printer and the status monitor beside this module, and waits for the printer. FALSE,
-// without any answer, if `questions` or `answer` is 0 or the printer cannot be asked. A question
-// that was not answered, or not intelligibly, is left out.
+// a job on the printer, which is gone afterwards, and the status monitor beside this module, and
+// waits for the printer. If another query is under way on this machine, it waits for that first.
+// FALSE, without any answer, if `answer` is null, `questions` asks nothing, the printer's port has
+// no way back or the printer cannot be asked. A question that was not answered, or not
+// intelligibly, is left out.
 ZPLUI_API BOOL WINAPI DAL_Query_Run(HANDLE settings, int questions, DAL_QUERY_ANSWER answer,
                                     void* context);
 

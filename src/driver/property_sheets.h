@@ -11,7 +11,7 @@
 #include "ui/prtui.h"
 
 // The answer of an entry point for a sheet that there is not.
-constexpr LONG NO_SHEETS = -1;
+constexpr LONG kNoSheets = -1;
 
 // The UI object for a new sheet on a printer (`in` and `mode` as prtui::init takes them), after the
 // printer's server was asked for news. Null when there is no memory or no model: such a sheet would

@@ -1,4 +1,5 @@
-// The objects that the rendering module keeps in the printer, as a list to look at.
+// The objects that the rendering module keeps in the printer, as a list to look at: the work of the
+// page that shows them, and of nothing else.
 #pragma once
 
 #include <cstdint>

@@ -1,4 +1,5 @@
-// How the rendering module keeps formats and graphics in the printer: what a dialog changes.
+// How the rendering module keeps formats and graphics in the printer: the work of the page that
+// changes it, and of nothing else.
 #pragma once
 
 #include <cstdint>

@@ -1,4 +1,5 @@
-// The ports of this machine, as far as the module knows more about them than the spooler does.
+// The ports of this machine, as far as the module knows more about them than the spooler does. For
+// the report about versions.
 #pragma once
 
 #include <windows.h>
@@ -63,7 +64,7 @@ public:
     const OString& GetName(int index) const { return names_[index]; }
     const OString& GetMonitorName(int index) const { return monitors_[index]; }
 
-    // Stores a _PORT_INFO_CUSTOM for each port, and behind them the texts that they point to. A
+    // Stores a _PORT_INFO_CUSTOM for each port, and after them the texts that they point to. A
     // serial or parallel port whose setup cannot be read is left out. `needed` receives the size
     // that suffices for all ports, `count` how many were stored. False when none were: there are no
     // ports, or `buffer` is null or has less than `needed` bytes.

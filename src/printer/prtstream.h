@@ -89,11 +89,11 @@ public:
     void DownloadFont(const KVFontInfo& font);
     // At most 65533 bytes at once.
     void DownloadFontData(const char* data, uint32_t count);
-    // One glyph with its rows behind it.
+    // One glyph, and its rows after it.
     void DownloadBitmapData(const KVDownloadBitmapChar* glyph);
 
     // Replaces the buffer by the description of the objects that the rendering module keeps in the
-    // printer. False, and the buffer as it was, when there is none.
+    // printer, as long as it was told. False, and the buffer as it was, when there is none.
     bool GetCacheInformation(OBuffer<unsigned char>& description);
     void CacheAction(const KVCacheAction& action);
     void CacheItemAction(const KVCacheItemAction& action);
@@ -108,7 +108,7 @@ public:
     //     QueryEnd(); QueryExecute(job, ...); then QueryResponse of each name
     //
     // The answers stay in the registry until the next QueryStart, for all printers of the machine
-    // together.
+    // together: all of this is done with a QueryTurn in hand (printer/query_turn.h).
 
     // Opens or closes the document.
     void XPML_xpml(bool open);
@@ -121,7 +121,7 @@ public:
     // Ends the last question and the job.
     void QueryEnd();
     // Has the status monitor ask the printer, and waits for it. `parent` may be null. True when
-    // there are answers.
+    // there are answers. The job is taken out of the spooler, answered or not.
     bool QueryExecute(const OString& job_name, int job, HWND parent);
 
     // The number of bytes that were answered to a question; 0 when none were.
@@ -136,7 +136,8 @@ public:
 
     // ---- The port -------------------------------------------------------------------------------
 
-    // What the status monitor knows about the printer's port; empty when it does not tell.
+    // What the status monitor knows about the printer's port, for the report about versions; empty
+    // when it does not tell.
     OString GetPortType(); // "LPT", "USB" or another word
     OString GetPortIPAddress();
     OString GetPortMonitorName();
@@ -147,7 +148,8 @@ public:
     // Whether the printer can answer through its port: the status monitor can read from that, and
     // the model answers on ports of that type. Never on parallel ports of Windows NT 4.0.
     bool is_bidirectional();
-    // Whether the status monitor can watch the printer, and whether it serves its port.
+    // Whether the status monitor can watch the printer, and, for the pages, whether it serves its
+    // port.
     bool IsMonitorSupported();
     bool IsMonitorEnabled();
 
@@ -173,12 +175,12 @@ private:
     void Connect();
     void EndDocument();
 
-    static constexpr int32_t CAPACITY = 8192;
-    static constexpr int32_t LARGEST_PACKET = 32000;
+    static constexpr int32_t kCapacity = 8192;
+    static constexpr int32_t kLargestPacket = 32000;
 
     UIPrinter* ui_ = nullptr;
     int32_t buffered_ = 0;
-    int32_t capacity_ = CAPACITY;
+    int32_t capacity_ = kCapacity;
     OBuffer<char> buffer_; // of the capacity, or none
     HANDLE hprinter_ = nullptr;
     bool measuring_ = false;

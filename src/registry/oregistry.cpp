@@ -5,7 +5,7 @@
 #include <memory>
 
 #include "core/memory.h"
-#include "core/windows_version.h"
+#include "core/open_to_all.h"
 #include "registry/oregistry_names.h"
 #include "registry/oregistry_system.h"
 
@@ -46,17 +46,9 @@ int RootNumber(const WCHAR* text, const WCHAR* colon) {
 
 // Creates a key that every account can later write: the spooler's and other users' too.
 LONG CreateOpenKey(HKEY root, const WCHAR* name, HKEY& key, HANDLE transaction) {
-    SECURITY_DESCRIPTOR descriptor;
-    SECURITY_ATTRIBUTES attributes = {};
-    attributes.nLength = sizeof attributes;
-    SECURITY_ATTRIBUTES* security = nullptr;
-    if (IsWindowsNT() && InitializeSecurityDescriptor(&descriptor, SECURITY_DESCRIPTOR_REVISION) &&
-        SetSecurityDescriptorDacl(&descriptor, TRUE, nullptr, FALSE)) {
-        attributes.lpSecurityDescriptor = &descriptor;
-        security = &attributes;
-    }
-    return RegistryTransactions::OfSystem().CreateKey(root, name, KEY_READ | KEY_WRITE, security,
-                                                      key, transaction);
+    OpenToAll security;
+    return RegistryTransactions::OfSystem().CreateKey(root, name, KEY_READ | KEY_WRITE,
+                                                      security.Get(), key, transaction);
 }
 
 // Whether an error says that there is nothing of that name, or more than was asked for.

@@ -58,12 +58,11 @@ public:
     // Reads the resource unless it is there. False when it cannot be had.
     bool LoadFileVersionInfo() { return version_.Load(); }
 
-    // What can be set about objects that are kept in the printer: here nothing, for a language that
-    // keeps none.
+    // What the page of the object cache can set: here nothing, for a language that keeps none.
     virtual void GetCacheParameters(CacheParameters& parameters) const;
 
-    // What the download of a font asks the user. Nothing is changed here: no printer language, no
-    // questions of its own.
+    // What the dialog for the download of a font asks the user. Nothing is changed here: no printer
+    // language, no questions of its own.
     virtual void ChooseFontSettings(CFontSettings* settings);
     // Asks the printer which fonts it has and marks the list by that. `page` is the page that asks,
     // null outside of a sheet. False, and all are marked as missing, when the printer cannot be
@@ -86,9 +85,9 @@ public:
     // What the user knows an action by; empty for one that has no name.
     virtual OString PrinterActionName(printer_action action);
 
-    // Starts the status monitor's program, which opens or closes its window for a printer (`verb`
-    // "open" or "close"); `server` is the name of the machine that the printer belongs to, empty
-    // for this one. Not waited for; that it cannot be started is not reported.
+    // For the page of the status monitor: starts its program, which opens or closes its window for
+    // a printer (`verb` "open" or "close"); `server` is the name of the machine that the printer
+    // belongs to, empty for this one. Not waited for; that it cannot be started is not reported.
     static void rundll_statusmonitor(const OString& printer, const OString& server,
                                      const OString& verb, int show);
 
@@ -121,8 +120,9 @@ public:
     LONG ReasonSetResult(PROPSHEETUI_INFO* info, const SETRESULT_INFO* result,
                          const DOCUMENTPROPERTYHEADER* header);
 
-    // Take the edited settings as the ones to go back to, and tell the sheet that the user is done;
-    // tell it that the user gave up. False when the sheet refuses; true outside of a sheet.
+    // For the pages: take the edited settings as the ones to go back to, and tell the sheet that
+    // the user is done; tell it that the user gave up. False when the sheet refuses; true outside
+    // of a sheet.
     bool Apply();
     bool Cancel();
 
@@ -130,7 +130,8 @@ public:
     // settings.
     bool is_default_dm() const;
 
-    // What the driver answers for this printer and the edited settings, through the system.
+    // For the pages: what the driver answers for this printer and the edited settings, through the
+    // system.
     uint32_t DeviceCapabilitiesW(WORD capability, unsigned char* output) const;
 
     // Reads the lists anew, after the printer's server was asked for news (CreateShadow). The

@@ -37,7 +37,7 @@ public:
 
     void PrinterAction(prtpage* page, printer_action action) override;
 
-    // ---- What the dialogs do, for a model that exists.
+    // ---- What the dialogs do, and programs in their place, for a model that exists.
 
     // In a job of the work's name. `memory` is the letter of the memory that is meant; but for
     // PRINT the rendering module forgets what it has stored there.

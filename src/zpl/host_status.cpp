@@ -21,7 +21,7 @@ OString WithoutEndMark(const OString& field) {
     return AnswerPart(field.nstring(), 0, field.nlen() - kEndMark);
 }
 
-// Splits the answer behind its STX; the number of fields.
+// Splits the answer after its STX; the number of fields.
 int SplitFields(const char* answer, uint32_t size, OStringArray& fields) {
     if (!answer || size < 2) return 0;
     fields.Split(AnswerText(answer + 1, size - 1), ",");

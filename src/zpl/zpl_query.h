@@ -38,8 +38,9 @@ public:
     ZPLQuery(const ZPLQuery&) = delete;
     ZPLQuery& operator=(const ZPLQuery&) = delete;
 
-    // Asks the questions of a mask. False, and nothing is known, when the mask has none or the
-    // printer cannot be asked. What was not answered, or not to be understood, is left out.
+    // Asks the questions of a mask, once no other query is under way on this machine. False, and
+    // nothing is known, when the mask has none or the printer cannot be asked; without a job when
+    // its port has no way back. What was not answered, or not to be understood, is left out.
     bool RunQuery(int mask);
 
     // "E:LOGO.GRF;1234;P", see ReadFileList; "PRINT WIDTH@832", see ReadConfigurationList; the
@@ -55,8 +56,9 @@ private:
     const HWND parent_;
 };
 
-// Asks a printer with a battery for its readings. The names of the job and of the question are the
-// user's language's (texts 10494 and 10495). False when the printer cannot be asked; a reading that
-// was not answered is empty.
+// For the power management page: asks a printer with a battery for its readings. The names of the
+// job and of the question are texts of the user's language (TEXT_POWER_QUERY_JOB and
+// TEXT_POWER_QUERY). False when the printer cannot be asked, as with RunQuery; a reading that was
+// not answered is empty.
 bool RunPowerQuery(HWND parent, extstream& stream, const OString& job_name,
                    const OString& query_name, PowerReadings& readings);
