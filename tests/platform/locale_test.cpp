@@ -1,4 +1,4 @@
-// What a test can set of the user's language, the code pages and the answers to message boxes.
+// What the environment and a test say of the user's language and of the code pages.
 #include "support/code_page_text.h"
 #include "support/host_test.h"
 
@@ -96,21 +96,6 @@ TEST_F(CodePagesThreads, BuildATableOnceForAll) {
         });
     for (std::thread& thread : threads) thread.join();
     EXPECT_EQ(answers, std::vector<int>(4, answers[0]));
-}
-
-using MessageBoxes = HostTest;
-
-TEST_F(MessageBoxes, AreAnsweredWithCareByThemselvesAndAsSetOtherwise) {
-    EXPECT_EQ(MessageBoxW(nullptr, u"t", u"c", MB_OK | MB_ICONERROR), IDOK);
-    EXPECT_EQ(MessageBoxW(nullptr, u"t", u"c", MB_OKCANCEL), IDCANCEL);
-    EXPECT_EQ(MessageBoxW(nullptr, u"t", u"c", MB_YESNO), IDNO);
-    EXPECT_EQ(win32host::TakeMessageBoxes().size(), 3u);
-    win32host::AnswerMessageBoxes(IDYES);
-    EXPECT_EQ(MessageBoxW(nullptr, u"Really?", u"Title", MB_YESNO), IDYES);
-    const auto shown = win32host::TakeMessageBoxes();
-    ASSERT_EQ(shown.size(), 1u);
-    EXPECT_EQ(shown[0].text + u"|" + shown[0].caption, u"Really?|Title");
-    EXPECT_EQ(shown[0].type, UINT{MB_YESNO});
 }
 
 } // namespace

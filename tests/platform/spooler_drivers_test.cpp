@@ -49,7 +49,6 @@ TEST_F(SpoolerDrivers, AreInstalledWithAllTheirFiles) {
     EXPECT_EQ(answer->pHelpFile, kFolder + u"testdrv.hlp");
     const std::u16string list = kFolder + u"extra1.dat" + u'\0' + kFolder + u"extra2.dat" + u'\0';
     EXPECT_EQ(std::u16string(answer->pDependentFiles, list.size() + 1), list + u'\0');
-    EXPECT_EQ(std::u16string(answer->pszzPreviousNames, 2), std::u16string(2, u'\0'));
     EXPECT_EQ(answer->cVersion, 3u);
     EXPECT_EQ(answer->ftDriverDate.dwHighDateTime, 2u);
     EXPECT_EQ(answer->dwlDriverVersion, 0x0001000200030004u);
