@@ -51,6 +51,8 @@ TEST_F(UIObject, TakesThePrinterAndTheSettingsAskedFor) {
 TEST_F(UIObject, KeepsItsListsForTheNextOne) {
     Install({.model = "Resolution=203\n"});
     const auto first = Made(printer(), nullptr, 0), second = Made(printer(), nullptr, 0);
+    EXPECT_NE(first->presets.GetCurrentSettings(), nullptr) << "nameless without a library";
+    EXPECT_NE(first->presets.GetDefaultSettings(), nullptr);
     auto* preset = new Preset;
     preset->SetToDefaultDevMode(first->model.get());
     preset->SetName("Draft");
