@@ -231,6 +231,12 @@ HDC prtstream::GetDC() const {
     return spool_ ? spool_->GetDC() : nullptr;
 }
 
+int32_t prtstream::GetVerticalDPI() {
+    if (!spool_) Connect();
+    const HDC dc = GetDC();
+    return dc ? GetDeviceCaps(dc, LOGPIXELSY) : 0;
+}
+
 int32_t prtstream::GetPageWidth() const {
     return spool_ ? spool_->GetPrintableArea().cx : 0;
 }

@@ -161,6 +161,9 @@ public:
     int32_t GetPageHeight() const;
     // The printer's horizontal resolution; 0 without a model.
     int32_t GetDPI() const;
+    // The vertical resolution of the connection, which outside of a job is one as for Escape; 0
+    // when there can be none.
+    int32_t GetVerticalDPI();
     prtmodel* GetModel() const; // null without a UI object
     HANDLE GetPrinter() const { return hprinter_; }
 

@@ -278,6 +278,11 @@ OString ORegistry::GetString(const OString& name, const OString& default_value) 
     return OString(text);
 }
 
+bool ORegistry::CanStore(const OString& value) {
+    value.wstring(); // the form that is stored
+    return (static_cast<uint32_t>(value.wlen()) + 1) * sizeof(WCHAR) <= MaxStringBytes;
+}
+
 bool ORegistry::SetMultiString(const OString& name, const OStringArray& values) {
     OBuffer<WCHAR> packed;
     // Without memory there is nothing that could take the old value's place.

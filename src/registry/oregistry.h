@@ -49,6 +49,8 @@ public:
     // exists is an answer, a longer one is not.
     bool SetString(const OString& name, const OString& value);
     OString GetString(const OString& name, const OString& default_value);
+    // Whether a text is short enough for GetString to give it back: up to 4095 characters.
+    static bool CanStore(const OString& value);
 
     // REG_MULTI_SZ. Empty strings are not stored. Set always answers true. A read takes up to
     // 10000 bytes; it replaces the strings, or answers false and leaves them.

@@ -35,6 +35,11 @@ bool ReadText(OFile& file, OString& text) {
     return true;
 }
 
+bool CanBeStored(const Preset& preset) {
+    return preset.GetDevModeSize() > 0 && ORegistry::CanStore(preset.GetName()) &&
+           ORegistry::CanStore(preset.GetDescription());
+}
+
 } // namespace
 
 int PresetList::Export(OFile& file) const {
@@ -65,8 +70,11 @@ int PresetList::Import(OFile& file, const prtmodel* model) {
         } else if (!preset) {
             continue;
         } else if (line == SettingsBlocks::BLOCK_END) {
-            imported.AddTail(preset.release());
-            ++blocks;
+            if (CanBeStored(*preset)) {
+                imported.AddTail(preset.release());
+                ++blocks;
+            }
+            preset.reset();
         } else if (reader.Key() == "Name") {
             preset->SetName(reader.Value());
         } else if (reader.Key() == "Description") {
@@ -110,7 +118,7 @@ int PresetList::ImportKPR1(OFile& file, const prtmodel* model) {
             if (ReadText(file, text)) preset->SetName(text);
             if (ReadText(file, text)) preset->SetDescription(text);
         }
-        if (!whole) continue;
+        if (!whole || !CanBeStored(*preset)) continue;
         imported.AddTail(preset.release());
         ++count;
     }

@@ -66,7 +66,8 @@ public:
     virtual void ChooseFontSettings(CFontSettings* settings);
     // Asks the printer which fonts it has and marks the list by that. `page` is the page that asks,
     // null outside of a sheet. False, and all are marked as missing, when the printer cannot be
-    // asked; here always, with the list as it was.
+    // asked: the caller then takes back a copy of the list, so that this is not stored. Here always
+    // false, with the list as it was.
     virtual bool VerifyFonts(prtpage* page);
     // Whether what was downloaded to the printer can be compared with what it reports; here never.
     virtual bool EnableVerifyFonts(prtstream& stream);

@@ -34,6 +34,8 @@ TEST_F(UIObject, TakesThePrinterAndTheSettingsAskedFor) {
 TEST_F(UIObject, KeepsItsListsForTheNextOne) {
     Install({.model = "Resolution=203\n"});
     const auto first = OpenUI(), second = OpenUI();
+    EXPECT_NE(first->presets.GetCurrentSettings(), nullptr) << "nameless without a library";
+    EXPECT_NE(first->presets.GetDefaultSettings(), nullptr);
     auto* preset = new Preset;
     preset->SetToDefaultDevMode(first->model.get());
     preset->SetName("Draft");

@@ -74,7 +74,7 @@ TEST_F(FontFiles, GoWhereTheUserChoosesUnderALetterOfTheirOwn) {
     prtdttf_list stored;
     Add(stored, 'I');
     Add(stored, 'J');
-    stored.Save(ui->model.get());
+    EXPECT_EQ(stored.Save(ui->model.get()), SaveResult::STORED);
     const struct {
         const char *name, *file;
     } cases[] = {{"ARIALBFW", "ARIALBFW.FNT"},
