@@ -25,8 +25,8 @@ constexpr prtlocale::Language kLanguages[] = {
     {"ell", 1253, 1291}, {"trk", 1254, 1292}, {"rus", 1251, 1300},
 };
 
-// How the abbreviations of the system's languages begin. The first match counts, so that what is
-// more exact comes first.
+// The beginnings of the abbreviations of the system's languages. The first match counts, so more
+// specific ones come first.
 struct SystemLanguage {
     const char* beginning;
     const char* language;
@@ -59,8 +59,8 @@ OString SystemText(LCTYPE fact) {
     return GetLocaleInfoW(LOCALE_USER_DEFAULT, fact, text, 64) ? OString(text) : OString();
 }
 
-// What the names of a language's files begin with: the family's prefix, the second letter of the
-// brand (the model writes "o" ahead of its two letters) and the language.
+// The common start of the names of a language's files: the family's prefix, the second letter of
+// the brand (the model writes "o" before its two letters) and the language.
 OString FileStem(const prtmodel& model, const char* language) {
     const char* brand = model.GetOEM();
     OString stem(model.GetPrefix());
@@ -83,7 +83,7 @@ OString InDriverDirectory(const OString& name) {
     return path;
 }
 
-// The file of a language, or that of English where the driver's directory lacks it.
+// The file of a language, or that of English if the driver's directory lacks it.
 OString WithFallback(OString (*name_of)(const prtmodel&, const char*), const prtmodel& model,
                      const char* language) {
     OString name = name_of(model, language);

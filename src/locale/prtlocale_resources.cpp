@@ -1,4 +1,4 @@
-// What prtlocale finds in the language libraries.
+// prtlocale: access to the language libraries.
 #include <cstddef>
 #include <iterator>
 

@@ -1,4 +1,4 @@
-// Lengths and resolutions as texts, and lengths from texts.
+// prtlocale: lengths and resolutions to texts, and texts to lengths.
 #include <algorithm>
 #include <cstddef>
 #include <cstdint>
@@ -21,7 +21,7 @@ bool IsDigit(WCHAR c) {
     return c >= '0' && c <= '9';
 }
 
-// The length of `beginning` when `text` begins with it, else 0.
+// The length of `beginning` if `text` begins with it, else 0.
 size_t LengthAtStart(const WCHAR* text, const WCHAR* beginning) {
     size_t length = 0;
     for (; beginning[length]; ++length)
@@ -41,8 +41,8 @@ void prtlocale::SetNewUnits(int32_t units) {
     LoadUnitsLabel();
 }
 
-// `value` (not negative) with the last `digits` of its digits behind the separator. The 0 ahead of
-// the separator is the system's choice.
+// `value` (not negative) with its last `digits` digits after the separator. The system's settings
+// decide whether a 0 stands before the separator.
 OString prtlocale::Decimal(int64_t value, int digits, bool negative) const {
     char fraction[8] = {};
     for (int i = digits - 1; i >= 0; --i, value /= 10)

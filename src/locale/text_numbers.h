@@ -1,10 +1,10 @@
-// The texts of the language libraries, by the numbers under which the module asks for them.
+// The numbers of the texts in the language libraries that the module uses.
 #pragma once
 
 enum TextNumber : int {
     TEXT_NONE = 0,
 
-    // ---- What a printer can be told to do.
+    // ---- Printer actions.
     TEXT_TEST_LABEL = 2401,
     TEXT_CHARACTER_TEST = 2404,
     TEXT_BLANK_LABEL = 2405,
@@ -41,7 +41,7 @@ enum TextNumber : int {
     TEXT_ABOUT_CURRENT_SETTINGS = 4104,
     TEXT_ABOUT_DEFAULT_SETTINGS = 4105,
 
-    // "Y" or "N": the properties open on their last page.
+    // "Y" or "N": whether the properties open on their last page.
     TEXT_START_ON_LAST_PAGE = 9990,
 
     // ---- The memories of a printer, by their letters.
@@ -50,11 +50,11 @@ enum TextNumber : int {
     TEXT_MEMORY_B = 10432,
     TEXT_MEMORY_A = 10433,
 
-    // ---- Jobs about a printer's battery, and the question that asks for its state.
+    // ---- Jobs that concern a printer's battery, and the question that asks for its state.
     TEXT_DISCHARGE_BATTERY = 10492,
     TEXT_POWER_QUERY_JOB = 10494,
     TEXT_POWER_QUERY = 10495,
 
-    // A font that the printer has from somebody else.
+    // A font in the printer that this driver did not download.
     TEXT_UNKNOWN_FONT = 10530,
 };
