@@ -82,7 +82,7 @@ TEST_F(LabelhostFleet, InstallsAListWhereItWasStopped) {
     ASSERT_EQ(printers.size(), size_t{Printers});
     EXPECT_EQ(printers[1]["port"], "IP_10.0.0.1");
     EXPECT_EQ(printers[2]["port"], "FILE:");
-    // One line before each printer and one behind the last.
+    // One line before each printer and one after the last.
     EXPECT_EQ(Lines(Run({"list", "--progress"}).errors), 25u);
 }
 
