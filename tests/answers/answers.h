@@ -62,7 +62,6 @@ inline DEVMODEW* DevModeIn(Bytes& bytes) {
     return reinterpret_cast<DEVMODEW*>(bytes.data());
 }
 
-
 // Installs the module and the files of the folder `product` as the drivers of some models. The
 // installed module's path.
 Wide InstallDriver(const Wide& module, const Wide& product);

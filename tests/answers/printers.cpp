@@ -80,7 +80,7 @@ void RemoveLeftovers() {
         RegDeleteKeyW(HKEY_LOCAL_MACHINE, sizes);
 }
 
-// What a DEVMODE that the spooler has kept says: it may have left anything behind the names' ends.
+// What a DEVMODE that the spooler has kept says: it may have left anything after the names' ends.
 Bytes Meaning(const DEVMODEW* dev_mode) {
     const auto* begin = reinterpret_cast<const uint8_t*>(dev_mode);
     Bytes bytes(begin, begin + dev_mode->dmSize + dev_mode->dmDriverExtra);

@@ -1,6 +1,6 @@
 // labelhost and the C example tell a printer what to do.
 
-#include "tools/labelhost_fixture.h"
+#include "support/labelhost_test.h"
 
 #include <algorithm>
 #include <cstdlib>

@@ -1,6 +1,6 @@
 // labelhost demo: the story is told to its end, and the part of it that the README shows is true.
 
-#include "tools/labelhost_fixture.h"
+#include "support/labelhost_test.h"
 
 #include <sstream>
 

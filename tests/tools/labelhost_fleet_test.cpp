@@ -1,6 +1,6 @@
 // labelhost with many printers: lists and patterns, work that is interrupted and done again.
 
-#include "tools/labelhost_fixture.h"
+#include "support/labelhost_test.h"
 
 #include <csignal>
 #include <fcntl.h>
@@ -82,7 +82,7 @@ TEST_F(LabelhostFleet, InstallsAListWhereItWasStopped) {
     ASSERT_EQ(printers.size(), size_t{Printers});
     EXPECT_EQ(printers[1]["port"], "IP_10.0.0.1");
     EXPECT_EQ(printers[2]["port"], "FILE:");
-    // One line before each printer and one behind the last.
+    // One line before each printer and one after the last.
     EXPECT_EQ(Lines(Run({"list", "--progress"}).errors), 25u);
 }
 

@@ -143,7 +143,7 @@ std::vector<Question> PrinterBuffers::Questions() {
     return questions;
 }
 
-// A buffer of `size` bytes with a fence behind it.
+// A buffer of `size` bytes with a fence after it.
 class Fenced {
 public:
     explicit Fenced(DWORD size)
