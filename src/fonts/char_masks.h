@@ -4,13 +4,15 @@
 #include <cstdint>
 #include <span>
 
+#include "locale/text_numbers.h"
+
 struct CharMask {
     uint16_t text;          // in the language library
     uint32_t characters[8]; // as DownloadedFontInfo::characters
 };
 
 // The number of the set of all characters.
-inline constexpr uint16_t ALL_CHARACTERS = 1910;
+inline constexpr uint16_t ALL_CHARACTERS = TEXT_ALL_CHARACTERS;
 
 // In the order in which they are offered, the smallest first.
 std::span<const CharMask> CharMasks();
