@@ -13,11 +13,11 @@ namespace {
 
 constexpr char kPresetsKey[] = "Presets:";
 constexpr char kTotal[] = "Presets:Total";
-constexpr int MOST_PRESETS = 9999;
+constexpr int kMostPresets = 9999;
 
 // How many presets the printer says to have, within reason.
 int StoredTotal(prtreg& registry) {
-    return static_cast<int>(std::min<uint32_t>(registry.GetDWORD(kTotal, 0), MOST_PRESETS));
+    return static_cast<int>(std::min<uint32_t>(registry.GetDWORD(kTotal, 0), kMostPresets));
 }
 
 // Fills `numbers` with those of the stored presets that this driver cannot read, in order.

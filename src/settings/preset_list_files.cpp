@@ -25,7 +25,7 @@ OBuffer<char> ReadBytes(OFile& file, uint32_t size) {
     return bytes;
 }
 
-// Reads a text behind its length; false when there is not even that.
+// Reads a text after its length; false when there is not even that.
 bool ReadText(OFile& file, OString& text) {
     uint32_t length = 0;
     if (!ReadNumber(file, length)) return false;

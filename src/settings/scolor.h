@@ -18,7 +18,8 @@ enum SpotColorMode : uint32_t {
 };
 
 // The spot-colour record, kept whole as the registry value "Settings:Spot Color". Planes are
-// numbered from 0 to 3; for other numbers a plane is unused and cannot be changed.
+// numbered from 0 to 3; for other numbers a plane is unused and cannot be changed. For the pages
+// about graphics.
 struct SCOLOR {
     struct Plane {
         uint32_t flags; // bit 0: in use
