@@ -4,12 +4,8 @@
 #include <cstddef>
 #include <cstdint>
 
-#include "core/oarray.h"
 #include "imaging/dithercfg.h"
-
-// Palette entries as ImageDither takes them: red in the lowest byte, then green, blue and a byte
-// without meaning.
-class Palette : public OTypedArray<uint32_t> {};
+#include "imaging/palette.h"
 
 // The dithering engine. The object is at the same time the record through which other modules ask
 // for it: its fields are public, and any caller may fill them in place of the operations below.
@@ -32,7 +28,7 @@ struct ImageDither {
         COLOR_BLACK_2 = 4
     };
 
-    static constexpr int kPaletteSize = 16;
+    static constexpr int kPaletteSize = Palette::kMaxSize;
     static constexpr int kMaxSide = 32767;
 
     // No image and the origin at its corner. All other fields are left to the setters.

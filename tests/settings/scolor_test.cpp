@@ -104,7 +104,7 @@ TEST(SpotColor, MixesInksSubtractively) {
 }
 
 TEST(SpotColor, MixesAPalette) {
-    const std::tuple<uint32_t, uint32_t, size_t, uint32_t> cases[] = {
+    const std::tuple<uint32_t, uint32_t, int, uint32_t> cases[] = {
         {2, SPOT_COLOR_HEADS, 0, 0xFFFFFF},    {2, SPOT_COLOR_HEADS, 8, 0x0000FF},
         {2, SPOT_COLOR_HEADS, 4, 0x000000},    {2, SPOT_COLOR_HEADS, 12, 0x000000},
         {2, SPOT_COLOR_HEADS, 3, 0xFFFFFF},    {4, SPOT_COLOR_PROCESS, 12, 0x00FF00},
@@ -113,6 +113,7 @@ TEST(SpotColor, MixesAPalette) {
     for (const auto& [heads, mode, index, color] : cases) {
         Palette palette;
         WithHeads(heads, mode).GeneratePalette(palette);
+        ASSERT_EQ(palette.GetSize(), 16);
         EXPECT_EQ(palette[index], color) << heads << " heads, " << index;
     }
 }
