@@ -210,7 +210,7 @@ TEST_F(SharedSettings, AreNamedAsTheClientNamesItsPrinter) {
     OStringArray lines;
     OnServer("SRV1", [&] {
         prtreg registry("Dock3");
-        bytes.SetSize(static_cast<uint32_t>(registry.GetSize("DATA:Shadow Key Data")));
+        ASSERT_TRUE(bytes.SetSize(static_cast<uint32_t>(registry.GetSize("DATA:Shadow Key Data"))));
         registry.GetBinary("DATA:Shadow Key Data", bytes.GetData(), bytes.GetSize());
     });
     ASSERT_TRUE(UnpackSharedKeys(bytes, lines));
