@@ -7,7 +7,6 @@
 #include "keys/prtreg.h"
 #include "model/prtmodel.h"
 #include "spooler/driver_utility.h"
-#include "spooler/printer_info.h"
 
 namespace {
 
@@ -172,7 +171,7 @@ bool prtlocale::LanguageExists(prtmodel* model, const char* language) {
 
     OString library = LibraryName(*model, language);
     library.MakeUpper();
-    const OStringArray files = PrinterInfo(model->GetPrinterName()).GetDependentFiles();
+    const OStringArray& files = model->GetDependentFiles();
     for (int i = 0; i < files.GetSize(); ++i) {
         OString file = files[i];
         file.MakeUpper();
