@@ -8,7 +8,6 @@
 #include "locale/text_numbers.h"
 #include "model/prtmodel.h"
 #include "spooler/driver_utility.h"
-#include "spooler/printer_info.h"
 
 namespace {
 
@@ -188,7 +187,7 @@ bool prtlocale::LanguageExists(prtmodel* model, const char* language) {
 
     OString library = LibraryName(*model, language);
     library.MakeUpper();
-    const OStringArray files = PrinterInfo(model->GetPrinterName()).GetDependentFiles();
+    const OStringArray& files = model->GetDependentFiles();
     for (int i = 0; i < files.GetSize(); ++i) {
         OString file = files[i];
         file.MakeUpper();

@@ -94,13 +94,14 @@ TEST(SpotColor, KeepsToItsFourPlanesWhateverWasStored) {
 
 TEST(SpotColor, MixesAPalette) {
     EXPECT_EQ(AddColors(0xC0C0C0, 0xFF80FF), 0xC041C0u);
-    const std::tuple<uint32_t, uint32_t, size_t, uint32_t> cases[] = {
+    const std::tuple<uint32_t, uint32_t, int, uint32_t> cases[] = {
         {2, SPOT_COLOR_HEADS, 8, 0x0000FF},    {2, SPOT_COLOR_HEADS, 3, 0xFFFFFF},
         {4, SPOT_COLOR_PROCESS, 12, 0x00FF00}, {4, SPOT_COLOR_PROCESS, 10, 0x0000FF},
         {4, SPOT_COLOR_PROCESS, 6, 0xFF0000},  {4, SPOT_COLOR_PROCESS, 1, 0x000000}};
     for (const auto& [heads, mode, index, color] : cases) {
         Palette palette;
         WithHeads(heads, mode).GeneratePalette(palette);
+        ASSERT_EQ(palette.GetSize(), 16);
         EXPECT_EQ(palette[index], color) << heads << " heads, " << index;
     }
 }
