@@ -16,7 +16,7 @@ namespace {
 // Names, versions and sizes, which every DEVMODE has.
 constexpr DWORD HEADER = offsetof(DEVMODEW, dmFields);
 
-// The layout of Windows NT 3.51, which ends in front of the colour management.
+// The layout of Windows NT 3.51, which ends before the colour management.
 constexpr WORD SPEC_VERSION_351 = 0x320;
 constexpr WORD SIZE_351 = offsetof(DEVMODEW, dmICMMethod);
 
@@ -42,10 +42,10 @@ BOOL MakeDefault(const WCHAR* printer, DEVMODEW* out, PDWORD size) {
 
 BOOL Convert(const DEVMODEW* in, DEVMODEW* out, PDWORD size, bool to_351) {
     if (!in) return Fail(ERROR_INVALID_PARAMETER);
-    // A buffer that is shorter than that does not say what layout it wants.
+    // A shorter buffer does not say which layout it wants.
     if (*size < HEADER)
         return Fail(size, (to_351 ? SIZE_351 : DWORD{sizeof(DEVMODEW)}) + in->dmDriverExtra);
-    const WORD in_size = in->dmSize; // before the output, which may be the same
+    const WORD in_size = in->dmSize; // read before the output is written, which may be the same
     const WORD extra = in->dmDriverExtra;
     if (to_351) {
         out->dmSpecVersion = SPEC_VERSION_351;
