@@ -74,7 +74,7 @@ bool prtui::Settings_Save() {
     presets.Save(model.get());
     stocks.Save(model.get());
     const bool fonts_stored = fonts.Save(model.get());
-    // Saved unchanged they would undo what others have changed meanwhile.
+    // Saving an unchanged list would undo changes that others have made meanwhile.
     if (data_fonts.IsModified()) data_fonts.Save(model.get());
     if (commit_shadow) CommitShadow(PrinterInfo(hprinter).GetPrinterName());
     return presets.IsStored() && stocks.IsStored() && fonts_stored && !data_fonts.IsModified();
