@@ -109,7 +109,7 @@ void CacheContents::Show() {
         const KVCacheItemInfo& item = items_.GetData()[i];
         if (!(view_ & (item.kind == KVCacheItemInfo::GRAPHIC ? VIEW_GRAPHICS : VIEW_FORMATS)))
             continue;
-        // Behind all that do not sort after it. A description is too short for many objects.
+        // After all that do not sort after it. A description is too short for many objects.
         int place = shown_.GetSize();
         while (place > 0 && CompareItems(GetItem(place - 1), item) > 0) --place;
         if (!shown_.InsertAt(place, static_cast<int32_t>(i), 1)) return;

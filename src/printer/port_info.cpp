@@ -55,7 +55,7 @@ void ReadTcpip(const OString& name, int32_t type, _TcpipPortInfo& info) {
     info.port = static_cast<uint32_t>(registry.GetInt(key + "/PortNumber", 0));
 }
 
-// What is known of one port; false when it cannot be read.
+// Reads the facts about one port. False if they cannot be read.
 bool ReadPort(const OString& name, _PORT_INFO_CUSTOM& info) {
     const int32_t type = PortInfo::PortType(name);
     info.type = static_cast<uint32_t>(type);
@@ -74,13 +74,13 @@ bool ReadPort(const OString& name, _PORT_INFO_CUSTOM& info) {
     }
 }
 
-// With its terminator.
+// In bytes, with its terminator.
 uint32_t TextSize(const OString& text) {
     text.wstring();
     return (static_cast<uint32_t>(text.wlen()) + 1) * static_cast<uint32_t>(sizeof(WCHAR));
 }
 
-// Copies a text to `place`, which moves on behind it.
+// Copies a text to `place`, which moves to the byte after it.
 const WCHAR* StoreText(const OString& text, char*& place) {
     auto* stored = reinterpret_cast<WCHAR*>(place);
     std::memcpy(place, text.wstring(), TextSize(text));
@@ -107,7 +107,7 @@ void PortInfo::Refresh() {
         const OString name = ports[i].pPortName;
         names.Add(name);
         monitors.Add(ports[i].pMonitorName);
-        // Behind all that do not sort after it, so that equal ports keep their order.
+        // After all that do not sort after it, so that equal ports keep their order.
         int place = order.GetSize();
         while (place > 0 && ComparePortName(names[order[place - 1]], name) > 0) --place;
         if (!order.InsertAt(place, static_cast<int>(i), 1)) return;
