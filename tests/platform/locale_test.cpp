@@ -1,4 +1,4 @@
-// What a test can set of the user's language, the code pages and the answers to message boxes.
+// The settings of a test for the user's language, the code pages and the answers to message boxes.
 #include "support/code_page_text.h"
 #include "support/host_test.h"
 

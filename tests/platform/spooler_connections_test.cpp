@@ -38,7 +38,7 @@ TEST_F(SpoolerConnections, ReachAPrinterOfAnotherMachine) {
     EXPECT_EQ(GetPrinterDataW(printer, Text(u"Value"), nullptr, &byte, 1, &needed), 0u);
     EXPECT_EQ(byte, 42);
 
-    // What is written reaches the server, whose printer is a local one there.
+    // Data written here reaches the server, where the printer is a local one.
     byte = 43;
     EXPECT_EQ(SetPrinterDataW(printer, Text(u"Value"), REG_BINARY, &byte, 1), 0u);
     EXPECT_TRUE(SetPrinterW(printer, 2, const_cast<LPBYTE>(answer.buffer().data()), 0));
@@ -68,7 +68,7 @@ TEST_F(SpoolerConnections, BringTheDriverAndTellIt) {
     EXPECT_EQ(DeviceCapabilitiesW(u"\\\\SRV1\\Labels", nullptr, DC_BINNAMES, name, nullptr), 1);
     EXPECT_EQ(std::u16string(name), u"\\\\SRV1\\Labels");
 
-    // Once more is no more.
+    // Connecting again changes nothing.
     EXPECT_EQ(Connect(u"\\\\SRV1\\Labels"), 0);
     EXPECT_EQ(TakeNotes(), u"");
     EXPECT_EQ(Disconnect(u"\\\\SRV1\\Labels"), 0);
