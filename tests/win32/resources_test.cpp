@@ -42,7 +42,7 @@ TEST_F(ModulesResources, ComeInTheLanguageAskedFor) {
     const auto length = [&](WORD language) -> int {
         const HRSRC resource = FindResourceExW(module, RT_STRING, block, language);
         if (!resource) return -1;
-        // Text 100 is the fifth of its block; four empty ones are in front.
+        // Text 100 is the fifth of its block, after four empty ones.
         WORD units = 0;
         std::memcpy(&units,
                     static_cast<const WORD*>(LockResource(LoadResource(module, resource))) + 4,
