@@ -70,7 +70,10 @@ void BM_SaveDataFonts(benchmark::State& state) {
     const Printer printer;
     DataFontManager fonts;
     Fill(fonts, state.range(0));
-    for (auto _ : state) fonts.Save(printer.model());
+    for (auto _ : state) {
+        ++fonts[0]->adjustment;
+        if (fonts.Save(printer.model()) != SaveResult::STORED) state.SkipWithError("not saved");
+    }
 }
 BENCHMARK(BM_SaveDataFonts)->Unit(benchmark::kMillisecond)->Arg(10)->Arg(1000);
 
@@ -93,7 +96,7 @@ void BM_LoadDataFonts(benchmark::State& state) {
     const Printer printer;
     DataFontManager fonts;
     Fill(fonts, state.range(0));
-    fonts.Save(printer.model());
+    if (fonts.Save(printer.model()) != SaveResult::STORED) state.SkipWithError("not saved");
     for (auto _ : state) fonts.Load(printer.model());
     if (fonts.GetSize() != state.range(0)) state.SkipWithError("not all fonts");
 }

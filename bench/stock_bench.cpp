@@ -58,6 +58,11 @@ void Fill(StockList& list, int64_t count) {
     }
 }
 
+template <class List>
+void Save(const List& list, const prtmodel* model, benchmark::State& state) {
+    if (list.Save(model) != SaveResult::STORED) state.SkipWithError("not saved");
+}
+
 void Fill(PresetList& list, const prtmodel* model, int64_t count) {
     DevMode settings;
     settings.CreateDefault(model);
@@ -164,7 +169,7 @@ void BM_SaveStocks(benchmark::State& state) {
     int32_t gap = 0;
     for (auto _ : state) {
         list.GetPrev(nullptr)->gap_top = ++gap;
-        if (!list.Save(printer.model())) state.SkipWithError("not saved");
+        Save(list, printer.model(), state);
     }
     state.SetComplexityN(state.range(0));
 }
@@ -196,7 +201,7 @@ void BM_LoadStocks(benchmark::State& state) {
     {
         StockList list(printer.model());
         Fill(list, state.range(0));
-        list.Save(printer.model());
+        Save(list, printer.model(), state);
     }
     int count = 0;
     for (auto _ : state) {
@@ -219,7 +224,7 @@ void BM_PaperNamesOf1000Stocks(benchmark::State& state) {
     const Printer printer;
     StockList list(printer.model());
     Fill(list, 1000);
-    list.Save(printer.model());
+    Save(list, printer.model(), state);
     std::vector<WCHAR> names(1001 * 64);
     for (auto _ : state)
         if (DeviceCapabilitiesW(TEXT("Dock 3"), nullptr, DC_PAPERNAMES, names.data(), nullptr) !=
@@ -236,7 +241,7 @@ void BM_SavePresets(benchmark::State& state) {
     int change = 0;
     for (auto _ : state) {
         list.GetPrev(nullptr)->SetDescription(OString() << ++change);
-        list.Save(printer.model());
+        Save(list, printer.model(), state);
     }
     state.SetComplexityN(state.range(0));
 }
@@ -251,7 +256,7 @@ void BM_LoadPresets(benchmark::State& state) {
     {
         PresetList list;
         Fill(list, printer.model(), state.range(0));
-        list.Save(printer.model());
+        Save(list, printer.model(), state);
     }
     for (auto _ : state) {
         PresetList list;

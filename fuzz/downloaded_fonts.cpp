@@ -58,7 +58,8 @@ FUZZ_TARGET(downloaded_fonts)(const uint8_t* data, size_t size) {
     }
     prtdttf_list fonts, again;
     fonts.Load(host.Model());
-    fonts.Save(host.Model());
+    fonts.AddTail(new DownloadedFont);
+    Check(fonts.Save(host.Model()) == SaveResult::STORED);
     again.Load(host.Model());
     Check(RecordsOf(fonts) == RecordsOf(again));
 

@@ -8,6 +8,7 @@
 #include <string_view>
 
 #include "cache_settings.h"
+#include "fonts/data_font_bar_code.h"
 #include "fonts/data_font_manager.h"
 #include "fonts/prtdttf_list.h"
 #include "fuzz_host.h"
@@ -67,7 +68,7 @@ void LoadAll(prtmodel* model) {
     stock->SetName("new");
     stocks.AddTail(stock);
     stocks.Validate();
-    stocks.Save(model);
+    Check(stocks.Save(model) != SaveResult::FAILED);
     stocks_again.Load(model);
     Check(CountOf(stocks_again) == CountOf(stocks));
 
@@ -80,7 +81,7 @@ void LoadAll(prtmodel* model) {
     preset_new->SetDevMode(usual.GetDevMode());
     presets.AddTail_ReplaceName(preset_new);
     presets.Sort();
-    presets.Save(model);
+    Check(presets.Save(model) != SaveResult::FAILED);
     presets_again.Load(model);
     Check(CountOf(presets_again) == CountOf(presets));
     for (Preset* preset = presets.GetNext(nullptr); preset; preset = presets.GetNext(preset)) {
@@ -93,12 +94,15 @@ void LoadAll(prtmodel* model) {
 
     DataFontManager data_fonts, data_fonts_again;
     data_fonts.Load(model);
-    data_fonts.Save(model);
+    auto* font = new DataFont_BarCode;
+    font->SetFontName("new");
+    data_fonts.AddTail(font);
+    Check(data_fonts.Save(model) != SaveResult::FAILED);
     data_fonts_again.Load(model);
     Check(data_fonts_again.GetCRC32(0) == data_fonts.GetCRC32(0));
     prtdttf_list fonts;
     fonts.Load(model);
-    fonts.Save(model);
+    Check(fonts.Save(model) == SaveResult::UNCHANGED);
 }
 
 } // namespace

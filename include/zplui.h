@@ -265,9 +265,11 @@ typedef void(WINAPI* DAL_QUERY_ANSWER)(void* context, int kind, const WCHAR* nam
                                        const WCHAR* value);
 
 // Asks the printer and hands over its answers: properties, then files, then configuration. It needs
-// a job on the printer and the status monitor beside this module, and waits for the printer. FALSE,
-// without any answer, if `questions` or `answer` is 0 or the printer cannot be asked. A question
-// that was not answered, or not intelligibly, is left out.
+// a job on the printer, which is gone afterwards, and the status monitor beside this module, and
+// waits for the printer. If another query is under way on this machine, it waits for that first.
+// FALSE, without any answer, if `answer` is null, `questions` asks nothing, the printer's port has
+// no way back or the printer cannot be asked. A question that was not answered, or not
+// intelligibly, is left out.
 ZPLUI_API BOOL WINAPI DAL_Query_Run(HANDLE settings, int questions, DAL_QUERY_ANSWER answer,
                                     void* context);
 
@@ -313,12 +315,14 @@ typedef struct DAL_FONT {
 ZPLUI_API int WINAPI DAL_Fonts_List(HANDLE settings, DAL_FONT* fonts, int count);
 
 // Asks the printer which fonts it has: those of the list become present or missing, others join it.
-// The list is stored. FALSE, with all of them missing and nothing stored, when the printer cannot
-// be asked; and when this user may not.
+// The list is stored. FALSE, with the list as it was, when the printer cannot be asked; when the
+// list cannot be stored; and when this user may not.
 ZPLUI_API BOOL WINAPI DAL_Fonts_Verify(HANDLE settings);
 
 // Sends every font again that is not known to be present, each in a job of its own, and stores the
-// list. FALSE when this user may not.
+// list. FALSE, with the last error ERROR_BAD_LENGTH, when some were left out because their
+// characters are too large to be sent at the printer's resolution; when the list cannot be stored;
+// and when this user may not.
 ZPLUI_API BOOL WINAPI DAL_Fonts_Resend(HANDLE settings);
 
 // Sends a font of the system to the printer in a job of its own, adds it to the list and stores
@@ -327,12 +331,14 @@ ZPLUI_API BOOL WINAPI DAL_Fonts_Resend(HANDLE settings);
 // ending, of which eight characters are used; a name is made up when it is empty. The rest is
 // filled in. FALSE, and nothing is kept, when the system has no such font, the model takes no fonts
 // of that kind or has no such memory, the size, the characters or the name cannot be (letters,
-// digits and "_" are good), no job can be made, or this user may not. A font of the same file makes
-// room for it.
+// digits and "_" are good), no job can be made, or this user may not; with the last error
+// ERROR_BAD_LENGTH, and nothing sent, when a bitmap font's characters are too large (65535 bytes
+// each) at the printer's resolution. FALSE also when the list cannot be stored, though the printer
+// has the font then. A font of the same file makes room for it.
 ZPLUI_API BOOL WINAPI DAL_Font_Download(HANDLE settings, DAL_FONT* font);
 
-// Has the printer delete a font, unless it is known to be missing, and takes it off the list, which
-// is stored. `index` is its place in the list, from 0. FALSE when there is none, and when this user
+// Has the printer delete a font and takes it off the list, which is stored. `index` is its place in
+// the list, from 0. FALSE when there is none, when the list cannot be stored, and when this user
 // may not.
 ZPLUI_API BOOL WINAPI DAL_Font_Delete(HANDLE settings, int index);
 

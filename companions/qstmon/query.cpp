@@ -53,8 +53,6 @@ bool RunQuery(std::string_view command_line) {
     Conversation conversation(port->host, port->port, ConfiguredTimeLimits());
     const bool answered = conversation.Connect() && AskAll(printer, conversation, queries);
     MarkQueryDone();
-    if (!(printer.attributes() & PRINTER_ATTRIBUTE_KEEPPRINTEDJOBS))
-        SetJobW(printer.handle(), command->job, 0, nullptr, JOB_CONTROL_DELETE);
     return answered;
 }
 

@@ -66,6 +66,12 @@
 #define LPTR (LMEM_FIXED | LMEM_ZEROINIT)
 #define HEAP_ZERO_MEMORY 0x00000008
 
+#define INFINITE 0xFFFFFFFFu
+#define WAIT_OBJECT_0 0u
+#define WAIT_ABANDONED 0x80u
+#define WAIT_TIMEOUT 258u
+#define WAIT_FAILED 0xFFFFFFFFu
+
 #define DLL_PROCESS_ATTACH 1
 #define DLL_PROCESS_DETACH 0
 
@@ -236,6 +242,17 @@ void WINAPI EnterCriticalSection(LPCRITICAL_SECTION section);
 BOOL WINAPI TryEnterCriticalSection(LPCRITICAL_SECTION section);
 void WINAPI LeaveCriticalSection(LPCRITICAL_SECTION section);
 void WINAPI DeleteCriticalSection(LPCRITICAL_SECTION section);
+
+// ---- Mutexes ------------------------------------------------------------------------------------
+
+// A named mutex, of which nobody owns anything at first; those of one name exclude each other in
+// all processes of this host. Null without a name, and when it shall be owned at once. Closing the
+// handle gives it up.
+HANDLE WINAPI CreateMutexW(LPSECURITY_ATTRIBUTES security, BOOL owned, LPCWSTR name);
+// Mutexes alone: WAIT_OBJECT_0, WAIT_TIMEOUT or WAIT_FAILED. Who owns one must not wait for it
+// through another handle. One that its process left without a word is nobody's.
+DWORD WINAPI WaitForSingleObject(HANDLE object, DWORD milliseconds);
+BOOL WINAPI ReleaseMutex(HANDLE mutex);
 
 // ---- Open files ---------------------------------------------------------------------------------
 

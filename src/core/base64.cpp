@@ -107,7 +107,7 @@ bool Base64::Decode(const OBuffer<char>& in, OBuffer<char>& out) {
     uint32_t length = DecodeLength(in.GetSize());
     if (!result.SetSize(length)) return false;
     Decode(in.GetData(), in.GetSize(), result.GetData(), &length);
-    result.SetSize(length);
+    if (!result.SetSize(length)) return false;
     out = std::move(result);
     return true;
 }
@@ -138,6 +138,5 @@ bool Base64::StringToBuffer(const OString& in, OBuffer<char>& out) {
     uint32_t length = DecodeLength(size);
     if (!out.SetSize(length)) return false;
     Decode(text, size, out.GetData(), &length);
-    out.SetSize(length);
-    return LZ77::Decode(out);
+    return out.SetSize(length) && LZ77::Decode(out);
 }

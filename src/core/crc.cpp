@@ -7,6 +7,8 @@
 
 namespace {
 
+constexpr uint32_t kUTF8 = 1208;
+
 // Tables for a most-significant-bit-first checksum that takes kSlices bytes at a time: row i tells
 // what a byte does to the register i bytes later.
 template <class Word, Word kPolynomial, size_t kSlices>
@@ -76,6 +78,13 @@ uint32_t CRC32(const void* data, uint32_t size, uint32_t seed) {
     size_t left = size;
     FoldCRC32(crc, bytes, left);
     return ~AdvanceCRC32(crc, bytes, left);
+}
+
+uint32_t CRC32_UTF8(const OString& text, uint32_t seed) {
+    OString utf8(text);
+    utf8.SetCodePage(kUTF8);
+    const char* bytes = utf8.nstring();
+    return CRC32(bytes, static_cast<uint32_t>(utf8.nlen()) + 1, seed);
 }
 
 uint32_t CRC32_Calculator::CRC32(const void* data, uint32_t size) {

@@ -15,6 +15,9 @@ uint16_t CRC16(const void* data, uint32_t size, uint16_t seed);
 // it is the fingerprint of names, records and lists. No bytes, or null, give the seed.
 uint32_t CRC32(const void* data, uint32_t size, uint32_t seed);
 
+// The checksum of a text's UTF-8 form with its terminator, which no character is lost in.
+uint32_t CRC32_UTF8(const OString& text, uint32_t seed);
+
 // A running CRC32 over values one after the other. Every operation returns the value so far.
 class CRC32_Calculator {
 public:

@@ -29,8 +29,7 @@ void ConvertBuffer(const OBuffer<From>& in, OBuffer<To>& out, uint32_t growth) {
     if (!result.SetSize(length * growth + 1) || !result.GetData()) return;
     const uint32_t written = LocaleUtility::ConvertUTF8(in.GetData(), length, result.GetData());
     result[written] = 0;
-    result.SetSize(written + 1);
-    out = std::move(result);
+    if (result.SetSize(written + 1)) out = std::move(result);
 }
 
 } // namespace

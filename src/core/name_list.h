@@ -21,7 +21,8 @@ public:
     // -1, 0 or 1: which node sorts first, by priority and then by name.
     int Collate(const NameNode& other) const;
 
-    // The checksum of the 8-bit name with its terminator and the priority, continued from `seed`.
+    // The checksum of the name in UTF-8 with its terminator and the priority, continued from
+    // `seed`.
     uint32_t GetCRC32(uint32_t seed) const;
 
 private:
@@ -57,10 +58,20 @@ public:
     void AddTail_ReplaceNames(NameList& nodes);
 
     // Adds a node at the tail, after counting its name up (OString::NextUnique) until no other node
-    // has it; behind the last number that can be counted to, " 2" begins a new one. False for null.
-    bool AddTail_UniqueName(NameNode* node, bool space);
+    // has it; after the last number that can be counted to, " 2" begins a new one. The name is set
+    // as the node's class sets it. False for null.
+    template <std::derived_from<NameNode> Node>
+    bool AddTail_UniqueName(Node* node, bool space) {
+        if (!node) return false;
+        node->ONode::Remove();
+        if (Find(node->GetName())) node->SetName(FreeName(node->GetName(), space));
+        return AddTail(node);
+    }
 
 private:
+    // A taken name counted up until it is free. Without memory it may stay as it is.
+    OString FreeName(OString name, bool space) const;
+
     OString name_;
 };
 
@@ -70,7 +81,17 @@ class OTypedList : public Base {
 public:
     ONode* NewNode() override { return new (kCounted) T; }
 
-    // The node behind (in front of) `node`; for null the head (tail). Null at the end.
+    // Replaces the nodes by copies of another list's. False when not all of it could be copied.
+    [[nodiscard]] bool CopyNodes(const OTypedList& other) {
+        if (this == &other) return true;
+        const AllocationWatch memory;
+        this->Clear();
+        for (const T* node = other.GetNext(nullptr); node; node = other.GetNext(node))
+            this->AddTail(new (kCounted) T(*node));
+        return !memory.Failed();
+    }
+
+    // The node after (before) `node`; for null the head (tail). Null at the end.
     T* GetNext(const T* node) const {
         return static_cast<T*>(node ? node->ONode::GetNext() : this->GetHead());
     }

@@ -31,7 +31,7 @@ class OBuffer {
 public:
     OBuffer() = default;
     // A buffer of `count` elements, not initialised; empty when the memory cannot be had.
-    explicit OBuffer(uint32_t count) { SetSize(count); }
+    explicit OBuffer(uint32_t count) { static_cast<void>(SetSize(count)); }
     // A copy has a block of its own. It is empty when the memory cannot be had.
     OBuffer(const OBuffer& other) { Assign(other.data_, other.count_); }
     OBuffer(OBuffer&& other) noexcept
@@ -50,29 +50,35 @@ public:
 
     // Resizes the block to `count` elements; what fits of the contents is kept, what is new is not
     // initialised. False, with the buffer unchanged, when the memory cannot be had.
-    bool SetSize(uint32_t count) {
+    [[nodiscard]] bool SetSize(uint32_t count) {
         if (count == count_) return true;
         if (count == 0) {
-            MemoryHeap::Free(data_);
-            data_ = nullptr;
-        } else {
-            if (count > SIZE_MAX / sizeof(T)) {
-                NoteAllocationFailure();
-                return false;
-            }
-            void* moved = MemoryHeap::ReAlloc(data_, count * sizeof(T));
-            if (!moved) return false;
-            data_ = static_cast<T*>(moved);
+            Clear();
+            return true;
         }
+        if (count > SIZE_MAX / sizeof(T)) {
+            NoteAllocationFailure();
+            return false;
+        }
+        void* moved = MemoryHeap::ReAlloc(data_, count * sizeof(T));
+        if (!moved) return false;
+        data_ = static_cast<T*>(moved);
         count_ = count;
         return true;
+    }
+
+    // Frees the block: there are no elements any more.
+    void Clear() {
+        MemoryHeap::Free(data_);
+        data_ = nullptr;
+        count_ = 0;
     }
 
     // Replaces the contents by a copy of `count` elements, which must not be the buffer's own.
     // Empty when the memory cannot be had.
     bool Assign(const T* elements, uint32_t count) {
         if (!SetSize(count)) {
-            SetSize(0);
+            Clear();
             return false;
         }
         MemoryHeap::Copy(data_, elements, count * sizeof(T));

@@ -115,6 +115,12 @@ void OString::ChangeCore() {
     }
 }
 
+OString OString::OwnCopy() const {
+    OString own(*this);
+    own.ChangeCore();
+    return own;
+}
+
 bool OString::WriteNew() {
     if (!core_ || core_->reference_count > 1) {
         const uint32_t code_page = GetCodePage();

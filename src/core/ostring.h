@@ -47,6 +47,9 @@ public:
     void ReleaseCore();
     // Makes the text private, as every write does by itself.
     void ChangeCore();
+    // A copy that shares nothing with this string, so that it may go to another thread; empty
+    // without memory.
+    OString OwnCopy() const;
 
     // ---- Forms ----------------------------------------------------------------------------------
 
@@ -190,7 +193,7 @@ public:
     void Hex(const void* data, int count);
 
     // Counts the number at the end up by one, "Label 2" to "Label 3"; a text without a number gets
-    // " 2", or "2" without `space` or when it ends in a blank (or is empty). 8-bit form.
+    // " 2", or "2" without `space` or when it ends in a blank (or is empty). UTF-16 form.
     void NextUnique(bool space);
 
     // Decodes "%" followed by two hexadecimal digits into the character whose byte has that value

@@ -178,13 +178,14 @@ void OStringArray::Split(const OString& text, const char* separator) {
     const OString whole(text); // NOLINT(performance-unnecessary-copy-initialization)
     SetSize(0);
     if (whole.IsEmpty()) return;
-    if (!separator || !*separator) {
+    // By the UTF-16 form, in which both Find and Mid count. An empty mark, which may be for want of
+    // memory, would be found forever.
+    const OString mark(separator);
+    const WCHAR* wanted = mark.wstring();
+    if (mark.wlen() == 0) {
         Add(whole);
         return;
     }
-    // By the UTF-16 form, in which both Find and Mid count.
-    const OString mark(separator);
-    const WCHAR* wanted = mark.wstring();
     int start = 0;
     for (;;) {
         const int found = whole.Find(wanted, start);

@@ -353,19 +353,19 @@ void OString::Hex(const void* data, int count) {
 }
 
 void OString::NextUnique(bool space) {
-    const char* text = nstring();
-    const int length = nlen();
+    const WCHAR* text = wstring();
+    const int length = wlen();
     int digits = length;
     while (digits > 0 && IsDigit(text[digits - 1])) --digits;
     if (digits == length) {
         const bool blank = space && length > 0 && text[length - 1] != ' ';
-        Insert(length, blank ? " 2" : "2", 2);
+        Insert(length, blank ? TEXT(" 2") : TEXT("2"), 2);
         return;
     }
     const OString next = FormatInt(xtol(text + digits) + 1);
-    if (!WriteN()) return;
-    core_->end_n(static_cast<uint32_t>(digits));
-    Insert(digits, next.nstring(), next.nlen());
+    if (!WriteW()) return;
+    core_->end_w(static_cast<uint32_t>(digits));
+    Insert(digits, next.wstring(), next.GetLength());
 }
 
 OString& OString::URLDecode() {

@@ -25,8 +25,8 @@ public:
     // The first index whose hash is not greater than `hash`: where the hash is, or belongs.
     int HashStart(uint32_t hash) const {
         const int size = GetSize();
-        // Hashes spread evenly, so the place is close to its share of the range.
-        int at = static_cast<int>(muldiv64u(hash, static_cast<uint32_t>(size), UINT32_MAX));
+        // Hashes spread evenly, so the place is close to its share of the range, from above.
+        int at = static_cast<int>(muldiv64u(~hash, static_cast<uint32_t>(size), UINT32_MAX));
         while (at > 0 && hashes_[at - 1] <= hash) --at;
         while (at < size && hashes_[at] > hash) ++at;
         return at;

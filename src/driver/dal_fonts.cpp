@@ -124,6 +124,10 @@ bool Choose(const DAL_FONT& wanted, const prtui& ui, const CFontSettings& settin
     return IsFileName(choices.file_name);
 }
 
+bool Stored(prtui& ui) {
+    return ui.fonts.Save(ui.model.get()) != SaveResult::FAILED;
+}
+
 } // namespace
 
 int WINAPI DAL_Fonts_List(HANDLE settings, DAL_FONT* fonts, int count) {
@@ -139,16 +143,22 @@ int WINAPI DAL_Fonts_List(HANDLE settings, DAL_FONT* fonts, int count) {
 
 BOOL WINAPI DAL_Fonts_Verify(HANDLE settings) {
     prtui* ui = ChangeablePrinterOf(settings);
-    if (!ui || !ui->VerifyFonts(nullptr)) return FALSE;
-    ui->fonts.Save(ui->model.get());
-    return TRUE;
+    if (!ui || !ui->EnableVerifyFonts(*ui->stream)) return FALSE;
+    prtdttf_list before;
+    before = ui->fonts;
+    if (!ui->VerifyFonts(nullptr)) {
+        ui->fonts = before; // nobody knows that they are missing
+        return FALSE;
+    }
+    return Stored(*ui);
 }
 
 BOOL WINAPI DAL_Fonts_Resend(HANDLE settings) {
     prtui* ui = ChangeablePrinterOf(settings);
     if (!ui) return FALSE;
-    ReDownloadAll(ui->fonts, *ui->stream, ui->model.get());
-    return TRUE;
+    const ReDownloadResult result = ReDownloadAll(ui->fonts, *ui->stream, ui->model.get());
+    if (result.too_large) SetLastError(ERROR_BAD_LENGTH);
+    return !result.too_large && result.saved != SaveResult::FAILED;
 }
 
 BOOL WINAPI DAL_Font_Download(HANDLE settings, DAL_FONT* font) {
@@ -162,14 +172,15 @@ BOOL WINAPI DAL_Font_Download(HANDLE settings, DAL_FONT* font) {
                                              DownloadedFont(ChosenFont(questions, choices)));
     if (!made) return FALSE;
     ui->AdjustFontInfo(made.get());
-    if (!SendFont(*made, *ui->stream)) return FALSE;
+    const FontSent sent = SendFont(*made, *ui->stream);
+    if (sent == FontSent::TOO_LARGE) SetLastError(ERROR_BAD_LENGTH);
+    if (sent != FontSent::SENT) return FALSE;
 
     // It has replaced another file of that name in the printer.
     delete FindFile(ui->fonts, *made);
     *font = Described(*made);
     ui->fonts.AddTail(made.release());
-    ui->fonts.Save(ui->model.get());
-    return TRUE;
+    return Stored(*ui);
 }
 
 BOOL WINAPI DAL_Font_Delete(HANDLE settings, int index) {
@@ -178,8 +189,7 @@ BOOL WINAPI DAL_Font_Delete(HANDLE settings, int index) {
     DownloadedFont* font = ui->fonts.GetNext(nullptr);
     while (font && index-- > 0) font = ui->fonts.GetNext(font);
     if (!font) return FALSE;
-    if (font->status != DownloadedFont::MISSING) font->Erase(ui->stream);
+    font->Erase(ui->stream);
     delete font;
-    ui->fonts.Save(ui->model.get());
-    return TRUE;
+    return Stored(*ui);
 }

@@ -3,6 +3,7 @@
 
 #include <memory>
 
+#include "driver/fail.h"
 #include "driver/version_check.h"
 #include "model/prtmodel.h"
 #include "settings/dev_mode.h"
@@ -10,11 +11,6 @@
 #include "spooler/printer_info.h"
 
 namespace {
-
-BOOL Fail(DWORD error) {
-    SetLastError(error);
-    return FALSE;
-}
 
 std::unique_ptr<prtmodel> ModelOf(HANDLE printer) {
     return std::unique_ptr<prtmodel>(prtmodel::new_ext(PrinterInfo(printer)));

@@ -17,17 +17,17 @@ LONG AnswerSheets(PROPSHEETUI_INFO& info, LPARAM parameter, HANDLE printer, cons
     auto* const ui = reinterpret_cast<prtui*>(info.UserData);
     switch (info.Reason) {
     case PROPSHEETUI_REASON_GET_INFO_HEADER:
-        if (!ui || !parameter) return NO_SHEETS;
+        if (!ui || !parameter) return kNoSheets;
         return ui->ReasonGetInfoHeader(&info, reinterpret_cast<PROPSHEETUI_INFO_HEADER*>(parameter),
                                        name);
     case PROPSHEETUI_REASON_DESTROY:
-        if (!ui) return NO_SHEETS;
+        if (!ui) return kNoSheets;
         if (ui->commit_shadow) CommitShadow(PrinterInfo(printer).GetPrinterName());
         delete ui;
         info.UserData = 0;
         return 1;
     case PROPSHEETUI_REASON_SET_RESULT:
-        if (!ui || !parameter) return NO_SHEETS;
+        if (!ui || !parameter) return kNoSheets;
         return ui->ReasonSetResult(&info, reinterpret_cast<const SETRESULT_INFO*>(parameter),
                                    header);
     default:
@@ -36,9 +36,9 @@ LONG AnswerSheets(PROPSHEETUI_INFO& info, LPARAM parameter, HANDLE printer, cons
 }
 
 bool IsExplorer(const char* path) {
-    constexpr char EXPLORER[] = "explorer.exe";
-    constexpr int LENGTH = sizeof EXPLORER - 1;
+    constexpr char kExplorer[] = "explorer.exe";
+    constexpr int kLength = sizeof kExplorer - 1;
     for (; *path; ++path)
-        if (xstrnicmp(path, EXPLORER, LENGTH) == 0) return true;
+        if (xstrnicmp(path, kExplorer, kLength) == 0) return true;
     return false;
 }

@@ -11,7 +11,7 @@
 #include "ui/prtui.h"
 
 // The answer of an entry point without a sheet.
-constexpr LONG NO_SHEETS = -1;
+constexpr LONG kNoSheets = -1;
 
 // The UI object for a new sheet on a printer (`in` and `mode` as prtui::init takes them), after
 // asking the printer's server for news. Null if there is no memory or no model, as such a sheet

@@ -7,21 +7,23 @@
 #include "core/oarray.h"
 #include "core/ofile.h"
 #include "fonts/data_font.h"
+#include "settings/stored_list.h"
 
 class prtmodel;
-class prtreg;
 
-// Fonts in the order of the registry, new ones behind them. The list owns its fonts; names are
+// Fonts in the order of the registry, new ones after them. The list owns its fonts; names are
 // unique in it as far as AddTail is what brings them in. Load and Save lock it, everything else
 // belongs to one thread.
 //
-// A font is kept in the registry as one binary value, its blob: "DATA:Data Fonts/NAME/Data".
-class DataFontManager {
+// A font is kept in the registry as one binary value, its blob: "DATA:Data Fonts/NAME/Data", where
+// "%" and backslashes in the name are escaped ("%25", "%5C").
+class DataFontManager : public StoredList {
 public:
     DataFontManager() = default;
     ~DataFontManager() { Clear(); }
     DataFontManager(const DataFontManager&) = delete;
-    // Takes over copies of the fonts and the mark of the last load or save.
+    // Takes over copies of the fonts and what is remembered of the last load or save. A copy that
+    // lacks something is not saved.
     DataFontManager& operator=(const DataFontManager& other);
 
     int GetSize() const { return fonts_.GetSize(); }
@@ -44,19 +46,16 @@ public:
     // it could be read, the list is not saved until it is loaded again. Always true.
     bool Load(const prtmodel* model);
 
-    // Stores the fonts in place of all that were stored: all of them or, on failure, none. One
-    // without a name is left out. Always true.
-    bool Save(const prtmodel* model);
-
-    // What is stored stays: nothing is saved until the list is loaded again.
-    void KeepStored() { whole_ = false; }
+    // Stores the fonts in place of all that were stored: all of them or none. One without a name
+    // is left out.
+    SaveResult Save(const prtmodel* model);
 
     // The checksum of all blobs, continued from `seed`; `seed` for an empty list.
     uint32_t GetCRC32(uint32_t seed) const;
 
-    // Load and Save mark the list as unmodified; so does this.
-    void SetUnmodified() { unmodified_ = GetCRC32(0); }
-    bool IsModified() const { return GetCRC32(0) != unmodified_; }
+    // Load and Save mark the list as unmodified; so does this. For pages that edit the list.
+    void SetUnmodified() { NoteStored(GetCRC32(0)); }
+    bool IsModified() const { return HasChanged(GetCRC32(0)); }
 
     // ---- Exchange -------------------------------------------------------------------------------
 
@@ -70,9 +69,9 @@ public:
     int ExportRFID(OFile& file, const prtmodel* model) const;
 
     // Add the fonts of all blocks of a file, which is read from its start, as AddTail does; their
-    // number. Those that the printer does not support are left out. A blob may be blob text or
-    // plain Base64; a damaged one leaves its font as a new one. Bar codes keep their printed module
-    // width in the resolution of the printer.
+    // number. Those that the printer does not support or that have no name are left out. A blob may
+    // be blob text or plain Base64; a damaged one leaves its font as a new one. Bar codes keep
+    // their printed module width in the resolution of the printer.
     int ImportBarFont(OFile& file, const prtmodel* model);
     int ImportRFID(OFile& file, const prtmodel* model);
 
@@ -82,11 +81,6 @@ public:
     int ImportKBF1(OFile& file, const prtmodel* model);
 
 private:
-    // Whether a save would leave the registry as it is.
-    bool IsAsStored(prtreg& registry) const;
-
     OPointerArray<DataFont*> fonts_;
     OCriticalSection lock_;
-    uint32_t unmodified_ = 0;
-    bool whole_ = true; // nothing that is stored was missed
 };

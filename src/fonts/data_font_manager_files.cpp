@@ -35,9 +35,10 @@ void WriteBlock(OFile& file, const char* kind, const DataFont& font) {
     file << "</font>" << OCore::endl << OCore::endl;
 }
 
-// Takes a font into the list if the printer supports it, else deletes it; whether it was taken.
+// Takes a font into the list if the printer supports it and it can be stored, else deletes it;
+// whether it was taken.
 bool Keep(DataFontManager& fonts, std::unique_ptr<DataFont_BarCode> font, const prtmodel* model) {
-    if (!font->IsSupported(model)) return false;
+    if (!font->IsSupported(model) || font->GetFontName().IsEmpty()) return false;
     const int mils = font->get_mils();
     font->resolution = model->GetXResolution();
     font->set_mils(mils);
@@ -46,7 +47,8 @@ bool Keep(DataFontManager& fonts, std::unique_ptr<DataFont_BarCode> font, const 
 }
 
 bool Keep(DataFontManager& fonts, std::unique_ptr<DataFont_RFID> font, const prtmodel* model) {
-    if (!model->HasRFID() || !font->IsSupported(model)) return false;
+    if (!model->HasRFID() || !font->IsSupported(model) || font->GetFontName().IsEmpty())
+        return false;
     fonts.AddTail(font.release());
     return true;
 }

@@ -56,6 +56,9 @@ public:
     bool Load(prtreg& registry, const OString& prefix);
     void Save(prtreg& registry, const OString& prefix) const;
 
+    // The checksum of what is stored, continued from `seed`.
+    uint32_t GetCRC32(uint32_t seed) const;
+
     // Has the printer delete the font, in a job of its own.
     void Erase(prtstream* stream);
 };

@@ -19,16 +19,27 @@ class prtstream;
 bool DownloadTTFFont(DownloadedFont& font, prtstream& stream);
 
 // Pictures of its characters in its point size, in every rotation that the printer's model has.
-// False when none was made, and without a job.
+// False when none was made, and without a job; and, with nothing sent, when a character is too
+// large for its record.
 bool DownloadBitmapFont(DownloadedFont& font, prtstream& stream);
 
-// Sends a font as its type wants it, in a job of its name. False when there is nothing to send, and
-// without a job.
-bool SendFont(DownloadedFont& font, prtstream& stream);
+enum class [[nodiscard]] FontSent{
+    SENT,
+    NOTHING,   // there is nothing to send, or no job can be made
+    TOO_LARGE, // a character has more bytes than its record can say, so that no job was made
+};
+
+// Sends a font as its type wants it, in a job of its name.
+FontSent SendFont(DownloadedFont& font, prtstream& stream);
 
 // Sends every font anew that is not known to be present, each in a job of its own name, and stores
-// the list.
-void ReDownloadAll(prtdttf_list& fonts, prtstream& stream, const prtmodel* model);
+// the list. Those that are too large stay as they are; then, and when the list cannot be stored,
+// the answer says so.
+struct [[nodiscard]] ReDownloadResult {
+    bool too_large;
+    SaveResult saved;
+};
+ReDownloadResult ReDownloadAll(prtdttf_list& fonts, prtstream& stream, const prtmodel* model);
 
 // A picture in two colours: rows from top to bottom, `stride` bytes each, the leftmost pixel
 // highest, ink where the bit is clear. There is no ink outside of it.

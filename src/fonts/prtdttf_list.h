@@ -1,27 +1,33 @@
 // The fonts that a printer has downloaded.
 #pragma once
 
-#include "core/olist.h"
+#include <cstdint>
+
+#include "core/name_list.h"
 #include "core/ostring.h"
 #include "fonts/downloaded_font.h"
+#include "settings/stored_list.h"
 
 class prtmodel;
 
 // In the order of their downloads. The list owns its fonts.
-class prtdttf_list : public OList {
+class prtdttf_list : public OTypedList<DownloadedFont, OList>, public StoredList {
 public:
-    // A DownloadedFont.
-    ONode* NewNode() override;
-
-    // The font behind `font`, the first one for null; null at the end.
-    DownloadedFont* GetNext(const DownloadedFont* font) const;
+    prtdttf_list() = default;
+    prtdttf_list(const prtdttf_list&) = delete;
+    // Takes over copies of the fonts and what is remembered of the last load or save. A copy that
+    // lacks something is not saved.
+    prtdttf_list& operator=(const prtdttf_list& other);
 
     // Fills the list anew from the registry. A font that was present when it was stored counts as
     // sent: whether it still is there shows when the printer is asked. When not all of them could
     // be read, the list is not saved until it is loaded again.
     void Load(const prtmodel* model);
-    // Stores all fonts and their number: all of it or, on failure, nothing, and false.
-    bool Save(const prtmodel* model) const;
+    // Stores all fonts and their number: all of it or nothing.
+    SaveResult Save(const prtmodel* model) const;
+
+    // The checksum of all that is stored of the fonts, continued from `seed`.
+    uint32_t GetCRC32(uint32_t seed) const;
 
     // Marks every font as missing.
     void SetAllNotPresent();
@@ -31,7 +37,4 @@ public:
     bool UsesIdentifier(char identifier) const;
     // The first font in a memory, or null.
     DownloadedFont* FindIn(char location) const;
-
-private:
-    bool whole_ = true; // nothing that is stored was missed
 };

@@ -14,7 +14,7 @@ const TOKEN_GROUPS* SecurityToken::Groups() const {
         GetTokenInformation(token_, TokenGroups, nullptr, 0, &needed);
         if (needed < sizeof(TOKEN_GROUPS) || !groups_.SetSize(needed) ||
             !GetTokenInformation(token_, TokenGroups, groups_.GetData(), needed, &needed)) {
-            groups_.SetSize(0);
+            groups_.Clear();
         }
     }
     read_ = true;

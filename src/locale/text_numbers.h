@@ -31,6 +31,10 @@ enum TextNumber : int {
     TEXT_RFID_OPTIONS = 2487,
     TEXT_POWER_MANAGEMENT = 2488,
 
+    // ---- The kinds of objects that are kept in the printer.
+    TEXT_CACHED_FORMAT = 2511,
+    TEXT_CACHED_GRAPHIC = 2512,
+
     // ---- The built-in presets.
     TEXT_CURRENT_SETTINGS = 4102,
     TEXT_DEFAULT_SETTINGS = 4103,

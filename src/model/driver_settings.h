@@ -42,6 +42,10 @@ class DriverSettings {
 public:
     // Without a printer: what has not been set has its default, and nothing is saved.
     DriverSettings() = default;
+    // A copy is bound to the same printer and knows and saves the same. One that lacks something,
+    // and one of settings that have failed, has failed and saves nothing before it is loaded.
+    DriverSettings(const DriverSettings& other) { *this = other; }
+    DriverSettings& operator=(const DriverSettings& other);
 
     // Binds to the printer of `registry` (copied) and forgets everything read and set.
     void Load(const prtreg& registry);
@@ -53,6 +57,10 @@ public:
     // Whether a value could not be read or written since Load: what was asked for has its default
     // then, though something may be stored. Never before Load.
     bool HasFailed() const;
+
+    // The checksum of the values that a Save writes, continued from `seed`; `seed` when there are
+    // none. For pages that edit a copy.
+    uint32_t GetCRC32(uint32_t seed) const;
 
     // Appends one options block (see settings/options_block.h) to `file`: all settings of the
     // printer as they are in the registry, headed by the model's name. False, with nothing written,
@@ -174,4 +182,5 @@ private:
     void SetBool(const char* name, bool value);
 
     DriverSettingsCore core_;
+    bool failed_copy_ = false;
 };

@@ -46,13 +46,15 @@ ModelCore::~ModelCore() {
 }
 
 void ModelCore::SetPrinter(const PrinterInfo& printer) {
-    printer_name_ = printer.GetPrinterName();
+    records_of_.printer = printer.GetPrinterName();
     model_name_ = printer.GetDriverName();
     SetRecordText(prefix_, printer.GetPrefix());
     const OString code = printer.GetOEM();
     SetRecordText(oem_, OString("o") + code);
     oem_suffix_ = OString("(") + code + OString(")");
     oem_suffix_.MakeUpper();
+    // One driver name may come back with the data of another brand.
+    records_of_.model = model_name_ + oem_suffix_;
     registry_.init(printer);
     whole_ = printer.IsKnown() && printer.IsDriverKnown();
 }
@@ -125,67 +127,64 @@ OString ModelCore::GetString(const OString& key, const OString& default_value) {
 
 // ---- Records ------------------------------------------------------------------------------------
 
-OString ModelCore::CacheKey(const char* suffix) const {
-    return printer_name_ + OString(suffix);
-}
-
 // `create(record)` fills a zeroed record.
-void ModelCore::KeepRecord(const OString& key, const void* record, uint32_t size) {
-    if (WasReadWhole()) ModelDataCache().SetData(key, record, size, stamp_);
+void ModelCore::KeepRecord(const char* name, const void* record, uint32_t size) {
+    if (WasReadWhole()) ModelDataCache().SetData(records_of_, name, record, size);
 }
 
 template <class T, class F>
-void ModelCore::FetchOrCreate(T& record, const char* suffix, F create) {
-    const OString key = CacheKey(suffix);
+void ModelCore::FetchOrCreate(T& record, const char* name, F create) {
     const ModelDataCache cache;
-    if (cache.GetDataSize(key) == sizeof(T) && cache.GetData(key, &record, sizeof(T))) return;
+    if (cache.GetDataSize(records_of_, name) == sizeof(T) &&
+        cache.GetData(records_of_, name, &record, sizeof(T)))
+        return;
     record = T();
     create(record);
-    KeepRecord(key, &record, sizeof(T));
+    KeepRecord(name, &record, sizeof(T));
 }
 
 template <class T, class F>
-void ModelCore::AllocateRecord(std::unique_ptr<T>& record, const char* suffix, F create) {
+void ModelCore::AllocateRecord(std::unique_ptr<T>& record, const char* name, F create) {
     if (record) return;
     record.reset(new (kCounted) T());
-    if (record) FetchOrCreate(*record, suffix, create);
+    if (record) FetchOrCreate(*record, name, create);
 }
 
 void ModelCore::ModelData_Initialize() {
-    stamp_ = registry_.GetDWORD("DATA:Model Synchronization", 0);
-    ModelDataCache().Synchronize(stamp_);
-    FetchOrCreate(model_data_, ":ModelData", [this](KVModelData&) { ModelData_Create(); });
+    records_of_.stamp = registry_.GetDWORD("DATA:Model Synchronization", 0);
+    ModelDataCache().Synchronize(records_of_);
+    FetchOrCreate(model_data_, "ModelData", [this](KVModelData&) { ModelData_Create(); });
 }
 
 void ModelCore::DriverInfo_Initialize() {
-    AllocateRecord(driver_info_, ":DriverInfo",
+    AllocateRecord(driver_info_, "DriverInfo",
                    [this](KVDriverInfo& record) { DriverInfo_Create(record); });
 }
 
 void ModelCore::ManufacturerInfo_Initialize() {
-    AllocateRecord(manufacturer_info_, ":ManufacturerInfo",
+    AllocateRecord(manufacturer_info_, "ManufacturerInfo",
                    [this](KVManufacturerInfo& record) { ManufacturerInfo_Create(record); });
 }
 
 void ModelCore::CapabilitiesData_Initialize() {
-    AllocateRecord(capabilities_, ":CapabilitiesData",
+    AllocateRecord(capabilities_, "CapabilitiesData",
                    [this](KVCapabilitiesData& record) { CapabilitiesData_Create(record); });
 }
 
 void ModelCore::RFIDCapabilities_Initialize(const prtmodel* model) {
     if (rfid_capabilities_) return;
-    const OString key = CacheKey(":RFIDCapabilities");
-    const uint32_t size = ModelDataCache().GetDataSize(key);
+    static constexpr char name[] = "RFIDCapabilities";
+    const uint32_t size = ModelDataCache().GetDataSize(records_of_, name);
     if (size >= sizeof(KVRFIDCapabilities)) {
         void* block = ___malloc(size);
-        if (block && ModelDataCache().GetData(key, block, size)) {
+        if (block && ModelDataCache().GetData(records_of_, name, block, size)) {
             rfid_capabilities_ = static_cast<KVRFIDCapabilities*>(block);
             return;
         }
         ___free(block);
     }
     rfid_capabilities_ = RFIDCapabilities_Create(model);
-    if (rfid_capabilities_) KeepRecord(key, rfid_capabilities_, rfid_capabilities_->total_size);
+    if (rfid_capabilities_) KeepRecord(name, rfid_capabilities_, rfid_capabilities_->total_size);
 }
 
 KVRFIDCapabilities* ModelCore::RFIDCapabilities_Create(const prtmodel* model) {
@@ -201,9 +200,11 @@ KVRFIDCapabilities* ModelCore::RFIDCapabilities_Create(const prtmodel* model) {
 void ModelCore::InitializeExtPDT() {
     if (custom_data_loaded_) return;
     custom_data_loaded_ = true;
-    const OString key = CacheKey(":~CustomData");
-    if (const uint32_t size = ModelDataCache().GetDataSize(key)) {
-        if (ModelDataCache().GetData(key, &custom_data_, std::min(size, CUSTOM_DATA_SIZE))) return;
+    static constexpr char name[] = "~CustomData";
+    if (const uint32_t size = ModelDataCache().GetDataSize(records_of_, name)) {
+        if (ModelDataCache().GetData(records_of_, name, &custom_data_,
+                                     std::min(size, CUSTOM_DATA_SIZE)))
+            return;
     }
     UseTable(CUSTOM_DATA);
     const OString text = GetString("Data", "");
@@ -222,5 +223,5 @@ void ModelCore::InitializeExtPDT() {
     uint32_t decoded = room;
     Base64::Decode(bytes, text_length, blob.GetData(), &decoded);
     __memcpy(&custom_data_, blob.GetData(), std::min(length, CUSTOM_DATA_SIZE));
-    KeepRecord(key, blob.GetData(), length);
+    KeepRecord(name, blob.GetData(), length);
 }

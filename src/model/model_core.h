@@ -7,6 +7,7 @@
 #include "core/ostring_array.h"
 #include "keys/prtreg.h"
 #include "model/data_set.h"
+#include "model/model_data_cache.h"
 #include "model/model_records.h"
 #include "model/symbology_info.h"
 
@@ -26,7 +27,7 @@ public:
     // Takes the names of a printer and opens its key map. The printer is not kept.
     void SetPrinter(const PrinterInfo& printer);
 
-    const OString& GetPrinterName() const { return printer_name_; }
+    const OString& GetPrinterName() const { return records_of_.printer; }
     const OString& GetModelName() const { return model_name_; }
     const char* GetPrefix() const { return prefix_; }
     const char* GetOEM() const { return oem_; } // "o" and the OEM code
@@ -68,8 +69,8 @@ public:
 
     // ---- Records --------------------------------------------------------------------------------
 
-    // Makes the model data. Comes before all others, for it drops what the record cache has when
-    // the printer's stamp "DATA:Model Synchronization" is a new one.
+    // Makes the model data. Comes before all others, for it drops what the record cache has of this
+    // printer when its stamp "DATA:Model Synchronization" or its model is a new one.
     void ModelData_Initialize();
     // Make the other records; nothing when there are made already. Without memory there is no
     // record.
@@ -99,14 +100,13 @@ private:
 
     // ---- Records --------------------------------------------------------------------------------
 
-    OString CacheKey(const char* suffix) const;
     // Puts a record into the cache, unless something could not be read: others would be answered
     // from half a record until the next flush.
-    void KeepRecord(const OString& key, const void* record, uint32_t size);
+    void KeepRecord(const char* name, const void* record, uint32_t size);
     template <class T, class F>
-    void FetchOrCreate(T& record, const char* suffix, F create);
+    void FetchOrCreate(T& record, const char* name, F create);
     template <class T, class F>
-    void AllocateRecord(std::unique_ptr<T>& record, const char* suffix, F create);
+    void AllocateRecord(std::unique_ptr<T>& record, const char* name, F create);
 
     void ModelData_Create();
     void ReadModelTable();
@@ -169,12 +169,11 @@ private:
 
     OResourceFile* resources_ = nullptr; // of the cache
     prtreg registry_;
-    OString printer_name_;
+    ModelDataOwner records_of_; // this printer's, under the stamp that they were asked for
     OString model_name_;
     char oem_[4] = {};
     char prefix_[4] = {};
     OString oem_suffix_; // "(QV)"
-    uint32_t stamp_ = 0; // that the records were asked for under
     KVModelData model_data_ = {};
     std::unique_ptr<KVDriverInfo> driver_info_;
     std::unique_ptr<KVManufacturerInfo> manufacturer_info_;

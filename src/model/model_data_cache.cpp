@@ -1,52 +1,57 @@
 #include "model/model_data_cache.h"
 
-#include <cstring>
-
 #include "core/locks.h"
 #include "core/memory.h"
 #include "core/ostring_map.h"
 
 namespace {
 
-// The records of the process, as blocks that know their size.
-struct ModelDataStorage {
-    OStringMap<void*> records; // owned
-    OCriticalSection lock;
+// The records of one printer, as blocks that know their size.
+struct PrinterRecords {
+    OString model;
     uint32_t stamp = 0;
+    OStringMap<void*> records; // owned
 
-    ~ModelDataStorage() { Clear(); }
+    ~PrinterRecords() { Clear(); }
 
     void Clear() {
         for (int i = 0; i < records.GetSize(); ++i) ___free(records.ValueAt(i));
         records.RemoveAll();
     }
 
-    void* Find(const OString& key) const {
+    bool BelongTo(const ModelDataOwner& owner) const {
+        return stamp == owner.stamp && model == owner.model;
+    }
+};
+
+struct ModelDataStorage {
+    OStringMap<PrinterRecords*> printers; // owned
+    OCriticalSection lock;
+
+    ~ModelDataStorage() {
+        for (int i = 0; i < printers.GetSize(); ++i) delete printers.ValueAt(i);
+    }
+
+    PrinterRecords* Find(const OString& printer) const {
+        PrinterRecords* found = nullptr;
+        printers.Lookup(printer, found);
+        return found;
+    }
+
+    // The records of a printer; null when they are another owner's.
+    PrinterRecords* Find(const ModelDataOwner& owner) const {
+        PrinterRecords* found = Find(owner.printer);
+        return found && found->BelongTo(owner) ? found : nullptr;
+    }
+
+    void* Find(const ModelDataOwner& owner, const OString& name) const {
         void* record = nullptr;
-        records.Lookup(key, record);
+        if (const PrinterRecords* found = Find(owner)) found->records.Lookup(name, record);
         return record;
     }
 };
 
 ModelDataStorage* storage = nullptr;
-
-// Keeps a copy of the record, with a stamp only while that is the store's.
-void Keep(const OString& key, const void* data, uint32_t size, const uint32_t* stamp) {
-    if (!storage || !data) return;
-    void* record = ___malloc(size);
-    if (!record) return;
-    std::memcpy(record, data, size);
-
-    OSingleLock lock(&storage->lock, true);
-    if (stamp && *stamp != storage->stamp) {
-        ___free(record);
-        return;
-    }
-    void* const old = storage->Find(key);
-    OString own(key);
-    own.ChangeCore(); // the caller's string belongs to the caller's thread
-    ___free(storage->records.Set(own, record) ? old : record);
-}
 
 } // namespace
 
@@ -59,33 +64,56 @@ void ModelDataCache::Free() {
     storage = nullptr;
 }
 
-uint32_t ModelDataCache::GetDataSize(const OString& key) const {
-    if (!storage) return 0;
+void ModelDataCache::Synchronize(const ModelDataOwner& owner) {
+    if (!storage) return;
+    const AllocationWatch memory;
+    // What stays in the store must share nothing with the caller's strings.
+    const OString printer = owner.printer.OwnCopy();
+    OString model = owner.model.OwnCopy();
     OSingleLock lock(&storage->lock, true);
-    return static_cast<uint32_t>(___msize(storage->Find(key)));
+    PrinterRecords* records = storage->Find(owner.printer);
+    if (records && records->BelongTo(owner)) return;
+    if (!records) {
+        records = memory.Failed() ? nullptr : new (kCounted) PrinterRecords;
+        if (!records) return;
+        if (!storage->printers.Set(printer, records)) {
+            delete records;
+            return;
+        }
+    }
+    records->Clear();
+    records->model = std::move(model); // empty without memory: nobody's then
+    records->stamp = owner.stamp;
 }
 
-bool ModelDataCache::GetData(const OString& key, void* buffer, uint32_t size) const {
+uint32_t ModelDataCache::GetDataSize(const ModelDataOwner& owner, const OString& name) const {
+    if (!storage) return 0;
+    OSingleLock lock(&storage->lock, true);
+    return static_cast<uint32_t>(___msize(storage->Find(owner, name)));
+}
+
+bool ModelDataCache::GetData(const ModelDataOwner& owner, const OString& name, void* buffer,
+                             uint32_t size) const {
     if (!storage) return false;
     OSingleLock lock(&storage->lock, true);
-    const void* record = storage->Find(key);
+    const void* record = storage->Find(owner, name);
     if (!record || size > ___msize(record)) return false;
     __memcpy(buffer, record, size);
     return true;
 }
 
-void ModelDataCache::SetData(const OString& key, const void* data, uint32_t size) {
-    Keep(key, data, size, nullptr);
-}
+void ModelDataCache::SetData(const ModelDataOwner& owner, const OString& name, const void* data,
+                             uint32_t size) {
+    if (!storage || !data) return;
+    const AllocationWatch memory;
+    void* record = ___malloc(size);
+    __memcpy(record, data, size);
+    const OString own_name = name.OwnCopy();
 
-void ModelDataCache::SetData(const OString& key, const void* data, uint32_t size, uint32_t stamp) {
-    Keep(key, data, size, &stamp);
-}
-
-void ModelDataCache::Synchronize(uint32_t stamp) {
-    if (!storage) return;
     OSingleLock lock(&storage->lock, true);
-    if (stamp == storage->stamp) return;
-    storage->Clear();
-    storage->stamp = stamp;
+    PrinterRecords* records = storage->Find(owner);
+    void* old = nullptr;
+    if (records) records->records.Lookup(own_name, old);
+    const bool kept = records && !memory.Failed() && records->records.Set(own_name, record);
+    ___free(kept ? old : record);
 }

@@ -20,21 +20,16 @@ void OResourceCache::Free() {
 OResourceFile* OResourceCache::GetResourceFile(const OString& path) {
     if (!instance_) return nullptr;
     OSingleLock lock(&instance_->lock_, true);
+    const AllocationWatch memory;
     OResourceFile* file = nullptr;
     if (instance_->files_.Lookup(path, file)) return file;
 
-    const AllocationWatch memory;
     file = new (kCounted) OResourceFile(path);
     if (!file) return nullptr;
     file->Load(path);
+    const OString key = path.OwnCopy();
     // With a part of the file every printer would lack something until the module is detached.
-    if (memory.Failed() || !file->WasReadWhole()) {
-        delete file;
-        return nullptr;
-    }
-    OString key(path);
-    key.ChangeCore(); // the caller's string belongs to the caller's thread
-    if (!instance_->files_.Set(key, file)) {
+    if (memory.Failed() || !file->WasReadWhole() || !instance_->files_.Set(key, file)) {
         delete file;
         return nullptr;
     }

@@ -16,17 +16,10 @@ uint32_t ReadLength(const char* at) {
            uint32_t{bytes[3]} << 24;
 }
 
-// A string that shares nothing with one that belongs to the calling thread.
-OString OwnString(const OString& text) {
-    OString own(text);
-    own.ChangeCore();
-    return own;
-}
-
 } // namespace
 
 OResource::OResource(const OString& name, const void* container, uint32_t size)
-    : name_(OwnString(name)) {
+    : name_(name.OwnCopy()) {
     if (container) compressed_.Assign(static_cast<const char*>(container), size);
 }
 
@@ -35,11 +28,11 @@ bool OResource::Decompress() {
     const AllocationWatch memory;
     LZ77::Decode(compressed_, data_);
     if (memory.Failed()) {
-        data_.SetSize(0);
+        data_.Clear();
         return false;
     }
     // Not a second time, even if this one failed: what was handed out must not change any more.
-    compressed_.SetSize(0);
+    compressed_.Clear();
     return true;
 }
 
@@ -57,7 +50,7 @@ const TableText& OResource::GetTextData() {
 }
 
 OResourceFile::OResourceFile(const OString& path)
-    : path_(OwnString(path)) {}
+    : path_(path.OwnCopy()) {}
 
 OResourceFile::~OResourceFile() {
     for (int i = 0; i < resources_.GetSize(); ++i) delete resources_[i];
@@ -83,7 +76,7 @@ bool OResourceFile::Load(const OString& path) {
     }
     whole_ = !file.HasFailed();
     Parse(bytes.GetData(), used);
-    path_ = OwnString(path);
+    path_ = path.OwnCopy();
     modified_ = false;
     return true;
 }
@@ -140,5 +133,5 @@ bool OResourceFile::IsModified() {
 
 OString OResourceFile::GetPath() {
     OSingleLock lock(&lock_, true);
-    return OwnString(path_);
+    return path_.OwnCopy();
 }

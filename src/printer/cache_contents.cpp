@@ -2,18 +2,14 @@
 
 #include <algorithm>
 #include <cstring>
+#include <utility>
 
 #include "core/ascii.h"
 #include "core/crc.h"
+#include "locale/text_numbers.h"
 #include "printer/prtstream.h"
 
 namespace {
-
-// Texts in the language library.
-enum : int {
-    FORMAT_TEXT = 2511,
-    GRAPHIC_TEXT = 2512,
-};
 
 template <class T>
 int Compare(T a, T b) {
@@ -53,10 +49,11 @@ bool CacheContents::Take(const unsigned char* description, uint32_t size) {
     if (known_ && crc == crc_) return false;
     const auto whole = static_cast<uint32_t>((size - sizeof header) / sizeof(KVCacheItemInfo));
     const uint32_t count = std::min<uint32_t>(header.count, whole);
-    shown_.SetSize(0);
-    if (!items_.SetSize(count)) return false;
+    OBuffer<KVCacheItemInfo> items(count);
+    if (items.GetSize() < count) return false;
     if (count)
-        std::memcpy(items_.GetData(), description + sizeof header, count * sizeof(KVCacheItemInfo));
+        std::memcpy(items.GetData(), description + sizeof header, count * sizeof(KVCacheItemInfo));
+    items_ = std::move(items);
     known_ = true;
     crc_ = crc;
     Show();
@@ -112,12 +109,15 @@ void CacheContents::Show() {
         // After all that do not sort after it. A description is too short for many objects.
         int place = shown_.GetSize();
         while (place > 0 && CompareItems(GetItem(place - 1), item) > 0) --place;
-        if (!shown_.InsertAt(place, static_cast<int32_t>(i), 1)) return;
+        if (!shown_.InsertAt(place, static_cast<int32_t>(i), 1)) {
+            known_ = false; // the next description shows what is missing now
+            return;
+        }
     }
 }
 
 int CacheItemKindText(const KVCacheItemInfo& item) {
-    return item.kind == KVCacheItemInfo::GRAPHIC ? GRAPHIC_TEXT : FORMAT_TEXT;
+    return item.kind == KVCacheItemInfo::GRAPHIC ? TEXT_CACHED_GRAPHIC : TEXT_CACHED_FORMAT;
 }
 
 OString CacheItemTitle(const KVCacheItemInfo& item, const OString& kind) {

@@ -1,4 +1,5 @@
-// The objects that the rendering module keeps in the printer, as a list for display.
+// The objects that the rendering module keeps in the printer, as a list for display. Only for the
+// page that shows them.
 #pragma once
 
 #include <cstdint>

@@ -1,4 +1,5 @@
-// The settings for formats and graphics kept in the printer, as a dialog changes them.
+// The settings for formats and graphics that the rendering module keeps in the printer. Only for
+// the page that changes them.
 #pragma once
 
 #include <cstdint>

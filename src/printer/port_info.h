@@ -1,4 +1,5 @@
-// The ports of this machine that the module knows more about than the spooler does.
+// The ports of this machine that the module knows more about than the spooler does. For the report
+// about versions.
 #pragma once
 
 #include <windows.h>

@@ -93,7 +93,7 @@ public:
     void DownloadBitmapData(const KVDownloadBitmapChar* glyph);
 
     // Replaces the buffer with the description of the objects that the rendering module keeps in
-    // the printer. False, with the buffer unchanged, if there is none.
+    // the printer, in its final length. False, with the buffer unchanged, if there is none.
     bool GetCacheInformation(OBuffer<unsigned char>& description);
     void CacheAction(const KVCacheAction& action);
     void CacheItemAction(const KVCacheItemAction& action);
@@ -109,6 +109,7 @@ public:
     //     QueryEnd(); QueryExecute(job, ...); then QueryResponse of each name
     //
     // The answers stay in the registry until the next QueryStart on the machine, for any printer.
+    // So hold a QueryTurn during all of this (printer/query_turn.h).
 
     // Opens or closes the document.
     void XPML_xpml(bool open);
@@ -121,7 +122,7 @@ public:
     // Ends the last question and the job.
     void QueryEnd();
     // Makes the status monitor ask the printer, and waits for it. `parent` may be null. True if
-    // there are answers.
+    // there are answers. In any case the job is removed from the spooler.
     bool QueryExecute(const OString& job_name, int job, HWND parent);
 
     // The number of bytes in the answer to a question, or 0 if there is none.
@@ -136,7 +137,8 @@ public:
 
     // ---- The port -------------------------------------------------------------------------------
 
-    // The status monitor's facts about the printer's port. Empty if it does not answer.
+    // The status monitor's facts about the printer's port, for the report about versions. Empty if
+    // it does not answer.
     OString GetPortType(); // "LPT", "USB" or another word
     OString GetPortIPAddress();
     OString GetPortMonitorName();
@@ -147,7 +149,8 @@ public:
     // Whether the printer can answer through its port: the status monitor can read from the port,
     // and the model answers on ports of that type. Never true for parallel ports of Windows NT 4.0.
     bool is_bidirectional();
-    // Whether the status monitor can watch the printer, and whether it serves its port.
+    // Whether the status monitor can watch the printer and, for the pages, whether it serves its
+    // port.
     bool IsMonitorSupported();
     bool IsMonitorEnabled();
 
@@ -159,6 +162,9 @@ public:
     int32_t GetPageHeight() const;
     // The printer's horizontal resolution, or 0 without a model.
     int32_t GetDPI() const;
+    // The vertical resolution of the connection, which outside of a job is as for Escape. 0 if
+    // there is none.
+    int32_t GetVerticalDPI();
     prtmodel* GetModel() const; // null without a UI object
     HANDLE GetPrinter() const { return hprinter_; }
 
@@ -173,12 +179,12 @@ private:
     void Connect();
     void EndDocument();
 
-    static constexpr int32_t CAPACITY = 8192;
-    static constexpr int32_t LARGEST_PACKET = 32000;
+    static constexpr int32_t kCapacity = 8192;
+    static constexpr int32_t kLargestPacket = 32000;
 
     UIPrinter* ui_ = nullptr;
     int32_t buffered_ = 0;
-    int32_t capacity_ = CAPACITY;
+    int32_t capacity_ = kCapacity;
     OBuffer<char> buffer_; // of the capacity, or empty
     HANDLE hprinter_ = nullptr;
     bool measuring_ = false;

@@ -1,6 +1,8 @@
 // Queries: questions to the printer, which the status monitor asks.
 #include <windows.h>
 
+#include <winspool.h>
+
 #include "core/windows_version.h"
 #include "keys/prtreg.h"
 #include "printer/prtstream.h"
@@ -80,7 +82,10 @@ bool prtstream::QueryExecute(const OString& job_name, int job, HWND parent) {
     OString command_line = "open \"";
     command_line << ui_->printer_name << "\" -jn " << job_name;
     if (IsWindowsNT()) command_line << " -ji " << job;
-    return CallMonitor(parent ? parent : GetDesktopWindow(), command_line) == kAnswered;
+    const int answer = CallMonitor(parent ? parent : GetDesktopWindow(), command_line);
+    // It is the monitor's, and nothing that a printer should get when there is none.
+    if (job > 0) SetJobW(hprinter_, static_cast<DWORD>(job), 0, nullptr, JOB_CONTROL_DELETE);
+    return answer == kAnswered;
 }
 
 int32_t prtstream::QueryResponseSize(const OString& name) {

@@ -5,7 +5,7 @@
 #include <memory>
 
 #include "core/memory.h"
-#include "core/windows_version.h"
+#include "core/open_to_all.h"
 #include "registry/oregistry_names.h"
 #include "registry/oregistry_system.h"
 
@@ -46,17 +46,9 @@ int RootNumber(const WCHAR* text, const WCHAR* colon) {
 
 // Creates a key that every account can later write: the spooler's and other users' too.
 LONG CreateOpenKey(HKEY root, const WCHAR* name, HKEY& key, HANDLE transaction) {
-    SECURITY_DESCRIPTOR descriptor;
-    SECURITY_ATTRIBUTES attributes = {};
-    attributes.nLength = sizeof attributes;
-    SECURITY_ATTRIBUTES* security = nullptr;
-    if (IsWindowsNT() && InitializeSecurityDescriptor(&descriptor, SECURITY_DESCRIPTOR_REVISION) &&
-        SetSecurityDescriptorDacl(&descriptor, TRUE, nullptr, FALSE)) {
-        attributes.lpSecurityDescriptor = &descriptor;
-        security = &attributes;
-    }
-    return RegistryTransactions::OfSystem().CreateKey(root, name, KEY_READ | KEY_WRITE, security,
-                                                      key, transaction);
+    OpenToAll security;
+    return RegistryTransactions::OfSystem().CreateKey(root, name, KEY_READ | KEY_WRITE,
+                                                      security.Get(), key, transaction);
 }
 
 // Whether an error says that there is nothing of that name, or more than was asked for.
@@ -209,10 +201,12 @@ bool ORegistry::SetKey(const OString& path, bool create) {
 
 template <typename Operation>
 LONG ORegistry::OnValue(const OString& name, bool create, Operation operation) {
+    const AllocationWatch memory;
     OString key = base_key_;
     OString value = name;
     if (!GetKeyAndValue(key, value)) return ERROR_FILE_NOT_FOUND;
-    return OnKey(key, create, [&](HKEY opened) { return operation(opened, value); });
+    return OnKey(
+        key, create, [&](HKEY opened) { return operation(opened, value); }, memory);
 }
 
 LONG ORegistry::SetData(HKEY key, const OString& name, const void* data, uint32_t size,
@@ -270,8 +264,9 @@ int32_t ORegistry::GetData(const OString& name, void* buffer, uint32_t size, uin
 
 bool ORegistry::SetString(const OString& name, const OString& value) {
     const WCHAR* text = value.wstring();
-    const auto length = static_cast<uint32_t>(value.wlen()) + 1;
-    return SetData(name, text, length * static_cast<uint32_t>(sizeof(WCHAR)), REG_SZ) >= 0;
+    const auto length = static_cast<uint32_t>(value.wlen());
+    if (length == 0 && !value.IsEmpty()) return false; // no memory for the UTF-16 form
+    return SetData(name, text, (length + 1) * static_cast<uint32_t>(sizeof(WCHAR)), REG_SZ) >= 0;
 }
 
 OString ORegistry::GetString(const OString& name, const OString& default_value) {
@@ -283,23 +278,29 @@ OString ORegistry::GetString(const OString& name, const OString& default_value) 
     return OString(text);
 }
 
+bool ORegistry::CanStore(const OString& value) {
+    value.wstring(); // the form that is stored
+    return (static_cast<uint32_t>(value.wlen()) + 1) * sizeof(WCHAR) <= MaxStringBytes;
+}
+
 bool ORegistry::SetMultiString(const OString& name, const OStringArray& values) {
     OBuffer<WCHAR> packed;
-    const auto length = static_cast<uint32_t>(values.Pack(packed, 0));
-    SetData(name, packed.GetData(), length * static_cast<uint32_t>(sizeof(WCHAR)), REG_MULTI_SZ);
+    // Without memory there is nothing that could take the old value's place.
+    if (const uint32_t length = values.Pack(packed, OPACK_LIST))
+        SetData(name, packed.GetData(), length * static_cast<uint32_t>(sizeof(WCHAR)),
+                REG_MULTI_SZ);
     return true;
 }
 
 bool ORegistry::GetMultiString(const OString& name, OStringArray& values) {
-    OBuffer<WCHAR> packed;
-    packed.SetSize(MaxMultiStringBytes / sizeof(WCHAR) + 2);
+    OBuffer<WCHAR> packed(MaxMultiStringBytes / sizeof(WCHAR) + 2);
     if (!packed.GetData()) return false;
     const int32_t bytes = GetData(name, packed.GetData(), MaxMultiStringBytes, REG_MULTI_SZ);
     if (bytes <= 0) return false;
     const size_t length = static_cast<size_t>(bytes) / sizeof(WCHAR);
     packed.GetData()[length] = packed.GetData()[length + 1] = 0;
     values.SetSize(0);
-    values.Unpack(packed, 0);
+    values.Unpack(packed, OPACK_LIST);
     return true;
 }
 

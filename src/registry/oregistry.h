@@ -49,6 +49,8 @@ public:
     // exists is an answer, a longer one is not.
     bool SetString(const OString& name, const OString& value);
     OString GetString(const OString& name, const OString& default_value);
+    // Whether a text is short enough for GetString to give it back: up to 4095 characters.
+    static bool CanStore(const OString& value);
 
     // REG_MULTI_SZ. Empty strings are not stored. Set always answers true. A read takes up to
     // 10000 bytes; it replaces the strings, or answers false and leaves them.
@@ -157,11 +159,15 @@ private:
     static OString SyntaxWindows(const OString& standard);
 
     // Makes `path` (substituted) the open key and runs `operation` on it; the error is that of the
-    // operation.
+    // operation. Nothing is done on a key whose path memory was too short for since `memory` was
+    // made: it would be another key.
     template <typename Operation>
-    LONG OnKey(const OString& path, bool create, Operation operation) {
+    LONG OnKey(const OString& path, bool create, Operation operation,
+               const AllocationWatch& memory = {}) {
         if (create && !MayWrite()) return ERROR_WRITE_FAULT;
+        if (memory.Failed()) return ERROR_OUTOFMEMORY;
         if (!SetKey(path, create)) return ERROR_FILE_NOT_FOUND;
+        if (memory.Failed()) return ERROR_OUTOFMEMORY;
         LONG error = operation(key_);
         if (error == ERROR_KEY_DELETED) {
             // Someone else deleted the key that was kept open; there may be a new one by now.
@@ -181,6 +187,8 @@ private:
     // On a full path, substituted.
     int EnumPath(const OString& path, OStringArray& names, bool keys);
     bool DeletePath(const OString& path, bool recursive);
+    // Deletes the key of that name below a path, with all below it.
+    bool DeleteBelow(const OString& path, const OString& name);
     struct Exporter; // what an export works with
     void ExportPath(const OString& path, Exporter& to);
     // All values of an open key; whether there are any.

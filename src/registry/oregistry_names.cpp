@@ -27,9 +27,11 @@ bool WideText::Reserve(size_t length) {
     if (needed <= buffer_.GetSize()) return true;
     size_t capacity = buffer_.GetSize() ? buffer_.GetSize() : 128;
     while (capacity < needed) capacity *= 2;
-    if (capacity > 0x7FFFFFFF) return false;
-    buffer_.SetSize(static_cast<uint32_t>(capacity));
-    return needed <= buffer_.GetSize();
+    if (capacity > 0x7FFFFFFF) {
+        NoteAllocationFailure();
+        return false;
+    }
+    return buffer_.SetSize(static_cast<uint32_t>(capacity));
 }
 
 void WideText::Add(const WCHAR* text, size_t length) {

@@ -39,8 +39,8 @@ uint32_t PackMultiString(const unsigned char* data, uint32_t size, OBuffer<WCHAR
     if (!list.SetSize(static_cast<uint32_t>(text.Length()))) return 0;
     std::memcpy(list.GetData(), text.Text(), text.Length() * sizeof(WCHAR));
     OStringArray strings;
-    strings.Unpack(list, 0);
-    return static_cast<uint32_t>(strings.Pack(packed, 0)) * 2;
+    strings.Unpack(list, OPACK_LIST);
+    return strings.Pack(packed, OPACK_LIST) * static_cast<uint32_t>(sizeof(WCHAR));
 }
 
 void PutHexByte(WCHAR* at, unsigned char byte) {
@@ -49,9 +49,8 @@ void PutHexByte(WCHAR* at, unsigned char byte) {
     at[1] = static_cast<WCHAR>(digits[byte & 15]);
 }
 
-void SetBytes(OBuffer<unsigned char>& buffer, const void* data, size_t size) {
-    buffer.SetSize(static_cast<uint32_t>(size));
-    if (size > 0 && buffer.GetData()) std::memcpy(buffer.GetData(), data, size);
+bool SetBytes(OBuffer<unsigned char>& buffer, const void* data, size_t size) {
+    return buffer.Assign(static_cast<const unsigned char*>(data), static_cast<uint32_t>(size));
 }
 
 bool IsBlank(WCHAR c) {
@@ -206,16 +205,15 @@ bool RegistryTextReader::ParseData(const WCHAR* text, size_t length) {
         const OString string = Unescape(text, length);
         value_.type = REG_SZ;
         const WCHAR* wide = string.wstring();
-        SetBytes(value_.data, wide, (static_cast<size_t>(string.wlen()) + 1) * sizeof(WCHAR));
-        return true;
+        return SetBytes(value_.data, wide,
+                        (static_cast<size_t>(string.wlen()) + 1) * sizeof(WCHAR));
     }
     if (BeginsNoCase(text, "dword:")) {
         if (length < 6 + 8) return false;
         unsigned char bytes[4];
         for (int i = 0; i < 4; ++i) bytes[3 - i] = xtohex2(text[6 + 2 * i], text[7 + 2 * i]);
         value_.type = REG_DWORD;
-        SetBytes(value_.data, bytes, sizeof bytes);
-        return true;
+        return SetBytes(value_.data, bytes, sizeof bytes);
     }
     if (!BeginsNoCase(text, "hex")) return false;
 
@@ -227,15 +225,14 @@ bool RegistryTextReader::ParseData(const WCHAR* text, size_t length) {
     // A byte begins at every third character; one with a single digit is cut off and does not
     // count.
     const size_t count = (length - start + 1) / 3;
-    value_.data.SetSize(static_cast<uint32_t>(count));
-    if (count > 0 && !value_.data.GetData()) return false;
+    if (!value_.data.SetSize(static_cast<uint32_t>(count))) return false;
     for (size_t i = 0; i < count; ++i) {
         value_.data.GetData()[i] = xtohex2(text[start + 3 * i], text[start + 3 * i + 1]);
     }
     if (value_.type == REG_MULTI_SZ) {
         OBuffer<WCHAR> packed;
         const uint32_t size = PackMultiString(value_.data.GetData(), value_.data.GetSize(), packed);
-        SetBytes(value_.data, packed.GetData(), size);
+        return size != 0 && SetBytes(value_.data, packed.GetData(), size);
     }
     return true;
 }

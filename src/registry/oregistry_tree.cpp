@@ -70,15 +70,21 @@ LONG ORegistry::DeleteValue(HKEY key, const OString& name) {
 }
 
 int ORegistry::EnumPath(const OString& path, OStringArray& names, bool keys) {
-    OBuffer<WCHAR> name;
-    name.SetSize(keys ? MaxKeyName : MaxValueName);
+    OBuffer<WCHAR> name(keys ? MaxKeyName : MaxValueName);
     HKEY key = name.GetData() ? OpenKey(path, false) : nullptr;
     if (!key) return -1;
     names.SetSize(0);
+    const AllocationWatch memory;
     LONG error = ERROR_SUCCESS;
     for (uint32_t i = 0; error == ERROR_SUCCESS; ++i) {
         error = keys ? EnumKey(key, i, name) : EnumValue(key, i, name);
-        if (error == ERROR_SUCCESS) names.Add(OString(name.GetData()));
+        if (error != ERROR_SUCCESS) break;
+        const OString found(name.GetData());
+        // One that is cut short would be another's.
+        if (memory.Failed())
+            error = ERROR_OUTOFMEMORY;
+        else
+            names.Add(found);
     }
     Noted(error, false);
     CloseKey(key);
@@ -125,19 +131,26 @@ bool ORegistry::DeletePath(const OString& path, bool recursive) {
     if (recursive) {
         OStringArray names;
         EnumPath(path, names, true);
-        for (int i = 0; i < names.GetSize(); ++i) {
-            DeletePath(JoinPath(path, EncodeName(names[i])), true);
-        }
+        for (int i = 0; i < names.GetSize(); ++i) DeleteBelow(path, names[i]);
     }
+    const AllocationWatch memory;
     OString parent;
     OString name;
     SplitKeyPath(path, parent, name);
-    return SetKey(parent, false) && DeleteKey(key_, DecodeName(name)) == ERROR_SUCCESS;
+    name = DecodeName(name);
+    return SetKey(parent, false) && !memory.Failed() && DeleteKey(key_, name) == ERROR_SUCCESS;
+}
+
+bool ORegistry::DeleteBelow(const OString& path, const OString& name) {
+    const AllocationWatch memory;
+    const OString below = JoinPath(path, EncodeName(name));
+    return !memory.Failed() && DeletePath(below, true);
 }
 
 bool ORegistry::Delete(const OString& name, bool recursive) {
     // What has been open for a while may be gone and would pass for a key that exists.
     ReleaseKey();
+    const AllocationWatch memory;
     OString key = base_key_;
     OString value = name;
     bool deleted = false;
@@ -151,9 +164,9 @@ bool ORegistry::Delete(const OString& name, bool recursive) {
         // No key has a backslash in its name; the registry would take it for two keys.
         const bool may_be_key = *last.wstring() && !HasCharacter(value, '\\');
         if (may_be_key && SetKey(path, false)) {
-            deleted = DeletePath(path, recursive);
+            deleted = !memory.Failed() && DeletePath(path, recursive);
         } else if (*value.wstring() && SetKey(key, false)) {
-            deleted = DeleteValue(key_, value) == ERROR_SUCCESS;
+            deleted = !memory.Failed() && DeleteValue(key_, value) == ERROR_SUCCESS;
         }
     }
     ReleaseKey();
@@ -161,9 +174,10 @@ bool ORegistry::Delete(const OString& name, bool recursive) {
 }
 
 bool ORegistry::DeletePattern(const OString& pattern) {
+    const AllocationWatch memory;
     OString path = base_key_;
     OString name = pattern;
-    if (!GetKeyAndValue(path, name)) return false;
+    if (!GetKeyAndValue(path, name) || memory.Failed()) return false;
     if (!HasWildcard(name)) {
         Delete(pattern, true);
         return true;
@@ -172,9 +186,7 @@ bool ORegistry::DeletePattern(const OString& pattern) {
     OStringArray values;
     EnumMatchingKeys(pattern, keys);
     EnumMatchingValues(pattern, values);
-    for (int i = 0; i < keys.GetSize(); ++i) {
-        DeletePath(JoinPath(path, EncodeName(keys[i])), true);
-    }
+    for (int i = 0; i < keys.GetSize(); ++i) DeleteBelow(path, keys[i]);
     for (int i = 0; i < values.GetSize(); ++i) {
         OnKey(path, false, [&](HKEY opened) { return DeleteValue(opened, values[i]); });
     }

@@ -20,5 +20,7 @@ void InstallDefaults(List& list, const prtmodel& model, Import import) {
     const AllocationWatch memory;
     list.Load(&model);
     import(file);
-    if (!file.HasFailed() && !memory.Failed() && model.WasReadWhole()) list.Save(&model);
+    if (file.HasFailed() || memory.Failed() || !model.WasReadWhole()) return;
+    // Nobody is there to be told: a printer that cannot be given its defaults works without them.
+    static_cast<void>(list.Save(&model));
 }

@@ -84,10 +84,7 @@ bool Preset::Save(prtreg& registry, int index) const {
     const OString value = OString(prefix) << "DEVMODE";
     bool saved = registry.SetString(OString(prefix) << "Name", GetName());
     saved &= registry.SetString(OString(prefix) << "Description", description_);
-    if (dev_mode_.GetSize() == 0)
-        registry.Delete(value, false); // that of another preset, which had the number before
-    else
-        saved &= registry.SetBinary(value, dev_mode_.GetData(), dev_mode_.GetSize()) >= 0;
+    saved &= registry.SetBinary(value, dev_mode_.GetData(), dev_mode_.GetSize()) >= 0;
     return saved;
 }
 
@@ -107,7 +104,7 @@ bool Preset::Export(OBuffer<char>& record) const {
     std::memcpy(head.signature, kSignature, sizeof head.signature);
     head.size = dev_mode_.GetSize();
     if (head.size == 0 || !record.SetSize(head.size + uint32_t{sizeof head})) {
-        record.SetSize(0);
+        record.Clear();
         return false;
     }
     std::memcpy(record.GetData(), &head, sizeof head);
@@ -139,10 +136,7 @@ bool Preset::Import(const OBuffer<char>& record, const prtmodel* model) {
 
 uint32_t Preset::GetCRC32(uint32_t seed) const {
     uint32_t crc = NameNode::GetCRC32(seed);
-    if (!description_.IsEmpty()) {
-        const char* text = description_.nstring();
-        crc = CRC32(text, static_cast<uint32_t>(description_.nlen()) + 1, crc);
-    }
+    if (!description_.IsEmpty()) crc = CRC32_UTF8(description_, crc);
     crc = CRC32(&built_in_, sizeof built_in_, crc);
     return CRC32(dev_mode_.GetData(), dev_mode_.GetSize(), crc);
 }

@@ -5,28 +5,29 @@
 
 #include "core/ofile.h"
 #include "settings/preset.h"
+#include "settings/stored_list.h"
 
 // The current settings, the default settings, and the stored presets by name: that is the order
 // which Sort makes. Whoever shows the list adds the two built-in ones; they are neither stored nor
 // exported.
 //
 // `model` is never null. A list belongs to one thread.
-class PresetList : public OTypedNameList<Preset> {
+class PresetList : public OTypedNameList<Preset>, public StoredList {
 public:
+    PresetList() = default;
+    PresetList(const PresetList&) = delete;
+    // Takes over copies of the presets and what is remembered of the last load or save. A copy that
+    // lacks something is not saved.
+    PresetList& operator=(const PresetList& other);
+
     // Reads the stored presets, instead of those in the list, sorts them and remembers the list's
     // checksum. Of several with one name only the last is kept. When not all of them could be read,
     // the list is not saved until it is loaded again.
     void Load(const prtmodel* model);
 
-    // Writes the presets, and deletes stored ones that are gone: all of it or, on failure, nothing.
-    // Nothing while the list is as it was at the last load or save.
-    void Save(const prtmodel* model) const;
-
-    // Whether the presets, without the built-in ones, are as they were at the last load or save.
-    bool IsStored() const { return GetStoredCRC32() == checksum_; }
-
-    // What is stored stays: nothing is saved until the list is loaded again.
-    void KeepStored() { whole_ = false; }
+    // Writes the presets that have settings, and deletes stored ones that are gone: all of it or
+    // nothing. Stored presets that cannot be understood stay, under the numbers that they have.
+    SaveResult Save(const prtmodel* model) const;
 
     // Brings the list into order: by priority, then by name.
     void Sort();
@@ -44,7 +45,8 @@ public:
 
     // Adds the presets of all blocks of a file, which is read from its start, in place of those of
     // the same names, and sorts the list; their number. A record may be blob text or plain Base64.
-    // A block whose record cannot be imported, and one without an end, is left out.
+    // A block without a record that can be imported, one without an end, and one with texts that
+    // are too long to be stored, is left out.
     int Import(OFile& file, const prtmodel* model);
 
     // The same for a binary file as old drivers wrote it, from where it stands: records, each with
@@ -68,7 +70,4 @@ private:
     // the list, which is no reason to write the others.
     uint32_t GetStoredCRC32() const;
     Preset* FindBuiltIn(uint32_t flag) const;
-
-    mutable uint32_t checksum_ = 0;
-    bool whole_ = true; // nothing that is stored was missed
 };

@@ -21,7 +21,7 @@ OBuffer<char> ReadBytes(OFile& file, uint32_t size) {
     size = std::min({size, file.GetLength(), uint32_t{INT32_MAX}});
     OBuffer<char> bytes(size);
     const int32_t read = file.Read(bytes.GetData(), static_cast<int32_t>(bytes.GetSize()));
-    bytes.SetSize(static_cast<uint32_t>(read));
+    if (!bytes.SetSize(static_cast<uint32_t>(read))) bytes.Clear();
     return bytes;
 }
 
@@ -33,6 +33,11 @@ bool ReadText(OFile& file, OString& text) {
     if (bytes.SetSize(bytes.GetSize() + 1)) bytes[bytes.GetSize() - 1] = 0;
     text = bytes.GetData();
     return true;
+}
+
+bool CanBeStored(const Preset& preset) {
+    return preset.GetDevModeSize() > 0 && ORegistry::CanStore(preset.GetName()) &&
+           ORegistry::CanStore(preset.GetDescription());
 }
 
 } // namespace
@@ -65,8 +70,11 @@ int PresetList::Import(OFile& file, const prtmodel* model) {
         } else if (!preset) {
             continue;
         } else if (line == SettingsBlocks::BLOCK_END) {
-            imported.AddTail(preset.release());
-            ++blocks;
+            if (CanBeStored(*preset)) {
+                imported.AddTail(preset.release());
+                ++blocks;
+            }
+            preset.reset();
         } else if (reader.Key() == "Name") {
             preset->SetName(reader.Value());
         } else if (reader.Key() == "Description") {
@@ -110,7 +118,7 @@ int PresetList::ImportKPR1(OFile& file, const prtmodel* model) {
             if (ReadText(file, text)) preset->SetName(text);
             if (ReadText(file, text)) preset->SetDescription(text);
         }
-        if (!whole) continue;
+        if (!whole || !CanBeStored(*preset)) continue;
         imported.AddTail(preset.release());
         ++count;
     }

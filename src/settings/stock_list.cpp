@@ -2,7 +2,6 @@
 
 #include <algorithm>
 #include <cstddef>
-#include <cstring>
 #include <memory>
 
 #include "core/fixed_text.h"
@@ -35,17 +34,22 @@ int StoredTotal(prtreg& registry, const OString& key) {
     return static_cast<int>(std::min<uint32_t>(registry.GetDWORD(TotalName(key), 0), MOST_FORMS));
 }
 
-int CompareNames(const Stock& a, const Stock& b) {
-    return std::strcmp(a.GetName().nstring(), b.GetName().nstring());
+// By UTF-16 units: no character is lost in them, as it may be in the 8-bit form.
+int CompareNames(const OString& a, const OString& b) {
+    // Strings compare by this form once both have it.
+    a.wstring();
+    b.wstring();
+    return a.Collate(b);
 }
 
 bool SortsBefore(const Stock* a, const Stock* b) {
-    return a->is_user() != b->is_user() ? a->is_user() : CompareNames(*a, *b) < 0;
+    return a->is_user() != b->is_user() ? a->is_user()
+                                        : CompareNames(a->GetName(), b->GetName()) < 0;
 }
 
 // By names, the user's in front of others of its name.
 bool NameSortsBefore(const Stock* a, const Stock* b) {
-    const int order = CompareNames(*a, *b);
+    const int order = CompareNames(a->GetName(), b->GetName());
     return order != 0 ? order < 0 : a->is_user() && !b->is_user();
 }
 
@@ -57,14 +61,10 @@ bool FirstGoes(const Stock& first, const Stock& second) {
 } // namespace
 
 StockList& StockList::operator=(const StockList& other) {
-    if (this == &other) return *this;
     NameList::operator=(other);
-    Clear();
-    for (const Stock* stock = other.GetNext(nullptr); stock; stock = other.GetNext(stock))
-        AddTail(new (kCounted) Stock(*stock));
+    StoredList::operator=(other);
     model_ = other.model_;
-    checksum_ = other.checksum_;
-    whole_ = other.whole_;
+    if (!CopyNodes(other)) KeepStored();
     return *this;
 }
 
@@ -88,9 +88,8 @@ void StockList::Load(const prtmodel* model) {
     LoadForm(registry, kUserForm);
     LoadForms(registry, kForms);
     LoadForms(registry, FamilyForms(*model));
-    whole_ = !registry.HasFailed();
     Validate();
-    checksum_ = GetCRC32(0);
+    NoteLoaded(GetCRC32(0), registry);
 }
 
 int StockList::LoadForms(prtreg& registry, const OString& key) {
@@ -105,19 +104,15 @@ bool StockList::LoadForm(prtreg& registry, const OString& prefix) {
     return stock && stock->Load(registry, prefix) && AddTail(stock.release());
 }
 
-bool StockList::Save(const prtmodel* model) const {
-    const uint32_t checksum = GetCRC32(0);
-    if (checksum == checksum_ || !whole_) return false;
+SaveResult StockList::Save(const prtmodel* model) const {
     prtreg registry(model->GetRegistry());
-    ORegistryTransaction changes(registry);
-    const Stock* stock = GetNext(nullptr);
-    while (stock && !stock->is_user()) stock = GetNext(stock);
-    if (stock) stock->Save(registry, kUserForm);
-    SaveForms(registry, kForms, false);
-    SaveForms(registry, FamilyForms(*model), true);
-    if (!changes.Commit()) return false;
-    checksum_ = checksum;
-    return true;
+    return SaveChanges(registry, GetCRC32(0), [&] {
+        const Stock* stock = GetNext(nullptr);
+        while (stock && !stock->is_user()) stock = GetNext(stock);
+        if (stock) stock->Save(registry, kUserForm);
+        SaveForms(registry, kForms, false);
+        SaveForms(registry, FamilyForms(*model), true);
+    });
 }
 
 void StockList::SaveForms(prtreg& registry, const OString& key, bool predefined) const {
@@ -151,7 +146,7 @@ void StockList::RemoveDuplicates() {
     std::stable_sort(first, first + end, NameSortsBefore);
     size_t kept = 0;
     for (size_t i = 0; i < end; ++i) {
-        if (kept == 0 || CompareNames(*first[kept - 1], *first[i]) != 0) {
+        if (kept == 0 || CompareNames(first[kept - 1]->GetName(), first[i]->GetName()) != 0) {
             first[kept++] = first[i];
         } else if (FirstGoes(*first[kept - 1], *first[i])) {
             delete first[kept - 1];
@@ -189,7 +184,7 @@ Stock* StockList::GetNextValid(const Stock* after) const {
 
 Stock* StockList::Find(const OString& name) const {
     for (Stock* stock = GetNextValid(nullptr); stock; stock = GetNextValid(stock))
-        if (std::strcmp(stock->GetName().nstring(), name.nstring()) == 0) return stock;
+        if (CompareNames(stock->GetName(), name) == 0) return stock;
     return nullptr;
 }
 

@@ -8,8 +8,9 @@
 #include "core/ofile.h"
 #include "keys/prtreg.h"
 #include "settings/stock.h"
+#include "settings/stored_list.h"
 
-// The user's own stock at the head and the others behind it by name. Those that the printer can
+// The user's own stock at the head and the others after it by name. Those that the printer can
 // print are valid: they have a paper id and are offered to the system as forms. Paper ids follow
 // the order, so they change when stocks come and go.
 //
@@ -17,13 +18,14 @@
 // under "Stock:" and the OEM code, all others under "Stock:".
 //
 // The list needs its model for as long as it lives. It belongs to one thread.
-class StockList : public OTypedNameList<Stock> {
+class StockList : public OTypedNameList<Stock>, public StoredList {
 public:
     // No model: only good to be assigned to.
     StockList() = default;
     explicit StockList(const prtmodel* model) { init(model); }
     StockList(const StockList&) = delete;
-    // Takes over copies of the stocks, the model and what is remembered of the last load or save.
+    // Takes over copies of the stocks, the model and what is remembered of the last load or save. A
+    // copy that lacks something is not saved.
     StockList& operator=(const StockList& other);
 
     // Takes a model, and puts the user's stock with the model's default label at the head.
@@ -41,16 +43,8 @@ public:
     // Adds one stock; see Stock::Load.
     bool LoadForm(prtreg& registry, const OString& prefix);
 
-    // Writes the stocks, and deletes stored ones that are gone: all of it or nothing. False, with
-    // nothing written, when the list is as it was at the last load or save, and on failure; a list
-    // that was not stored is still a changed one.
-    bool Save(const prtmodel* model) const;
-
-    // Whether the list is as it was at the last load or save.
-    bool IsStored() const { return GetCRC32(0) == checksum_; }
-
-    // What is stored stays: nothing is saved until the list is loaded again.
-    void KeepStored() { whole_ = false; }
+    // Writes the stocks, and deletes stored ones that are gone: all of it or nothing.
+    SaveResult Save(const prtmodel* model) const;
 
     // ---- Exchange -------------------------------------------------------------------------------
 
@@ -63,28 +57,29 @@ public:
     int Export(OFile& file) const;
 
     // Adds the stocks of all blocks of a file, which is read from its start; their number. A record
-    // may be blob text or plain Base64. A block whose record is not 28 bytes long, and one without
-    // an end, is left out. A line "Protected=true" makes the stocks of the records behind it, in
-    // this and the following blocks, uneditable, any other "Protected" editable. The number is not
-    // looked at.
+    // may be blob text or plain Base64. A block whose record is not 28 bytes long, one without an
+    // end, and one without a name or with one that is too long to be stored, is left out. A line
+    // "Protected=true" makes the stocks of the records after it, in this and the following blocks,
+    // uneditable, any other "Protected" editable. `reserved` is not looked at.
     int Import(OFile& file, int reserved);
 
     // Adds the stocks of a binary file as old drivers wrote it, from where it stands: "KFM1", the
-    // size of a record (4 bytes), and records of 28 bytes with the 8-bit name behind them. Their
-    // number; 0 for any other file.
+    // size of a record (4 bytes), and records of 28 bytes with the 8-bit name after them. Their
+    // number, without those that have no name; 0 for any other file.
     int ImportKFM1(OFile& file);
 
     // ---- Use ------------------------------------------------------------------------------------
 
-    // Sorts the list, leaves one stock of each name and gives new paper ids. Of two of one name the
-    // later one stays when the earlier can be deleted or the later is the user's or the server's;
-    // else the earlier one. Always true.
+    // Sorts the list by the UTF-16 units of the names (which is the order of their bytes in UTF-8),
+    // leaves one stock of each name and gives new paper ids. Of two of one name the later one stays
+    // when the earlier can be deleted or the later is the user's or the server's; else the earlier
+    // one. Always true.
     bool Validate();
 
-    // The next valid stock behind one, the first for null; null at the end.
+    // The next valid stock after one, the first for null; null at the end.
     Stock* GetNextValid(const Stock* after) const;
 
-    // The first valid stock with a name (by case) or a paper id; null when there is none.
+    // The first valid stock with this very name or a paper id; null when there is none.
     Stock* Find(const OString& name) const;
     Stock* Find(int16_t paper_id) const;
 
@@ -105,6 +100,4 @@ private:
     void NumberStocks();
 
     const prtmodel* model_ = nullptr;
-    mutable uint32_t checksum_ = 0;
-    bool whole_ = true; // nothing that is stored was missed
 };

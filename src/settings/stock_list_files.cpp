@@ -20,6 +20,10 @@ bool ReadRecord(const OString& text, Stock& stock) {
     return stock.SetRecord(bytes.GetData(), bytes.GetSize());
 }
 
+bool CanBeStored(const Stock& stock) {
+    return !stock.GetName().IsEmpty() && ORegistry::CanStore(stock.GetName());
+}
+
 OString RecordText(const Stock& stock) {
     OBuffer<char> bytes;
     OString text;
@@ -54,8 +58,11 @@ int StockList::Import(OFile& file, int) {
         } else if (!stock) {
             continue;
         } else if (line == SettingsBlocks::BLOCK_END) {
-            AddTail(stock.release());
-            ++blocks;
+            if (CanBeStored(*stock)) {
+                AddTail(stock.release());
+                ++blocks;
+            }
+            stock.reset();
         } else if (reader.Key() == "Name") {
             stock->SetName(reader.Value());
         } else if (reader.Key() == "Protected") {
@@ -92,6 +99,7 @@ int StockList::ImportKFM1(OFile& file) {
         stock->SetName(record.GetData() + sizeof(StockRecord));
         stock->set_predefined(false);
         stock->set_global(true);
+        if (!CanBeStored(*stock)) continue;
         AddTail(stock.release());
         ++stocks;
     }

@@ -71,13 +71,12 @@ void prtui::Settings_Load() {
 
 bool prtui::Settings_Save() {
     if (!model || !is_whole) return false;
-    presets.Save(model.get());
-    stocks.Save(model.get());
-    const bool fonts_stored = fonts.Save(model.get());
-    // Saving an unchanged list would undo changes that others have made meanwhile.
-    if (data_fonts.IsModified()) data_fonts.Save(model.get());
+    bool stored = presets.Save(model.get()) != SaveResult::FAILED;
+    stored &= stocks.Save(model.get()) != SaveResult::FAILED;
+    stored &= fonts.Save(model.get()) != SaveResult::FAILED;
+    stored &= data_fonts.Save(model.get()) != SaveResult::FAILED;
     if (commit_shadow) CommitShadow(PrinterInfo(hprinter).GetPrinterName());
-    return presets.IsStored() && stocks.IsStored() && fonts_stored && !data_fonts.IsModified();
+    return stored;
 }
 
 void prtui::Settings_Export(const WCHAR* file, int contents, KDSettingsResult* result) {
@@ -106,7 +105,11 @@ void prtui::AddBuiltInPresets() {
             preset->SetToDefaultDevMode(model.get());
         preset->SetName(locale.GetString(name));
         preset->SetDescription(locale.GetString(description));
-        presets.AddTail_ReplaceName(preset);
+        // Without a language library they have no names. They must not replace each other then.
+        if (preset->GetName().IsEmpty())
+            presets.AddTail(preset);
+        else
+            presets.AddTail_ReplaceName(preset);
     };
     add(Preset::CURRENT_SETTINGS, Preset::CURRENT_SETTINGS_PRIORITY, TEXT_CURRENT_SETTINGS,
         TEXT_ABOUT_CURRENT_SETTINGS);

@@ -58,16 +58,16 @@ public:
     // Reads the resource unless that was done. False if it cannot be read.
     bool LoadFileVersionInfo() { return version_.Load(); }
 
-    // The settings for objects that are kept in the printer. Here there are none, for a language
-    // that keeps no objects.
+    // The settings on the page of the object cache. Here none, for a language without such objects.
     virtual void GetCacheParameters(CacheParameters& parameters) const;
 
-    // The questions of a font's download to the user. Without a printer language there are none,
+    // The questions of the dialog for a font's download. Without a printer language there are none,
     // and nothing is changed here.
     virtual void ChooseFontSettings(CFontSettings* settings);
     // Asks the printer which fonts it has and marks the list accordingly. `page` is the page that
     // asks, null outside of a sheet. False, with all fonts marked as missing, if the printer cannot
-    // be asked. Here always false, with the list unchanged.
+    // be asked: the caller then restores a copy of the list, so that the marks are not stored. Here
+    // always false, with the list unchanged.
     virtual bool VerifyFonts(prtpage* page);
     // Whether downloaded fonts can be compared with those that the printer reports; here never.
     virtual bool EnableVerifyFonts(prtstream& stream);
@@ -86,9 +86,9 @@ public:
     // The name of an action for the user, or empty if it has none.
     virtual OString PrinterActionName(printer_action action);
 
-    // Starts the status monitor's program, which opens or closes its window for a printer (`verb`
-    // "open" or "close"). `server` is the name of the printer's machine, empty for this one. Does
-    // not wait for it; a failure to start it is not reported.
+    // For the page of the status monitor: starts its program, which opens or closes its window for
+    // a printer (`verb` "open" or "close"). `server` is the name of the printer's machine, empty
+    // for this one. Does not wait for it; a failure to start it is not reported.
     static void rundll_statusmonitor(const OString& printer, const OString& server,
                                      const OString& verb, int show);
 
@@ -121,8 +121,9 @@ public:
     LONG ReasonSetResult(PROPSHEETUI_INFO* info, const SETRESULT_INFO* result,
                          const DOCUMENTPROPERTYHEADER* header);
 
-    // Apply makes the edited settings those to return to and tells the sheet that the user is done;
-    // Cancel tells it that the user gave up. False if the sheet refuses, true outside of a sheet.
+    // For the pages: Apply makes the edited settings those to return to and tells the sheet that
+    // the user is done; Cancel tells it that the user gave up. False if the sheet refuses, true
+    // outside of a sheet.
     bool Apply();
     bool Cancel();
 
@@ -130,7 +131,8 @@ public:
     // settings.
     bool is_default_dm() const;
 
-    // The driver's answer, through the system, for this printer and the edited settings.
+    // For the pages: the driver's answer, through the system, for this printer and the edited
+    // settings.
     uint32_t DeviceCapabilitiesW(WORD capability, unsigned char* output) const;
 
     // Reads the lists again, after asking the printer's server for news (CreateShadow). The presets

@@ -59,13 +59,14 @@ struct extconfig : prtconfig {
     // model without a resolution has no such limits, and they stay as they are.
     void Validate(const prtmodel* model);
 
-    // The darkness in force: the absolute one (0 to 30) or the relative one (-30 to 30).
+    // For the page of the options: the darkness in force, the absolute one (0 to 30) or the
+    // relative one (-30 to 30).
     int GetDarkness() const;
     void SetDarkness(int darkness);
     bool IsAbsoluteDarkness() const { return (setting_flags & SETTING_ABSOLUTE_DARKNESS) != 0; }
     void SetAbsoluteDarkness(bool absolute);
 
-    // The printer waits after each cut; only with PRINT_CUTTER.
+    // For the page of the options: the printer waits after each cut; only with PRINT_CUTTER.
     bool get_pauseaftercut() const;
 
     // The text that the speed command carries for a speed: that of the first table entry with this

@@ -32,9 +32,9 @@ public:
     void reset_mode();
 
 private:
-    static constexpr char CONTROL_PREFIX = '~';
-    static constexpr char FORMAT_PREFIX = '^';
+    static constexpr char kControlPrefix = '~';
+    static constexpr char kFormatPrefix = '^';
 
-    char control_prefix_ = CONTROL_PREFIX;
-    char format_prefix_ = FORMAT_PREFIX;
+    char control_prefix_ = kControlPrefix;
+    char format_prefix_ = kFormatPrefix;
 };

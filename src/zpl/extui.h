@@ -37,7 +37,7 @@ public:
 
     void PrinterAction(prtpage* page, printer_action action) override;
 
-    // ---- The work behind the dialogs, for a model that exists.
+    // ---- The work of the dialogs, and of programs in their place, for a model that exists.
 
     // Runs in a job named after the work. `memory` is the letter of the memory. Except for PRINT,
     // the rendering module forgets the objects it has stored there.

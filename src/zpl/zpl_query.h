@@ -38,8 +38,9 @@ public:
     ZPLQuery(const ZPLQuery&) = delete;
     ZPLQuery& operator=(const ZPLQuery&) = delete;
 
-    // Asks the questions of a mask. False, with nothing known, if the mask has no questions or the
-    // printer cannot be asked. Missing answers and those that make no sense are left out.
+    // Asks the questions of a mask, once no other query is running on this machine. False, with
+    // nothing known, if the mask has no questions or the printer cannot be asked. No job is made if
+    // its port has no way back. Missing answers and those that make no sense are left out.
     bool RunQuery(int mask);
 
     // The entries are as ReadFileList ("E:LOGO.GRF;1234;P") and ReadConfigurationList ("PRINT
@@ -55,8 +56,9 @@ private:
     const HWND parent_;
 };
 
-// Asks a printer with a battery for its readings. The names of the job and of the question are in
-// the user's language (texts 10494 and 10495). False if the printer cannot be asked. A reading that
-// was not answered is empty.
+// For the power management page: asks a printer with a battery for its readings. The names of the
+// job and of the question are texts in the user's language (TEXT_POWER_QUERY_JOB and
+// TEXT_POWER_QUERY). False if the printer cannot be asked, as with RunQuery. A reading that was not
+// answered is empty.
 bool RunPowerQuery(HWND parent, extstream& stream, const OString& job_name,
                    const OString& query_name, PowerReadings& readings);

@@ -41,11 +41,6 @@ public:
         state_ = state_ * 1664525u + 1013904223u;
         return static_cast<uint8_t>(state_ >> 24);
     }
-    Bytes Take(size_t size) {
-        Bytes bytes(size);
-        for (uint8_t& byte : bytes) byte = Byte();
-        return bytes;
-    }
 
 private:
     uint32_t state_;
@@ -66,8 +61,6 @@ void Require(bool good, const std::string& what);
 inline DEVMODEW* DevModeIn(Bytes& bytes) {
     return reinterpret_cast<DEVMODEW*>(bytes.data());
 }
-
-void AskDevModes(const Module& module);
 
 // Installs the module and the files of the folder `product` as the drivers of some models. Returns
 // the installed module's path.

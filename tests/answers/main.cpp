@@ -65,7 +65,6 @@ int main(int count, char** arguments) {
         return 2;
     }
     const Module module(InstallDriver(WidePath(arguments[1]), WidePath(arguments[2])).c_str());
-    AskDevModes(module);
     AskPrinters(module);
     return 0;
 }

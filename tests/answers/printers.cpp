@@ -91,32 +91,6 @@ Bytes Meaning(const DEVMODEW* dev_mode) {
     return bytes;
 }
 
-std::vector<std::string> Split(const std::string& text, const std::string& between) {
-    std::vector<std::string> parts;
-    for (size_t start = 0; start < text.size();) {
-        const size_t end = std::min(text.find(between, start), text.size());
-        parts.push_back(text.substr(start, end - start));
-        start = end + between.size();
-    }
-    return parts;
-}
-
-std::string JoinSorted(std::vector<std::string> parts) {
-    std::sort(parts.begin(), parts.end());
-    std::string text;
-    for (const std::string& part : parts) text += part + '\n';
-    return text;
-}
-
-// A settings file with its blocks and their lines sorted, as each system lists stored objects in an
-// order of its own.
-Bytes Sorted(const Bytes& file) {
-    std::vector<std::string> blocks = Split({file.begin(), file.end()}, "\r\n\r\n");
-    for (std::string& block : blocks) block = JoinSorted(Split(block, "\r\n"));
-    const std::string text = JoinSorted(blocks);
-    return {text.begin(), text.end()};
-}
-
 class Printer {
 public:
     Printer(const Module& module, const char* name, HANDLE printer)
@@ -213,11 +187,20 @@ private:
             Tell(what + " is called", name, 2 * static_cast<size_t>(std::clamp(length, 0, 79)));
         }
         EXPORT(module_, DAL_Settings_Export)(settings, kExported, 0xFFFF);
-        Tell(name_ + " exports", Sorted(FileOf(kExported)));
+        TellLines("exports", FileOf(kExported));
         EXPORT(module_, DAL_Settings_Import)(settings, kExported, 0xFFFF);
         EXPORT(module_, DAL_Settings_Export)(settings, kExported, DAL_SETTINGS_STOCKS);
-        Tell(name_ + " exports what it has imported", Sorted(FileOf(kExported)));
+        TellLines("exports what it has imported", FileOf(kExported));
         EXPORT(module_, DAL_Printer_Close)(settings);
+    }
+
+    // An answer for each line: every system lists what is stored in an order of its own.
+    void TellLines(const std::string& what, const Bytes& file) const {
+        for (auto line = file.begin(); line != file.end();) {
+            const auto end = std::find(line, file.end(), '\n');
+            Tell(name_ + " " + what, Bytes(line, end));
+            line = end == file.end() ? end : end + 1;
+        }
     }
 
     static Bytes FileOf(const WCHAR* path) {

@@ -150,6 +150,8 @@ TEST_F(FontsThreads, AreReachedByPrograms) {
 
 TEST_F(FontsThreads, AreRefusedWithAReason) {
     Install("Dock3", "FILE:");
+    EXPECT_EQ(Run({"install", "Dock4", "--model", "Valdrick X4 600 dpi"}).status, 0);
+    EXPECT_EQ(Run({"fonts", "add", "Dock3", "DejaVu Sans", "--file", "mine"}).status, 0);
     const struct {
         std::vector<std::string> words;
         int status;
@@ -166,6 +168,7 @@ TEST_F(FontsThreads, AreRefusedWithAReason) {
         {{"forget", "Dock3"}, 2},
         {{"list", "Nowhere"}, 1},
         {{"verify", "Dock3"}, 1},
+        {{"add", "Dock4", "DejaVu Sans", "--bitmap", "144"}, 1},
     };
     for (const auto& c : cases) {
         std::vector<std::string> words = {"fonts"};
@@ -174,7 +177,8 @@ TEST_F(FontsThreads, AreRefusedWithAReason) {
         EXPECT_EQ(result.status, c.status) << c.words.back();
         EXPECT_EQ(std::count(result.errors.begin(), result.errors.end(), '\n'), 1) << result.errors;
     }
-    EXPECT_EQ(Listed("list"), "");
+    EXPECT_EQ(Listed("list"), "R:mine.FNT sent;") << "nobody could say that it is missing";
+    EXPECT_EQ(Run({"fonts", "list", "Dock4"}).output, "");
 }
 
 } // namespace

@@ -3,7 +3,6 @@
 #include "companions/emulator_test.h"
 
 #include <filesystem>
-#include <set>
 
 namespace {
 
@@ -36,22 +35,6 @@ protected:
         for (std::thread& client : clients) client.join();
     }
 };
-
-TEST_F(PrintingThreads, LoseAndMixNothingInTheSpooler) {
-    Install("Dock3", "FILE:");
-    PrintAll("Dock3");
-    std::multiset<std::string> wanted, printed;
-    for (int client = 0; client < kClients; ++client)
-        for (int job = 0; job < kJobs; ++job) wanted.insert(Label(client, job));
-    const ProgramResult jobs = Run({"jobs", "Dock3", "--json"});
-    std::set<int> numbers;
-    for (const Json& job : Json::parse(jobs.output)) {
-        numbers.insert(job["id"].get<int>());
-        printed.insert(BytesOf(job["file"].get<std::string>()));
-    }
-    EXPECT_EQ(numbers.size(), wanted.size());
-    EXPECT_TRUE(printed == wanted);
-}
 
 TEST_F(PrintingThreads, LoseAndMixNothingOnTheWayToThePrinter) {
     Install("Dock3", Port());

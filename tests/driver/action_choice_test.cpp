@@ -1,23 +1,17 @@
 // Actions that open a dialog, done by programs with a choice in words.
 #include "driver/action_choice.h"
 
-#include <filesystem>
-
 #include "core/ofile.h"
-#include "spooler/driver_utility.h"
-#include "support/build_folders.h"
 #include "support/job_test.h"
-#include "ui/prtui.h"
+#include "zplui.h"
 
 using ActionChoice = JobTest;
 
 TEST_F(ActionChoice, DoesWhatWouldBeChosenInTheDialog) {
     Install({.model = "Resolution=203\nStock.Default.X=4 in\nStock.Default.Y=6 in\n",
              .features = "~Memory.Options=E\n"});
-    const std::string folder = Text(DriverUtility::GetDriverDirectory()).substr(3);
-    std::filesystem::copy_file(Built("/product/zplvenu.dll"), OnDriveC(folder + "\\zplvenu.dll"));
-    const std::unique_ptr<prtui> ui(prtui::new_ext());
-    ui->init(printer(), nullptr, 0);
+    InstallLanguage();
+    const auto ui = OpenUI();
     WriteFile("labels\\one.prn", "^XA^FDone^XZ");
     const auto format = [](const std::string& command) {
         return "^XA\r\n" + command + "\r\n^XZ\r\n";
@@ -58,6 +52,15 @@ TEST_F(ActionChoice, DoesWhatWouldBeChosenInTheDialog) {
         EXPECT_EQ(TakeJobs(), c.jobs) << c.choice;
     }
     EXPECT_FALSE(OFile::Exists("C:\\labels\\two.prn"));
+    // Through the exports, with a name that is cut to the room for it.
+    WCHAR name[5] = {};
+    EXPECT_EQ(DAL_Action_Name(ui.get(), DAL_ACTION_SEND_FILE, name, 5), 9);
+    EXPECT_STREQ(OString(name).nstring(), "Send");
+    EXPECT_FALSE(DAL_Action_Run(ui.get(), DAL_ACTION_SEND_FILE, TEXT("C:\\labels\\two.prn")));
+    EXPECT_TRUE(DAL_Action_Run(ui.get(), DAL_ACTION_SEND_FILE, TEXT("C:\\labels\\one.prn")));
+    EXPECT_EQ(TakeJobs().size(), 1u);
+    EXPECT_FALSE(DAL_Action_Run(ui.get(), 0, nullptr));
+    EXPECT_FALSE(DAL_Query_Run(ui.get(), 1, nullptr, nullptr));
     // As they were set last.
     prtreg registry = Registry();
     EXPECT_EQ(registry.GetByte("Settings:Enable Sleep", 9), 0);

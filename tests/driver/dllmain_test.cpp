@@ -44,18 +44,20 @@ TEST_F(Attach, MakesTheCachesAndDetachFreesThem) {
     EXPECT_EQ(DriverUtility::GetModuleHandle(), module);
     EXPECT_FALSE(winNT) << "a folder without a version";
     EXPECT_TRUE(OResourceCache::GetResourceFile("C:\\none.ddt"));
-    ModelDataCache().SetData("key", "data", 4);
-    EXPECT_EQ(ModelDataCache().GetDataSize("key"), 4u);
+    const ModelDataOwner owner{"Dock 3", "Model 1"};
+    ModelDataCache().Synchronize(owner);
+    ModelDataCache().SetData(owner, "key", "data", 4);
+    EXPECT_EQ(ModelDataCache().GetDataSize(owner, "key"), 4u);
 
     const DWORD thread_attach = 2;
     const DWORD thread_detach = 3;
     EXPECT_TRUE(DllInitialize(module, thread_attach, nullptr));
     EXPECT_TRUE(DllInitialize(module, thread_detach, nullptr));
-    EXPECT_EQ(ModelDataCache().GetDataSize("key"), 4u);
+    EXPECT_EQ(ModelDataCache().GetDataSize(owner, "key"), 4u);
 
     EXPECT_TRUE(DllInitialize(module, DLL_PROCESS_DETACH, nullptr));
     EXPECT_FALSE(OResourceCache::GetResourceFile("C:\\none.ddt"));
-    EXPECT_EQ(ModelDataCache().GetDataSize("key"), 0u);
+    EXPECT_EQ(ModelDataCache().GetDataSize(owner, "key"), 0u);
 }
 
 TEST_F(Attach, KnowsThePlatformFromTheFolderThatTheModuleWasLoadedFrom) {

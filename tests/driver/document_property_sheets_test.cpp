@@ -112,7 +112,7 @@ TEST_F(DocumentSettings, OfDamagedOnesAreSoundAgain) {
         for (const WORD extra : extras) {
             for (const WORD tail : tails) {
                 SCOPED_TRACE(testing::Message() << size << " + " << extra << ", tail " << tail);
-                // Exactly the bytes that it tells of: a look behind them is noticed.
+                // Exactly the bytes that it tells of: a look past them is noticed.
                 ForeignDevMode foreign(size, extra, "Dock 3");
                 for (size_t i = 72; i < foreign.bytes.size(); ++i)
                     foreign.bytes[i] = static_cast<char>(random());
@@ -181,6 +181,9 @@ TEST_F(DocumentPropertySheets, AnswerAsTheHeaderAsks) {
     EXPECT_EQ(DrvDocumentPropertySheets(nullptr, 0), 0);
     SkipUnderWine("the spooler gives every printer a DEVMODE");
     EXPECT_EQ(std::memcmp(out.data(), expected.GetDevMode(), DEV_MODE_SIZE), 0);
+    WCHAR name[] = TEXT("Dock 3");
+    header.hPrinter = nullptr; // and a name, as some spoolers ask
+    header.pszPrinterName = name;
     header.cbOut = 1508;
     header.fMode = DM_OUT_BUFFER | DM_IN_BUFFER | DM_IN_PROMPT; // without an input
     out.assign(DEV_MODE_SIZE, 'x');

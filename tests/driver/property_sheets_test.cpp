@@ -9,7 +9,6 @@
 #include "support/dev_mode_test.h"
 #include "support/job_test.h"
 #include "support/staged_driver_test.h"
-#include "ui/version_info.h"
 #include "zplui.h"
 
 namespace {
@@ -205,23 +204,4 @@ TEST(SheetsOfThePrintersFolder, AreKnownByThePathOfTheProgram) {
                                                   {"C:\\iexplore.exe", false},
                                                   {"", false}};
     for (const auto& [path, is] : cases) EXPECT_EQ(IsExplorer(path), is) << path;
-}
-
-TEST(CopyrightNotice, TellsItsYears) {
-    const struct {
-        const char* text;
-        int32_t start, end;
-    } cases[] = {{"(c) 2001-2004 Maker", 2001, 2004},
-                 {"(c) 2004 Maker", 2004, 2004},
-                 {"1999-20", 1999, 20},
-                 {"2004-", 2004, 0},
-                 {"19", 19, 19},
-                 {"Maker", 0, 0},
-                 {"", 0, 0},
-                 {"v3 1998, 2004", 1998, 1998}};
-    for (const auto& c : cases) {
-        const CopyrightYears years = ReadCopyrightYears(c.text);
-        EXPECT_EQ(years.start, c.start) << c.text;
-        EXPECT_EQ(years.end, c.end) << c.text;
-    }
 }

@@ -110,19 +110,20 @@ TEST_F(DataFonts, OfOneNameReplaceEachOtherInPlace) {
 }
 
 TEST_F(DataFonts, AreStoredAsOneBlobEach) {
-    fonts_.AddTail(BarCode("50%/\\:", 0)); // sorted, as some registries list them
+    fonts_.AddTail(BarCode("50%/%5C:", 0)); // sorted, as some registries list them
+    fonts_.AddTail(BarCode("50%/\\:", 0));
     fonts_.AddTail(BarCode("QR", 18));
     fonts_.AddTail(Rfid("Tag"));
     fonts_.AddTail(BarCode(""));
     prtreg registry = Registry();
     registry.SetBinary("DATA:Data Fonts/Old/Data", "x", 1);
     EXPECT_TRUE(fonts_.IsModified());
-    EXPECT_TRUE(fonts_.Save(model_.get()));
+    EXPECT_EQ(fonts_.Save(model_.get()), SaveResult::STORED);
     EXPECT_FALSE(fonts_.IsModified());
     EXPECT_EQ(registry.GetSize("DATA:Data Fonts/QR/Data"), 168);
     EXPECT_EQ(registry.GetSize("DATA:Data Fonts/Tag/Data"), 228);
     EXPECT_EQ(registry.GetSize("DATA:Data Fonts/Old/Data"), -1) << "no longer in the list";
-    EXPECT_EQ(Stored(), "50%/\\::1 QR:2 Tag:3") << "one without a name has no key";
+    EXPECT_EQ(Stored(), "50%/%5C::1 50%/\\::1 QR:2 Tag:3") << "one without a name has no key";
 
     std::string blobs = BarCodeBlob(18, "QR");
     DataFontManager two;
@@ -212,6 +213,7 @@ TEST_F(DataFonts, AreImportedFromBlocks) {
         {"RFID", Block("RFID", RfidBlob(8)) + Block(bar, good), RFIDS, 1, "blob:3"},
         {"RFID of another size", Block("RFID", good), RFIDS, 1, "a:3"},
         {"a tag that is not written", Block("RFID", RfidBlob(16)), RFIDS, 0, ""},
+        {"no name", "<font type='Bar Code'>\nName=\"\"\n</font>\n", BAR_CODES, 0, ""},
         {"nothing", "", BAR_CODES, 0, ""},
     };
     for (const auto& c : cases) {
@@ -263,7 +265,7 @@ TEST_F(DataFonts, AreReadFromTheBinaryFilesOfOldDrivers) {
 TEST_F(DataFonts, OfTheDefaultSettingsFileJoinThePrinters) {
     fonts_.AddTail(BarCode("BLOB"));
     fonts_.AddTail(BarCode("mine"));
-    fonts_.Save(model_.get());
+    EXPECT_EQ(fonts_.Save(model_.get()), SaveResult::STORED);
     model_->InstallDefault_BarFonts();
     EXPECT_EQ(Stored(), "BLOB:1 mine:1") << "there is no such file";
     const std::string folder = Text(DriverUtility::GetDriverDirectory()).substr(3);

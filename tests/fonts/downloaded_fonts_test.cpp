@@ -60,14 +60,22 @@ TEST_F(DownloadedFonts, ComeBackFromTheRegistryInTheirOrder) {
     font.font = Face("Arial \xE9", -700, FF_SWISS, true);
     font.font.lfCharSet = RUSSIAN_CHARSET;
     fonts_.GetNext(nullptr)->status = DownloadedFont::PRESENT;
-    fonts_.Save(model_.get());
+    EXPECT_EQ(fonts_.Save(model_.get()), SaveResult::STORED);
     EXPECT_EQ(Registry().GetDWORD("Fonts:Downloaded Font 13:: Point Size", 0), 125u);
     EXPECT_EQ(Registry().GetDWORD("DATA:Downloaded Fonts/Downloaded Font Total", 0), 13u);
 
-    prtdttf_list loaded;
+    prtdttf_list loaded, copy;
     loaded.AddTail(new DownloadedFont);
     loaded.Load(model_.get());
     ASSERT_EQ(Count(loaded), 13);
+
+    // What others stored meanwhile stays unless something changes here.
+    copy = loaded;
+    Registry().SetDWORD("Fonts:Downloaded Font Total", 1);
+    EXPECT_EQ(copy.Save(model_.get()), SaveResult::UNCHANGED);
+    copy.GetNext(nullptr)->font.lfFaceName[0] = 0x416;
+    EXPECT_EQ(copy.Save(model_.get()), SaveResult::STORED);
+    EXPECT_EQ(Registry().GetDWORD("Fonts:Downloaded Font Total", 0), 13u);
     EXPECT_EQ(loaded.GetNext(nullptr)->status, DownloadedFont::SENT) << "nobody has looked since";
     EXPECT_EQ(Text(loaded.GetNext(nullptr)->GetFileName()), "FILE0.FNT");
     const auto& last = *static_cast<DownloadedFont*>(loaded.GetTail());
@@ -89,7 +97,7 @@ TEST_F(DownloadedFonts, ComeBackFromTheRegistryInTheirOrder) {
 TEST_F(DownloadedFonts, LoadWhatADamagedRegistryStillHas) {
     Add("ONE.FNT");
     Add("TWO.FNT");
-    fonts_.Save(model_.get());
+    EXPECT_EQ(fonts_.Save(model_.get()), SaveResult::STORED);
     prtreg registry = Registry();
     registry.SetDWORD("Fonts:Downloaded Font Total", 0xFFFFFFFF);
     registry.SetBinary("Fonts:Downloaded Font 01:: FontInfo", std::string(201, 'x').data(), 201);

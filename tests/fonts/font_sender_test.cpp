@@ -124,6 +124,28 @@ TEST_F(FontSender, SendsNothingOfWhatItCannotHave) {
     EXPECT_EQ(JobOf(letter, DownloadBitmapFont).find(",N,"), std::string::npos);
 }
 
+TEST_F(FontSender, RefusesCharactersThatAreTooLargeBeforeAnythingIsSent) {
+    Replace({.model = "Resolution=600\nStock.Default.X=4 in\nStock.Default.Y=6 in\n",
+             .font = "Download.Bitmap=yes\nDownload.Bitmap.Orientation=0,90\n"});
+    ui_.reset(prtui::new_ext());
+    ui_->init(printer(), nullptr, 0);
+    const struct {
+        uint16_t point_size;
+        const char* characters;
+        FontSent sent;
+    } cases[] = {{400, "iW", FontSent::SENT},
+                 {1440, "i", FontSent::SENT},
+                 {1440, "iW", FontSent::TOO_LARGE}};
+    for (const auto& c : cases) {
+        DownloadedFont font(Font(DownloadedFont::BITMAP, c.characters));
+        font.point_size = c.point_size;
+        font.status = DownloadedFont::MISSING;
+        EXPECT_EQ(SendFont(font, *ui_->stream), c.sent) << c.point_size << c.characters;
+        EXPECT_EQ(font.status == DownloadedFont::SENT, c.sent == FontSent::SENT);
+        EXPECT_EQ(TakeJobs().size(), c.sent == FontSent::SENT ? 1u : 0u);
+    }
+}
+
 TEST_F(FontSender, SendsAgainWhatMayBeMissing) {
     prtdttf_list fonts;
     for (const uint16_t status :
@@ -134,7 +156,7 @@ TEST_F(FontSender, SendsAgainWhatMayBeMissing) {
                       std::string(1, static_cast<char>('a' + status)).c_str());
         fonts.AddTail(font);
     }
-    ReDownloadAll(fonts, *ui_->stream, ui_->model.get());
+    EXPECT_FALSE(ReDownloadAll(fonts, *ui_->stream, ui_->model.get()).too_large);
     std::string names;
     for (const auto& job : TakeJobs()) {
         names += job.name;

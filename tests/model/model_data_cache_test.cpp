@@ -9,19 +9,24 @@
 
 namespace {
 
+const ModelDataOwner kOwner{"P", "A", 5};
+
 class ModelDataCacheTest : public ::testing::Test {
 protected:
-    ModelDataCacheTest() { ModelDataCache::Initialize(); }
+    ModelDataCacheTest() {
+        ModelDataCache::Initialize();
+        cache.Synchronize(kOwner);
+    }
     ~ModelDataCacheTest() override { ModelDataCache::Free(); }
 
-    void Set(const char* key, const std::string& data) {
-        cache.SetData(key, data.data(), static_cast<uint32_t>(data.size()));
+    void Set(const ModelDataOwner& owner, const std::string& data) {
+        cache.SetData(owner, "R", data.data(), static_cast<uint32_t>(data.size()));
     }
 
     // "(none)" when GetData refuses.
-    std::string Get(const char* key, uint32_t size) {
+    std::string Get(const ModelDataOwner& owner, uint32_t size, const char* name = "R") {
         std::string data(size, '?');
-        if (cache.GetData(key, data.data(), size)) return data;
+        if (cache.GetData(owner, name, data.data(), size)) return data;
         EXPECT_EQ(data, std::string(size, '?')) << "a refused read wrote to the buffer";
         return "(none)";
     }
@@ -34,40 +39,42 @@ using ModelDataCacheThreads = ModelDataCacheTest;
 } // namespace
 
 TEST_F(ModelDataCacheTest, KeepsACopyOfTheLatestRecordAndDoesNotReadBeyondIt) {
-    EXPECT_EQ(Get("P:A", 4), "(none)");
-    EXPECT_EQ(cache.GetDataSize("P:A"), 0u);
+    EXPECT_EQ(Get(kOwner, 4), "(none)");
+    EXPECT_EQ(cache.GetDataSize(kOwner, "R"), 0u);
     std::string data = "first";
-    Set("P:A", data);
+    Set(kOwner, data);
     data = "other";
-    EXPECT_EQ(Get("P:A", 5), "first");
-    Set("P:A", "second one");
-    EXPECT_EQ(ModelDataCache().GetDataSize("P:A"), 10u);
-    EXPECT_EQ(Get("P:A", 6), "second");
-    EXPECT_EQ(Get("P:A", 11), "(none)");
-    EXPECT_EQ(Get("p:a", 6), "(none)");
-    Set("P:A", "");
-    EXPECT_EQ(Get("P:A", 0), "");
-    EXPECT_EQ(Get("P:A", 1), "(none)");
+    EXPECT_EQ(Get(kOwner, 5), "first");
+    Set(kOwner, "second one");
+    EXPECT_EQ(ModelDataCache().GetDataSize(kOwner, "R"), 10u);
+    EXPECT_EQ(Get(kOwner, 6), "second");
+    EXPECT_EQ(Get(kOwner, 11), "(none)");
+    EXPECT_EQ(Get(kOwner, 6, "r"), "(none)");
+    Set(kOwner, "");
+    EXPECT_EQ(Get(kOwner, 0), "");
+    EXPECT_EQ(Get(kOwner, 1), "(none)");
 }
 
-TEST_F(ModelDataCacheTest, ForgetsEverythingWhenTheStampChangesAndWithoutAStore) {
-    for (const uint32_t stamp : {5u, 4u}) {
-        cache.Synchronize(stamp);
-        EXPECT_EQ(Get("P:A", 1), "(none)");
-        Set("P:A", "1");
-        cache.Synchronize(stamp);
-        EXPECT_EQ(Get("P:A", 1), "1");
+TEST_F(ModelDataCacheTest, HasOneOwnerForAPrinterAndNoneWithoutAStore) {
+    const ModelDataOwner neighbour{"Q", "A", 7};
+    cache.Synchronize(neighbour);
+    Set(neighbour, "1");
+    for (const ModelDataOwner& other : {ModelDataOwner{"P", "A", 4}, {"P", "B", 4}, kOwner}) {
+        Set(kOwner, "1");
+        EXPECT_EQ(Get(other, 1), "(none)");
+        cache.Synchronize(other);
+        EXPECT_EQ(Get(other, 1), "(none)");
+        Set(other, "2");
+        cache.Synchronize(other);
+        EXPECT_EQ(Get(other, 1), "2");
     }
-    cache.SetData("P:B", "1", 1, 5);
-    EXPECT_EQ(Get("P:B", 1), "(none)") << "built before the stamp changed";
-    cache.SetData("P:B", "1", 1, 4);
-    EXPECT_EQ(Get("P:B", 1), "1");
+    EXPECT_EQ(Get(neighbour, 1), "1");
     ModelDataCache::Free();
-    Set("P:A", "1");
-    cache.Synchronize(1);
-    EXPECT_EQ(Get("P:A", 1), "(none)");
+    cache.Synchronize(kOwner);
+    Set(kOwner, "1");
+    EXPECT_EQ(Get(kOwner, 1), "(none)");
     ModelDataCache::Initialize();
-    EXPECT_EQ(Get("P:A", 1), "(none)");
+    EXPECT_EQ(Get(kOwner, 1), "(none)");
 }
 
 // Whatever the others do, a record is absent or whole.
@@ -79,13 +86,13 @@ TEST_F(ModelDataCacheThreads, NeverSeeHalfARecord) {
         threads.emplace_back([t, &torn] {
             ModelDataCache records;
             for (int round = 0; round < 500; ++round) {
-                const OString key = OString("Printer ") << round % 8 << ":ModelData";
+                const ModelDataOwner owner{OString("Printer ") << round % 8, "A"};
                 char data[kSize];
-                if (records.GetData(key, data, kSize))
+                if (records.GetData(owner, "R", data, kSize))
                     torn[t] += std::memcmp(data, data + 1, kSize - 1) != 0;
                 std::memset(data, static_cast<int>('a' + t), kSize);
-                records.SetData(key, data, kSize);
-                if (round % 50 == 0) records.Synchronize(static_cast<uint32_t>(round));
+                records.SetData(owner, "R", data, kSize);
+                records.Synchronize({owner.printer, "A", round % 50 ? 0u : 1u});
             }
         });
     for (std::thread& thread : threads) thread.join();

@@ -271,7 +271,8 @@ TEST_F(ModelData, OfTheWrongSizeInTheCacheIsBuiltAnew) {
     Install({.model = "Resolution=203\n"});
     const char other[181] = "other";
     for (uint32_t size : {4u, 179u, 181u}) {
-        ModelDataCache().SetData("Dock 3:ModelData", other, size);
+        ModelDataCache().Synchronize(Records());
+        ModelDataCache().SetData(Records(), "ModelData", other, size);
         Load();
         EXPECT_EQ(At(148, 2), 203) << size;
     }

@@ -6,6 +6,7 @@
 
 #include "model/model_data_cache.h"
 #include "spooler/printer_info.h"
+#include "support/data_file_text.h"
 #include "support/model_test.h"
 
 namespace {
@@ -112,21 +113,49 @@ TEST_F(ModelRecords, OfTheMakerFollowsTheOemCode) {
     }
 }
 
-TEST_F(ModelRecords, AreKeptPerPrinterUntilTheStampChanges) {
+TEST_F(ModelRecords, AreKeptForEachPrinterUntilItsStampOrItsModelChanges) {
     Install({.drawing = "Line=yes\n", .barcode = "Code39=yes\n"});
     Model()->GetCapabilitiesData();
     Model()->GetDriverInfo();
     Model()->GetManufacturerInfo();
     Model()->GetRFIDCapabilities();
-    ModelDataCache cache;
-    EXPECT_EQ(cache.GetDataSize("Dock 3:ModelData"), 180u);
-    EXPECT_EQ(cache.GetDataSize("Dock 3:CapabilitiesData"), 1900u);
-    EXPECT_EQ(cache.GetDataSize("Dock 3:DriverInfo"), 24u);
-    EXPECT_EQ(cache.GetDataSize("Dock 3:ManufacturerInfo"), 78u);
-    EXPECT_EQ(cache.GetDataSize("Dock 3:RFIDCapabilities"), 28u);
+    const ModelDataCache cache;
+    const auto size = [&](const char* name) { return cache.GetDataSize(Records(), name); };
+    EXPECT_EQ(size("ModelData"), 180u);
+    EXPECT_EQ(size("CapabilitiesData"), 1900u);
+    EXPECT_EQ(size("DriverInfo"), 24u);
+    EXPECT_EQ(size("ManufacturerInfo"), 78u);
+    EXPECT_EQ(size("RFIDCapabilities"), 28u);
+    // Another printer has a stamp of its own.
     ASSERT_TRUE(AddPrinter("Dock 4", "Model 1"));
     prtreg("Dock 4").SetDWORD("DATA:Model Synchronization", 5);
     std::unique_ptr<prtmodel>(prtmodel::new_ext(PrinterInfo(OString("Dock 4"))));
-    EXPECT_EQ(cache.GetDataSize("Dock 3:CapabilitiesData"), 0u);
-    EXPECT_EQ(cache.GetDataSize("Dock 4:ModelData"), 180u);
+    EXPECT_EQ(cache.GetDataSize({"Dock 4", "Model 1(QV)", 5}, "ModelData"), 180u);
+    EXPECT_EQ(size("CapabilitiesData"), 1900u);
+    Registry().SetDWORD("DATA:Model Synchronization", 6);
+    Model();
+    EXPECT_EQ(size("CapabilitiesData"), 0u);
+    EXPECT_EQ(cache.GetDataSize({"Dock 4", "Model 1(QV)", 5}, "ModelData"), 180u);
+}
+
+// As a printer that is deleted and added again, or is given another driver.
+TEST_F(ModelRecords, AreThoseOfTheDriverThatThePrinterHasNow) {
+    Install({.model = "Resolution=203\n"});
+    const auto old = Model();
+    EXPECT_EQ(old->GetXResolution(), 203);
+    WriteFile("WINDOWS\\system32\\new.ddt",
+              Record("Driver.d", "[Model 2]\nModel=Model:B\n") +
+                  Record("Model.d", "[B]\nResolution=300\n~CustomData=~CustomData:A\n"));
+    ASSERT_TRUE(AddDriver("Model 2", "newqv.ddt"));
+    WCHAR name[] = TEXT("Dock 3");
+    PRINTER_DEFAULTSW access = {nullptr, nullptr, PRINTER_ALL_ACCESS};
+    HANDLE printer = nullptr;
+    ASSERT_TRUE(OpenPrinterW(name, &printer, &access) && DeletePrinter(printer));
+    ClosePrinter(printer);
+    ASSERT_TRUE(AddPrinter("Dock 3", "Model 2"));
+    EXPECT_EQ(Model()->GetXResolution(), 300);
+    // Who still has the old model goes on with it and leaves the new one's records alone.
+    old->GetDriverInfo();
+    EXPECT_STREQ(Model()->GetDriverInfo()->prefix, "new");
+    EXPECT_STREQ(old->GetDriverInfo()->prefix, "zpl");
 }

@@ -158,18 +158,3 @@ TEST(GdiFonts, ReadEightBitTextByTheCharacterSetOfTheFont) {
         EXPECT_EQ(eight.Picture(), wide.Picture()) << int{c.charset};
     }
 }
-
-TEST(GdiObjects, AreSelectedIntoOneContextAtATime) {
-    const HDC one = CreateCompatibleDC(nullptr), two = CreateCompatibleDC(nullptr);
-    const HBITMAP bitmap = CreateBitmap(4, 4, 1, 1, nullptr);
-    const HGDIOBJ first = SelectObject(one, bitmap);
-    EXPECT_NE(first, nullptr);
-    EXPECT_EQ(SelectObject(two, bitmap), nullptr);
-    EXPECT_FALSE(DeleteObject(bitmap)) << "while it is selected";
-    EXPECT_EQ(SelectObject(one, first), bitmap);
-    EXPECT_EQ(SelectObject(two, bitmap), first) << "both began with the same one";
-    EXPECT_TRUE(DeleteDC(two));
-    EXPECT_TRUE(DeleteDC(one));
-    EXPECT_TRUE(DeleteObject(bitmap));
-    EXPECT_FALSE(DeleteObject(bitmap));
-}

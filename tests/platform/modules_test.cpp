@@ -115,23 +115,6 @@ TEST_F(ModulesLoad, TellWhyAFileIsNoModule) {
     }
 }
 
-TEST_F(ModulesLoad, HaveTheirResourcesBesideThemWhenTheyRun) {
-    Stage("module.dll", "module.dll");
-    Stage("sample.dll", "module.dll.mui");
-    const HMODULE running = LoadLibraryW(u"C:\\module.dll");
-    WCHAR text[20] = {};
-    EXPECT_EQ(LoadStringW(running, 16, text, 20), 10);
-    EXPECT_EQ(std::u16string(text), u"First text");
-    FreeLibrary(running);
-}
-
-TEST_F(ModulesResources, RefuseHandlesThatAreNotTheirs) {
-    int local = 0;
-    const HRSRC foreign = reinterpret_cast<HRSRC>(&local);
-    EXPECT_EQ(SizeofResource(module, foreign), 0u);
-    EXPECT_EQ(ErrorOf(LoadResource(module, foreign)), ERROR_INVALID_HANDLE);
-}
-
 TEST_F(ModulesResources, HoldTemplatesOfMenus) {
     const auto load = [&](WORD id) {
         const HRSRC resource = FindResourceW(module, MAKEINTRESOURCEW(id), RT_MENU);

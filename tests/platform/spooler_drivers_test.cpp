@@ -1,7 +1,6 @@
 #include "platform/spooler_test.h"
 
 #include <filesystem>
-#include <iterator>
 
 namespace {
 
@@ -25,35 +24,6 @@ protected:
         return ErrorOf(AddPrinterDriverExW(nullptr, 3, reinterpret_cast<LPBYTE>(&info), flags));
     }
 };
-
-const std::u16string kFolder = u"C:\\WINDOWS\\system32\\spool\\drivers\\w32x86\\3\\";
-
-TEST_F(SpoolerDrivers, AreInstalledWithAllTheirFiles) {
-    AddDriver();
-    for (const char* file :
-         {"testdrv.dll", "testzpl.ddt", "testdrv.hlp", "extra1.dat", "extra2.dat"})
-        EXPECT_EQ(BytesOf(Installed(file)), BytesOf(OnDriveC(std::string("setup\\") + file)));
-    EXPECT_EQ(std::distance(fs::directory_iterator(Installed("")), {}), 5);
-
-    AddPrinter(u"LABELS");
-    const HANDLE printer = Open(u"LABELS", PRINTER_ACCESS_USE);
-    const auto answer = DriverInfo<DRIVER_INFO_6W>(printer, 6);
-    ASSERT_TRUE(answer.good());
-    EXPECT_EQ(
-        Joined({answer->pName, answer->pEnvironment, answer->pMonitorName, answer->pDefaultDataType,
-                answer->pszMfgName, answer->pszOEMUrl, answer->pszHardwareID, answer->pszProvider}),
-        u"Test Driver;Windows NT x86;Test Monitor;RAW;Maker;;LPTENUM\\Test;Provider;");
-    EXPECT_EQ(answer->pDriverPath, kFolder + u"testdrv.dll");
-    EXPECT_EQ(answer->pDataFile, kFolder + u"testzpl.ddt");
-    EXPECT_EQ(answer->pConfigFile, kFolder + u"testdrv.dll");
-    EXPECT_EQ(answer->pHelpFile, kFolder + u"testdrv.hlp");
-    const std::u16string list = kFolder + u"extra1.dat" + u'\0' + kFolder + u"extra2.dat" + u'\0';
-    EXPECT_EQ(std::u16string(answer->pDependentFiles, list.size() + 1), list + u'\0');
-    EXPECT_EQ(std::u16string(answer->pszzPreviousNames, 2), std::u16string(2, u'\0'));
-    EXPECT_EQ(answer->cVersion, 3u);
-    EXPECT_EQ(answer->ftDriverDate.dwHighDateTime, 2u);
-    EXPECT_EQ(answer->dwlDriverVersion, 0x0001000200030004u);
-}
 
 TEST_F(SpoolerDrivers, AreNotInstalledWhenSomethingIsWrongWithThem) {
     using Info = DRIVER_INFO_3W;

@@ -31,23 +31,15 @@ void SpoolerTest::UseGuest() {
 }
 
 void SpoolerTest::AddDriver(const std::u16string& name) const {
-    DRIVER_INFO_6W info = {};
+    DRIVER_INFO_3W info = {};
     info.cVersion = 3;
     info.pName = Text(name);
-    info.pDriverPath = Text(u"C:\\setup\\testdrv.dll");
+    info.pDriverPath = info.pConfigFile = Text(u"C:\\setup\\testdrv.dll");
     info.pDataFile = Text(u"C:\\setup\\testzpl.ddt");
-    info.pConfigFile = Text(u"C:\\setup\\testdrv.dll");
     info.pHelpFile = Text(u"C:\\setup\\testdrv.hlp");
     info.pDependentFiles = const_cast<LPWSTR>(u"C:\\setup\\extra1.dat\0C:\\setup\\extra2.dat\0");
-    info.pMonitorName = Text(u"Test Monitor");
-    info.pDefaultDataType = Text(u"RAW");
-    info.ftDriverDate = {1, 2};
-    info.dwlDriverVersion = 0x0001000200030004;
-    info.pszMfgName = Text(u"Maker");
-    info.pszHardwareID = Text(u"LPTENUM\\Test");
-    info.pszProvider = Text(u"Provider");
     ASSERT_TRUE(
-        AddPrinterDriverExW(nullptr, 6, reinterpret_cast<LPBYTE>(&info), APD_COPY_ALL_FILES))
+        AddPrinterDriverExW(nullptr, 3, reinterpret_cast<LPBYTE>(&info), APD_COPY_ALL_FILES))
         << GetLastError();
 }
 

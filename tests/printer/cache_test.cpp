@@ -1,13 +1,11 @@
 // The object cache: its settings and the list of its objects.
 #include <algorithm>
 #include <cstring>
-#include <memory>
 
 #include "printer/cache_contents.h"
 #include "printer/cache_settings.h"
 #include "printer/prtstream.h"
 #include "support/job_test.h"
-#include "ui/prtui.h"
 
 namespace {
 
@@ -93,7 +91,7 @@ TEST(ObjectCacheList, ChangesWithTheDescriptionOnly) {
     const std::string all = Description(kItems);
     EXPECT_TRUE(Take(contents, all));
     EXPECT_FALSE(Take(contents, all));
-    EXPECT_FALSE(Take(contents, all + "what is behind its end"));
+    EXPECT_FALSE(Take(contents, all + "what comes after its end"));
     EXPECT_FALSE(Take(contents, all.substr(0, 15)));
     EXPECT_EQ(contents.GetSize(), 4);
     EXPECT_TRUE(Take(contents, all.substr(0, all.size() - 1))) << "the last object breaks off";
@@ -106,8 +104,7 @@ TEST(ObjectCacheList, ChangesWithTheDescriptionOnly) {
 
 TEST_F(ObjectCache, ObjectsAreShownAndTreatedInTheirWays) {
     Install({.model = "Resolution=203\n"});
-    std::unique_ptr<prtui> ui(prtui::new_ext());
-    ui->init(printer(), nullptr, 0);
+    const auto ui = OpenUI();
     KVCacheItemInfo item = kItems[0];
     EXPECT_EQ(CacheItemKindText(item), 2511);
     EXPECT_EQ(CacheItemKindText(kItems[1]), 2512);
@@ -127,8 +124,7 @@ TEST_F(ObjectCache, ObjectsAreShownAndTreatedInTheirWays) {
 TEST_F(ObjectCache, SettingsStayWithinTheirLimitsAndInOrder) {
     NeedRenderingModule();
     Install({.model = "Resolution=203\n"});
-    std::unique_ptr<prtui> ui(prtui::new_ext());
-    ui->init(printer(), nullptr, 0);
+    const auto ui = OpenUI();
     CacheParameters limits;
     ui->GetCacheParameters(limits);
     KVCacheSettings settings = {};
@@ -154,8 +150,7 @@ TEST_F(ObjectCache, SettingsStayWithinTheirLimitsAndInOrder) {
 
 TEST_F(ObjectCache, SizesAreShownInKilobytes) {
     Install({.model = "Resolution=203\n"});
-    std::unique_ptr<prtui> ui(prtui::new_ext());
-    ui->init(printer(), nullptr, 0);
+    const auto ui = OpenUI();
     const struct {
         uint32_t bytes;
         const char* text;

@@ -142,7 +142,7 @@ TEST_F(Presets, AreStoredWithoutTheBuiltInOnes) {
     for (int i = 1; i <= 12; ++i) Add(("p" + std::to_string(100 + i)).c_str(), i % 4);
     AddBuiltIns();
     Named("p103")->SetDescription("third");
-    list_.Save(model_.get());
+    EXPECT_EQ(list_.Save(model_.get()), SaveResult::STORED);
     EXPECT_EQ(Stored(), "p101 p102 p103 p104 p105 p106 p107 p108 p109 p110 p111 p112");
     prtreg registry(model_->GetRegistry());
     EXPECT_EQ(registry.GetDWORD("Presets:Total", 0), 12u);
@@ -151,7 +151,7 @@ TEST_F(Presets, AreStoredWithoutTheBuiltInOnes) {
     EXPECT_EQ(Text(Preset::KeyName(123)), "Preset 123:: ");
 
     delete Named("p104");
-    list_.Save(model_.get());
+    EXPECT_EQ(list_.Save(model_.get()), SaveResult::STORED);
     EXPECT_EQ(registry.GetDWORD("Presets:Total", 0), 11u);
     EXPECT_EQ(Text(registry.GetString("Presets:Preset 11:: Name", "")), "p112");
     for (const char* name : {"Name", "Description", "DEVMODE"})
@@ -160,7 +160,7 @@ TEST_F(Presets, AreStoredWithoutTheBuiltInOnes) {
 
 TEST_F(Presets, AreWrittenOnlyWhenTheyHaveChanged) {
     Add("a");
-    list_.Save(model_.get());
+    EXPECT_EQ(list_.Save(model_.get()), SaveResult::STORED);
     PresetList list;
     list.Load(model_.get());
     auto* current = new (std::nothrow) Preset; // which is never stored
@@ -168,10 +168,14 @@ TEST_F(Presets, AreWrittenOnlyWhenTheyHaveChanged) {
     list.AddTail(current);
     prtreg registry(model_->GetRegistry());
     registry.Delete("Presets:", true);
-    list.Save(model_.get());
+    EXPECT_EQ(list.Save(model_.get()), SaveResult::UNCHANGED);
     EXPECT_EQ(registry.GetSize("Presets:Total"), -1);
+    PresetList copy;
+    copy = list;
+    EXPECT_EQ(copy.GetCRC32(0), list.GetCRC32(0));
     list.GetNext(nullptr)->SetDescription("changed");
-    list.Save(model_.get());
+    EXPECT_EQ(copy.Save(model_.get()), SaveResult::UNCHANGED) << "copies are deep";
+    EXPECT_EQ(list.Save(model_.get()), SaveResult::STORED);
     EXPECT_EQ(Stored(), "a");
 }
 
@@ -184,10 +188,10 @@ TEST_F(Presets, ThatTheRegistryRefusedAreWrittenByTheNextSave) {
     };
     Add("a");
     ASSERT_TRUE(lock(true));
-    list_.Save(model_.get());
+    EXPECT_EQ(list_.Save(model_.get()), SaveResult::FAILED);
     EXPECT_EQ(Stored(), "");
     ASSERT_TRUE(lock(false));
-    list_.Save(model_.get());
+    EXPECT_EQ(list_.Save(model_.get()), SaveResult::STORED);
     EXPECT_EQ(Stored(), "a");
 }
 
@@ -197,7 +201,7 @@ TEST_F(Presets, ThatCannotBeReadAreSkipped) {
     Add("c");
     Add("d", 2);
     Add("e");
-    list_.Save(model_.get());
+    EXPECT_EQ(list_.Save(model_.get()), SaveResult::STORED);
     prtreg registry(model_->GetRegistry());
     registry.Delete("Presets:Preset 02:: DEVMODE", false);
     registry.SetBinary("Presets:Preset 03:: DEVMODE",
@@ -209,11 +213,21 @@ TEST_F(Presets, ThatCannotBeReadAreSkipped) {
     EXPECT_EQ(Order(list_), "a") << "of two with one name the later is left";
     EXPECT_EQ(list_.GetNext(nullptr)->GetDevMode().GetOrientation(), 2);
 
-    // One without settings is not given those of the preset whose number it takes.
-    list_.Clear();
-    list_.AddTail(new (std::nothrow) Preset);
-    list_.Save(model_.get());
-    EXPECT_EQ(Stored(), "");
+    // They stay stored; others, except those without settings, are stored around them.
+    Add("f");
+    Add("g");
+    list_.GetNext(nullptr)->SetDevMode(nullptr);
+    EXPECT_EQ(list_.Save(model_.get()), SaveResult::STORED);
+    EXPECT_EQ(Stored(), "f g");
+    EXPECT_EQ(Text(registry.GetString("Presets:Preset 02:: Name", "")), "b");
+    EXPECT_EQ(registry.GetSize("Presets:Preset 03:: DEVMODE"), 1507);
+    EXPECT_EQ(Text(registry.GetString("Presets:Preset 04:: Name", "")), "g");
+    EXPECT_EQ(registry.GetSize("Presets:Preset 05:: DEVMODE"), 7);
+    EXPECT_EQ(registry.GetDWORD("Presets:Total", 0), 5u);
+    delete Named("g");
+    EXPECT_EQ(list_.Save(model_.get()), SaveResult::STORED);
+    EXPECT_EQ(registry.GetSize("Presets:Preset 04:: Name"), -1);
+    EXPECT_EQ(registry.GetDWORD("Presets:Total", 0), 5u);
 }
 
 TEST_F(Presets, LeaveTheFingerprintOfTheirNameInTheirSettings) {
@@ -234,6 +248,9 @@ TEST_F(Presets, LeaveTheFingerprintOfTheirNameInTheirSettings) {
              "Name=behind\n</preset>\n");
     EXPECT_EQ(Named("front")->GetDevMode().GetPresetCRC32(), a);
     EXPECT_EQ(Named("behind")->GetDevMode().GetPresetCRC32(), CRC32(TEXT("behind"), 12, 0));
+
+    list_.AddTail_UniqueName(new (std::nothrow) Preset(*preset), true);
+    EXPECT_EQ(Named("a 2")->GetDevMode().GetPresetCRC32(), CRC32(TEXT("a 2"), 6, 0));
 }
 
 TEST_F(Presets, CountEverythingInTheirChecksum) {
@@ -310,6 +327,8 @@ TEST_F(Presets, AreReadFromWhateverAFileHolds) {
         {"the same name", Block("a", Landscape()), 1, 1, "a"},
         {"the same name twice", Block("b", Landscape()) + Block("b", record16), 2, 1, "a b"},
         {"no end", Block("b", Landscape()) + "<preset>\nName=c\n", 1, 1, "a b"},
+        {"no data", "<preset>\nName=c\n</preset>\n", 0, 2, "a"},
+        {"a name that cannot be stored", Block(std::string(4096, 'n'), Landscape()), 0, 2, "a"},
         {"no blocks", "Name=b\n</preset>\n", 0, 2, "a"},
     };
     for (const auto& c : cases) {

@@ -32,7 +32,9 @@ protected:
     std::unique_ptr<prtmodel> Model(uint16_t color) {
         KVModelData data = {};
         data.color = color;
-        ModelDataCache().SetData("Dock3:ModelData", &data, sizeof(data));
+        const ModelDataOwner owner{"Dock3", "Model 1(QV)"};
+        ModelDataCache().Synchronize(owner);
+        ModelDataCache().SetData(owner, "ModelData", &data, sizeof(data));
         return std::unique_ptr<prtmodel>(prtmodel::new_ext(PrinterInfo("Dock3")));
     }
 };

@@ -8,6 +8,7 @@
 #include <vector>
 
 #include "support/dev_mode_test.h"
+#include "support/wide.h"
 #include "win32host/registry_control.h"
 
 namespace {
@@ -121,8 +122,8 @@ TEST_F(Stocks, AreStoredInTheirThreePlaces) {
     Add("family", Stock::PREDEFINED);
     Add("too wide", Stock::GLOBAL, 200000);
     list_.Validate();
-    EXPECT_TRUE(list_.Save(model_.get()));
-    EXPECT_FALSE(list_.Save(model_.get())) << "nothing has changed";
+    EXPECT_EQ(list_.Save(model_.get()), SaveResult::STORED);
+    EXPECT_EQ(list_.Save(model_.get()), SaveResult::UNCHANGED);
     prtreg registry = Registry();
     EXPECT_EQ(Text(registry.GetString("Settings:User Form:: Name", "")), "USER");
     EXPECT_EQ(registry.GetDWORD("Stock:Total", 9), 2u);
@@ -134,7 +135,7 @@ TEST_F(Stocks, AreStoredInTheirThreePlaces) {
 
     delete list_.Find("own");
     list_.Validate();
-    EXPECT_TRUE(list_.Save(model_.get()));
+    EXPECT_EQ(list_.Save(model_.get()), SaveResult::STORED);
     EXPECT_EQ(registry.GetSize("Stock:Form 02:: Name"), -1) << "no longer in use";
     EXPECT_EQ(Stored(), "USER:256 family:257 too wide:0");
 }
@@ -146,28 +147,43 @@ TEST_F(Stocks, ThatTheRegistryRefusedAreWrittenByTheNextSave) {
     };
     Add("a");
     ASSERT_TRUE(lock(true));
-    EXPECT_FALSE(list_.Save(model_.get()));
+    EXPECT_EQ(list_.Save(model_.get()), SaveResult::FAILED);
     EXPECT_EQ(Stored(), "USER:256");
     ASSERT_TRUE(lock(false));
-    EXPECT_TRUE(list_.Save(model_.get()));
+    EXPECT_EQ(list_.Save(model_.get()), SaveResult::STORED);
     EXPECT_EQ(Stored(), "USER:256 a:257");
-    EXPECT_FALSE(list_.Save(model_.get()));
+    EXPECT_EQ(list_.Save(model_.get()), SaveResult::UNCHANGED);
+}
+
+TEST_F(Stocks, WithNamesInAnyScriptAreToldApart) {
+    const WCHAR names[][3] = {{0x416, 0}, {0x417, 0}, {0xD83D, 0xDE00, 0}, {0xFF21, 0}};
+    for (const WCHAR* name : names) Add("")->SetName(OString(name));
+    list_.Validate();
+    EXPECT_EQ(list_.enum_paper_id(nullptr), 5);
+    EXPECT_EQ(list_.Save(model_.get()), SaveResult::STORED);
+    Stock* last = list_.Find(OString(names[3]));
+    ASSERT_NE(last, nullptr);
+    const WCHAR other[] = {0xFF22, 0};
+    last->SetName(OString(other));
+    EXPECT_EQ(list_.Save(model_.get()), SaveResult::STORED);
+    list_.Load(model_.get());
+    EXPECT_EQ(list_.Find(int16_t{260})->GetName(), OString(other));
 }
 
 TEST_F(Stocks, AreLoadedOnceHoweverOften) {
     for (int i = 0; i < 120; ++i) Add(("s" + std::to_string(i)).c_str());
     list_.Validate();
-    list_.Save(model_.get());
+    EXPECT_EQ(list_.Save(model_.get()), SaveResult::STORED);
     EXPECT_EQ(Text(Registry().GetString("Stock:Form 120:: Name", "")), "s99");
     const std::string all = Order(list_);
     list_.Load(model_.get());
     list_.Load(model_.get());
     EXPECT_EQ(Order(list_), all);
-    EXPECT_FALSE(list_.Save(model_.get()));
+    EXPECT_EQ(list_.Save(model_.get()), SaveResult::UNCHANGED);
     StockList copy;
     copy = list_;
     EXPECT_EQ(Order(copy), all);
-    EXPECT_FALSE(copy.Save(model_.get()));
+    EXPECT_EQ(copy.Save(model_.get()), SaveResult::UNCHANGED);
 }
 
 TEST_F(Stocks, WithoutANameOrARecordAreNotLoaded) {
@@ -190,7 +206,7 @@ TEST_F(Stocks, WithoutANameOrARecordAreNotLoaded) {
     StockList list(model_.get());
     list.Load(model_.get());
     delete list.Find("Far");
-    EXPECT_TRUE(list.Save(model_.get()));
+    EXPECT_EQ(list.Save(model_.get()), SaveResult::STORED);
     EXPECT_EQ(Stored(), "USER:256 good:257");
     EXPECT_EQ(registry.GetSize("Stock:Form 40000:: Name"), -1) << "no longer in use";
     EXPECT_GT(registry.GetSize("Stock:Form 007:: Name"), 0) << "not the list's";
@@ -233,6 +249,8 @@ TEST_F(Stocks, AreImportedFromBlocks) {
         {"a long record", Block("a", Record(1, 0, 29)), 0, "USER:256"},
         {"no record text", Block("a", ""), 0, "USER:256"},
         {"the same twice", Block("a", good) + Block("a", good), 2, "USER:256 a:257"},
+        {"names that cannot be stored", Block("", good) + Block(std::string(4096, 'a'), good), 0,
+         "USER:256"},
         {"nothing", "", 0, "USER:256"},
     };
     for (const auto& c : cases) {
@@ -285,6 +303,7 @@ TEST_F(Stocks, AreReadFromTheBinaryFilesOfOldDrivers) {
         {"records of no size", "KFM1" + number(0) + record("a", 40), 0, "USER:256"},
         {"records of all sizes", "KFM1" + number(0xFFFFFFFF) + record("a", 40), 0, "USER:256"},
         {"a head only", "KFM1", 0, "USER:256"},
+        {"one without a name", "KFM1" + number(30) + record("", 30), 0, "USER:256"},
     };
     for (const auto& c : cases) {
         list_.Clear();
@@ -311,8 +330,9 @@ TEST_F(Stocks, AreInOrderAfterAnyFile) {
         for (const Stock* stock = list_.GetNext(nullptr); list_.GetNext(stock);
              stock = list_.GetNext(stock)) {
             const Stock* next = list_.GetNext(stock);
-            const int names = std::strcmp(stock->GetName().nstring(), next->GetName().nstring());
-            ASSERT_TRUE(stock->is_user() == next->is_user() ? names < 0 : stock->is_user())
+            ASSERT_TRUE(stock->is_user() == next->is_user()
+                            ? Wide(stock->GetName().wstring()) < next->GetName().wstring()
+                            : stock->is_user())
                 << round;
         }
     }

@@ -1,7 +1,6 @@
 #include "support/model_test.h"
 
 #include "core/base64.h"
-#include "model/model_data_cache.h"
 #include "model/resource_cache.h"
 #include "spooler/driver_utility.h"
 #include "spooler/printer_info.h"
@@ -74,6 +73,10 @@ std::unique_ptr<extmodel> ModelTest::Model() {
 
 prtreg ModelTest::Registry() {
     return prtreg(OString("Dock 3"));
+}
+
+ModelDataOwner ModelTest::Records() {
+    return {"Dock 3", "Model 1(QV)", 0};
 }
 
 std::string Text(const OString& text) {

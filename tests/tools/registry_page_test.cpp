@@ -118,8 +118,7 @@ protected:
         OStringArray groups;
         Model()->GetFontGroups(groups);
         WriteVersionError(printer());
-        const std::unique_ptr<prtui> ui(prtui::new_ext());
-        ui->init(printer(), nullptr, 0);
+        const auto ui = OpenUI();
         WriteCacheSettings(*ui->stream, {});
         static_cast<extui&>(*ui).SetPowerSettings({});
         prtreg registry = Registry();

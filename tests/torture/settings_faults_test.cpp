@@ -98,26 +98,28 @@ TEST_F(SettingsFaults, TakeAllOptionsOrNone) {
 }
 
 TEST_F(SettingsFaults, ApplyARegistryTextWholeOrNotAtAll) {
-    const auto work = [] {
-        OStringArray lines;
-        for (const char* line :
-             {"[HKEY_LOCAL_MACHINE\\SOFTWARE\\Torture]", "\"a\"=dword:00000001", "\"b\"=\"text\"",
-              "", "[HKEY_LOCAL_MACHINE\\SOFTWARE\\Torture\\Below\\Deep]", "\"c\"=hex:01,02", "",
-              "[-HKEY_LOCAL_MACHINE\\SOFTWARE\\Tortured]", ""})
-            lines.Add(line);
-        ORegistry().Import(lines);
-    };
+    // Each value needs more room than the one before it.
+    OStringArray lines;
+    for (const char* line :
+         {"[HKEY_LOCAL_MACHINE\\SOFTWARE\\Torture]", "\"a\"=dword:00000001",
+          "\"b\"=\"a text of some length\"", "\"d\"=hex(7):61,00,00,00,62,00,00,00,00,00", "",
+          "[HKEY_LOCAL_MACHINE\\SOFTWARE\\Torture\\Below\\Deep]", "\"c\"=hex:\\"})
+        lines.Add(line);
+    for (int i = 0; i < 20; ++i) lines.Add("01,02,03,04,05,06,07,08,09,\\");
+    for (const char* line : {"0a", "", "[-HKEY_LOCAL_MACHINE\\SOFTWARE\\Tortured]", ""})
+        lines.Add(line);
+    const auto work = [&] { ORegistry().Import(lines); };
     ORegistry().SetString("LOCAL_MACHINE:SOFTWARE/Torture/old", "1");
     ORegistry().SetString("LOCAL_MACHINE:SOFTWARE/Tortured/Below/old", "1");
     const auto state = [] {
         std::string text;
         for (const char* key :
              {"LOCAL_MACHINE:SOFTWARE/Torture", "LOCAL_MACHINE:SOFTWARE/Tortured"}) {
-            OStringArray lines;
-            ORegistry().Export(key, lines);
-            for (int i = 0; i < lines.GetSize(); ++i) text.append(Text(lines[i])) += '\n';
+            OStringArray stored;
+            ORegistry().Export(key, stored);
+            for (int i = 0; i < stored.GetSize(); ++i) text.append(Text(stored[i])) += '\n';
         }
         return std::vector{text};
     };
-    AtEveryPoint(std::span(kStoreFaults).first(3), work, state);
+    AtEveryPoint(kStoreFaults, work, state);
 }

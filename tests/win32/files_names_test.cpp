@@ -162,22 +162,4 @@ TEST_F(FilesNames, OfTemporaryFilesAreFree) {
     EXPECT_EQ(names.size(), 3u);
 }
 
-TEST_F(FilesNames, OfPrivateProfilesLeadToTheirValues) {
-    const auto get = [](const WCHAR* section, const WCHAR* key) {
-        WCHAR text[100];
-        const DWORD length =
-            GetPrivateProfileStringW(section, key, TEXT("none"), text, 100, TEXT("C:\\x.ini"));
-        return Wide(text, length);
-    };
-    WriteFile("x.ini", "; kept\r\n[One]\r\n a = b c \r\nq=\"  x \"\r\n[ two ]\nA=second");
-    EXPECT_EQ(get(TEXT("ONE"), TEXT("A")), TEXT("b c"));
-    EXPECT_EQ(get(TEXT("one"), TEXT("q")), TEXT("  x "));
-    EXPECT_EQ(get(TEXT("two"), TEXT("a")), TEXT("second"));
-    EXPECT_EQ(get(TEXT("two"), TEXT("q")), TEXT("none"));
-    EXPECT_EQ(get(nullptr, nullptr), Wide(TEXT("One\0two\0"), 8));
-    EXPECT_TRUE(WritePrivateProfileStringW(TEXT("one"), TEXT("a"), TEXT("1"), TEXT("C:\\x.ini")));
-    EXPECT_TRUE(WritePrivateProfileStringW(TEXT("one"), TEXT("q"), nullptr, TEXT("C:\\x.ini")));
-    EXPECT_EQ(get(TEXT("one"), nullptr), Wide(TEXT("a\0"), 2));
-}
-
 } // namespace

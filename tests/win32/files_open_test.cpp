@@ -120,22 +120,4 @@ TEST_F(FilesOpen, KeepsShareModesBetweenTwoHandles) {
     }
 }
 
-TEST_F(FilesOpen, AnswersClosedAndForeignHandlesWithAnError) {
-    SkipUnderWine("pseudo handles can be closed there, and searches are not checked");
-    const HANDLE file = Open(kReadWrite, 0, CREATE_NEW);
-    ASSERT_TRUE(CloseHandle(file));
-    WIN32_FIND_DATAW data;
-    const HANDLE search = FindFirstFileW(TEXT("C:\\*"), &data);
-    int local = 0;
-    for (HANDLE bad : {file, search, HANDLE{}, INVALID_HANDLE_VALUE, HANDLE{&local}}) {
-        DWORD count = 0;
-        SetLastError(NO_ERROR);
-        EXPECT_EQ(ErrorOf(ReadFile(bad, &local, 1, &count, nullptr)), ERROR_INVALID_HANDLE);
-        EXPECT_FALSE(CloseHandle(bad));
-        EXPECT_EQ(GetFileSize(bad, nullptr), INVALID_FILE_SIZE);
-    }
-    EXPECT_TRUE(FindClose(search));
-    EXPECT_FALSE(FindClose(search));
-}
-
 } // namespace

@@ -289,44 +289,36 @@ TEST_F(PrinterBuffers, HoldPrinterDataOfEveryTypeAndSize) {
         {TEXT("large"), REG_BINARY, std::string(70000, 'x')},
         {TEXT("a/b:c%d"), 77, "own type"},
     };
-    const WCHAR* const keys[] = {TEXT("PrinterDriverData"), TEXT("PrinterDriverData\\Settings"),
-                                 TEXT("Other")};
-    for (const WCHAR* key : keys)
-        for (const auto& c : cases) {
-            std::string bytes = c.bytes + "xx"; // no terminator follows
-            ASSERT_EQ(SetPrinterDataExW(printer_, key, c.name, c.type,
-                                        reinterpret_cast<BYTE*>(bytes.data()),
-                                        static_cast<DWORD>(c.bytes.size())),
-                      0u);
-        }
-    for (const WCHAR* key : keys) {
+    for (const WCHAR* key : {TEXT("PrinterDriverData"), TEXT("PrinterDriverData\\Settings")})
         for (const auto& c : cases) {
             const auto size = static_cast<DWORD>(c.bytes.size());
-            for (const bool by_key : {true, false}) {
-                if (!by_key && key != keys[0]) continue;
-                const auto get = [&](BYTE* data, DWORD room, DWORD* type, DWORD* needed) {
-                    return by_key
-                               ? GetPrinterDataExW(printer_, key, c.name, type, data, room, needed)
-                               : GetPrinterDataW(printer_, Text(c.name), type, data, room, needed);
-                };
-                DWORD type = 99, needed = 99;
-                for (const DWORD room : {DWORD{0}, size - 1}) {
-                    if (size == 0) continue;
-                    Fenced buffer(room);
-                    EXPECT_EQ(get(buffer.data(), room, &type, &needed), DWORD{ERROR_MORE_DATA});
-                    EXPECT_EQ(needed, size);
-                    EXPECT_TRUE(buffer.IsUntouched());
-                }
-                Fenced buffer(size);
-                EXPECT_EQ(get(buffer.data(), size, &type, &needed), 0u);
-                EXPECT_EQ(std::memcmp(buffer.data(), c.bytes.data(), size), 0);
-                EXPECT_TRUE(buffer.FenceStands());
+            std::string bytes = c.bytes + "xx"; // no terminator follows
+            ASSERT_EQ(SetPrinterDataExW(printer_, key, c.name, c.type,
+                                        reinterpret_cast<BYTE*>(bytes.data()), size),
+                      0u);
+            const auto get = [&](Fenced& buffer, DWORD room, DWORD* type, DWORD* needed) {
+                return GetPrinterDataExW(printer_, key, c.name, type, buffer.data(), room, needed);
+            };
+            DWORD type = 99, needed = 99;
+            if (size != 0) {
+                Fenced small(size - 1);
+                EXPECT_EQ(get(small, size - 1, &type, &needed), DWORD{ERROR_MORE_DATA});
                 EXPECT_EQ(needed, size);
-                EXPECT_EQ(type, c.type);
-                EXPECT_EQ(get(buffer.data(), size, nullptr, &needed), 0u);
+                EXPECT_TRUE(small.IsUntouched());
             }
+            Fenced buffer(size);
+            EXPECT_EQ(get(buffer, size, &type, &needed), 0u);
+            EXPECT_EQ(std::memcmp(buffer.data(), c.bytes.data(), size), 0);
+            EXPECT_TRUE(buffer.FenceStands());
+            EXPECT_EQ(needed, size);
+            EXPECT_EQ(type, c.type);
+            EXPECT_EQ(get(buffer, size, nullptr, &needed), 0u);
         }
-    }
+    // The first of the keys is the one of the functions that name none.
+    Fenced buffer(4);
+    DWORD type = 0, size = 0;
+    EXPECT_EQ(GetPrinterDataW(printer_, Text(TEXT("number")), &type, buffer.data(), 4, &size), 0u);
+    EXPECT_EQ(std::memcmp(buffer.data(), "\1\0\0\0", 4), 0);
     BYTE byte = 0;
     DWORD needed = 0;
     EXPECT_EQ(GetPrinterDataW(printer_, Text(TEXT("none")), nullptr, &byte, 1, &needed),

@@ -47,17 +47,6 @@ TEST_F(VersionResources, OfTheModuleNameItInAnyCase) {
     EXPECT_EQ(Text(TEXT("\\StringFileInfo\\040904B0\\InternalName")), TEXT("(none)"));
 }
 
-TEST_F(VersionResources, HaveNumbersAndALanguage) {
-    void* value = nullptr;
-    UINT length = 0;
-    ASSERT_TRUE(VerQueryValueW(block.data(), TEXT("\\"), &value, &length));
-    ASSERT_EQ(length, sizeof(VS_FIXEDFILEINFO));
-    EXPECT_EQ(static_cast<const VS_FIXEDFILEINFO*>(value)->dwSignature, VS_FFI_SIGNATURE);
-    ASSERT_TRUE(VerQueryValueW(block.data(), TEXT("\\VarFileInfo\\Translation"), &value, &length));
-    ASSERT_EQ(length, 4u);
-    EXPECT_EQ(*static_cast<const uint32_t*>(value), 0x04B00000u);
-}
-
 TEST_F(VersionResources, OfFilesWithoutOneAreMissing) {
     WriteFile("plain.txt", "text");
     EXPECT_EQ(ErrorOf(GetFileVersionInfoSizeW(TEXT("C:\\plain.txt"), nullptr)),

@@ -2,15 +2,11 @@
 #include "printer/printer_action.h"
 
 #include <algorithm>
-#include <filesystem>
 #include <functional>
 #include <memory>
 
-#include "spooler/driver_utility.h"
-#include "support/build_folders.h"
 #include "support/job_test.h"
 #include "zpl/extconfig.h"
-#include "zpl/extui.h"
 
 namespace {
 
@@ -42,13 +38,10 @@ protected:
             Replace(tables);
         } else {
             Install(tables);
-            const std::string folder = Text(DriverUtility::GetDriverDirectory()).substr(3);
-            std::filesystem::copy_file(Built("/product/zplvenu.dll"),
-                                       OnDriveC(folder + "\\zplvenu.dll"));
+            InstallLanguage();
         }
         installed_ = true;
-        ui_.reset(static_cast<extui*>(prtui::new_ext()));
-        ui_->init(printer(), nullptr, 0);
+        ui_ = OpenUI();
         if (change) change(*extconfig::get_cfg(ui_->devmode.GetDevMode()));
     }
     Jobs Run(int action) {
@@ -64,7 +57,7 @@ protected:
         return jobs[0].bytes.substr(head.size(), jobs[0].bytes.size() - head.size() - tail.size());
     }
 
-    std::unique_ptr<extui> ui_;
+    std::unique_ptr<prtui> ui_;
 
 private:
     bool installed_ = false;
@@ -88,43 +81,6 @@ TEST_F(PrinterActions, PrintsATestPageWithBarsOrWithoutThem) {
         EXPECT_EQ(std::count(jobs[0].bytes.begin(), jobs[0].bytes.end(), '\n'), 21 + 2);
         EXPECT_EQ(Run(ACTION_BLANK_LABEL), (Jobs{{"Printer Test", ""}}));
     }
-}
-
-TEST_F(PrinterActions, WritesTheConfigurationInItsOrder) {
-    ModelTables tables = {.model = std::string(kModel) + "~RFID.TagTypes=EPC64\n",
-                          .custom_data =
-                              CustomDataLines(Data(CustomData::TEAR_OFF | CustomData::SLEW_SPEED |
-                                                   CustomData::BACKFEED_SPEED))};
-    const Change everything = [](extconfig& config) {
-        config.flags |= prtconfig::FLAG_MIRROR;
-        config.media_type = 0;
-        config.media_tracking = 2;
-        config.label_top = -1000;
-        config.tear_off = 1000;
-        config.backfeed = extconfig::BACKFEED_PERCENTAGE;
-        config.backfeed_percentage = 40;
-        config.print_mode = extconfig::PRINT_CUTTER;
-        config.print_speed = 12;
-        config.slew_speed = 5; // not in the table
-        config.backfeed_speed = 2;
-        config.relative_darkness = -5;
-        config.setting_flags = 0x1E;
-    };
-    Use(tables, everything);
-    prtreg registry = Registry();
-    registry.SetByte("Settings:Reprint After Error", 0);
-    registry.SetByte("Settings:Media Feed", 1);
-    registry.SetDWORD("Settings:Media Feed (Power Up)", 0);
-    registry.SetDWORD("Settings:Media Feed (Head Close)", 2);
-    registry.SetInt("Settings:RFID/Transponder Offset", 25400);
-    EXPECT_EQ(Block(), "^SZ2^JMA\r\n^MCY^PMY\r\n"
-                       "^PW832^MTD^MNW^LT-8~TA8~JS40^MMC\r\n"
-                       "^MD-5\r\n^PR12.,,2\r\n^JZN^MFF,L\r\n^RS,1,203\r\n");
-    tables.model = Pplz(tables.model);
-    Use(tables, everything);
-    EXPECT_EQ(Block(), "^MCY^PMY\r\n"
-                       "^PW832^MTD^MNY^LT-8~TA8~JSA^MMC\r\n"
-                       "^MD-5\r\n^PR12.,,2\r\n^JZN\r\n^RS,1,203\r\n");
 }
 
 TEST_F(PrinterActions, WritesEachSettingByItsValue) {
@@ -183,21 +139,6 @@ TEST_F(PrinterActions, WritesEachSettingByItsValue) {
                       head + "^MCY^PMN\r\n^PW832" + (pplz ? c.pplz_block : c.block) + "^JZY\r\n")
                 << c.block;
         }
-    }
-}
-
-TEST_F(PrinterActions, WritesWideTearOffPositionsInThreeDigitsAndNoFixedMediaType) {
-    CustomData data = Data(CustomData::TEAR_OFF | CustomData::DIRECT_ONLY);
-    data.tear_off_max = 100;
-    for (const auto& [microns, text] : {std::pair{-1000, "~TA-008"}, {1000, "~TA008"}}) {
-        Use({.model = kModel, .custom_data = CustomDataLines(data)}, [&](extconfig& config) {
-            config.media_type = 0;
-            config.print_mode = extconfig::PRINT_TEAR_OFF;
-            config.tear_off = microns;
-            config.setting_flags = extconfig::SETTING_TEAR_OFF;
-        });
-        EXPECT_EQ(Block(),
-                  std::string("^SZ2^JMA\r\n^MCY^PMN\r\n^PW832") + text + "^MMT\r\n^JZY\r\n");
     }
 }
 

@@ -24,8 +24,7 @@ size_t Word32At(const std::string& bytes, size_t offset) {
 
 OBuffer<char> ToBuffer(const std::string& bytes) {
     OBuffer<char> buffer;
-    buffer.SetSize(static_cast<uint32_t>(bytes.size()));
-    if (!bytes.empty()) std::memcpy(buffer.GetData(), bytes.data(), bytes.size());
+    if (!buffer.Assign(bytes.data(), static_cast<uint32_t>(bytes.size()))) throw std::bad_alloc();
     return buffer;
 }
 

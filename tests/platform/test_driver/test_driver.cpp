@@ -67,9 +67,6 @@ DHPDEV WINAPI EnableDevice(DEVMODEW* dev_mode, LPWSTR, ULONG, HSURF*, ULONG, ULO
                            DEVINFO*, HDEV, LPWSTR name, HANDLE printer) {
     auto& info = *reinterpret_cast<GDIINFO*>(caps);
     info.ulHorzRes = dev_mode ? static_cast<ULONG>(dev_mode->dmPaperWidth) : 100;
-    info.ulHorzSize = static_cast<ULONG>(-101600);
-    info.ulVertSize = 150;
-    info.szlPhysSize.cx = 832;
     Note(u"enable " + std::u16string(name));
     return static_cast<DHPDEV>(printer); // all that it needs
 }
