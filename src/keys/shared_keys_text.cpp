@@ -9,13 +9,13 @@
 
 namespace {
 
-// What is left of a path that is being taken apart, in Windows notation.
+// The rest of a path that is being split, in Windows notation.
 class Path {
 public:
     explicit Path(const OString& path)
         : rest_(path.wstring()) {}
 
-    // Takes whole names from the front, in any case.
+    // Takes complete names from the front, in any case.
     bool Take(const OString& names) {
         const OString wanted(names.wstring());
         if (wanted.IsEmpty() || rest_.Left(wanted.wlen()).CompareNoCase(wanted) != 0) return false;
@@ -36,7 +36,7 @@ public:
         return true;
     }
 
-    // What follows; empty when that is no name.
+    // The remaining text, or empty if it is not a name.
     OString Rest() const {
         const WCHAR* text = rest_.wstring();
         int length = rest_.wlen();
@@ -48,7 +48,7 @@ private:
     OString rest_;
 };
 
-// Renames one key; empty when it is not shared.
+// Renames one key. Empty if it is not shared.
 OString Renamed(const OString& key, const OString& printer, const OString& data,
                 const OString& local) {
     Path path(key);
@@ -72,21 +72,21 @@ OString Renamed(const OString& key, const OString& printer, const OString& data,
     return renamed.String();
 }
 
-// Sums lines up as they come.
+// Adds lines to a checksum as they come.
 class LineChecksum final : public RegistryLines {
 public:
     void Add(const WideText& line) override {
         const WCHAR* text = line.Text();
         const WCHAR* end = text + line.Length();
         if (std::any_of(text, end, [](WCHAR c) { return c > 127; })) {
-            // What the code page makes of it.
+            // The form that the code page gives them.
             Flush();
             const OString converted = line.String();
             const char* bytes = converted.nstring();
             sum_.CRC32(bytes, static_cast<uint32_t>(converted.nlen()) + 1);
             return;
         }
-        ++end; // with the terminator
+        ++end; // including the terminator
         while (text < end) {
             const size_t part =
                 std::min<size_t>(static_cast<size_t>(end - text), sizeof waiting_ - waiting_size_);
@@ -122,7 +122,7 @@ void RenameSharedKeys(const OStringArray& lines, const OString& printer, const O
     const auto add_key = [&](const char* start) {
         const OString key = Renamed(reader.Key(), printer, data, local);
         if (key.IsEmpty()) return false;
-        // A key begins behind an empty line only; one that was left out may have ended without.
+        // A key begins only after an empty line. One that was left out may have ended without it.
         const int last = result.GetSize() - 1;
         if (last >= 0 && *result[last].wstring()) result.Add(OString());
         WideText header;
