@@ -72,14 +72,14 @@ OString Renamed(const OString& key, const OString& printer, const OString& data,
     return renamed.String();
 }
 
-// Adds lines to a checksum as they come.
+// Sums lines up as they come.
 class LineChecksum final : public RegistryLines {
 public:
     void Add(const WideText& line) override {
         const WCHAR* text = line.Text();
         const WCHAR* end = text + line.Length();
         if (std::any_of(text, end, [](WCHAR c) { return c > 127; })) {
-            // The form that the code page gives them.
+            // What the code page makes of it.
             Flush();
             const OString converted = line.String();
             const char* bytes = converted.nstring();

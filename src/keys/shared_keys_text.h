@@ -27,8 +27,8 @@ void RenameSharedKeys(const OStringArray& lines, const OString& printer, const O
 uint32_t SharedKeysChecksum(const OStringArray& lines);
 uint32_t SharedKeysChecksum(ORegistry& registry, const OString& key);
 
-// Packs lines into the bytes that are sent, a compressed list of 8-bit strings, and back. Unpacking
-// appends. False without memory, or if the bytes are not such a list.
+// Packs lines into the bytes that travel, a compressed list of 8-bit strings, and back. Unpacking
+// appends. False without memory and when the bytes are no such list.
 bool PackSharedKeys(const OStringArray& lines, OBuffer<char>& bytes);
 bool UnpackSharedKeys(const OBuffer<char>& bytes, OStringArray& lines);
 
@@ -36,5 +36,5 @@ bool UnpackSharedKeys(const OBuffer<char>& bytes, OStringArray& lines);
 inline constexpr char kSharedKeyData[] = "Shadow Key Data";
 inline constexpr char kSharedKeySize[] = "Shadow Key Size";
 
-// More bytes than this are not accepted from another machine.
+// More bytes than this are not taken from another machine.
 inline constexpr uint32_t kMaxSharedKeyData = 0x4000000;

@@ -12,13 +12,13 @@ enum UserLevel {
     USER_LEVEL_ADMIN = 3, // Administrators
 };
 
-// Read once, when built.
+// Read once, when it is built.
 class UserInfo {
 public:
     UserInfo();
 
     const OString& GetUser() const { return user_name_; }
-    // The domain (or computer) of the account. Empty if not on winNT.
+    // The domain (or computer) that the account belongs to; empty when not on winNT.
     const OString& GetDomain() const { return domain_; }
     const OString& GetComputer() const { return computer_name_; }
 

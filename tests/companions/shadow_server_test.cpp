@@ -67,7 +67,7 @@ protected:
         OnServer(server, [&] { prtreg("Dock3").SetInt(name, value); });
     }
 
-    // The keys in the data prepared on the server, by the ends of their names.
+    // The keys in the data that lies ready on the server, by the ends of their names.
     std::string Ready() {
         std::string keys;
         OnServer("SRV1", [&] {
