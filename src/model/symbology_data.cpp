@@ -32,7 +32,7 @@ void ModelCore::SymbologyData_Create(KVSymbologyData* record, int number) {
     const SymbologyInfo info(variant ? SymbologyInfo::CODE39 : number);
     const bool supported = CommonSymbologyData_Create(record, info);
 
-    // What can be attached to another symbology's code is told whether or not it stands alone.
+    // The ways of attaching it to another symbology's code are told even if it cannot stand alone.
     if (number == SymbologyInfo::SUPPLEMENTAL_2 || number == SymbologyInfo::SUPPLEMENTAL_5)
         SupplementalData_Create(record, info);
     if (!supported) return;
@@ -167,7 +167,7 @@ void ModelCore::Code93Data_Create(KVSymbologyData* record, const SymbologyInfo& 
 }
 
 void ModelCore::Code128Data_Create(KVSymbologyData* record, const SymbologyInfo& info) {
-    // 0x2 tells that there is no manual encoding.
+    // 0x2 means that there is no manual encoding.
     static const Bit encoding[] = {{"Auto", 0x1}, {"Manual", 0x2}};
     record->options |= ListBits(info.CreateKey("Encoding"), encoding) ^ 0x2;
 }
