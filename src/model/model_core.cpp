@@ -14,9 +14,9 @@
 
 namespace {
 
-// The most that a model's custom data may take.
+// What a model's custom data may take at most.
 constexpr uint32_t CUSTOM_DATA_LIMIT = 64 * 1024;
-// The part of it that the driver reads.
+// What of it the driver reads.
 constexpr uint32_t CUSTOM_DATA_SIZE = sizeof(CustomData);
 
 // The section keys of the tables that the model section names.

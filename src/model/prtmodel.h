@@ -57,9 +57,9 @@ public:
 
     // ---- Identity -------------------------------------------------------------------------------
 
-    // Whether the spooler knew the printer and its driver, and all reads so far have succeeded;
-    // false too if memory was short anywhere in the process. Data made from an incomplete model
-    // must not replace stored data.
+    // Whether the spooler knew the printer and its driver, and so far nothing failed to be read,
+    // wherever in the process memory was short. What is made of a model that was read in part only
+    // must not be stored in place of the whole.
     bool WasReadWhole() const;
 
     // The printer's key map.

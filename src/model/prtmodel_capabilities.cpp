@@ -10,7 +10,7 @@ namespace {
 
 constexpr uint32_t NOT_SUPPORTED = 0xFFFFFFFF;
 
-// The size of the platform's fields for names, in characters.
+// The slots that the platform gives names, in characters.
 constexpr int BIN_NAME = 24;
 constexpr int FILE_NAME = 64;
 constexpr int PERSONALITY_NAME = 32;

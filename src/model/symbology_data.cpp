@@ -167,7 +167,7 @@ void ModelCore::Code93Data_Create(KVSymbologyData* record, const SymbologyInfo& 
 }
 
 void ModelCore::Code128Data_Create(KVSymbologyData* record, const SymbologyInfo& info) {
-    // 0x2 means that there is no manual encoding.
+    // 0x2 tells that there is no manual encoding.
     static const Bit encoding[] = {{"Auto", 0x1}, {"Manual", 0x2}};
     record->options |= ListBits(info.CreateKey("Encoding"), encoding) ^ 0x2;
 }

@@ -52,7 +52,8 @@ const Symbology SYMBOLOGIES[] = {
 constexpr int COUNT = sizeof SYMBOLOGIES / sizeof SYMBOLOGIES[0];
 static_assert(COUNT == SymbologyInfo::TELEPEN + 1);
 
-// An unknown number has no ratios and no check digit, but may have a text.
+// A number that is no symbology's has no ratios and no check digit, but nothing speaks against a
+// text.
 const Symbology UNKNOWN = {"", false, true, false};
 
 const Symbology& Find(int number) {

@@ -7,7 +7,7 @@
 class prtmodel;
 class prtreg;
 
-// Colour references 0x00BBGGRR, one for each combination of four inks.
+// Colour references 0x00BBGGRR: what each combination of four inks looks like.
 using Palette = uint32_t[16];
 
 enum SpotColorMode : uint32_t {

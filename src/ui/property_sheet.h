@@ -9,8 +9,8 @@
 #include <cstdint>
 #include <memory>
 
-// The connection to the sheet, and its pages. Outside of a sheet (Open was not called) there is
-// nothing to talk to.
+// How the sheet is talked to, and the pages that it has. Outside of a sheet (Open was not called)
+// there is nobody to talk to.
 class PropertySheet {
 public:
     // Takes the connection from the sheet's call.
