@@ -123,9 +123,8 @@ ZPLUI_API LONG WINAPI DrvDevicePropertySheets(PPROPSHEETUI_INFO info, LPARAM par
 //   PRINTER_EVENT_ADD_CONNECTION   a user has connected to the printer: the same without the
 //                                  DEVMODE. Also TRUE if the printer cannot be opened
 //
-// Both change nothing for a user below the printer's access level: the first is then FALSE. Both
-// are FALSE, after a message box, on a system that this build of the driver does not fit; a
-// printer that is being initialised is then marked for the rendering module as not to be used.
+// Both are FALSE, after a message box, on a system that this build of the driver does not fit; a
+// printer that is being initialised is then marked so that the rendering module does not use it.
 // Every other event is FALSE.
 ZPLUI_API BOOL WINAPI DrvPrinterEvent(LPWSTR printer, int event, DWORD flags, LPARAM parameter);
 
@@ -144,9 +143,9 @@ ZPLUI_API int WINAPI DrvDocumentEvent(HANDLE printer, HDC dc, int event, ULONG i
 
 // Does what PRINTER_EVENT_INITIALIZE does, except for the plug and play identifiers and the message
 // box, for a printer that has had an older version of the driver. `info` is a DRIVER_UPGRADE_INFO_1
-// or _2; the level is not looked at. FALSE with ERROR_INVALID_PARAMETER without `info` and when the
-// printer cannot be opened with full access, with ERROR_BAD_DRIVER on a system that this build does
-// not fit.
+// or _2; the level is ignored. FALSE with ERROR_INVALID_PARAMETER if there is no `info` or the
+// printer cannot be opened with full access, and with ERROR_BAD_DRIVER on a system that this build
+// does not fit.
 ZPLUI_API BOOL WINAPI DrvUpgradePrinter(DWORD level, LPBYTE info);
 
 // ---- Settings without a user interface ----------------------------------------------------------
@@ -154,27 +153,27 @@ ZPLUI_API BOOL WINAPI DrvUpgradePrinter(DWORD level, LPBYTE info);
 // A program opens a printer, works on it, and closes it, all on one thread. The handle is opaque;
 // every function but DAL_Printer_Open does nothing with a null one.
 //
-// Each list that is stored is stored whole or, when that fails, stays as it was; so are the
-// driver's settings. Of a printer that the spooler does not know nothing is stored.
+// Each list is stored completely or, if that fails, stays as it was, and so do the driver's
+// settings. For a printer that the spooler does not know, nothing is stored.
 //
-// A printer has an access level, below which its pages refuse a user's changes. Here that is so for
-// the actions of administrators and for the fonts in the printer's memory. The settings are stored
-// for everyone whom the system lets write them.
+// A printer has an access level, below which its pages refuse a user's changes. Here this applies
+// to the actions of administrators and to the fonts in the printer's memory. The settings are
+// stored for everyone whom the system lets write them.
 
 // Opens the settings of a printer. `printer` is from the spooler's OpenPrinter and must stay open
-// until the settings are closed. Null when memory is short.
+// until the settings are closed. Null if memory is short.
 ZPLUI_API HANDLE WINAPI DAL_Printer_Open(HANDLE printer);
 
 // Saves the settings and closes them.
 ZPLUI_API void WINAPI DAL_Printer_Close(HANDLE settings);
 
-// Reads the stored settings anew, and stores those that have changed since. Stocks that are not
-// stored yet stay in the list when it is read anew, but no longer count as a change: save first.
-// On a connection whose server shares its settings they come from there first, and go there
-// afterwards.
+// The first reads the stored settings again, the second stores those that have changed since.
+// Stocks that are not stored yet stay in the list when it is read, but no longer count as a change:
+// save first. On a connection whose server shares its settings, they are fetched from there before
+// reading, and sent there after storing.
 //
-// GetLastError tells about DAL_Settings_Save: NO_ERROR, or ERROR_WRITE_FAULT when not everything
-// could be stored.
+// After DAL_Settings_Save, GetLastError is NO_ERROR, or ERROR_WRITE_FAULT if not everything could
+// be stored.
 ZPLUI_API void WINAPI DAL_Settings_Load(HANDLE settings);
 ZPLUI_API void WINAPI DAL_Settings_Save(HANDLE settings);
 
@@ -186,13 +185,13 @@ ZPLUI_API void WINAPI DAL_Settings_Save(HANDLE settings);
 #define DAL_SETTINGS_OPTIONS 0x100 // the settings of the driver
 
 // Writes the contents to a settings file, replacing an existing one. If it cannot be written
-// completely, the old file stays; nothing else tells of the failure.
+// completely, the old file stays; there is no other sign of the failure.
 ZPLUI_API void WINAPI DAL_Settings_Export(HANDLE settings, LPCWSTR file, int contents);
 
-// Adds the contents of a settings file, or of a binary file of old drivers, to the settings, in
-// place of what has the same name. They are stored when the settings are saved; options are in
-// force at once, and only those for the printer's own model are taken. A file that is missing or of
-// another kind changes nothing.
+// Adds the contents of a settings file, or of a binary file of old drivers, to the settings,
+// replacing those of the same names. They are stored when the settings are saved. Options take
+// effect at once, and only those for the printer's own model are taken. A file that is missing or
+// of another kind changes nothing.
 ZPLUI_API void WINAPI DAL_Settings_Import(HANDLE settings, LPCWSTR file, int contents);
 
 // ---- Telling the printer what to do -------------------------------------------------------------
@@ -220,7 +219,7 @@ ZPLUI_API DWORD WINAPI DAL_Action_Supported(HANDLE settings, int action);
 ZPLUI_API int WINAPI DAL_Action_Name(HANDLE settings, int action, LPWSTR name, int size);
 
 // Runs an action, in a job of its own. `choice` is for the following actions, which would open a
-// dialog, and says what would be chosen there; other actions ignore it:
+// dialog, and names the choice made there. Other actions ignore it:
 //
 //   DAL_ACTION_SEND_FILE         the file's full path
 //   DAL_ACTION_MEMORY            what to do, and the letter of one of the printer's memories:
@@ -233,10 +232,10 @@ ZPLUI_API int WINAPI DAL_Action_Name(HANDLE settings, int action, LPWSTR name, i
 //                                "...=no", separated by blanks. They are stored and sent; those
 //                                that are not named stay as they were
 //
-// FALSE when nothing was done: for an action that is not offered or not for this user, that opens a
-// dialog and is none of these, and for a choice that is missing or makes no sense, such as a file
-// that is not there. Whether the printer could be reached is not told; the job shows in the
-// spooler.
+// FALSE if nothing was done: for an action that is not offered or not for this user, for any other
+// action that opens a dialog, and for a choice that is missing or makes no sense, such as a file
+// that does not exist. There is no sign of whether the printer could be reached; the job shows in
+// the spooler.
 ZPLUI_API BOOL WINAPI DAL_Action_Run(HANDLE settings, int action, LPCWSTR choice);
 
 // ---- Asking the printer -------------------------------------------------------------------------
@@ -278,7 +277,7 @@ ZPLUI_API BOOL WINAPI DAL_Query_Run(HANDLE settings, int questions, DAL_QUERY_AN
 // TrueType fonts of the system that are stored in the printer, as font files or as pictures of
 // their characters. The driver keeps a list of those that it has sent and those that it has found.
 
-#define DAL_FONT_FOUND 0    // somebody else has sent it
+#define DAL_FONT_FOUND 0    // another host has sent it
 #define DAL_FONT_TRUETYPE 1 // the font's file
 #define DAL_FONT_BITMAP 2   // pictures in one size
 
@@ -314,32 +313,32 @@ typedef struct DAL_FONT {
 // may be null.
 ZPLUI_API int WINAPI DAL_Fonts_List(HANDLE settings, DAL_FONT* fonts, int count);
 
-// Asks the printer which fonts it has: those of the list become present or missing, others join it.
-// The list is stored. FALSE, with the list as it was, when the printer cannot be asked; when the
-// list cannot be stored; and when this user may not.
+// Asks the printer which fonts it has. Those of the list become present or missing; others are
+// added to it. The list is stored. FALSE, with the list unchanged, if the printer cannot be asked;
+// if the list cannot be stored; and if this user may not do it.
 ZPLUI_API BOOL WINAPI DAL_Fonts_Verify(HANDLE settings);
 
 // Sends every font again that is not known to be present, each in a job of its own, and stores the
-// list. FALSE, with the last error ERROR_BAD_LENGTH, when some were left out because their
-// characters are too large to be sent at the printer's resolution; when the list cannot be stored;
-// and when this user may not.
+// list. FALSE, with the last error ERROR_BAD_LENGTH, if some were left out because their characters
+// are too large to be sent at the printer's resolution; if the list cannot be stored; and if this
+// user may not do it.
 ZPLUI_API BOOL WINAPI DAL_Fonts_Resend(HANDLE settings);
 
 // Sends a font of the system to the printer in a job of its own, adds it to the list and stores
-// that. `kind` and `font` say what to send; for DAL_FONT_BITMAP `point_size` (40 to 1440) and
-// `characters` (0 for all) too. `memory` 0 is the model's usual one. `file` is a name without
-// ending, of which eight characters are used; a name is made up when it is empty. The rest is
-// filled in. FALSE, and nothing is kept, when the system has no such font, the model takes no fonts
-// of that kind or has no such memory, the size, the characters or the name cannot be (letters,
-// digits and "_" are good), no job can be made, or this user may not; with the last error
-// ERROR_BAD_LENGTH, and nothing sent, when a bitmap font's characters are too large (65535 bytes
-// each) at the printer's resolution. FALSE also when the list cannot be stored, though the printer
-// has the font then. A font of the same file makes room for it.
+// that. `kind` and `font` say what to send; for DAL_FONT_BITMAP also `point_size` (40 to 1440) and
+// `characters` (0 for all). `memory` 0 is the model's usual one. `file` is a name without
+// extension, of which eight characters are used; if it is empty a name is made up. The rest is
+// filled in. FALSE, with nothing kept, if the system has no such font, the model takes no fonts of
+// that kind or has no such memory, the size, the characters or the name are invalid (letters,
+// digits and "_" are valid), no job can be made, or this user may not do it; with the last error
+// ERROR_BAD_LENGTH, and nothing sent, if a bitmap font's characters are too large (65535 bytes
+// each) at the printer's resolution. Also FALSE if the list cannot be stored, although the printer
+// then has the font. A font in a file of the same name is replaced.
 ZPLUI_API BOOL WINAPI DAL_Font_Download(HANDLE settings, DAL_FONT* font);
 
-// Has the printer delete a font and takes it off the list, which is stored. `index` is its place in
-// the list, from 0. FALSE when there is none, when the list cannot be stored, and when this user
-// may not.
+// Makes the printer delete a font and removes it from the list, which is stored. `index` is its
+// place in the list, from 0. FALSE if there is none, if the list cannot be stored, and if this user
+// may not do it.
 ZPLUI_API BOOL WINAPI DAL_Font_Delete(HANDLE settings, int index);
 
 // ---- Codecs and checksums -----------------------------------------------------------------------

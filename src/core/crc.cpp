@@ -9,8 +9,8 @@ namespace {
 
 constexpr uint32_t kUTF8 = 1208;
 
-// Tables for a most-significant-bit-first checksum that takes kSlices bytes at a time: row i tells
-// what a byte does to the register i bytes later.
+// Tables for a most-significant-bit-first checksum that takes kSlices bytes at a time. Row i has
+// the effect of a byte on the register i bytes later.
 template <class Word, Word kPolynomial, size_t kSlices>
 class Slicer {
 public:
@@ -50,7 +50,7 @@ private:
         return static_cast<Word>((kTables[kSlices - 1 - I][Byte<I>(crc, data)] ^ ...));
     }
 
-    // Byte I of the data with the byte of the register that falls on it.
+    // Byte I of the data, combined with the byte of the register that meets it.
     template <size_t I>
     static uint8_t Byte(Word crc, const uint8_t* data) {
         if constexpr (I < kWordBytes)

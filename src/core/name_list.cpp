@@ -14,7 +14,7 @@ NameNode* NextName(const NameNode* node) {
     return static_cast<NameNode*>(node->GetNext());
 }
 
-// Equal names have equal hashes, whatever forms and code pages they are in.
+// Equal names have equal hashes, in any form and code page.
 uint32_t HashName(const OString& name) {
     return CRC32_Calculator(0).CRC32(name);
 }
@@ -77,8 +77,8 @@ void NameList::AddTail_ReplaceNames(NameList& nodes) {
         *end = {HashName(node->GetName()), static_cast<int>(end - places.get()), node};
     std::sort(places.get(), end, before);
 
-    // The last node of that name among those to be moved, or null. Nodes in front of it are not
-    // looked at, so they may be gone.
+    // The last node of that name among those to be moved, or null. Nodes before it are not
+    // accessed, so they may be gone.
     const auto last_of = [&](const OString& name) -> const NameNode* {
         const uint32_t hash = HashName(name);
         const Place* place =
@@ -103,8 +103,7 @@ void NameList::AddTail_ReplaceNames(NameList& nodes) {
 }
 
 OString NameList::FreeName(OString name, bool space) const {
-    // One look at the whole list, so that a long run of numbered names does not mean a walk through
-    // the list for each.
+    // One pass over the list, so that a long run of numbered names does not need a pass for each.
     OTypedArray<uint32_t> hashes;
     for (NameNode* node = static_cast<NameNode*>(GetHead()); node; node = NextName(node))
         hashes.Add(HashName(node->GetName()));
@@ -113,7 +112,7 @@ OString NameList::FreeName(OString name, bool space) const {
     do {
         const OString taken(name); // NOLINT(performance-unnecessary-copy-initialization)
         name.NextUnique(space);
-        // The last number is taken too: a new one begins after it.
+        // The last possible number is taken too, so a new one begins after it.
         if (name == taken) name << " 2";
         if (name == taken) break;
     } while (std::binary_search(hashes.GetData(), end, HashName(name)) && Find(name));

@@ -8,13 +8,13 @@
 #include "core/olist.h"
 #include "core/ostring.h"
 
-// A list element with a name and a priority. Names are compared by case.
+// A list element with a name and a priority. Names are case-sensitive.
 class NameNode : public ONode {
 public:
     const OString& GetName() const { return name_; }
     void SetName(const OString& name) { name_ = name; }
 
-    // 0 at first; the higher, the earlier.
+    // 0 at first. Higher ones come earlier.
     int32_t GetPriority() const { return priority_; }
     void SetPriority(int32_t priority) { priority_ = priority; }
 
@@ -34,13 +34,13 @@ private:
 class NameList : public OList {
 public:
     NameList() = default;
-    // Copies take the list's name, not its nodes; assignment leaves the nodes that are there.
+    // Copies take the list's name but not its nodes; assignment leaves the existing nodes.
     NameList(const NameList& other)
         : OList()
         , name_(other.name_) {}
     NameList& operator=(const NameList& other);
 
-    // A new NameNode; null without memory.
+    // A new NameNode, or null without memory.
     ONode* NewNode() override;
 
     const OString& GetName() const { return name_; }
@@ -53,13 +53,13 @@ public:
     bool AddTail_ReplaceName(NameNode* node);
 
     // Moves all nodes of another list, in their order, to the tail of this one, as
-    // AddTail_ReplaceName does with one: of all nodes with the name of a moved one only the last is
-    // left.
+    // AddTail_ReplaceName does with one: of all nodes with the name of a moved one only the last
+    // remains.
     void AddTail_ReplaceNames(NameList& nodes);
 
     // Adds a node at the tail, after counting its name up (OString::NextUnique) until no other node
-    // has it; after the last number that can be counted to, " 2" begins a new one. The name is set
-    // as the node's class sets it. False for null.
+    // has it. After the last possible number, " 2" begins a new one. The name is set by the node's
+    // own class. False for null.
     template <std::derived_from<NameNode> Node>
     bool AddTail_UniqueName(Node* node, bool space) {
         if (!node) return false;
@@ -81,7 +81,7 @@ class OTypedList : public Base {
 public:
     ONode* NewNode() override { return new (kCounted) T; }
 
-    // Replaces the nodes by copies of another list's. False when not all of it could be copied.
+    // Replaces the nodes with copies of another list's. False if not everything could be copied.
     [[nodiscard]] bool CopyNodes(const OTypedList& other) {
         if (this == &other) return true;
         const AllocationWatch memory;
@@ -91,7 +91,7 @@ public:
         return !memory.Failed();
     }
 
-    // The node after (before) `node`; for null the head (tail). Null at the end.
+    // The node after (before) `node`, or for null the head (tail). Null at the end.
     T* GetNext(const T* node) const {
         return static_cast<T*>(node ? node->ONode::GetNext() : this->GetHead());
     }
@@ -104,8 +104,8 @@ public:
 template <class T>
 class OTypedNameList : public OTypedList<T, NameList> {
 public:
-    // The nodes' own checksums, each continued from the one before, from head to tail; `seed` for
-    // an empty list.
+    // The nodes' own checksums, each continued from the one before, from head to tail, or `seed`
+    // for an empty list.
     virtual uint32_t GetCRC32(uint32_t seed) const {
         for (T* node = this->GetNext(nullptr); node; node = this->GetNext(node))
             seed = node->GetCRC32(seed);

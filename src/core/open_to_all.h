@@ -3,7 +3,7 @@
 
 #include <windows.h>
 
-// Security attributes for such an object, good while this lives.
+// Security attributes for such an object, valid while this lives.
 class OpenToAll {
 public:
     OpenToAll();

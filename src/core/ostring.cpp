@@ -219,7 +219,7 @@ WCHAR* OString::GetBufferW(int length) {
 }
 
 void OString::Format(const WCHAR* format, ...) {
-    // Into a buffer of our own, so that an argument may be this string's text.
+    // Into a local buffer, so that an argument may be this string's text.
     WCHAR text[4096 + 1] = {0};
     if (format) {
         va_list arguments;

@@ -18,7 +18,7 @@ bool IsDigit(int c) {
     return c >= '0' && c <= '9';
 }
 
-// The length of a text of which at most `limit` characters count.
+// The length of a text, counting at most `limit` characters.
 template <class C>
 int LengthUpTo(const C* text, int limit) {
     int length = 0;
@@ -26,7 +26,7 @@ int LengthUpTo(const C* text, int limit) {
     return length;
 }
 
-// Replaces the characters first..last by those that begin with `replacement`.
+// Maps the characters first..last to those from `replacement` on.
 template <class C>
 void MapRange(C* text, char first, char last, char replacement) {
     for (; *text; ++text)
@@ -34,7 +34,7 @@ void MapRange(C* text, char first, char last, char replacement) {
             *text = static_cast<C>(*text - first + replacement);
 }
 
-// The value of a hexadecimal digit; other characters count by their low bits.
+// The value of a hexadecimal digit. Other characters count by their low bits.
 int HexDigit(WCHAR c) {
     return IsDigit(c) ? c - '0' : (c & 15) + 9;
 }
@@ -90,7 +90,7 @@ int OString::ReverseFindOneOf(const char* set) const {
 bool OString::MatchPattern(const OString& pattern) const {
     const WCHAR* text = wstring();
     const WCHAR* wanted = pattern.wstring();
-    // Only the last star can need a longer run: whatever an earlier one could take, it can as well.
+    // Only the last star can need a longer run: it can take whatever an earlier one could.
     const WCHAR* behind_star = nullptr;
     const WCHAR* run_end = nullptr;
     while (*text) {
@@ -216,7 +216,7 @@ int OString::Replace(const char* from, const char* to) {
     return count;
 }
 
-// Removes every occurrence of a text that is not empty; returns their number.
+// Removes every occurrence of a non-empty text. Returns their number.
 int OString::RemoveAll(const char* text) {
     if (!std::strstr(nstring(), text)) return 0;
     const OString wanted(text);

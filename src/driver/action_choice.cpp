@@ -12,10 +12,10 @@ namespace {
 
 constexpr int32_t kLongestTimeout = 999999;
 
-// By the numbers of MemoryWork.
+// Indexed by MemoryWork.
 constexpr std::string_view kMemoryWork[] = {"format", "print", "erase", "reset"};
 
-// Takes the next word from the front; empty at the end.
+// Takes the next word from the front. Empty at the end.
 std::string_view TakeWord(std::string_view& text) {
     const size_t start = std::min(text.find_first_not_of(' '), text.size());
     const size_t end = std::min(text.find(' ', start), text.size());
@@ -25,7 +25,7 @@ std::string_view TakeWord(std::string_view& text) {
 }
 
 bool SendFile(prtui& ui, const OString& path) {
-    // Opened, a missing file would be made.
+    // Opening a missing file would create it.
     if (!OFile::Exists(path)) return false;
     ui.SendFile(path);
     return true;
@@ -66,7 +66,7 @@ bool ReadSleep(std::string_view value, PowerSettings& settings) {
     return !value.empty();
 }
 
-// Changes what the words name; false for a word that is none of them.
+// Changes the settings that the words name. False for an unknown word.
 bool ReadPower(std::string_view words, PowerSettings& settings) {
     for (auto word = TakeWord(words); !word.empty(); word = TakeWord(words)) {
         const size_t equals = word.find('=');

@@ -1,4 +1,4 @@
-// Actions that open a dialog, for programs: what would be chosen there, in words.
+// Actions that open a dialog, for programs: the choice made there, in words.
 #pragma once
 
 #include "core/ostring.h"
@@ -6,7 +6,7 @@
 
 class prtui;
 
-// Does the action by its choice, for a printer with a model:
+// Runs the action with its choice, for a printer with a model:
 //
 //   ACTION_SEND_FILE         the full path of a file that there is
 //   ACTION_MEMORY            "format", "print", "erase" or "reset", and the letter of one of the
@@ -14,5 +14,5 @@ class prtui;
 //   ACTION_POWER_MANAGEMENT  "discharge", or the settings to change: "sleep=300" or "sleep=off",
 //                            "forced=yes", "low-voltage-pause=no"
 //
-// False, and nothing is done, for other actions and for a choice that makes no sense.
+// False, with nothing done, for other actions and for a choice that makes no sense.
 bool RunChoice(prtui& ui, printer_action action, const OString& choice);

@@ -17,7 +17,7 @@ namespace {
 // Names, versions and sizes, which every DEVMODE has.
 constexpr DWORD kHeader = offsetof(DEVMODEW, dmFields);
 
-// The layout of Windows NT 3.51, which ends in front of the colour management.
+// The layout of Windows NT 3.51, which ends before the colour management.
 constexpr WORD kSpecVersion351 = 0x320;
 constexpr WORD kSize351 = offsetof(DEVMODEW, dmICMMethod);
 
@@ -38,10 +38,10 @@ BOOL MakeDefault(const WCHAR* printer, DEVMODEW* out, PDWORD size) {
 
 BOOL Convert(const DEVMODEW* in, DEVMODEW* out, PDWORD size, bool to_351) {
     if (!in) return Fail(ERROR_INVALID_PARAMETER);
-    // A buffer that is shorter than that does not say what layout it wants.
+    // A shorter buffer does not say which layout it wants.
     if (*size < kHeader)
         return AskForRoom(size, (to_351 ? kSize351 : DWORD{sizeof(DEVMODEW)}) + in->dmDriverExtra);
-    const WORD in_size = in->dmSize; // before the output, which may be the same
+    const WORD in_size = in->dmSize; // read before the output is written, which may be the same
     const WORD extra = in->dmDriverExtra;
     if (to_351) {
         out->dmSpecVersion = kSpecVersion351;

@@ -1,4 +1,4 @@
-// What a printer can be told to do, for programs without a user interface.
+// Printer actions, for programs without a user interface.
 #include <algorithm>
 #include <cstring>
 

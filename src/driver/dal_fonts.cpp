@@ -24,7 +24,7 @@ static_assert(DAL_CHARACTERS_ALL == ALL_CHARACTERS);
 
 namespace {
 
-// The sizes that can be chosen, in tenths of a point.
+// The selectable sizes, in tenths of a point.
 constexpr DWORD kSmallestSize = 40, kLargestSize = 1440;
 
 DAL_FONT Described(const DownloadedFont& font) {
@@ -44,7 +44,7 @@ DAL_FONT Described(const DownloadedFont& font) {
     return described;
 }
 
-// Completes the description of a font. False when the system would show another one in its place.
+// Completes the description of a font. False if the system would show another font in its place.
 bool FindSystemFont(LOGFONTW& font) {
     const HDC dc = ::CreateCompatibleDC(nullptr);
     if (!dc) return false;
@@ -63,7 +63,7 @@ bool FindSystemFont(LOGFONTW& font) {
     return true;
 }
 
-// The option of a memory, the first one for 0; -1 for one that is not there.
+// The option of a memory, or the first option for 0. -1 if there is none.
 int OptionOf(WCHAR memory, const CFontSettings& settings) {
     if (!memory) return settings.option_letters.GetSize() ? 0 : -1;
     for (int i = 0; i < settings.option_letters.GetSize(); ++i)
@@ -71,7 +71,7 @@ int OptionOf(WCHAR memory, const CFontSettings& settings) {
     return -1;
 }
 
-// What a file may be called: the printer's commands end at other characters.
+// Only these characters are allowed in a file's name: others would end the printer's commands.
 bool IsFileName(const OString& name) {
     const char* text = name.nstring();
     return std::all_of(text, text + std::strlen(text), [](char c) {
@@ -95,7 +95,7 @@ bool IsKind(DWORD kind, const prtmodel& model) {
                        [kind](const FontDownloadKind& known) { return known.type == kind; });
 }
 
-// What a font is to become, as a user would have chosen it. False when it cannot be.
+// Makes the choices that a user would have made for the font. False if it cannot be made.
 bool Choose(const DAL_FONT& wanted, const prtui& ui, const CFontSettings& settings,
             FontChoices& choices) {
     if (!IsKind(wanted.kind, *ui.model)) return false;
@@ -176,7 +176,7 @@ BOOL WINAPI DAL_Font_Download(HANDLE settings, DAL_FONT* font) {
     if (sent == FontSent::TOO_LARGE) SetLastError(ERROR_BAD_LENGTH);
     if (sent != FontSent::SENT) return FALSE;
 
-    // The printer has it in place of another file of that name.
+    // It has replaced another file of that name in the printer.
     delete FindFile(ui->fonts, *made);
     *font = Described(*made);
     ui->fonts.AddTail(made.release());

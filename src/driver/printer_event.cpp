@@ -1,4 +1,4 @@
-// The life of a printer: DrvPrinterEvent and DrvUpgradePrinter.
+// Events in the life of a printer: DrvPrinterEvent and DrvUpgradePrinter.
 #include "zplui.h"
 
 #include <memory>
@@ -16,7 +16,7 @@ std::unique_ptr<prtmodel> ModelOf(HANDLE printer) {
     return std::unique_ptr<prtmodel>(prtmodel::new_ext(PrinterInfo(printer)));
 }
 
-// Brings the printer's default DEVMODE into today's layout and the model's limits.
+// Brings the printer's default DEVMODE into the current layout and within the model's limits.
 BOOL UpgradeDefaultDevMode(HANDLE printer, const prtmodel* model) {
     PrinterInfo info(printer);
     DevMode settings;

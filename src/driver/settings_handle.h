@@ -5,10 +5,10 @@
 
 class prtui;
 
-// The UI object that a handle is, for what needs a printer; null for a null handle and for a
+// The UI object of a handle, for functions that need a printer. Null for a null handle and for a
 // printer without a model.
 prtui* PrinterOf(HANDLE settings);
 
-// The same for what a page would refuse to a user below the printer's access level, and what no
-// page asks for here: null for such a user as well.
+// The same for functions that a page would refuse to a user below the printer's access level, and
+// that no page asks for here. Also null for such a user.
 prtui* ChangeablePrinterOf(HANDLE settings);

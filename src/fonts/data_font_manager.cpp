@@ -14,21 +14,21 @@ namespace {
 
 constexpr char kFonts[] = "DATA:Data Fonts";
 
-// The blob's value of the font that has a key of this name.
+// The blob's value of the font with a key of this name.
 OString ValueOf(const OString& key) {
     return OString(kFonts) << "/" << ORegistry::EncodeName(key) << "/Data";
 }
 
-// The key of a font. A registry key cannot have a backslash in its name; the font's name is in its
-// blob.
+// The key of a font. A registry key cannot have a backslash in its name, but the font's name is in
+// its blob.
 OString KeyOf(const DataFont& font) {
     OString key = font.GetFontName();
-    key.Replace("%", "%25"); // so that "a%5Cb" and "a\\b" have keys of their own
+    key.Replace("%", "%25"); // so that "a%5Cb" and "a\\b" have different keys
     key.Replace("\\", "%5C");
     return key;
 }
 
-// Calls `work` with the blob of a font and its size; with null and 0 for what is neither kind.
+// Calls `work` with the blob of a font and its size, or with null and 0 for neither kind.
 template <class Work>
 auto WithBlob(const DataFont& font, Work work) {
     if (font.IsBarCode()) {
@@ -50,7 +50,7 @@ DataFont* LoadedFont(const void* blob, size_t size) {
     return font && font->Load(blob, size) ? font.release() : nullptr;
 }
 
-// A font made of a blob of any kind; null when it is none.
+// A font made from a blob of any kind, or null if it is invalid.
 DataFont* FontOf(const void* blob, size_t size) {
     if (DataFont* font = LoadedFont<DataFont_BarCode>(blob, size)) return font;
     return LoadedFont<DataFont_RFID>(blob, size);

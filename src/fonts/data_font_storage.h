@@ -5,7 +5,7 @@
 #include <cstddef>
 #include <cstdint>
 
-// What every data font begins with. Bytes that are reserved are 0.
+// The common start of every data font. Reserved bytes are 0.
 struct DataFontStorage {
     uint16_t weight;
     int16_t adjustment;
@@ -21,8 +21,8 @@ static_assert(offsetof(DataFontStorage, face_name) == 12);
 static_assert(offsetof(DataFontStorage, type) == 44);
 
 // The record of a bar code font that the rendering module reads: 16-bit fields, named by their byte
-// offset. Its size and the places of the fields depend on the type of the font, and what many of
-// them mean on the symbology.
+// offset. Its size and the places of the fields depend on the type of the font, and the meaning of
+// many on the symbology.
 struct BarCodeRecord {
     uint16_t fields[48];
 

@@ -11,10 +11,10 @@ namespace {
 
 constexpr DWORD kPiece = 16384; // bytes of a file at once
 
-// What the record of a character can say.
+// The limits of a character's record.
 constexpr int64_t kMostBytes = UINT16_MAX;
 
-// A font selected into a device context that is not the printer's, for as long as this lives.
+// A font selected, as long as this lives, into a device context that is not the printer's.
 class SelectedFont {
 public:
     SelectedFont(HDC dc, const LOGFONTW& description)
@@ -65,10 +65,10 @@ public:
                                         static_cast<uint32_t>(height));
     }
 
-    // What is drawn now.
+    // The current picture.
     GlyphPicture Read() {
         const auto size = static_cast<LONG>(bits_.GetSize());
-        // What cannot be read is blank.
+        // Pixels that cannot be read are blank.
         std::memset(bits_.GetData(), 0xFF, bits_.GetSize());
         ::GetBitmapBits(bitmap_, size, bits_.GetData());
         picture_.bits = bits_.GetData();
@@ -115,7 +115,7 @@ struct GlyphRows {
     const int row_bytes;
 };
 
-// Whether all characters of the font that is selected fit into their records.
+// Whether all characters of the selected font fit into their records.
 bool CharactersFit(const DownloadedFontInfo& font, HDC dc, int height, const prtmodel& model) {
     for (const uint16_t rotation : {uint16_t{0}, uint16_t{1}}) {
         if (!model.DownloadFontRotation(rotation)) continue;
@@ -151,7 +151,7 @@ bool HasInk(const GlyphPicture& picture, int x, int y) {
            !(picture.bits[y * picture.stride + x / 8] & (0x80 >> x % 8));
 }
 
-// Sends all characters in one rotation; the bytes of their rows.
+// Sends all characters in one rotation. Returns the bytes of their rows.
 uint32_t SendPass(DownloadedFont& font, uint16_t rotation, const TEXTMETRICW& metrics,
                   Canvas& canvas, prtstream& stream, bool& prepared) {
     uint32_t total = 0;
@@ -217,7 +217,7 @@ bool DownloadTTFFont(DownloadedFont& font, prtstream& stream) {
     if (!selected.IsValid()) return false;
     const DWORD size = ::GetFontData(screen.dc, 0, 0, nullptr, 0);
     if (size == 0 || size > INT32_MAX) return false;
-    // The file is read as a whole, so that one that cannot be read is not half sent.
+    // The file is read first, so that one that cannot be read is not half sent.
     OBuffer<char> file(size);
     if (file.GetSize() != size || ::GetFontData(screen.dc, 0, 0, file.GetData(), size) != size)
         return false;

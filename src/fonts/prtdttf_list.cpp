@@ -12,7 +12,7 @@ namespace {
 
 constexpr char kTotal[] = "Fonts:Downloaded Font Total";
 
-// No printer has room for more; a damaged total ends here.
+// No printer has room for more. A damaged total is limited to this.
 constexpr uint32_t kMostFonts = 999;
 
 OString PrefixOf(int index) {

@@ -1,5 +1,5 @@
 // For each level, includes helpers that kernels share and then the header of kernels that KERNELS
-// names. Its text belongs into the namespace KERNEL_LEVEL, is compiled for that level's instruction
+// names. The text belongs into the namespace KERNEL_LEVEL, is compiled for that level's instruction
 // set and may use vectors of KERNEL_VECTOR bytes.
 //
 // All code on vectors has to be in such a header: compiled for a lesser level, its vectors would be

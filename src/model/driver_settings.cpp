@@ -10,7 +10,7 @@ namespace {
 constexpr char kLoaded[] = ":Loaded";
 constexpr char kSet[] = ":Set";
 
-// The full path, for the registry's base key is moved by its own export and import.
+// The full path, as the registry's base key is moved by its own export and import.
 OString PathOf(const OString& name) {
     return OString("Settings:") << name;
 }

@@ -12,7 +12,7 @@ bool IsKeyLine(const OString& line) {
 }
 
 bool StartsWith(const OString& text, const OString& start) {
-    start.wstring(); // the length has to be that of the UTF-16 form
+    start.wstring(); // the length must be that of the UTF-16 form
     return text.Left(start.GetLength()).CompareNoCase(start) == 0;
 }
 
@@ -20,8 +20,8 @@ OString BlockHeader(const char* model) {
     return OString(kBlockStart) << model << "'>";
 }
 
-// A key line "[key]" or "[-key]", whose key is put below another root. Names of keys, and so roots,
-// match in either case.
+// Puts the key of a key line, "[key]" or "[-key]", below another root. Names of keys, and so roots,
+// match in any case.
 OString ReplaceRoot(const OString& line, const OString& from, const OString& to) {
     const int start = line.wstring()[1] == '-' ? 2 : 1;
     const OString key = line.Mid(start);

@@ -55,7 +55,7 @@ void ReadTcpip(const OString& name, int32_t type, _TcpipPortInfo& info) {
     info.port = static_cast<uint32_t>(registry.GetInt(key + "/PortNumber", 0));
 }
 
-// What is known of one port; false when it cannot be read.
+// Reads the facts about one port. False if they cannot be read.
 bool ReadPort(const OString& name, _PORT_INFO_CUSTOM& info) {
     const int32_t type = PortInfo::PortType(name);
     info.type = static_cast<uint32_t>(type);
@@ -78,13 +78,13 @@ int Compare(int32_t type, const OString& name, int32_t other_type, const OString
     return type != other_type ? type - other_type : name.CompareNoCase(other_name);
 }
 
-// With its terminator.
+// In bytes, with its terminator.
 uint32_t TextSize(const OString& text) {
     text.wstring();
     return (static_cast<uint32_t>(text.wlen()) + 1) * static_cast<uint32_t>(sizeof(WCHAR));
 }
 
-// Copies a text to `place`, which moves on after it.
+// Copies a text to `place`, which moves to the byte after it.
 const WCHAR* StoreText(const OString& text, char*& place) {
     auto* stored = reinterpret_cast<WCHAR*>(place);
     std::memcpy(place, text.wstring(), TextSize(text));
@@ -107,7 +107,7 @@ void PortInfo::Refresh() {
     const auto* ports = reinterpret_cast<const PORT_INFO_2W*>(record.GetData());
     const AllocationWatch memory;
     OStringArray names, monitors;
-    OTypedArray<int32_t> types; // asked of the registry once
+    OTypedArray<int32_t> types; // read from the registry only once
     OTypedArray<int> order;
     for (DWORD i = 0; i < count; ++i) {
         const OString name = ports[i].pPortName;
@@ -134,7 +134,7 @@ void PortInfo::Refresh() {
         names_.Add(name);
         monitors_.Add(monitors[order[i]]);
     }
-    // Half a list, or names beside the monitors of others, would be worse than none.
+    // Half a list, or names beside the monitors of others, would be worse than an empty one.
     if (memory.Failed()) {
         names_.SetSize(0);
         monitors_.SetSize(0);

@@ -49,7 +49,7 @@ int prtstream::StartJob(const OString& name) {
     if (!spool_) return 0;
     const int job = spool_->StartDocW(name);
     spool_->StartPage();
-    // The rendering module begins its output with the first packet, be there bytes or not.
+    // The rendering module begins its output with the first packet, even an empty one.
     spool_->WriteDirect(nullptr, 0);
     return job;
 }

@@ -10,7 +10,7 @@ HANDLE OpenTurns() {
     OpenToAll security;
     const HANDLE turns =
         CreateMutexW(security.Get(), FALSE, TEXT("Global\\Valdrick Printer Query"));
-    // Systems without sessions know no such name.
+    // Systems without sessions do not know such a name.
     return turns ? turns : CreateMutexW(security.Get(), FALSE, TEXT("Valdrick Printer Query"));
 }
 

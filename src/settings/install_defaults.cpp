@@ -8,7 +8,7 @@ constexpr uint32_t kUTF8 = 1208;
 
 } // namespace
 
-// A file that does not exist must not be opened: that would make it.
+// A file that does not exist must not be opened: that would create it.
 bool OpenDefaultSettings(OFile& file, const prtmodel& model) {
     const OString name = DriverUtility::GetDriverDirectory() << "\\" << model.GetOEM() << "xxenu"
                                                              << ".kds";

@@ -12,9 +12,9 @@
 void GetStoredEntries(prtreg& registry, const OString& key, int first, int last,
                       OString (*key_name)(int), OTypedArray<int>& numbers);
 
-// Calls `entry(i)` for the entries from `first` to `last`, in order. It need not be called for one
-// that is not there: a range that is longer than the key is, as a damaged total makes it, costs
-// no look for each of its numbers.
+// Calls `entry(i)` for the entries from `first` to `last`, in order, or only for existing ones: a
+// range longer than the key, as from a damaged total, must not cost a look-up for each of its
+// numbers.
 template <class F>
 void ForEachEntry(prtreg& registry, const OString& key, int first, int last,
                   OString (*key_name)(int), F entry) {

@@ -19,7 +19,7 @@ static_assert(sizeof(RecordHead) == 8);
 constexpr char kSignature[] = "DM32";
 constexpr char kSignatureOfAny[] = "DM";
 
-// The size of a DEVMODE in one of the layouts, by its own fields; 0 when `size` bytes do not hold
+// The size of a DEVMODE in one of the layouts, by its own fields, or 0 if `size` bytes do not hold
 // it.
 template <class Layout>
 uint32_t SizeOf(const char* bytes, size_t size) {

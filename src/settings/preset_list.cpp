@@ -15,12 +15,12 @@ constexpr char kPresetsKey[] = "Presets:";
 constexpr char kTotal[] = "Presets:Total";
 constexpr int kMostPresets = 9999;
 
-// How many presets the printer says to have, within reason.
+// The printer's stored number of presets, within reason.
 int StoredTotal(prtreg& registry) {
     return static_cast<int>(std::min<uint32_t>(registry.GetDWORD(kTotal, 0), kMostPresets));
 }
 
-// Fills `numbers` with those of the stored presets that this driver cannot read, in order.
+// Fills `numbers` with the stored presets that this driver cannot read, in order.
 void GetNotUnderstood(prtreg& registry, int last, OTypedArray<int>& numbers) {
     OTypedArray<int> stored;
     GetStoredEntries(registry, kPresetsKey, 1, last, Preset::KeyName, stored);

@@ -16,17 +16,17 @@ class PresetList : public OTypedNameList<Preset>, public StoredList {
 public:
     PresetList() = default;
     PresetList(const PresetList&) = delete;
-    // Takes over copies of the presets and what is remembered of the last load or save. A copy that
-    // lacks something is not saved.
+    // Takes over copies of the presets and the memory of the last load or save. An incomplete copy
+    // is not saved.
     PresetList& operator=(const PresetList& other);
 
-    // Reads the stored presets, instead of those in the list, sorts them and remembers the list's
-    // checksum. Of several with one name only the last is kept. When not all of them could be read,
-    // the list is not saved until it is loaded again.
+    // Replaces the list with the stored presets, sorts them and remembers the list's checksum. Of
+    // several with one name only the last is kept. If not all of them could be read, the list is
+    // not saved until it is loaded again.
     void Load(const prtmodel* model);
 
     // Writes the presets that have settings, and deletes stored ones that are gone: all of it or
-    // nothing. Stored presets that cannot be understood stay, under the numbers that they have.
+    // nothing. Stored presets that cannot be understood stay, under their numbers.
     SaveResult Save(const prtmodel* model) const;
 
     // Brings the list into order: by priority, then by name.
@@ -34,7 +34,7 @@ public:
 
     // ---- Exchange -------------------------------------------------------------------------------
 
-    // Writes a text block for each preset; the number of blocks. One without a DEVMODE has no data.
+    // Writes a text block for each preset; returns their number. One without a DEVMODE has no data.
     //
     //   <preset>
     //   Name=Draft
@@ -43,10 +43,10 @@ public:
     //   </preset>
     int Export(OFile& file) const;
 
-    // Adds the presets of all blocks of a file, which is read from its start, in place of those of
-    // the same names, and sorts the list; their number. A record may be blob text or plain Base64.
-    // A block without a record that can be imported, one without an end, and one with texts that
-    // are too long to be stored, is left out.
+    // Adds the presets of all blocks of a file, which is read from its start, replacing those of
+    // the same names, and sorts the list. Returns their number. A record may be blob text or plain
+    // Base64. Blocks without a valid record, without an end, or with texts that are too long to be
+    // stored are left out.
     int Import(OFile& file, const prtmodel* model);
 
     // The same for a binary file as old drivers wrote it, from where it stands: records, each with
@@ -56,12 +56,12 @@ public:
 
     // ---- Use ------------------------------------------------------------------------------------
 
-    // The preset that settings come from: with their fingerprint, the one that has it too and equal
-    // settings; else the first stored one with equal settings; else the default settings when these
-    // are equal; else the current settings, null when the list lacks them.
+    // The preset that settings come from. With their fingerprint, it is the one that has it too and
+    // equal settings; else the first stored one with equal settings; else the default settings if
+    // these are equal; else the current settings, or null if the list lacks them.
     Preset* Find(const DevMode& dev_mode) const;
 
-    // The first built-in preset of its kind; null when there is none.
+    // The first built-in preset of its kind, or null.
     Preset* GetCurrentSettings() const { return FindBuiltIn(Preset::CURRENT_SETTINGS); }
     Preset* GetDefaultSettings() const { return FindBuiltIn(Preset::DEFAULT_SETTINGS); }
 

@@ -80,7 +80,7 @@ int PresetList::Import(OFile& file, const prtmodel* model) {
         } else if (reader.Key() == "Description") {
             preset->SetDescription(reader.Value());
         } else if (reader.Key() == "Data") {
-            // What decodes to a sound container is unpacked, any other is taken as it is.
+            // Text that decodes to a valid container is unpacked, any other is taken unchanged.
             OBuffer<char> record;
             Base64::StringToBuffer(reader.Value(), record);
             if (!preset->Import(record, model)) preset.reset();

@@ -15,7 +15,7 @@ size_t ExtentOf(const endconfig& tail) {
     return tail.size < commands ? tail.size + commands : tail.size;
 }
 
-// The bytes of the configuration in front of a tail.
+// The bytes of the configuration before a tail.
 size_t RoomOf(const endconfig& tail) {
     return ExtentOf(tail) - sizeof tail;
 }
@@ -82,7 +82,7 @@ uint32_t prtconfig::GetPresetCRC32() const {
 }
 
 void prtconfig::SetPresetCRC32(uint32_t checksum) {
-    const size_t last = USER_COMMAND_SIZE - sizeof checksum - 1; // the terminator in front of it
+    const size_t last = USER_COMMAND_SIZE - sizeof checksum - 1; // the terminator before it
     if (!std::memchr(user[USER_COMMANDS - 1], 0, last)) return;
     std::memcpy(reinterpret_cast<char*>(this) + kPresetChecksum, &checksum, sizeof checksum);
 }
@@ -131,8 +131,8 @@ void prtconfig::Copy(endconfig* destination, const endconfig* source) {
     const uint16_t own_length = to->length;
     const size_t size = std::min<size_t>({to->length, from->length, room, RoomOf(*source)});
     std::memmove(to, from, size);
-    // A longer one has not become ours with its length.
+    // A longer one does not become ours along with its length.
     if (to->length > own_length) to->length = own_length;
 }
 
-// Reset of a whole block and GetTotalSize are the printer language's; they stand with extconfig.
+// Reset of a complete block and GetTotalSize belong to the printer language, in extconfig.

@@ -59,5 +59,5 @@ static_assert(sizeof(SCOLOR) == 76);
 static_assert(offsetof(SCOLOR, planes) == 8);
 static_assert(offsetof(SCOLOR, heads) == 72);
 
-// What two inks, colour references, look like one on the other.
+// The colour of two inks, as colour references, printed on each other.
 uint32_t AddColors(uint32_t a, uint32_t b);

@@ -20,8 +20,8 @@ public:
     // "font type='RFID'" ends with "</font>".
     SettingsBlocks(OFile& file, const char* kind);
 
-    // The next line. A block that another one interrupts has a start but no end; the last one may
-    // lack it too.
+    // The next line. A block that is interrupted by another one has a start but no end, as may the
+    // last one.
     Line Read();
 
     // What an entry has before and after its first equals sign.

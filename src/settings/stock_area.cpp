@@ -1,4 +1,4 @@
-// What of a stock can be printed, and where the page begins.
+// The printable part of a stock, and the start of the page.
 #include <algorithm>
 
 #include "model/prtmodel.h"
@@ -77,7 +77,7 @@ void Stock::CalculateOffsets(const prtmodel* model, const DEVMODEW* dev_mode) {
     const int64_t unprintable = model->GetUnprintableWidth().Microns();
     const int natural = model->GetNaturalOrientation();
 
-    // The page as it is turned.
+    // The page as turned.
     int64_t margins[2] = {offset_left, offset_top};
     if (turn == LANDSCAPE) margins[X] = offset_bottom, margins[Y] = offset_left;
     if (turn == PORTRAIT_TURNED) margins[X] = offset_right, margins[Y] = offset_bottom;

@@ -29,12 +29,12 @@ OString TotalName(const OString& key) {
     return OString(key) << "Total";
 }
 
-// How many stocks a key says to have, within reason.
+// The number of stocks that a key claims to have, within reason.
 int StoredTotal(prtreg& registry, const OString& key) {
     return static_cast<int>(std::min<uint32_t>(registry.GetDWORD(TotalName(key), 0), kMostForms));
 }
 
-// By UTF-16 units: no character is lost in them, as it may be in the 8-bit form.
+// By UTF-16 units, which lose no characters as the 8-bit form may.
 int CompareNames(const OString& a, const OString& b) {
     // Strings compare by this form once both have it.
     a.wstring();
@@ -47,13 +47,13 @@ bool SortsBefore(const Stock* a, const Stock* b) {
                                         : CompareNames(a->GetName(), b->GetName()) < 0;
 }
 
-// By names, the user's in front of others of its name.
+// By names, the user's stock before others of its name.
 bool NameSortsBefore(const Stock* a, const Stock* b) {
     const int order = CompareNames(a->GetName(), b->GetName());
     return order != 0 ? order < 0 : a->is_user() && !b->is_user();
 }
 
-// Whether the first of two stocks of one name goes, or the second.
+// Whether the first of two stocks of one name is deleted, or the second.
 bool FirstGoes(const Stock& first, const Stock& second) {
     return first.can_delete() || second.is_user() || second.is_server();
 }

@@ -12,8 +12,8 @@ namespace {
 
 constexpr char kStockBlock[] = "stock";
 
-// The record of a "Data" line. What decodes to a sound container is unpacked, any other is taken as
-// it is.
+// The record of a "Data" line. Text that decodes to a valid container is unpacked, any other is
+// taken unchanged.
 bool ReadRecord(const OString& text, Stock& stock) {
     OBuffer<char> bytes;
     Base64::StringToBuffer(text, bytes);

@@ -1,4 +1,4 @@
-// Lists that are kept in the registry.
+// Lists that are stored in the registry.
 #pragma once
 
 #include <cstdint>
@@ -6,22 +6,22 @@
 #include "registry/oregistry.h"
 #include "registry/oregistry_transaction.h"
 
-// How a list's Save ended.
+// The result of a list's Save.
 enum class [[nodiscard]] SaveResult{
-    UNCHANGED, // nothing was written: the list is as it was at the last load or save
+    UNCHANGED, // nothing was written: the list is as at the last load or save
     STORED,    // all of it was written
     FAILED,    // nothing was written, and the list still counts as changed
 };
 
-// What a list remembers of its last load or save: so it is written only when it has changed, and
-// not at all when a part of what is stored never came into it. A copy remembers the same.
+// A list's memory of its last load or save. It is written only if it has changed, and never if a
+// part of what is stored could not be loaded. A copy remembers the same.
 class StoredList {
 public:
-    // What is stored stays: no change is saved until the list is loaded again.
+    // Keeps what is stored: no change is saved until the list is loaded again.
     void KeepStored() { whole_ = false; }
 
 protected:
-    // The list is as it is stored and has this checksum.
+    // The list is as stored and has this checksum.
     void NoteStored(uint32_t checksum) const { checksum_ = checksum; }
     // The same after a load through `registry`, which knows whether all of it could be read.
     void NoteLoaded(uint32_t checksum, const ORegistry& registry) {

@@ -6,8 +6,8 @@
 
 namespace {
 
-// A sheet is answered by the last page but two, which is the driver's last beside the About page
-// and the system's own.
+// A sheet is answered by the last page but two: the driver's last one before its About page and the
+// system's own.
 constexpr int32_t kAnsweringPage = 3;
 
 } // namespace
@@ -37,7 +37,7 @@ bool CommonSheet::SetResult(LPARAM result) const {
 
 bool HasRoom(const DOCUMENTPROPERTYHEADER& header, size_t size) {
     if (header.cbOut == 0 || header.cbOut >= size) return true;
-    // Some spoolers do not know the room, and tell how large the public part is that lies there.
+    // Some spoolers do not know the room and give the size of the public part that is there.
     if (!header.pdmOut || header.cbOut < offsetof(DEVMODEW, dmFields)) return false;
     WORD public_size = 0;
     std::memcpy(&public_size,

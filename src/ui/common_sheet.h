@@ -13,15 +13,15 @@
 // there is nobody to talk to.
 class CommonSheet {
 public:
-    // Takes what the sheet's call brings.
+    // Takes the connection from the sheet's call.
     void Open(const PROPSHEETUI_INFO& info);
 
-    // Takes the handles of the pages that there are now, those of the system too.
+    // Takes the handles of the current pages, those of the system too.
     void ReadPages();
     int32_t GetPageCount() const { return page_count_; }
 
-    // Tells the sheet how it ends, CPSUI_OK or CPSUI_CANCEL, in the name of the driver's last page
-    // but the one about the driver. False when the sheet refuses; true outside of a sheet.
+    // Tells the sheet how it ends, CPSUI_OK or CPSUI_CANCEL, for the driver's last page before its
+    // About page. False if the sheet refuses, true outside of a sheet.
     bool SetResult(LPARAM result) const;
 
 private:
@@ -31,6 +31,6 @@ private:
     int32_t page_count_ = 0;
 };
 
-// Whether settings of `size` bytes fit into pdmOut as far as cbOut tells its room: 0, and the
-// dmSize of what lies there, leave it unsaid and are taken for enough.
+// Whether settings of `size` bytes fit into pdmOut, as far as cbOut tells its room. A cbOut of 0,
+// or of the dmSize of the contents, does not tell it and is taken for enough.
 bool HasRoom(const DOCUMENTPROPERTYHEADER& header, size_t size);

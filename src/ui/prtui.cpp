@@ -105,7 +105,7 @@ void prtui::AddBuiltInPresets() {
             preset->SetToDefaultDevMode(model.get());
         preset->SetName(locale.GetString(name));
         preset->SetDescription(locale.GetString(description));
-        // Without a language library they have no names, which is no reason to replace each other.
+        // Without a language library they have no names. They must not replace each other then.
         if (preset->GetName().IsEmpty())
             presets.AddTail(preset);
         else

@@ -1,4 +1,4 @@
-// What every printer can be told to do.
+// The actions of all printers.
 #include "locale/text_numbers.h"
 #include "printer/prtstream.h"
 #include "printer/prttest.h"
@@ -49,7 +49,7 @@ constexpr ActionRow kActions[] = {
     {ACTION_ADMINISTRATION, TEXT_NONE, kAdministrativeDialog},
     {ACTION_STATUS, TEXT_NONE, kAdministrativeDialog, CanBeMonitored},
     {ACTION_OFFICE_COMPATIBILITY, TEXT_NONE, kAdministrativeDialog},
-    // Those of other printer languages have names alone.
+    // The actions of other printer languages have only names.
     {printer_action{3}, 2402},
     {printer_action{4}, 2403},
     {printer_action{7}, 2456},

@@ -6,11 +6,11 @@
 
 namespace {
 
-// Bits of a sheet's mode that not all headers have.
-constexpr uint32_t kNoPermission = 0x20; // documents: look only
+// Bits of a sheet's mode that some headers lack.
+constexpr uint32_t kNoPermission = 0x20; // documents: view only
 constexpr uint32_t kUserDefault = 0x40;  // the user's default settings
 
-// The printer among the icons of the common property sheets.
+// The printer's icon among those of the common property sheets.
 constexpr ULONG_PTR kPrinterIcon = 64082;
 
 } // namespace

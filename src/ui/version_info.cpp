@@ -55,7 +55,7 @@ OString VersionInfo::GetText(const char* name) {
     UINT length = 0;
     if (!VerQueryValueW(block_.get(), path.wstring(), &units, &length) || length == 0)
         return OString();
-    // Its terminator counts, but need not be there.
+    // Its terminator counts but need not be there.
     OString text;
     WCHAR* room = text.GetBufferW(static_cast<int>(length));
     if (!room) return OString();

@@ -1,4 +1,4 @@
-// What the module's version resource says.
+// The texts of the module's version resource.
 #pragma once
 
 #include <windows.h>
@@ -17,17 +17,17 @@ struct CopyrightYears {
 // The first 1 or 2 in the text begins the first year.
 CopyrightYears ReadCopyrightYears(const OString& notice);
 
-// Reads the resource when it is first asked. What the resource lacks is empty.
+// Reads the resource on first use. Texts that it lacks are empty.
 class VersionInfo {
 public:
-    // Reads the resource unless it is there. False when it cannot be had.
+    // Reads the resource unless that was done. False if it cannot be read.
     bool Load();
 
     // A text of the resource by its name: "ProductVersion".
     OString GetText(const char* name);
 
-    // The copyright notice for a language of this code page: in 1252 with the copyright sign in
-    // place of "(c)" and the character that follows it.
+    // The copyright notice for a language with this code page. In 1252 it has the copyright sign in
+    // place of "(c)" and the character after it.
     OString GetCopyright(uint32_t code_page);
 
 private:

@@ -6,7 +6,7 @@
 
 namespace {
 
-// What is written in one go: where it goes, what it is and for whom.
+// One configuration being written: its stream, its contents and its printer.
 class ConfigurationBlock {
 public:
     ConfigurationBlock(const extconfig& config, const extmodel& model, extstream& stream)

@@ -33,7 +33,7 @@ void extstream::write_fixedint(int32_t value, int32_t digits, bool sign) {
     else if (sign)
         write_byte('+');
     digits = std::max(digits, 1);
-    // No int32_t has more digits than this; what is in front of them is zeros.
+    // No int32_t has more digits than this; those before them are zeros.
     constexpr int32_t kMostDigits = 10;
     for (; digits > kMostDigits; --digits) write_byte('0');
     char text[kMostDigits];

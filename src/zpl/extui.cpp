@@ -3,7 +3,7 @@
 #include "core/memory.h"
 #include "locale/text_numbers.h"
 
-// The framework knows that there is a UI object but not of which printer language.
+// The framework knows that there is a UI object, but not of which printer language.
 prtui* prtui::new_ext() {
     return new (kCounted) extui;
 }

@@ -1,4 +1,4 @@
-// What ZPL II printers can be told to do.
+// The actions of ZPL II printers.
 #include "locale/text_numbers.h"
 #include "ui/action_row.h"
 #include "zpl/extconfig.h"
@@ -36,7 +36,7 @@ bool HasPowerOptions(prtui& ui) {
     return AsZpl(*ui.model).HasPowerOptions() && CanAnswer(ui);
 }
 
-// ---- Jobs, each of the action's name ------------------------------------------------------------
+// ---- Jobs, each named after the action ---------------------------------------------------------
 
 extstream& Start(prtui& ui, const ActionRow& row) {
     auto& stream = static_cast<extstream&>(*ui.stream);
@@ -44,7 +44,7 @@ extstream& Start(prtui& ui, const ActionRow& row) {
     return stream;
 }
 
-// The configuration in a format of its own.
+// Writes the configuration in a format of its own.
 void WriteConfiguration(prtui& ui, extstream& stream) {
     stream.format_start();
     if (const extconfig* config = extconfig::get_cfg(ui.devmode.GetDevMode()))
@@ -52,14 +52,14 @@ void WriteConfiguration(prtui& ui, extstream& stream) {
     stream.format_end();
 }
 
-// A control command.
+// Sends a control command.
 void Control(prtui& ui, const ActionRow& row) {
     extstream& stream = Start(ui, row);
     stream.command_control(row.command);
     stream.EndJob();
 }
 
-// The configuration, and after it a format with a command.
+// Sends the configuration, then a format with a command.
 void Configured(prtui& ui, const ActionRow& row) {
     extstream& stream = Start(ui, row);
     WriteConfiguration(ui, stream);

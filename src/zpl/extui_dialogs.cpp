@@ -1,4 +1,4 @@
-// What the dialogs of ZPL II printers have the printer do.
+// The printer's work for the dialogs of ZPL II printers.
 #include "locale/text_numbers.h"
 #include "zpl/extui.h"
 
@@ -14,7 +14,7 @@ constexpr char kTimeout[] = "Settings:Timeout";
 void extui::RunMemoryWork(MemoryWork work, char memory) {
     static constexpr struct {
         const char* job;
-        const char* command; // in front of the memory's letter
+        const char* command; // before the memory's letter
         const char* rest;    // after it
     } kJobs[] = {{"Format Flash Memory", "JB", ""},
                  {"Print Memory Contents", "WD", ":*.*"},

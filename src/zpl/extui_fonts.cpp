@@ -44,7 +44,7 @@ bool extui::VerifyFonts(prtpage*) {
 void extui::AdjustFontInfo(DownloadedFontInfo* font) {
     if (model) fonts.Load(model.get());
     OString name = font->GetFileName();
-    // Room for the ending and the terminator.
+    // Leaves room for the extension and the terminator.
     name.Truncate(static_cast<int>(sizeof font->info.file_name - sizeof kEnding));
     SetRecordText(font->info.file_name, name << kEnding);
     font->info.identifier[0] = FreeFontIdentifier(fonts);

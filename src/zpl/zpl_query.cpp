@@ -36,16 +36,16 @@ const char kJobName[] = "PrinterInfo";
 
 constexpr int32_t kPowerLength = 12;
 
-// No printer has more to say.
+// No printer's answer is longer.
 constexpr int32_t kLongestAnswer = 16 << 20;
 
-// The answer to a question; empty when there is none.
+// The answer to a question, or empty if there is none.
 OBuffer<char> ReadAnswer(extstream& stream, const OString& name) {
     OBuffer<char> answer;
     const int32_t size = stream.QueryResponseSize(name);
     if (size < 1 || size > kLongestAnswer || !answer.SetSize(static_cast<uint32_t>(size)))
         return answer;
-    // The store may hold fewer bytes than it says.
+    // The store may hold fewer bytes than it announces.
     std::memset(answer.GetData(), 0, answer.GetSize());
     if (!stream.QueryResponse(name, reinterpret_cast<unsigned char*>(answer.GetData()), size))
         answer.Clear();

@@ -16,7 +16,7 @@ protected:
         , thread_([this] { server_.Run(); }) {}
     ~EmulatorTest() override { StopServer(); }
 
-    // What the printer did.
+    // Stops the printer and returns its notes.
     std::string StopServer() {
         if (thread_.joinable()) {
             server_.Stop();
@@ -27,7 +27,7 @@ protected:
 
     std::string Port() const { return "IP_127.0.0.1:" + std::to_string(server_.Port()); }
 
-    // Bytes from another host.
+    // Sends bytes from another host.
     void Send(const std::string& bytes) const {
         EXPECT_TRUE(net::Socket::Connect("127.0.0.1", server_.Port(), 5000)
                         .Send(bytes.data(), bytes.size(), 5000));

@@ -17,7 +17,7 @@ protected:
         EXPECT_EQ(result.status, 0) << result.errors;
         return Json::parse(result.output, nullptr, false);
     }
-    // "file status" of all fonts that verify or list shows.
+    // The "file status" of all fonts that verify or list shows.
     std::string Listed(const char* how) const {
         std::string all;
         for (const Json& font : Fonts({how, "Dock3"}))
@@ -50,7 +50,7 @@ TEST_F(FontsThreads, AreSentListedVerifiedSentAgainAndDeleted) {
     EXPECT_TRUE(Holds("E:DEJAVRFW.FNT;"));
     EXPECT_EQ(Listed("verify"), "E:DEJAVRFW.FNT present;R:digits.FNT present;");
 
-    // Somebody else comes and goes.
+    // Another host adds and deletes objects.
     Send("~DGE:LOGO.GRF,1,1,FF~DUE:OTHER.FNT,4,00010000^XA^IDR:DIGITS.FNT^FS^XZ");
     EXPECT_EQ(Listed("verify"), "E:DEJAVRFW.FNT present;R:digits.FNT missing;E:OTHER.FNT present;");
     EXPECT_EQ(Listed("resend"), "E:DEJAVRFW.FNT sent;R:digits.FNT sent;E:OTHER.FNT sent;");

@@ -1,5 +1,5 @@
 // Queries from end to end: a printer on the network, the host program asking it through driver,
-// spooler and status monitor; and what the status monitor says of the printer's port.
+// spooler and status monitor; and the monitor's answers about the printer's port.
 
 #include "companions/emulator_test.h"
 
@@ -44,7 +44,7 @@ TEST_F(QueriesThreads, ReachPrintersOnThePortsOfAPortMonitor) {
     EXPECT_EQ(Ask("Dock", PortRequest("ip_address")), "127.0.0.1");
     EXPECT_EQ(Ask("Dock", PortRequest("udp_port")), "4201");
     EXPECT_EQ(Ask("Dock", PortRequest("monitor_name")), "Standard TCP/IP Port");
-    // And so do jobs.
+    // Jobs reach it as well.
     WriteFile("label", "^XA^FDone^FS^XZ");
     EXPECT_EQ(Run({"action", "Dock", "22", OnDriveC("label")}).status, 0);
     EXPECT_EQ(StopServer(), "answered HI;printed 1 label;");

@@ -40,7 +40,7 @@ protected:
         });
         const OString name = Printer(server);
         ASSERT_TRUE(AddPrinterConnectionW(const_cast<WCHAR*>(name.wstring())));
-        // The driver's monitor, which the made-up driver does without.
+        // The driver's monitor, which the made-up driver lacks.
         ORegistry().SetString("PRINT:Environments/Windows NT x86/Drivers/Version-3/Model 1/Monitor",
                               "qstmon");
         fs::copy_file(Built("/bin/qstmon.dll"),
@@ -51,7 +51,7 @@ protected:
         return OString("\\\\") << server.c_str() << "\\Dock3";
     }
 
-    // Values of the user's copy, and of the server's own settings.
+    // Values in the user's copy, and in the server's own settings.
     static int32_t Copied(const char* name, const std::string& server = "SRV1") {
         return prtreg(Printer(server)).GetInt(name, -1);
     }
@@ -89,7 +89,7 @@ protected:
         return keys;
     }
 
-    // What a client leaves on the server, without asking for it to be taken over.
+    // Leaves lines on the server as a client does, without asking for the takeover.
     static void Leave(std::initializer_list<const char*> lines, int32_t more_size = 0) {
         OStringArray text;
         for (const char* line : lines) text.Add(line);

@@ -34,7 +34,7 @@ public:
         EXPECT_TRUE(DeleteObject(bitmap_));
         EXPECT_TRUE(DeleteObject(font_));
     }
-    // The pixels, rows with line ends: '#' for black.
+    // The pixels in rows with line ends, '#' for black.
     std::string Picture() const {
         const int stride = (width_ + 15) / 16 * 2;
         std::vector<BYTE> bits(static_cast<size_t>(stride * height_));
@@ -104,7 +104,7 @@ TEST(GdiFonts, MeasureByTheHeightThatIsAskedFor) {
         TEXTMETRICW metrics = {};
         ASSERT_TRUE(GetTextMetricsW(canvas.dc, &metrics)) << height;
         EXPECT_EQ(metrics.tmHeight, metrics.tmAscent + metrics.tmDescent);
-        // Above zero it is that of a line, below zero that of the characters.
+        // A height above zero is that of a line, one below zero that of the characters.
         const LONG em = metrics.tmHeight - metrics.tmInternalLeading;
         EXPECT_LE(std::abs(height > 0 ? metrics.tmHeight - height : em + height), height > 0);
         EXPECT_FALSE(metrics.tmPitchAndFamily & TMPF_FIXED_PITCH) << "every character is as wide";

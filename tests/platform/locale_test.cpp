@@ -1,4 +1,4 @@
-// What the environment and a test say of the user's language and of the code pages.
+// The user's language and the code pages, as set by the environment or a test.
 #include "support/code_page_text.h"
 #include "support/host_test.h"
 

@@ -1,4 +1,4 @@
-// Libraries that run or are read, and the resources and menus in them.
+// Libraries that run or are read as data, and the resources and menus in them.
 #include "platform/error_of.h"
 #include "support/build_folders.h"
 #include "support/sample_library_test.h"
@@ -140,7 +140,7 @@ TEST_F(ModulesResources, HoldTemplatesOfMenus) {
     EXPECT_TRUE(DestroyMenu(standard));
     EXPECT_EQ(GetMenuItemCount(file), -1) << "what is below goes with it";
 
-    // A popup inside a popup for as long as there are bytes.
+    // A popup inside a popup until the bytes run out.
     std::vector<WORD> nested(0x8000, 0);
     for (size_t i = 2; i < nested.size(); i += 2) nested[i] = 0x0010;
     EXPECT_EQ(LoadMenuIndirectW(nested.data()), nullptr);

@@ -1,5 +1,5 @@
-// Several threads and several processes on one registry. The processes are this program again:
-// started with a task in its environment it does that and ends before any test runs.
+// Several threads and several processes on one registry. The processes are this program again: with
+// a task in its environment, it does that and ends before any test runs.
 #include "platform/registry_support.h"
 #include "support/host_test.h"
 
@@ -30,7 +30,7 @@ bool SendLine(int pipe, const std::string& line) {
     return write(pipe, text.data(), text.size()) == static_cast<ssize_t>(text.size());
 }
 
-// The next line, empty at the end.
+// The next line, or empty at the end.
 std::string TakeLine(int pipe) {
     std::string line;
     char c = 0;
@@ -40,7 +40,7 @@ std::string TakeLine(int pipe) {
 
 // ---- Tasks of the other process -----------------------------------------------------------------
 
-// Writes values of its own from the moment it starts, the making of the registry included.
+// Writes values of its own from its start, when it also creates the registry.
 void WriteMany(const std::string& name) {
     for (int i = 0; i < kWrites; ++i) {
         Key key = Make(u"Shared");
@@ -48,7 +48,7 @@ void WriteMany(const std::string& name) {
     }
 }
 
-// Writes the text of each line it gets and answers once that is done; "-" deletes the key.
+// Writes the text of each line it gets, and answers when that is done. "-" deletes the key.
 void WriteOnDemand() {
     for (std::string line; !(line = TakeLine(STDIN_FILENO)).empty();) {
         const bool done = line == "-"
@@ -58,7 +58,7 @@ void WriteOnDemand() {
     }
 }
 
-// Writes without end and tells each value that the registry has acknowledged.
+// Writes endlessly and reports each value that the registry has acknowledged.
 void WriteForever() {
     Key key = Make(u"Shared");
     for (int i = 0; Write(key, Numbered("v", i), "x") == ERROR_SUCCESS; ++i)
@@ -109,7 +109,7 @@ public:
     int pipe() const { return pipe_; }
     void Kill() const { kill(id_, SIGKILL); }
 
-    // Tells it that no more comes; answers whether it ended well.
+    // Tells it that no more comes. True if it ended well.
     bool Wait() {
         shutdown(pipe_, SHUT_WR);
         int status = 0;

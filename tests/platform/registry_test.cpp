@@ -1,4 +1,4 @@
-// What only this registry promises: the order of names, rights, roots, other machines, its file.
+// The promises of this registry alone: the order of names, rights, roots, other machines, its file.
 #include "platform/registry_support.h"
 #include "support/host_test.h"
 
@@ -29,7 +29,7 @@ TEST_F(Registry, KeepsOddNamesUnitForUnitInTheOrderOfTheirCreation) {
     }
     EXPECT_EQ(Subkeys(parent), names);
     EXPECT_EQ(ValueNames(parent), names);
-    // Rewriting keeps the place and the spelling, deleting gives it up.
+    // Rewriting a value keeps its place and spelling; deleting it does not.
     Key key = Make(u"Values");
     for (const WCHAR* name : {u"z", u"A", u"m", u"a"}) Write(key, name, "1");
     EXPECT_THAT(ValueNames(key), ElementsAre(u"z", u"A", u"m"));
@@ -39,7 +39,7 @@ TEST_F(Registry, KeepsOddNamesUnitForUnitInTheOrderOfTheirCreation) {
 }
 
 TEST_F(Registry, KeepsMoreThanItHasAtHand) {
-    // Some 12 MiB, read twice in turns.
+    // Some 12 MiB, read twice in alternation.
     Key key = Make(u"Values");
     std::vector<std::u16string> names;
     const auto bytes = [](size_t i) { return std::string(200000, static_cast<char>(i)); };
@@ -63,7 +63,7 @@ TEST_F(Registry, MayBeReadButNotChangedWhereItIsReadOnly) {
     }
     EXPECT_FALSE(Make(fixed, u"New", KEY_READ));
     EXPECT_EQ(RegDeleteKeyW(fixed, u"Sub"), ERROR_ACCESS_DENIED);
-    Key sub = Make(u"Top\\Fixed\\Sub", 0x02000000); // what is allowed
+    Key sub = Make(u"Top\\Fixed\\Sub", 0x02000000); // whatever is allowed
     EXPECT_EQ(Read(sub, u"v"), "kept");
     EXPECT_EQ(Write(sub, u"v", "new"), ERROR_ACCESS_DENIED);
     EXPECT_EQ(TryOpen(u"Top", KEY_WRITE), ERROR_SUCCESS);

@@ -37,7 +37,7 @@ protected:
         return std::u16string(domain) + u'\\' + name + u' ' + static_cast<WCHAR>(u'0' + use);
     }
 
-    // What a token with that access tells of its user or groups.
+    // What a token opened with that access tells about its user or groups.
     static Names InToken(TOKEN_INFORMATION_CLASS kind, DWORD access = TOKEN_QUERY) {
         HANDLE token = nullptr;
         EXPECT_TRUE(OpenProcessToken(GetCurrentProcess(), access, &token));

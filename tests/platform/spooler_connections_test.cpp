@@ -44,7 +44,7 @@ TEST_F(SpoolerConnections, BringTheDriverAndTellIt) {
     EXPECT_EQ(DeviceCapabilitiesW(u"\\\\SRV1\\Labels", nullptr, DC_BINNAMES, name, nullptr), 1);
     EXPECT_EQ(std::u16string(name), u"\\\\SRV1\\Labels");
 
-    // Once more is no more.
+    // Connecting again changes nothing.
     EXPECT_EQ(Connect(u"\\\\SRV1\\Labels"), 0);
     EXPECT_EQ(TakeNotes(), u"");
     EXPECT_EQ(Disconnect(u"\\\\SRV1\\Labels"), 0);

@@ -38,7 +38,7 @@ Answer<PRINTER_INFO_8W> Defaults(HANDLE printer, DWORD level) {
     });
 }
 
-// The copies that levels 2, 8 and 9 show; 0 where there are no settings.
+// The copies that levels 2, 8 and 9 show, 0 without settings.
 std::vector<int> Copies(HANDLE printer) {
     std::vector<int> all;
     const auto add = [&](PDEVMODEW settings) { all.push_back(settings ? settings->dmCopies : 0); };
@@ -59,7 +59,7 @@ TEST_F(SpoolerDevModes, AreEverybodysAndTheUsersOwn) {
     EXPECT_EQ(SetDefaults(printer_, 8, nullptr), ERROR_INVALID_PARAMETER);
     EXPECT_EQ(SetDefaults(user, 9, nullptr), 0);
     EXPECT_EQ(Copies(user), (All{3, 3, 3}));
-    // They end with the printer.
+    // The settings are deleted with the printer.
     EXPECT_EQ(SetDefaults(user, 9, 5), 0);
     EXPECT_TRUE(DeletePrinter(printer_));
     AddPrinter(u"LABELS");
@@ -82,7 +82,7 @@ TEST_F(SpoolerDevModes, AreKeptWhereOtherProgramsLookForThem) {
         const Key key = Make(place.root, place.key);
         const std::string bytes = Read(key, place.value);
         EXPECT_EQ(std::vector<BYTE>(bytes.begin(), bytes.end()), Settings(place.copies));
-        // What is cut short there counts for nothing.
+        // Settings that were truncated there are ignored.
         Write(key, place.value, bytes.substr(1));
     }
     EXPECT_EQ(Copies(printer_), (std::vector<int>{0, 0, 0}));

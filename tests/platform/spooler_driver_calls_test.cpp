@@ -40,7 +40,7 @@ TEST_F(SpoolerDriverCalls, KeepAPrinterWhoseDriverFails) {
     AddPrinter(u"Broken 1");
     EXPECT_EQ(TakeNotes(), u"3 Broken 1;");
     EXPECT_TRUE(PrinterInfo2(Open(u"Broken 1")).good());
-    // A file that is no library at all.
+    // A file that is not a library.
     WriteFile("setup\\testdrv.dll", "not a library");
     AddDriver(u"Bad");
     PRINTER_INFO_2W info = Wanted(u"Broken 2");
@@ -54,7 +54,7 @@ TEST_F(SpoolerDriverCalls, KeepAPrinterWhoseDriverFails) {
 TEST_F(SpoolerDriverCalls, KeepTheDriverLoadedUntilItChanges) {
     EXPECT_EQ(Capability(u"LABELS", DC_COPIES), 1);
     EXPECT_EQ(Capability(u"LABELS", DC_COPIES), 2);
-    AddDriver(); // the file is another one now
+    AddDriver(); // the file is a different one now
     EXPECT_EQ(Capability(u"LABELS", DC_COPIES), 1);
     AddPrinter(u"OTHER");
     EXPECT_TRUE(DeletePrinter(Open(u"OTHER")));

@@ -102,7 +102,7 @@ TEST_F(SpoolerDrivers, AreListedAndForgotten) {
         return ErrorOf(DeletePrinterDriverW(nullptr, nullptr, Text(name)));
     };
     EXPECT_EQ(names(), u"Test Driver;Small Driver;");
-    // Files may lie in the folder of drivers before, and where they will be.
+    // The files may be in the folder of drivers already, and even at their destination.
     WriteFile("WINDOWS\\system32\\spool\\drivers\\w32x86\\staged.ddt", "staged");
     DRIVER_INFO_3W info = Wanted3();
     info.pDataFile = Text(u"staged.ddt");

@@ -86,7 +86,7 @@ TEST_F(SpoolerPrinters, AreChangedThroughTheirRecordByAdministratorsOnly) {
     info.pComment = Text(u"changed");
     info.pDevMode = reinterpret_cast<PDEVMODEW>(dev_mode.data());
     EXPECT_EQ(SetInfo(printer_, info), 0);
-    // Where no settings are given, those that are there stay.
+    // Without settings in the record, the existing ones stay.
     info.pDevMode = nullptr;
     EXPECT_EQ(SetInfo(printer_, info), 0);
 

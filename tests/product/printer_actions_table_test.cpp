@@ -1,8 +1,8 @@
 // Every action on every printer that ships, through the module's exports, against
 // golden/printer_actions.txt.
 //
-// That file has the printers in the order of the packaging list, each as it is installed, set up,
-// and moved to a network port. Below the title stands what is other than the time before: how an
+// That file has the printers in the order of the packaging list, each as installed, set up, and
+// moved to a network port. Below each title are the differences from the state before: how an
 // action is offered, and its jobs, in which {6} is the configuration as action 6 sends it.
 
 #include <fstream>
@@ -19,10 +19,10 @@ namespace {
 
 constexpr char kFile[] = "one label.prn";
 
-// What is offered to a printer and what it is sent, by names like "12 offer" and "12 job".
+// What a printer is offered and sent, by names like "12 offer" and "12 job".
 using Facts = std::map<std::string, std::string>;
 
-// One line of printable characters; all bytes in their order are "{00-FF}".
+// One line of printable characters. All bytes in their order are "{00-FF}".
 std::string Escaped(const std::string& bytes) {
     std::string text;
     for (size_t i = 0; i < bytes.size(); ++i) {
@@ -85,7 +85,7 @@ protected:
         config->setting_flags = extconfig::SETTING_LABEL_TOP | extconfig::SETTING_TEAR_OFF |
                                 extconfig::SETTING_SPEEDS | extconfig::SETTING_DARKNESS |
                                 extconfig::SETTING_ABSOLUTE_DARKNESS;
-        // What the printer cannot do is taken back, as the pages do it.
+        // Settings that the printer does not support are reset, as the pages do it.
         const std::unique_ptr<prtmodel> model(prtmodel::new_ext(PrinterInfo(name)));
         ASSERT_NE(model, nullptr);
         config->Validate(model.get());
@@ -116,7 +116,7 @@ protected:
             reinterpret_cast<void (*)()>(GetProcAddress(module_, name)));
     }
 
-    // What the module offers, and the jobs that come of it when `run`.
+    // The offers of the module and, if `run`, the resulting jobs.
     Facts Seen(bool run) const {
         const HANDLE settings = Export<decltype(DAL_Printer_Open)>("DAL_Printer_Open")(printer_);
         const auto supported = Export<decltype(DAL_Action_Supported)>("DAL_Action_Supported");
@@ -159,10 +159,10 @@ TEST_F(PrinterActionsTable, HoldsForEveryPrinterThatShips) {
             models.push_back(line.substr(1, end - 1));
     ASSERT_FALSE(models.empty());
     WriteFile(kFile, "^XA^FDone^XZ");
-    // The tables that are installed are those that this test's own models are made of.
+    // The installed tables are those that this test's own models are made from.
     WriteFile("WINDOWS\\system32\\zpl.ddt", BytesOf(Built("/product/zpl.ddt")));
 
-    // Each time a printer is looked at: what is other than the time before.
+    // The differences from the state before, each time a printer is looked at.
     std::string seen;
     Facts before;
     const auto look = [&](const std::string& title, bool run) {

@@ -1,4 +1,4 @@
-// The model tables that ship: every printer has sound limits, and no key is misspelt.
+// The model tables that ship: every printer has valid limits, and no key is misspelt.
 
 #include <algorithm>
 #include <filesystem>
@@ -24,7 +24,7 @@ namespace {
 
 class ProductData : public ModelTest {
 protected:
-    // Installs every model of the product, each as "Printer MODEL"; answers the printers.
+    // Installs every model of the product, each as "Printer MODEL". Returns the printers.
     std::vector<std::string> InstallAll() {
         std::vector<std::string> models;
         std::set<std::string> files = {"zplui.dll", "zpl.ddt"};
@@ -46,7 +46,7 @@ protected:
         const OString drivers = OString(folder) + "\\3\\";
         for (const std::string& file : files)
             WriteFile(Text(drivers).substr(3) + file, BytesOf(Built("/product/") + file));
-        // The tables that were installed are those that this test's own module reads.
+        // The installed tables are those that this test's own module reads.
         WriteFile("WINDOWS\\system32\\zpl.ddt", BytesOf(Built("/product/zpl.ddt")));
 
         std::vector<std::string> printers;
@@ -139,8 +139,7 @@ void ExpectDefaultStocksAndPresetsOnce(extmodel* model) {
 }
 
 void ExpectADataFontForEachSymbologyAndTag(extmodel* model) {
-    // A second variant, what only follows other bar codes, and what fonts are not offered
-    // for.
+    // A second variant, symbologies that only follow other bar codes, and one without fonts.
     const std::set<int> left_out = {SymbologyInfo::CODE39_VARIANT, SymbologyInfo::SUPPLEMENTAL_2,
                                     SymbologyInfo::SUPPLEMENTAL_5, SymbologyInfo::CODABLOCK};
     std::set<int> printed;
@@ -222,7 +221,7 @@ std::string WithoutSymbology(const std::string& key) {
     return rest;
 }
 
-// A key that no source names is read by nobody: it is misspelt.
+// Nobody reads a key that no source names, so it is misspelt.
 TEST_F(ProductData, HasOnlyKeysThatAreRead) {
     const std::string sources = AllSources();
     int keys = 0;

@@ -19,7 +19,7 @@ void HostTest::WriteFile(const std::string& windows_path, const std::string& byt
 
 void SkipTest(const char* reason) {
     [reason] { GTEST_SKIP() << reason; }();
-    // The framework takes this for something that is reported already.
+    // The framework takes this for a failure that was reported already.
     throw testing::AssertionException(
         testing::TestPartResult(testing::TestPartResult::kSkip, __FILE__, __LINE__, reason));
 }

@@ -25,10 +25,10 @@ protected:
 
     HANDLE printer() const { return printer_; }
 
-    // What a test must call that prints without looking at the jobs.
+    // To be called by a test that prints without looking at the jobs.
     static void NeedRenderingModule();
 
-    // The jobs that wait in the spooler, which are taken out of it.
+    // Takes the waiting jobs out of the spooler.
     std::vector<PrintedJob> TakeJobs() const { return TakeJobs(printer_); }
     std::vector<PrintedJob> TakeJobs(HANDLE printer) const;
 

@@ -15,7 +15,7 @@ using Json = nlohmann::json;
 struct BadCommand {
     std::vector<std::string> words;
     int status;
-    std::string names; // what the message must hold
+    std::string names; // what the message must contain
 };
 
 class Labelhost : public HostTest {
@@ -39,7 +39,7 @@ protected:
         return Json::parse(result.output, nullptr, false);
     }
 
-    // Runs each of the commands: they must say in one line what is wrong, and nothing else.
+    // Runs each of the commands. They must say in one line what is wrong, and print nothing else.
     void ExpectRefused(const std::vector<BadCommand>& commands) const {
         for (const BadCommand& command : commands) {
             const ProgramResult result = Run(command.words);

@@ -25,7 +25,7 @@ struct ModelTables {
 // The bytes of a model data file in which the driver "Model 1" leads to these properties.
 std::string ModelDataFile(const ModelTables& tables);
 
-// Bytes in Base64, as tables and settings files hold them.
+// Bytes in Base64, as in tables and settings files.
 std::string Encoded(const void* data, size_t size);
 
 // The lines of table custom_data for this record.
@@ -40,8 +40,8 @@ protected:
     // end of the name of its data file.
     void Install(const ModelTables& tables, const std::string& oem = "qv");
 
-    // Gives the installed printer other tables and forgets what was read of the old ones, as if
-    // the module had been loaded anew.
+    // Gives the installed printer other tables and forgets the contents of the old ones, as if the
+    // module had been loaded again.
     void Replace(const ModelTables& tables);
 
     // The model of the installed printer, never null.
@@ -75,7 +75,7 @@ private:
     void WriteDataFile(const ModelTables& tables);
 };
 
-// The 8-bit text of a string, to be compared.
+// The 8-bit text of a string, for comparison.
 std::string Text(const OString& text);
 // What `describe(node)` says of every node of a list, with blanks between.
 template <class List, class Describe>

@@ -1,4 +1,4 @@
-// ddtpack: what it packs it shows again, and it names what it does not understand.
+// ddtpack: it lists what it has packed, and names what it does not understand.
 
 #include "support/host_test.h"
 #include "support/program.h"
@@ -18,7 +18,7 @@ protected:
         return RunProgram("ddtpack", words);
     }
 
-    // A text that cannot be packed, and what is said of it.
+    // A text that cannot be packed, and the message about it.
     struct BadText {
         const char *text, *says;
         const char* name = "a.keys";

@@ -1,5 +1,5 @@
-// labelhost dither on PNG files of every kind. What `pictures/` holds was made without the codecs
-// that labelhost has; the names of pictures in one colour end with it.
+// labelhost dither on PNG files of every kind. The pictures in `pictures/` were made without the
+// codecs that labelhost has; the names of those in one colour end with it.
 
 #include "support/build_folders.h"
 #include "support/labelhost_test.h"
@@ -39,7 +39,7 @@ protected:
 };
 
 TEST_F(LabelhostDither, ScreensByTheModule) {
-    // A grey of 100 is above two of the four thresholds.
+    // A grey of 100 exceeds two of the four thresholds.
     const auto with = [&](std::vector<std::string> more) {
         more.insert(more.end(), {"--algorithm", "dispersed", "--dispersed-matrix", "0"});
         const Bytes pixels = Dither(kPictures + "grey-100.png", more);
@@ -103,7 +103,7 @@ TEST_F(LabelhostDither, MakesThePicturesOfThePage) {
     for (const auto& c : cases)
         EXPECT_TRUE(Dither(kPage + "before.png", c.options) == PixelsOf(kPage + c.name + ".png"))
             << c.name;
-    // Its name need not be plain for it to be written and read.
+    // It can be written and read even with an unusual name.
     const std::string odd = File("Größe 漢字.png");
     EXPECT_EQ(Run(Command({kPage + "before.png", odd})).errors, "");
     EXPECT_EQ(Run(Command({odd, odd})).errors, "");

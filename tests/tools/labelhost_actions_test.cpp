@@ -1,4 +1,4 @@
-// labelhost and the C example tell a printer what to do.
+// labelhost and the C example run printer actions.
 
 #include "support/labelhost_test.h"
 

@@ -28,7 +28,7 @@ protected:
         words.insert(words.begin(), {"--root", server_});
         return RunProgram("labelhost", words);
     }
-    // Whether the printer has that preset, as the machine sees it.
+    // Whether the printer has that preset, as seen by the machine.
     bool ServerHas(const std::string& preset) const {
         return Serve({"document", "Dock", "--preset", preset}).status == 0;
     }
@@ -55,7 +55,7 @@ TEST_F(TwoHosts, SeeEachOthersChanges) {
     EXPECT_TRUE(ServerHas("Of the client")) << "with the save";
     EXPECT_TRUE(ServerHas("Of the server"));
 
-    // Whatever a settings file brings goes the same way.
+    // Everything from a settings file goes the same way.
     const std::string file = root() + "/all.kds";
     ASSERT_EQ(Run({"settings", "export", kPrinter, file}).status, 0);
     ASSERT_EQ(Serve({"registry", "delete", kPresets}).status, 0);

@@ -1,4 +1,4 @@
-// labelhost demo: the story is told to its end, and the part of it that the README shows is true.
+// labelhost demo: it runs to its end, and the part that the README shows is true.
 
 #include "support/labelhost_test.h"
 
@@ -31,7 +31,7 @@ TEST_F(LabelhostDemo, TellsTheWholeStory) {
                                             << told.output;
         at = found + 1;
     }
-    // The machines are there to go on with.
+    // The machines remain for further use.
     EXPECT_EQ(BytesOf(folder + "/label.dm").size(), 1508u);
     const ProgramResult list = RunProgram("labelhost", {"--root", folder + "/warehouse", "list"});
     EXPECT_NE(list.output.find("Dock3"), std::string::npos);

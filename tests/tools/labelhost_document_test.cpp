@@ -17,7 +17,7 @@ protected:
         fs::create_directory(File("files"));
     }
 
-    // What "document Dock3" with these words shows.
+    // The output of "document Dock3" with these words.
     Json Document(std::vector<std::string> words) const {
         words.insert(words.begin(), {"document", "Dock3"});
         return RunJson(words);
@@ -54,12 +54,12 @@ TEST_F(LabelhostDocument, ShowsWhatTheDriverMakesOfEdits) {
         for (const std::string& edit : c.edits) words.insert(words.end(), {"--set", edit});
         words.insert(words.end(), {"--out", File("files/edited")});
         const Json shown = Document(words);
-        Json merged = shown; // stays the same when it holds what is expected
+        Json merged = shown; // stays the same if it has the expected values
         merged.merge_patch(Json::parse(c.expected));
         EXPECT_EQ(shown, merged) << Json::diff(shown, merged);
         EXPECT_EQ(shown["bytes"], 1508);
 
-        // The same comes back from the file.
+        // The same settings come back from the file.
         const Json again = Document({"--in", File("files/edited")});
         EXPECT_EQ(again["configuration"], shown["configuration"]);
         EXPECT_EQ(again["public"]["dmCopies"], shown["public"]["dmCopies"]);
@@ -101,7 +101,7 @@ TEST_F(LabelhostDocument, SaysInOneLineWhatWasWrongAndWritesNothing) {
         {{"convert", "Dock3", "files/made", "files/kept"}, 2, "--mode"},
         {{"convert", "Dock3", "files/kept", "--mode", "1"}, 2, "usage"},
     };
-    // Names of files are those in the folder.
+    // Files are named in the folder.
     for (BadCommand& command : commands)
         for (std::string& word : command.words)
             if (word.starts_with("files/")) word = File(word);
@@ -110,6 +110,6 @@ TEST_F(LabelhostDocument, SaysInOneLineWhatWasWrongAndWritesNothing) {
     EXPECT_EQ(std::distance(fs::directory_iterator(File("files")), {}), 6)
         << "nothing was left behind";
 
-    // A DEVMODE of others, without a configuration, has fields of its own only.
+    // A DEVMODE of another driver, without a configuration, has only fields of its own.
     EXPECT_EQ(Document({"--in", File("files/public only")})["bytes"], 1508);
 }

@@ -1,4 +1,4 @@
-// labelhost shows what programs have printed.
+// labelhost shows the jobs that programs have printed.
 
 #include "support/labelhost_test.h"
 
@@ -13,7 +13,7 @@ TEST_F(LabelhostJobs, ShowsWhatWasPrintedAndWhyItWaits) {
     ASSERT_EQ(
         Run({"install", "Dock3", "--model", "Valdrick X4 300 dpi", "--port", "C:\\no\\out"}).status,
         0);
-    // As a program does it that prints through the driver.
+    // As a program prints that uses the driver.
     const HDC dc = CreateDCW(TEXT("WINSPOOL"), TEXT("Dock3"), nullptr, nullptr);
     ASSERT_NE(dc, nullptr) << GetLastError();
     EXPECT_EQ(GetDeviceCaps(dc, LOGPIXELSX), 300);

@@ -22,7 +22,7 @@ size_t NumberAt(const std::string& bytes, size_t at) {
     return number;
 }
 
-// What the filter of a row expected of a byte, from those to the left, above, and above left.
+// The prediction of a row's filter for a byte, from those to the left, above, and above left.
 int Expected(int filter, int left, int above, int corner) {
     const int guess = left + above - corner;
     const int to_left = std::abs(guess - left), to_above = std::abs(guess - above),
@@ -66,7 +66,7 @@ Bytes PixelsOf(const std::string& file) {
     const auto depth = static_cast<size_t>(header[8]);
     const size_t samples = header[9] == kColor ? 3 : 1;
     const size_t row_size = (width * depth * samples + 7) / 8;
-    const size_t pixel = depth * samples / 8 ? depth * samples / 8 : 1; // bytes, for the filters
+    const size_t pixel = depth * samples / 8 ? depth * samples / 8 : 1; // in bytes, for the filters
     uLongf size = static_cast<uLongf>((row_size + 1) * height);
     Bytes rows(size);
     if (depth > 8 || header[12] != 0 ||

@@ -12,8 +12,8 @@
 
 namespace {
 
-// A checksum of all that a code page reads or writes; 1361 without a cell that only some systems
-// know.
+// A checksum of everything that a code page reads or writes, without a cell of 1361 that only some
+// systems know.
 class Checksum {
 public:
     void Add(uint32_t value) { sum_ = (sum_ ^ value) * 0x01000193; }
@@ -166,7 +166,7 @@ TEST_F(CodePages, MalformedBytesBecomeTheDefaultCharacterOrAnError) {
         {65001, "\xF4\x90\x80\x80", TEXT("\uFFFD\uFFFD\uFFFD\uFFFD")},
     };
     for (const auto& c : cases) {
-        // Wine takes two bytes of an impossible sequence for one part.
+        // Wine takes two bytes of an impossible sequence as one part.
         const bool impossible = c.bytes[0] == '\xED' || c.bytes[0] == '\xF4';
         if (!impossible || !RunsUnderWine()) {
             EXPECT_EQ(Decode(c.code_page, c.bytes), c.text) << testing::PrintToString(c.bytes);

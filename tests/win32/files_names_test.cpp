@@ -54,7 +54,7 @@ TEST_F(FilesNames, BecomeFullAndNeverLeaveTheirDrive) {
     LPWSTR file = nullptr;
     EXPECT_EQ(GetFullPathNameW(TEXT("C:\\a\\b"), MAX_PATH, path, &file), 6u);
     EXPECT_EQ(file, path + 5);
-    // Too small a buffer is told the size that it needs.
+    // A buffer that is too small is told the size it needs.
     const UINT length = GetSystemDirectoryW(path, MAX_PATH);
     EXPECT_EQ(lstrcmpiW(path, TEXT("C:\\WINDOWS\\system32")), 0);
     EXPECT_EQ(GetSystemDirectoryW(path, length), length + 1);

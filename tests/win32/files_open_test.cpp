@@ -87,7 +87,7 @@ TEST_F(FilesOpen, GrantsOnlyTheAccessAskedFor) {
     EXPECT_EQ(ErrorOf(ReadFile(file, text, 3, &count, nullptr)), ERROR_ACCESS_DENIED);
     CloseHandle(file);
 
-    if (RunsUnderWine()) return; // to a superuser it gives more
+    if (RunsUnderWine()) return; // gives more rights to a superuser
     ASSERT_TRUE(SetFileAttributesW(kName, FILE_ATTRIBUTE_READONLY));
     EXPECT_EQ(ErrorOf(Open(GENERIC_WRITE, kShareAll, OPEN_EXISTING)), ERROR_ACCESS_DENIED);
     EXPECT_FALSE(DeleteFileW(kName));

@@ -1,4 +1,4 @@
-// What the system tells of the user's language and of others, and its functions for texts.
+// The system's facts about the user's language and others, and its functions for texts.
 #include "platform/error_of.h"
 #include "support/host_test.h"
 #include "support/wide.h"
@@ -14,7 +14,7 @@ namespace {
 
 constexpr LCID kAmerican = MAKELCID(0x0409, SORT_DEFAULT);
 
-// A fact, "error N" without it.
+// A fact, or "error N" without it.
 Wide Fact(LCID locale, LCTYPE type) {
     WCHAR text[40];
     const int size = GetLocaleInfoW(locale, type, text, 40);
@@ -23,7 +23,7 @@ Wide Fact(LCID locale, LCTYPE type) {
     return Wide(error.begin(), error.end());
 }
 
-// The same facts of a locale, each with a blank after it.
+// The same facts of a locale, each followed by a blank.
 Wide Facts(LCID locale, std::initializer_list<LCTYPE> types) {
     Wide all;
     for (const LCTYPE type : types) all += Fact(locale, type) + TEXT(" ");

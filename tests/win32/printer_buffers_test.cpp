@@ -1,4 +1,4 @@
-// How printers, drivers, ports and printer data come in callers' buffers.
+// The layout of printers, drivers, ports and printer data in callers' buffers.
 #include "platform/error_of.h"
 #include "support/printer_test.h"
 #include "support/wide.h"
@@ -75,7 +75,7 @@ Texts DriverTexts(DWORD level, const DWORD& count) {
     }
 }
 
-// A record that the spooler is asked for.
+// A record to ask the spooler for.
 struct Question {
     std::string name;
     std::function<BOOL(BYTE*, DWORD, DWORD*)> ask;
@@ -143,7 +143,7 @@ std::vector<Question> PrinterBuffers::Questions() {
     return questions;
 }
 
-// A buffer of `size` bytes with a fence after it.
+// A buffer of `size` bytes followed by a fence.
 class Fenced {
 public:
     explicit Fenced(DWORD size)
@@ -157,7 +157,7 @@ public:
         return static_cast<size_t>(std::count(bytes_.begin(), bytes_.end(), kEmpty)) ==
                bytes_.size();
     }
-    // Whether a text begins and ends inside of it.
+    // Whether a text begins and ends inside the buffer.
     bool Holds(const WCHAR* text) const {
         const auto* begin = reinterpret_cast<const BYTE*>(text);
         if (begin < bytes_.data() || begin >= bytes_.data() + size_) return false;

@@ -81,7 +81,7 @@ TEST_F(RegistryKeys, WithSubkeysCannotBeDeletedAndTakeTheirValuesAlong) {
     EXPECT_EQ(RegDeleteKeyW(HKEY_LOCAL_MACHINE, nullptr), ERROR_INVALID_PARAMETER);
 }
 
-// Every function that takes a key, each with arguments that are good otherwise.
+// Every function that takes a key, each with otherwise valid arguments.
 std::vector<LSTATUS> AnswersOf(HKEY key) {
     HKEY opened = nullptr;
     WCHAR name[300];
@@ -124,7 +124,7 @@ TEST_F(RegistryKeys, ClosedAndMadeUpHandlesAreRefused) {
         EXPECT_THAT(AnswersOf(handle), testing::Each(ERROR_INVALID_HANDLE)) << handle;
         EXPECT_EQ(RegCloseKey(handle), ERROR_INVALID_HANDLE) << handle;
     }
-    // A value that is open again for another key must not be reached through the old handle.
+    // A closed handle must not be given out again, as it would reach another key.
     for (int i = 0; i < 5000; ++i) {
         Key key = Make(TEXT("K"));
         ASSERT_NE(key, closed);

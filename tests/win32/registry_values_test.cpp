@@ -13,7 +13,7 @@ protected:
 };
 
 TEST_F(RegistryValues, OfEveryTypeAndSizeComeBackAsTheyWereWritten) {
-    // Longer than the longest value: a text value takes along a terminator that follows it.
+    // Longer than the longest value, as a text value includes a terminator that follows it.
     std::string all((1 << 20) + 2, '\0');
     for (size_t i = 0; i < all.size(); ++i) all[i] = static_cast<char>(i * 7 + i / 251);
     for (DWORD type :

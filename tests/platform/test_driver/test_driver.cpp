@@ -1,5 +1,5 @@
-// A printer driver that notes how it is called, for the tests of the spooler. Its notes are the
-// texts of HKEY_CURRENT_USER\TestDriver.
+// A printer driver that notes its calls, for the tests of the spooler. Its notes are the texts of
+// HKEY_CURRENT_USER\TestDriver.
 #include <winddi.h>
 #include <winddiui.h>
 #include <windows.h>
@@ -32,7 +32,7 @@ void Note(const std::u16string& line) {
     RegCloseKey(key);
 }
 
-// How many of the questions that a real driver asks about its printer were answered.
+// Asks what a real driver asks about its printer. Returns how many questions were answered.
 DWORD AskAboutPrinter(HANDLE printer) {
     DWORD good = 0, needed = 0;
     GetPrinterW(printer, 2, nullptr, 0, &needed);
@@ -44,7 +44,7 @@ DWORD AskAboutPrinter(HANDLE printer) {
     return good;
 }
 
-// The printer with all rights, or a note in the line that it is not there.
+// Opens the printer with all rights, or notes in the line that it is not there.
 HANDLE Open(const std::u16string& name, std::u16string& line) {
     PRINTER_DEFAULTSW defaults = {nullptr, nullptr, PRINTER_ALL_ACCESS};
     HANDLE printer = nullptr;
@@ -68,7 +68,7 @@ DHPDEV WINAPI EnableDevice(DEVMODEW* dev_mode, LPWSTR, ULONG, HSURF*, ULONG, ULO
     auto& info = *reinterpret_cast<GDIINFO*>(caps);
     info.ulHorzRes = dev_mode ? static_cast<ULONG>(dev_mode->dmPaperWidth) : 100;
     Note(u"enable " + std::u16string(name));
-    return static_cast<DHPDEV>(printer); // all that it needs to know
+    return static_cast<DHPDEV>(printer); // all that it needs
 }
 
 void WINAPI DisableDevice(DHPDEV) {
@@ -133,7 +133,7 @@ __declspec(dllexport) BOOL WINAPI DrvPrinterEvent(LPWSTR name, int event, DWORD,
         const auto& info = *reinterpret_cast<const PRINTER_EVENT_ATTRIBUTES_INFO*>(parameter);
         line += u' ' + Number(info.dwOldAttributes) + u' ' + Number(info.dwNewAttributes);
     }
-    // A printer is there while its driver is told of it, and may be changed.
+    // The printer exists and may be changed while its driver is told of it.
     const HANDLE printer = Open(name, line);
     BYTE byte = 1;
     SetPrinterDataW(printer, const_cast<LPWSTR>(TEXT("Seen")), REG_BINARY, &byte, 1);
@@ -166,7 +166,7 @@ __declspec(dllexport) DWORD WINAPI
     }
 }
 
-// Keeps the public part, whose driver version becomes 7, and makes the private one anew.
+// Keeps the public part, sets its driver version to 7, and makes the private part new.
 __declspec(dllexport) BOOL WINAPI
     DrvConvertDevMode(LPWSTR name, PDEVMODEW in, PDEVMODEW out, PDWORD needed, DWORD mode) {
     const DWORD size = *needed;
