@@ -1,4 +1,4 @@
-// Data fonts by themselves: what their records hold, and what a printer makes of them.
+// Data fonts on their own: the contents of their records, and a printer's support for them.
 #include <cstring>
 #include <string>
 #include <vector>
@@ -232,7 +232,7 @@ TEST_F(DataFontSupport, OfBarCodesFollowsTheModelsOptions) {
     const struct {
         std::string table;
         int symbology;
-        int offset; // of the field that decides
+        int offset; // of the decisive field
         std::vector<int> printed;
         std::vector<int> not_printed;
     } cases[] = {
