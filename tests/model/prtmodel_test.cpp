@@ -1,4 +1,4 @@
-// What the printer model answers and keeps.
+// The printer model's answers and stored data.
 
 #include "model/prtmodel.h"
 
