@@ -9,7 +9,7 @@ namespace {
 
 class DevModeMerge : public DevModeTest {
 protected:
-    // What the printer's default becomes when it is merged with a source.
+    // The printer's default after merging a source into it.
     struct Merged {
         DevMode mode;
         DEVMODEW* operator->() { return mode.GetDevMode(); }
@@ -267,8 +267,8 @@ TEST_F(DevModeMerge, DoesNothingWithoutSourceOrDestination) {
     EXPECT_EQ(none.GetDevMode(), nullptr);
 }
 
-// Whatever a source is, the result is complete: its sizes, names, versions and tail are the
-// driver's, its fields the model's. Reads beyond the sources are the sanitizer's to see.
+// Whatever the source is, the result is complete: its sizes, names, versions and tail are the
+// driver's, its fields the model's. The sanitizer watches for reads beyond the sources.
 TEST_F(DevModeMerge, MakesACompleteDevModeOfAnything) {
     Install(Tables());
     const auto model = Model();

@@ -1,4 +1,4 @@
-// A printer's stocks: order, storage, exchange and what the system sees of them.
+// A printer's stocks: order, storage, exchange and the system's view of them.
 #include "settings/stock_list.h"
 
 #include <iterator>
@@ -316,7 +316,7 @@ TEST_F(Stocks, AreReadFromTheBinaryFilesOfOldDrivers) {
     }
 }
 
-// The sanitizers watch; the list stays in order.
+// The sanitizers watch. The list stays in order.
 TEST_F(Stocks, AreInOrderAfterAnyFile) {
     std::mt19937 random(7);
     const std::string text = Block("a", Record(60000)) + Block("b", Record(1, 1)) +
