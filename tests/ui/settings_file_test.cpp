@@ -216,7 +216,7 @@ TEST_F(SettingsFiles, OfOtherKindsAreReadWhenTheirKindIsAskedFor) {
         {"nothing", "", 0x10F, "0 0 0 0 0"},
     };
     for (const auto& c : cases) EXPECT_EQ(Imported(c.bytes, c.flags), c.result) << c.what;
-    // One preset alone is named as its file.
+    // A single preset is named after its file.
     EXPECT_EQ(Lists_(), "USER Tag | settings | Bars ");
 }
 
@@ -228,11 +228,11 @@ TEST_F(SettingsFiles, OfAnyLengthWithAnyLineEndsAreRead) {
     std::string text = "<driver version='6.6'>\n<fish>\r\n<stock>\nName=not closed\r\r\n";
     for (int i = 0; i < 100000; ++i) text += i % 2 ? "Name=x\n" : "Weight=1\r\n";
     text += "</fish>\r\n" + block;
-    text += block.substr(0, block.size() - 4); // the last line has no end
+    text += block.substr(0, block.size() - 4); // the last line has no line end
     stocks_.Clear();
     EXPECT_EQ(Imported(text, SETTINGS_STOCKS), "2 0 0 0 0");
     EXPECT_EQ(Lists_(), "Tag | | ");
-    // Only the first bytes say what a file is.
+    // Only the first bytes decide what a file is.
     EXPECT_EQ(Imported("\xEF\xBB\xBF" + text, SETTINGS_STOCKS), "0 0 0 0 0");
 }
 
