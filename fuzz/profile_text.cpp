@@ -14,13 +14,13 @@
 namespace {
 
 using Wide = std::basic_string<WCHAR>;
-constexpr const WCHAR* kFile = TEXT("C:\\in.ini");
+constexpr const WCHAR* kProfile = TEXT("C:\\in.ini");
 
 // The texts of a list, each with a zero after it.
 std::vector<Wide> List(const WCHAR* section, const WCHAR* key, DWORD room) {
     std::vector<WCHAR> buffer(room);
     const DWORD length =
-        GetPrivateProfileStringW(section, key, nullptr, buffer.data(), room, kFile);
+        GetPrivateProfileStringW(section, key, nullptr, buffer.data(), room, kProfile);
     Check(length < room);
     std::vector<Wide> texts;
     for (size_t at = 0; at < length;) {
@@ -32,7 +32,7 @@ std::vector<Wide> List(const WCHAR* section, const WCHAR* key, DWORD room) {
 
 Wide Value(const WCHAR* section, const WCHAR* key) {
     WCHAR text[64];
-    const DWORD length = GetPrivateProfileStringW(section, key, TEXT("?"), text, 64, kFile);
+    const DWORD length = GetPrivateProfileStringW(section, key, TEXT("?"), text, 64, kProfile);
     Check(length < 64 && text[length] == 0);
     return text;
 }
@@ -50,10 +50,10 @@ FUZZ_TARGET(profile_text)(const uint8_t* data, size_t size) {
                 Value(section.c_str(), key.c_str());
 
     for (const WCHAR* value : {TEXT("one"), TEXT("two words")}) {
-        Check(WritePrivateProfileStringW(TEXT("s"), TEXT("k"), value, kFile));
+        Check(WritePrivateProfileStringW(TEXT("s"), TEXT("k"), value, kProfile));
         Check(Value(TEXT("s"), TEXT("k")) == value);
     }
-    Check(WritePrivateProfileStringW(TEXT("s"), TEXT("k"), nullptr, kFile));
-    Check(WritePrivateProfileStringW(TEXT("s"), nullptr, nullptr, kFile));
+    Check(WritePrivateProfileStringW(TEXT("s"), TEXT("k"), nullptr, kProfile));
+    Check(WritePrivateProfileStringW(TEXT("s"), nullptr, nullptr, kProfile));
     return 0;
 }

@@ -18,7 +18,8 @@ void CheckLists(StockList& stocks, PresetList& presets, DataFontManager& fonts, 
                 bool text) {
     for (const Stock *stock = stocks.GetNext(nullptr), *next;
          stock && (next = stocks.GetNext(stock)); stock = next) {
-        const int names = std::strcmp(stock->GetName().nstring(), next->GetName().nstring());
+        stock->GetName().wstring(); // the form by which they are sorted
+        const int names = stock->GetName().Collate(next->GetName());
         if (stock->is_user() == next->is_user() ? names >= 0 : next->is_user()) std::abort();
     }
     for (const Preset *preset = presets.GetNext(nullptr), *next;

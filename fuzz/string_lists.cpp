@@ -22,7 +22,7 @@ void CheckUnpack(const OBuffer<C>& packed, int mode) {
     OBuffer<C> bytes;
     const uint32_t used = list.Pack(bytes, mode);
     Check(used <= bytes.GetSize());
-    bytes.SetSize(used);
+    Check(bytes.SetSize(used));
     again.Unpack(bytes, mode);
     CheckSame(list, again);
 }

@@ -15,7 +15,7 @@
 
 namespace {
 
-constexpr const WCHAR* kFile = TEXT("C:\\in.dll");
+constexpr const WCHAR* kLibrary = TEXT("C:\\in.dll");
 constexpr const WCHAR* kPaths[] = {TEXT(""),
                                    TEXT("\\"),
                                    TEXT("\\VarFileInfo\\Translation"),
@@ -51,14 +51,14 @@ FUZZ_TARGET(version_resource)(const uint8_t* data, size_t size) {
 
     std::ofstream(host.OnDriveC("in.dll"), std::ios::binary)
         .write(reinterpret_cast<const char*>(data), static_cast<std::streamsize>(size));
-    const DWORD needed = GetFileVersionInfoSizeW(kFile, nullptr);
+    const DWORD needed = GetFileVersionInfoSizeW(kLibrary, nullptr);
     if (needed >= 2) {
         block.assign(needed, 0xAA);
-        Check(GetFileVersionInfoW(kFile, 0, needed, block.data()));
+        Check(GetFileVersionInfoW(kLibrary, 0, needed, block.data()));
         CheckBlock(block);
         block.resize(needed / 2 + 1);
         block.shrink_to_fit();
-        Check(GetFileVersionInfoW(kFile, 0, static_cast<DWORD>(block.size()), block.data()));
+        Check(GetFileVersionInfoW(kLibrary, 0, static_cast<DWORD>(block.size()), block.data()));
         CheckBlock(block);
     }
     ReadCopyrightYears(std::string(reinterpret_cast<const char*>(data), size).c_str());

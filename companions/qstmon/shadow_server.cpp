@@ -67,9 +67,9 @@ bool TakeOver(HomeRegistry& home, const ShadowRequest& request) {
         RenameSharedKeys(received, request.printer, home.DataPath(home.GetPrinterPart()),
                          home.LocalPath(), lines);
         if (!home.HasFailed()) home.Import(lines);
-        // What could not be taken over stays where the client left it.
-        if (home.HasFailed()) return false;
     }
+    // What could not be taken over stays where the client left it.
+    if (home.HasFailed()) return false;
     home.Delete(kData, false);
     home.Delete(kSize, false);
     if (!whole) return false;

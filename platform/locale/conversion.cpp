@@ -42,11 +42,11 @@ private:
 
 // ---- UTF-8 --------------------------------------------------------------------------------------
 
-constexpr char16_t kReplacement = 0xFFFD;
+constexpr char16_t kReplacementCharacter = 0xFFFD;
 
 // Decodes the character at the front of `text`. Answers the number of bytes it takes. For malformed
-// input `c` is kReplacement, `good` is false, and the answer is the length of the longest beginning
-// of a valid sequence (at least one byte).
+// input `c` is kReplacementCharacter, `good` is false, and the answer is the length of the longest
+// beginning of a valid sequence (at least one byte).
 size_t DecodeUtf8(const BYTE* text, size_t left, char32_t& c, bool& good) {
     const BYTE first = text[0];
     size_t length = 1;
@@ -68,7 +68,7 @@ size_t DecodeUtf8(const BYTE* text, size_t left, char32_t& c, bool& good) {
         if (first == 0xF4) high = 0x8F;
     }
     good = false;
-    c = kReplacement;
+    c = kReplacementCharacter;
     if (length == 1) return 1;
     char32_t value = first & (0x7Fu >> length);
     for (size_t i = 1; i < length; ++i) {
@@ -108,7 +108,7 @@ int ToUtf8(DWORD flags, LPCWSTR text, size_t units, Sink<char> sink) {
             c = 0x10000 + ((c & 0x3FF) << 10) + (text[++at] & 0x3FFu);
         } else if ((c & 0xF800) == 0xD800) {
             if (flags & WC_ERR_INVALID_CHARS) return Fail(ERROR_NO_UNICODE_TRANSLATION);
-            c = kReplacement;
+            c = kReplacementCharacter;
         }
         if (c < 0x80) {
             if (!sink.Put(static_cast<char>(c))) return sink.Finish(false);

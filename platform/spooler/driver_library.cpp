@@ -33,7 +33,7 @@ Loaded& TheLoaded() {
     return *loaded;
 }
 
-std::u16string KeyOf(std::u16string file) {
+std::u16string LibraryKey(std::u16string file) {
     for (char16_t& unit : file) unit = UpperOf(unit);
     return file;
 }
@@ -42,7 +42,7 @@ std::u16string KeyOf(std::u16string file) {
 
 std::shared_ptr<const DriverLibrary> DriverLibrary::Load(const std::u16string& file) {
     Loaded& loaded = TheLoaded();
-    const std::u16string key = KeyOf(file);
+    const std::u16string key = LibraryKey(file);
     decltype(loaded.libraries) left_behind; // freed without the lock: a driver may call us
     {
         std::lock_guard guard(loaded.lock);
@@ -65,7 +65,7 @@ void DriverLibrary::Drop(const std::u16string& file) {
     Loaded& loaded = TheLoaded();
     std::shared_ptr<const DriverLibrary> dropped;
     std::lock_guard guard(loaded.lock);
-    if (auto found = loaded.libraries.find(KeyOf(file)); found != loaded.libraries.end()) {
+    if (auto found = loaded.libraries.find(LibraryKey(file)); found != loaded.libraries.end()) {
         dropped = std::move(found->second);
         loaded.libraries.erase(found);
     }

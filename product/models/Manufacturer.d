@@ -4,5 +4,5 @@
 CompanyName=Valdrick
 ProductName=Valdrick Label Printer Driver
 Fonts.Prefix=ZPL
-CompanyName(TT)=Toshiba TEC Corporation
+CompanyName(TT)=TT
 ProductName(TT)=TT Label Printer Driver

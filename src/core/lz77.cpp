@@ -69,9 +69,10 @@ bool LZ77::Encode(const OBuffer<char>& in, OBuffer<char>& out) {
     return true;
 }
 
-bool LZ77::Decode(const OBuffer<char>& in, OBuffer<char>& out) {
+bool LZ77::Decode(const OBuffer<char>& in, OBuffer<char>& out, uint32_t limit) {
     ContainerHeader header;
     if (!ReadHeader(in.GetData(), in.GetSize(), header)) return false;
+    if (header.uncompressed_length > limit) return false;
     uint32_t length = header.uncompressed_length;
     OBuffer<char> result;
     if (!result.SetSize(length) || !Decode(in.GetData(), in.GetSize(), result.GetData(), &length))

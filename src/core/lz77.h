@@ -22,9 +22,10 @@ bool Encode(const void* in, uint32_t size, void* out, uint32_t* length);
 bool Decode(const void* in, uint32_t size, void* out, uint32_t* length);
 
 // The same for buffers; `out` becomes exactly the result and may be `in`. On failure it is left
-// alone. Never more memory is taken than the stream could fill.
+// alone. Never more memory is taken than the stream could fill, and no result has more than `limit`
+// bytes.
 bool Encode(const OBuffer<char>& in, OBuffer<char>& out);
-bool Decode(const OBuffer<char>& in, OBuffer<char>& out);
+bool Decode(const OBuffer<char>& in, OBuffer<char>& out, uint32_t limit = UINT32_MAX);
 bool Encode(OBuffer<char>& buffer);
 bool Decode(OBuffer<char>& buffer);
 

@@ -9,6 +9,19 @@
 
 #include "core/memory.h"
 
+// The capacity of an array of `size` elements, and of `capacity` so far, that is to hold `wanted`:
+// it grows by `step`, or when that is 0 by an eighth of the size, within 4..1024.
+inline int GrownCapacity(int size, int capacity, int step, int wanted) {
+    if (step == 0) step = std::clamp(size / 8, 4, 1024);
+    return std::max(wanted, capacity > INT_MAX - step ? INT_MAX : capacity + step);
+}
+
+// The elements that a block really gets, which had room for `room` and is to hold `capacity`: more
+// for a large one, so that it need not be moved for every 1024 elements of a million.
+inline int GrownRoom(int room, int capacity) {
+    return std::max(capacity, room > INT_MAX - room / 8 ? INT_MAX : room + room / 8);
+}
+
 // An array of elements of N bytes each, kept as raw bytes: they are moved like memory and new ones
 // are zero. The block never shrinks while the array is in use. Without memory an operation that
 // grows answers false and changes nothing. Indices are the caller's responsibility where nothing
@@ -23,25 +36,29 @@ public:
     OBaseArray& operator=(const OBaseArray&) = delete;
     virtual ~OBaseArray() { ___free(data_); }
 
-    // The number of elements in use, and of those that fit into the block.
+    // The number of elements in use, and how many there can be before it has to grow.
     int GetSize() const { return size_; }
     int GetCapacity() const { return capacity_; }
 
-    // Resizes to `size` elements; 0 frees the block. `grow` other than -1 becomes the step by which
-    // a full block grows; a step of 0 (as at first) means an eighth of the size, within 4..1024.
+    // Resizes to `size` elements; 0 frees the block. `grow` other than -1 becomes the step of
+    // GrownCapacity, which is 0 at first.
     bool SetSize(int size, int grow = -1) {
         if (grow != -1) grow_by_ = std::max(grow, 0);
         if (size <= 0) {
             ___free(data_);
             data_ = nullptr;
-            size_ = capacity_ = 0;
+            size_ = capacity_ = room_ = 0;
             return true;
         }
         if (size > capacity_) {
-            const int capacity = data_ ? GrownCapacity(size) : size;
-            void* moved = ___realloc(data_, static_cast<size_t>(capacity) * N);
-            if (!moved) return false;
-            data_ = moved;
+            const int capacity = data_ ? GrownCapacity(size_, capacity_, grow_by_, size) : size;
+            if (capacity > room_) {
+                const int room = GrownRoom(room_, capacity);
+                void* moved = ___realloc(data_, static_cast<size_t>(room) * N);
+                if (!moved) return false;
+                data_ = moved;
+                room_ = room;
+            }
             capacity_ = capacity;
         }
         if (size > size_) std::memset(At(size_), 0, static_cast<size_t>(size - size_) * N);
@@ -74,14 +91,10 @@ protected:
     void* At(int index) const { return static_cast<char*>(data_) + static_cast<size_t>(index) * N; }
 
 private:
-    int GrownCapacity(int size) const {
-        const int step = grow_by_ != 0 ? grow_by_ : std::clamp(size_ / 8, 4, 1024);
-        return std::max(size, capacity_ > INT_MAX - step ? INT_MAX : capacity_ + step);
-    }
-
     void* data_ = nullptr;
     int32_t size_ = 0;
     int32_t capacity_ = 0;
+    int32_t room_ = 0;
     int32_t grow_by_ = 0;
 };
 

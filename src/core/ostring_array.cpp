@@ -7,6 +7,7 @@
 #include <new>
 
 #include "core/memory.h"
+#include "core/oarray.h"
 
 namespace {
 
@@ -98,19 +99,8 @@ bool OStringArray::SetSize(int size, int grow) {
     if (grow != -1) grow_by_ = std::max(grow, 0);
     size = std::max(size, 0);
     if (size > capacity_) {
-        int capacity = size;
-        if (data_) {
-            const int step = grow_by_ != 0 ? grow_by_ : std::clamp(size_ / 8, 4, 1024);
-            capacity = std::max(size, capacity_ > INT_MAX - step ? INT_MAX : capacity_ + step);
-        }
-        if (static_cast<size_t>(capacity) > SIZE_MAX / sizeof(OString)) return false;
-        OString* moved = static_cast<OString*>(
-            ::operator new(static_cast<size_t>(capacity) * sizeof(OString), kCounted));
-        if (!moved) return false;
-        std::uninitialized_move_n(data_, size_, moved);
-        std::destroy_n(data_, size_);
-        ::operator delete(data_);
-        data_ = moved;
+        const int capacity = data_ ? GrownCapacity(size_, capacity_, grow_by_, size) : size;
+        if (capacity > room_ && !SetRoom(GrownRoom(room_, capacity))) return false;
         capacity_ = capacity;
     }
     if (size > size_)
@@ -121,8 +111,22 @@ bool OStringArray::SetSize(int size, int grow) {
     if (size == 0) {
         ::operator delete(data_);
         data_ = nullptr;
-        capacity_ = 0;
+        capacity_ = room_ = 0;
     }
+    return true;
+}
+
+bool OStringArray::SetRoom(int room) {
+    const auto count = static_cast<size_t>(room);
+    // No such block can be had, which the allocation then notes.
+    const size_t bytes = count > SIZE_MAX / sizeof(OString) ? SIZE_MAX : count * sizeof(OString);
+    auto* moved = static_cast<OString*>(::operator new(bytes, kCounted));
+    if (!moved) return false;
+    std::uninitialized_move_n(data_, size_, moved);
+    std::destroy_n(data_, size_);
+    ::operator delete(data_);
+    data_ = moved;
+    room_ = room;
     return true;
 }
 

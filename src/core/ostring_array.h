@@ -70,8 +70,12 @@ public:
     void Unpack(const OBuffer<WCHAR>& buffer, int mode);
 
 private:
+    // Moves the strings to a block for so many.
+    bool SetRoom(int room);
+
     OString* data_ = nullptr;
     int32_t size_ = 0;
     int32_t capacity_ = 0;
+    int32_t room_ = 0;
     int32_t grow_by_ = 0;
 };

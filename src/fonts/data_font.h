@@ -32,6 +32,7 @@ public:
     // Whether two fonts have the same name, regardless of the case of the letters A to Z.
     bool HasNameOf(const DataFont& other) const;
 
+    // For the pages that edit fonts.
     bool IsMultiline() const { return (flags & MULTILINE) != 0; }
     void SetMultiline(bool on) { flags = on ? flags | MULTILINE : flags & ~uint32_t{MULTILINE}; }
 
@@ -61,7 +62,7 @@ protected:
     void Save(DataFontStorage& storage) const;
 
     // Copies what a blob of `size` bytes holds into the storage of a subclass, `room` bytes. The
-    // record behind the common part begins with its own size in bytes, and just so many of it are
+    // record after the common part begins with its own size in bytes, and just so many of it are
     // copied. False, with nothing copied, when there is no record, when not all of it is there and
     // when it is too long for its kind of font.
     static bool ReadBlob(const void* blob, size_t size, void* storage, size_t room);

@@ -10,7 +10,7 @@ struct DataFontStorage {
     uint16_t weight;
     int16_t adjustment;
     uint8_t attributes[8]; // as in LOGFONT, from lfItalic to lfPitchAndFamily
-    char face_name[32];    // terminated, zeros behind it
+    char face_name[32];    // terminated, zeros after it
     int32_t type;          // DataFont::Type
     int32_t resolution;    // dots per inch
     uint32_t flags;
@@ -40,7 +40,7 @@ struct RFIDRecord {
     uint16_t write_protect; // 0 or 1
     int32_t starting_block;
     uint32_t format; // DataFont_RFID::Format
-    char mask[128];  // of the format; terminated, zeros behind it
+    char mask[128];  // of the format; terminated, zeros after it
 };
 static_assert(sizeof(RFIDRecord) == 156);
 static_assert(offsetof(RFIDRecord, tag_type) == 12);

@@ -4,12 +4,8 @@
 #include <cstddef>
 #include <cstdint>
 
-#include "core/oarray.h"
 #include "imaging/dithercfg.h"
-
-// Palette entries as ImageDither takes them: red in the lowest byte, then green, blue and an unused
-// byte.
-class Palette : public OTypedArray<uint32_t> {};
+#include "imaging/palette.h"
 
 // The dithering engine. The object is also the record through which other modules use it: its
 // fields are public, and any caller may set them instead of calling the operations below.
@@ -32,7 +28,7 @@ struct ImageDither {
         COLOR_BLACK_2 = 4
     };
 
-    static constexpr int kPaletteSize = 16;
+    static constexpr int kPaletteSize = Palette::kMaxSize;
     static constexpr int kMaxSide = 32767;
 
     // Sets no image, and the origin at its corner. All other fields are left to the setters.

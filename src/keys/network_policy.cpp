@@ -7,10 +7,10 @@
 
 namespace {
 
-constexpr char UserSharing[] = "USER:Printers/[PRINTER]/Network Sharing";
-constexpr char PrinterSharing[] = "Settings:Network Sharing";
-constexpr char LocalLevel[] = "Settings:Local Access Level";
-constexpr char NetworkLevel[] = "Settings:Network Access Level";
+constexpr char kUserSharing[] = "USER:Printers/[PRINTER]/Network Sharing";
+constexpr char kPrinterSharing[] = "Settings:Network Sharing";
+constexpr char kLocalLevel[] = "Settings:Local Access Level";
+constexpr char kNetworkLevel[] = "Settings:Network Access Level";
 
 int DefaultLevel() {
     return winNT ? USER_LEVEL_POWER : USER_LEVEL_USER;
@@ -30,9 +30,9 @@ bool NetworkPolicy::IsNetworkShared() const {
     prtreg printer(printer_);
     if (printer.IsRemote()) {
         printer.SetShadow(false);
-        return printer.GetByte(UserSharing, 1) != 0 && ServerShares(printer);
+        return printer.GetByte(kUserSharing, 1) != 0 && ServerShares(printer);
     }
-    return printer.GetByte(PrinterSharing, 1) != 0 && printer.Enable_BiDirectional_On();
+    return printer.GetByte(kPrinterSharing, 1) != 0 && printer.Enable_BiDirectional_On();
 }
 
 bool NetworkPolicy::CanShareNetwork() const {
@@ -45,9 +45,9 @@ void NetworkPolicy::SetNetworkSharing(bool shared) {
     prtreg printer(printer_);
     if (printer.IsRemote()) {
         printer.SetShadow(false);
-        printer.SetByte(UserSharing, shared);
+        printer.SetByte(kUserSharing, shared);
     } else {
-        printer.SetByte(PrinterSharing, shared);
+        printer.SetByte(kPrinterSharing, shared);
     }
 }
 
@@ -61,17 +61,17 @@ bool NetworkPolicy::MayChange() const {
 }
 
 int NetworkPolicy::GetLocalAccessLevel() const {
-    return prtreg(printer_).GetInt(LocalLevel, DefaultLevel());
+    return prtreg(printer_).GetInt(kLocalLevel, DefaultLevel());
 }
 
 void NetworkPolicy::SetLocalAccessLevel(int level) {
-    prtreg(printer_).SetInt(LocalLevel, level);
+    prtreg(printer_).SetInt(kLocalLevel, level);
 }
 
 int NetworkPolicy::GetNetworkAccessLevel() const {
-    return prtreg(printer_).GetInt(NetworkLevel, DefaultLevel());
+    return prtreg(printer_).GetInt(kNetworkLevel, DefaultLevel());
 }
 
 void NetworkPolicy::SetNetworkAccessLevel(int level) {
-    prtreg(printer_).SetInt(NetworkLevel, level);
+    prtreg(printer_).SetInt(kNetworkLevel, level);
 }

@@ -3,7 +3,7 @@
 #include <cstring>
 
 namespace {
-constexpr DWORD MaxAccountName = 260; // longer than the system allows
+constexpr DWORD kMaxAccountName = 260; // longer than the system allows
 }
 
 SecuritySID::SecuritySID(PSID sid) {
@@ -36,10 +36,10 @@ void SecuritySID::Lookup() const {
     if (looked_up_) return;
     looked_up_ = true;
     if (!valid_) return;
-    WCHAR name[MaxAccountName] = {};
-    WCHAR domain[MaxAccountName] = {};
-    DWORD name_size = MaxAccountName;
-    DWORD domain_size = MaxAccountName;
+    WCHAR name[kMaxAccountName] = {};
+    WCHAR domain[kMaxAccountName] = {};
+    DWORD name_size = kMaxAccountName;
+    DWORD domain_size = kMaxAccountName;
     SID_NAME_USE use = SidTypeUnknown;
     if (!LookupAccountSidW(nullptr, Get(), name, &name_size, domain, &domain_size, &use)) return;
     name_ = name;

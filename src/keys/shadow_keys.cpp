@@ -70,8 +70,9 @@ void CommitShadow(const OString& printer_name) {
     registry.EnumShadowKeys(keys);
     ShadowRequest request;
     OStringArray lines;
+    SurvivingLines surviving(lines);
     for (int i = 0; i < keys.GetSize(); ++i) {
-        registry.Export(keys[i], lines);
+        registry.Export(keys[i], surviving);
         request.Add(keys[i], 0);
     }
 

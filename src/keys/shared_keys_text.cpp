@@ -5,7 +5,6 @@
 #include "core/crc.h"
 #include "core/lz77.h"
 #include "registry/oregistry_names.h"
-#include "registry/oregistry_text.h"
 
 namespace {
 
@@ -72,13 +71,25 @@ OString Renamed(const OString& key, const OString& printer, const OString& data,
     return renamed.String();
 }
 
+bool IsAscii(const WideText& line) {
+    return std::none_of(line.Text(), line.Text() + line.Length(), [](WCHAR c) { return c > 127; });
+}
+
+// Whether a line comes back as it was from its 8-bit form.
+bool Survives(const WideText& line) {
+    if (IsAscii(line)) return true;
+    const OString text = line.String();
+    const OString back(text.nstring());
+    return back == text;
+}
+
 // Sums lines up as they come.
 class LineChecksum final : public RegistryLines {
 public:
     void Add(const WideText& line) override {
         const WCHAR* text = line.Text();
         const WCHAR* end = text + line.Length();
-        if (std::any_of(text, end, [](WCHAR c) { return c > 127; })) {
+        if (!IsAscii(line)) {
             // What the code page makes of it.
             Flush();
             const OString converted = line.String();
@@ -149,6 +160,23 @@ void RenameSharedKeys(const OStringArray& lines, const OString& printer, const O
     }
 }
 
+void SurvivingLines::Add(const WideText& line) {
+    switch (*line.Text()) {
+    case '[':
+        left_out_ = key_left_out_ = !Survives(line);
+        break;
+    case '"':
+        left_out_ = key_left_out_ || !Survives(line);
+        break;
+    case 0: // the end of the key
+        left_out_ = key_left_out_;
+        break;
+    default: // the rest of a value
+        break;
+    }
+    if (!left_out_) lines_.Add(line.String());
+}
+
 uint32_t SharedKeysChecksum(const OStringArray& lines) {
     OBuffer<char> bytes;
     const uint32_t size = lines.Pack(bytes, OPACK_PLAIN);
@@ -168,7 +196,9 @@ bool PackSharedKeys(const OStringArray& lines, OBuffer<char>& bytes) {
 
 bool UnpackSharedKeys(const OBuffer<char>& bytes, OStringArray& lines) {
     OBuffer<char> list;
-    if (!LZ77::Decode(bytes, list)) return false;
+    if (!LZ77::Decode(bytes, list, kMaxSharedKeyText)) return false;
+    const char* const text = list.GetData();
+    if (std::count(text, text + list.GetSize(), '\0') > kMaxSharedKeyLines) return false;
     lines.Unpack(list, OPACK_SIZE);
     return true;
 }

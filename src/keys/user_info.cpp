@@ -8,12 +8,12 @@
 
 namespace {
 
-constexpr DWORD NameSize = 520;
+constexpr DWORD kNameSize = 520;
 
 constexpr struct {
     uint32_t alias;
     UserLevel level;
-} Levels[] = {
+} kLevels[] = {
     {DOMAIN_ALIAS_RID_ADMINS, USER_LEVEL_ADMIN},
     {DOMAIN_ALIAS_RID_POWER_USERS, USER_LEVEL_POWER},
     {DOMAIN_ALIAS_RID_USERS, USER_LEVEL_USER},
@@ -27,10 +27,25 @@ OString AccountName(const OString& domain, const OString& name) {
 } // namespace
 
 UserInfo::UserInfo() {
-    WCHAR name[NameSize] = {};
-    DWORD size = NameSize;
+    if (!winNT) {
+        level_ = USER_LEVEL_USER;
+        return;
+    }
+    const SecurityToken token;
+    for (const auto& level : kLevels) {
+        if (!token.IsMemberOf(level.alias)) continue;
+        level_ = level.level;
+        break;
+    }
+}
+
+void UserInfo::ReadNames() const {
+    if (names_read_) return;
+    names_read_ = true;
+    WCHAR name[kNameSize] = {};
+    DWORD size = kNameSize;
     if (GetUserNameW(name, &size)) user_name_ = name;
-    size = NameSize;
+    size = kNameSize;
     name[0] = 0;
     if (GetComputerNameW(name, &size)) computer_name_ = name;
 
@@ -39,11 +54,10 @@ UserInfo::UserInfo() {
         ReadGroups();
     } else {
         groups_.Add(AccountName(computer_name_, "Users"));
-        level_ = USER_LEVEL_USER;
     }
 }
 
-void UserInfo::ReadDomain() {
+void UserInfo::ReadDomain() const {
     DWORD sid_size = 0;
     DWORD domain_size = 0;
     SID_NAME_USE use = SidTypeUnknown;
@@ -61,7 +75,7 @@ void UserInfo::ReadDomain() {
     }
 }
 
-void UserInfo::ReadGroups() {
+void UserInfo::ReadGroups() const {
     const SecurityToken token;
     OStringArray domain_groups;
     for (int i = 0; i < token.GetGroupCount(); ++i) {
@@ -74,10 +88,24 @@ void UserInfo::ReadGroups() {
         }
     }
     groups_.Append(domain_groups);
+}
 
-    for (const auto& level : Levels) {
-        if (!token.IsMemberOf(level.alias)) continue;
-        level_ = level.level;
-        break;
-    }
+const OString& UserInfo::GetUser() const {
+    ReadNames();
+    return user_name_;
+}
+
+const OString& UserInfo::GetDomain() const {
+    ReadNames();
+    return domain_;
+}
+
+const OString& UserInfo::GetComputer() const {
+    ReadNames();
+    return computer_name_;
+}
+
+const OStringArray& UserInfo::GetGroups() const {
+    ReadNames();
+    return groups_;
 }

@@ -12,29 +12,32 @@ enum UserLevel {
     USER_LEVEL_ADMIN = 3, // Administrators
 };
 
-// Read once, when it is built.
+// The level is read when it is built; the names when one is first asked for, for they may have to
+// come from a domain controller.
 class UserInfo {
 public:
     UserInfo();
 
-    const OString& GetUser() const { return user_name_; }
+    const OString& GetUser() const;
     // The domain (or computer) that the account belongs to; empty when not on winNT.
-    const OString& GetDomain() const { return domain_; }
-    const OString& GetComputer() const { return computer_name_; }
+    const OString& GetDomain() const;
+    const OString& GetComputer() const;
 
     // The user's groups: the local ones as COMPUTER\group, then the domain ones as DOMAIN\group.
-    const OStringArray& GetGroups() const { return groups_; }
+    const OStringArray& GetGroups() const;
 
     // A UserLevel: that of the most powerful group that the user belongs to.
     int GetLevel() const { return level_; }
 
 private:
-    void ReadDomain();
-    void ReadGroups();
+    void ReadNames() const;
+    void ReadDomain() const;
+    void ReadGroups() const;
 
-    OString user_name_;
-    OString domain_;
-    OString computer_name_;
-    OStringArray groups_;
+    mutable bool names_read_ = false;
+    mutable OString user_name_;
+    mutable OString domain_;
+    mutable OString computer_name_;
+    mutable OStringArray groups_;
     int level_ = USER_LEVEL_NONE;
 };

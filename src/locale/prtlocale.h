@@ -30,7 +30,7 @@ public:
                            // chosen; 0: none is asked, every system can show it
     };
 
-    // English first.
+    // English first. For the page on which the user chooses one.
     static std::span<const Language> Languages();
 
     // Empty: no libraries, empty texts, the system's units.
@@ -67,9 +67,9 @@ public:
     // is among the files of the printer's driver. English always can.
     static bool LanguageExists(prtmodel* model, const char* language);
 
-    // Chooses a language or "sys", for the next Load. For some languages, unless they are the
-    // system's, the user is asked first (`owner` is the window of the question). False if nothing
-    // was chosen.
+    // For that page: chooses a language or "sys", for the next Load. For some languages, unless
+    // they are the system's, the user is asked first (`owner` is the window of the question). False
+    // if nothing was chosen.
     bool SetNewLanguage(HWND owner, const char* language);
 
     // Turns the system's abbreviation of its language (as Windows gives it, "FRC") into one of
@@ -106,7 +106,8 @@ public:
 
     // ---- Units ----------------------------------------------------------------------------------
 
-    // The user's choice, effective at once. A number that is not among Units means inches.
+    // For that page too: the user's choice, effective at once. A number that is not among Units
+    // means inches.
     void SetNewUnits(int32_t units);
     int32_t GetUnits() const { return units_; }
 

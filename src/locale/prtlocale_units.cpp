@@ -5,13 +5,9 @@
 
 #include "core/numbers.h"
 #include "locale/prtlocale.h"
+#include "locale/text_numbers.h"
 
 namespace {
-
-constexpr int kLabelDotsPerInch = 472;
-constexpr int kLabelDotsPerMillimetre = 473;
-constexpr int kLabelMils = 481;
-constexpr int kTextMillimetres = 482;
 
 constexpr int64_t RoundedDivide(int64_t a, int64_t b) {
     return (a + b / 2) / b;
@@ -113,10 +109,10 @@ OString prtlocale::xdimension_to_string(int dots, int dpi) const {
     if (is_metric()) {
         const int32_t microns = std::max(muldiv64s(dots, 25400, dpi), 0);
         text = Decimal(microns / 10, 2, false);
-        text << " " << GetString(kTextMillimetres);
+        text << " " << GetString(TEXT_MILLIMETRES);
     } else {
         text = Decimal(std::max(muldiv64s(dots, 10000, dpi), 0), 1, false);
-        text << " " << GetString(kLabelMils);
+        text << " " << GetString(TEXT_MILS);
     }
     return text;
 }
@@ -126,9 +122,9 @@ OString prtlocale::dpi_to_string(int dpi) const {
     if (is_metric()) {
         const int64_t tenths = (100 * int64_t{dpi} + 50) / 254; // dots per millimetre
         text << tenths / 10 << decimal_separator_ << tenths % 10;
-        text << " " << GetString(kLabelDotsPerMillimetre);
+        text << " " << GetString(TEXT_DOTS_PER_MILLIMETRE);
     } else {
-        text << dpi << " " << GetString(kLabelDotsPerInch);
+        text << dpi << " " << GetString(TEXT_DOTS_PER_INCH);
     }
     return text;
 }

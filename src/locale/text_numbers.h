@@ -4,6 +4,41 @@
 enum TextNumber : int {
     TEXT_NONE = 0,
 
+    // ---- Units.
+    TEXT_CENTIMETRES = 471,
+    TEXT_DOTS_PER_INCH = 472,
+    TEXT_DOTS_PER_MILLIMETRE = 473,
+    TEXT_INCHES = 479,
+    TEXT_MILS = 481,
+    TEXT_MILLIMETRES = 482,
+    TEXT_POINTS = 484,
+
+    // ---- Languages that a system may not be able to show, and the question before one is chosen.
+    TEXT_JAPANESE = 1275,
+    TEXT_SIMPLIFIED_CHINESE = 1278,
+    TEXT_TRADITIONAL_CHINESE = 1279,
+    TEXT_CZECH = 1286,
+    TEXT_POLISH = 1287,
+    TEXT_KOREAN = 1288,
+    TEXT_THAI = 1289,
+    TEXT_HUNGARIAN = 1290,
+    TEXT_GREEK = 1291,
+    TEXT_TURKISH = 1292,
+    TEXT_LANGUAGE_WARNING = 1299,
+    TEXT_RUSSIAN = 1300,
+
+    // ---- What a font is downloaded as, and the sets of characters that it can be limited to.
+    TEXT_TRUETYPE_DOWNLOAD = 1901,
+    TEXT_BITMAP_DOWNLOAD = 1902,
+    TEXT_ALL_CHARACTERS = 1910,
+    TEXT_ASCII = 1911,
+    TEXT_CAPITALS_NUMBERS = 1912,
+    TEXT_CAPITALS_PUNCTUATION = 1913,
+    TEXT_CAPITALS = 1914,
+    TEXT_NUMBERS = 1915,
+    TEXT_AMOUNTS = 1916,
+    TEXT_CAPITALS_NUMBERS_PUNCTUATION = 1917,
+
     // ---- Printer actions.
     TEXT_TEST_LABEL = 2401,
     TEXT_CHARACTER_TEST = 2404,

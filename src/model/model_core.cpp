@@ -15,9 +15,9 @@
 namespace {
 
 // What a model's custom data may take at most.
-constexpr uint32_t CUSTOM_DATA_LIMIT = 64 * 1024;
+constexpr uint32_t kCustomDataLimit = 64 * 1024;
 // What of it the driver reads.
-constexpr uint32_t CUSTOM_DATA_SIZE = sizeof(CustomData);
+constexpr uint32_t kCustomDataSize = sizeof(CustomData);
 
 // The section keys of the tables that the model section names.
 const char* SectionKey(int table) {
@@ -48,6 +48,7 @@ ModelCore::~ModelCore() {
 void ModelCore::SetPrinter(const PrinterInfo& printer) {
     records_of_.printer = printer.GetPrinterName();
     model_name_ = printer.GetDriverName();
+    dependent_files_ = printer.GetDependentFiles();
     SetRecordText(prefix_, printer.GetPrefix());
     const OString code = printer.GetOEM();
     SetRecordText(oem_, OString("o") + code);
@@ -203,7 +204,7 @@ void ModelCore::InitializeExtPDT() {
     static constexpr char name[] = "~CustomData";
     if (const uint32_t size = ModelDataCache().GetDataSize(records_of_, name)) {
         if (ModelDataCache().GetData(records_of_, name, &custom_data_,
-                                     std::min(size, CUSTOM_DATA_SIZE)))
+                                     std::min(size, kCustomDataSize)))
             return;
     }
     UseTable(CUSTOM_DATA);
@@ -214,7 +215,7 @@ void ModelCore::InitializeExtPDT() {
     // The length in the table is a claim. The text and the limit bound it.
     const int32_t claimed = GetInt("Data.Length", 0);
     uint32_t length = claimed > 0 ? static_cast<uint32_t>(claimed) : 0;
-    length = std::min({length, (text_length / 4 + 1) * 3, CUSTOM_DATA_LIMIT});
+    length = std::min({length, (text_length / 4 + 1) * 3, kCustomDataLimit});
 
     const uint32_t room = Base64::DecodeLength(text_length);
     OBuffer<char> blob(std::max(room, length));
@@ -222,6 +223,6 @@ void ModelCore::InitializeExtPDT() {
     __memset(blob.GetData(), 0, blob.GetSize());
     uint32_t decoded = room;
     Base64::Decode(bytes, text_length, blob.GetData(), &decoded);
-    __memcpy(&custom_data_, blob.GetData(), std::min(length, CUSTOM_DATA_SIZE));
+    __memcpy(&custom_data_, blob.GetData(), std::min(length, kCustomDataSize));
     KeepRecord(name, blob.GetData(), length);
 }

@@ -31,6 +31,7 @@ public:
     const OString& GetModelName() const { return model_name_; }
     const char* GetPrefix() const { return prefix_; }
     const char* GetOEM() const { return oem_; } // "o" and the OEM code
+    const OStringArray& GetDependentFiles() const { return dependent_files_; }
     prtreg& GetRegistry() { return registry_; }
 
     // Whether the spooler knew the printer and its driver, and all reads so far have succeeded.
@@ -170,6 +171,7 @@ private:
     prtreg registry_;
     ModelDataOwner records_of_; // this printer's, under the stamp that they were asked for
     OString model_name_;
+    OStringArray dependent_files_; // of the driver
     char oem_[4] = {};
     char prefix_[4] = {};
     OString oem_suffix_; // "(QV)"

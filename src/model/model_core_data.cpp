@@ -7,7 +7,7 @@
 
 namespace {
 
-constexpr int32_t INT16_MAXIMUM = 32767;
+constexpr int32_t kInt16Maximum = 32767;
 
 // The first entry whose text is the given one, in any case.
 struct Translation {
@@ -69,7 +69,7 @@ uint16_t ModelCore::FlagBit(const char* key, const char* word, uint16_t bit) {
 }
 
 int16_t ModelCore::GetThickness(const char* key) {
-    return static_cast<int16_t>(std::min(GetInt(key, 0), INT16_MAXIMUM));
+    return static_cast<int16_t>(std::min(GetInt(key, 0), kInt16Maximum));
 }
 
 OString ModelCore::FontName(const OString& name) const {
@@ -84,8 +84,8 @@ void ModelCore::ModelData_Create() {
     UseTable(DRAWING);
     ReadDrawingTable();
     UseTable(METHOD);
-    data.copies_limit = static_cast<int16_t>(std::min(GetInt("Copies.Limit", 0), INT16_MAXIMUM));
-    if (data.copies_limit == 0) data.copies_limit = INT16_MAXIMUM;
+    data.copies_limit = static_cast<int16_t>(std::min(GetInt("Copies.Limit", 0), kInt16Maximum));
+    if (data.copies_limit == 0) data.copies_limit = kInt16Maximum;
     UseTable(FONT);
     ReadFontTable();
     ApplyDriverSettings();
@@ -219,7 +219,7 @@ void ModelCore::ApplyDriverSettings() {
             data.resolutions[0] = {static_cast<uint16_t>(x), static_cast<uint16_t>(y)};
         }
     }
-    if (settings.GetDisableCopiesLimit()) data.copies_limit = INT16_MAXIMUM;
+    if (settings.GetDisableCopiesLimit()) data.copies_limit = kInt16Maximum;
     if (settings.HasFailed()) whole_ = false;
 }
 

@@ -5,7 +5,7 @@ namespace {
 constexpr char kBlockStart[] = "<options model='";
 constexpr char kBlockEnd[] = "</options>";
 constexpr char kData[] = "DATA:";
-constexpr char kBlanks[] = " \t\r\n";
+constexpr char kAroundLines[] = " \t\r\n";
 
 bool IsKeyLine(const OString& line) {
     return line.wstring()[0] == '[';
@@ -59,8 +59,8 @@ OptionsBlockReader::OptionsBlockReader(const char* model, const OString& data_pa
 
 bool OptionsBlockReader::Read(const OString& text) {
     OString line(text);
-    line.TrimLeft(kBlanks);
-    line.TrimRight(kBlanks);
+    line.TrimLeft(kAroundLines);
+    line.TrimRight(kAroundLines);
     if (line.IsEmpty()) return false;
     if (StartsWith(line, kBlockStart)) {
         inside_ = line == header_;

@@ -76,6 +76,10 @@ const char* prtmodel::GetPrefix() const {
     return core_->GetPrefix();
 }
 
+const OStringArray& prtmodel::GetDependentFiles() const {
+    return core_->GetDependentFiles();
+}
+
 OString prtmodel::GetManufacturerName() const {
     return OString(Data().company_name);
 }
@@ -301,14 +305,14 @@ void prtmodel::GetFontGroups(OStringArray& groups) const {
     OStringArray excluded;
     GetExcludedFontGroups(excluded);
     for (int i = groups.GetSize() - 1; i >= 0; --i) {
-        if (Contains(excluded, groups[i])) {
-            groups.RemoveAt(i, 1);
-        } else {
-            groups[i].Replace("FontGroup:", "");
-            groups[i].Replace(".pfg", "");
-        }
+        const bool removed = Contains(excluded, groups[i]);
+        groups[i].Replace("FontGroup:", "");
+        groups[i].Replace(".pfg", "");
+        // The stored list has no empty names either.
+        if (removed || groups[i].IsEmpty()) groups.RemoveAt(i, 1);
     }
-    if (WasReadWhole()) GetRegistry().SetMultiString(stored, groups);
+    // Through a key map of its own: a user who may not write has read the model whole all the same.
+    if (WasReadWhole()) prtreg(GetRegistry()).SetMultiString(stored, groups);
 }
 
 void prtmodel::GetExpansionFontGroups(OStringArray& groups) const {

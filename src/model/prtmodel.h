@@ -57,9 +57,9 @@ public:
 
     // ---- Identity -------------------------------------------------------------------------------
 
-    // Whether the spooler knew the printer and its driver, and so far nothing failed to be read,
-    // wherever in the process memory was short. What is made of a model that was read in part only
-    // must not be stored in place of the whole.
+    // Whether the spooler knew the printer and its driver, and so far nothing failed to be read and
+    // memory was never short, wherever on this thread. What is made of a model that was read in
+    // part only must not be stored in place of the whole.
     bool WasReadWhole() const;
 
     // The printer's key map.
@@ -72,6 +72,9 @@ public:
     const char* GetOEM() const;
     // The three letters that begin the names of the driver's files.
     const char* GetPrefix() const;
+
+    // The dependent files of the printer's driver, without their folder.
+    const OStringArray& GetDependentFiles() const;
 
     OString GetManufacturerName() const;
     OString GetDriverName() const; // the product's name, not the name of the printer's driver

@@ -4,16 +4,15 @@
 
 #include "core/fixed_text.h"
 #include "model/prtmodel.h"
-#include "spooler/printer_info.h"
 
 namespace {
 
-constexpr uint32_t NOT_SUPPORTED = 0xFFFFFFFF;
+constexpr uint32_t kNotSupported = 0xFFFFFFFF;
 
 // The slots that the platform gives names, in characters.
-constexpr int BIN_NAME = 24;
-constexpr int FILE_NAME = 64;
-constexpr int PERSONALITY_NAME = 32;
+constexpr int kBinName = 24;
+constexpr int kFileName = 64;
+constexpr int kPersonalityName = 32;
 
 template <class T>
 void Put(unsigned char* output, T value) {
@@ -36,15 +35,15 @@ uint32_t prtmodel::DeviceCapabilitiesW(uint16_t capability, unsigned char* outpu
                                        const DEVMODEW* dev_mode) const {
     switch (capability) {
     case DC_FIELDS:
-        return dev_mode ? dev_mode->dmFields : NOT_SUPPORTED;
+        return dev_mode ? dev_mode->dmFields : kNotSupported;
     case DC_SIZE:
-        return dev_mode ? dev_mode->dmSize : NOT_SUPPORTED;
+        return dev_mode ? dev_mode->dmSize : kNotSupported;
     case DC_EXTRA:
-        return dev_mode ? dev_mode->dmDriverExtra : NOT_SUPPORTED;
+        return dev_mode ? dev_mode->dmDriverExtra : kNotSupported;
     case DC_VERSION:
-        return dev_mode ? dev_mode->dmSpecVersion : NOT_SUPPORTED;
+        return dev_mode ? dev_mode->dmSpecVersion : kNotSupported;
     case DC_DRIVER:
-        return dev_mode ? dev_mode->dmDriverVersion : NOT_SUPPORTED;
+        return dev_mode ? dev_mode->dmDriverVersion : kNotSupported;
 
     case DC_PAPERS:
     case DC_PAPERSIZE:
@@ -59,7 +58,7 @@ uint32_t prtmodel::DeviceCapabilitiesW(uint16_t capability, unsigned char* outpu
         if (output) Put<uint16_t>(output, DMBIN_USER);
         return 1;
     case DC_BINNAMES:
-        if (output) PutFixedText(output, "Internal Spool", BIN_NAME);
+        if (output) PutFixedText(output, "Internal Spool", kBinName);
         return 1;
     case DC_ENUMRESOLUTIONS: {
         OTypedArray<int> numbers;
@@ -71,12 +70,11 @@ uint32_t prtmodel::DeviceCapabilitiesW(uint16_t capability, unsigned char* outpu
         return static_cast<uint32_t>(pairs);
     }
     case DC_FILEDEPENDENCIES: {
-        const PrinterInfo printer(GetPrinterName());
-        const OStringArray& files = printer.GetDependentFiles();
+        const OStringArray& files = GetDependentFiles();
         if (output) {
             for (int i = 0; i < files.GetSize(); ++i)
-                PutFixedText(output + static_cast<size_t>(i) * FILE_NAME * sizeof(WCHAR), files[i],
-                             FILE_NAME);
+                PutFixedText(output + static_cast<size_t>(i) * kFileName * sizeof(WCHAR), files[i],
+                             kFileName);
         }
         return static_cast<uint32_t>(files.GetSize());
     }
@@ -84,7 +82,7 @@ uint32_t prtmodel::DeviceCapabilitiesW(uint16_t capability, unsigned char* outpu
         if (output) {
             OString name(GetPrefix());
             name.MakeUpper();
-            PutFixedText(output, name, PERSONALITY_NAME);
+            PutFixedText(output, name, kPersonalityName);
         }
         return 1;
     case DC_NUP:
@@ -107,6 +105,6 @@ uint32_t prtmodel::DeviceCapabilitiesW(uint16_t capability, unsigned char* outpu
     case DC_STAPLE:
         return 0;
     default:
-        return NOT_SUPPORTED;
+        return kNotSupported;
     }
 }

@@ -1,6 +1,7 @@
 // The symbology records: how ModelCore reads the table BarCode.
 #include "model/model_core.h"
 #include "model/record_text.h"
+#include "model/symbology_bits.h"
 
 uint32_t ModelCore::ListBits(const OString& key, const Bit* bits, size_t count) {
     OStringArray words;
@@ -104,17 +105,18 @@ bool ModelCore::CommonSymbologyData_Create(KVSymbologyData* record, const Symbol
     if (GetBool(info.CreateKey("Color"), false))
         record->flags = KVSymbologyData::SUPPORTED | KVSymbologyData::COLOR;
 
-    static const Bit methods[] = {{"Serialization", 0x80000000},
-                                  {"VariableData", 0x40000000},
-                                  {"Static", 0x20000000},
-                                  {"TemplateFile", 0x10000000}};
+    static const Bit methods[] = {{"Serialization", METHOD_SERIALIZATION},
+                                  {"VariableData", METHOD_VARIABLE_DATA},
+                                  {"Static", METHOD_STATIC},
+                                  {"TemplateFile", METHOD_TEMPLATE_FILE}};
     record->options |= ListBits(info.CreateKey("RestrictedMethods"), methods);
 
     if (info.Ratios_Supported()) {
-        static const Bit ratios[] = {{"Variable", 0x1000}, {"2:1", 0x2000},    {"11:5", 0x4000},
-                                     {"9:4", 0x8000},      {"7:3", 0x10000},   {"12:5", 0x20000},
-                                     {"5:2", 0x40000},     {"13:5", 0x80000},  {"8:3", 0x100000},
-                                     {"11:4", 0x200000},   {"14:5", 0x400000}, {"3:1", 0x800000}};
+        static const Bit ratios[] = {
+            {"Variable", RATIO_VARIABLE}, {"2:1", RATIO_2_1},   {"11:5", RATIO_11_5},
+            {"9:4", RATIO_9_4},           {"7:3", RATIO_7_3},   {"12:5", RATIO_12_5},
+            {"5:2", RATIO_5_2},           {"13:5", RATIO_13_5}, {"8:3", RATIO_8_3},
+            {"11:4", RATIO_11_4},         {"14:5", RATIO_14_5}, {"3:1", RATIO_3_1}};
         record->options |= ListBits(info.CreateKey("Ratio"), ratios);
     }
     HR_Create(record, info);
@@ -129,19 +131,20 @@ void ModelCore::HR_Create(KVSymbologyData* record, const SymbologyInfo& info) {
                                        : KVSymbologyData::HR_NONE;
     if (record->hr_mode == KVSymbologyData::HR_NONE) return;
 
-    static const Bit offset[] = {{"Vertical", 0x1}, {"Horizontal", 0x2}};
-    static const Bit placement[] = {{"Above", 0x4}, {"Below", 0x8}};
+    static const Bit offset[] = {{"Vertical", HR_OFFSET_VERTICAL},
+                                 {"Horizontal", HR_OFFSET_HORIZONTAL}};
+    static const Bit placement[] = {{"Above", HR_ABOVE}, {"Below", HR_BELOW}};
     static const Bit alignment[] = {
-        {"Left", 0x10}, {"Right", 0x20}, {"Center", 0x40}, {"Bar", 0x80}};
-    static const Bit check_digit[] = {{"Show", 0x100}, {"Hide", 0x200}};
-    static const Bit start_stop[] = {{"Show", 0x400}, {"Hide", 0x800}};
+        {"Left", HR_LEFT}, {"Right", HR_RIGHT}, {"Center", HR_CENTER}, {"Bar", HR_BAR}};
+    static const Bit check_digit[] = {{"Show", HR_CHECK_DIGIT_SHOW}, {"Hide", HR_CHECK_DIGIT_HIDE}};
+    static const Bit start_stop[] = {{"Show", HR_START_STOP_SHOW}, {"Hide", HR_START_STOP_HIDE}};
     record->hr_bits |= ListBits(info.CreateKey("HR.Offset"), offset);
     record->hr_bits |= ListBits(info.CreateKey("HR.Placement"), placement);
     record->hr_bits |= ListBits(info.CreateKey("HR.Alignment"), alignment);
     if (info.ShowCheckDigit_Supported())
         record->hr_bits |= ListBits(info.CreateKey("HR.CheckDigit"), check_digit);
     record->hr_bits |= ListBits(info.CreateKey("HR.StartStop"), start_stop);
-    record->hr_bits |= TrueBit(info.CreateKey("HR.Font.Select"), 0x8000);
+    record->hr_bits |= TrueBit(info.CreateKey("HR.Font.Select"), HR_FONT_SELECT);
 
     const OString font = GetString(info.CreateKey("HR.Font.Name"), "");
     if (!font.IsEmpty()) {
@@ -154,46 +157,50 @@ void ModelCore::HR_Create(KVSymbologyData* record, const SymbologyInfo& info) {
 // ---- One symbology family each ------------------------------------------------------------------
 
 void ModelCore::Code39Data_Create(KVSymbologyData* record, const SymbologyInfo& info) {
-    static const Bit translation[] = {{"On", 0x10000}, {"Off", 0x20000}};
-    record->options |= FalseBit(info.CreateKey("FullASCII"), 0x1);
-    record->options |= TrueBit(info.CreateKey("StartStop.Required"), 0x2);
-    record->options |= TrueBit(info.CreateKey("CheckDigit.Required"), 0x4);
-    record->options |= TrueBit(info.CreateKey("StartStop.Variable"), 0x8);
+    static const Bit translation[] = {{"On", HR_TRANSLATION_ON}, {"Off", HR_TRANSLATION_OFF}};
+    record->options |= FalseBit(info.CreateKey("FullASCII"), CODE39_NO_FULL_ASCII);
+    record->options |= TrueBit(info.CreateKey("StartStop.Required"), CODE39_START_STOP_REQUIRED);
+    record->options |= TrueBit(info.CreateKey("CheckDigit.Required"), CODE39_CHECK_DIGIT_REQUIRED);
+    record->options |= TrueBit(info.CreateKey("StartStop.Variable"), CODE39_START_STOP_VARIABLE);
     record->hr_bits |= ListBits(info.CreateKey("HR.Translation"), translation);
 }
 
 void ModelCore::Code93Data_Create(KVSymbologyData* record, const SymbologyInfo& info) {
-    record->options |= FalseBit(info.CreateKey("FullASCII"), 0x1);
+    record->options |= FalseBit(info.CreateKey("FullASCII"), CODE39_NO_FULL_ASCII);
 }
 
 void ModelCore::Code128Data_Create(KVSymbologyData* record, const SymbologyInfo& info) {
-    // 0x2 tells that there is no manual encoding.
-    static const Bit encoding[] = {{"Auto", 0x1}, {"Manual", 0x2}};
-    record->options |= ListBits(info.CreateKey("Encoding"), encoding) ^ 0x2;
+    static const Bit encoding[] = {{"Auto", CODE128_AUTO}, {"Manual", CODE128_NO_MANUAL}};
+    record->options |= ListBits(info.CreateKey("Encoding"), encoding) ^ CODE128_NO_MANUAL;
 }
 
 void ModelCore::CodabarData_Create(KVSymbologyData* record, const SymbologyInfo& info) {
-    record->options |= TrueBit(info.CreateKey("StartStop.Required"), 0x1);
-    record->options |= TrueBit(info.CreateKey("StartStop.Uppercase"), 0x2);
+    record->options |= TrueBit(info.CreateKey("StartStop.Required"), CODABAR_START_STOP_REQUIRED);
+    record->options |= TrueBit(info.CreateKey("StartStop.Uppercase"), CODABAR_UPPERCASE);
 }
 
 void ModelCore::MSIData_Create(KVSymbologyData* record, const SymbologyInfo& info) {
-    record->options |= TrueBit(info.CreateKey("CheckDigit.Required"), 0x1);
+    record->options |= TrueBit(info.CreateKey("CheckDigit.Required"), MSI_CHECK_DIGIT_REQUIRED);
 }
 
 void ModelCore::UPC_EANData_Create(KVSymbologyData* record, const SymbologyInfo& info) {
-    static const Bit split[] = {{"Full", 0x90000}, {"Small", 0x50000}, {"None", 0x20000}};
-    static const Bit number_system[] = {{"1", 0x2}};
-    record->options |= TrueBit(info.CreateKey("GuardBar.Variable"), 0x4);
-    record->options |= TrueBit(info.CreateKey("GuardBar.WithoutHR"), 0x8);
+    static const Bit split[] = {
+        {"Full", HR_SPLIT_FULL}, {"Small", HR_SPLIT_SMALL}, {"None", HR_SPLIT_NONE}};
+    static const Bit number_system[] = {{"1", UPC_NUMBER_SYSTEM_1}};
+    record->options |= TrueBit(info.CreateKey("GuardBar.Variable"), UPC_GUARD_BAR_VARIABLE);
+    record->options |= TrueBit(info.CreateKey("GuardBar.WithoutHR"), UPC_GUARD_BAR_WITHOUT_TEXT);
     record->hr_bits |= ListBits(info.CreateKey("SplitDigit"), split);
     if (info.NumberSystem_Supported())
         record->options |= ListBits(info.CreateKey("NumberSystem"), number_system);
-    record->options |= TrueBit(info.CreateKey("CheckDigit.Required"), 0x1);
+    record->options |= TrueBit(info.CreateKey("CheckDigit.Required"), UPC_CHECK_DIGIT_REQUIRED);
 }
 
 void ModelCore::SupplementalData_Create(KVSymbologyData* record, const SymbologyInfo& info) {
-    static const Bit attached[] = {{"1", 0x1}, {"2", 0x2}, {"3", 0x4}, {"4", 0x8}, {"5", 0x10}};
+    static const Bit attached[] = {{"1", SUPPLEMENTAL_1},
+                                   {"2", SUPPLEMENTAL_2},
+                                   {"3", SUPPLEMENTAL_3},
+                                   {"4", SUPPLEMENTAL_4},
+                                   {"5", SUPPLEMENTAL_5}};
     const OString key = info.CreateKey("Attached");
     record->options |= ListBits(key, attached);
     OStringArray others;
@@ -202,90 +209,104 @@ void ModelCore::SupplementalData_Create(KVSymbologyData* record, const Symbology
 }
 
 void ModelCore::PDF417Data_Create(KVSymbologyData* record, const SymbologyInfo& info) {
-    static const Bit level[] = {{"Auto", 0x2}};
-    static const Bit columns[] = {{"Auto", 0x4}};
-    record->options |= FalseBit(info.CreateKey("Truncated"), 0x1);
+    static const Bit level[] = {{"Auto", PDF417_AUTO_LEVEL}};
+    static const Bit columns[] = {{"Auto", PDF417_AUTO_COLUMNS}};
+    record->options |= FalseBit(info.CreateKey("Truncated"), PDF417_NOT_TRUNCATED);
     record->options |= ListBits(info.CreateKey("CorrectionLevel"), level);
     record->options |= ListBits(info.CreateKey("Columns"), columns);
 }
 
 void ModelCore::MicroPDF417Data_Create(KVSymbologyData* record, const SymbologyInfo& info) {
-    if (GetFlag(info.CreateKey("Size"), "Auto")) record->options |= 0x1;
+    if (GetFlag(info.CreateKey("Size"), "Auto")) record->options |= MICRO_PDF417_AUTO_SIZE;
 }
 
 void ModelCore::DataMatrixData_Create(KVSymbologyData* record, const SymbologyInfo& info) {
-    static const Bit ecc[] = {{"000", 0x1},    {"010", 0x2},   {"040", 0x4},   {"050", 0x8},
-                              {"060", 0x10},   {"070", 0x20},  {"080", 0x40},  {"090", 0x80},
-                              {"100", 0x100},  {"110", 0x200}, {"120", 0x400}, {"130", 0x800},
-                              {"140", 0x1000}, {"200", 0x2000}};
-    static const Bit format[] = {{"Auto", 0x20000}};
-    static const Bit function_codes[] = {{"None", 0x10000}};
+    static const Bit ecc[] = {
+        {"000", DATA_MATRIX_ECC_000}, {"010", DATA_MATRIX_ECC_010}, {"040", DATA_MATRIX_ECC_040},
+        {"050", DATA_MATRIX_ECC_050}, {"060", DATA_MATRIX_ECC_060}, {"070", DATA_MATRIX_ECC_070},
+        {"080", DATA_MATRIX_ECC_080}, {"090", DATA_MATRIX_ECC_090}, {"100", DATA_MATRIX_ECC_100},
+        {"110", DATA_MATRIX_ECC_110}, {"120", DATA_MATRIX_ECC_120}, {"130", DATA_MATRIX_ECC_130},
+        {"140", DATA_MATRIX_ECC_140}, {"200", DATA_MATRIX_ECC_200}};
+    static const Bit format[] = {{"Auto", DATA_MATRIX_AUTO_FORMAT}};
+    static const Bit function_codes[] = {{"None", DATA_MATRIX_NO_FUNCTION_CODES}};
     record->options |= ListBits(info.CreateKey("ECC"), ecc);
-    record->options |= TrueBit(info.CreateKey("WhiteOnBlack"), 0x4000);
+    record->options |= TrueBit(info.CreateKey("WhiteOnBlack"), DATA_MATRIX_WHITE_ON_BLACK);
     const OString rectangle = GetString(info.CreateKey("Rectangle"), "");
-    if (!rectangle.IsEmpty() && !(rectangle == "No")) record->options |= 0x8000;
-    if (rectangle == "Manual") record->options |= 0x40000;
+    if (!rectangle.IsEmpty() && !(rectangle == "No")) record->options |= DATA_MATRIX_RECTANGLE;
+    if (rectangle == "Manual") record->options |= DATA_MATRIX_MANUAL_RECTANGLE;
     record->options |= ListBits(info.CreateKey("FormatID"), format);
     record->options |= ListBits(info.CreateKey("FunctionCodes"), function_codes);
-    record->options |= TrueBit(info.CreateKey("StructuredAppend"), 0x80000);
+    record->options |= TrueBit(info.CreateKey("StructuredAppend"), DATA_MATRIX_STRUCTURED_APPEND);
 }
 
 void ModelCore::MaxiCodeData_Create(KVSymbologyData* record, const SymbologyInfo& info) {
-    static const Bit mode[] = {{"2", 0x1}, {"3", 0x2}, {"4", 0x4}, {"5", 0x8}, {"6", 0x10}};
+    static const Bit mode[] = {{"2", MAXICODE_MODE_2},
+                               {"3", MAXICODE_MODE_3},
+                               {"4", MAXICODE_MODE_4},
+                               {"5", MAXICODE_MODE_5},
+                               {"6", MAXICODE_MODE_6}};
     record->options |= ListBits(info.CreateKey("Mode"), mode);
-    record->options |= TrueBit(info.CreateKey("ZipperBlock"), 0x20);
-    record->options |= TrueBit(info.CreateKey("ContrastBlock"), 0x40);
-    record->options |= TrueBit(info.CreateKey("StructuredAppend"), 0x80);
+    record->options |= TrueBit(info.CreateKey("ZipperBlock"), MAXICODE_ZIPPER_BLOCK);
+    record->options |= TrueBit(info.CreateKey("ContrastBlock"), MAXICODE_CONTRAST_BLOCK);
+    record->options |= TrueBit(info.CreateKey("StructuredAppend"), MAXICODE_STRUCTURED_APPEND);
 }
 
 void ModelCore::QRCodeData_Create(KVSymbologyData* record, const SymbologyInfo& info) {
-    static const Bit model[] = {{"1", 0x1}, {"2", 0x2}};
-    static const Bit mode[] = {{"Manual", 0x4}, {"Auto", 0x8}};
-    static const Bit mask[] = {{"Manual", 0x10}, {"Auto", 0x20}};
+    static const Bit model[] = {{"1", QR_MODEL_1}, {"2", QR_MODEL_2}};
+    static const Bit mode[] = {{"Manual", QR_MODE_MANUAL}, {"Auto", QR_MODE_AUTO}};
+    static const Bit mask[] = {{"Manual", QR_MASK_MANUAL}, {"Auto", QR_MASK_AUTO}};
     record->options |= ListBits(info.CreateKey("Model"), model);
     record->options |= ListBits(info.CreateKey("Mode"), mode);
     record->options |= ListBits(info.CreateKey("Mask"), mask);
-    record->options |= TrueBit(info.CreateKey("StructuredAppend"), 0x40);
+    record->options |= TrueBit(info.CreateKey("StructuredAppend"), QR_STRUCTURED_APPEND);
 }
 
 void ModelCore::JapanPostData_Create(KVSymbologyData* record, const SymbologyInfo& info) {
-    record->options |= TrueBit(info.CreateKey("HighPriority"), 0x1);
+    record->options |= TrueBit(info.CreateKey("HighPriority"), JAPAN_POST_HIGH_PRIORITY);
 }
 
 void ModelCore::CodablockData_Create(KVSymbologyData* record, const SymbologyInfo& info) {
-    static const Bit type[] = {{"A", 0x1}, {"E", 0x2}, {"F", 0x4}};
+    static const Bit type[] = {{"A", CODABLOCK_A}, {"E", CODABLOCK_E}, {"F", CODABLOCK_F}};
     record->options |= ListBits(info.CreateKey("Type"), type);
 }
 
 void ModelCore::AztecData_Create(KVSymbologyData* record, const SymbologyInfo& info) {
-    static const Bit finder[] = {{"Auto", 0x1}, {"Compact", 0x2}, {"Full", 0x4}};
-    static const Bit correction[] = {{"Auto", 0x10}};
-    static const Bit layers[] = {{"Auto", 0x20}};
+    static const Bit finder[] = {{"Auto", AZTEC_FINDER_AUTO},
+                                 {"Compact", AZTEC_FINDER_COMPACT},
+                                 {"Full", AZTEC_FINDER_FULL}};
+    static const Bit correction[] = {{"Auto", AZTEC_AUTO_CORRECTION}};
+    static const Bit layers[] = {{"Auto", AZTEC_AUTO_LAYERS}};
     record->options |= ListBits(info.CreateKey("FinderPattern"), finder);
-    record->options |= TrueBit(info.CreateKey("WhiteOnBlack"), 0x8);
+    record->options |= TrueBit(info.CreateKey("WhiteOnBlack"), AZTEC_WHITE_ON_BLACK);
     record->options |= ListBits(info.CreateKey("ErrorCorrection"), correction);
     record->options |= ListBits(info.CreateKey("Layers"), layers);
-    record->options |= TrueBit(info.CreateKey("StructuredAppend"), 0x40);
+    record->options |= TrueBit(info.CreateKey("StructuredAppend"), AZTEC_STRUCTURED_APPEND);
 }
 
 void ModelCore::RSSData_Create(KVSymbologyData* record, const SymbologyInfo& info) {
-    static const Bit type[] = {{"RSS14", 0x1},           {"Truncated", 0x2}, {"Stacked", 0x4},
-                               {"Omnidirectional", 0x8}, {"Limited", 0x10},  {"Expanded", 0x20},
-                               {"ExpandedStacked", 0x40}};
-    static const Bit segments[] = {{"Manual", 0x10000}};
+    static const Bit type[] = {{"RSS14", RSS_14},
+                               {"Truncated", RSS_TRUNCATED},
+                               {"Stacked", RSS_STACKED},
+                               {"Omnidirectional", RSS_OMNIDIRECTIONAL},
+                               {"Limited", RSS_LIMITED},
+                               {"Expanded", RSS_EXPANDED},
+                               {"ExpandedStacked", RSS_EXPANDED_STACKED}};
+    static const Bit segments[] = {{"Manual", RSS_MANUAL_SEGMENTS}};
     record->options |= ListBits(info.CreateKey("Type"), type);
     record->options |= ListBits(info.CreateKey("SegmentsPerRow"), segments);
 }
 
 void ModelCore::CompositeData_Create(KVSymbologyData* record, const SymbologyInfo& info) {
-    static const Bit type[] = {{"EAN8", 0x100}, {"EAN13", 0x200},      {"UPCA", 0x400},
-                               {"UPCE", 0x800}, {"128_CC_AB", 0x1000}, {"128_CC_C", 0x2000}};
+    static const Bit type[] = {
+        {"EAN8", COMPOSITE_EAN_8},          {"EAN13", COMPOSITE_EAN_13},
+        {"UPCA", COMPOSITE_UPC_A},          {"UPCE", COMPOSITE_UPC_E},
+        {"128_CC_AB", COMPOSITE_128_CC_AB}, {"128_CC_C", COMPOSITE_128_CC_C}};
     RSSData_Create(record, info); // the linear part can be any of these
     record->options |= ListBits(info.CreateKey("Type"), type);
 }
 
 void ModelCore::TelepenData_Create(KVSymbologyData* record, const SymbologyInfo& info) {
-    static const Bit mode[] = {{"Numeric", 0x2}};
-    record->options |= TrueBit(info.CreateKey("CheckDigit.Required"), 0x1);
+    static const Bit mode[] = {{"Numeric", TELEPEN_NUMERIC}};
+    record->options |= TrueBit(info.CreateKey("CheckDigit.Required"), TELEPEN_CHECK_DIGIT_REQUIRED);
     record->options |= ListBits(info.CreateKey("Mode"), mode);
 }

@@ -10,7 +10,7 @@ struct Symbology {
 };
 
 // By number.
-const Symbology SYMBOLOGIES[] = {
+const Symbology kSymbologies[] = {
     {"Code39", true, true, true},
     {"Code39", false, true, false},
     {"Code93", true, true, true},
@@ -49,15 +49,15 @@ const Symbology SYMBOLOGIES[] = {
     {"Vericode", false, false, false},
     {"Telepen", false, true, false},
 };
-constexpr int COUNT = sizeof SYMBOLOGIES / sizeof SYMBOLOGIES[0];
-static_assert(COUNT == SymbologyInfo::TELEPEN + 1);
+constexpr int kCount = sizeof kSymbologies / sizeof kSymbologies[0];
+static_assert(kCount == SymbologyInfo::TELEPEN + 1);
 
 // A number that is no symbology's has no ratios and no check digit, but nothing speaks against a
 // text.
-const Symbology UNKNOWN = {"", false, true, false};
+const Symbology kUnknown = {"", false, true, false};
 
 const Symbology& Find(int number) {
-    return number >= 0 && number < COUNT ? SYMBOLOGIES[number] : UNKNOWN;
+    return number >= 0 && number < kCount ? kSymbologies[number] : kUnknown;
 }
 
 } // namespace

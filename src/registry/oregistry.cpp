@@ -11,8 +11,8 @@
 
 namespace {
 
-constexpr uint32_t MaxStringBytes = 8192;
-constexpr uint32_t MaxMultiStringBytes = 10000;
+constexpr uint32_t kMaxStringBytes = 8192;
+constexpr uint32_t kMaxMultiStringBytes = 10000;
 
 // The numbers of the registry's roots in a path.
 HKEY RootKey(int number) {
@@ -270,8 +270,8 @@ bool ORegistry::SetString(const OString& name, const OString& value) {
 }
 
 OString ORegistry::GetString(const OString& name, const OString& default_value) {
-    WCHAR text[MaxStringBytes / sizeof(WCHAR) + 1];
-    const int32_t bytes = GetData(name, text, MaxStringBytes, REG_SZ);
+    WCHAR text[kMaxStringBytes / sizeof(WCHAR) + 1];
+    const int32_t bytes = GetData(name, text, kMaxStringBytes, REG_SZ);
     if (bytes <= 0) return default_value;
     // Another program may have stored it without a terminator, or truncated within a character.
     text[static_cast<size_t>(bytes) / sizeof(WCHAR)] = 0;
@@ -293,9 +293,9 @@ bool ORegistry::SetMultiString(const OString& name, const OStringArray& values) 
 }
 
 bool ORegistry::GetMultiString(const OString& name, OStringArray& values) {
-    OBuffer<WCHAR> packed(MaxMultiStringBytes / sizeof(WCHAR) + 2);
+    OBuffer<WCHAR> packed(kMaxMultiStringBytes / sizeof(WCHAR) + 2);
     if (!packed.GetData()) return false;
-    const int32_t bytes = GetData(name, packed.GetData(), MaxMultiStringBytes, REG_MULTI_SZ);
+    const int32_t bytes = GetData(name, packed.GetData(), kMaxMultiStringBytes, REG_MULTI_SZ);
     if (bytes <= 0) return false;
     const size_t length = static_cast<size_t>(bytes) / sizeof(WCHAR);
     packed.GetData()[length] = packed.GetData()[length + 1] = 0;

@@ -6,7 +6,7 @@
 
 namespace {
 
-const WCHAR Empty[] = {0};
+const WCHAR kEmpty[] = {0};
 
 bool IsHex(WCHAR c) {
     return (c >= '0' && c <= '9') || (c >= 'A' && c <= 'F') || (c >= 'a' && c <= 'f');
@@ -52,7 +52,7 @@ void WideText::AddAscii(const char* text) {
 }
 
 const WCHAR* WideText::Text() const {
-    return length_ ? buffer_.GetData() : Empty;
+    return length_ ? buffer_.GetData() : kEmpty;
 }
 
 bool BeginsNoCase(const WCHAR* text, const char* prefix) {

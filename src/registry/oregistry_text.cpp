@@ -6,7 +6,7 @@
 
 namespace {
 
-constexpr size_t WrapBehind = 76;
+constexpr size_t kWrapAfter = 76;
 
 // Adds a character of a text between double quotes.
 void AddEscaped(WideText& line, WCHAR c) {
@@ -118,7 +118,7 @@ void RegistryTextWriter::WriteValue(const WCHAR* name, uint32_t type, const unsi
 // them afterwards.
 void RegistryTextWriter::AddHex(const unsigned char* data, uint32_t size) {
     for (uint32_t i = 0; i < size; ++i) {
-        if (line_.Length() > WrapBehind) {
+        if (line_.Length() > kWrapAfter) {
             line_.Add('\\');
             lines_.Add(line_);
             line_.Clear();

@@ -12,9 +12,9 @@
 
 namespace {
 
-constexpr uint32_t MaxKeyName = 260;
-constexpr uint32_t MaxValueName = 16384; // the registry's own limit, with its terminator
-constexpr uint32_t UsualValueSize = 2048;
+constexpr uint32_t kMaxKeyName = 260;
+constexpr uint32_t kMaxValueName = 16384; // the registry's own limit, with its terminator
+constexpr uint32_t kUsualValueSize = 2048;
 
 bool HasWildcard(const OString& name) {
     return HasCharacter(name, '*') || HasCharacter(name, '?');
@@ -23,7 +23,7 @@ bool HasWildcard(const OString& name) {
 const struct {
     const char* standard;
     const char* windows;
-} Roots[] = {
+} kRoots[] = {
     {"0:", "HKEY_CLASSES_ROOT"},
     {"1:", "HKEY_CURRENT_USER"},
     {"2:", "HKEY_LOCAL_MACHINE"},
@@ -70,7 +70,7 @@ LONG ORegistry::DeleteValue(HKEY key, const OString& name) {
 }
 
 int ORegistry::EnumPath(const OString& path, OStringArray& names, bool keys) {
-    OBuffer<WCHAR> name(keys ? MaxKeyName : MaxValueName);
+    OBuffer<WCHAR> name(keys ? kMaxKeyName : kMaxValueName);
     HKEY key = name.GetData() ? OpenKey(path, false) : nullptr;
     if (!key) return -1;
     names.SetSize(0);
@@ -196,7 +196,7 @@ bool ORegistry::DeletePattern(const OString& pattern) {
 
 OString ORegistry::SyntaxWindows(const OString& standard) {
     OString path = standard;
-    for (const auto& root : Roots) {
+    for (const auto& root : kRoots) {
         if (!BeginsNoCase(path.wstring(), root.standard)) continue;
         WideText windows;
         windows.AddAscii(root.windows);
@@ -210,7 +210,7 @@ OString ORegistry::SyntaxWindows(const OString& standard) {
 
 OString ORegistry::SyntaxStandard(const OString& windows) {
     OString path = EncodeName(windows);
-    for (const auto& root : Roots) {
+    for (const auto& root : kRoots) {
         const size_t length = std::strlen(root.windows);
         if (!BeginsNoCase(path.wstring(), root.windows) || path.wstring()[length] != '\\') continue;
         path = JoinPath(root.standard, OString(path.wstring() + length + 1));
@@ -244,7 +244,7 @@ bool ORegistry::Export(const OString& key, RegistryLines& lines) {
     OString value;
     if (!GetKeyAndValue(path, value)) return false;
     Exporter to(lines);
-    if (to.name.SetSize(MaxValueName) && to.data.SetSize(UsualValueSize)) ExportPath(path, to);
+    if (to.name.SetSize(kMaxValueName) && to.data.SetSize(kUsualValueSize)) ExportPath(path, to);
     return true;
 }
 

@@ -25,12 +25,12 @@ static_assert(sizeof(COMMONPRIVATEDM) == 164);
 static_assert(offsetof(COMMONPRIVATEDM, halftone) == 8);
 static_assert(offsetof(COMMONPRIVATEDM, adjustment) == 140);
 
-// The block of a DEVMODE, directly behind its public part. Null for null, without the signature,
+// The block of a DEVMODE, directly after its public part. Null for null, without the signature,
 // and when the private bytes do not even hold size, version and signature. Its size is its own
-// word: whoever looks at more than these has to bound it by dmDriverExtra.
+// word: a reader of more than these has to bound it by dmDriverExtra.
 const COMMONPRIVATEDM* GetCommonPrivateDm(const DEVMODEW* dev_mode);
 
-// Writes the driver's own block behind the public part, for the resolution there. Always true.
+// Writes the driver's own block after the public part, for the resolution there. Always true.
 bool SetDefaultCommonPrivDm(DEVMODEW* dev_mode);
 
 // Copies the block of one DEVMODE to another, as many bytes as the shorter one has. Nothing unless

@@ -20,7 +20,7 @@ using DEVMODE32 = DEVMODEW;
 //
 // A buffer that others made may be of any version, size and origin. It is taken at its own word
 // only for its extent: it has dmSize + dmDriverExtra bytes, and at least those up to dmFields.
-// Public fields behind dmSize are not there: they are read as their neutral values, compared as 0
+// Public fields beyond dmSize are not there: they are read as their neutral values, compared as 0
 // and not written. Where there is no configuration, its settings are neutral and setting them does
 // nothing.
 //
@@ -97,7 +97,7 @@ public:
     // Whether the system manages colours for the driver, so that the fields for it count.
     static bool SupportsICM();
 
-    // ---- Settings -------------------------------------------------------------------------------
+    // ---- Settings: most of them are for the property pages --------------------------------------
 
     // The fingerprint of the preset that the settings came from, or 0.
     uint32_t GetPresetCRC32() const;

@@ -4,7 +4,7 @@
 
 namespace {
 
-constexpr uint32_t UTF8 = 1208;
+constexpr uint32_t kUTF8 = 1208;
 
 } // namespace
 
@@ -13,6 +13,6 @@ bool OpenDefaultSettings(OFile& file, const prtmodel& model) {
     const OString name = DriverUtility::GetDriverDirectory() << "\\" << model.GetOEM() << "xxenu"
                                                              << ".kds";
     if (!OFile::Exists(name) || !file.Open(name, OFILE_READ)) return false;
-    file.SetCodePage(UTF8);
+    file.SetCodePage(kUTF8);
     return true;
 }

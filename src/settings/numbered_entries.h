@@ -7,7 +7,7 @@
 #include "keys/prtreg.h"
 
 // Fills `numbers` with those of the entries from `first` to `last` of which the key (its path with
-// the separator behind it) has a value, in order. `key_name(i)` is what the names of the values of
+// the separator after it) has a value, in order. `key_name(i)` is what the names of the values of
 // entry `i` begin with, as symbolic paths have it: a word, a blank, the number and more.
 void GetStoredEntries(prtreg& registry, const OString& key, int first, int last,
                       OString (*key_name)(int), OTypedArray<int>& numbers);

@@ -12,7 +12,7 @@ constexpr char kKey[] = "Presets:";
 // The head of an exported record.
 struct RecordHead {
     char signature[4];
-    uint32_t size; // of the DEVMODE behind it
+    uint32_t size; // of the DEVMODE after it
 };
 static_assert(sizeof(RecordHead) == 8);
 

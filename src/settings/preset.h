@@ -19,7 +19,7 @@ class Preset : public NameNode {
 public:
     // The two presets that are made anew each time, and never stored.
     enum BuiltIn : uint32_t { CURRENT_SETTINGS = 1, DEFAULT_SETTINGS = 2 };
-    // Their priorities, which put them in front of all others.
+    // Their priorities, which put them before all others.
     enum : int32_t { CURRENT_SETTINGS_PRIORITY = 20, DEFAULT_SETTINGS_PRIORITY = 10 };
 
     // Copies have a DEVMODE of their own.
@@ -49,7 +49,7 @@ public:
     // ---- Storage --------------------------------------------------------------------------------
 
     // In the registry, as preset number `index`: the values of "Presets:" whose names are
-    // KeyName(index) with "Name", "Description" and "DEVMODE" behind it. Load is false without a
+    // KeyName(index) with "Name", "Description" and "DEVMODE" after it. Load is false without a
     // DEVMODE, and for one that is shorter than its own sizes tell. Save is false when a value
     // cannot be written.
     bool Load(prtreg& registry, int index);
@@ -66,8 +66,8 @@ public:
     // empty buffer, if there is no DEVMODE.
     bool Export(OBuffer<char>& record) const;
 
-    // Takes the DEVMODE of a record into the defaults of a model: that of this driver behind
-    // "DM32", that of a 16-bit driver behind any other two characters after "DM"; any other record
+    // Takes the DEVMODE of a record into the defaults of a model: that of this driver after
+    // "DM32", that of a 16-bit driver after any other two characters after "DM"; any other record
     // leaves the defaults. The size in the record is not looked at. False, and the preset
     // unchanged, for a record of less than 8 bytes and one that ends before its DEVMODE does.
     bool Import(const OBuffer<char>& record, const prtmodel* model);

@@ -13,11 +13,11 @@ namespace {
 
 constexpr char kPresetsKey[] = "Presets:";
 constexpr char kTotal[] = "Presets:Total";
-constexpr int MOST_PRESETS = 9999;
+constexpr int kMostPresets = 9999;
 
 // The printer's stored number of presets, within reason.
 int StoredTotal(prtreg& registry) {
-    return static_cast<int>(std::min<uint32_t>(registry.GetDWORD(kTotal, 0), MOST_PRESETS));
+    return static_cast<int>(std::min<uint32_t>(registry.GetDWORD(kTotal, 0), kMostPresets));
 }
 
 // Fills `numbers` with the stored presets that this driver cannot read, in order.

@@ -7,7 +7,7 @@
 
 namespace {
 
-constexpr size_t PRESET_CHECKSUM = offsetof(prtconfig, length) - sizeof(uint32_t);
+constexpr size_t kPresetChecksum = offsetof(prtconfig, length) - sizeof(uint32_t);
 
 // The bytes of configuration and tail. Old drivers did not count the user commands.
 size_t ExtentOf(const endconfig& tail) {
@@ -77,14 +77,14 @@ void prtconfig::set_user(const OString& text, int number) {
 
 uint32_t prtconfig::GetPresetCRC32() const {
     uint32_t checksum;
-    std::memcpy(&checksum, reinterpret_cast<const char*>(this) + PRESET_CHECKSUM, sizeof checksum);
+    std::memcpy(&checksum, reinterpret_cast<const char*>(this) + kPresetChecksum, sizeof checksum);
     return checksum;
 }
 
 void prtconfig::SetPresetCRC32(uint32_t checksum) {
     const size_t last = USER_COMMAND_SIZE - sizeof checksum - 1; // the terminator before it
     if (!std::memchr(user[USER_COMMANDS - 1], 0, last)) return;
-    std::memcpy(reinterpret_cast<char*>(this) + PRESET_CHECKSUM, &checksum, sizeof checksum);
+    std::memcpy(reinterpret_cast<char*>(this) + kPresetChecksum, &checksum, sizeof checksum);
 }
 
 const endconfig* prtconfig::get_tail(const void* record, uint16_t size, uint16_t extra) {

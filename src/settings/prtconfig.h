@@ -14,7 +14,7 @@ class prtmodel;
 // Neither record is aligned: the DEVMODEs of other versions decide where they are.
 #pragma pack(push, 1)
 
-// The last eight bytes of a DEVMODE, by which the configuration in front of them is found.
+// The last eight bytes of a DEVMODE, by which the configuration before them is found.
 struct endconfig {
     char signature[3]; // "kvk"
     char prefix[3];    // of the printer family, as in the names of the driver's files
@@ -49,11 +49,11 @@ struct prtconfig {
         FLAG_OPTION = 16
     };
 
-    // Equal settings: the user commands as texts, the lengths, and all bytes behind the length. So
+    // Equal settings: the user commands as texts, the lengths, and all bytes after the length. So
     // neither what follows the end of a command nor the preset checksum counts.
     bool operator==(const prtconfig& other) const;
 
-    // The printer takes 24-bit colours and screens them by itself.
+    // The printer takes 24-bit colours and screens them by itself. For the pages about graphics.
     bool is_24bit_device() const { return dither.algorithm == dithercfg::ALGORITHM_DEVICE; }
 
     // Resets the framework's part, except length and version. Without a model, to a state that fits
@@ -71,7 +71,7 @@ struct prtconfig {
     static bool validate_range(int32_t& value, int32_t min, int32_t max);
 
     // Replaces user command `number` by the first 256 bytes of a text, and the rest of its place by
-    // zeros. Nothing for another number than 0 to 3.
+    // zeros. Nothing for another number than 0 to 3. For the page about user commands.
     void set_user(const OString& text, int number);
 
     // The checksum of the name of the preset that the settings came from. It is not written while
@@ -97,7 +97,7 @@ struct prtconfig {
     // Copies the configuration in front of one tail to that in front of another: as many bytes as
     // the shorter one has. Nothing when a tail is null or without the signature, when the printer
     // families differ and when the configurations are of different versions. Both tails stand
-    // behind at least as many bytes as their sizes tell of, as those from get_tail do.
+    // after at least as many bytes as their sizes tell of, as those from get_tail do.
     static void Copy(endconfig* destination, const endconfig* source);
 
     // The size of configuration and tail in this driver.

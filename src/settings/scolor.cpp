@@ -87,10 +87,11 @@ void SCOLOR::SetColorPlane(int plane, uint32_t color) {
 }
 
 void SCOLOR::GeneratePalette(Palette& palette) const {
-    for (uint32_t entry = 0; entry < std::size(palette); ++entry) {
+    if (!palette.SetSize(1 << kPlanes)) return;
+    for (int entry = 0; entry < palette.GetSize(); ++entry) {
         palette[entry] = kWhite;
         for (int plane = 0; plane < kPlanes; ++plane)
-            if (entry & (8u >> plane)) palette[entry] = AddColors(palette[entry], GetColor(plane));
+            if (entry & (8 >> plane)) palette[entry] = AddColors(palette[entry], GetColor(plane));
     }
 }
 

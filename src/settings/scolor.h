@@ -4,11 +4,10 @@
 #include <cstddef>
 #include <cstdint>
 
+#include "imaging/palette.h"
+
 class prtmodel;
 class prtreg;
-
-// Colour references 0x00BBGGRR: what each combination of four inks looks like.
-using Palette = uint32_t[16];
 
 enum SpotColorMode : uint32_t {
     SPOT_COLOR_HEADS = 1,   // spot colours, chosen by the number of heads
@@ -18,7 +17,8 @@ enum SpotColorMode : uint32_t {
 };
 
 // The spot-colour record, kept whole as the registry value "Settings:Spot Color". Planes are
-// numbered from 0 to 3; for other numbers a plane is unused and cannot be changed.
+// numbered from 0 to 3; for other numbers a plane is unused and cannot be changed. For the pages
+// about graphics.
 struct SCOLOR {
     struct Plane {
         uint32_t flags; // bit 0: in use
@@ -51,7 +51,8 @@ struct SCOLOR {
     uint32_t GetColor(int plane) const;
     void SetColorPlane(int plane, uint32_t color);
 
-    // Fills the palette: bits 8, 4, 2 and 1 of the index stand for planes 0 to 3, mixed on white.
+    // Makes the palette of what each combination of the four inks looks like: bits 8, 4, 2 and 1 of
+    // the index stand for planes 0 to 3, mixed on white. Without memory it stays as it was.
     void GeneratePalette(Palette& palette) const;
 };
 static_assert(sizeof(SCOLOR) == 76);

@@ -45,6 +45,7 @@ public:
     void set_global(bool on) { SetFlag(GLOBAL, on); }
     void set_predefined(bool on) { SetFlag(PREDEFINED, on); }
     bool can_delete() const { return is_global() && !is_server(); }
+    // For the pages that edit stocks.
     bool can_resize() const { return (is_user() || is_global()) && !is_server(); }
 
     // The record as bytes. Set accepts only exactly 28.
@@ -52,7 +53,7 @@ public:
     bool SetRecord(const void* data, size_t size);
 
     // In the registry: the values of `prefix` (a path and the beginning of their names) with "Name"
-    // and "Data" behind it. Load is false, and the stock unchanged, when the name is empty or the
+    // and "Data" after it. Load is false, and the stock unchanged, when the name is empty or the
     // record not 28 bytes long. Save is false when a value cannot be written.
     bool Load(prtreg& registry, const OString& prefix);
     bool Save(prtreg& registry, const OString& prefix) const;

@@ -14,9 +14,9 @@
 
 namespace {
 
-constexpr int MOST_FORMS = 0xFFFF; // no more can have a number
-constexpr int FORM_NAME = 64;      // units of a name's field, as the system asks for it
-constexpr int16_t USER_ID = DMPAPER_USER;
+constexpr int kMostForms = 0xFFFF; // no more can have a number
+constexpr int kFormNameUnits = 64; // units of a name's field, as the system asks for it
+constexpr int16_t kUserId = DMPAPER_USER;
 
 constexpr char kUserForm[] = "Settings:User Form:: ";
 constexpr char kForms[] = "Stock:";
@@ -31,7 +31,7 @@ OString TotalName(const OString& key) {
 
 // The number of stocks that a key claims to have, within reason.
 int StoredTotal(prtreg& registry, const OString& key) {
-    return static_cast<int>(std::min<uint32_t>(registry.GetDWORD(TotalName(key), 0), MOST_FORMS));
+    return static_cast<int>(std::min<uint32_t>(registry.GetDWORD(TotalName(key), 0), kMostForms));
 }
 
 // By UTF-16 units, which lose no characters as the 8-bit form may.
@@ -162,11 +162,11 @@ void StockList::RemoveDuplicates() {
 void StockList::NumberStocks() {
     const int32_t longest = model_->GetPaperLengthMax().Microns();
     const int32_t widest = model_->GetPaperWidthMax().Microns();
-    int next_id = USER_ID + 1;
+    int next_id = kUserId + 1;
     for (Stock* stock = GetNext(nullptr); stock; stock = GetNext(stock)) {
         stock->CalculatePrintableArea(model_);
         if (stock->is_user())
-            stock->paper_id = USER_ID;
+            stock->paper_id = kUserId;
         else if (stock->paper_length > longest || stock->paper_width > widest || next_id > 0xFFFF)
             stock->paper_id = 0;
         else
@@ -198,17 +198,17 @@ Stock* StockList::Find(const DEVMODEW* dev_mode) {
     if (!dev_mode) return nullptr;
     DEVMODEW mode = PublicPart(dev_mode).fields;
     const bool by_size = (mode.dmFields & DM_PAPERSIZE) != 0;
-    const int16_t id = by_size ? std::max<int16_t>(mode.dmPaperSize, USER_ID) : USER_ID;
+    const int16_t id = by_size ? std::max<int16_t>(mode.dmPaperSize, kUserId) : kUserId;
     Stock* stock = nullptr;
     if (!by_size && (mode.dmFields & DM_FORMNAME)) {
         mode.dmFormName[CCHFORMNAME - 1] = 0;
         stock = Find(OString(mode.dmFormName));
     }
     if (!stock) stock = Find(id);
-    if (!stock) stock = Find(USER_ID);
+    if (!stock) stock = Find(kUserId);
     if (!stock) return nullptr;
 
-    if (id == USER_ID) {
+    if (id == kUserId) {
         const auto without = [](int64_t tenths, int64_t a, int64_t b) {
             return static_cast<int32_t>(
                 std::clamp<int64_t>(tenths * 100 - a - b, INT32_MIN, INT32_MAX));
@@ -242,6 +242,7 @@ int StockList::enum_paper_name(WCHAR* output) const {
     int count = 0;
     for (const Stock* stock = GetNextValid(nullptr); stock; stock = GetNextValid(stock), ++count)
         if (output)
-            PutFixedText(output + ptrdiff_t{count} * FORM_NAME, stock->GetName(), FORM_NAME);
+            PutFixedText(output + ptrdiff_t{count} * kFormNameUnits, stock->GetName(),
+                         kFormNameUnits);
     return count;
 }

@@ -37,7 +37,7 @@ public:
     // be read, the list is not saved until it is loaded again.
     void Load(const prtmodel* model);
 
-    // Adds the stocks of a key (its path with the separator behind it); their number as stored,
+    // Adds the stocks of a key (its path with the separator after it); their number as stored,
     // which skipped ones count in. At most 65535.
     int LoadForms(prtreg& registry, const OString& key);
     // Adds one stock; see Stock::Load.

@@ -10,7 +10,7 @@
 
 namespace {
 
-constexpr char kKind[] = "stock";
+constexpr char kStockBlock[] = "stock";
 
 // The record of a "Data" line. Text that decodes to a valid container is unpacked, any other is
 // taken unchanged.
@@ -38,10 +38,10 @@ int StockList::Export(OFile& file) const {
     int blocks = 0;
     for (const Stock* stock = GetNext(nullptr); stock; stock = GetNext(stock)) {
         if (stock->is_user()) continue;
-        file << "<" << kKind << ">" << OCore::endl;
+        file << "<" << kStockBlock << ">" << OCore::endl;
         file << "Name=" << stock->GetName() << OCore::endl;
         file << "Data=" << RecordText(*stock) << OCore::endl;
-        file << "</" << kKind << ">" << OCore::endl << OCore::endl;
+        file << "</" << kStockBlock << ">" << OCore::endl << OCore::endl;
         ++blocks;
     }
     return blocks;
@@ -51,7 +51,7 @@ int StockList::Import(OFile& file, int) {
     int blocks = 0;
     bool is_protected = false;
     std::unique_ptr<Stock> stock; // of the block that is being read
-    SettingsBlocks reader(file, kKind);
+    SettingsBlocks reader(file, kStockBlock);
     while (const SettingsBlocks::Line line = reader.Read()) {
         if (line == SettingsBlocks::BLOCK_START) {
             stock.reset(new (kCounted) Stock);

@@ -8,9 +8,9 @@
 
 namespace {
 
-constexpr uint32_t MaxRecordSize = 64u << 20;
-constexpr uint32_t UsualRecordSize = 4096; // larger than any of the structures
-constexpr int MaxAttempts = 8;             // for a record that keeps growing between two calls
+constexpr uint32_t kMaxRecordSize = 64u << 20;
+constexpr uint32_t kUsualRecordSize = 4096; // larger than any of the structures
+constexpr int kMaxAttempts = 8;             // for a record that keeps growing between two calls
 
 // How far a question to the spooler got.
 enum Outcome {
@@ -24,12 +24,12 @@ enum Outcome {
 template <typename Ask>
 Outcome GetRecord(OBuffer<unsigned char>& buffer, uint32_t minimum, Ask ask) {
     DWORD needed = 0;
-    if (!buffer.SetSize(UsualRecordSize)) return Failed;
+    if (!buffer.SetSize(kUsualRecordSize)) return Failed;
     std::memset(buffer.GetData(), 0, buffer.GetSize());
     if (ask(buffer.GetData(), buffer.GetSize(), &needed)) return Done;
     if (GetLastError() != ERROR_INSUFFICIENT_BUFFER) return NotOffered;
-    for (int attempt = 0; attempt < MaxAttempts; ++attempt) {
-        if (needed < minimum || needed > MaxRecordSize || !buffer.SetSize(needed)) return Failed;
+    for (int attempt = 0; attempt < kMaxAttempts; ++attempt) {
+        if (needed < minimum || needed > kMaxRecordSize || !buffer.SetSize(needed)) return Failed;
         if (ask(buffer.GetData(), buffer.GetSize(), &needed)) return Done;
         if (GetLastError() != ERROR_INSUFFICIENT_BUFFER) return Failed;
     }

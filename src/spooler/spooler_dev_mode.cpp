@@ -44,30 +44,30 @@ OBuffer<unsigned char> CopyDevMode(const DEVMODEW* dev_mode, size_t available) {
 
 OBuffer<unsigned char> CopyDevMode(const DEVMODEA* dev_mode, size_t available) {
     // The layouts differ only in the two names, so the members between and after them move.
-    constexpr size_t Between = offsetof(DEVMODEA, dmSpecVersion);
-    constexpr size_t Form = offsetof(DEVMODEA, dmFormName);
-    constexpr size_t Behind = offsetof(DEVMODEA, dmLogPixels);
-    constexpr size_t WideBetween = offsetof(DEVMODEW, dmSpecVersion);
-    constexpr size_t WideForm = offsetof(DEVMODEW, dmFormName);
-    constexpr size_t WideBehind = offsetof(DEVMODEW, dmLogPixels);
-    static_assert(CCHDEVICENAME == CCHFORMNAME && WideForm - WideBetween == Form - Between);
+    constexpr size_t kBetween = offsetof(DEVMODEA, dmSpecVersion);
+    constexpr size_t kForm = offsetof(DEVMODEA, dmFormName);
+    constexpr size_t kAfter = offsetof(DEVMODEA, dmLogPixels);
+    constexpr size_t kWideBetween = offsetof(DEVMODEW, dmSpecVersion);
+    constexpr size_t kWideForm = offsetof(DEVMODEW, dmFormName);
+    constexpr size_t kWideAfter = offsetof(DEVMODEW, dmLogPixels);
+    static_assert(CCHDEVICENAME == CCHFORMNAME && kWideForm - kWideBetween == kForm - kBetween);
 
     OBuffer<unsigned char> copy;
     Sizes sizes;
     if (!ReadSizes(dev_mode, available, offsetof(DEVMODEA, dmSize), sizes)) return copy;
     const auto* ansi = reinterpret_cast<const unsigned char*>(dev_mode);
     const size_t size = sizes.public_part;
-    const size_t form_size = std::clamp(size, Form, Behind) - Form;
-    const size_t wide_size = size + WideBetween - Between + form_size;
+    const size_t form_size = std::clamp(size, kForm, kAfter) - kForm;
+    const size_t wide_size = size + kWideBetween - kBetween + form_size;
     if (wide_size > UINT16_MAX) return copy;
     if (!copy.SetSize(static_cast<uint32_t>(wide_size + sizes.private_part))) return copy;
 
     unsigned char* wide = copy.GetData();
     std::memset(wide, 0, wide_size);
     WidenName(wide, ansi, CCHDEVICENAME);
-    std::memcpy(wide + WideBetween, ansi + Between, std::min(size, Form) - Between);
-    if (form_size > 0) WidenName(wide + WideForm, ansi + Form, form_size);
-    if (size > Behind) std::memcpy(wide + WideBehind, ansi + Behind, size - Behind);
+    std::memcpy(wide + kWideBetween, ansi + kBetween, std::min(size, kForm) - kBetween);
+    if (form_size > 0) WidenName(wide + kWideForm, ansi + kForm, form_size);
+    if (size > kAfter) std::memcpy(wide + kWideAfter, ansi + kAfter, size - kAfter);
     std::memcpy(wide + wide_size, ansi + size, sizes.private_part);
     const auto public_part = static_cast<uint16_t>(wide_size);
     std::memcpy(wide + offsetof(DEVMODEW, dmSize), &public_part, sizeof public_part);

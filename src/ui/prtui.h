@@ -17,7 +17,7 @@
 #include "settings/dev_mode.h"
 #include "settings/preset_list.h"
 #include "settings/stock_list.h"
-#include "ui/property_sheet.h"
+#include "ui/common_sheet.h"
 #include "ui/settings_file.h"
 #include "ui/version_info.h"
 
@@ -166,7 +166,7 @@ public:
     // The user may look at the settings but not change them.
     bool no_permission = false;
 
-    PropertySheet sheet;
+    CommonSheet sheet;
 
     // Whether saved settings are sent to the printer's server.
     bool commit_shadow = true;

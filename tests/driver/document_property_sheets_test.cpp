@@ -142,16 +142,7 @@ TEST_F(DocumentSettings, OfDamagedOnesAreSoundAgain) {
                 EXPECT_EQ(Difference(Made(In(again)), again), -1) << "settings once made stay";
             }
         }
-        if (RunsUnderWine()) continue; // its spooler trusts them
-        // As the printer's defaults they go through the driver's conversion.
-        ForeignDevMode foreign(size, 1288);
-        EXPECT_TRUE(SetDefaults(foreign.dev_mode()));
-        EXPECT_EQ(Made().size(), DEV_MODE_SIZE);
-        EXPECT_TRUE(SetDefaults(In(usual)));
     }
-    if (RunsUnderWine()) return; // no spooler checks before the driver
-    ForeignDevMode none(0, 0);
-    EXPECT_TRUE(Made(none.dev_mode()).empty());
 }
 
 using DocumentPropertySheets = DevModeTest;

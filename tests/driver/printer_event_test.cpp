@@ -71,8 +71,7 @@ protected:
     }
 
     static void SetDefaultDevMode(DEVMODEW* mode) {
-        PrinterInfo info(OString("Dock 3"));
-        ASSERT_TRUE(info.SetDevMode(mode));
+        EXPECT_TRUE(PrinterInfo(OString("Dock 3")).SetDevMode(mode));
     }
     // Sets the printer data that show whether an operation has done its work to other values.
     static void Spoil() {
@@ -90,21 +89,10 @@ protected:
     }
     static std::string Identifiers() {
         OStringArray ids;
-        prtreg registry = Registry();
-        registry.GetMultiString("DATA:Plug And Play IDs", ids);
+        Registry().GetMultiString("DATA:Plug And Play IDs", ids);
         return Text(ids);
     }
-    static bool IsMonitored() {
-        prtreg registry = Registry();
-        DriverSettings settings;
-        settings.Load(registry);
-        return settings.MonitorStatus();
-    }
-    static int DefaultCopies() {
-        const PrinterInfo info(OString("Dock 3"));
-        const DEVMODEW* mode = info.GetDevMode();
-        return mode ? mode->dmCopies : 0;
-    }
+    static int DefaultCopies() { return PrinterInfo(OString("Dock 3")).GetDevMode()->dmCopies; }
 };
 
 const std::string kDefaults = "USER Gr\xF6\xDF"
@@ -120,7 +108,10 @@ TEST_F(PrinterEvent, GivesPrintersTheirDefaultsOnceHoweverOftenTheyAreInstalled)
     EXPECT_TRUE(Raise(PRINTER_EVENT_INITIALIZE));
     EXPECT_EQ(Defaults(), kDefaults);
     EXPECT_EQ(Identifiers(), "ID1,ID2");
-    EXPECT_FALSE(IsMonitored());
+    prtreg registry = Registry();
+    DriverSettings settings;
+    settings.Load(registry);
+    EXPECT_FALSE(settings.MonitorStatus());
     EXPECT_EQ(DefaultCopies(), 500) << "the most that the model prints";
 
     Spoil();

@@ -139,8 +139,12 @@ TEST_F(ShadowKeys, HaveTheChecksumOfTheirLinesWithTerminators) {
     EXPECT_EQ(SharedKeysChecksum(copy, "none"), 0u);
 }
 
-TEST_F(ShadowKeys, AreSentWhenTheyAreCommitted) {
+TEST_F(ShadowKeys, AreSentWhenTheyAreCommittedUnlessTheirTextWouldBeLost) {
     Share();
+    prtreg copy(kRemote);
+    copy.SetString("Settings:lost", TEXT("\u0436"));
+    copy.SetInt(TEXT("Settings:\u0436"), 1);
+    copy.SetInt(TEXT("STOCK:\u0436/v"), 1);
     CommitShadow(kRemote);
     OBuffer<char> bytes(static_cast<uint32_t>(OnServerSize("Shadow Key Data")));
     prtreg server(kRemote);

@@ -2,7 +2,10 @@
 
 #include <gtest/gtest.h>
 
+#include <cstring>
 #include <string>
+
+#include "core/lz77.h"
 
 namespace {
 
@@ -78,6 +81,10 @@ TEST(SharedKeys, TravelInACompressedList) {
     bytes[bytes.GetSize() - 1] ^= 1;
     EXPECT_FALSE(UnpackSharedKeys(bytes, back));
     EXPECT_EQ(back.GetSize(), 3);
+    OBuffer<char> many(kMaxSharedKeyLines + 3);
+    std::memset(many.GetData(), 0, many.GetSize());
+    ASSERT_TRUE(LZ77::Encode(many));
+    EXPECT_FALSE(UnpackSharedKeys(many, back)) << many.GetSize() << " bytes";
     // "[a]\0\0..." without head or end, so that lines cannot run into each other.
     OStringArray joined;
     joined.Add("[a]\"b\"=\"c\"");

@@ -131,41 +131,31 @@ TEST_F(PrinterModel, AnswersNumbersAndMasks) {
 }
 
 TEST_F(PrinterModel, AddsAndRemovesFontGroupsAndKeepsTheList) {
-    Install({.font = "Fonts=FontGroup:A.pfg,FontGroup:B.pfg"});
+    Install({.font = "Fonts=FontGroup:A.pfg,,FontGroup:B.pfg"});
     prtreg registry = Registry();
-    OStringArray expansion;
+    OStringArray expansion, excluded, groups;
     expansion.Add("FontGroup:C.pfg");
     registry.SetMultiString("Settings:Expansion Fonts", expansion);
-    OStringArray excluded;
     excluded.Add("fontgroup:b.PFG");
     registry.SetMultiString("Settings:Excluded Fonts", excluded);
 
-    OStringArray groups;
-    groups.Add("stale");
-    Model()->GetFontGroups(groups);
+    const auto model = Model();
+    model->GetFontGroups(groups);
     EXPECT_EQ(Text(groups), "A,C");
-
     registry.Delete("Settings:Excluded Fonts", false);
     Model()->GetFontGroups(groups);
     EXPECT_EQ(Text(groups), "A,C") << "as it is stored";
-    auto model = Model();
     model->FlushDataCache();
     model->GetFontGroups(groups);
     EXPECT_EQ(Text(groups), "A,B,C");
-}
 
-TEST_F(PrinterModel, KeepsTheListOfFontGroupsAlsoWhenThereAreNone) {
-    Install({});
-    OStringArray groups;
-    Model()->GetFontGroups(groups);
-    EXPECT_EQ(groups.GetSize(), 0);
+    // An empty list is kept as well.
+    registry.Delete("Settings:Expansion Fonts", false);
+    Replace({});
+    Model()->FlushDataCache();
+    EXPECT_FALSE(Model()->HasDeviceFonts());
     Replace({.font = "Fonts=FontGroup:A.pfg"});
-    Model()->GetFontGroups(groups);
-    EXPECT_EQ(groups.GetSize(), 0) << "as it is stored";
-    auto model = Model();
-    model->FlushDataCache();
-    model->GetFontGroups(groups);
-    EXPECT_EQ(Text(groups), "A");
+    EXPECT_FALSE(Model()->HasDeviceFonts()) << "as it is stored";
 }
 
 TEST_F(PrinterModel, RecordsPlugAndPlayIdentifiersOnlyWhenThereAreSome) {

@@ -50,7 +50,14 @@ const std::vector<KVCacheItemInfo> kItems = {
     Item(4, KVCacheItemInfo::GRAPHIC, 4, 100, 2, 5, "a name of thirty-two characters!"),
 };
 
-class ObjectCache : public JobTest {};
+class ObjectCache : public JobTest {
+protected:
+    void SetUp() override {
+        Install({.model = "Resolution=203\n"});
+        ui = OpenUI();
+    }
+    std::unique_ptr<prtui> ui;
+};
 
 } // namespace
 
@@ -103,8 +110,6 @@ TEST(ObjectCacheList, ChangesWithTheDescriptionOnly) {
 }
 
 TEST_F(ObjectCache, ObjectsAreShownAndTreatedInTheirWays) {
-    Install({.model = "Resolution=203\n"});
-    const auto ui = OpenUI();
     KVCacheItemInfo item = kItems[0];
     EXPECT_EQ(CacheItemKindText(item), 2511);
     EXPECT_EQ(CacheItemKindText(kItems[1]), 2512);
@@ -123,8 +128,6 @@ TEST_F(ObjectCache, ObjectsAreShownAndTreatedInTheirWays) {
 
 TEST_F(ObjectCache, SettingsStayWithinTheirLimitsAndInOrder) {
     NeedRenderingModule();
-    Install({.model = "Resolution=203\n"});
-    const auto ui = OpenUI();
     CacheParameters limits;
     ui->GetCacheParameters(limits);
     KVCacheSettings settings = {};
@@ -149,8 +152,6 @@ TEST_F(ObjectCache, SettingsStayWithinTheirLimitsAndInOrder) {
 }
 
 TEST_F(ObjectCache, SizesAreShownInKilobytes) {
-    Install({.model = "Resolution=203\n"});
-    const auto ui = OpenUI();
     const struct {
         uint32_t bytes;
         const char* text;

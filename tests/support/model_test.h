@@ -4,6 +4,7 @@
 #include <memory>
 #include <string>
 
+#include "core/ofile.h"
 #include "model/model_data_cache.h"
 #include "support/printer_test.h"
 #include "zpl/extmodel.h"
@@ -52,11 +53,41 @@ protected:
     // Whose records the cache has after it was made.
     static ModelDataOwner Records();
 
+    // The text of a settings file that `write(file)` writes.
+    template <class Write>
+    std::string Written(Write write) const {
+        OFile file("C:\\out.kds", OFILE_WRITE);
+        file.SetCodePage(1208);
+        write(file);
+        file.Close();
+        return BytesOf(OnDriveC("out.kds"));
+    }
+    // What `read(file)` answers for a file of these bytes.
+    template <class Read>
+    int Taken(const std::string& bytes, Read read, const std::string& name = "in.kds") const {
+        WriteFile(name, bytes);
+        OFile file(("C:\\" + name).c_str(), OFILE_READ);
+        file.SetCodePage(1208);
+        return read(file);
+    }
+
 private:
     void WriteDataFile(const ModelTables& tables);
 };
 
 // The 8-bit text of a string, for comparison.
 std::string Text(const OString& text);
+// What `describe(node)` says of every node of a list, with blanks between.
+template <class List, class Describe>
+std::string Joined(const List& list, Describe describe) {
+    std::string all;
+    for (const auto* node = list.GetNext(nullptr); node; node = list.GetNext(node))
+        all += (all.empty() ? "" : " ") + describe(*node);
+    return all;
+}
+// The bytes of a number, as files of old drivers have them.
+inline std::string Bytes4(uint32_t number) {
+    return std::string(reinterpret_cast<const char*>(&number), sizeof number);
+}
 // The strings of an array with commas between them.
 std::string Text(const OStringArray& texts);

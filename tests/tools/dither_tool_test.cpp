@@ -2,7 +2,7 @@
 // codecs that labelhost has; the names of those in one colour end with it.
 
 #include "support/build_folders.h"
-#include "tools/labelhost_fixture.h"
+#include "support/labelhost_test.h"
 #include "tools/png_file.h"
 
 #include <gmock/gmock.h>

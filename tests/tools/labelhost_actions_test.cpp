@@ -1,6 +1,6 @@
 // labelhost and the C example run printer actions.
 
-#include "tools/labelhost_fixture.h"
+#include "support/labelhost_test.h"
 
 #include <algorithm>
 #include <cstdlib>

@@ -1,6 +1,6 @@
 // labelhost connect: two machines that share a printer and its settings.
 
-#include "tools/labelhost_fixture.h"
+#include "support/labelhost_test.h"
 
 #include <filesystem>
 

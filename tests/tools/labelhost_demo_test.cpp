@@ -1,6 +1,6 @@
 // labelhost demo: it runs to its end, and the part that the README shows is true.
 
-#include "tools/labelhost_fixture.h"
+#include "support/labelhost_test.h"
 
 #include <sstream>
 

@@ -1,6 +1,6 @@
 // labelhost document and convert: DEVMODEs from the spooler and the driver into files and back.
 
-#include "tools/labelhost_fixture.h"
+#include "support/labelhost_test.h"
 
 #include <algorithm>
 #include <cstdint>

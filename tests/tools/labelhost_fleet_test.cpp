@@ -1,6 +1,6 @@
 // labelhost with many printers: lists and patterns, work that is interrupted and repeated.
 
-#include "tools/labelhost_fixture.h"
+#include "support/labelhost_test.h"
 
 #include <csignal>
 #include <fcntl.h>

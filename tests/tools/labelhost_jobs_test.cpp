@@ -1,6 +1,6 @@
 // labelhost shows the jobs that programs have printed.
 
-#include "tools/labelhost_fixture.h"
+#include "support/labelhost_test.h"
 
 #include <windows.h>
 #include <winspool.h>

@@ -1,7 +1,7 @@
 // labelhost as a person runs it: every shipped model installed and asked, mistakes answered in one
 // line, two processes at once.
 
-#include "tools/labelhost_fixture.h"
+#include "support/labelhost_test.h"
 
 #include <filesystem>
 #include <thread>

@@ -58,3 +58,13 @@ TEST_F(ModelFaults, DoNotOutlastTheModelThatMeetsThem) {
         EXPECT_EQ(Facts(), whole) << "behind allocation " << point;
     }
 }
+
+TEST_F(ModelFaults, OfWritingTheListOfFontGroupsLeaveTheModelWhole) {
+    InstallPrinter();
+    const std::unique_ptr<prtmodel> model(prtmodel::new_ext(PrinterInfo("Dock 3")));
+    win32host::PlanFault({.kinds = win32host::FAULT_REGISTRY_CHANGES, .from_then = true});
+    model->HasDeviceFonts();
+    EXPECT_TRUE(win32host::FaultHappened());
+    win32host::ForgetFaults();
+    EXPECT_TRUE(model->WasReadWhole());
+}

@@ -10,7 +10,7 @@
 
 namespace {
 
-using Field = std::variant<int16_t extconfig::*, int32_t extconfig::*>;
+using Field = std::variant<int16_t extconfig::*, uint16_t extconfig::*, int32_t extconfig::*>;
 
 class ZplConfiguration : public ModelTest {
 protected:
@@ -85,11 +85,24 @@ TEST_F(ZplConfiguration, BringsEachSettingIntoTheLimitsOfTheModel) {
         {&extconfig::absolute_darkness, 31, 30},
         {&extconfig::absolute_darkness, -1, 0},
         {&extconfig::absolute_darkness, 30, 30},
+        {&extconfig::print_mode, 3, 0},
+        {&extconfig::print_mode, 3, 3, CustomData::CUTTER},
+        {&extconfig::cut_variant, 2, 0},
+        {&extconfig::cut_variant, 2, 2, CustomData::CUTTER},
+        {&extconfig::setting_flags, 0xFFFF, 0xFFDE},
+        {&extconfig::setting_flags, 0xFFFF, 0xFFDF, CustomData::CUTTER},
+        {&extconfig::setting_flags, 0xFFFF, 0xFFFE, CustomData::ABSOLUTE_DARKNESS},
         {&extconfig::print_mode, 2, 2},
         {&extconfig::print_mode, 2, -1, 0, kPplz},
         {&extconfig::print_mode, 1, 1, 0, kPplz},
         {&extconfig::stock_count, 0, 1},
         {&extconfig::stock_count, 10000, 9999},
+        {&extconfig::backfeed, 4, 0},
+        {&extconfig::backfeed, 3, 3},
+        {&extconfig::backfeed, 4, 4, CustomData::BACKFEED_PERCENTAGE},
+        {&extconfig::backfeed_percentage, 150, 150},
+        {&extconfig::backfeed_percentage, 150, 100, CustomData::BACKFEED_PERCENTAGE},
+        {&extconfig::backfeed_percentage, -1, 0, CustomData::BACKFEED_PERCENTAGE},
         {&extconfig::option, 2, 2},
         {&extconfig::option, 3, 0},
         {&extconfig::option, -1, 0},
@@ -124,37 +137,6 @@ TEST_F(ZplConfiguration, BringsEachSettingIntoTheLimitsOfTheModel) {
     }
 }
 
-TEST_F(ZplConfiguration, TakesBackWhatTheModelLacks) {
-    const struct {
-        const char* what;
-        uint32_t has;
-        bool kept;
-        int16_t print_mode;
-        int16_t cut_variant;
-        uint16_t flags;
-    } cases[] = {
-        {"no cutter", 0, false, 0, 0, 0xFFDE},
-        {"a cutter", CustomData::CUTTER, true, 3, 2, 0xFFDF},
-        {"absolute darkness", CustomData::ABSOLUTE_DARKNESS, false, 0, 0, 0xFFFE},
-    };
-    for (const auto& c : cases) {
-        CustomData data = {};
-        data.flags = c.has;
-        Use(data);
-        const auto model = Model();
-        extconfig config;
-        config.Reset(model.get());
-        config.print_mode = extconfig::PRINT_CUTTER;
-        config.cut_variant = 2;
-        config.setting_flags = 0xFFFF;
-        config.Validate(model.get());
-        EXPECT_EQ(config.print_mode, c.print_mode) << c.what;
-        EXPECT_EQ(config.cut_variant, c.cut_variant) << c.what;
-        EXPECT_EQ(config.setting_flags, c.flags) << c.what;
-        EXPECT_EQ(config.get_pauseaftercut(), c.kept) << c.what;
-    }
-}
-
 TEST_F(ZplConfiguration, BringsSpeedsIntoTheTable) {
     const struct {
         const char* what;
@@ -177,29 +159,6 @@ TEST_F(ZplConfiguration, BringsSpeedsIntoTheTable) {
     }
 }
 
-TEST_F(ZplConfiguration, BackfeedsByPercentageOnlyWhereThePrinterCan) {
-    const struct {
-        uint32_t flags;
-        int32_t backfeed, percentage, backfeed_after, percentage_after;
-    } cases[] = {{0, 4, 50, 0, 0},
-                 {0, 3, 150, 3, 150},
-                 {CustomData::BACKFEED_PERCENTAGE, 4, 150, 4, 100},
-                 {CustomData::BACKFEED_PERCENTAGE, 4, -1, 4, 0},
-                 {CustomData::BACKFEED_PERCENTAGE, 1, 70, 1, 70}};
-    for (const auto& c : cases) {
-        Use(WithSpeeds({}, c.flags));
-        const auto model = Model();
-        extconfig config;
-        config.Reset(model.get());
-        config.backfeed = c.backfeed;
-        config.backfeed_percentage = c.percentage;
-        config.Validate(model.get());
-        EXPECT_EQ(config.backfeed, c.backfeed_after) << c.backfeed << " " << c.percentage;
-        EXPECT_EQ(config.backfeed_percentage, c.percentage_after)
-            << c.backfeed << " " << c.percentage;
-    }
-}
-
 TEST(ZplSpeeds, HaveTheLetterOfTheirFirstEntry) {
     CustomData data = WithSpeeds({{2, "A", 0}, {4, "C", 1}, {4, "D", 1}, {6, "", 0}});
     std::memcpy(data.speeds[4].letter, "xyz", 3);
@@ -214,7 +173,7 @@ TEST(ZplSpeeds, HaveTheLetterOfTheirFirstEntry) {
     EXPECT_EQ(extconfig::GetDefaultSpeed({}), 0);
 }
 
-TEST(ZplDarkness, IsTheOneInForce) {
+TEST(ZplSettings, AreThoseInForce) {
     extconfig config = {};
     config.setting_flags = extconfig::SETTING_SPEEDS;
     config.SetDarkness(-3);
@@ -227,6 +186,11 @@ TEST(ZplDarkness, IsTheOneInForce) {
     EXPECT_EQ(config.GetDarkness(), -3);
     EXPECT_EQ(config.absolute_darkness, 21);
     EXPECT_EQ(config.setting_flags, 8);
+
+    config.setting_flags = extconfig::SETTING_PAUSE_AFTER_CUT;
+    EXPECT_FALSE(config.get_pauseaftercut());
+    config.print_mode = extconfig::PRINT_CUTTER;
+    EXPECT_TRUE(config.get_pauseaftercut());
 }
 
 TEST(ZplMediaFeed, HasALetterForEachAction) {

@@ -10,7 +10,7 @@
 
 namespace {
 
-constexpr size_t kLargest = 2 * size_t{0xFFFF};
+constexpr size_t kLargestDevMode = 2 * size_t{0xFFFF};
 constexpr size_t kTail = 8;
 constexpr size_t kUserCommands = 1024;
 constexpr size_t kLengthAt = 1024; // offset of the configuration's own length
@@ -22,7 +22,7 @@ size_t Number16(const BYTE* at) {
 } // namespace
 
 DevModeBytes DevModeBytes::ReadFrom(const std::string& path) {
-    const std::string bytes = ReadBytes("cannot read", path, kLargest);
+    const std::string bytes = ReadBytes("cannot read", path, kLargestDevMode);
     return DevModeBytes(std::vector<BYTE>(bytes.begin(), bytes.end()), "'" + path + "'");
 }
 

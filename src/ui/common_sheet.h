@@ -11,7 +11,7 @@
 
 // How the sheet is talked to, and the pages that it has. Outside of a sheet (Open was not called)
 // there is nobody to talk to.
-class PropertySheet {
+class CommonSheet {
 public:
     // Takes the connection from the sheet's call.
     void Open(const PROPSHEETUI_INFO& info);

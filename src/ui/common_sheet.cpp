@@ -1,4 +1,4 @@
-#include "ui/property_sheet.h"
+#include "ui/common_sheet.h"
 
 #include <cstring>
 
@@ -12,12 +12,12 @@ constexpr int32_t kAnsweringPage = 3;
 
 } // namespace
 
-void PropertySheet::Open(const PROPSHEETUI_INFO& info) {
+void CommonSheet::Open(const PROPSHEETUI_INFO& info) {
     call_ = info.pfnComPropSheet;
     sheet_ = info.hComPropSheet;
 }
 
-void PropertySheet::ReadPages() {
+void CommonSheet::ReadPages() {
     if (!call_) return;
     const auto count = static_cast<int32_t>(call_(sheet_, CPSFUNC_GET_PAGECOUNT, 0, 0));
     if (count <= 0) return;
@@ -27,7 +27,7 @@ void PropertySheet::ReadPages() {
     call_(sheet_, CPSFUNC_GET_HPSUIPAGES, reinterpret_cast<LPARAM>(pages_.get()), count);
 }
 
-bool PropertySheet::SetResult(LPARAM result) const {
+bool CommonSheet::SetResult(LPARAM result) const {
     if (!call_) return true;
     const HANDLE page = page_count_ >= kAnsweringPage
                             ? pages_[static_cast<size_t>(page_count_ - kAnsweringPage)]

@@ -53,9 +53,9 @@ protected:
     }
 
     void Install(const std::string& printer, const std::string& model,
-                 const std::string& oem = "") const {
+                 const std::vector<std::string>& options = {}) const {
         std::vector<std::string> words = {"install", printer, "--model", model};
-        if (!oem.empty()) words.insert(words.end(), {"--oem", oem});
+        words.insert(words.end(), options.begin(), options.end());
         const ProgramResult result = Run(words);
         ASSERT_EQ(result.status, 0) << result.errors;
     }

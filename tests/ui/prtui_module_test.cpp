@@ -1,23 +1,24 @@
-// The module's version resource.
+// The UI object beside the module as it is installed: version resource, capabilities.
 #include "ui/version_info.h"
 
 #include <filesystem>
 
 #include "spooler/driver_utility.h"
+#include "spooler/open_printer.h"
 #include "support/build_folders.h"
 #include "support/staged_driver_test.h"
 #include "ui/prtui.h"
 
 namespace {
 
-class VersionResource : public StagedDriverTest {
+class UIObjectOfTheModule : public StagedDriverTest {
 protected:
-    ~VersionResource() override { DriverUtility::SetModuleHandle(nullptr); }
+    ~UIObjectOfTheModule() override { DriverUtility::SetModuleHandle(nullptr); }
 };
 
 } // namespace
 
-TEST_F(VersionResource, IsReadFromTheModulesFile) {
+TEST_F(UIObjectOfTheModule, ReadsItsVersionResource) {
     Install({});
     const std::string folder = std::string(DriverFolder().nstring()).substr(3);
     std::filesystem::copy_file(Built("/bin/zplui.dll.mui"), OnDriveC(folder + "\\zplui.dll.mui"));
@@ -42,6 +43,14 @@ TEST_F(VersionResource, IsReadFromTheModulesFile) {
     EXPECT_GT(ui->GetCopyrightStart(), 2000);
     EXPECT_EQ(ui->GetCopyrightEnd(), ui->GetCopyrightStart());
     FreeLibrary(module);
+}
+
+TEST_F(UIObjectOfTheModule, AsksTheSystemForCapabilities) {
+    Install({.method = "Copies.Limit=500\n"});
+    const OpenPrinter printer("Dock 3", PRINTER_ACCESS_USE);
+    const std::unique_ptr<prtui> ui(prtui::new_ext());
+    ui->init(printer.Get(), nullptr, 0);
+    EXPECT_EQ(ui->DeviceCapabilitiesW(DC_COPIES, nullptr), 500u);
 }
 
 TEST(CopyrightNotice, TellsItsYears) {
