@@ -63,7 +63,7 @@ protected:
         return "<preset>\r\nName=" + name + "\r\nDescription=of " + name +
                "\r\nData=" + Encoded(record.data(), record.size()) + "\r\n</preset>\r\n\r\n";
     }
-    // A record of a DEVMODE, which is cut to `cut` bytes less than it tells.
+    // A record of a DEVMODE, with `cut` bytes less than it claims.
     static std::string Record(const void* dev_mode, size_t size, const char* signature = "DM32",
                               size_t cut = 0) {
         return signature + Bytes4(static_cast<uint32_t>(size)) +
