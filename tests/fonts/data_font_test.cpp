@@ -123,7 +123,7 @@ TEST(BarCodeFont, KeepsWhatTheUserSetThroughAChangeOfSymbology) {
 }
 
 TEST(BarCodeFont, BeginsASymbologyWithItsOwnFields) {
-    // One-dimensional ones keep the other fields, two-dimensional ones begin anew.
+    // One-dimensional ones keep the other fields, two-dimensional ones reset them.
     const struct {
         int symbology;
         std::vector<std::pair<int, int>> fields;
