@@ -85,7 +85,7 @@ std::string Joined(const List& list, Describe describe) {
         all += (all.empty() ? "" : " ") + describe(*node);
     return all;
 }
-// The bytes of a number, as in files of old drivers.
+// The bytes of a number, as files of old drivers have them.
 inline std::string Bytes4(uint32_t number) {
     return std::string(reinterpret_cast<const char*>(&number), sizeof number);
 }
