@@ -170,7 +170,7 @@ TEST(DitherOrdered, MovesThePatternByTheOrigin) {
 }
 
 TEST(DitherOrdered, UsesEveryThresholdOfAMatrixOnce) {
-    // Of k * k pixels of one grey, as many become white as there are thresholds below it.
+    // Of k * k pixels of one grey, as many are white as thresholds are below it.
     const struct {
         int16_t algorithm, matrix;
         int size, scale;
