@@ -29,7 +29,7 @@ constexpr int kEscapes[] = {QUERYESCSUPPORT,
                             ESCAPE_CACHE_ITEM_ACTION,
                             16001};
 
-// A document on the printer, started anew now and then so that its file stays small.
+// A document on the printer, restarted now and then so that its file stays small.
 class Document {
 public:
     explicit Document(HANDLE printer)

@@ -68,7 +68,7 @@ bool TakeOver(HomeRegistry& home, const ShadowRequest& request) {
                          home.LocalPath(), lines);
         if (!home.HasFailed()) home.Import(lines);
     }
-    // What could not be taken over stays where the client left it.
+    // Settings that could not be taken over stay where the client left them.
     if (home.HasFailed()) return false;
     home.Delete(kData, false);
     home.Delete(kSize, false);

@@ -17,8 +17,8 @@
 //
 // A request to take over replaces the server's keys with the client's "Shadow Key Data", if that is
 // complete ("Shadow Key Size" is its length). The answer is then 1, and 0 otherwise. Only shared
-// keys are touched, and the server's processes build their model records anew. What a client has
-// left is also taken over before another client's question is answered, so that it is not lost.
+// keys are touched, and the server's processes rebuild their model records. A client's data is also
+// taken over before another client's question is answered, so that it is not lost.
 //
 // No answer if the document is not such a question, if the printer is not known, or if its settings
 // are not shared.

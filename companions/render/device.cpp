@@ -127,7 +127,7 @@ int Device::WriteRaw(const unsigned char* input, ULONG size) {
 int Device::DrawBar(const unsigned char* input, ULONG size) {
     KVBar bar;
     if (!Take(bar, input, size) || bar.size != sizeof bar) return kFailure;
-    // The start is on the middle line, ZPL takes the corner.
+    // The start is on the middle line; ZPL takes the corner.
     const int half = bar.thickness / 2;
     const int x = bar.vertical ? bar.x - half : bar.x;
     const int y = bar.vertical ? bar.y : bar.y - half;

@@ -22,7 +22,7 @@ public:
     // Describes the device with these settings (`dev_mode` may be null).
     void Describe(const DEVMODEW* dev_mode, GDIINFO& info) const;
 
-    // Starts a document or a page anew.
+    // Starts a document or a page again.
     void Reset();
     // Ends the page. False if the spooler does not take the output.
     bool SendPage();

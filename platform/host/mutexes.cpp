@@ -1,4 +1,4 @@
-// Named mutexes: locked files of the root folder, so that they bind all processes that use it.
+// Named mutexes: locked files in the root folder, which all processes that use it respect.
 #include <windows.h>
 
 #include <fcntl.h>
@@ -41,7 +41,7 @@ private:
     std::atomic<bool> held_ = false;
 };
 
-// The file of a mutex. A session of its own is nothing that a host has.
+// The file of a mutex. The host has only one session.
 std::string FileOf(std::u16string_view name) {
     for (const std::u16string_view space : {u"Global\\", u"Local\\"})
         if (name.substr(0, space.size()) == space) name.remove_prefix(space.size());

@@ -245,12 +245,11 @@ void WINAPI DeleteCriticalSection(LPCRITICAL_SECTION section);
 
 // ---- Mutexes ------------------------------------------------------------------------------------
 
-// A named mutex, of which nobody owns anything at first; those of one name exclude each other in
-// all processes of this host. Null without a name, and when it shall be owned at once. Closing the
-// handle gives it up.
+// A named mutex, not owned at first. Those of the same name exclude each other in all processes of
+// this host. Null without a name, and if it is to be owned at once. Closing the handle releases it.
 HANDLE WINAPI CreateMutexW(LPSECURITY_ATTRIBUTES security, BOOL owned, LPCWSTR name);
-// Mutexes alone: WAIT_OBJECT_0, WAIT_TIMEOUT or WAIT_FAILED. Who owns one must not wait for it
-// through another handle. One that its process left without a word is nobody's.
+// For mutexes only: WAIT_OBJECT_0, WAIT_TIMEOUT or WAIT_FAILED. The owner of one must not wait for
+// it through another handle. If the owner's process ends, the mutex is free.
 DWORD WINAPI WaitForSingleObject(HANDLE object, DWORD milliseconds);
 BOOL WINAPI ReleaseMutex(HANDLE mutex);
 

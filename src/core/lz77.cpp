@@ -17,10 +17,10 @@ static_assert(offsetof(ContainerHeader, compressed_length) == 8);
 
 constexpr char kMagic[4] = {'Z', 'L', 'I', 'B'};
 
-// The most that deflate makes of one byte: 258 bytes of every two bits.
+// The most that deflate can make of one byte: 258 bytes of every two bits.
 constexpr uint64_t kLargestRatio = 1032;
 
-// Reads a header that fits the container behind it and claims no more than the stream can hold.
+// Reads a header that fits the container after it and claims no more than the stream can hold.
 bool ReadHeader(const void* in, uint32_t size, ContainerHeader& header) {
     if (!in || size < sizeof(header)) return false;
     std::memcpy(&header, in, sizeof(header));

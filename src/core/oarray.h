@@ -9,23 +9,23 @@
 
 #include "core/memory.h"
 
-// The capacity of an array of `size` elements, and of `capacity` so far, that is to hold `wanted`:
-// it grows by `step`, or when that is 0 by an eighth of the size, within 4..1024.
+// The capacity of an array that has `size` elements and the capacity `capacity`, and must hold
+// `wanted`. It grows by `step` or, if that is 0, by an eighth of the size, within 4..1024.
 inline int GrownCapacity(int size, int capacity, int step, int wanted) {
     if (step == 0) step = std::clamp(size / 8, 4, 1024);
     return std::max(wanted, capacity > INT_MAX - step ? INT_MAX : capacity + step);
 }
 
-// The elements that a block really gets, which had room for `room` and is to hold `capacity`: more
-// for a large one, so that it need not be moved for every 1024 elements of a million.
+// The room in elements of a block that had `room` and must hold `capacity`. A large one gets more,
+// so that it need not be moved for every 1024 elements of a million.
 inline int GrownRoom(int room, int capacity) {
     return std::max(capacity, room > INT_MAX - room / 8 ? INT_MAX : room + room / 8);
 }
 
-// An array of elements of N bytes each, kept as raw bytes: they are moved like memory and new ones
+// An array of elements of N bytes each, held as raw bytes: they are moved like memory and new ones
 // are zero. The block never shrinks while the array is in use. Without memory an operation that
-// grows answers false and changes nothing. Indices are the caller's responsibility where nothing
-// else is said. Arrays are not copied.
+// grows returns false and changes nothing. Indices are not checked unless stated otherwise. Arrays
+// are not copied.
 template <size_t N>
 class OBaseArray {
     static_assert(N == 1 || N == 2 || N == 4 || N == 8);
@@ -36,11 +36,11 @@ public:
     OBaseArray& operator=(const OBaseArray&) = delete;
     virtual ~OBaseArray() { ___free(data_); }
 
-    // The number of elements in use, and how many there can be before it has to grow.
+    // The number of elements in use, and how many there can be before it must grow.
     int GetSize() const { return size_; }
     int GetCapacity() const { return capacity_; }
 
-    // Resizes to `size` elements; 0 frees the block. `grow` other than -1 becomes the step of
+    // Resizes to `size` elements. 0 frees the block. `grow` other than -1 becomes the step for
     // GrownCapacity, which is 0 at first.
     bool SetSize(int size, int grow = -1) {
         if (grow != -1) grow_by_ = std::max(grow, 0);
@@ -66,8 +66,8 @@ public:
         return true;
     }
 
-    // Puts `count` zero elements at `index`; behind the end, the gap is filled with zero elements
-    // as well.
+    // Inserts `count` zero elements at `index`. Beyond the end, the gap is also filled with zero
+    // elements.
     bool InsertAt(int index, int count) {
         if (count <= 0) return true;
         const int old_size = size_;
@@ -80,7 +80,7 @@ public:
         return true;
     }
 
-    // Removes `count` elements at `index`, all of which exist.
+    // Removes `count` existing elements at `index`.
     void RemoveAt(int index, int count) {
         if (count <= 0) return;
         std::memmove(At(index), At(index + count), static_cast<size_t>(size_ - index - count) * N);
@@ -105,13 +105,13 @@ class OTypedArray : public OBaseArray<sizeof(T)> {
     using Base = OBaseArray<sizeof(T)>;
 
 public:
-    // Appends a value; returns its index, -1 without memory.
+    // Appends a value. Returns its index, or -1 without memory.
     int Add(T value) {
         const int index = this->GetSize();
         return SetAtGrow(index, value) ? index : -1;
     }
 
-    // Stores a value, after growing to that index if need be.
+    // Stores a value, after growing to that index if necessary.
     bool SetAtGrow(int index, T value) {
         if (index >= this->GetSize() && (index == INT_MAX || !this->SetSize(index + 1)))
             return false;
@@ -130,7 +130,7 @@ public:
     T& operator[](int index) { return *static_cast<T*>(this->At(index)); }
     const T& operator[](int index) const { return *static_cast<const T*>(this->At(index)); }
 
-    // The elements one after the other; null while there is no block.
+    // The elements one after the other, or null if there is no block.
     T* GetData() { return static_cast<T*>(this->At(0)); }
     const T* GetData() const { return static_cast<const T*>(this->At(0)); }
 };

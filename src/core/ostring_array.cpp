@@ -59,7 +59,7 @@ uint32_t PackStrings(const OStringArray& strings, OBuffer<C>& buffer, int mode) 
     for (int i = 0; i < strings.GetSize(); ++i) {
         const uint32_t length = LengthOf(strings[i], C{});
         if (length == 0 && mode == OPACK_LIST) continue;
-        // Only converted now: the first time memory was short.
+        // Converted only now, as memory was short the first time.
         if (length >= static_cast<size_t>(end - next)) return 0;
         std::memcpy(next, TextOf(strings[i], C{}), length * sizeof(C));
         next[length] = 0;
@@ -118,7 +118,7 @@ bool OStringArray::SetSize(int size, int grow) {
 
 bool OStringArray::SetRoom(int room) {
     const auto count = static_cast<size_t>(room);
-    // No such block can be had, which the allocation then notes.
+    // No such block exists, and the allocation notes that.
     const size_t bytes = count > SIZE_MAX / sizeof(OString) ? SIZE_MAX : count * sizeof(OString);
     auto* moved = static_cast<OString*>(::operator new(bytes, kCounted));
     if (!moved) return false;
@@ -155,7 +155,7 @@ void OStringArray::Copy(const OStringArray& other) {
 }
 
 bool OStringArray::InsertAt(int index, const OString& text, int count) {
-    // It may be one of ours.
+    // It may be one of the array's own.
     const OString held(text); // NOLINT(performance-unnecessary-copy-initialization)
     if (!InsertEmpty(index, count)) return false;
     if (count > 0) std::fill_n(data_ + index, count, held);
@@ -178,11 +178,11 @@ void OStringArray::RemoveAt(int index, int count) {
 }
 
 void OStringArray::Split(const OString& text, const char* separator) {
-    // It may be one of ours.
+    // It may be one of the array's own.
     const OString whole(text); // NOLINT(performance-unnecessary-copy-initialization)
     SetSize(0);
     if (whole.IsEmpty()) return;
-    // By the UTF-16 form, in which both Find and Mid count. An empty mark, which may be for want of
+    // In the UTF-16 form, in which both Find and Mid count. An empty mark, perhaps for lack of
     // memory, would be found forever.
     const OString mark(separator);
     const WCHAR* wanted = mark.wstring();

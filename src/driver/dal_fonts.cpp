@@ -147,7 +147,7 @@ BOOL WINAPI DAL_Fonts_Verify(HANDLE settings) {
     prtdttf_list before;
     before = ui->fonts;
     if (!ui->VerifyFonts(nullptr)) {
-        ui->fonts = before; // nobody knows that they are missing
+        ui->fonts = before; // it is not known that they are missing
         return FALSE;
     }
     return Stored(*ui);

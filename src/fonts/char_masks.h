@@ -17,5 +17,5 @@ inline constexpr uint16_t ALL_CHARACTERS = TEXT_ALL_CHARACTERS;
 // In the order in which they are offered, the smallest first.
 std::span<const CharMask> CharMasks();
 
-// The set with this text; that of all characters for any other number.
+// The set with this text, or that of all characters for any other number.
 const CharMask& FindCharMask(uint16_t text);

@@ -61,10 +61,10 @@ protected:
     void Load(const DataFontStorage& storage);
     void Save(DataFontStorage& storage) const;
 
-    // Copies what a blob of `size` bytes holds into the storage of a subclass, `room` bytes. The
-    // record after the common part begins with its own size in bytes, and just so many of it are
-    // copied. False, with nothing copied, when there is no record, when not all of it is there and
-    // when it is too long for its kind of font.
+    // Copies the contents of a blob of `size` bytes into the storage of a subclass, `room` bytes.
+    // The record after the common part begins with its own size in bytes, and that many are copied.
+    // False, with nothing copied, if there is no record, it is incomplete, or it is too long for
+    // its kind of font.
     static bool ReadBlob(const void* blob, size_t size, void* storage, size_t room);
 
     int32_t type_ = 0;

@@ -15,7 +15,7 @@ constexpr int kSize2D = 72;
 constexpr int kAuto = 65535;
 constexpr int kHeightMils = 65;
 
-// What every one-dimensional record begins with; what the last two do, the rendering module knows.
+// Fields set in every one-dimensional record. Only the rendering module knows the last two.
 constexpr int kSetAtFirst[] = {DataFont_BarCode::CHECK_DIGIT_SHOWN, 72, 74};
 
 } // namespace
@@ -228,7 +228,7 @@ int DataFont_BarCode::EnumBarCodeSymbologies(OTypedArray<int>& symbologies) {
 
 namespace {
 
-// What the option bits of the model's symbology records say, where a bar code depends on them.
+// The option bits of the model's symbology records that bar codes depend on.
 constexpr uint32_t kCode128AutoOnly = 0x2;
 constexpr uint32_t kAttachable = 0x1F; // an add-on symbology's: any way of attaching it
 constexpr uint32_t kPDF417NotTruncated = 0x1;
@@ -239,7 +239,7 @@ constexpr uint32_t kQRMaskByHand = 0x10;
 
 constexpr int kQRMaskAuto = 9; // from here on the printer chooses
 
-// The option bit without which Data Matrix cannot be printed at an error correction level; 0 for
+// The option bit without which Data Matrix cannot be printed at an error correction level, or 0 for
 // levels that need none.
 uint32_t DataMatrixBit(int level) {
     switch (level) {
@@ -330,7 +330,7 @@ bool DataFont_BarCode::IsSupported(const prtmodel* model) const {
 bool DataFont_BarCode::SupportedRatio(int narrow, int wide, uint32_t ratios) {
     constexpr uint32_t kAny = 0x1000;
     constexpr uint32_t kAll = 0xFFF000;
-    // wide : narrow as a : b, where dots do not divide into smaller parts.
+    // wide : narrow as a : b, where dots cannot be divided further.
     static constexpr struct {
         uint32_t bit;
         int a;

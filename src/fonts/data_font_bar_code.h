@@ -6,28 +6,28 @@
 
 class prtmodel;
 
-// Adds the record that the rendering module reads. It is kept as that module wants it, so what a
-// field is for depends on the symbology (SymbologyInfo has their numbers): in the type of the font,
-// one- or two-dimensional, all symbologies agree on the fields that have operations below. Most of
-// them are for the pages that edit fonts.
+// Adds the record that the rendering module reads, in that module's form. So the meaning of a field
+// depends on the symbology (SymbologyInfo has their numbers). For each type of font, one- or
+// two-dimensional, all symbologies agree on the fields that have operations below. Most of them are
+// for the pages that edit fonts.
 class DataFont_BarCode : public DataFont {
 public:
-    // As after init.
+    // The state after init.
     DataFont_BarCode();
 
-    // A new font: no name, normal weight, 300 dpi, Code 39 (number 0) 15 thousandths of an inch to
-    // the module, human-readable text below.
+    // A new font: no name, normal weight, 300 dpi, Code 39 (number 0) with modules of 15
+    // thousandths of an inch, human-readable text below.
     void init();
 
-    // Clears the record for a symbology: besides it only what every one-dimensional symbology
-    // begins with is set, among it a height of 65 thousandths of an inch.
+    // Clears the record for a symbology. Apart from that it sets only the fields of every
+    // one-dimensional symbology, including a height of 65 thousandths of an inch.
     void InitBarCodeData(int symbology);
 
     int get_symbology() const { return record_.Get(places().symbology); }
     // Changes the number, and with it the type and the size of the record, but no other field.
     void set_symbology(int symbology);
-    // Changes to another symbology as the user does: rotation, module width and human-readable text
-    // stay, the symbology's own fields start anew.
+    // Changes to another symbology as the user does. Rotation, module width and human-readable text
+    // stay; the symbology's own fields are reset.
     void change_symbology(int symbology);
 
     // The rendering module's number of the rotation.
@@ -35,13 +35,13 @@ public:
     void set_rotation(int rotation) { record_.Set(places().rotation, rotation); }
 
     // The width of a module in dots, 0 to 65535, and in thousandths of an inch. Widths out of range
-    // become the nearest in it; without a resolution every one is 0.
+    // are clamped. Without a resolution every width is 0.
     int get_x() const { return record_.Get(places().module_width); }
     void set_x(int dots);
     int get_mils() const;
     void set_mils(int mils);
 
-    // The ratio of wide to narrow in hundredths, 0 to leave it to the printer. Two-dimensional
+    // The ratio of wide to narrow in hundredths, or 0 to leave it to the printer. Two-dimensional
     // symbologies have fields of their own in its place.
     int get_ratio() const;
     void set_ratio(int ratio);
@@ -51,7 +51,7 @@ public:
     int get_hr() const;
     void set_hr(int hr);
 
-    // Fields of the record, by byte offset. Those of a symbology's own have its name.
+    // Fields of the record, by byte offset. Those of one symbology have its name.
     enum Field : int {
         RECORD_SIZE = 0,
 
@@ -97,11 +97,11 @@ public:
     int GetField(int offset) const { return record_.Get(offset); }
     void SetField(int offset, int value) { record_.Set(offset, value); }
 
-    // Whether the printer itself can draw the bar code, with the options that the record has.
+    // Whether the printer itself can draw the bar code with the options in the record.
     bool IsSupported(const prtmodel* model) const;
 
-    // Fills the font from a blob. False, with the font as it was, when the blob is another font's
-    // or incomplete, or when its record is too long.
+    // Fills the font from a blob. False, with the font unchanged, if the blob is another font's or
+    // incomplete, or if its record is too long.
     bool Load(const void* blob, size_t size);
     void Save(DataFontStorage_BarCode& blob) const;
 
@@ -111,12 +111,12 @@ public:
     // (KVSymbologyData::options) allow. Without any ratio bit all are allowed.
     static bool SupportedRatio(int narrow, int wide, uint32_t ratios);
 
-    // The symbologies that fonts are offered for, in the order of display. Replaces the array; the
-    // number of symbologies.
+    // The symbologies that fonts are offered for, in the order of display. Replaces the array.
+    // Returns their number.
     static int EnumBarCodeSymbologies(OTypedArray<int>& symbologies);
 
 private:
-    // Where fields lie in the record of each type.
+    // The places of fields in the record of each type.
     struct Places {
         int symbology;
         int module_width;
@@ -126,7 +126,7 @@ private:
     };
     const Places& places() const;
 
-    // Sets the fields that a symbology begins with besides those of all.
+    // Sets the initial values of a symbology's own fields.
     void SetSymbologyDefaults();
 
     BarCodeRecord record_;

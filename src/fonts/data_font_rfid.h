@@ -1,5 +1,5 @@
-// A data font whose text is written into an RFID tag. What reads and changes its fields is for the
-// pages that edit fonts.
+// A data font whose text is written into an RFID tag. Access to its fields is for the pages that
+// edit fonts.
 #pragma once
 
 #include "fonts/data_font.h"

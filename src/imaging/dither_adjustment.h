@@ -5,7 +5,7 @@
 
 #include "imaging/dithercfg.h"
 
-// What the settings do to the three channels of a pixel (0 blue, 1 green, 2 red), in 16-bit
+// The effect of the settings on the three channels of a pixel (0 blue, 1 green, 2 red), in 16-bit
 // arithmetic: invert, add, change the contrast, and in monochrome mix the channels to grey.
 struct DitherAdjustment {
     DitherAdjustment(const dithercfg& config, bool monochrome);

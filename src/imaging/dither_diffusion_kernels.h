@@ -259,7 +259,7 @@ KERNEL_INLINE void DiffuseBand(const DiffusionJob& job, int y, int rows, Carry& 
                 const int16_t higher =
                     JARVIS ? carry.higher[c][std::min(step + 2 * kDelay, width)] : int16_t{0};
                 history[c].Keep(error, step, above, higher);
-                // The lanes that this overwrites have been read: they are behind.
+                // The columns that this overwrites are behind all lanes: they have been read.
                 const int x = step - kDelay * (N - 1);
                 if (x >= 0 && x < width) carry.above[c][x] = error[N - 1];
                 if (JARVIS && x + kDelay >= 0 && x + kDelay < width)

@@ -8,7 +8,7 @@
 #include "imaging/dither_pattern.h"
 #include "imaging/simd.h"
 
-// What screening writes.
+// The output of screening.
 struct DitherOutput {
     enum Kind { MONOCHROME, PALETTE, COLOR };
     Kind kind;

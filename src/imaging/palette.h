@@ -5,8 +5,8 @@
 
 #include "core/oarray.h"
 
-// Colour references: red in the lowest byte, then green, blue and a byte without meaning.
+// Colour references: red in the lowest byte, then green, blue and an unused byte.
 class Palette : public OTypedArray<uint32_t> {
 public:
-    static constexpr int kMaxSize = 16; // that can be used
+    static constexpr int kMaxSize = 16; // usable entries
 };

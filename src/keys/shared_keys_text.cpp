@@ -75,7 +75,7 @@ bool IsAscii(const WideText& line) {
     return std::none_of(line.Text(), line.Text() + line.Length(), [](WCHAR c) { return c > 127; });
 }
 
-// Whether a line comes back as it was from its 8-bit form.
+// Whether a line returns unchanged from its 8-bit form.
 bool Survives(const WideText& line) {
     if (IsAscii(line)) return true;
     const OString text = line.String();
@@ -83,14 +83,14 @@ bool Survives(const WideText& line) {
     return back == text;
 }
 
-// Sums lines up as they come.
+// Adds lines to a checksum as they come.
 class LineChecksum final : public RegistryLines {
 public:
     void Add(const WideText& line) override {
         const WCHAR* text = line.Text();
         const WCHAR* end = text + line.Length();
         if (!IsAscii(line)) {
-            // What the code page makes of it.
+            // The form that the code page gives them.
             Flush();
             const OString converted = line.String();
             const char* bytes = converted.nstring();

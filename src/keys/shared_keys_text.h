@@ -23,9 +23,9 @@
 void RenameSharedKeys(const OStringArray& lines, const OString& printer, const OString& data,
                       const OString& local, OStringArray& result);
 
-// Takes the lines of an export, and appends those that an 8-bit list can carry. A value with a
-// character that the code page lacks is left out, and a key with such a name as well: on the other
-// machine they would stand in place of what is meant.
+// Takes the lines of an export, and appends those that an 8-bit list can carry. Values with a
+// character that the code page lacks, and keys with such a name, are left out: on the other machine
+// they would replace other ones.
 class SurvivingLines final : public RegistryLines {
 public:
     explicit SurvivingLines(OStringArray& lines)
@@ -43,8 +43,8 @@ private:
 uint32_t SharedKeysChecksum(const OStringArray& lines);
 uint32_t SharedKeysChecksum(ORegistry& registry, const OString& key);
 
-// Packs lines into the bytes that travel, a compressed list of 8-bit strings, and back. Unpacking
-// appends. False without memory and when the bytes are no such list, or one beyond the limits.
+// Packs lines into the bytes that are sent, a compressed list of 8-bit strings, and back. Unpacking
+// appends. False without memory, and if the bytes are not such a list or one beyond the limits.
 bool PackSharedKeys(const OStringArray& lines, OBuffer<char>& bytes);
 bool UnpackSharedKeys(const OBuffer<char>& bytes, OStringArray& lines);
 
@@ -52,9 +52,9 @@ bool UnpackSharedKeys(const OBuffer<char>& bytes, OStringArray& lines);
 inline constexpr char kSharedKeyData[] = "Shadow Key Data";
 inline constexpr char kSharedKeySize[] = "Shadow Key Size";
 
-// More than this is not taken from another machine: bytes, and the text and its lines that they
-// unpack to. No printer's settings come near; but a thousand bytes could unpack to a million lines,
-// and every program that prints would work through them.
+// More than this is not accepted from another machine: bytes, and the text and lines that they
+// unpack to. No printer's settings come near these limits. But a thousand bytes could unpack to a
+// million lines, and every program that prints would process them.
 inline constexpr uint32_t kMaxSharedKeyData = 0x4000000;
 inline constexpr uint32_t kMaxSharedKeyText = 0x4000000;
 inline constexpr int kMaxSharedKeyLines = 1000000;

@@ -12,14 +12,14 @@ enum UserLevel {
     USER_LEVEL_ADMIN = 3, // Administrators
 };
 
-// The level is read when it is built; the names when one is first asked for, for they may have to
-// come from a domain controller.
+// The level is read when built, the names on first use, as they may have to come from a domain
+// controller.
 class UserInfo {
 public:
     UserInfo();
 
     const OString& GetUser() const;
-    // The domain (or computer) that the account belongs to; empty when not on winNT.
+    // The domain (or computer) of the account. Empty if not on winNT.
     const OString& GetDomain() const;
     const OString& GetComputer() const;
 

@@ -56,7 +56,7 @@ public:
 
     // The language in use. It is the system's if the user has chosen "sys".
     const char* GetCurrentLanguage() const;
-    // What the user has chosen: a language, or "sys".
+    // The user's choice: a language, or "sys".
     const char* GetUserLanguage() const { return user_language_; }
     const char* GetSystemLanguage() const { return system_language_; }
 

@@ -27,7 +27,7 @@ enum TextNumber : int {
     TEXT_LANGUAGE_WARNING = 1299,
     TEXT_RUSSIAN = 1300,
 
-    // ---- What a font is downloaded as, and the sets of characters that it can be limited to.
+    // ---- The kinds of font downloads, and the sets of characters for bitmap fonts.
     TEXT_TRUETYPE_DOWNLOAD = 1901,
     TEXT_BITMAP_DOWNLOAD = 1902,
     TEXT_ALL_CHARACTERS = 1910,

@@ -14,9 +14,9 @@
 
 namespace {
 
-// What a model's custom data may take at most.
+// The most that a model's custom data may take.
 constexpr uint32_t kCustomDataLimit = 64 * 1024;
-// What of it the driver reads.
+// The part of it that the driver reads.
 constexpr uint32_t kCustomDataSize = sizeof(CustomData);
 
 // The section keys of the tables that the model section names.

@@ -311,7 +311,7 @@ void prtmodel::GetFontGroups(OStringArray& groups) const {
         // The stored list has no empty names either.
         if (removed || groups[i].IsEmpty()) groups.RemoveAt(i, 1);
     }
-    // Through a key map of its own: a user who may not write has read the model whole all the same.
+    // Through a key map of its own: a model is complete even for a user who may not write.
     if (WasReadWhole()) prtreg(GetRegistry()).SetMultiString(stored, groups);
 }
 

@@ -43,9 +43,8 @@ public:
     // How far the backing paper extends on each side of a label: 1270 micrometres.
     virtual Measurement GetLinerWidth() const;
 
-    // Fill records of the size-prefixed memory family that come in zeroed, with their own size in
-    // the first field and may be replaced by longer ones. The model itself knows nothing to fill
-    // in.
+    // Fill zeroed records of the size-prefixed memory family, with their own size in the first
+    // field, which may be replaced by longer ones. The model itself fills in nothing.
     virtual void GetClockCapabilities(KVClockCapabilities*& record) const;
     virtual void GetTemplateCapabilities(KVTemplateCapabilities*& record) const;
     virtual void GetRFIDCapabilities(KVRFIDCapabilities*& record) const;
@@ -57,9 +56,9 @@ public:
 
     // ---- Identity -------------------------------------------------------------------------------
 
-    // Whether the spooler knew the printer and its driver, and so far nothing failed to be read and
-    // memory was never short, wherever on this thread. What is made of a model that was read in
-    // part only must not be stored in place of the whole.
+    // Whether the spooler knew the printer and its driver, all reads so far have succeeded, and
+    // memory was never short on this thread. Data made from an incomplete model must not replace
+    // stored data.
     bool WasReadWhole() const;
 
     // The printer's key map.

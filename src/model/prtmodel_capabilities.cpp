@@ -9,7 +9,7 @@ namespace {
 
 constexpr uint32_t kNotSupported = 0xFFFFFFFF;
 
-// The slots that the platform gives names, in characters.
+// The size of the platform's fields for names, in characters.
 constexpr int kBinName = 24;
 constexpr int kFileName = 64;
 constexpr int kPersonalityName = 32;

@@ -3,8 +3,8 @@
 
 #include <cstdint>
 
-// What restricts the printing of any symbology, in `options`: its bar codes cannot be serialized,
-// cannot hold variable data, are static only, or cannot be in a template file.
+// Restrictions on printing any symbology, in `options`: its bar codes cannot be serialized, cannot
+// hold variable data, are static only, or cannot be in a template file.
 enum SymbologyMethodBits : uint32_t {
     METHOD_SERIALIZATION = 0x80000000,
     METHOD_VARIABLE_DATA = 0x40000000,
@@ -28,7 +28,7 @@ enum SymbologyRatioBits : uint32_t {
     RATIO_3_1 = 0x800000
 };
 
-// What the human-readable text can be, in `hr_bits`.
+// The possible human-readable texts, in `hr_bits`.
 enum SymbologyTextBits : uint32_t {
     HR_OFFSET_VERTICAL = 0x1,
     HR_OFFSET_HORIZONTAL = 0x2,
@@ -73,7 +73,7 @@ enum UPCBits : uint32_t {
     UPC_GUARD_BAR_WITHOUT_TEXT = 0x8
 };
 
-// How a supplemental code can be attached.
+// The ways of attaching a supplemental code.
 enum SupplementalBits : uint32_t {
     SUPPLEMENTAL_1 = 0x1,
     SUPPLEMENTAL_2 = 0x2,

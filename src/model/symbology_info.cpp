@@ -52,8 +52,7 @@ const Symbology kSymbologies[] = {
 constexpr int kCount = sizeof kSymbologies / sizeof kSymbologies[0];
 static_assert(kCount == SymbologyInfo::TELEPEN + 1);
 
-// A number that is no symbology's has no ratios and no check digit, but nothing speaks against a
-// text.
+// An unknown number has no ratios and no check digit, but may have a text.
 const Symbology kUnknown = {"", false, true, false};
 
 const Symbology& Find(int number) {

@@ -11,7 +11,7 @@
 
 namespace {
 
-// What the rendering module can tell of its objects is far below: their size has 16 bits.
+// Far above any description of the rendering module's objects, whose size has 16 bits.
 constexpr int32_t kLongestDescription = 1 << 20;
 
 } // namespace

@@ -83,7 +83,7 @@ bool prtstream::QueryExecute(const OString& job_name, int job, HWND parent) {
     command_line << ui_->printer_name << "\" -jn " << job_name;
     if (IsWindowsNT()) command_line << " -ji " << job;
     const int answer = CallMonitor(parent ? parent : GetDesktopWindow(), command_line);
-    // It is the monitor's, and nothing that a printer should get when there is none.
+    // It is for the monitor, and must not reach a printer if there is none.
     if (job > 0) SetJobW(hprinter_, static_cast<DWORD>(job), 0, nullptr, JOB_CONTROL_DELETE);
     return answer == kAnswered;
 }

@@ -168,8 +168,8 @@ HKEY ORegistry::OpenKeyBelow(HKEY root, const OString& path, bool create) {
     HKEY opened = nullptr;
     const REGSAM access = only_reads_ ? KEY_READ : KEY_READ | KEY_WRITE;
     LONG error = system.OpenKey(root, name, access, opened, transaction_);
-    // Only an existing key is opened for reading alone. Had it been missing, someone could create
-    // it at this moment, and a writer would be left with a handle that cannot write.
+    // Only an existing key is opened just for reading. Had it been missing, someone could create it
+    // at this moment, and a writer would be left with a handle that cannot write.
     if (error != ERROR_SUCCESS && error != ERROR_FILE_NOT_FOUND)
         error = system.OpenKey(root, name, KEY_READ, opened, transaction_);
     if (error != ERROR_SUCCESS && create) error = CreateOpenKey(root, name, opened, transaction_);

@@ -5,7 +5,7 @@
 
 class ORegistry;
 
-// The writes and deletions of an ORegistry from here to Commit become visible at once. Without
+// The writes and deletions of an ORegistry from here to Commit become visible together. Without
 // Commit, or if any of it failed, everything stays as it was. This includes failed reads, as later
 // writes may depend on them. Once something has failed, nothing more is written.
 //

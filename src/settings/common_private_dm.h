@@ -25,9 +25,9 @@ static_assert(sizeof(COMMONPRIVATEDM) == 164);
 static_assert(offsetof(COMMONPRIVATEDM, halftone) == 8);
 static_assert(offsetof(COMMONPRIVATEDM, adjustment) == 140);
 
-// The block of a DEVMODE, directly after its public part. Null for null, without the signature,
-// and when the private bytes do not even hold size, version and signature. Its size is its own
-// word: a reader of more than these has to bound it by dmDriverExtra.
+// The block of a DEVMODE, directly after its public part. Null for null, without the signature, and
+// if the private bytes do not even hold size, version and signature. Its size is its own claim: a
+// reader of more than these must bound it by dmDriverExtra.
 const COMMONPRIVATEDM* GetCommonPrivateDm(const DEVMODEW* dev_mode);
 
 // Writes the driver's own block after the public part, for the resolution there. Always true.

@@ -46,7 +46,7 @@ prtconfig* DevMode::GetConfiguration() const {
     return configuration_;
 }
 
-// ---- As a whole ---------------------------------------------------------------------------------
+// ---- All of it ----------------------------------------------------------------------------------
 
 void DevMode::Merge(const DEVMODEW* source, const prtmodel* model) {
     MergeDevMode(dev_mode_, source, model);

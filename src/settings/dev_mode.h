@@ -18,11 +18,10 @@ using DEVMODE32 = DEVMODEW;
 // (220), the halftone block (164, common_private_dm.h) and the configuration with its tail (1124,
 // prtconfig.h). Lengths are in tenths of a millimetre.
 //
-// A buffer that others made may be of any version, size and origin. It is taken at its own word
-// only for its extent: it has dmSize + dmDriverExtra bytes, and at least those up to dmFields.
-// Public fields beyond dmSize are not there: they are read as their neutral values, compared as 0
-// and not written. Where there is no configuration, its settings are neutral and setting them does
-// nothing.
+// A buffer made by others may be of any version, size and origin. Only its extent is taken from it:
+// it has dmSize + dmDriverExtra bytes, and at least those up to dmFields. Public fields beyond
+// dmSize do not exist: they are read as their neutral values, compared as 0 and not written.
+// Without a configuration, its settings are neutral and setting them does nothing.
 //
 // `model` is never null.
 class DevMode {

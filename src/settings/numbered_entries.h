@@ -6,9 +6,9 @@
 #include "core/oarray.h"
 #include "keys/prtreg.h"
 
-// Fills `numbers` with those of the entries from `first` to `last` of which the key (its path with
-// the separator after it) has a value, in order. `key_name(i)` is what the names of the values of
-// entry `i` begin with, as symbolic paths have it: a word, a blank, the number and more.
+// Fills `numbers` with those entries from `first` to `last`, in order, that have a value in the key
+// (its path with the separator after it). `key_name(i)` is the start of the names of the values of
+// entry `i`, as in symbolic paths: a word, a blank, the number and more.
 void GetStoredEntries(prtreg& registry, const OString& key, int first, int last,
                       OString (*key_name)(int), OTypedArray<int>& numbers);
 

@@ -17,7 +17,7 @@ class prtmodel;
 // not include its dmFields counts as none.
 class Preset : public NameNode {
 public:
-    // The two presets that are made anew each time, and never stored.
+    // The two presets that are made each time and never stored.
     enum BuiltIn : uint32_t { CURRENT_SETTINGS = 1, DEFAULT_SETTINGS = 2 };
     // Their priorities, which put them before all others.
     enum : int32_t { CURRENT_SETTINGS_PRIORITY = 20, DEFAULT_SETTINGS_PRIORITY = 10 };
@@ -49,8 +49,8 @@ public:
     // ---- Storage --------------------------------------------------------------------------------
 
     // In the registry, as preset number `index`: the values of "Presets:" whose names are
-    // KeyName(index) with "Name", "Description" and "DEVMODE" after it. Load is false without a
-    // DEVMODE, and for one that is shorter than its own sizes tell. Save is false when a value
+    // KeyName(index) followed by "Name", "Description" and "DEVMODE". Load is false without a
+    // DEVMODE, and for one that is shorter than its own sizes claim. Save is false if a value
     // cannot be written.
     bool Load(prtreg& registry, int index);
     bool Save(prtreg& registry, int index) const;
@@ -66,10 +66,10 @@ public:
     // empty buffer, if there is no DEVMODE.
     bool Export(OBuffer<char>& record) const;
 
-    // Takes the DEVMODE of a record into the defaults of a model: that of this driver after
-    // "DM32", that of a 16-bit driver after any other two characters after "DM"; any other record
-    // leaves the defaults. The size in the record is not looked at. False, and the preset
-    // unchanged, for a record of less than 8 bytes and one that ends before its DEVMODE does.
+    // Takes the DEVMODE of a record into the defaults of a model: after "DM32" that of this driver,
+    // after any other two characters after "DM" that of a 16-bit driver. Any other record leaves
+    // the defaults. The size in the record is ignored. False, with the preset unchanged, for a
+    // record of less than 8 bytes and one that ends before its DEVMODE does.
     bool Import(const OBuffer<char>& record, const prtmodel* model);
 
     // The checksum of everything, continued from `seed`.

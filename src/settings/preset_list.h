@@ -7,9 +7,8 @@
 #include "settings/preset.h"
 #include "settings/stored_list.h"
 
-// The current settings, the default settings, and the stored presets by name: that is the order
-// which Sort makes. The UI object adds the two built-in ones; they are neither stored nor
-// exported.
+// The current settings, the default settings, and the stored presets by name; this is the order
+// that Sort makes. The UI object adds the two built-in ones; they are neither stored nor exported.
 //
 // `model` is never null. A list belongs to one thread.
 class PresetList : public OTypedNameList<Preset>, public StoredList {
@@ -49,9 +48,9 @@ public:
     // stored are left out.
     int Import(OFile& file, const prtmodel* model);
 
-    // The same for a binary file as old drivers wrote it, from where it stands: records, each with
-    // the length and the bytes of its name and of its description after it (4 bytes each, 8-bit
-    // texts). A file that is just one record has its preset named after it, up to the first dot.
+    // The same for a binary file of old drivers, from its current position: records, each followed
+    // by its name and its description, as a length (4 bytes) and an 8-bit text each. A file that is
+    // just one record has its preset named after it, up to the first dot.
     int ImportKPR1(OFile& file, const prtmodel* model);
 
     // ---- Use ------------------------------------------------------------------------------------
@@ -66,8 +65,8 @@ public:
     Preset* GetDefaultSettings() const { return FindBuiltIn(Preset::DEFAULT_SETTINGS); }
 
 private:
-    // The checksum of the presets that are stored. The built-in ones come and go with the
-    // UI object, which is no reason to write the others.
+    // The checksum of the stored presets. The built-in ones come and go with the UI object, which
+    // is no reason to write the others.
     uint32_t GetStoredCRC32() const;
     Preset* FindBuiltIn(uint32_t flag) const;
 };

@@ -25,7 +25,7 @@ OBuffer<char> ReadBytes(OFile& file, uint32_t size) {
     return bytes;
 }
 
-// Reads a text after its length; false when there is not even that.
+// Reads a text after its length. False if the length is incomplete.
 bool ReadText(OFile& file, OString& text) {
     uint32_t length = 0;
     if (!ReadNumber(file, length)) return false;
@@ -62,7 +62,7 @@ int PresetList::Export(OFile& file) const {
 int PresetList::Import(OFile& file, const prtmodel* model) {
     int blocks = 0;
     PresetList imported;
-    std::unique_ptr<Preset> preset; // of the block that is being read
+    std::unique_ptr<Preset> preset; // of the block being read
     SettingsBlocks reader(file, kPresetBlock);
     while (const SettingsBlocks::Line line = reader.Read()) {
         if (line == SettingsBlocks::BLOCK_START) {

@@ -50,10 +50,10 @@ struct prtconfig {
     };
 
     // Equal settings: the user commands as texts, the lengths, and all bytes after the length. So
-    // neither what follows the end of a command nor the preset checksum counts.
+    // the bytes after the end of a command and the preset checksum do not count.
     bool operator==(const prtconfig& other) const;
 
-    // The printer takes 24-bit colours and screens them by itself. For the pages about graphics.
+    // The printer takes 24-bit colours and screens them itself. For the pages about graphics.
     bool is_24bit_device() const { return dither.algorithm == dithercfg::ALGORITHM_DEVICE; }
 
     // Resets the framework's part, except length and version. Without a model, to a state that fits
@@ -70,8 +70,8 @@ struct prtconfig {
     // the value changed.
     static bool validate_range(int32_t& value, int32_t min, int32_t max);
 
-    // Replaces user command `number` by the first 256 bytes of a text, and the rest of its place by
-    // zeros. Nothing for another number than 0 to 3. For the page about user commands.
+    // Replaces user command `number` with the first 256 bytes of a text, and the rest of its place
+    // with zeros. Nothing for a number other than 0 to 3. For the page about user commands.
     void set_user(const OString& text, int number);
 
     // The checksum of the name of the preset that the settings came from. It is not written while
@@ -94,10 +94,10 @@ struct prtconfig {
     static const prtconfig* get_cfg(const DEVMODEW* dev_mode);
     static prtconfig* get_cfg(DEVMODEW* dev_mode);
 
-    // Copies the configuration in front of one tail to that in front of another: as many bytes as
-    // the shorter one has. Nothing when a tail is null or without the signature, when the printer
-    // families differ and when the configurations are of different versions. Both tails stand
-    // after at least as many bytes as their sizes tell of, as those from get_tail do.
+    // Copies the configuration before one tail to that before another, as many bytes as the shorter
+    // one has. Nothing if a tail is null or without the signature, if the printer families differ,
+    // or if the configurations are of different versions. Both tails must follow at least as many
+    // bytes as their sizes claim, as those from get_tail do.
     static void Copy(endconfig* destination, const endconfig* source);
 
     // The size of configuration and tail in this driver.

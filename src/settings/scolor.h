@@ -16,7 +16,7 @@ enum SpotColorMode : uint32_t {
     SPOT_COLOR_SPECTRUM = 4 // the same, on a model with a continuous spectrum
 };
 
-// The spot-colour record, kept whole as the registry value "Settings:Spot Color". Planes are
+// The spot-colour record, stored unchanged as the registry value "Settings:Spot Color". Planes are
 // numbered from 0 to 3; for other numbers a plane is unused and cannot be changed. For the pages
 // about graphics.
 struct SCOLOR {
@@ -31,15 +31,15 @@ struct SCOLOR {
     Plane planes[4];
     uint32_t heads; // 1 to 4
 
-    // Everything as the model's colour abilities suggest.
+    // Sets everything as the model's colour abilities suggest.
     void Init(prtmodel* model);
 
-    // Reads the record of a printer over this one, which stays where the stored one is missing.
-    // Always true.
+    // Reads the record of a printer over this one. If no record is stored, this one stays. Always
+    // true.
     bool Load(prtreg& registry);
 
-    // Changes the mode and with it all inks. Without `force` nothing happens when the mode is the
-    // present one. A mode that is unknown is kept, with the inks as they were.
+    // Changes the mode and with it all inks. Without `force` nothing happens if the mode is the
+    // current one. An unknown mode is stored, with the inks unchanged.
     void SetMode(uint32_t mode, bool force);
 
     int GetHeads() const { return static_cast<int>(heads); }
@@ -47,12 +47,12 @@ struct SCOLOR {
     bool GetColorUsed(int plane) const;
     void SetColorUsed(int plane, bool used);
 
-    // The ink of a plane; white for a plane that is not in use, and for black in SPOT_COLOR_CMY.
+    // The ink of a plane. White for an unused plane, and for black in SPOT_COLOR_CMY.
     uint32_t GetColor(int plane) const;
     void SetColorPlane(int plane, uint32_t color);
 
-    // Makes the palette of what each combination of the four inks looks like: bits 8, 4, 2 and 1 of
-    // the index stand for planes 0 to 3, mixed on white. Without memory it stays as it was.
+    // Makes the palette of all combinations of the four inks: bits 8, 4, 2 and 1 of the index stand
+    // for planes 0 to 3, mixed on white. Without memory it stays unchanged.
     void GeneratePalette(Palette& palette) const;
 };
 static_assert(sizeof(SCOLOR) == 76);

@@ -52,9 +52,9 @@ public:
     const StockRecord& GetRecord() const { return *this; }
     bool SetRecord(const void* data, size_t size);
 
-    // In the registry: the values of `prefix` (a path and the beginning of their names) with "Name"
-    // and "Data" after it. Load is false, and the stock unchanged, when the name is empty or the
-    // record not 28 bytes long. Save is false when a value cannot be written.
+    // In the registry: the values of `prefix` (a path and the start of their names) followed by
+    // "Name" and "Data". Load is false, with the stock unchanged, if the name is empty or the
+    // record is not 28 bytes long. Save is false if a value cannot be written.
     bool Load(prtreg& registry, const OString& prefix);
     bool Save(prtreg& registry, const OString& prefix) const;
     static void Delete(prtreg& registry, const OString& prefix);

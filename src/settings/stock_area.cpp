@@ -11,7 +11,7 @@ namespace {
 // The turns of a page, as DevMode::GetOrientation counts them.
 enum Turn : int { PORTRAIT, LANDSCAPE, PORTRAIT_TURNED, LANDSCAPE_TURNED };
 
-// How the labels lie in the printer, as prtmodel::GetNaturalOrientation counts it.
+// The position of labels in the printer, as prtmodel::GetNaturalOrientation numbers it.
 enum Natural : int { NATURAL_0, NATURAL_90, NATURAL_180 };
 
 // The places of coordinates in a pair.
@@ -23,7 +23,7 @@ int32_t Narrow(int64_t value) {
     return static_cast<int32_t>(std::clamp<int64_t>(value, INT32_MIN, INT32_MAX));
 }
 
-// Micrometres in dots: cut, and counting the last dot that is begun.
+// Micrometres in dots: truncated, and including the last dot that is begun.
 int64_t Dots(int64_t microns, int dpi) {
     return dpi * microns / kMicronsPerInch;
 }
@@ -90,7 +90,7 @@ void Stock::CalculateOffsets(const prtmodel* model, const DEVMODEW* dev_mode) {
     dpi_y = mode.dmYResolution;
     if (mode.dmOrientation != DMORIENT_PORTRAIT) std::swap(dpi_x, dpi_y);
 
-    // How far the label is from where the printer tracks it.
+    // The distance of the label from where the printer tracks it.
     int64_t shift[2] = {0, 0};
     int64_t away = 0;
     if (left_tracked && offset_left > unprintable) away = unprintable - offset_left;

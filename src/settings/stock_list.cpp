@@ -14,7 +14,7 @@
 
 namespace {
 
-constexpr int kMostForms = 0xFFFF; // no more can have a number
+constexpr int kMostForms = 0xFFFF; // there are no more numbers
 constexpr int kFormNameUnits = 64; // units of a name's field, as the system asks for it
 constexpr int16_t kUserId = DMPAPER_USER;
 

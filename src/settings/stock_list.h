@@ -37,8 +37,8 @@ public:
     // be read, the list is not saved until it is loaded again.
     void Load(const prtmodel* model);
 
-    // Adds the stocks of a key (its path with the separator after it); their number as stored,
-    // which skipped ones count in. At most 65535.
+    // Adds the stocks of a key (its path with the separator after it). Returns the stored number,
+    // which includes skipped ones. At most 65535.
     int LoadForms(prtreg& registry, const OString& key);
     // Adds one stock; see Stock::Load.
     bool LoadForm(prtreg& registry, const OString& prefix);

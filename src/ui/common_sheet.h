@@ -9,8 +9,8 @@
 #include <cstdint>
 #include <memory>
 
-// How the sheet is talked to, and the pages that it has. Outside of a sheet (Open was not called)
-// there is nobody to talk to.
+// The connection to the sheet, and its pages. Outside of a sheet (Open was not called) there is
+// nothing to talk to.
 class CommonSheet {
 public:
     // Takes the connection from the sheet's call.

@@ -30,7 +30,7 @@ void ImportText(OFile& file, int flags, SettingsFileLists& settings, KDSettingsR
         DriverSettings options;
         options.Load(settings.model.GetRegistry());
         result.options = options.Import(file, settings.model.GetModelName().nstring());
-        // They may say what the model can do.
+        // They may change what the model can do.
         if (result.options) settings.model.FlushDataCache();
     }
 }
@@ -60,13 +60,13 @@ KDSettingsResult ExportSettingsFile(const OString& name, int flags, SettingsFile
     ReplacedFile replaced(name);
     if (!replaced.GetFile().is_open()) return {};
     const KDSettingsResult result = WriteText(replaced.GetFile(), flags, settings);
-    // What could not be read is missing in the text.
+    // Settings that could not be read are missing in the text.
     if (memory.Failed() || ((flags & SETTINGS_OPTIONS) && !result.options)) return {};
     return replaced.Commit() ? result : KDSettingsResult{};
 }
 
 KDSettingsResult ImportSettingsFile(const OString& name, int flags, SettingsFileLists settings) {
-    // To open a file that is not there would make one.
+    // Opening a missing file would create it.
     OFile file;
     if (!OFile::Exists(name) || !file.Open(name, OFILE_READ)) return {};
     return ImportSettingsFile(file, flags, settings);

@@ -19,11 +19,11 @@
 //   <font type='RFID'> ... </font>            DataFontManager::ExportRFID, where there is RFID
 //   <options model='MODEL'> ... </options>    DriverSettings::Export
 //
-// Blocks are found by their tags, wherever they stand. Files of old drivers with one kind of
-// setting are read too, as far as that kind is asked for: stocks ("KFM1"), presets ("DM"), bar code
-// fonts ("KBF1").
+// Blocks are found by their tags, anywhere in the file. Files of old drivers with one kind of
+// setting are read too, if that kind is asked for: stocks ("KFM1"), presets ("DM"), bar code fonts
+// ("KBF1").
 
-// What is to be written or read; bits.
+// The contents to write or read, as bits.
 enum SettingsFileContent : int {
     SETTINGS_STOCKS = 0x001,
     SETTINGS_PRESETS = 0x002,
@@ -38,13 +38,13 @@ struct KDSettingsResult {
     uint16_t presets;
     uint16_t bar_fonts;
     uint16_t rfid_fonts;
-    uint8_t options; // 1 when driver settings were
+    uint8_t options; // 1 if driver settings were
 };
 static_assert(sizeof(KDSettingsResult) == 10);
 static_assert(offsetof(KDSettingsResult, options) == 8);
 
-// The settings of one printer that files are made of. Driver settings are those in the registry of
-// the model's printer; the lists are written from memory and read into it.
+// The settings of one printer that files are made from. Driver settings are those in the registry
+// of the model's printer. The lists are written from memory and read into it.
 struct SettingsFileLists {
     prtmodel& model;
     StockList& stocks;
@@ -52,14 +52,14 @@ struct SettingsFileLists {
     DataFontManager& data_fonts;
 };
 
-// Writes a settings file of the contents in `flags`, in place of one that there is. When it cannot
-// be written to its end, the old one stays and the result is zeros.
+// Writes a settings file of the contents in `flags`, replacing an existing one. If it cannot be
+// written completely, the old one stays and the result is zeros.
 KDSettingsResult ExportSettingsFile(const OString& name, int flags, SettingsFileLists settings);
 
-// Adds the contents in `flags` of a file of any kind. Nothing, and zeros, for a file that is not
-// there, for one of another kind and for one that cannot be read to its end: then the lists are not
-// saved until they are loaded again. Driver settings for another model are left out; those that are
-// taken are in force at once, in all processes.
+// Adds the contents in `flags` of a file of any kind. Nothing, with zeros, for a file that is
+// missing, of another kind or cannot be read to its end; in the last case the lists are not saved
+// until they are loaded again. Driver settings for another model are left out; others take effect
+// at once, in all processes.
 KDSettingsResult ImportSettingsFile(const OString& name, int flags, SettingsFileLists settings);
 
 // The same from an open file.

@@ -11,6 +11,6 @@
 // they are in `files` already or come later. Directories of fewer than four lines are not read.
 void ReadFileList(const char* answer, uint32_t size, OStringArray& files);
 
-// ^HH. Appends the lines of the printer's configuration as label, "@" and value ("PRINT
-// WIDTH@832"). Lines without a value are skipped.
+// ^HH. Appends the lines of the printer's configuration as label, "@" and value:
+// "PRINT WIDTH@832". Lines without a value are skipped.
 void ReadConfigurationList(const char* answer, uint32_t size, OStringArray& configuration);

@@ -43,8 +43,8 @@ public:
     // its port has no way back. Missing answers and those that make no sense are left out.
     bool RunQuery(int mask);
 
-    // The entries are as ReadFileList ("E:LOGO.GRF;1234;P") and ReadConfigurationList ("PRINT
-    // WIDTH@832") make them; the properties come from the three answers in zpl/host_status.h.
+    // Entries as ReadFileList ("E:LOGO.GRF;1234;P") and ReadConfigurationList ("PRINT WIDTH@832")
+    // make them, and the properties of the three answers in zpl/host_status.h.
     OStringArray files;
     OStringArray configuration;
     OPropertySet properties;

@@ -194,7 +194,7 @@ private:
         EXPORT(module_, DAL_Printer_Close)(settings);
     }
 
-    // An answer for each line: every system lists what is stored in an order of its own.
+    // An answer for each line, as every system lists stored objects in an order of its own.
     void TellLines(const std::string& what, const Bytes& file) const {
         for (auto line = file.begin(); line != file.end();) {
             const auto end = std::find(line, file.end(), '\n');

@@ -67,7 +67,7 @@ protected:
         OnServer(server, [&] { prtreg("Dock3").SetInt(name, value); });
     }
 
-    // The lines that lie ready on the server, and their keys by the ends of their names.
+    // The lines prepared on the server, and their keys by the ends of their names.
     OStringArray Prepared() {
         OStringArray lines;
         OnServer("SRV1", [&] {

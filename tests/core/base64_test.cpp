@@ -12,7 +12,7 @@
 
 namespace {
 
-// Into a block of exactly the promised size, so that a byte too much is seen.
+// Encodes into a block of exactly the promised size, so that a byte too many is noticed.
 std::string Encoded(const std::string& bytes) {
     OBuffer<char> out(Base64::EncodeLength(static_cast<uint32_t>(bytes.size())));
     uint32_t length = 99;

@@ -10,7 +10,7 @@
 
 namespace {
 
-// Counts the nodes alive.
+// Counts the existing nodes.
 class CountedNode : public NameNode {
 public:
     explicit CountedNode(const char* name = "", int32_t priority = 0) {
@@ -28,7 +28,7 @@ public:
 
 using CountedList = OTypedNameList<CountedNode>;
 
-// The names from head to tail, having checked them against those from tail to head.
+// The names from head to tail, after comparing them with those from tail to head.
 std::string Names(const CountedList& list) {
     std::string forward;
     for (CountedNode* node = list.GetNext(nullptr); node; node = list.GetNext(node))

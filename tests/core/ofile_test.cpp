@@ -11,7 +11,7 @@
 
 namespace {
 
-// A stream whose sink takes at most `room` bytes a call and remembers the size of every call.
+// A stream whose sink takes at most `room` bytes per call and remembers the size of every call.
 class SinkStream : public OCore::OStream {
 public:
     std::vector<uint32_t> calls;

@@ -90,7 +90,7 @@ private:
             break;
         }
         case 3: {
-            // The 16-bit form makes positions count its units.
+            // With the 16-bit form, positions count its units.
             text_.wstring();
             const int count = Number(10);
             text_.Delete(pos, count);
@@ -154,7 +154,7 @@ private:
     }
 
     void Check(const OString& text, const WideText& model) {
-        const OString copy(text); // looks at both forms, in either order
+        const OString copy(text); // uses both forms, in either order
         if (Number(2)) {
             ASSERT_EQ(WideText(copy.wstring()), model);
             ASSERT_EQ(copy.GetLength(), static_cast<int>(model.size()));

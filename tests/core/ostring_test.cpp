@@ -75,14 +75,14 @@ TEST(StringCodePage, ChangesTheBytesAndKeepsTheText) {
 }
 
 TEST(StringCodePage, NeverCutsATextThatNeedsMoreBytesThanUsual) {
-    // Three bytes a unit in a code page that the platform, not our coder, converts.
+    // Three bytes for each unit in a code page that the platform converts, not our coder.
     for (const size_t length : {1, 31, 32, 100, 10000}) {
         const WideText euros(length, WCHAR{0x20AC});
         OString text;
         text.SetCodePage(65001);
         text = euros.c_str();
         EXPECT_EQ(std::strlen(text.nstring()), 3 * length);
-        // A write makes the long 8-bit form the only one, which must come back whole.
+        // A write leaves only the long 8-bit form, which must be restored completely.
         text << 'x';
         EXPECT_EQ(WideText(text.wstring()), euros + WCHAR{'x'});
     }

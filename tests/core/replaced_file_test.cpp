@@ -15,7 +15,7 @@ protected:
         file.GetFile() << text;
         return file.Commit();
     }
-    // How many files there are in the folder, and what the first one holds.
+    // The number of files in the folder, and the contents of the first.
     std::string Folder() const {
         int count = 0;
         for ([[maybe_unused]] const auto& entry :

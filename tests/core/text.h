@@ -30,7 +30,7 @@ std::basic_string<C> Contents(const OBuffer<C>& buffer) {
     return std::basic_string<C>(buffer.GetData(), buffer.GetSize());
 }
 
-// A text of one code page, whose 8-bit form is the only one.
+// A text of one code page that has only its 8-bit form.
 inline OString InCodePage(uint32_t code_page, const char* text) {
     OString string;
     string.SetCodePage(code_page);

@@ -1,4 +1,4 @@
-// Actions that open a dialog, done by programs with a choice in words.
+// Actions that open a dialog, run by programs with a choice in words.
 #include "driver/action_choice.h"
 
 #include "core/ofile.h"
@@ -52,7 +52,7 @@ TEST_F(ActionChoice, DoesWhatWouldBeChosenInTheDialog) {
         EXPECT_EQ(TakeJobs(), c.jobs) << c.choice;
     }
     EXPECT_FALSE(OFile::Exists("C:\\labels\\two.prn"));
-    // Through the exports, with a name that is cut to the room for it.
+    // Through the exports, with a name that is truncated to its room.
     WCHAR name[5] = {};
     EXPECT_EQ(DAL_Action_Name(ui.get(), DAL_ACTION_SEND_FILE, name, 5), 9);
     EXPECT_STREQ(OString(name).nstring(), "Send");
@@ -61,7 +61,7 @@ TEST_F(ActionChoice, DoesWhatWouldBeChosenInTheDialog) {
     EXPECT_EQ(TakeJobs().size(), 1u);
     EXPECT_FALSE(DAL_Action_Run(ui.get(), 0, nullptr));
     EXPECT_FALSE(DAL_Query_Run(ui.get(), 1, nullptr, nullptr));
-    // As they were set last.
+    // The settings as last stored.
     prtreg registry = Registry();
     EXPECT_EQ(registry.GetByte("Settings:Enable Sleep", 9), 0);
     EXPECT_EQ(registry.GetByte("Settings:Forced Sleep", 9), 0);

@@ -9,7 +9,7 @@ namespace {
 
 class ConvertDevMode : public DevModeTest {
 protected:
-    // The error of a call that fails; 0 when it succeeds.
+    // The error of a call that fails, 0 if it succeeds.
     static DWORD Call(DEVMODEW* in, DEVMODEW* out, DWORD* size, DWORD mode,
                       const WCHAR* printer = TEXT("Dock 3")) {
         SetLastError(0);

@@ -1,4 +1,4 @@
-// What the module does when it is attached and detached.
+// Attaching and detaching the module.
 
 #include <memory>
 #include <tuple>

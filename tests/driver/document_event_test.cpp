@@ -1,4 +1,4 @@
-// What the driver does for documents.
+// The driver's work for documents.
 #include "zplui.h"
 
 #include <win32host/clock_control.h>

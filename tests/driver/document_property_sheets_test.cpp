@@ -17,7 +17,7 @@ DEVMODEW* In(Bytes& bytes) {
     return reinterpret_cast<DEVMODEW*>(bytes.data());
 }
 
-// The offset of the first byte that differs; -1 for none.
+// The offset of the first byte that differs, or -1.
 int Difference(const Bytes& a, const Bytes& b) {
     if (a.size() != b.size()) return 0;
     for (size_t i = 0; i < a.size(); ++i)
@@ -39,7 +39,7 @@ protected:
     LONG Ask(DEVMODEW* out, DEVMODEW* in, DWORD mode) const {
         return DocumentPropertiesW(nullptr, printer_, nullptr, out, in, mode);
     }
-    // The settings that a program gets for `in`, which may be null; empty when it gets none.
+    // The settings that a program gets for `in`, which may be null. Empty if it gets none.
     Bytes Made(DEVMODEW* in = nullptr) const {
         Bytes out(DEV_MODE_SIZE);
         const DWORD mode = in ? DM_IN_BUFFER | DM_OUT_BUFFER : DM_OUT_BUFFER;
@@ -65,7 +65,7 @@ TEST_F(DocumentSettings, AreTheDefaultsThenThePrintersThenTheProgramsOwn) {
     EXPECT_EQ(In(usual)->dmPaperLength, 1524);
     EXPECT_EQ(In(usual)->dmCopies, 1);
 
-    // An older program's settings become the printer's, in today's layout.
+    // An older program's settings become the printer's, in the current layout.
     ForeignDevMode old(156, 0, "Dock 3");
     old->dmFields = DM_COPIES | DM_ORIENTATION | DM_PRINTQUALITY | DM_YRESOLUTION;
     old->dmCopies = 7;
@@ -91,7 +91,7 @@ TEST_F(DocumentSettings, AreTheDefaultsThenThePrintersThenTheProgramsOwn) {
     EXPECT_EQ(In(of_program)->dmOrientation, DMORIENT_LANDSCAPE);
     EXPECT_EQ(In(of_program)->dmYResolution, 203) << "not this device's resolution";
 
-    // One buffer for both, and an input that is not to be looked at.
+    // One buffer for both, and an input that must be ignored.
     Bytes both = usual;
     In(both)->dmCopies = 9;
     EXPECT_EQ(Ask(In(both), In(both), DM_IN_BUFFER | DM_OUT_BUFFER), IDOK);
@@ -112,7 +112,7 @@ TEST_F(DocumentSettings, OfDamagedOnesAreSoundAgain) {
         for (const WORD extra : extras) {
             for (const WORD tail : tails) {
                 SCOPED_TRACE(testing::Message() << size << " + " << extra << ", tail " << tail);
-                // Exactly the bytes that it tells of: a look past them is noticed.
+                // Exactly the bytes that its sizes claim, so that reading past them is noticed.
                 ForeignDevMode foreign(size, extra, "Dock 3");
                 for (size_t i = 72; i < foreign.bytes.size(); ++i)
                     foreign.bytes[i] = static_cast<char>(random());
@@ -122,7 +122,7 @@ TEST_F(DocumentSettings, OfDamagedOnesAreSoundAgain) {
                     std::memcpy(end - 8, "kvkzpl", 6);
                     std::memcpy(end - 2, &tail, 2);
                 }
-                if (extra == 1288 && tail == 1124) { // a block of the known version, and too long
+                if (extra == 1288 && tail == 1124) { // the known version, but too long
                     const WORD length[] = {65535, 1028};
                     std::memcpy(end - 1124 + 1024, length, 4);
                 }

@@ -1,4 +1,4 @@
-// What a printer gets when it is added, connected to and upgraded.
+// The data that a printer gets when it is added, connected to and upgraded.
 #include <win32host/control.h>
 #include <winddiui.h>
 
@@ -34,7 +34,7 @@ protected:
         return DrvUpgradePrinter(1, reinterpret_cast<BYTE*>(&info));
     }
 
-    // A default settings file with two stocks, one of the family's, and a preset.
+    // Writes a default settings file with two stocks, one of the family's, and a preset.
     void WriteDefaults(const std::string& name = "oqvxxenu.kds") {
         StockRecord record = {50000, 25000, 0, 0, 0, 0, Stock::GLOBAL};
         std::string text = "<driver version='6.6'>\r\n\r\n<stock>\r\nName=shared\r\nData=" +
@@ -73,7 +73,7 @@ protected:
     static void SetDefaultDevMode(DEVMODEW* mode) {
         EXPECT_TRUE(PrinterInfo(OString("Dock 3")).SetDevMode(mode));
     }
-    // Sets the printer data that tell whether an operation has done its work to other values.
+    // Sets the printer data that show whether an operation has done its work to other values.
     static void Spoil() {
         prtreg registry = Registry();
         registry.Delete("DATA:Plug And Play IDs", false);

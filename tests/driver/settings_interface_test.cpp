@@ -1,5 +1,5 @@
-// The settings interface for programs: what is stored, and what a user below the printer's access
-// level can and cannot do.
+// The settings interface for programs: storing, and the permissions of a user below the printer's
+// access level.
 #include <win32host/control.h>
 
 #include "keys/network_policy.h"
@@ -32,7 +32,7 @@ protected:
         SkipUnderWine("the user is the one that Wine runs as");
         SettingsInterface::SetUp();
         NetworkPolicy("Dock 3").SetLocalAccessLevel(USER_LEVEL_ADMIN);
-        // The spooler lets this one change printers.
+        // The spooler lets this user change printers.
         win32host::SetUser({TEXT("kim"),
                             TEXT("DESK7"),
                             TEXT("DESK7"),

@@ -1,4 +1,4 @@
-// Data fonts by themselves: what their records hold, and what a printer makes of them.
+// Data fonts on their own: the contents of their records, and a printer's support for them.
 #include <cstring>
 #include <set>
 #include <string>
@@ -123,7 +123,7 @@ TEST(BarCodeFont, KeepsWhatTheUserSetThroughAChangeOfSymbology) {
 }
 
 TEST(BarCodeFont, BeginsASymbologyWithItsOwnFields) {
-    // One-dimensional ones keep the other fields, two-dimensional ones begin anew.
+    // One-dimensional ones keep the other fields, two-dimensional ones reset them.
     const struct {
         int symbology;
         std::vector<std::pair<int, int>> fields;
@@ -211,7 +211,7 @@ TEST_F(DataFontSupport, OfBarCodesFollowsTheModelsOptions) {
     const struct {
         std::string table;
         int symbology;
-        int offset; // of the field that decides
+        int offset; // of the decisive field
         std::vector<int> printed;
         std::vector<int> not_printed;
     } cases[] = {

@@ -1,4 +1,4 @@
-// Downloaded fonts: what is stored of them, and the choices of a download.
+// Downloaded fonts: their stored form, and the choices of a download.
 #include <cstring>
 
 #include "core/fixed_text.h"
@@ -67,7 +67,7 @@ TEST_F(DownloadedFonts, ComeBackFromTheRegistryInTheirOrder) {
     loaded.Load(model_.get());
     ASSERT_EQ(Count(loaded), 13u);
 
-    // What others stored meanwhile stays unless something changes here.
+    // Changes that others have stored meanwhile stay unless something changes here.
     copy = loaded;
     Registry().SetDWORD("Fonts:Downloaded Font Total", 1);
     EXPECT_EQ(copy.Save(model_.get()), SaveResult::UNCHANGED);

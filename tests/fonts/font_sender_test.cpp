@@ -1,4 +1,4 @@
-// Fonts on their way to the printer, up to the jobs that wait in the spooler.
+// Fonts on their way to the printer, up to the jobs waiting in the spooler.
 #include "fonts/font_sender.h"
 
 #include <algorithm>
@@ -38,7 +38,7 @@ protected:
         return font;
     }
 
-    // The jobs of sending one font in one.
+    // Sends one font in a job and returns that.
     template <class Send>
     std::string JobOf(DownloadedFont& font, Send send, bool sent = true) {
         ui_->stream->StartJob("Font");

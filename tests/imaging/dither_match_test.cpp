@@ -17,7 +17,7 @@ int Draw(Random& random, int least, int most) {
     return std::uniform_int_distribution<int>(least, most)(random);
 }
 
-// Noise, a flat colour or a ramp: each finds other faults.
+// Noise, a flat colour or a ramp. Each finds different faults.
 std::vector<uint8_t> DrawImage(Random& random, int width, int height) {
     std::vector<uint8_t> image(static_cast<size_t>(width) * static_cast<size_t>(height) * 3);
     const int kind = Draw(random, 0, 2), base = Draw(random, 0, 255), slope = Draw(random, 1, 9);

@@ -56,7 +56,7 @@ Image FirstBytes(const Image& image) {
 }
 
 TEST(DitherAdjustment, IsExactAtItsEnds) {
-    // What becomes of a grey pixel's channel shows in index output's second byte.
+    // The second byte of index output shows the result of a grey pixel's channel.
     const struct {
         const char* what;
         int16_t brightness, contrast, green, flags;
@@ -100,7 +100,7 @@ TEST(DitherAdjustment, WeighsTheChannelsForGrey) {
 
 TEST(DitherAdjustment, MirrorsBeforeScreening) {
     // White where the pattern's threshold is below 100: in the first column of the first row and
-    // the second of the second one.
+    // the second column of the second row.
     Image image = {0, 0, 0, 100, 100, 100, 0, 0, 0, 0, 0, 0};
     ImageDither record = Record(image, 2, 2, ImageDither::MONOCHROME);
     record.config.algorithm = dithercfg::ALGORITHM_DISPERSED;
@@ -226,8 +226,8 @@ TEST(DitherDiffusion, TruncatesEveryShareOfTheError) {
     record.Dither();
     Image green;
     for (size_t i = 1; i < image.size(); i += 3) green.push_back(image[i]);
-    // The pixels that get something are black as well: of 43, 8 and 13 go to the second row, of 18
-    // there 7 go on, of the 46 that come together in its middle 20.
+    // The pixels that get something become black as well: of 43, 8 and 13 go to the second row; of
+    // 18 there, 7 go on; of the 46 that meet in its middle, 20.
     EXPECT_THAT(green, ElementsAre(0, 100, 43, 18, 46, 39));
 }
 
@@ -343,7 +343,7 @@ TEST(DitherSmooth, IgnoresOriginAndRowSize) {
 }
 
 TEST(DitherRecord, TakesSettingsThatNobodyChecked) {
-    // As the nearest valid ones; the engine must stay inside its tables and the image.
+    // Like the nearest valid ones. The engine must stay inside its tables and the image.
     struct Settings {
         int16_t algorithm, dispersed, clustered, kernel, sequence;
     };

@@ -104,13 +104,13 @@ TEST_F(NetworkSharing, OfAConnectionIsOffWhenTheServerDoesNotAnswer) {
     NetworkPolicy policy(Remote);
     EXPECT_FALSE(policy.IsNetworkShared());
     EXPECT_FALSE(policy.CanShareNetwork());
-    // Nobody is kept from his own copy.
+    // Everybody may change his own copy.
     EXPECT_EQ(policy.GetAccessLevel(), 0);
 }
 
 TEST_F(NetworkSharing, OfAConnectionIsWhatTheServerAnswersAndTheUserFollows) {
     Connect();
-    // The question carries the tick count, so that the answer is never an old one.
+    // The question carries the tick count, so the answer is never an old one.
     win32host::SetTickCount(3000000000u);
     const struct {
         unsigned char answer;

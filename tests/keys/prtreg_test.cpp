@@ -31,7 +31,7 @@ protected:
         ASSERT_TRUE(AddPrinter("Dock3", "Model 1", attributes));
     }
 
-    // The printer Dock3 of a server, connected.
+    // Connects to the printer Dock3 of a server.
     void Connect(const char* server) {
         OnServer(server, [&] { AddDock(PRINTER_ATTRIBUTE_SHARED); });
         OString name = OString("\\\\") << server << "\\Dock3";
@@ -42,7 +42,7 @@ protected:
 using ShadowTree = KeyMap;
 using RegistryAccess = KeyMap;
 
-// Where something that was written through a key map lies, read without one.
+// Reads, without a key map, a value that was written through one.
 int32_t Raw(const char* path) {
     return ORegistry().GetInt(path, -1);
 }
@@ -204,7 +204,7 @@ TEST_F(ShadowTree, CoversTheDriverDataAndTheMachinesKeys) {
     const char* const expected[] = {"DATA:Settings", "DATA:a%2Fb", "LOCAL:Paper Sizes",
                                     "LOCAL:Printers"};
     ASSERT_EQ(keys.GetSize(), 4);
-    // Systems list keys in orders of their own.
+    // Each system lists keys in an order of its own.
     std::multiset<std::string> listed;
     for (int i = 0; i < 4; ++i) listed.insert(keys[i].nstring());
     EXPECT_EQ(listed, std::multiset<std::string>(std::begin(expected), std::end(expected)));

@@ -19,8 +19,8 @@ const char kRemote[] = "\\\\SRV1\\Dock3";
     "HKEY_LOCAL_"                                                                                  \
     "MACHINE\\SYSTEM\\CurrentControlSet\\Control\\Print\\Printers\\Dock3\\PrinterDriverData"
 
-// A server that has no companion: its answers are printer data that lie there already, under the
-// names of the questions at one tick.
+// A server without a companion: its answers are printer data prepared under the names of the
+// questions at one tick.
 class ShadowKeys : public PrinterTest {
 protected:
     ShadowKeys() {
@@ -31,7 +31,7 @@ protected:
         });
         WCHAR name[] = TEXT("\\\\SRV1\\Dock3");
         EXPECT_TRUE(AddPrinterConnectionW(name));
-        // The user's copy, one key of each kind.
+        // The user's copy, with one key of each kind.
         prtreg copy(kRemote);
         copy.SetInt("Settings:v", 1);
         copy.SetInt("STOCK:v", 2);
@@ -49,7 +49,7 @@ protected:
         return SharedKeysChecksum(lines);
     }
 
-    // The question that the copy as it is now leads to.
+    // The question that the current copy leads to.
     static OString Question(const char* action, bool with_checksums) {
         OString question = "<xpml><registry action='";
         question << action << "' name='Dock3' tick='77'>";
@@ -62,7 +62,7 @@ protected:
         return question << "</registry></xpml>";
     }
 
-    // What the server is to answer to the question for its settings.
+    // Prepares the server's answer to the question for its settings.
     static void Answer(uint32_t size, const OBuffer<char>& bytes) {
         prtreg server(kRemote);
         EXPECT_TRUE(server.SetPrinterDataW(Question("export", true), REG_DWORD, &size, 4));
@@ -80,7 +80,7 @@ protected:
 
     static int32_t Copied(const char* name) { return prtreg(kRemote).GetInt(name, -1); }
 
-    // The server's printer data of that name, or its size alone.
+    // Reads the server's printer data of that name, or only its size.
     static int32_t OnServerSize(const OString& name) {
         prtreg server(kRemote);
         server.SetShadow(false);
@@ -114,7 +114,7 @@ TEST_F(ShadowKeys, AreReplacedByWhatTheServerSends) {
     EXPECT_EQ(Copied("STOCK:v"), 2) << "the server did not send it";
     EXPECT_FALSE(ORegistry().GetKeyInfo("CURRENT_USER:Software/Other", nullptr, nullptr))
         << "nothing but shared keys is taken from another machine";
-    // The checksums of the question lie beside the keys.
+    // The checksums of the question are stored beside the keys.
     EXPECT_EQ(prtreg(kRemote).GetDWORD("DATA:Settings CRC32", 0), before);
     EXPECT_EQ(prtreg(kRemote).GetDWORD("LOCAL:Paper Sizes CRC32", 0),
               ChecksumOf("LOCAL:Paper Sizes"));
@@ -167,7 +167,7 @@ TEST_F(ShadowKeys, AreSentWhenTheyAreCommittedUnlessTheirTextWouldBeLost) {
 }
 
 TEST_F(ShadowKeys, StayOutOfTheExchangeOfLocalAndUnsharedPrinters) {
-    // Nobody is asked: the server says nothing of sharing.
+    // The server is not asked, as it does not offer sharing.
     CreateShadow(kRemote);
     CommitShadow(kRemote);
     EXPECT_EQ(OnServerSize("Shadow Key Data"), -1);

@@ -61,7 +61,7 @@ TEST(SharedKeys, AreThoseOfThePrinterAndOfTheMachine) {
 }
 
 TEST(SharedKeys, AreToldApartAsTheReaderOfTheTextDoes) {
-    // A value in front of all keys, a key inside of another one, and one behind a key left out.
+    // A value before all keys, a key inside another one, and one after a key that is left out.
     EXPECT_EQ(Renamed({"\"stray\"=\"1\"", "[" DRIVERS "\\A]", "\"a\"=hex:01,\\", "  02",
                        "[HKEY_USERS\\X]", "", "[HKEY_USERS\\X]", "\"x\"=\"\"", "",
                        "[-" DRIVERS "\\B]", "[" DRIVERS "\\C]", "\"c\"=\"\""}),

@@ -22,8 +22,8 @@ namespace {
 
 using WideText = std::basic_string<WCHAR>;
 
-// A printer whose driver has an English and a German library, and a list of dependent files that
-// names the German, the Japanese and the Russian one.
+// A printer whose driver has an English and a German library, and a list of dependent files with
+// the German, the Japanese and the Russian one.
 class LanguageLibraries : public PrinterTest {
 protected:
     void SetUp() override {
@@ -81,7 +81,7 @@ protected:
         ASSERT_TRUE(DeleteFileW((folder_ + "\\" + file).tstring())) << file;
     }
 
-    // The system's language by its abbreviation.
+    // Sets the system's language by its abbreviation.
     static void SetSystemLanguage(const WCHAR* abbreviation) {
         win32host::LocaleFacts facts;
         facts.abbreviation = abbreviation;
@@ -143,7 +143,7 @@ TEST_F(LanguageLibraries, RememberTheUsersChoice) {
     EXPECT_TRUE(locale.SetNewLanguage(nullptr, "deu"));
     locale.SetNewUnits(prtlocale::CENTIMETRES);
     EXPECT_EQ(locale.microns_to_string(12700), "1.27 cm"); // at once
-    EXPECT_EQ(locale.GetString(700), "English text");      // only when loaded again
+    EXPECT_EQ(locale.GetString(700), "English text");      // only after the next Load
     EXPECT_TRUE(locale.Save(*reg_));
 
     prtlocale later;

@@ -45,7 +45,7 @@ TEST(DataTable, SetsAndAppendsProperties) {
         {"Key=\nKey += A ", "Key", "A"},
         {"Key=A\nKey+=", "Key", "A,"},
         {"Key=A\nKey+=B+=C", "Key", "A,B+=C"},
-        {"Key=A+=B", "Key=A", "B"}, // an appending anywhere in the line comes first
+        {"Key=A+=B", "Key=A", "B"}, // an appending operator anywhere in the line takes precedence
         {"Key+=A\nKey=B", "Key", "B"},
         {"Key + = A", "Key +", "A"},
         {"Key=\xE4\xF6", "Key", "\xE4\xF6"}};

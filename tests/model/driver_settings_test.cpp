@@ -158,7 +158,7 @@ TEST_F(DriverSettingsTest, KeepTexts) {
     EXPECT_STREQ(settings.GetLogDir().nstring(), "C:\\Logs");
     EXPECT_TRUE(settings.GetLogFile() == OString(TEXT("\x20AC.log")));
 
-    // An empty text is no character: the default holds, however often it is asked for.
+    // An empty text is no character, so the default is used, however often it is read.
     prtreg("Dock3").SetString("Settings:Function Character", "");
     settings.Load(prtreg("Dock3"));
     EXPECT_EQ(settings.GetEscapeCharacter(), '^');
@@ -182,7 +182,7 @@ TEST_F(DriverSettingsTest, AreWrittenOnlyWhenTheyWereSet) {
     EXPECT_EQ(prtreg("Dock3").GetDWORD("Settings:Status/Query Interval", 0), 1000u);
     EXPECT_EQ(prtreg("Dock3").GetSize("Settings:Status/System Tray Icon"), -1);
 
-    // What was set stays marked, but not beyond the next Load.
+    // Settings that were changed stay marked, but not beyond the next Load.
     prtreg("Dock3").SetDWORD("Settings:Status/Query Interval", 7);
     settings.Save(prtreg("Dock3"));
     EXPECT_EQ(prtreg("Dock3").GetDWORD("Settings:Status/Query Interval", 0), 1000u);

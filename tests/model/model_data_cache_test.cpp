@@ -23,7 +23,7 @@ protected:
         cache.SetData(owner, "R", data.data(), static_cast<uint32_t>(data.size()));
     }
 
-    // "(none)" when GetData refuses.
+    // "(none)" if GetData refuses.
     std::string Get(const ModelDataOwner& owner, uint32_t size, const char* name = "R") {
         std::string data(size, '?');
         if (cache.GetData(owner, name, data.data(), size)) return data;
@@ -77,7 +77,7 @@ TEST_F(ModelDataCacheTest, HasOneOwnerForAPrinterAndNoneWithoutAStore) {
     EXPECT_EQ(Get(kOwner, 1), "(none)");
 }
 
-// Whatever the others do, a record is absent or whole.
+// Whatever the others do, a record is either absent or complete.
 TEST_F(ModelDataCacheThreads, NeverSeeHalfARecord) {
     constexpr uint32_t kSize = 180;
     std::vector<int> torn(4);

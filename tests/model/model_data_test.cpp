@@ -36,7 +36,7 @@ protected:
         Load();
     }
 
-    // What one line in a table makes of a field.
+    // The effect of one line in a table on a field.
     struct Case {
         std::string ModelTables::*table;
         const char* lines;

@@ -138,7 +138,7 @@ TEST_F(ModelRecords, AreKeptForEachPrinterUntilItsStampOrItsModelChanges) {
     EXPECT_EQ(cache.GetDataSize({"Dock 4", "Model 1(QV)", 5}, "ModelData"), 180u);
 }
 
-// As a printer that is deleted and added again, or is given another driver.
+// As with a printer that is deleted and added again, or gets another driver.
 TEST_F(ModelRecords, AreThoseOfTheDriverThatThePrinterHasNow) {
     Install({.model = "Resolution=203\n"});
     const auto old = Model();
@@ -154,7 +154,7 @@ TEST_F(ModelRecords, AreThoseOfTheDriverThatThePrinterHasNow) {
     ClosePrinter(printer);
     ASSERT_TRUE(AddPrinter("Dock 3", "Model 2"));
     EXPECT_EQ(Model()->GetXResolution(), 300);
-    // Who still has the old model goes on with it and leaves the new one's records alone.
+    // A user of the old model continues with it and leaves the new one's records alone.
     old->GetDriverInfo();
     EXPECT_STREQ(Model()->GetDriverInfo()->prefix, "new");
     EXPECT_STREQ(old->GetDriverInfo()->prefix, "zpl");

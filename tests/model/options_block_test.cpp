@@ -66,7 +66,7 @@ TEST(OptionsBlock, IsWrittenWithKeysRelativeToThePrintersData) {
         "[HKEY_LOCAL_MACHINE\\Other]\r\n"
         "\"path\"=\"HKEY_LOCAL_MACHINE\\\\Printers\\\\Dock 3\\\\Data\"\r\n"
         "</options>\r\n\r\n");
-    // Beyond ASCII the path counts more bytes than characters.
+    // Beyond ASCII the path has more bytes than characters.
     EXPECT_EQ(Written({"[HKEY\\P\xC3\xA4\xC3\xA4\\Settings]"}, "HKEY\\P\xC3\xA4\xC3\xA4"),
               "<options model='M 1'>\r\n[DATA:\\Settings]\r\n</options>\r\n\r\n");
     EXPECT_EQ(Written({"[HKEY\\Settings]"}, ""),

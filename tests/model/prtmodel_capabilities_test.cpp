@@ -15,7 +15,7 @@ class PrinterModelCapabilities : public ModelTest {
 protected:
     static const size_t ROOM = 4096;
 
-    // Asks with room that is filled with a pattern first.
+    // Asks with room that was filled with a pattern first.
     uint32_t Ask(uint16_t capability) {
         output_.assign(ROOM, 0xEE);
         return Model()->DeviceCapabilitiesW(capability, output_.data(), nullptr);
@@ -25,7 +25,7 @@ protected:
         return Model()->DeviceCapabilitiesW(capability, nullptr, nullptr);
     }
 
-    // The bytes that were written, if they are one run from the start.
+    // The number of bytes written, if they are one run from the start.
     size_t Written() const {
         size_t end = output_.size();
         while (end > 0 && output_[end - 1] == 0xEE) --end;

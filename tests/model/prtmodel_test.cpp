@@ -1,4 +1,4 @@
-// What the printer model answers and keeps.
+// The printer model's answers and stored data.
 
 #include "model/prtmodel.h"
 
@@ -149,7 +149,7 @@ TEST_F(PrinterModel, AddsAndRemovesFontGroupsAndKeepsTheList) {
     model->GetFontGroups(groups);
     EXPECT_EQ(Text(groups), "A,B,C");
 
-    // An empty list is kept as well.
+    // An empty list is stored as well.
     registry.Delete("Settings:Expansion Fonts", false);
     Replace({});
     Model()->FlushDataCache();

@@ -44,7 +44,7 @@ protected:
         return model_->GetCapabilitiesData()->symbologies[number];
     }
 
-    // A supported symbology with these lines, which semicolons divide.
+    // A supported symbology with these lines, which are separated by semicolons.
     static std::string Lines(int number, const std::string& lines) {
         const std::string name = SymbologyInfo(number).GetName().nstring();
         std::string text = name + "=yes\n" + (lines.empty() ? "" : name + ".");

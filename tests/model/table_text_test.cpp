@@ -61,7 +61,7 @@ TEST(TableText, FindsEachOfManySectionsWhateverTheirOrder) {
         const std::string name = "S" + std::to_string(i);
         EXPECT_EQ(Section(table, name.c_str()), name + "|d|");
     }
-    // Names that would stand directly in front of and behind the default section.
+    // Names that would sort directly before and after the default section.
     EXPECT_EQ(Section(table, ".defaul"), "d|");
     EXPECT_EQ(Section(table, ".default^"), "d|");
 }

@@ -15,7 +15,7 @@ class PortInventory : public ModelTest {
 protected:
     ~PortInventory() override { win32host::ResetControl(); }
 
-    // The ports of the machine besides "FILE:", in this order.
+    // Adds the ports of the machine besides "FILE:", in this order.
     static void AddPorts(const std::vector<std::pair<const char*, const char*>>& ports) {
         ORegistry registry;
         for (const auto& [name, setup] : ports)
@@ -109,7 +109,7 @@ TEST_F(PortInventory, TellsHowPortsAreSetUp) {
             told += " " + Text(OString(port.tcpip.address)) + " " + std::to_string(port.tcpip.port);
         told += "\n";
     }
-    // LPT2 is in no inventory of devices.
+    // LPT2 is not in the inventory of devices.
     EXPECT_EQ(told, "COM1/Local Monitor: 19200 7 2 2 1\nCOM2/Local Monitor: 9600 8 0 0 0\n"
                     "COM3/Local Monitor: 300 8 1 0 2\nLPT1/Local Monitor: 1\n"
                     "LPT3/Local Monitor: 2\n"

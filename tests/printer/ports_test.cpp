@@ -1,4 +1,4 @@
-// What the module makes of the status monitor's answers about the printer's port.
+// The module's use of the status monitor's answers about the printer's port.
 #include "printer/prtstream.h"
 #include "support/monitor_test.h"
 

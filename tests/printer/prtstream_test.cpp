@@ -1,4 +1,4 @@
-// The output stream, from what is written to the jobs that wait in the spooler.
+// The output stream, from writing to the jobs waiting in the spooler.
 #include "printer/prtstream.h"
 
 #include <algorithm>
@@ -10,7 +10,7 @@ namespace {
 
 using Jobs = std::vector<PrintedJob>;
 
-// A stream that notes the packets which leave it.
+// A stream that notes the packets leaving it.
 class NotingStream : public prtstream {
 public:
     std::vector<int> packets;
@@ -206,7 +206,7 @@ TEST_F(OutputStream, DownloadsFonts) {
                                            "^XA^IDE:ARIAL.FNT^FS^XZ\r\n"}}));
 }
 
-// What a broken or hostile program could send.
+// Data that a broken or hostile program could send.
 TEST_F(OutputStream, RefusesEscapesThatAreShorterThanTheySay) {
     const auto escape = [&](int code, const std::string& input) {
         return static_cast<int32_t>(

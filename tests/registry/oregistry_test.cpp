@@ -235,7 +235,7 @@ TEST_F(RegistryValues, LeaveABufferAloneWhenTheyDoNotFit) {
     EXPECT_EQ(registry.GetBinary("USER:B", buffer.data(), 3), -1);
     EXPECT_EQ(registry.GetBinary("USER:None", buffer.data(), 999), -1);
     EXPECT_EQ(buffer, std::string(999, '-'));
-    // The claim of a huge buffer costs nothing.
+    // Claiming a huge buffer costs nothing.
     buffer.assign(1000, '-');
     EXPECT_EQ(registry.GetBinary("USER:B", buffer.data(), 0xFFFFFFFF), 1000);
     EXPECT_EQ(buffer, stored);
@@ -373,7 +373,7 @@ TEST_F(RegistryDeletion, ByPatternTakesMatchingKeysAndValues) {
 }
 
 TEST_F(RegistryDeletion, ByPatternKeepsTheKeyOfADefaultValue) {
-    // A value without a name: what a text file writes as "".
+    // A value without a name, which a text file writes as "".
     OStringArray lines;
     lines.Add("[HKEY_CURRENT_USER\\Top\\Key]");
     lines.Add("\"\"=\"default\"");

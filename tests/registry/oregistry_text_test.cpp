@@ -48,7 +48,7 @@ const char Head[] = "[HKEY_CURRENT_USER\\T]";
 
 } // namespace
 
-// The names are made in the order in which a registry that sorts them lists them.
+// The names are in the order in which a sorting registry lists them.
 TEST_F(RegistryTextForm, ShowsEachTypeInItsOwnWay) {
     const unsigned char bytes[] = {0x01, 0xAB, 0xFF};
     OStringArray list;
@@ -94,7 +94,7 @@ TEST_F(RegistryTextForm, WrapsLongValuesAndReadsThemBack) {
         registry.SetBinary("1:T/value", bytes.data(), size);
         const Lines lines = Export("1:T");
         for (size_t i = 1; i + 2 < lines.size(); ++i) {
-            // The first byte behind 76 characters begins the next line.
+            // The first byte after 76 characters begins the next line.
             EXPECT_GT(lines[i].size(), 77u);
             EXPECT_LE(lines[i].size(), 80u);
             EXPECT_EQ(lines[i].substr(lines[i].size() - 2), ",\\");
@@ -118,7 +118,7 @@ TEST_F(RegistryTextForm, BringsBackEveryNameAndString) {
     Lines text = {Head};
     int index = 0;
     for (const char* name : texts) {
-        // Written as a name of its own, whatever it holds.
+        // Written under a name of its own, whatever it contains.
         OStringArray lines;
         RegistryLineArray array(lines);
         RegistryTextWriter(array).WriteValue(FromUtf8(name).wstring(), REG_DWORD,

@@ -53,7 +53,7 @@ TEST_F(RegistryTransaction, IsUndoneByWhatFailsInItAndWritesNoMore) {
     undone_by([&] { const ORegistryTransaction inner(registry); });
     EXPECT_EQ(Stored("LOCAL:T/new"), -1);
     EXPECT_EQ(Stored("LOCAL:T/old"), 1);
-    // What is not there is no failure.
+    // A missing value is not a failure.
     ORegistryTransaction changes(registry);
     registry.GetString("LOCAL:None/none", "");
     registry.Delete("LOCAL:T/none", true);

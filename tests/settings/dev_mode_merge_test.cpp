@@ -8,7 +8,7 @@ namespace {
 
 class DevModeMerge : public DevModeTest {
 protected:
-    // What the printer's default becomes when it is merged with a source.
+    // The printer's default after merging a source into it.
     struct Merged {
         explicit Merged(const DEVMODEW* source) {
             const auto model = Model();

@@ -63,7 +63,7 @@ protected:
         return "<preset>\r\nName=" + name + "\r\nDescription=of " + name +
                "\r\nData=" + Encoded(record.data(), record.size()) + "\r\n</preset>\r\n\r\n";
     }
-    // A record of a DEVMODE, which is cut to `cut` bytes less than it tells.
+    // A record of a DEVMODE, with `cut` bytes less than it claims.
     static std::string Record(const void* dev_mode, size_t size, const char* signature = "DM32",
                               size_t cut = 0) {
         return signature + Bytes4(static_cast<uint32_t>(size)) +
@@ -159,7 +159,7 @@ TEST_F(Presets, ThatCannotBeReadAreSkipped) {
     EXPECT_EQ(Order(list_), "a") << "of two with one name the later is left";
     EXPECT_EQ(list_.GetNext(nullptr)->GetDevMode().GetOrientation(), 2);
 
-    // They stay stored; others, except those without settings, are stored around them.
+    // They stay stored. Others, except those without settings, are stored around them.
     Add("f");
     Add("g");
     list_.GetNext(nullptr)->SetDevMode(nullptr);
@@ -188,7 +188,7 @@ TEST_F(Presets, LeaveTheFingerprintOfTheirNameInTheirSettings) {
     copy.SetName("c");
     EXPECT_EQ(copy.GetDevModeSize(), 0);
 
-    // A file may have the name in front of the settings, which then keep the fingerprint they had.
+    // A file may have the name before the settings, which then keep their fingerprint.
     const std::string data = Exported().substr(Exported().find("Data="));
     Imported("<preset>\nName=front\n" + data + "<preset>\n" + data.substr(0, data.find('\n') + 1) +
              "Name=behind\n</preset>\n");
@@ -245,7 +245,7 @@ TEST_F(Presets, AreReadFromWhateverAFileHolds) {
     const DEVMODEA mode = Mode16();
     const std::string record16 = Record(&mode, sizeof mode, "DM16");
     std::string older = Landscape();
-    older[4] = older[5] = '\xFF'; // the record's own size does not count
+    older[4] = older[5] = '\xFF'; // the record's own size is ignored
     const struct {
         const char* what;
         std::string text;

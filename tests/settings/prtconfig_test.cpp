@@ -1,4 +1,4 @@
-// The framework's view of the driver configuration, and how it is found in DEVMODEs of all kinds.
+// The framework's view of the driver configuration, and finding it in DEVMODEs of all kinds.
 #include "settings/prtconfig.h"
 
 #include <cstring>
@@ -9,7 +9,7 @@
 
 namespace {
 
-// A block in the length of today, with settings that no two bytes share.
+// A block of the current length, with settings in which no two bytes are equal.
 struct Block {
     std::vector<char> bytes = std::vector<char>(1116);
     Block() {
@@ -20,7 +20,7 @@ struct Block {
     prtconfig* operator->() { return &**this; }
 };
 
-// A DEVMODE of exactly its own size, so that a read behind it is noticed.
+// A DEVMODE of exactly its own size, so that reading past its end is noticed.
 struct Record {
     std::vector<char> bytes;
 
@@ -38,7 +38,7 @@ struct Record {
         std::memcpy(End() - 2, &size, 2);
         return *this;
     }
-    // How far in front of the end the configuration begins; 0 when there is none.
+    // How far before the end the configuration begins, or 0 if there is none.
     int64_t Found() {
         const prtconfig* config = prtconfig::get_cfg(&dev_mode());
         return config ? End() - reinterpret_cast<const char*>(config) : 0;

@@ -19,7 +19,7 @@ SCOLOR WithHeads(uint32_t heads, uint32_t mode) {
     return record;
 }
 
-// A printer whose model data is what the test puts into the record cache.
+// A printer whose model data is put into the record cache by the test.
 class SpotColorOfPrinter : public PrinterTest {
 protected:
     SpotColorOfPrinter() {

@@ -1,4 +1,4 @@
-// A printer's stocks: order, storage, exchange and what the system sees of them.
+// A printer's stocks: order, storage, exchange and the system's view of them.
 #include "settings/stock_list.h"
 
 #include <iterator>

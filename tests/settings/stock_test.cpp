@@ -1,4 +1,4 @@
-// One stock: its record, and where a page lies on it.
+// One stock: its record, and the position of a page on it.
 #include "settings/stock.h"
 
 #include <cstring>
@@ -78,8 +78,8 @@ TEST_F(StockOfModel, IsNoLongerThanTheModelPrintsAndNoWiderThanItsLiner) {
 }
 
 TEST_F(StockOfModel, PlacesThePageByTrackingAndTurn) {
-    // A label of 100 mm on a liner that stands out by 2 and 3 mm, at 203 dots per inch across and
-    // 406 along; the head does not reach 1 mm.
+    // A label of 100 mm on a liner that extends by 2 and 3 mm, at 203 dots per inch across and 406
+    // along. The head does not reach 1 mm.
     const struct {
         const char* tracking;
         int natural;

@@ -22,7 +22,7 @@ std::string NameOf(const SpoolerQuestion& question) {
     return std::string(question.function) + " " + std::to_string(question.level);
 }
 
-// A DEVMODE with names, every public member set and private bytes behind it.
+// A DEVMODE with names, every public member set and private bytes after it.
 struct NamedDevMode {
     DEVMODEW public_part = {};
     unsigned char private_part[16] = {};
@@ -53,7 +53,7 @@ protected:
                                &dev_mode.public_part));
     }
 
-    // Refuses the questions that contain one of `parts`, and keeps all in `asked`.
+    // Refuses the questions that contain one of `parts`, and records all in `asked`.
     void Refuse(const std::vector<std::string_view>& parts,
                 DWORD code = ERROR_CALL_NOT_IMPLEMENTED) {
         asked.clear();
@@ -167,7 +167,7 @@ TEST_F(SpoolerAnswers, AreAskedForOnceEvenWhenThereAreNone) {
 
 TEST_F(SpoolerAnswers, WithABrokenDevModeHaveNone) {
     Install();
-    // Where the DEVMODE is said to begin, and its sizes.
+    // The claimed start of the DEVMODE, and its sizes.
     struct Claim {
         BYTE* start;
         BYTE* const end; // of the buffer

@@ -9,7 +9,7 @@
 
 namespace {
 
-// A DEVMODE with private bytes behind it.
+// A DEVMODE followed by private bytes.
 struct TestDevMode {
     DEVMODEW public_part = {};
     unsigned char private_part[16] = {};
@@ -145,7 +145,7 @@ TEST_F(PrinterInformation, AnswersTheDevModeThatItHasSet) {
 
 TEST_F(PrinterInformation, IsReadWhateverItsLength) {
     SkipUnderWine("the spooler writes into the DEVMODEs that it keeps");
-    // Longer than the room that the spooler is offered first.
+    // Longer than the room that the spooler gets first.
     constexpr WORD Extra = 20000;
     std::vector<unsigned char> bytes(sizeof(DEVMODEW) + Extra, 0x5A);
     DEVMODEW head = {};

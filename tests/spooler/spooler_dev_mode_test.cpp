@@ -11,8 +11,8 @@ namespace {
 
 using Bytes = std::vector<unsigned char>;
 
-// An ANSI DEVMODE of exactly these sizes. Every public byte behind the sizes tells its position,
-// except in the names, which fill their room.
+// An ANSI DEVMODE of exactly these sizes. Every public byte after the sizes has the value of its
+// position, except in the names, which fill their room.
 Bytes AnsiDevMode(WORD public_part, WORD private_part) {
     Bytes bytes(size_t{public_part} + private_part, 0xEE);
     for (size_t i = 0; i < public_part; ++i) {

@@ -50,7 +50,7 @@ protected:
     // Its key map.
     static prtreg Registry();
 
-    // Whose records the cache has after it was made.
+    // The owner of the records in the cache after a model was made.
     static ModelDataOwner Records();
 
     // The text of a settings file that `write(file)` writes.
@@ -62,7 +62,7 @@ protected:
         file.Close();
         return BytesOf(OnDriveC("out.kds"));
     }
-    // What `read(file)` answers for a file of these bytes.
+    // The result of `read(file)` for a file of these bytes.
     template <class Read>
     int Taken(const std::string& bytes, Read read, const std::string& name = "in.kds") const {
         WriteFile(name, bytes);
@@ -77,7 +77,7 @@ private:
 
 // The 8-bit text of a string, for comparison.
 std::string Text(const OString& text);
-// What `describe(node)` says of every node of a list, with blanks between.
+// The results of `describe(node)` for all nodes of a list, separated by blanks.
 template <class List, class Describe>
 std::string Joined(const List& list, Describe describe) {
     std::string all;
@@ -89,5 +89,5 @@ std::string Joined(const List& list, Describe describe) {
 inline std::string Bytes4(uint32_t number) {
     return std::string(reinterpret_cast<const char*>(&number), sizeof number);
 }
-// The strings of an array with commas between them.
+// The strings of an array, separated by commas.
 std::string Text(const OStringArray& texts);

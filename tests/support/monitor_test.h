@@ -6,7 +6,7 @@
 
 #include "support/job_test.h"
 
-// Each request has the time in its name, which stands still here: so the answers can be stored.
+// Each request has the time in its name. It stands still here, so that answers can be stored.
 class MonitorTest : public JobTest {
 protected:
     MonitorTest() { win32host::SetTickCount(77); }
@@ -15,7 +15,7 @@ protected:
         win32host::ResetControl();
     }
 
-    // What is answered when printer data of that name are asked for next.
+    // Sets the next answer to a request for printer data of that name.
     void AnswerTo(const std::string& name, std::string bytes) {
         const OString wide = name.c_str();
         ASSERT_EQ(SetPrinterDataW(printer(), const_cast<WCHAR*>(wide.wstring()), REG_BINARY,

@@ -1,5 +1,5 @@
-// Threads and processes at once in one root. What is left is what some order of their operations
-// leaves.
+// Threads and processes at once in one root. The final state must be that of some order of their
+// operations.
 
 #include <winspool.h>
 
@@ -21,7 +21,7 @@ constexpr int kThreads = 8;
 constexpr int kProcesses = 4;
 constexpr int kWorkers = kThreads + kProcesses;
 
-// Its name brings it into the tests under ThreadSanitizer.
+// Its name includes it in the tests under ThreadSanitizer.
 class ConcurrencyThreads : public StagedDriverTest {
 protected:
     void InstallAll() {
@@ -40,7 +40,7 @@ protected:
         return RunProgram("torture_worker", {root(), number, rounds});
     }
 
-    // The names of the jobs that wait on a printer.
+    // The names of the jobs waiting on a printer.
     static std::multiset<std::string> Jobs(const std::string& printer) {
         const OpenPrinter opened(OString(printer.c_str()), PRINTER_ALL_ACCESS);
         std::vector<BYTE> buffer(65536);
@@ -83,7 +83,7 @@ TEST_F(ConcurrencyThreads, AndProcessesWorkInOneRoot) {
     for (int i = 0; i < TortureWorker::kSharedPrinters; ++i)
         EXPECT_EQ(Jobs(TortureWorker::SharedPrinter(i)), expected[i]);
 
-    // Whoever saved last had imported his last set, and of all others some earlier one.
+    // The last one to save had imported his last set, and some earlier set of all others.
     std::vector<std::string> torn;
     int last = 0;
     for (const auto& [worker, round] : TortureWorker::StoredSets("Dock 0", torn)) {

@@ -20,8 +20,7 @@ namespace fs = std::filesystem;
 
 namespace {
 
-// A copy with registry, spool and drive C of its own. Modules are links: a copy would be another
-// module.
+// Copies registry, spool and drive C. Modules are links, as a copy would be another module.
 void CopyRoot(const fs::path& from, const fs::path& to) {
     fs::create_directories(to);
     for (const fs::directory_entry& entry : fs::directory_iterator(from)) {
@@ -110,7 +109,7 @@ std::vector<std::string> FaultTest::OnCopy(const std::function<std::vector<std::
     const std::string copy = root() + ".copy";
     CopyRoot(root(), copy);
     EnterRoot(copy);
-    // What a run without memory may have left in them.
+    // A run without memory may have left something in them.
     OResourceCache::Free();
     OResourceCache::Initialize();
     ModelDataCache::Free();

@@ -1,4 +1,4 @@
-// The fixture of the tests in which something fails at every point of an operation.
+// The fixture of tests in which something fails at every point of an operation.
 #pragma once
 
 #include <windows.h>
@@ -13,7 +13,7 @@
 
 #include "support/job_test.h"
 
-// What fails in a run.
+// The faults of a run.
 struct FaultKindOfRun {
     const char* what;
     DWORD kinds; // of win32host; 0: allocations
@@ -21,7 +21,7 @@ struct FaultKindOfRun {
     bool from_then = false;
 };
 
-// Every registry fault, once and for good, and want of memory.
+// Every registry fault, once and permanently, and lack of memory.
 inline constexpr FaultKindOfRun kStoreFaults[] = {
     {"a registry operation fails", win32host::FAULT_REGISTRY},
     {"the registry cannot be changed any more", win32host::FAULT_REGISTRY_CHANGES, false, true},
@@ -35,27 +35,27 @@ protected:
     // The printer "Dock 3", for bar codes and 203 dpi.
     void InstallPrinter();
 
-    // Does `work` once without a fault, on a copy of the root folder as it is now, and then with
-    // the first, the second, ... point of each kind failing, until the kind has no point left or,
-    // when there are more than `points` for a run, at as many points evenly spread. Each time
-    // `state` tells what is there afterwards, in parts: every part must be as it was before or as
-    // the undisturbed work leaves it, and no handle may be open that was not open before.
+    // Does `work` once without a fault, on a copy of the current root folder, and then with the
+    // first, the second, ... point of each kind failing. It goes on until the kind has no point
+    // left or, if there are more than `points` for a run, takes that many points evenly spread.
+    // Each time `state` returns the state afterwards, in parts. Every part must be as before or as
+    // the undisturbed work leaves it, and no additional handle may be open.
     void AtEveryPoint(std::span<const FaultKindOfRun> faults, const std::function<void()>& work,
                       const std::function<std::vector<std::string>()>& state);
 
     // The stored lists and settings of the printer, one text each.
     static std::vector<std::string> StoredSettings();
 
-    // The names and bytes of the files in a folder of drive C, one text.
+    // The names and bytes of the files in a folder of drive C, as one text.
     std::vector<std::string> FilesIn(const std::string& folder) const;
 
-    // The bytes of the jobs that wait in the spooler, one text. A document that is not ended is no
-    // job.
+    // The bytes of the jobs waiting in the spooler, as one text. A document that was not ended is
+    // not a job.
     static std::vector<std::string> SpooledJobs();
 
     static HANDLE OpenDock3(ACCESS_MASK access = PRINTER_ALL_ACCESS);
 
-    // Runs `work` on a copy of the root folder, then goes back. Answers its result.
+    // Runs `work` on a copy of the root folder, then goes back. Returns its result.
     std::vector<std::string> OnCopy(const std::function<std::vector<std::string>()>& work);
 
 private:

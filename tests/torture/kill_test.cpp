@@ -22,7 +22,7 @@ protected:
         ClosePrinter(printer);
     }
 
-    // What the saver leaves behind, and how it ended.
+    // The state that the saver leaves, and how it ended.
     struct Left {
         ProgramResult result;
         std::vector<std::string> settings;

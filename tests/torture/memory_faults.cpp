@@ -36,8 +36,8 @@ NoAllocationFaults::~NoAllocationFaults() {
     g_paused = false;
 }
 
-// The linker leads calls of NAME to __wrap_NAME, and __real_NAME to what it was.
-// Shared libraries of the program may meet the names: they must not be hidden.
+// The linker redirects calls of NAME to __wrap_NAME, and __real_NAME is the original. Shared
+// libraries of the program may use the names, so they must not be hidden.
 #pragma GCC visibility push(default)
 extern "C" {
 

@@ -4,12 +4,12 @@
 
 #include <cstdint>
 
-// The `point`-th allocation from now, from 1, fails, and with `from_then` all behind it. 0 ends it.
-// How many there were meanwhile is AllocationCount. Not for several threads.
+// Makes the `point`-th allocation from now, from 1, fail, and with `from_then` all after it. 0
+// stops it. AllocationCount is the number of allocations since then. Not for several threads.
 void FailAllocation(uint32_t point, bool from_then = false);
 uint32_t AllocationCount();
 
-// While there is one, no allocation fails and none counts: for what a test does itself.
+// While one exists, no allocation fails or counts: for the test's own work.
 class NoAllocationFaults {
 public:
     NoAllocationFaults();

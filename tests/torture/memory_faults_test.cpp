@@ -1,5 +1,5 @@
-// Small operations while memory is short at each of their allocations: what was there before is
-// there afterwards, or what is new is whole.
+// Small operations while memory is short at each of their allocations: either the old data remains,
+// or the new data is complete.
 #include "torture/memory_faults.h"
 
 #include "core/memory.h"
@@ -14,8 +14,8 @@
 
 namespace {
 
-// Does `work` with one allocation after the other failing, and with all from there on. `check` is
-// done after each run, when there is memory again, and told whether work noticed.
+// Does `work` with one allocation after the other failing, and with all from there on. `check` runs
+// after each of these, when there is memory again, and is told whether the work noticed.
 template <class Prepare, class Work, class Check>
 void AtEveryAllocation(Prepare prepare, Work work, Check check) {
     for (const bool from_then : {false, true}) {

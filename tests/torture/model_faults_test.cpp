@@ -1,4 +1,4 @@
-// Printer models that are made while the registry cannot be read or memory is short.
+// Printer models that are built while the registry cannot be read or memory is short.
 #include <memory>
 #include <utility>
 
@@ -13,7 +13,7 @@ namespace {
 
 class ModelFaults : public FaultTest {
 protected:
-    // What the model that is made now knows of the registry and of the model data file.
+    // The facts that a model built now gets from the registry and from the model data file.
     static std::pair<int32_t, int> Facts() {
         const std::unique_ptr<prtmodel> model(prtmodel::new_ext(PrinterInfo("Dock 3")));
         if (!model) return {};

@@ -8,7 +8,7 @@
 #include "fonts/data_font_bar_code.h"
 #include "ui/prtui.h"
 
-// Gives every list the entries of a version; those that it shares with the other one differ.
+// Gives every list the entries of a version. Those that both versions have differ.
 inline void MakeLists(prtui& ui, int version) {
     const auto name = [](const char* kind, int i) {
         char text[32];

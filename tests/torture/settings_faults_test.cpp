@@ -1,4 +1,4 @@
-// Settings whose storing, exporting and importing fails somewhere.
+// Settings whose storing, exporting or importing fails somewhere.
 #include "torture/fault_test.h"
 #include "torture/memory_faults.h"
 #include "torture/sample_lists.h"
@@ -76,7 +76,7 @@ TEST_F(SettingsFaults, StoreAllOfAnImportedFileOrNothing) {
         DAL_Settings_Export(settings, TEXT("C:\\files\\in.kds"), 0x00F);
         DAL_Settings_Load(settings);
     });
-    // A second load leaves the stocks as they were made: the printer is opened anew for each run.
+    // A second load would leave the stocks as they are, so the printer is opened for each run.
     const auto work = [] {
         WithSettings([](HANDLE settings) {
             DAL_Settings_Import(settings, TEXT("C:\\files\\in.kds"), 0x00F);

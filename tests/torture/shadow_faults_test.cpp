@@ -32,7 +32,7 @@ protected:
                       fs::copy_options::overwrite_existing);
     }
 
-    // The shared keys in the user's copy and on the server: each is all or nothing by itself.
+    // The shared keys in the user's copy and on the server. Each is all or nothing on its own.
     static std::vector<std::string> Both() {
         std::vector<std::string> parts;
         AddKeys("\\\\SRV1\\Dock3", parts);

@@ -24,7 +24,7 @@ constexpr FaultKindOfRun kFaults[] = {
     {"a registry operation fails", FAULT_REGISTRY},
 };
 
-// A printer in the network that takes every connection to its end.
+// A printer on the network that takes every connection to its end.
 class Listener {
 public:
     Listener()
@@ -78,7 +78,7 @@ protected:
         ClosePrinter(opened);
     }
 
-    // 20,000 bytes, which are several packets, in a job.
+    // Prints 20,000 bytes, which are several packets, in a job.
     static void Print() {
         struct Printer : UIPrinter {
         } printer;

@@ -77,7 +77,7 @@ private:
     std::string path_;
 };
 
-// How many stocks of each worker's set are in a list, and the widths of those that are known.
+// The number of stocks of each worker's set in a list, and the widths of the known ones.
 using Sets = std::map<int, std::vector<int>>;
 
 void TakeName(Sets& sets, const std::string& name, int width) {
@@ -102,7 +102,7 @@ Sets SetsInFile(const std::string& text) {
     return sets;
 }
 
-// What is wrong with a list that was read, nothing for one that somebody has saved.
+// The faults of a list that was read. Empty for one that somebody has saved.
 std::string TornSets(const Sets& sets) {
     for (const auto& [worker, widths] : sets) {
         bool whole = widths.size() == kStocks;
@@ -238,7 +238,7 @@ void TortureWorker::Print(const std::string& printer, int round, bool keep) {
         Fault("job " + std::to_string(job) + " cannot be deleted");
 }
 
-// The jobs of the own printer are this worker's alone.
+// The jobs of its own printer are only this worker's.
 void TortureWorker::RunAction() {
     const std::string printer = OwnPrinter(number_);
     {

@@ -1,9 +1,9 @@
-// What threads and processes do at once in one root, and what none of them may find.
+// The work of threads and processes at once in one root, and the faults that none of them may find.
 //
-// All work on the shared printers "Dock 0" to "Dock 2"; each has a printer of its own besides. A
-// worker's round imports a set of stocks, which all printers share. They carry the round in their
-// width, so a list that is not one that somebody has saved is recognised: it has a part of a set,
-// or parts of two.
+// All work on the shared printers "Dock 0" to "Dock 2", and each has a printer of its own. A
+// worker's round imports a set of stocks, which all printers share. The stocks have the round in
+// their width, so a list that nobody has saved is recognised: it has a part of a set, or parts of
+// two.
 #pragma once
 
 #include <map>
@@ -16,7 +16,7 @@ class TortureWorker {
 public:
     static constexpr int kSharedPrinters = 3;
 
-    // The model of all printers, which the worker's files are made for.
+    // The model of all printers, for which the worker's files are made.
     static ModelTables Tables();
 
     static std::string SharedPrinter(int number) { return "Dock " + std::to_string(number); }
@@ -25,12 +25,11 @@ public:
     static int PrinterOf(int worker, int round) { return (worker + round) % kSharedPrinters; }
     static std::string DocumentOf(int worker, int round);
 
-    // The round of each worker's set in the stored stocks. What is wrong with them goes to
-    // `faults`.
+    // The round of each worker's set in the stored stocks. Their faults are added to `faults`.
     static std::map<int, int> StoredSets(const std::string& printer,
                                          std::vector<std::string>& faults);
 
-    // The host is the one of this process.
+    // The host is that of this process.
     explicit TortureWorker(int number)
         : number_(number) {}
 
@@ -41,7 +40,7 @@ public:
     // Imports options that change what the model can do.
     void ChangeOptions(const std::string& printer);
 
-    // What the worker has found that must not be.
+    // The faults that the worker has found.
     const std::vector<std::string>& faults() const { return faults_; }
 
 private:

@@ -1,4 +1,4 @@
-// The UI object beside the module as it is installed: version resource, capabilities.
+// The UI object beside the installed module: version resource, capabilities.
 #include "ui/version_info.h"
 
 #include <filesystem>

@@ -204,7 +204,7 @@ TEST_F(SettingsFiles, OfOtherKindsAreReadWhenTheirKindIsAskedFor) {
         {"three bytes", "<dr", 0x10F, "0 0 0 0 0"},
     };
     for (const auto& c : cases) EXPECT_EQ(Imported(c.bytes, c.flags), c.result) << c.what;
-    // One preset alone is named as its file.
+    // A single preset is named after its file.
     EXPECT_EQ(Lists_(), "USER Tag|settings|Bars ");
 }
 
@@ -219,6 +219,6 @@ TEST_F(SettingsFiles, OfAnyLengthWithAnyLineEndsAreRead) {
     stocks_.Clear();
     EXPECT_EQ(Imported(text, SETTINGS_STOCKS), "2 0 0 0 0");
     EXPECT_EQ(Lists_(), "Tag||");
-    // Only the first bytes say what a file is.
+    // Only the first bytes decide what a file is.
     EXPECT_EQ(Imported("\xEF\xBB\xBF" + text, SETTINGS_STOCKS), "0 0 0 0 0");
 }

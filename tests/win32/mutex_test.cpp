@@ -7,7 +7,7 @@ namespace {
 
 using Mutexes = HostTest;
 
-// What another thread gets, which does not wait.
+// The result for another thread, which does not wait.
 DWORD Elsewhere(const WCHAR* name) {
     DWORD answer = WAIT_FAILED;
     std::thread([&] {

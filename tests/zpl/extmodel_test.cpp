@@ -1,4 +1,4 @@
-// What a ZPL II printer knows beyond the printer model.
+// The facts that a ZPL II printer adds to the printer model.
 
 #include "zpl/extmodel.h"
 

@@ -10,7 +10,7 @@ namespace {
 
 class ZplStream : public JobTest {
 protected:
-    // What `write` sends to the installed printer.
+    // The output of `write` to the installed printer.
     std::string Sent(const std::function<void(extstream&)>& write) {
         const auto ui = OpenUI();
         auto& stream = static_cast<extstream&>(*ui->stream);

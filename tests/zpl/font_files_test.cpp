@@ -1,4 +1,4 @@
-// Downloaded fonts in a ZPL II printer: letters, memories, and what the printer says it has.
+// Downloaded fonts in a ZPL II printer: letters, memories, and the printer's list.
 #include "zpl/font_files.h"
 
 #include "fonts/font_settings.h"

@@ -1,4 +1,4 @@
-// The answers of printers as they come over the wire, and what becomes of them.
+// The answers of printers as they come over the wire, and their reading.
 
 #include "zpl/host_lists.h"
 #include "zpl/host_status.h"
@@ -13,7 +13,7 @@ namespace {
 
 using Reader = void (*)(const char*, uint32_t, OPropertySet&);
 
-// What `read` makes of an answer: "value;" for each of the names, which commas part.
+// The result of `read` for an answer: "value;" for each of the comma-separated names.
 std::string Read(Reader read, const std::string& answer, const char* names) {
     OPropertySet properties;
     read(answer.data(), static_cast<uint32_t>(answer.size()), properties);
@@ -123,7 +123,7 @@ TEST(HostStatus, NamesEveryFieldAndSetsSomeOnlyInOneState) {
          "Die Cut;Off;Off;Direct Thermal;Closed;No;-;-;;-;;0;"},
         {third, Status(kFirst, kSecond, "1234,1"), "1234;Installed;"},
         {third, Status(kFirst, kSecond, "1234,0,x"), "1234;Not Installed;"},
-        // Each text counts for itself, but all three must be there.
+        // Each text counts on its own, but all three must be there.
         {third, Status("0,0", "0,0", kThird), "0000;Not Installed;"},
         {third, Status(kFirst, kSecond, "1234"), "-;-;"},
         {first, Status("0,0,0,0,0,0,0,0,0,0,0", kSecond, kThird), "-;-;-;-;-;-;-;-;-;"},

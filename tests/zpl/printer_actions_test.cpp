@@ -48,7 +48,7 @@ protected:
         ui_->PrinterAction(nullptr, static_cast<printer_action>(action));
         return TakeJobs();
     }
-    // What the feed action sends of the configuration.
+    // The configuration as the feed action sends it.
     std::string Block() {
         const Jobs jobs = Run(ACTION_FEED);
         const std::string head = "^XA\r\n", tail = "^XZ\r\n~PH";

@@ -1,4 +1,4 @@
-// Queries as the stream writes them, and where the answers are read.
+// Queries as the stream writes them, and reading their answers.
 
 #include "zpl/zpl_query.h"
 
@@ -29,7 +29,7 @@ protected:
         ui_.model = Model();
         stream_.init(&ui_);
     }
-    // The next question can be asked.
+    // Allows the next question.
     void OpenPort() {
         AnswerPort("type", "TCP/IP");
         AnswerPort("bidirectional", "1");

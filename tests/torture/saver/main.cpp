@@ -2,9 +2,9 @@
 //
 // usage: torture_saver ROOT KIND POINT
 //
-// KIND "layer": the POINT-th change of the registry kills it, before it is made. KIND "disk": the
-// POINT-th write to the registry's files, after half of its bytes. Without being killed, as at
-// point 0, it prints how many points there were.
+// KIND "layer": the POINT-th change of the registry kills it, before the change is made. KIND
+// "disk": the POINT-th write to the registry's files kills it, after half of its bytes. If it is
+// not killed, as with point 0, it prints the number of points.
 #include <win32host/control.h>
 #include <win32host/fault_control.h>
 

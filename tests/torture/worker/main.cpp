@@ -1,5 +1,5 @@
-// A worker in a process of its own: torture_worker ROOT NUMBER ROUNDS. With "options" in place of
-// ROUNDS it changes the options of "Dock 1" once. Says what it has found that must not be.
+// A worker in a process of its own: torture_worker ROOT NUMBER ROUNDS. With "options" instead of
+// ROUNDS it changes the options of "Dock 1" once. Prints the faults that it has found.
 #include <win32host/control.h>
 
 #include <cstdio>

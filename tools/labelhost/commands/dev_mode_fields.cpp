@@ -75,14 +75,14 @@ constexpr Field kPublic[] = {
 };
 #undef PUBLIC
 
-// The configuration as it is stored.
+// The configuration as stored.
 #pragma pack(push, 1)
 struct Dither {
     int16_t algorithm, brightness, contrast, red, green, blue;
     int16_t dispersed_matrix, clustered_matrix, diffusion_kernel, sequence, flags, reserved;
 };
 struct Configuration {
-    char user[4][256]; // a checksum takes up the end of the last one
+    char user[4][256]; // the end of the last one may be a checksum
     uint16_t length, version, flags, reserved;
     int32_t option_length;
     Dither dither;
@@ -153,7 +153,7 @@ constexpr Field kConfiguration[] = {
 #undef SETTING
 #undef FIXED
 #undef DITHER
-constexpr size_t kLastCommandRoom = 251; // beyond which it takes up the checksum's place
+constexpr size_t kLastCommandRoom = 251; // a longer one takes the checksum's place
 
 std::string NarrowText(const BYTE* at, size_t size) {
     return std::string(at, std::find(at, at + size, BYTE{0}));
