@@ -30,8 +30,6 @@ private:
     bool installed_ = false;
 };
 
-using Numbers = std::vector<int32_t>;
-
 // 100 x 150 mm with 2 and 3 mm of liner, 1 and 0.5 mm of gap.
 Stock Label() {
     const StockRecord record = {100000, 150000, 2000, 3000, 1000, 500, StockRecord::GLOBAL};
