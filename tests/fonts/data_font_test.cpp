@@ -115,9 +115,9 @@ TEST(BarCodeFont, KeepsWhatTheUserSetThroughAChangeOfSymbology) {
             const DataFont_BarCode font = Changed(from, to);
             EXPECT_EQ(font.get_symbology(), to);
             const bool two = DataFont_BarCode::is_2D(to);
-            EXPECT_EQ(Numbers({font.GetType(), font.GetField(0), font.get_rotation(),
-                               font.get_mils(), font.get_hr()}),
-                      Numbers({two ? 2 : 1, two ? 72 : 96, 2, 20, 1}))
+            EXPECT_EQ(NumberList({font.GetType(), font.GetField(0), font.get_rotation(),
+                                  font.get_mils(), font.get_hr()}),
+                      NumberList({two ? 2 : 1, two ? 72 : 96, 2, 20, 1}))
                 << to;
         }
 }
@@ -262,7 +262,7 @@ TEST_F(DataFontSupport, OfRfidFontsIsTheModelsAndOthersAreBroughtInLine) {
         uint32_t format;
         int32_t block;
         bool supported;
-        Numbers then; // tag, format and block
+        NumberList then; // tag, format and block
         const char* mask_then;
     } cases[] = {
         {"fits", "EPC64,ISO15693", F::ISO_15693, 0, 100, true, {F::ISO_15693, 0, 100}, "m"},
@@ -285,7 +285,8 @@ TEST_F(DataFontSupport, OfRfidFontsIsTheModelsAndOthersAreBroughtInLine) {
         font.SetStartingBlock(c.block);
         EXPECT_EQ(font.IsSupported(model.get()), c.supported) << c.what;
         font.ValidateRFIDData(model.get());
-        EXPECT_EQ(Numbers({font.GetTagType(), font.GetFormat(), font.GetStartingBlock()}), c.then)
+        EXPECT_EQ(NumberList({font.GetTagType(), font.GetFormat(), font.GetStartingBlock()}),
+                  c.then)
             << c.what;
         EXPECT_EQ(Text(font.GetFormatMask()), c.mask_then) << c.what;
     }

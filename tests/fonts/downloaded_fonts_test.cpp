@@ -201,8 +201,8 @@ TEST_F(DownloadedFonts, TakeOverTheChoices) {
         EXPECT_EQ(Text(font.GetDisplayName() + "," + font.GetFileName() + "," +
                        font.info.identifier + "," + font.GetLocation()),
                   std::string("Arial Bold,") + c.chosen);
-        EXPECT_EQ(Numbers({font.subset, font.font.lfCharSet, font.point_size}),
-                  Numbers({c.stored_subset, c.charset, 120}));
+        EXPECT_EQ(NumberList({font.subset, font.font.lfCharSet, font.point_size}),
+                  NumberList({c.stored_subset, c.charset, 120}));
         EXPECT_EQ(font.IsCharacterDownloaded('A'), c.subset != 1915);
     }
 }

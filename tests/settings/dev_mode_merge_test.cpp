@@ -61,9 +61,9 @@ TEST_F(DevModeMerge, NamesThePaperAsTheSourceDoes) {
         mode.GetDevMode()->dmFormName[0] = '-';
         mode.Merge(source.dev_mode(), model.get());
         const DEVMODEW& raw = *mode.GetDevMode();
-        EXPECT_EQ(Numbers({raw.dmFields & PAPER_BITS, raw.dmPaperSize, raw.dmPaperLength,
-                           raw.dmPaperWidth}),
-                  Numbers({c.bits_then, c.paper_then, 777, 555}))
+        EXPECT_EQ(NumberList({raw.dmFields & PAPER_BITS, raw.dmPaperSize, raw.dmPaperLength,
+                              raw.dmPaperWidth}),
+                  NumberList({c.bits_then, c.paper_then, 777, 555}))
             << &c - cases;
         EXPECT_EQ(Text(OString(raw.dmFormName)), c.form_then) << &c - cases;
     }
@@ -77,7 +77,7 @@ TEST_F(DevModeMerge, TakesColourAndResolutionFromItsOwnPrinterOnly) {
         const char* device;
         DWORD fields;
         SHORT x, y;
-        Numbers merged; // x, y and colour
+        NumberList merged; // x, y and colour
     } cases[] = {
         {"its own", "Dock 3", all, 203, 406, {203, 406, 2}},
         {"another", "Dock 4", all, 203, 406, {203, 203, 1}},
@@ -94,7 +94,7 @@ TEST_F(DevModeMerge, TakesColourAndResolutionFromItsOwnPrinterOnly) {
         source->dmYResolution = c.y;
         source->dmColor = 2;
         Merged merged(source.dev_mode());
-        EXPECT_EQ(Numbers({merged->dmPrintQuality, merged->dmYResolution, merged->dmColor}),
+        EXPECT_EQ(NumberList({merged->dmPrintQuality, merged->dmYResolution, merged->dmColor}),
                   c.merged)
             << c.what;
         EXPECT_EQ(Text(OString(merged->dmDeviceName)), "Dock 3") << c.what;
@@ -136,9 +136,9 @@ TEST_F(DevModeMerge, IsBoundedByTheModel) {
 
 TEST_F(DevModeMerge, TakesFieldsThatBothPublicPartsHold) {
     Install(Tables());
-    const Numbers cases[] = {{220, 7, 3, 4}, {196, 7, 3, 4}, {192, 7, 3, 1}, {188, 7, 2, 1},
-                             {88, 7, 2, 1},  {86, 1, 2, 1},  {72, 1, 2, 1},  {0, 1, 2, 1}};
-    for (const Numbers& c : cases) { // size, copies, method and intent
+    const NumberList cases[] = {{220, 7, 3, 4}, {196, 7, 3, 4}, {192, 7, 3, 1}, {188, 7, 2, 1},
+                                {88, 7, 2, 1},  {86, 1, 2, 1},  {72, 1, 2, 1},  {0, 1, 2, 1}};
+    for (const NumberList& c : cases) { // size, copies, method and intent
         ForeignDevMode source(220, 0);
         source->dmFields = DM_COPIES | DM_ICMMETHOD | DM_ICMINTENT | DM_MEDIATYPE | DM_DITHERTYPE;
         source->dmCopies = 7;
@@ -150,8 +150,9 @@ TEST_F(DevModeMerge, TakesFieldsThatBothPublicPartsHold) {
         source.bytes.resize(c[0] < 72 ? 72 : static_cast<size_t>(c[0]));
         source.bytes.shrink_to_fit();
         Merged merged(source.dev_mode());
-        EXPECT_EQ(Numbers({c[0], merged->dmCopies, merged->dmICMMethod, merged->dmICMIntent}), c);
-        EXPECT_EQ(Numbers({merged->dmMediaType, merged->dmDitherType}), Numbers({1, 256}));
+        EXPECT_EQ(NumberList({c[0], merged->dmCopies, merged->dmICMMethod, merged->dmICMIntent}),
+                  c);
+        EXPECT_EQ(NumberList({merged->dmMediaType, merged->dmDitherType}), NumberList({1, 256}));
         EXPECT_EQ(merged->dmFields & DM_COLLATE, DWORD(DM_COLLATE)) << "stays set";
     }
 }
@@ -162,7 +163,7 @@ TEST_F(DevModeMerge, TakesHalftonesOfTheSameVersion) {
         const char* what;
         uint16_t extra, size, version;
         uint32_t signature;
-        Numbers after; // flags, contrast, size
+        NumberList after; // flags, contrast, size
     } cases[] = {
         {"all", 164, 164, 1, 0x4E54444D, {7, 7, 164}},
         {"another version", 164, 164, 2, 0x4E54444D, {2, 0, 164}},
@@ -185,7 +186,7 @@ TEST_F(DevModeMerge, TakesHalftonesOfTheSameVersion) {
         Merged merged(source.dev_mode());
         const COMMONPRIVATEDM* after = GetCommonPrivateDm(merged.mode.GetDevMode());
         ASSERT_NE(after, nullptr) << c.what;
-        EXPECT_EQ(Numbers({after->halftone.HTFlags, after->adjustment.caContrast, after->size}),
+        EXPECT_EQ(NumberList({after->halftone.HTFlags, after->adjustment.caContrast, after->size}),
                   c.after)
             << c.what;
         EXPECT_NE(merged.mode.GetConfiguration(), nullptr) << c.what;

@@ -94,8 +94,8 @@ TEST_F(DriverDevMode, LeavesColourManagementToSystemsThatHaveIt) {
         EXPECT_EQ(raw.dmFields, has ? 0x780FF1Fu : 0xFF1Fu) << folder;
         mode.SetICMIntent(3);
         mode.SetICMMethod(4);
-        EXPECT_EQ(Numbers({mode.GetICMIntent(), mode.GetICMMethod(), raw.dmICMIntent}),
-                  has ? Numbers({3, 4, 3}) : Numbers({1, 2, 0}));
+        EXPECT_EQ(NumberList({mode.GetICMIntent(), mode.GetICMMethod(), raw.dmICMIntent}),
+                  has ? NumberList({3, 4, 3}) : NumberList({1, 2, 0}));
     }
     winNT = nt;
     win2000 = w2000;
@@ -308,9 +308,9 @@ TEST_F(DriverDevMode, TakesOverTheSettingsOf16BitPrograms) {
         mode.SetNegative(false);
         mode.Convert(bytes.data());
         const DEVMODEW& raw = *mode.GetDevMode();
-        EXPECT_EQ(Numbers({raw.dmCollate, raw.dmBitsPerPel, raw.dmICMMethod, raw.dmPanningWidth,
-                           raw.dmFormName[0], raw.dmSize, mode.GetNegative()}),
-                  Numbers({c.collate, c.bits_per_pel, c.icm, 0, 0, 220, c.size >= 40}))
+        EXPECT_EQ(NumberList({raw.dmCollate, raw.dmBitsPerPel, raw.dmICMMethod, raw.dmPanningWidth,
+                              raw.dmFormName[0], raw.dmSize, mode.GetNegative()}),
+                  NumberList({c.collate, c.bits_per_pel, c.icm, 0, 0, 220, c.size >= 40}))
             << c.size;
         EXPECT_EQ(Text(OString(raw.dmDeviceName)), "Dock 3") << c.size;
     }

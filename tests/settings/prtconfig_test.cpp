@@ -193,8 +193,8 @@ TEST_F(FrameworkConfiguration, BeginsAndEndsWithWhatTheModelCanDo) {
         std::memset(block.bytes.data(), 0x5A, block.bytes.size());
         block->prtconfig::Reset(Model().get());
         EXPECT_EQ(std::string(block.bytes.data(), 1024), std::string(1024, '\0'));
-        EXPECT_EQ(Numbers({block->flags, block->option_length, block->dither.clustered_matrix}),
-                  Numbers({0, 6350, c.matrix}));
+        EXPECT_EQ(NumberList({block->flags, block->option_length, block->dither.clustered_matrix}),
+                  NumberList({0, 6350, c.matrix}));
         EXPECT_EQ(block.bytes[1060], 0x5A) << "the printer language's";
         block->flags = 0xFFFF;
         block->dither.algorithm = 9; // which becomes the last that there is

@@ -116,8 +116,8 @@ TEST_F(SpotColorOfPrinter, BeginsWithWhatTheModelCanDo) {
         std::memset(&record, 0xFF, sizeof(record));
         record.Init(Model(c.color).get());
         const SCOLOR expected = WithHeads(c.heads, c.mode);
-        EXPECT_EQ(Numbers({record.heads, record.mode, record.last_plane}),
-                  Numbers({c.heads, c.mode, expected.last_plane}));
+        EXPECT_EQ(NumberList({record.heads, record.mode, record.last_plane}),
+                  NumberList({c.heads, c.mode, expected.last_plane}));
         for (int i = 0; i < 4; ++i) EXPECT_EQ(record.GetColor(i), expected.GetColor(i)) << c.color;
     }
 }

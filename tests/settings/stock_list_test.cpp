@@ -335,10 +335,11 @@ TEST_F(Stocks, AreTheSystemsFormsWhenTheyAreValid) {
     uint16_t ids[2];
     POINT sizes[2];
     std::vector<WCHAR> names(128, 'x');
-    EXPECT_EQ(Numbers({list_.enum_paper_id(nullptr), list_.enum_paper_id(ids),
-                       list_.enum_paper_size(sizes), list_.enum_paper_name(names.data())}),
-              Numbers({2, 2, 2, 2}));
-    EXPECT_EQ(Numbers({ids[0], ids[1], sizes[0].x, sizes[1].y}), Numbers({256, 257, 1041, 250}));
+    EXPECT_EQ(NumberList({list_.enum_paper_id(nullptr), list_.enum_paper_id(ids),
+                          list_.enum_paper_size(sizes), list_.enum_paper_name(names.data())}),
+              NumberList({2, 2, 2, 2}));
+    EXPECT_EQ(NumberList({ids[0], ids[1], sizes[0].x, sizes[1].y}),
+              NumberList({256, 257, 1041, 250}));
     EXPECT_EQ(Text(OString(names.data())), "USER");
     EXPECT_EQ(Text(OString(names.data() + 64)), std::string(63, 'n'));
 }

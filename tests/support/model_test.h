@@ -83,7 +83,7 @@ std::string Joined(const List& list, Describe describe) {
     return all;
 }
 // Values to be compared all at once.
-using Numbers = std::vector<int64_t>;
+using NumberList = std::vector<int64_t>;
 // The bytes of a number, as files of old drivers have them.
 inline std::string Bytes4(uint32_t number) {
     return std::string(reinterpret_cast<const char*>(&number), sizeof number);
