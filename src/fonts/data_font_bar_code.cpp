@@ -242,36 +242,15 @@ constexpr int kQRMaskAuto = 9; // from here on the printer chooses
 // The option bit without which Data Matrix cannot be printed at an error correction level, or 0 for
 // levels that need none.
 uint32_t DataMatrixBit(int level) {
-    switch (level) {
-    case 0:
-        return 0x1;
-    case 10:
-        return 0x2;
-    case 40:
-        return 0x4;
-    case 50:
-        return 0x8;
-    case 60:
-        return 0x10;
-    case 70:
-        return 0x20;
-    case 80:
-        return 0x40;
-    case 90:
-        return 0x80;
-    case 100:
-        return 0x100;
-    case 110:
-        return 0x200;
-    case 120:
-        return 0x400;
-    case 130:
-        return 0x800;
-    case 200:
-        return 0x2000;
-    default:
-        return 0;
-    }
+    static constexpr struct {
+        int level;
+        uint32_t bit;
+    } known[] = {{0, 0x1},     {10, 0x2},    {40, 0x4},    {50, 0x8},    {60, 0x10},
+                 {70, 0x20},   {80, 0x40},   {90, 0x80},   {100, 0x100}, {110, 0x200},
+                 {120, 0x400}, {130, 0x800}, {200, 0x2000}};
+    for (const auto& needed : known)
+        if (needed.level == level) return needed.bit;
+    return 0;
 }
 
 bool HasAll(uint32_t options, uint32_t bits) {

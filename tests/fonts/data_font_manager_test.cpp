@@ -175,9 +175,10 @@ TEST_F(DataFonts, SurviveAnExport) {
     EXPECT_EQ(Exported(), text);
 }
 
-TEST_F(DataFonts, AreImportedFromBlocks) {
+TEST_F(DataFonts, AreImportedFromBlocksAndBinaryFiles) {
     const std::string bar = "Bar Code", good = BarCodeBlob(3);
     const std::string data = "Data=" + Encoded(good.data(), good.size()) + "\n";
+    const std::string one = BarCodeBlob(3, "one"), two = BarCodeBlob(18, "two");
     std::string long_record = good, not_bar_code = good;
     long_record[72] = 97;
     not_bar_code[44] = 3;
@@ -205,6 +206,17 @@ TEST_F(DataFonts, AreImportedFromBlocks) {
         {"RFID of another size", Block("RFID", good), RFIDS, 1, "a:3"},
         {"a tag that is not written", Block("RFID", RfidBlob(16)), RFIDS, 0, ""},
         {"no name", "<font type='Bar Code'>\nName=\"\"\n</font>\n", BAR_CODES, 0, ""},
+        // Binary files of old drivers.
+        {"two", "KBF1" + Bytes4(168) + one + two, BINARY, 2, "one:1 two:2"},
+        {"longer records", "KBF1" + Bytes4(170) + one + "xx" + two + "xx", BINARY, 2,
+         "one:1 two:2"},
+        {"half a record", "KBF1" + Bytes4(168) + one + two.substr(1), BINARY, 1, "one:1"},
+        {"one that is not printed", "KBF1" + Bytes4(168) + BarCodeBlob(16) + two, BINARY, 1,
+         "two:2"},
+        {"one that is none", "KBF1" + Bytes4(168) + std::string(168, 0) + two, BINARY, 1, "two:2"},
+        {"short records", "KBF1" + Bytes4(167) + one, BINARY, 0, ""},
+        {"records of all sizes", "KBF1" + Bytes4(0xFFFFFFFF) + one, BINARY, 0, ""},
+        {"another signature", "KFM1" + Bytes4(168) + one, BINARY, 0, ""},
     };
     for (const auto& c : cases) {
         fonts_.Clear();
@@ -218,30 +230,6 @@ TEST_F(DataFonts, AreImportedFromBlocks) {
     Replace({.model = "Resolution=203\n", .barcode = "Code128=yes\n"});
     model_ = Model();
     EXPECT_EQ(Imported(Block("RFID", RfidBlob(1)), RFIDS), 0) << "a printer without RFID";
-}
-
-TEST_F(DataFonts, AreReadFromTheBinaryFilesOfOldDrivers) {
-    const std::string one = BarCodeBlob(3, "one"), two = BarCodeBlob(18, "two");
-    const struct {
-        const char* what;
-        std::string bytes;
-        int count;
-        const char* order;
-    } cases[] = {
-        {"two", "KBF1" + Bytes4(168) + one + two, 2, "one:1 two:2"},
-        {"longer records", "KBF1" + Bytes4(170) + one + "xx" + two + "xx", 2, "one:1 two:2"},
-        {"half a record", "KBF1" + Bytes4(168) + one + two.substr(1), 1, "one:1"},
-        {"one that is not printed", "KBF1" + Bytes4(168) + BarCodeBlob(16) + two, 1, "two:2"},
-        {"one that is none", "KBF1" + Bytes4(168) + std::string(168, 0) + two, 1, "two:2"},
-        {"short records", "KBF1" + Bytes4(167) + one, 0, ""},
-        {"records of all sizes", "KBF1" + Bytes4(0xFFFFFFFF) + one, 0, ""},
-        {"another signature", "KFM1" + Bytes4(168) + one, 0, ""},
-    };
-    for (const auto& c : cases) {
-        fonts_.Clear();
-        EXPECT_EQ(Imported(c.bytes, BINARY), c.count) << c.what;
-        EXPECT_EQ(Order(fonts_), c.order) << c.what;
-    }
 }
 
 TEST_F(DataFonts, OfTheDefaultSettingsFileJoinThePrinters) {

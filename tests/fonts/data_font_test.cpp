@@ -114,11 +114,11 @@ TEST(BarCodeFont, KeepsWhatTheUserSetThroughAChangeOfSymbology) {
         for (int to = 0; to <= 36; ++to) {
             const DataFont_BarCode font = Changed(from, to);
             EXPECT_EQ(font.get_symbology(), to);
-            EXPECT_EQ(font.GetType(), DataFont_BarCode::is_2D(to) ? 2 : 1) << to;
-            EXPECT_EQ(font.GetField(0), DataFont_BarCode::is_2D(to) ? 72 : 96) << to;
-            EXPECT_EQ(font.get_rotation(), 2) << to;
-            EXPECT_EQ(font.get_mils(), 20) << to;
-            EXPECT_EQ(font.get_hr(), 1) << to;
+            const bool two = DataFont_BarCode::is_2D(to);
+            EXPECT_EQ(NumberList({font.GetType(), font.GetField(0), font.get_rotation(),
+                                  font.get_mils(), font.get_hr()}),
+                      NumberList({two ? 2 : 1, two ? 72 : 96, 2, 20, 1}))
+                << to;
         }
 }
 
@@ -262,20 +262,18 @@ TEST_F(DataFontSupport, OfRfidFontsIsTheModelsAndOthersAreBroughtInLine) {
         uint32_t format;
         int32_t block;
         bool supported;
-        uint32_t tag_then;
-        uint32_t format_then;
+        NumberList then; // tag, format and block
         const char* mask_then;
-        int32_t block_then;
     } cases[] = {
-        {"fits", "EPC64,ISO15693", F::ISO_15693, 0, 100, true, F::ISO_15693, 0, "m", 100},
-        {"block too far", "ISO15693", F::ISO_15693, 0, 200, true, F::ISO_15693, 0, "m", 123},
-        {"negative block", "ICode1", F::I_CODE1, 0, -7, true, F::I_CODE1, 0, "m", 0},
-        {"no such tag", "Picotag,ICode1", F::EPC_96, 512, 0, false, F::I_CODE1, 0, "", 5},
-        {"no tags", "", F::MY_D, 0, 9, false, F::EPC_64, 256, "64", 0},
-        {"format of 64", "EPC64", F::EPC_64, 259, 0, true, F::EPC_64, 259, "m", 0},
-        {"format of 96 in 64", "EPC64", F::EPC_64, 512, 0, true, F::EPC_64, 256, "64", 0},
-        {"format of 64 in 96", "EPC96", F::EPC_96, 256, 0, true, F::EPC_96, 512, "96", 0},
-        {"custom", "EPC96", F::EPC_96, 0, 0, true, F::EPC_96, 0, "m", 0},
+        {"fits", "EPC64,ISO15693", F::ISO_15693, 0, 100, true, {F::ISO_15693, 0, 100}, "m"},
+        {"block too far", "ISO15693", F::ISO_15693, 0, 200, true, {F::ISO_15693, 0, 123}, "m"},
+        {"negative block", "ICode1", F::I_CODE1, 0, -7, true, {F::I_CODE1, 0, 0}, "m"},
+        {"no such tag", "Picotag,ICode1", F::EPC_96, 512, 0, false, {F::I_CODE1, 0, 5}, ""},
+        {"no tags", "", F::MY_D, 0, 9, false, {F::EPC_64, 256, 0}, "64"},
+        {"format of 64", "EPC64", F::EPC_64, 259, 0, true, {F::EPC_64, 259, 0}, "m"},
+        {"format of 96 in 64", "EPC64", F::EPC_64, 512, 0, true, {F::EPC_64, 256, 0}, "64"},
+        {"format of 64 in 96", "EPC96", F::EPC_96, 256, 0, true, {F::EPC_96, 512, 0}, "96"},
+        {"custom", "EPC96", F::EPC_96, 0, 0, true, {F::EPC_96, 0, 0}, "m"},
     };
     for (const auto& c : cases) {
         Replace({.model = std::string("~RFID.TagTypes=") + c.tags + "\n"});
@@ -287,10 +285,10 @@ TEST_F(DataFontSupport, OfRfidFontsIsTheModelsAndOthersAreBroughtInLine) {
         font.SetStartingBlock(c.block);
         EXPECT_EQ(font.IsSupported(model.get()), c.supported) << c.what;
         font.ValidateRFIDData(model.get());
-        EXPECT_EQ(font.GetTagType(), c.tag_then) << c.what;
-        EXPECT_EQ(font.GetFormat(), c.format_then) << c.what;
+        EXPECT_EQ(NumberList({font.GetTagType(), font.GetFormat(), font.GetStartingBlock()}),
+                  c.then)
+            << c.what;
         EXPECT_EQ(Text(font.GetFormatMask()), c.mask_then) << c.what;
-        EXPECT_EQ(font.GetStartingBlock(), c.block_then) << c.what;
     }
 }
 

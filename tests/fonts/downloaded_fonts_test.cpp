@@ -185,26 +185,24 @@ TEST_F(DownloadedFonts, TakeOverTheChoices) {
         CFontSettings::IdentifierMode mode;
         bool use_name;
         uint16_t subset;
-        const char *file, *identifier, *location;
+        const char* chosen; // file, identifier and location
         int stored_subset;
         BYTE charset;
     } cases[] = {
-        {CFontSettings::NUMBER, false, ALL_CHARACTERS, "", "101", "", 0, GREEK_CHARSET},
-        {CFontSettings::OPTION, true, 1911, "ARIALBFW", "", "E", 1911, DEFAULT_CHARSET},
-        {CFontSettings::NAME, false, 1915, "ARIALBFW", "", "", 1915, DEFAULT_CHARSET},
+        {CFontSettings::NUMBER, false, ALL_CHARACTERS, ",101,", 0, GREEK_CHARSET},
+        {CFontSettings::OPTION, true, 1911, "ARIALBFW,,E", 1911, DEFAULT_CHARSET},
+        {CFontSettings::NAME, false, 1915, "ARIALBFW,,", 1915, DEFAULT_CHARSET},
     };
     for (const auto& c : cases) {
         settings.identifier_mode = c.mode;
         settings.use_name = c.use_name;
         choices.subset = c.subset;
         const DownloadedFontInfo font = ChosenFont(settings, choices);
-        EXPECT_EQ(Text(font.GetDisplayName()), "Arial Bold");
-        EXPECT_EQ(Text(font.GetFileName()), c.file);
-        EXPECT_STREQ(font.info.identifier, c.identifier);
-        EXPECT_EQ(Text(font.GetLocation()), c.location);
-        EXPECT_EQ(font.subset, c.stored_subset);
-        EXPECT_EQ(font.font.lfCharSet, c.charset);
-        EXPECT_EQ(font.point_size, 120);
+        EXPECT_EQ(Text(font.GetDisplayName() + "," + font.GetFileName() + "," +
+                       font.info.identifier + "," + font.GetLocation()),
+                  std::string("Arial Bold,") + c.chosen);
+        EXPECT_EQ(NumberList({font.subset, font.font.lfCharSet, font.point_size}),
+                  NumberList({c.stored_subset, c.charset, 120}));
         EXPECT_EQ(font.IsCharacterDownloaded('A'), c.subset != 1915);
     }
 }

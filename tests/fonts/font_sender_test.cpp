@@ -2,7 +2,6 @@
 #include "fonts/font_sender.h"
 
 #include <algorithm>
-#include <cstdio>
 #include <cstring>
 #include <memory>
 
@@ -53,13 +52,9 @@ protected:
 };
 
 std::string Hex(const void* data, size_t size) {
-    std::string hex;
-    for (size_t i = 0; i < size; ++i) {
-        char digits[3];
-        std::snprintf(digits, sizeof digits, "%02X", static_cast<const unsigned char*>(data)[i]);
-        hex += digits;
-    }
-    return hex;
+    OString hex;
+    hex.Hex(data, static_cast<int>(size));
+    return Text(hex);
 }
 
 const std::string kNamed = "^XA^CWK,E:SANS.FNT^FS^XZ\r\n";

@@ -27,27 +27,22 @@ constexpr DWORD PAPER_BITS = DM_PAPERSIZE | DM_PAPERLENGTH | DM_PAPERWIDTH | DM_
 TEST_F(DevModeMerge, NamesThePaperAsTheSourceDoes) {
     Install(Tables());
     const struct {
-        const char* what;
-        WORD size;
+        WORD size; // 102 leaves the form's name out, 106 half of it
         DWORD fields;
         SHORT paper;
-        DWORD expected_bits;
-        SHORT expected_paper;
-        const char* expected_form;
+        DWORD bits_then;
+        SHORT paper_then;
+        const char* form_then;
     } cases[] = {
-        {"custom by 256", 220, DM_PAPERSIZE, 256, PAPER_BITS, 256, "Form"},
-        {"custom by 0", 220, DM_PAPERSIZE, 0, PAPER_BITS, 256, "Form"},
-        {"a number", 220, DM_PAPERSIZE, 9, DM_PAPERSIZE, 9, "-"},
-        {"a number and extent", 220, DM_PAPERSIZE | DM_PAPERLENGTH, 9, DM_PAPERSIZE, 9, "-"},
-        {"a number and a form", 220, DM_PAPERSIZE | DM_FORMNAME, 260, DM_PAPERSIZE | DM_FORMNAME,
-         260, "Form"},
-        {"a form", 220, DM_FORMNAME | DM_PAPERWIDTH, 9, DM_FORMNAME, 256, "Form"},
-        {"a form beyond the public part", 102, DM_FORMNAME, 9,
-         DM_PAPERSIZE | DM_PAPERLENGTH | DM_PAPERWIDTH, 256, "-"},
-        {"half a form", 106, DM_FORMNAME, 9, DM_FORMNAME, 256, "Fo"},
-        {"custom without a form", 102, DM_PAPERSIZE, 256, PAPER_BITS, 256, ""},
-        {"nothing", 220, DM_PAPERLENGTH | DM_PAPERWIDTH, 9,
-         DM_PAPERSIZE | DM_PAPERLENGTH | DM_PAPERWIDTH, 256, "-"},
+        {220, DM_PAPERSIZE, 256, PAPER_BITS, 256, "Form"},
+        {220, DM_PAPERSIZE, 0, PAPER_BITS, 256, "Form"},
+        {102, DM_PAPERSIZE, 256, PAPER_BITS, 256, ""},
+        {220, DM_PAPERSIZE | DM_PAPERLENGTH, 9, DM_PAPERSIZE, 9, "-"},
+        {220, DM_PAPERSIZE | DM_FORMNAME, 260, DM_PAPERSIZE | DM_FORMNAME, 260, "Form"},
+        {220, DM_FORMNAME | DM_PAPERWIDTH, 9, DM_FORMNAME, 256, "Form"},
+        {106, DM_FORMNAME, 9, DM_FORMNAME, 256, "Fo"},
+        {102, DM_FORMNAME, 9, PAPER_BITS & ~DWORD{DM_FORMNAME}, 256, "-"},
+        {220, DM_PAPERLENGTH, 9, PAPER_BITS & ~DWORD{DM_FORMNAME}, 256, "-"},
     };
     const auto model = Model();
     for (const auto& c : cases) {
@@ -66,11 +61,11 @@ TEST_F(DevModeMerge, NamesThePaperAsTheSourceDoes) {
         mode.GetDevMode()->dmFormName[0] = '-';
         mode.Merge(source.dev_mode(), model.get());
         const DEVMODEW& raw = *mode.GetDevMode();
-        EXPECT_EQ(raw.dmFields & PAPER_BITS, c.expected_bits) << c.what;
-        EXPECT_EQ(raw.dmPaperSize, c.expected_paper) << c.what;
-        EXPECT_EQ(Text(OString(raw.dmFormName)), c.expected_form) << c.what;
-        EXPECT_EQ(raw.dmPaperLength, 777) << c.what;
-        EXPECT_EQ(raw.dmPaperWidth, 555) << c.what;
+        EXPECT_EQ(NumberList({raw.dmFields & PAPER_BITS, raw.dmPaperSize, raw.dmPaperLength,
+                              raw.dmPaperWidth}),
+                  NumberList({c.bits_then, c.paper_then, 777, 555}))
+            << &c - cases;
+        EXPECT_EQ(Text(OString(raw.dmFormName)), c.form_then) << &c - cases;
     }
 }
 
@@ -82,16 +77,15 @@ TEST_F(DevModeMerge, TakesColourAndResolutionFromItsOwnPrinterOnly) {
         const char* device;
         DWORD fields;
         SHORT x, y;
-        SHORT expected_x, expected_y, expected_color;
+        NumberList merged; // x, y and colour
     } cases[] = {
-        {"its own", "Dock 3", all, 203, 406, 203, 406, 2},
-        {"another", "Dock 4", all, 203, 406, 203, 203, 1},
-        {"in another case", "dock 3", all, 203, 406, 203, 203, 1},
-        {"a longer name", "Dock 33", all, 203, 406, 203, 203, 1},
-        {"a pair that is not the model's", "Dock 3", all, 203, 300, 203, 203, 2},
-        {"symbolic", "Dock 3", all, -4, 406, 203, 203, 2},
-        {"one of the two", "Dock 3", DM_YRESOLUTION, 600, 406, 203, 406, 1},
-        {"none", "Dock 3", 0, 203, 406, 203, 203, 1},
+        {"its own", "Dock 3", all, 203, 406, {203, 406, 2}},
+        {"another", "Dock 4", all, 203, 406, {203, 203, 1}},
+        {"in another case", "dock 3", all, 203, 406, {203, 203, 1}},
+        {"a longer name", "Dock 33", all, 203, 406, {203, 203, 1}},
+        {"a pair that is not the model's", "Dock 3", all, 203, 300, {203, 203, 2}},
+        {"symbolic", "Dock 3", all, -4, 406, {203, 203, 2}},
+        {"one of the two", "Dock 3", DM_YRESOLUTION, 600, 406, {203, 406, 1}},
     };
     for (const auto& c : cases) {
         ForeignDevMode source(220, 0, c.device);
@@ -100,9 +94,9 @@ TEST_F(DevModeMerge, TakesColourAndResolutionFromItsOwnPrinterOnly) {
         source->dmYResolution = c.y;
         source->dmColor = 2;
         Merged merged(source.dev_mode());
-        EXPECT_EQ(merged->dmPrintQuality, c.expected_x) << c.what;
-        EXPECT_EQ(merged->dmYResolution, c.expected_y) << c.what;
-        EXPECT_EQ(merged->dmColor, c.expected_color) << c.what;
+        EXPECT_EQ(NumberList({merged->dmPrintQuality, merged->dmYResolution, merged->dmColor}),
+                  c.merged)
+            << c.what;
         EXPECT_EQ(Text(OString(merged->dmDeviceName)), "Dock 3") << c.what;
     }
 }
@@ -110,48 +104,41 @@ TEST_F(DevModeMerge, TakesColourAndResolutionFromItsOwnPrinterOnly) {
 TEST_F(DevModeMerge, IsBoundedByTheModel) {
     Install(Tables());
     const struct {
-        const char* what;
         DWORD field;
         SHORT DEVMODEW::*member;
         SHORT value, expected;
     } cases[] = {
-        {"orientation 2", DM_ORIENTATION, &DEVMODEW::dmOrientation, 2, 2},
-        {"orientation 0", DM_ORIENTATION, &DEVMODEW::dmOrientation, 0, 1},
-        {"orientation 3", DM_ORIENTATION, &DEVMODEW::dmOrientation, 3, 1},
-        {"copies 0", DM_COPIES, &DEVMODEW::dmCopies, 0, 1},
-        {"copies", DM_COPIES, &DEVMODEW::dmCopies, 500, 500},
-        {"too many copies", DM_COPIES, &DEVMODEW::dmCopies, 501, 500},
-        {"colour", DM_COLOR, &DEVMODEW::dmColor, 2, 1},
-        {"scale", DM_SCALE, &DEVMODEW::dmScale, 50, 100},
-        {"duplex", DM_DUPLEX, &DEVMODEW::dmDuplex, 2, 1},
-        {"collation", DM_COLLATE, &DEVMODEW::dmCollate, 1, 0},
-        {"source", DM_DEFAULTSOURCE, &DEVMODEW::dmDefaultSource, 4, 4},
-        {"TrueType option", DM_TTOPTION, &DEVMODEW::dmTTOption, 2, 1},
+        {DM_ORIENTATION, &DEVMODEW::dmOrientation, 2, 2},
+        {DM_ORIENTATION, &DEVMODEW::dmOrientation, 3, 1},
+        {DM_COPIES, &DEVMODEW::dmCopies, 0, 1},
+        {DM_COPIES, &DEVMODEW::dmCopies, 500, 500},
+        {DM_COPIES, &DEVMODEW::dmCopies, 501, 500},
+        {DM_COLOR, &DEVMODEW::dmColor, 2, 1},
+        {DM_SCALE, &DEVMODEW::dmScale, 50, 100},
+        {DM_DUPLEX, &DEVMODEW::dmDuplex, 2, 1},
+        {DM_COLLATE, &DEVMODEW::dmCollate, 1, 0},
+        {DM_DEFAULTSOURCE, &DEVMODEW::dmDefaultSource, 4, 4},
+        {DM_TTOPTION, &DEVMODEW::dmTTOption, 2, 1},
     };
-    for (const auto& c : cases) {
+    DevMode before;
+    before.CreateDefault(Model().get());
+    for (const auto& c : cases)
         for (const bool asked : {true, false}) {
             ForeignDevMode source(220, 0, "Dock 3");
             source->dmFields = asked ? c.field : 0;
             source.dev_mode()->*c.member = c.value;
-            DevMode before;
-            before.CreateDefault(Model().get());
             Merged merged(source.dev_mode());
             EXPECT_EQ(merged.mode.GetDevMode()->*c.member,
                       asked ? c.expected : before.GetDevMode()->*c.member)
-                << c.what;
+                << &c - cases;
         }
-    }
 }
 
 TEST_F(DevModeMerge, TakesFieldsThatBothPublicPartsHold) {
     Install(Tables());
-    const struct {
-        WORD size;
-        SHORT copies;
-        DWORD method, intent;
-    } cases[] = {{220, 7, 3, 4}, {196, 7, 3, 4}, {192, 7, 3, 1}, {188, 7, 2, 1}, {156, 7, 2, 1},
-                 {88, 7, 2, 1},  {86, 1, 2, 1},  {76, 1, 2, 1},  {72, 1, 2, 1},  {0, 1, 2, 1}};
-    for (const auto& c : cases) {
+    const NumberList cases[] = {{220, 7, 3, 4}, {196, 7, 3, 4}, {192, 7, 3, 1}, {188, 7, 2, 1},
+                                {88, 7, 2, 1},  {86, 1, 2, 1},  {72, 1, 2, 1},  {0, 1, 2, 1}};
+    for (const NumberList& c : cases) { // size, copies, method and intent
         ForeignDevMode source(220, 0);
         source->dmFields = DM_COPIES | DM_ICMMETHOD | DM_ICMINTENT | DM_MEDIATYPE | DM_DITHERTYPE;
         source->dmCopies = 7;
@@ -159,15 +146,13 @@ TEST_F(DevModeMerge, TakesFieldsThatBothPublicPartsHold) {
         source->dmICMIntent = 4;
         source->dmMediaType = 5;
         source->dmDitherType = 6;
-        source->dmSize = c.size;
-        source.bytes.resize(c.size < 72 ? 72 : c.size);
+        source->dmSize = static_cast<WORD>(c[0]);
+        source.bytes.resize(c[0] < 72 ? 72 : static_cast<size_t>(c[0]));
         source.bytes.shrink_to_fit();
         Merged merged(source.dev_mode());
-        EXPECT_EQ(merged->dmCopies, c.copies) << c.size;
-        EXPECT_EQ(merged->dmICMMethod, c.method) << c.size;
-        EXPECT_EQ(merged->dmICMIntent, c.intent) << c.size;
-        EXPECT_EQ(merged->dmMediaType, 1u) << c.size;
-        EXPECT_EQ(merged->dmDitherType, 256u) << c.size;
+        EXPECT_EQ(NumberList({c[0], merged->dmCopies, merged->dmICMMethod, merged->dmICMIntent}),
+                  c);
+        EXPECT_EQ(NumberList({merged->dmMediaType, merged->dmDitherType}), NumberList({1, 256}));
         EXPECT_EQ(merged->dmFields & DM_COLLATE, DWORD(DM_COLLATE)) << "stays set";
     }
 }
@@ -178,17 +163,15 @@ TEST_F(DevModeMerge, TakesHalftonesOfTheSameVersion) {
         const char* what;
         uint16_t extra, size, version;
         uint32_t signature;
-        uint32_t flags, contrast;
-        uint16_t size_after;
+        NumberList after; // flags, contrast, size
     } cases[] = {
-        {"all", 164, 164, 1, 0x4E54444D, 7, 7, 164},
-        {"another version", 164, 164, 2, 0x4E54444D, 2, 0, 164},
-        {"another signature", 164, 164, 1, 0x4E54444E, 2, 0, 164},
-        {"a shorter one", 164, 140, 1, 0x4E54444D, 7, 0, 140},
-        {"a longer one", 200, 200, 1, 0x4E54444D, 7, 7, 164},
-        {"one that tells lies", 12, 65535, 1, 0x4E54444D, 7, 0, 164},
-        {"half of its head", 7, 164, 1, 0x4E54444D, 2, 0, 164},
-        {"none", 0, 0, 0, 0, 2, 0, 164},
+        {"all", 164, 164, 1, 0x4E54444D, {7, 7, 164}},
+        {"another version", 164, 164, 2, 0x4E54444D, {2, 0, 164}},
+        {"another signature", 164, 164, 1, 0x4E54444E, {2, 0, 164}},
+        {"a shorter one", 164, 140, 1, 0x4E54444D, {7, 0, 140}},
+        {"a longer one", 200, 200, 1, 0x4E54444D, {7, 7, 164}},
+        {"one that tells lies", 12, 65535, 1, 0x4E54444D, {7, 0, 164}},
+        {"half of its head", 7, 164, 1, 0x4E54444D, {2, 0, 164}},
     };
     for (const auto& c : cases) {
         ForeignDevMode source(188, c.extra);
@@ -203,9 +186,9 @@ TEST_F(DevModeMerge, TakesHalftonesOfTheSameVersion) {
         Merged merged(source.dev_mode());
         const COMMONPRIVATEDM* after = GetCommonPrivateDm(merged.mode.GetDevMode());
         ASSERT_NE(after, nullptr) << c.what;
-        EXPECT_EQ(after->halftone.HTFlags, c.flags) << c.what;
-        EXPECT_EQ(after->adjustment.caContrast, static_cast<SHORT>(c.contrast)) << c.what;
-        EXPECT_EQ(after->size, c.size_after) << c.what;
+        EXPECT_EQ(NumberList({after->halftone.HTFlags, after->adjustment.caContrast, after->size}),
+                  c.after)
+            << c.what;
         EXPECT_NE(merged.mode.GetConfiguration(), nullptr) << c.what;
     }
 }

@@ -50,29 +50,17 @@ class FrameworkConfiguration : public ModelTest {};
 } // namespace
 
 TEST(DriverConfiguration, IsFoundFromTheEndOfADevMode) {
-    const struct {
-        const char* what;
-        uint16_t size, extra, tail;
-        int64_t found;
-    } cases[] = {
-        {"today's", 220, 1288, 1124, 1124},
-        {"a shorter public part", 188, 1288, 1124, 1124},
-        {"a longer public part of odd size", 301, 1288, 1124, 1124},
-        {"a shorter configuration", 220, 1288, 1100, 1100},
-        {"without its user commands in the size", 220, 1288, 100, 1124},
-        {"nothing but a configuration", 220, 1124, 1124, 1124},
-        {"a tail larger than the private bytes", 220, 1100, 1200, 0},
-        {"user commands in front of the private bytes", 220, 1123, 100, 0},
-        {"too short for its fields", 220, 1288, 1067, 0},
-        {"just long enough", 220, 1288, 1068, 1068},
-        {"no size", 220, 1288, 0, 0},
-        {"all of a large size", 220, 65535, 65535, 65535},
-        {"half a tail", 220, 7, 8, 0},
-    };
-    for (const auto& c : cases) {
-        Record record(c.size, c.extra);
-        if (c.extra >= 8) record.Tail(c.tail);
-        EXPECT_EQ(record.Found(), c.found) << c.what;
+    const int cases[][4] = {
+        {220, 1288, 1124, 1124}, {188, 1288, 1124, 1124}, {301, 1288, 1124, 1124},
+        {220, 1288, 1100, 1100}, {220, 1124, 1124, 1124}, {220, 65535, 65535, 65535},
+        {220, 1288, 100, 1124}, // without its user commands in the size
+        {220, 1123, 100, 0},    // these lie before the private bytes
+        {220, 1100, 1200, 0},    {220, 1288, 1067, 0},    {220, 1288, 1068, 1068},
+        {220, 1288, 0, 0},       {220, 7, 8, 0}};
+    for (const auto& [size, extra, tail, found] : cases) {
+        Record record(static_cast<uint16_t>(size), static_cast<uint16_t>(extra));
+        if (extra >= 8) record.Tail(static_cast<uint16_t>(tail));
+        EXPECT_EQ(record.Found(), found) << size << " " << extra << " " << tail;
     }
 }
 
@@ -136,35 +124,23 @@ TEST(DriverConfiguration, IsCopiedBetweenDevModesOfOneFamilyAndVersion) {
 
 TEST(DriverConfiguration, IsEqualInTextsLengthAndEverythingBehindIt) {
     Block a, b;
-    EXPECT_TRUE(*a == *b);
-    const struct {
-        const char* what;
-        size_t offset;
-        bool equal;
-    } cases[] = {
-        {"behind the end of a command", 5, true},
-        {"at the end of a command", 4, false},
-        {"the preset checksum", 1021, true},
-        {"the length", 1025, false},
-        {"the version", 1026, false},
-        {"the last byte", 1115, false},
-    };
     std::memcpy(a->user[0], "^XA!", 5);
     std::memcpy(b->user[0], "^XA!", 5);
-    for (const auto& c : cases) {
-        b.bytes[c.offset] = static_cast<char>(b.bytes[c.offset] ^ 1);
-        EXPECT_EQ(*a == *b, c.equal) << c.what;
-        EXPECT_EQ(*b != *a, !c.equal) << c.what;
-        b.bytes[c.offset] = static_cast<char>(b.bytes[c.offset] ^ 1);
+    // After the end of a command and in the preset checksum; at an end, in length, version, tail.
+    const std::pair<size_t, bool> cases[] = {{5, true},     {1021, true},  {4, false},
+                                             {1025, false}, {1026, false}, {1115, false}};
+    for (const auto& [offset, equal] : cases) {
+        b.bytes[offset] = static_cast<char>(b.bytes[offset] ^ 1);
+        EXPECT_TRUE((*a == *b) == equal && (*b == *a) == equal) << offset;
+        b.bytes[offset] = static_cast<char>(b.bytes[offset] ^ 1);
     }
-    for (Block* block : {&a, &b}) {
-        std::memset((*block)->user[3], 'x', 256);
-        EXPECT_EQ(*a == *b, block == &b) << "commands that fill their place";
-    }
+    for (Block* block : {&a, &b}) std::memset((*block)->user[3], 'x', 256);
+    EXPECT_TRUE(*a == *b) << "commands that fill their place";
     b->user[3][255] = 'y';
     EXPECT_FALSE(*a == *b);
-    a->length = b->length = 0;
     b->user[3][255] = 'x';
+    a->length = b->length = 0;
+    a.bytes[1115] ^= 1;
     EXPECT_TRUE(*a == *b) << "without a length nothing else is compared";
 }
 
@@ -201,46 +177,29 @@ TEST(DriverConfiguration, HasAPresetChecksumWhileTheLastCommandLeavesRoom) {
     }
 }
 
-TEST_F(FrameworkConfiguration, StartsWithDotsForTheResolution) {
+TEST_F(FrameworkConfiguration, BeginsAndEndsWithWhatTheModelCanDo) {
     const struct {
-        const char* resolution;
-        int16_t matrix;
-    } cases[] = {{"", 1}, {"Resolution=152", 1}, {"Resolution=203", 2}, {"Resolution=600x300", 3}};
+        const char *resolution, *drawing;
+        int16_t matrix; // of the first state: dots for the resolution
+        uint16_t flags;
+    } cases[] = {{"", "", 1, 0xFFF9},
+                 {"Resolution=203", "Transform.Mirror=yes", 2, 0xFFFB},
+                 {"Resolution=600x300", "Transform.Inverse=yes", 3, 0xFFFD},
+                 {"", "Transform.Mirror=yes\nTransform.Inverse=yes", 1, 0xFFFF}};
     Install({});
     for (const auto& c : cases) {
-        Replace({.model = c.resolution});
+        Replace({.model = c.resolution, .drawing = c.drawing});
         Block block;
         std::memset(block.bytes.data(), 0x5A, block.bytes.size());
         block->prtconfig::Reset(Model().get());
         EXPECT_EQ(std::string(block.bytes.data(), 1024), std::string(1024, '\0'));
-        EXPECT_EQ(block->flags, 0);
-        EXPECT_EQ(block->reserved, 0);
-        EXPECT_EQ(block->option_length, 6350);
-        EXPECT_EQ(block->dither.clustered_matrix, c.matrix) << c.resolution;
-        EXPECT_EQ(block->dither.sequence, 18);
-        EXPECT_EQ(block->length, 0x5A5A) << "the printer language's";
+        EXPECT_EQ(NumberList({block->flags, block->option_length, block->dither.clustered_matrix}),
+                  NumberList({0, 6350, c.matrix}));
         EXPECT_EQ(block.bytes[1060], 0x5A) << "the printer language's";
-    }
-}
-
-TEST_F(FrameworkConfiguration, LosesWhatTheModelCannotDo) {
-    const struct {
-        const char* drawing;
-        uint16_t flags;
-    } cases[] = {{"", 0xFFF9},
-                 {"Transform.Mirror=yes", 0xFFFB},
-                 {"Transform.Inverse=yes", 0xFFFD},
-                 {"Transform.Mirror=yes\nTransform.Inverse=yes", 0xFFFF}};
-    Install({});
-    for (const auto& c : cases) {
-        Replace({.drawing = c.drawing});
-        Block block;
         block->flags = 0xFFFF;
-        block->dither.algorithm = 9;
+        block->dither.algorithm = 9; // which becomes the last that there is
         block->Validate(Model().get());
         EXPECT_EQ(block->flags, c.flags) << c.drawing;
         EXPECT_TRUE(block->is_24bit_device());
-        block->dither.algorithm = 4;
-        EXPECT_FALSE(block->is_24bit_device());
     }
 }

@@ -30,8 +30,6 @@ private:
     bool installed_ = false;
 };
 
-using Numbers = std::vector<int32_t>;
-
 // 100 x 150 mm with 2 and 3 mm of liner, 1 and 0.5 mm of gap.
 Stock Label() {
     const StockRecord record = {100000, 150000, 2000, 3000, 1000, 500, StockRecord::GLOBAL};
@@ -57,10 +55,10 @@ TEST_F(StockOfModel, LosesToTheModelWhatTheHeadDoesNotReach) {
         stock.CalculatePrintableArea(Model().get());
         const std::string what = std::string(c.tracking) + " " + std::to_string(c.unprintable) +
                                  " of " + std::to_string(c.printable_max);
-        EXPECT_EQ(Numbers({stock.paper_width, stock.paper_length, stock.printable_width,
-                           stock.offset_left, stock.offset_right, stock.printable_length,
-                           stock.offset_bottom}),
-                  Numbers({105000, 151500, c.printable, c.left, c.right, 150000, 1500}))
+        EXPECT_EQ(NumberList({stock.paper_width, stock.paper_length, stock.printable_width,
+                              stock.offset_left, stock.offset_right, stock.printable_length,
+                              stock.offset_bottom}),
+                  NumberList({105000, 151500, c.printable, c.left, c.right, 150000, 1500}))
             << what;
     }
 }
@@ -116,11 +114,11 @@ TEST_F(StockOfModel, PlacesThePageByTrackingAndTurn) {
         const bool landscape = c.turn % 2 != 0;
         EXPECT_EQ(stock.dpi_x, landscape ? 406 : 203) << what;
         EXPECT_EQ(stock.paper_width, landscape ? 151500 : 105000) << what;
-        const Numbers expected = {c.origin_x, c.origin_y, c.shift_x,
-                                  c.shift_y,  c.device_x, c.device_y};
+        const NumberList expected = {c.origin_x, c.origin_y, c.shift_x,
+                                     c.shift_y,  c.device_x, c.device_y};
         for (int time = 0; time < 2; ++time) {
-            EXPECT_EQ(Numbers({stock.origin_x, stock.origin_y, stock.shift_x, stock.shift_y,
-                               stock.device_x, stock.device_y}),
+            EXPECT_EQ(NumberList({stock.origin_x, stock.origin_y, stock.shift_x, stock.shift_y,
+                                  stock.device_x, stock.device_y}),
                       expected)
                 << what;
             stock.CalculateOffsets(model.get(), mode.GetDevMode());

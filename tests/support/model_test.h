@@ -3,6 +3,7 @@
 
 #include <memory>
 #include <string>
+#include <vector>
 
 #include "core/ofile.h"
 #include "model/model_data_cache.h"
@@ -85,6 +86,8 @@ std::string Joined(const List& list, Describe describe) {
         all += (all.empty() ? "" : " ") + describe(*node);
     return all;
 }
+// Values to be compared all at once.
+using NumberList = std::vector<int64_t>;
 // The bytes of a number, as files of old drivers have them.
 inline std::string Bytes4(uint32_t number) {
     return std::string(reinterpret_cast<const char*>(&number), sizeof number);

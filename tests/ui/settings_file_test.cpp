@@ -7,12 +7,12 @@
 
 #include "fonts/data_font_bar_code.h"
 #include "fonts/data_font_rfid.h"
-#include "model/driver_settings.h"
 #include "support/dev_mode_test.h"
 
 namespace {
 
 constexpr char kFile[] = "C:\\settings.kds";
+constexpr char kOffset[] = "Settings:RFID/Transponder Offset";
 
 class SettingsFiles : public DevModeTest {
 protected:
@@ -42,8 +42,6 @@ protected:
     void AddStock(const char* name) {
         auto* stock = new (std::nothrow) Stock;
         stock->SetName(name);
-        stock->width = 50000;
-        stock->length = 25000;
         stocks_.AddTail(stock);
     }
     void AddPreset(const char* name) {
@@ -52,17 +50,9 @@ protected:
         preset->SetToDefaultDevMode(model_.get());
         presets_.AddTail_ReplaceName(preset);
     }
-    static void SetOffset(int32_t offset) {
-        DriverSettings options;
-        options.Load(Registry());
-        options.SetTransponderOffset(offset);
-        options.Save(Registry());
-    }
-    static int32_t Offset() {
-        DriverSettings options;
-        options.Load(Registry());
-        return options.GetTransponderOffset();
-    }
+    // One of the driver settings.
+    static void SetOffset(uint32_t offset) { Registry().SetDWORD(kOffset, offset); }
+    static uint32_t Offset() { return Registry().GetDWORD(kOffset, 0); }
 
     SettingsFileLists Lists() { return {*model_, stocks_, presets_, fonts_}; }
     std::string Exported(int flags) { return Told(ExportSettingsFile(kFile, flags, Lists())); }
@@ -141,10 +131,10 @@ TEST_F(SettingsFiles, BringBackWhatWasExported) {
     SetOffset(9);
     EXPECT_EQ(Imported(SETTINGS_PRESETS), "0 1 0 0 0");
     EXPECT_EQ(Lists_(), "|Draft|");
-    EXPECT_EQ(Offset(), 9);
+    EXPECT_EQ(Offset(), 9u);
     EXPECT_EQ(Imported(0x10F), "1 1 1 1 1");
     EXPECT_EQ(Lists_(), "Caf\xE9|Draft|Bars Tags ");
-    EXPECT_EQ(Offset(), 7);
+    EXPECT_EQ(Offset(), 7u);
 }
 
 TEST_F(SettingsFiles, HaveNoRfidFontsWhereThePrinterHasNoRfid) {
@@ -164,10 +154,10 @@ TEST_F(SettingsFiles, ForAnotherModelBringNoDriverSettings) {
     const std::string body = "'>\r\n[DATA:\\Settings\\RFID]\r\n\"Transponder Offset\"="
                              "dword:00000005\r\n</options>\r\n";
     EXPECT_EQ(Imported(head + "Model 2" + body, SETTINGS_OPTIONS), "0 0 0 0 0");
-    EXPECT_EQ(Offset(), 0);
+    EXPECT_EQ(Offset(), 0u);
     EXPECT_EQ(Registry().GetDWORD("DATA:Model Synchronization", 0), mark);
     EXPECT_EQ(Imported(head + "Model 1" + body, SETTINGS_OPTIONS), "0 0 0 0 1");
-    EXPECT_EQ(Offset(), 5);
+    EXPECT_EQ(Offset(), 5u);
     EXPECT_NE(Registry().GetDWORD("DATA:Model Synchronization", 0), mark)
         << "they may change what the model can do";
 }
