@@ -1,5 +1,5 @@
-// Everything that a printer can be told to do without a dialog, each in a job of its own, beside
-// the bytes of these jobs spooled by the system's calls alone and written to files.
+// All actions of a printer that need no dialog, each in a job of its own, compared with spooling
+// the bytes of these jobs by the system's calls only, and with writing them to files.
 #include <benchmark/benchmark.h>
 #include <fcntl.h>
 #include <unistd.h>
@@ -52,7 +52,7 @@ public:
         return true;
     }
 
-    // What lies in the spooler, which is empty afterwards.
+    // The jobs in the spooler, which is empty afterwards.
     std::vector<std::string> TakeJobs() const {
         DWORD needed = 0, count = 0;
         EnumJobsW(opened_.Get(), 0, 1000, 1, nullptr, 0, &needed, &count);

@@ -8,7 +8,7 @@
 class BenchHost {
 public:
     // `model_data` are the bytes of the driver's model data file. The driver is "Model 1", the
-    // printer "Dock 3". Ends the program when the installation fails.
+    // printer "Dock 3". Ends the program if the installation fails.
     explicit BenchHost(const std::string& model_data);
     ~BenchHost();
     BenchHost(const BenchHost&) = delete;
@@ -20,8 +20,8 @@ private:
     std::string root_;
 };
 
-// The same with the benchmark in the module's place: its caches are as they are after attach, the
-// model data file lies beside it.
+// The same with the benchmark in place of the module: its caches are as after attach, and the model
+// data file is beside it.
 class AttachedModule {
 public:
     explicit AttachedModule(const std::string& model_data);
@@ -29,7 +29,7 @@ public:
 
     const std::string& Root() const { return host_.Root(); }
 
-    // Forgets the model records, and the model data file too.
+    // Forgets the model records and, with `file`, the model data file too.
     void Refresh(bool file);
 
 private:

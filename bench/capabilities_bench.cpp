@@ -1,5 +1,5 @@
-// A device capability asked through the spooler by a process that has asked before, beside one
-// point read of the registry's database: a prepared statement that finds a value by its unique
+// A device capability asked through the spooler by a process that has asked before, compared with
+// one point read of the registry's database: a prepared statement that finds a value by its unique
 // index, in a transaction of its own.
 #include <benchmark/benchmark.h>
 #include <sqlite3.h>
@@ -71,7 +71,7 @@ void BM_RegistryPointRead(benchmark::State& state) {
 }
 BENCHMARK(BM_RegistryPointRead);
 
-// The counter tells the call's time in point reads.
+// The counter is the call's time in point reads.
 void BM_DeviceCapabilities(benchmark::State& state) {
     const BenchHost host(DataFile());
     const auto capability = static_cast<WORD>(state.range(0));

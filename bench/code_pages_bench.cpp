@@ -1,4 +1,5 @@
-// Text conversion between code pages and UTF-16, beside iconv with a descriptor that stays open.
+// Text conversion between code pages and UTF-16, compared with iconv with a descriptor that stays
+// open.
 #include <windows.h>
 
 #include <benchmark/benchmark.h>

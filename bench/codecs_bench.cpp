@@ -1,4 +1,4 @@
-// Checksums beside zlib's CRC-32, Base64 beside a plain copy.
+// Checksums compared with zlib's CRC-32, and Base64 with a plain copy.
 #include <benchmark/benchmark.h>
 #include <zlib.h>
 

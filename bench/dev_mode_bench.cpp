@@ -1,5 +1,5 @@
-// Merging a program's document settings into the printer's, and recognising settings, beside one
-// copy and one comparison of the same bytes.
+// Merging a program's document settings into the printer's, and recognising settings, compared with
+// one copy and one comparison of the same bytes.
 #include <benchmark/benchmark.h>
 
 #include <cstring>
@@ -14,7 +14,7 @@
 
 namespace {
 
-// Two DEVMODEs of a printer of eight resolutions, of which they have the last.
+// Two DEVMODEs of a printer with eight resolutions, both set to the last one.
 class Pair {
 public:
     Pair()

@@ -1,4 +1,4 @@
-// Dithering beside the plain rules and beside a copy of the same image.
+// Dithering compared with the plain rules and with a copy of the same image.
 //
 // The argument is the height of a page that is two thirds as wide: a label and a poster.
 #include <benchmark/benchmark.h>
@@ -67,7 +67,7 @@ ImageDither RecordOf(const Case& c, std::vector<uint8_t>& image, int width, int 
     return record;
 }
 
-// Runs `dither` over fresh copies of a picture; making them is not counted.
+// Runs `dither` on fresh copies of a picture, whose making is not timed.
 template <class Function>
 void OverPages(benchmark::State& state, const Case& c, Function dither) {
     const int height = static_cast<int>(state.range(0)), width = height * 2 / 3;
@@ -105,7 +105,7 @@ const bool kRegistered = [] {
         pages(benchmark::RegisterBenchmark(name.c_str(), [&c](benchmark::State& state) {
             OverPages(state, c, [](ImageDither& record) { record.Dither(); });
         }));
-        // A poster takes the rules so long that once is enough.
+        // The rules take so long on a poster that once is enough.
         for (const int64_t height : {2400, 7200}) {
             auto* rules = benchmark::RegisterBenchmark(
                 (name + "/rules").c_str(),

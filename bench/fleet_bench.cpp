@@ -1,5 +1,5 @@
-// A print server with thousands of printers of every shipped model, beside one with a single
-// printer: what one printer costs must not depend on how many others there are.
+// A print server with thousands of printers of every shipped model, compared with one that has a
+// single printer: the cost of one printer must not depend on how many others there are.
 #include <benchmark/benchmark.h>
 #include <nlohmann/json.hpp>
 #include <win32host/control.h>
@@ -20,13 +20,13 @@ namespace fs = std::filesystem;
 
 namespace {
 
-constexpr int64_t kMiddle = 2600; // the printer that is asked, of the first model in every fleet
+constexpr int64_t kMiddle = 2600; // the printer that is asked; the first model in every fleet
 
 std::string Labelhost() {
     return BENCH_BINARY_DIR "/bin/labelhost";
 }
 
-// Runs a command; ends the program when it fails.
+// Runs a command. Ends the program if it fails.
 void Run(const std::string& command) {
     if (std::system(command.c_str()) == 0) return;
     std::fprintf(stderr, "bench: %s failed\n", command.c_str());
@@ -41,7 +41,7 @@ std::vector<std::string> Models(const std::string& scratch) {
     return names;
 }
 
-// A host with that many printers, numbers around the middle.
+// A host with that many printers, numbered around kMiddle.
 class Fleet {
 public:
     explicit Fleet(int64_t count) {
@@ -66,7 +66,7 @@ public:
     Fleet(const Fleet&) = delete;
     Fleet& operator=(const Fleet&) = delete;
 
-    // The fleet of that size, made at its first use. This process is its machine from then on.
+    // The fleet of that size, made on first use. This process then runs on its machine.
     static const Fleet& Of(int64_t count) {
         static std::map<int64_t, std::unique_ptr<Fleet>> fleets;
         std::unique_ptr<Fleet>& fleet = fleets[count];
@@ -95,7 +95,7 @@ std::basic_string<WCHAR> MiddleName() {
     return {name.begin(), name.end()};
 }
 
-// Time for the whole fleet, which grows as it does.
+// The time for the whole fleet, which grows with its size.
 void BM_FleetInstall(benchmark::State& state) {
     const Fleet& fleet = Fleet::Of(state.range(0));
     for (auto _ : state) state.SetIterationTime(fleet.Installing());
@@ -148,7 +148,7 @@ void RunOn(benchmark::State& state, const std::string& words) {
     for (auto _ : state) Run(fleet.Command(words));
 }
 
-// A program that asks for everything once: nothing is kept from before.
+// A program that asks for everything once, with nothing kept from before.
 void BM_FleetFirstCapabilities(benchmark::State& state) {
     RunOn(state, "capabilities '" + Middle() + "'");
 }
@@ -179,7 +179,7 @@ void BM_FleetImport(benchmark::State& state) {
     const std::string file = fleet.File("settings.kds"), printer = " '" + Middle() + "' ";
     static int copies = 1;
     for (auto _ : state) {
-        // Settings that no printer has.
+        // Settings that no printer has yet.
         state.PauseTiming();
         Run(fleet.Command("document" + printer +
                           "--save-preset Pallet --set dmCopies=" + std::to_string(++copies)));

@@ -1,6 +1,5 @@
-// Building the records of one model from a model data file of 2,000 sections. The text of the
-// tables the records come from is about the same work for any reader; beside it stands the least
-// that one has to do, finding the lines of that text once.
+// Building the records of one model from a model data file of 2,000 sections, compared with the
+// minimum that any reader of the tables' text has to do: finding its lines once.
 #include <benchmark/benchmark.h>
 #include <windows.h>
 
@@ -79,7 +78,7 @@ public:
     }
 };
 
-// `range` 1: the file is read, decompressed and parsed, too.
+// With `range` 1 the file is also read, decompressed and parsed.
 void BM_ModelRecords(benchmark::State& state) {
     Attached module;
     const bool with_file = state.range(0) != 0;
@@ -90,7 +89,7 @@ void BM_ModelRecords(benchmark::State& state) {
 }
 BENCHMARK(BM_ModelRecords)->ArgName("file")->Arg(0)->Arg(1)->Unit(benchmark::kMicrosecond);
 
-// All records from the cache: what every later model of the process costs.
+// All records from the cache: the cost of every later model of the process.
 void BM_ModelRecordsCached(benchmark::State& state) {
     Attached module;
     module.BuildAll();

@@ -1,4 +1,4 @@
-// Strings beside the standard library's.
+// Strings compared with the standard library's.
 #include <benchmark/benchmark.h>
 
 #include <string>
@@ -9,7 +9,7 @@ namespace {
 
 using WideText = std::basic_string<WCHAR>;
 
-// Makes a text of `range` characters piece by piece.
+// Builds a text of `range` characters piece by piece.
 template <class Text, class Append>
 void AppendPieces(benchmark::State& state, int piece, Append append) {
     const int count = static_cast<int>(state.range(0)) / piece;
@@ -84,7 +84,7 @@ void BM_To_UTF16(benchmark::State& state) {
     state.SetItemsProcessed(state.iterations() * state.range(0));
 }
 
-// What a conversion costs at least: the same text assigned.
+// The minimum cost of a conversion: assigning the same text.
 void BM_Assign_std(benchmark::State& state) {
     const WideText source(Sample(1252, state.range(0)).wstring());
     for (auto _ : state) {

@@ -1,6 +1,6 @@
 #!/usr/bin/env python3
-"""Pillow's conversion to black and white, as the peer of Dither/.../mono: pictures of the same
-sizes and kind, colour to one bit per pixel, the best of several runs."""
+"""Times Pillow's conversion to black and white, for comparison with Dither/.../mono: pictures of
+the same sizes and kind, colour to one bit per pixel, the best of several runs."""
 import random
 import time
 

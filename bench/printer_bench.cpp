@@ -1,6 +1,6 @@
-// What goes to the printer and comes back: 100 MB through the output stream into a job, beside the
-// same packets written to a file; every character of a font as pictures at 600 dpi, beside drawing
-// them alone; a directory of files, beside cutting it into lines.
+// What goes to the printer and comes back: 100 MB through the output stream into a job, compared
+// with writing the same packets to a file; every character of a font as pictures at 600 dpi,
+// compared with only drawing them; a directory of files, compared with cutting it into lines.
 #include <benchmark/benchmark.h>
 #include <fcntl.h>
 #include <sys/resource.h>
@@ -47,7 +47,7 @@ public:
     const std::string& root() const { return module_.Root(); }
     prtstream& stream() const { return *ui_->stream; }
 
-    // The job leaves the spooler again.
+    // Removes the job from the spooler.
     void Delete(int job) const {
         SetJobW(opened_.Get(), static_cast<DWORD>(job), 0, nullptr, JOB_CONTROL_DELETE);
     }
@@ -83,8 +83,8 @@ void BM_WritePacketsToAFile(benchmark::State& state) {
     }
     state.SetBytesProcessed(state.iterations() * kStreamed);
 }
-// Both by processor time and many times: how long the disk holds up the one or the other is chance,
-// and so is what the system does to find memory for a single file.
+// Both run many times and are measured in processor time, as it is chance how long the disk delays
+// the one or the other, and what the system does to find memory for a single file.
 constexpr double kStreaming = 1; // seconds
 BENCHMARK(BM_WritePacketsToAFile)->Unit(benchmark::kMillisecond)->MinTime(kStreaming);
 
@@ -121,7 +121,7 @@ DownloadedFont Font() {
     return font;
 }
 
-// Every character twice, as the two rotations need it, and its bits taken.
+// Draws every character twice, for the two rotations, and takes its bits.
 void BM_DrawCharacters(benchmark::State& state) {
     LOGFONTW description = Font().font;
     description.lfHeight = -kPoints * 600 / 72;
@@ -162,7 +162,7 @@ BENCHMARK(BM_DownloadBitmapFont)->Unit(benchmark::kMillisecond);
 
 // ---- Answers ------------------------------------------------------------------------------------
 
-// A printer's directory, in which every second file is there twice.
+// A printer's directory, in which every second file is listed twice.
 std::string Directory(int64_t files) {
     std::string answer = "\x02\r\n- DIR *:*.*\r\n";
     for (int64_t i = 0; i < files; ++i) {

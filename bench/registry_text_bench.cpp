@@ -1,4 +1,5 @@
-// Registry export and import by number of values. The time per value must not grow with them.
+// Registry export and import by number of values. The time per value must not grow with that
+// number.
 #include <benchmark/benchmark.h>
 #include <win32host/control.h>
 
@@ -61,7 +62,7 @@ void BM_RegistryImport(benchmark::State& state) {
 }
 BENCHMARK(BM_RegistryImport)->Arg(1000)->Arg(10000)->Unit(benchmark::kMillisecond);
 
-// The peer: as many plain registry calls as the text forms cannot do without.
+// The peer: the plain registry calls that the text forms cannot do without.
 void BM_RegistryPlainReads(benchmark::State& state) {
     const auto count = static_cast<DWORD>(state.range(0));
     const FilledKey filled(static_cast<int>(count));

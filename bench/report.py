@@ -1,13 +1,13 @@
 #!/usr/bin/env python3
-"""Makes the page on performance out of what the benchmark program measured.
+"""Makes the page on performance from the results of the benchmark program.
 
 usage: report.py RESULTS [PILLOW] >PAGE
 
-RESULTS is the program's JSON; of repeated benchmarks the median counts. PILLOW is what
-pillow_dither.py printed. Beside this script, targets.json names for each benchmark what it stands
-beside (another benchmark, or a limit), and how much of that it may take.
+RESULTS is the program's JSON; repeated benchmarks count with their median. PILLOW is the output of
+pillow_dither.py. The file targets.json beside this script has what each benchmark is compared with
+(another benchmark, or a limit), and how much of that it may take.
 
-Ends with status 1 when a benchmark has no entry in targets.json, or an entry no benchmark.
+The status is 1 if a benchmark has no entry in targets.json, or an entry no benchmark.
 """
 import json
 import math
@@ -55,7 +55,7 @@ class Results:
         return sorted(found, key=lambda entry: numbers(entry[0]))
 
     def peer(self, name, arguments):
-        """The peer's time for the same arguments, or that of the peer that has none."""
+        """The peer's time for the same arguments, or its only time if it has no arguments."""
         return self.times.get(f"{name}/{arguments}" if arguments else name, self.times.get(name))
 
 
@@ -78,7 +78,7 @@ def shown_ratio(ratio):
 
 
 def growth(sizes):
-    """The power of the first argument that the time grows with, from the least to the most."""
+    """The power of the first argument with which the time grows, from smallest to largest."""
     first, last = sizes[0], sizes[-1]
     if ":" in first[0]:
         return None  # an option, not a size
@@ -105,7 +105,7 @@ class Page:
         if good:
             return ""
         self.behind.append(" ".join(filter(None, [row["what"], arguments])))
-        return " **behind**"
+        return " **missed**"
 
     def line(self, row, arguments, time, group_growth):
         self.use(row["run"], arguments)
@@ -142,7 +142,7 @@ class Page:
 
     def group(self, group):
         self.lines += ["", f"## {group['title']}", "", group["about"], "",
-                       "| what | size | takes | beside | ratio | wanted | grows |",
+                       "| what | size | time | peer | ratio | target | growth |",
                        "|---|---|---|---|---|---|---|"]
         for row in group["rows"]:
             sizes = self.results.of(row["run"])
@@ -166,24 +166,27 @@ def processor():
 def head(context, page, repeated):
     cpus, load = context["num_cpus"], context.get("load_avg", [0])[0]
     machine = f"{processor()}, {cpus} cores"
-    busy = (f"The machine was busy with other work: {load:.1f} programs wanted its {cpus} cores when "
-            "the run began. Times that wait for the disk, for other programs or for the clock are "
-            "longer for it; the ratios, taken in the same run, are what counts."
+    busy = (f"The machine was busy with other work: {load:.1f} programs competed for its {cpus} "
+            "cores when the run started. Times that include waiting for the disk, for other "
+            "programs or for the clock are therefore longer; the ratios, from the same run, are "
+            "what counts."
             if load > cpus / 4 else "The machine had nothing else to do.")
-    verdict = (f"{page.judged} figures have a target, all are met." if not page.behind else
-               f"{page.judged} figures have a target; {len(page.behind)} are behind it: " +
+    verdict = (f"{page.judged} figures have a target; all are met." if not page.behind else
+               f"{page.judged} figures have a target; {len(page.behind)} miss it: " +
                ", ".join(page.behind) + ".")
     return ["# Performance", "",
-            "Made by `scripts/bench --report`; [targets](../bench/targets.json) has what is wanted.",
+            "Made by `scripts/bench --report`; the targets are in "
+            "[targets.json](../bench/targets.json).",
             "",
             f"Measured on {context['date'][:10]} on {machine}, optimised build" +
             (", medians of repeated runs" if repeated else "") + f". {busy}", "",
             verdict, "",
-            "**Takes** is processor time; for what waits for files or runs programs it is time on the "
-            "clock. **Beside** is the peer of the same run and what it takes, **ratio** the one "
-            "divided by the other. Where nothing is **wanted** the peer does a part of the work "
-            "only, and shows what the rest costs. **Grows** is the power of the size (the first "
-            "number) that the time grows with from the least to the most: 1 is linear."]
+            "**Time** is processor time; for operations that wait for files or run programs it is "
+            "elapsed time. **Peer** is what the operation is compared with in the same run, and "
+            "its time; **ratio** is the one divided by the other. Where there is no **target** the "
+            "peer only does part of the work, and shows what the rest costs. **Growth** is the "
+            "power of the size (the first number) with which the time grows from the smallest size "
+            "to the largest: 1 is linear."]
 
 
 def main(results, pillow=None):

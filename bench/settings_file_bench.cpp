@@ -1,4 +1,5 @@
-// Stocks to a settings file and back, beside writing and reading the lines of that file alone.
+// Stocks to a settings file and back, compared with only writing and reading the lines of that
+// file.
 #include <benchmark/benchmark.h>
 
 #include <fstream>
@@ -18,7 +19,7 @@ namespace {
 
 constexpr char kFile[] = "C:\\settings.kds";
 
-// A printer with its lists, of which the stocks are `count`, and the file of them.
+// A printer with its lists, `count` stocks among them, and their file.
 class Settings {
 public:
     explicit Settings(int64_t count)
@@ -44,7 +45,7 @@ public:
         return ExportSettingsFile(kFile, SETTINGS_STOCKS, {*model_, stocks_, presets_, fonts_})
             .stocks;
     }
-    // Into a list that is empty.
+    // Imports into an empty list.
     int Import() {
         StockList stocks(model_.get());
         return ImportSettingsFile(kFile, SETTINGS_STOCKS, {*model_, stocks, presets_, fonts_})

@@ -1,6 +1,6 @@
-// A user's copy of another machine's settings is brought up to date when nothing has changed there,
-// beside reading every value of the same keys: by walking the keys with the system's calls, and by
-// their names through the driver's store. It should take less than three times as long.
+// Bringing a user's copy of another machine's settings up to date when nothing has changed there,
+// compared with reading every value of the same keys: by walking the keys with the system's calls,
+// and by their names through the driver's store. It should take less than three times as long.
 #include <benchmark/benchmark.h>
 #include <win32host/clock_control.h>
 #include <win32host/control.h>
@@ -32,8 +32,8 @@ std::string ModelData() {
 }
 
 // A connection to a shared printer of another machine, and a copy of two keys with `count` names
-// and records each. The server has no companion: that it has nothing new, and that it shares, are
-// values that lie there already under the names of the questions.
+// and records each. The server has no status monitor: its answers, that it has nothing new and that
+// it shares, are values already stored under the names of the questions.
 class Connection {
 public:
     explicit Connection(int64_t count)
@@ -104,7 +104,7 @@ private:
     const BenchHost home_;
 };
 
-// The number of values in a key and below it, each of which is read.
+// Reads all values in a key and below it and answers their number.
 int ReadTree(HKEY key) {
     WCHAR name[256];
     BYTE data[256];
@@ -155,7 +155,7 @@ BENCHMARK(BM_ReadSharedKeys)
     ->Arg(1000)
     ->Complexity(benchmark::oN);
 
-// The same values one after the other by their names, as the driver reads its settings.
+// The same values, one after the other by name, as the driver reads its settings.
 void BM_ReadSharedValuesByName(benchmark::State& state) {
     const Connection connection(state.range(0));
     std::vector<char> record(28);

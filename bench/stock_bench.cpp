@@ -1,5 +1,5 @@
-// Stocks and presets: ordered, stored and looked up, beside sorting as many names, reading and
-// writing as many values through the registry, and comparing as many DEVMODEs as bytes.
+// Ordering, storing and looking up stocks and presets, compared with sorting as many names, reading
+// and writing as many values through the registry, and comparing as many DEVMODEs as bytes.
 #include <benchmark/benchmark.h>
 #include <windows.h>
 #include <winspool.h>
@@ -21,7 +21,7 @@
 
 namespace {
 
-// A printer that takes every stock.
+// A printer that accepts every stock.
 class Printer {
 public:
     Printer()
@@ -58,6 +58,11 @@ void Fill(StockList& list, int64_t count) {
     }
 }
 
+template <class List>
+void Save(const List& list, const prtmodel* model, benchmark::State& state) {
+    if (list.Save(model) != SaveResult::STORED) state.SkipWithError("not saved");
+}
+
 void Fill(PresetList& list, const prtmodel* model, int64_t count) {
     DevMode settings;
     settings.CreateDefault(model);
@@ -73,7 +78,7 @@ void Fill(PresetList& list, const prtmodel* model, int64_t count) {
 
 constexpr uint32_t kStockSize = 28, kPresetSize = 1508;
 
-// The values of as many stocks or presets: a text and a record of `size` bytes. Presets have a
+// The values of `count` stocks or presets: a text and a record of `size` bytes. Presets have a
 // second text.
 void WriteValues(prtreg& registry, int64_t count, uint32_t size) {
     const std::vector<char> bytes(size, 'x');
@@ -164,7 +169,7 @@ void BM_SaveStocks(benchmark::State& state) {
     int32_t gap = 0;
     for (auto _ : state) {
         list.GetPrev(nullptr)->gap_top = ++gap;
-        if (!list.Save(printer.model())) state.SkipWithError("not saved");
+        Save(list, printer.model(), state);
     }
     state.SetComplexityN(state.range(0));
 }
@@ -196,7 +201,7 @@ void BM_LoadStocks(benchmark::State& state) {
     {
         StockList list(printer.model());
         Fill(list, state.range(0));
-        list.Save(printer.model());
+        Save(list, printer.model(), state);
     }
     int count = 0;
     for (auto _ : state) {
@@ -214,12 +219,12 @@ BENCHMARK(BM_LoadStocks)
     ->Arg(10000)
     ->Complexity(benchmark::oNLogN);
 
-// The names of 1000 stocks as the system asks for them, which should take less than 20 ms.
+// The names of 1000 stocks as the system asks for them. Should take less than 20 ms.
 void BM_PaperNamesOf1000Stocks(benchmark::State& state) {
     const Printer printer;
     StockList list(printer.model());
     Fill(list, 1000);
-    list.Save(printer.model());
+    Save(list, printer.model(), state);
     std::vector<WCHAR> names(1001 * 64);
     for (auto _ : state)
         if (DeviceCapabilitiesW(TEXT("Dock 3"), nullptr, DC_PAPERNAMES, names.data(), nullptr) !=
@@ -236,7 +241,7 @@ void BM_SavePresets(benchmark::State& state) {
     int change = 0;
     for (auto _ : state) {
         list.GetPrev(nullptr)->SetDescription(OString() << ++change);
-        list.Save(printer.model());
+        Save(list, printer.model(), state);
     }
     state.SetComplexityN(state.range(0));
 }
@@ -251,7 +256,7 @@ void BM_LoadPresets(benchmark::State& state) {
     {
         PresetList list;
         Fill(list, printer.model(), state.range(0));
-        list.Save(printer.model());
+        Save(list, printer.model(), state);
     }
     for (auto _ : state) {
         PresetList list;
@@ -266,7 +271,7 @@ BENCHMARK(BM_LoadPresets)
     ->Arg(1000)
     ->Complexity(benchmark::oNLogN);
 
-// The peer of looking for a preset: comparing the settings that count in all of them.
+// The peer of finding a preset: comparing the relevant settings of all of them.
 void BM_CompareManyDevModeBytes(benchmark::State& state) {
     const auto count = static_cast<size_t>(state.range(0));
     std::vector<std::vector<char>> modes(count, std::vector<char>(1508, 'x'));

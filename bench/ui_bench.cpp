@@ -1,5 +1,6 @@
-// A program opens a printer's settings and closes them again, 50 stocks, 20 presets and 50 bar code
-// fonts, beside reading as many values of their sizes through the registry: names and records.
+// A program opens a printer's settings (50 stocks, 20 presets and 50 bar code fonts) and closes
+// them again, compared with reading as many values of the same sizes, names and records, through
+// the registry.
 #include <benchmark/benchmark.h>
 #include <windows.h>
 #include <winspool.h>

@@ -1,9 +1,9 @@
-# Builds targets for the machine that builds, for builds that are for another one.
+# Builds targets for the building machine, for use in builds for another one.
 #
 #   cmake -D SOURCE=folder -D BINARY=folder -D TARGETS="one two" -P build_native_tools.cmake
 #
-# Several builds may share the folder BINARY, also at the same time. Nothing is optimised: what is
-# built here runs for seconds, and would be compiled for minutes.
+# Several builds may share the folder BINARY, also at the same time. Nothing is optimised: the
+# programs run for seconds, and optimising them would take minutes.
 
 cmake_minimum_required(VERSION 3.25)
 

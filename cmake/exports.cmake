@@ -1,10 +1,10 @@
-# The list of the module's exports, read from the one place that has it: every declaration of
+# The list of the module's exports, read from the only place that has it: every declaration in
 # include/zplui.h that starts with ZPLUI_API.
 #
 #   write_export_list(HEADER FILE.def)
 #
-# The names are written as they stand, so that 32-bit Windows builds export them without the
-# decoration of the calling convention.
+# The names are written unchanged, so that 32-bit Windows builds export them without the decoration
+# of the calling convention.
 
 function(write_export_list header file)
     file(READ ${header} text)

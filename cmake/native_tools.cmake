@@ -1,4 +1,4 @@
-# Programs that a build for another machine needs on the one that builds. They are built from the
+# Programs that a build for another machine needs on the building machine. They are built from the
 # same sources, in a folder that all such builds share.
 #
 #   add_native_tools(NAME TARGET...)     a target NAME that builds these into NATIVE_TOOLS/bin

@@ -3,8 +3,8 @@
 add_library(project_options INTERFACE)
 target_compile_options(project_options INTERFACE
     -Wall -Wextra -Wconversion -Wshadow -Werror -fno-strict-aliasing)
-# GCC 12 takes operator+ of std::string and, when it optimises, assigning a short literal to a string
-# for overlapping copies.
+# GCC 12 mistakes operator+ of std::string and, when it optimises, assigning a short literal to a
+# string, for overlapping copies.
 if(CMAKE_CXX_COMPILER_ID STREQUAL "GNU" AND CMAKE_CXX_COMPILER_VERSION VERSION_LESS 13)
     target_compile_options(project_options INTERFACE -Wno-restrict)
 endif()
@@ -17,7 +17,8 @@ if(ZPLUI_SANITIZER)
     endif()
 endif()
 if(ZPLUI_COVERAGE)
-    # The folders of the module are compiled for it, see below. What counts for them exports nothing.
+    # The module's folders are compiled for coverage, see below. The coverage runtime exports
+    # nothing.
     add_link_options(--coverage -Wl,--exclude-libs,libgcov.a)
 endif()
 if(ZPLUI_FUZZ)
@@ -33,7 +34,7 @@ function(zplui_folder name)
                                                         ${PROJECT_SOURCE_DIR}/include)
         target_link_libraries(zplui_${name} PUBLIC project_options win32_headers)
         if(ZPLUI_COVERAGE)
-            # Without optimisation a line is what its author wrote; threads share the counts.
+            # Without optimisation, lines are counted as written; threads share the counts.
             target_compile_options(zplui_${name} PRIVATE --coverage -fprofile-update=atomic -O0)
         endif()
         set_property(GLOBAL APPEND PROPERTY ZPLUI_FOLDERS zplui_${name})

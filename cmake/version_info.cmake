@@ -1,5 +1,5 @@
-# Writes the header with the module's version texts; run in every build, touches the header only
-# when a text changed.
+# Writes the header with the module's version texts. Runs in every build and touches the header only
+# if a text has changed.
 #
 #   cmake -D SOURCE=folder -D VERSION=1.2.3 -D OUTPUT=version_info.h -P version_info.cmake
 #

@@ -1,10 +1,10 @@
-/* Lists what a label printer can be told to do, or tells it. In C, as any program without a user
- * interface may do it:
+/* Lists the actions of a label printer, or runs one. In C, as any program without a user interface
+ * may do it:
  *
  *     printer_actions PRINTER                 the actions that the driver offers
- *     printer_actions PRINTER NUMBER [CHOICE] do one of them; 22 sends a file (full Windows path)
+ *     printer_actions PRINTER NUMBER [CHOICE] run one of them; 22 sends a file (full Windows path)
  *
- * The functions come out of the driver's own configuration module, so they always fit the printer.
+ * The functions come from the driver's own configuration module, so they always fit the printer.
  */
 #include <zplui.h>
 
@@ -19,7 +19,7 @@ typedef BOOL(WINAPI* ActionRun)(HANDLE settings, int action, LPCWSTR choice);
 
 #define FIND(type, name) ((type)(void (*)(void))GetProcAddress(driver, name))
 
-/* The configuration module of the printer's driver, loaded; null when there is none. */
+/* The configuration module of the printer's driver, loaded; null if there is none. */
 static HMODULE LoadDriver(HANDLE printer) {
     DWORD size = 0;
     DRIVER_INFO_3W* info;

@@ -1,13 +1,14 @@
-// Base64 and blob texts: no text leads the decoder beyond its blocks, and bytes come back from
-// their encoding.
+// Base64 and blob texts: no text leads the decoder beyond its buffers, and bytes survive encoding
+// and decoding.
 #include <cstdint>
 #include <cstdlib>
 #include <cstring>
 #include <string>
 
 #include "core/base64.h"
+#include "target.h"
 
-extern "C" int LLVMFuzzerTestOneInput(const uint8_t* data, size_t size) {
+FUZZ_TARGET(base64)(const uint8_t* data, size_t size) {
     OBuffer<char> bytes;
     bytes.Assign(reinterpret_cast<const char*>(data), static_cast<uint32_t>(size));
 

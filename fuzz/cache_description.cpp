@@ -1,11 +1,12 @@
 // The description of the objects in the printer: whatever it says, the list has only objects that
-// are there, each once, in every order.
+// are in it, each once, in every sort order.
 #include <cstdint>
 #include <cstdlib>
 
 #include "printer/cache_contents.h"
+#include "target.h"
 
-extern "C" int LLVMFuzzerTestOneInput(const uint8_t* data, size_t size) {
+FUZZ_TARGET(cache_description)(const uint8_t* data, size_t size) {
     CacheContents contents;
     contents.Take(data, static_cast<uint32_t>(size));
     const int count = contents.GetSize();

@@ -1,5 +1,5 @@
-// Bytes of any code page: the first byte chooses it, the rest is text. What is measured must be
-// what is written, and UTF-16 made from valid UTF-8 must come back as the same bytes.
+// Bytes of any code page: the first byte chooses it, the rest is text. The measured size must be
+// the size written, and UTF-16 made from valid UTF-8 must convert back to the same bytes.
 #include <windows.h>
 
 #include <cstddef>
@@ -8,7 +8,9 @@
 #include <iterator>
 #include <string>
 
-extern "C" int LLVMFuzzerTestOneInput(const uint8_t* data, size_t size) {
+#include "target.h"
+
+FUZZ_TARGET(code_pages)(const uint8_t* data, size_t size) {
     static constexpr UINT kCodePages[] = {1252, 1255, 874, 932, 936, 949, 950, 1361, 65001};
     if (size < 2) return 0;
     const UINT code_page = kCodePages[data[0] % std::size(kCodePages)];

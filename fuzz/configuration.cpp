@@ -1,5 +1,5 @@
-// Any bytes as a printer's configuration, brought into the model's limits and written as commands:
-// nothing in them is other than text.
+// Any bytes as a printer's configuration, brought into the model's limits and written as commands,
+// which contain nothing but text.
 #include <cstdint>
 #include <cstring>
 #include <memory>
@@ -9,13 +9,14 @@
 #include "fuzz_host.h"
 #include "input.h"
 #include "printer/ui_printer.h"
+#include "target.h"
 #include "zpl/extconfig.h"
 #include "zpl/extstream.h"
 
 namespace {
 
-// A model with everything that a configuration can be written for.
-std::string ModelData() {
+// A model with everything that a configuration can contain.
+std::string FullModelData() {
     CustomData data = {};
     data.flags = 0xFFFFFFFF & ~(CustomData::TRANSFER_ONLY | CustomData::DIRECT_ONLY);
     data.label_top_min = data.tear_off_min = -120;
@@ -49,8 +50,8 @@ public:
 
 } // namespace
 
-extern "C" int LLVMFuzzerTestOneInput(const uint8_t* data, size_t size) {
-    static const FuzzHost host(ModelData());
+FUZZ_TARGET(configuration)(const uint8_t* data, size_t size) {
+    static const FuzzHost host(FullModelData());
     static Printer printer;
     extconfig config;
     config.Reset(printer.model.get());

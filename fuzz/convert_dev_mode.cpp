@@ -1,5 +1,5 @@
-// One DEVMODE becomes another: source and destination have sizes of their own, whatever they say
-// is kept to, and neither is looked at behind its end.
+// One DEVMODE is converted into another: whatever sizes source and destination give themselves are
+// kept to, and neither is read beyond its end.
 #include <cstddef>
 #include <cstdint>
 #include <cstring>
@@ -8,6 +8,7 @@
 #include "fuzz_host.h"
 #include "input.h"
 #include "settings/dev_mode.h"
+#include "target.h"
 #include "zplui.h"
 
 namespace {
@@ -15,7 +16,7 @@ namespace {
 constexpr DWORD kModes[] = {CDM_CONVERT, CDM_CONVERT351, CDM_DRIVER_DEFAULT, 99};
 constexpr size_t kHeader = offsetof(DEVMODEW, dmFields);
 
-// A block of at least a header, in the layout's size as far as it tells.
+// A block of at least a header, with the size that the layout gives itself.
 template <class Layout>
 std::vector<uint8_t> Whole(std::vector<uint8_t> bytes) {
     bytes.resize(std::max(bytes.size(), offsetof(Layout, dmFields)));
@@ -56,7 +57,7 @@ void CheckConvert(DEVMODEW* source, std::vector<uint8_t> made, Sizes sizes, DWOR
 
 } // namespace
 
-extern "C" int LLVMFuzzerTestOneInput(const uint8_t* data, size_t size) {
+FUZZ_TARGET(convert_dev_mode)(const uint8_t* data, size_t size) {
     static const FuzzHost host(UsualModelData());
     Input input(data, size);
     const DWORD mode = kModes[input.Number() % std::size(kModes)];

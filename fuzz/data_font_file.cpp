@@ -1,5 +1,5 @@
-// Any bytes as the blob of a data font, as a settings file and as a file of old drivers: what comes
-// out has one font of each name, and comes back from the file that it is exported to.
+// Any bytes as the blob of a data font, as a settings file and as a file of old drivers: the result
+// has one font of each name, and survives export and import.
 #include <cstdint>
 #include <cstdlib>
 #include <cstring>
@@ -11,13 +11,14 @@
 #include "input.h"
 #include "model/symbology_info.h"
 #include "support/data_file_text.h"
+#include "target.h"
 
 namespace {
 
 constexpr uint32_t UTF_8 = 1208;
 
-// Every symbology and tag, some of them with few options.
-std::string ModelData() {
+// A model with every symbology and tag, some of them with few options.
+std::string EverySymbology() {
     std::string symbologies = "[A]\n";
     for (int i = 0; i < KVCapabilitiesData::SYMBOLOGIES; ++i)
         symbologies += SymbologyInfo(i).GetName().nstring() + std::string("=yes\n");
@@ -81,8 +82,8 @@ void CheckList(const DataFontManager& fonts, const prtmodel* model) {
 
 } // namespace
 
-extern "C" int LLVMFuzzerTestOneInput(const uint8_t* data, size_t size) {
-    static const FuzzHost host(ModelData());
+FUZZ_TARGET(data_font_file)(const uint8_t* data, size_t size) {
+    static const FuzzHost host(EverySymbology());
     const prtmodel* model = host.Model();
     CheckBlob<DataFont_BarCode, DataFontStorage_BarCode>(data, size);
     CheckBlob<DataFont_RFID, DataFontStorage_RFID>(data, size);

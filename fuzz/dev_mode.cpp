@@ -1,5 +1,5 @@
-// DEVMODEs of anywhere: whatever their sizes and bytes say, nothing behind them is looked at, and
-// what comes out of a merge is a complete DEVMODE of the driver.
+// DEVMODEs from anywhere: whatever their sizes and bytes say, nothing beyond them is read, and a
+// merge results in a complete DEVMODE of the driver.
 #include <cstdint>
 #include <cstdlib>
 #include <cstring>
@@ -10,6 +10,7 @@
 #include "settings/dev_mode.h"
 #include "settings/prtconfig.h"
 #include "spooler/printer_info.h"
+#include "target.h"
 #include "zpl/extconfig.h"
 #include "zpl/extmodel.h"
 #include "zplui.h"
@@ -21,7 +22,7 @@ const prtmodel& Model() {
     return *model;
 }
 
-// The input as a DEVMODE of either layout, in the bytes that its sizes tell of or those of its
+// The input as a DEVMODE of either layout, with as many bytes as its sizes say, or those of its
 // header.
 template <class Layout>
 std::vector<uint8_t> Owned(const uint8_t* data, size_t size) {
@@ -36,7 +37,7 @@ std::vector<uint8_t> Owned(const uint8_t* data, size_t size) {
 
 } // namespace
 
-extern "C" int LLVMFuzzerTestOneInput(const uint8_t* data, size_t size) {
+FUZZ_TARGET(dev_mode)(const uint8_t* data, size_t size) {
     std::vector<uint8_t> bytes = Owned<DEVMODE32>(data, size);
     auto* source = reinterpret_cast<DEVMODEW*>(bytes.data());
 
@@ -52,7 +53,7 @@ extern "C" int LLVMFuzzerTestOneInput(const uint8_t* data, size_t size) {
         !prtconfig::get_cfg(&raw) || !GetCommonPrivateDm(&raw))
         std::abort();
 
-    // The same through the entry point, with the room that the input's first bytes make up.
+    // The same through the entry point, with the room given by the input's first bytes.
     std::vector<char> made(DWORD(source->dmDeviceName[0]) % 2048);
     made.shrink_to_fit();
     DOCUMENTPROPERTYHEADER header = {};

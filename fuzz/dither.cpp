@@ -1,5 +1,5 @@
-// Any record for the dithering exports: sizes, settings, palette and modes as the input says, with
-// no more pixels than the caller owns. The first bytes are the record behind its pixel pointer, the
+// Any record for the dithering exports: sizes, settings, palette and modes from the input, with no
+// more pixels than the caller owns. The first bytes are the record after its pixel pointer; the
 // rest are the pixels.
 #include <algorithm>
 #include <cstddef>
@@ -8,13 +8,14 @@
 #include <vector>
 
 #include "imaging/dither_engine.h"
+#include "target.h"
 #include "zplui.h"
 
 namespace {
 
 constexpr size_t kFields = offsetof(ImageDither, config) + sizeof(dithercfg) - sizeof(void*);
 
-// The bytes that the engine may touch; 0 when it has to leave the image alone.
+// The number of bytes that the engine may touch; 0 if it must leave the image alone.
 size_t PixelBytes(const ImageDither& record) {
     if (record.width < 1 || record.height < 1) return 0;
     if (record.width > ImageDither::kMaxSide || record.height > ImageDither::kMaxSide) return 0;
@@ -23,7 +24,7 @@ size_t PixelBytes(const ImageDither& record) {
 
 } // namespace
 
-extern "C" int LLVMFuzzerTestOneInput(const uint8_t* data, size_t size) {
+FUZZ_TARGET(dither)(const uint8_t* data, size_t size) {
     if (size < kFields) return 0;
     ImageDither record;
     std::memcpy(&record.width, data, kFields);
@@ -32,7 +33,7 @@ extern "C" int LLVMFuzzerTestOneInput(const uint8_t* data, size_t size) {
     const size_t bytes = PixelBytes(record);
     if (bytes > 300000) return 0; // too slow to be of use
 
-    // Exactly the image, on the heap: whatever is read or written beside it is found.
+    // Exactly the image, on the heap, so that reads and writes outside it are found.
     std::vector<uint8_t> image(bytes);
     std::copy_n(data, std::min(size, bytes), image.begin());
     uint8_t none = 0;

@@ -1,5 +1,5 @@
 // Any bytes as the stored records of downloaded fonts, and as a printer's list of its font files:
-// what is loaded is stored again as it is, and what is suggested for a new font is free.
+// what is loaded is stored again unchanged, and the name suggested for a new font is free.
 #include <cstdint>
 #include <cstdlib>
 #include <cstring>
@@ -11,6 +11,7 @@
 #include "fuzz_host.h"
 #include "input.h"
 #include "keys/prtreg.h"
+#include "target.h"
 #include "zpl/font_files.h"
 #include "zpl/host_lists.h"
 
@@ -36,12 +37,12 @@ std::string RecordsOf(const prtdttf_list& fonts) {
 
 } // namespace
 
-extern "C" int LLVMFuzzerTestOneInput(const uint8_t* data, size_t size) {
+FUZZ_TARGET(downloaded_fonts)(const uint8_t* data, size_t size) {
     static const FuzzHost host(UsualModelData());
     prtreg registry(host.Model()->GetRegistry());
     Input input(data, size);
 
-    // Values of any name in use, of any type and size.
+    // Values with any of the names in use, of any type and size.
     constexpr const char* kNames[] = {"Type",          "Status",   "Point Size", "Character Subset",
                                       "Characters",    "FontInfo", "Italic",     "Face Name",
                                       "Character Set", "Weight"};
@@ -57,7 +58,8 @@ extern "C" int LLVMFuzzerTestOneInput(const uint8_t* data, size_t size) {
     }
     prtdttf_list fonts, again;
     fonts.Load(host.Model());
-    fonts.Save(host.Model());
+    fonts.AddTail(new DownloadedFont);
+    Check(fonts.Save(host.Model()) == SaveResult::STORED);
     again.Load(host.Model());
     Check(RecordsOf(fonts) == RecordsOf(again));
 

@@ -1,4 +1,4 @@
-// What the fuzz targets share that read files of the host.
+// What fuzz targets that read files of the host share.
 #pragma once
 
 #include <windows.h>
@@ -20,8 +20,8 @@
 #include "spooler/printer_info.h"
 #include "support/data_file_text.h"
 
-// A model data file of one driver, "M", with bar codes and RFID. `properties` are more lines of its
-// model.
+// A model data file of one driver, "M", with bar codes and RFID. `properties` are additional lines
+// for its model.
 inline std::string UsualModelData(const std::string& properties = std::string()) {
     return Record("Driver.d", "[M]\nModel=Model:A\n") +
            Record("Model.d",
@@ -29,8 +29,8 @@ inline std::string UsualModelData(const std::string& properties = std::string())
            Record("BarCode.d", "[A]\nCode39=yes\nCode128=yes\n");
 }
 
-// A host of this process's own, which ends with it, with a printer "P" of the driver "M".
-// `model_data` are the bytes of the driver's model data file.
+// A host for this process, removed when it ends, with a printer "P" of the driver "M". `model_data`
+// are the bytes of the driver's model data file.
 class FuzzHost {
 public:
     explicit FuzzHost(const std::string& model_data) {
@@ -68,7 +68,7 @@ public:
 
     prtmodel* Model() const { return model_.get(); }
 
-    // The POSIX path of a file in the root of drive C; of the drive itself without a name.
+    // The POSIX path of a file in the root of drive C; that of the drive itself for an empty name.
     std::string OnDriveC(const std::string& name) const {
         const std::string drive = win32host::Root() + "/drive_c";
         return name.empty() ? drive : drive + "/" + name;

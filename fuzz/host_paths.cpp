@@ -5,8 +5,9 @@
 #include "../platform/files/paths.h"
 #include "fuzz_host.h"
 #include "input.h"
+#include "target.h"
 
-extern "C" int LLVMFuzzerTestOneInput(const uint8_t* data, size_t size) {
+FUZZ_TARGET(host_paths)(const uint8_t* data, size_t size) {
     static const FuzzHost host(UsualModelData());
     Input input(data, size);
     const bool narrow = input.Number() % 2 != 0;

@@ -1,4 +1,4 @@
-// What labelhost takes: a DEVMODE of a file with an edit of one of its fields, texts of settings
+// The inputs of labelhost: a DEVMODE file with a change to one of its fields, texts of settings
 // files, hexadecimal bytes and numbers.
 #include <cstdint>
 #include <string>
@@ -9,6 +9,7 @@
 #include "labelhost/commands/settings_text.h"
 #include "labelhost/fault.h"
 #include "labelhost/text.h"
+#include "target.h"
 
 namespace {
 
@@ -37,7 +38,7 @@ void CheckEdit(DevModeBytes settings, const std::string& field, const std::strin
 
 } // namespace
 
-extern "C" int LLVMFuzzerTestOneInput(const uint8_t* data, size_t size) {
+FUZZ_TARGET(host_texts)(const uint8_t* data, size_t size) {
     Input input(data, size);
     const std::string field = input.Text(input.Number() % 32);
     const std::string value = input.Text(input.Number() % 64);

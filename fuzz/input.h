@@ -1,4 +1,4 @@
-// What the fuzz targets share: the check of what they find, and pieces of the input.
+// What the fuzz targets share: a check for findings, and pieces of the input.
 #pragma once
 
 #include <algorithm>
@@ -7,7 +7,7 @@
 #include <string>
 #include <vector>
 
-// A finding when it does not hold.
+// Reports a finding if the condition does not hold.
 inline void Check(bool condition) {
     if (!condition) std::abort();
 }
@@ -21,7 +21,7 @@ public:
 
     bool IsEmpty() const { return size_ == 0; }
 
-    // Up to `count` bytes, in a block of just their size: whatever is read beside it is found.
+    // Up to `count` bytes, in a block of exactly their size, so that reads outside it are found.
     std::vector<uint8_t> Take(size_t count) {
         std::vector<uint8_t> bytes(data_, data_ + std::min(count, size_));
         Skip(bytes.size());
@@ -34,7 +34,7 @@ public:
     }
     std::string Rest() { return Text(size_); }
 
-    // One byte, or two with the lower one first; 0 at the end.
+    // A number of one byte, or of two with the lower one first; 0 at the end.
     size_t Number() {
         const std::vector<uint8_t> byte = Take(1);
         return byte.empty() ? 0 : byte[0];
@@ -54,7 +54,7 @@ private:
     size_t size_;
 };
 
-// The bytes as UTF-16 units, without an odd one at the end.
+// The bytes as UTF-16 units, without an odd byte at the end.
 inline std::u16string Units(const std::string& bytes) {
     std::u16string units;
     for (size_t i = 0; i + 1 < bytes.size(); i += 2)

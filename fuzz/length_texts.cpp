@@ -1,5 +1,5 @@
-// Lengths as people and tables write them, in any units and with any separators: what is read stays
-// within limits, and what is written is read again as the same length.
+// Lengths as people and tables write them, in any units and with any separators: lengths that are
+// read stay within limits, and a length that is written reads back as the same.
 #include <win32host/control.h>
 
 #include <cstdint>
@@ -11,6 +11,7 @@
 #include "input.h"
 #include "locale/prtlocale.h"
 #include "model/measurement.h"
+#include "target.h"
 
 namespace {
 
@@ -19,7 +20,7 @@ constexpr int32_t kLongest = 25400 * 25400; // 645 m
 void CheckLocale(const prtlocale& locale, const OString& text) {
     const int32_t microns = locale.string_to_microns(text);
     Check(microns >= -kLongest && microns <= kLongest);
-    // What is shown is rounded: to 0.1 mm or 0.01 in.
+    // Displayed lengths are rounded to 0.1 mm or 0.01 in.
     if (std::abs(microns) > 25000000) return;
     const OString shown = locale.microns_to_string(microns);
     Check(std::abs(locale.string_to_microns(shown) - microns) <= 127);
@@ -27,7 +28,7 @@ void CheckLocale(const prtlocale& locale, const OString& text) {
 
 } // namespace
 
-extern "C" int LLVMFuzzerTestOneInput(const uint8_t* data, size_t size) {
+FUZZ_TARGET(length_texts)(const uint8_t* data, size_t size) {
     Input input(data, size);
     const size_t choice = input.Number();
     const std::string bytes = input.Rest();

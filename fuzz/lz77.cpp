@@ -1,11 +1,12 @@
-// Compressed containers: whatever decodes must come back from a container of its own.
+// Compressed containers: whatever decodes must survive encoding and decoding.
 #include <cstdint>
 #include <cstdlib>
 #include <cstring>
 
 #include "core/lz77.h"
+#include "target.h"
 
-extern "C" int LLVMFuzzerTestOneInput(const uint8_t* data, size_t size) {
+FUZZ_TARGET(lz77)(const uint8_t* data, size_t size) {
     OBuffer<char> buffer;
     buffer.Assign(reinterpret_cast<const char*>(data), static_cast<uint32_t>(size));
     OBuffer<char> content;

@@ -1,5 +1,5 @@
-// Model data tables: whatever their properties say, the records keep to their layouts: texts end
-// within their fields, and what may not be zero is not.
+// Model data tables: whatever their properties say, the records keep to their layouts. Texts end
+// within their fields, and what must not be zero is not.
 #include <cstdint>
 #include <cstdlib>
 #include <cstring>
@@ -10,6 +10,7 @@
 #include "model/resource_cache.h"
 #include "spooler/printer_info.h"
 #include "support/data_file_text.h"
+#include "target.h"
 #include "zpl/extmodel.h"
 
 namespace {
@@ -21,7 +22,7 @@ void CheckText(const char (&field)[N]) {
 
 } // namespace
 
-extern "C" int LLVMFuzzerTestOneInput(const uint8_t* data, size_t size) {
+FUZZ_TARGET(model_records)(const uint8_t* data, size_t size) {
     // Every table has the same properties, so that one input reaches all readers.
     const std::string text = "[.default]\nDrawing=Drawing:A\nMethod=Method:A\nFont=Font:A\n"
                              "BarCode=BarCode:A\nFeatures=Features:A\n~CustomData=~CustomData:A\n"
@@ -32,7 +33,7 @@ extern "C" int LLVMFuzzerTestOneInput(const uint8_t* data, size_t size) {
                               "BarCode", "Features", "~CustomData"})
         file += Record(std::string(table) + ".d", text);
 
-    // The module is not attached and the printer unknown: no folder and no prefix.
+    // The module is not attached and the printer is unknown, so there is no folder and no prefix.
     OResourceCache::Initialize();
     ModelDataCache::Initialize();
     if (OResourceFile* opened = OResourceCache::GetResourceFile("\\.ddt"))

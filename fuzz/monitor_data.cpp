@@ -1,5 +1,5 @@
-// What the status monitor is asked as a printer's data: any name, with any bytes left for it in
-// the printer's key. It changes nothing but the shared settings of that printer.
+// Requests to the status monitor as printer data: any name, with any bytes left for it in the
+// printer's key. It changes only the shared settings of that printer.
 #include <windows.h>
 
 #include <cstdint>
@@ -10,10 +10,11 @@
 #include "keys/prtreg.h"
 #include "keys/shared_keys_text.h"
 #include "qstmon/qstmon.h"
+#include "target.h"
 
 namespace {
 
-// Everything of the registry that no client may touch.
+// A checksum of everything in the registry that no client may touch.
 uint32_t Forbidden() {
     ORegistry registry;
     uint32_t checksum = 0;
@@ -30,7 +31,7 @@ uint32_t Forbidden() {
 
 } // namespace
 
-extern "C" int LLVMFuzzerTestOneInput(const uint8_t* data, size_t size) {
+FUZZ_TARGET(monitor_data)(const uint8_t* data, size_t size) {
     static const FuzzHost host(UsualModelData());
     static prtreg registry("P");
     Input input(data, size);

@@ -1,10 +1,11 @@
 // Any text as a file with options blocks.
 #include "model/options_block.h"
+#include "target.h"
 
 #include <cstdlib>
 #include <string>
 
-extern "C" int LLVMFuzzerTestOneInput(const uint8_t* data, size_t size) {
+FUZZ_TARGET(options_block)(const uint8_t* data, size_t size) {
     OptionsBlockReader reader("M", "HKEY_LOCAL_MACHINE\\Printers\\P");
     std::string line;
     for (size_t i = 0; i <= size; ++i) {

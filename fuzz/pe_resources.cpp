@@ -1,10 +1,11 @@
-// Any bytes as a PE file: its resources are looked up and read to their ends.
+// Any bytes as a PE file, whose resources are looked up and read to their ends.
 #include "../platform/modules/pe_image.h"
+#include "target.h"
 
 #include <algorithm>
 #include <numeric>
 
-extern "C" int LLVMFuzzerTestOneInput(const uint8_t* data, size_t size) {
+FUZZ_TARGET(pe_resources)(const uint8_t* data, size_t size) {
     using win32host::PeImage;
     using win32host::ResourceName;
     const auto image = PeImage::Parse({data, size});

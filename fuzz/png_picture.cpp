@@ -1,12 +1,13 @@
-// PNG files as labelhost reads them: any bytes give a picture of the announced size or a fault.
+// PNG files as labelhost reads them: any bytes give a picture of the announced size, or a fault.
 #include <cstddef>
 #include <cstdint>
 
 #include "labelhost/fault.h"
 #include "labelhost/png/picture.h"
+#include "target.h"
 
-extern "C" int LLVMFuzzerTestOneInput(const uint8_t* data, size_t size) {
-    constexpr int kMaxSide = 1000; // larger ones are slow and no different
+FUZZ_TARGET(png_picture)(const uint8_t* data, size_t size) {
+    constexpr int kMaxSide = 1000; // larger ones are slow and test nothing more
     try {
         const Picture picture = DecodePicture(data, size, kMaxSide);
         const size_t pixels =

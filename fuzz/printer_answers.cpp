@@ -4,10 +4,11 @@
 
 #include "core/ostring_array.h"
 #include "model/property_set.h"
+#include "target.h"
 #include "zpl/host_lists.h"
 #include "zpl/host_status.h"
 
-extern "C" int LLVMFuzzerTestOneInput(const uint8_t* data, size_t size) {
+FUZZ_TARGET(printer_answers)(const uint8_t* data, size_t size) {
     const char* answer = reinterpret_cast<const char*>(data);
     const auto length = static_cast<uint32_t>(size);
     OPropertySet properties;

@@ -1,5 +1,5 @@
-// What ddtpack takes: model data files, keys files of custom data and default settings in words.
-// What it makes can be read, by itself and by the driver.
+// The inputs of ddtpack: model data files, keys files of custom data, and default settings in text
+// form. It and the driver can read what it makes.
 #include <cstdint>
 #include <string>
 
@@ -13,10 +13,11 @@
 #include "model/table_text.h"
 #include "settings/preset_list.h"
 #include "settings/stock_list.h"
+#include "target.h"
 
 namespace {
 
-// Whether `work` found nothing wrong.
+// True if `work` found nothing wrong.
 template <class Work>
 bool Succeeds(const Work& work) {
     try {
@@ -40,7 +41,7 @@ void CheckSettings(prtmodel* model) {
 
 } // namespace
 
-extern "C" int LLVMFuzzerTestOneInput(const uint8_t* data, size_t size) {
+FUZZ_TARGET(product_texts)(const uint8_t* data, size_t size) {
     static const FuzzHost host(UsualModelData());
     const std::string text(reinterpret_cast<const char*>(data), size);
 

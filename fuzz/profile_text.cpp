@@ -1,5 +1,5 @@
-// Any bytes as a private profile (sections with key=value lines): it is listed and read, and what
-// is written to it is there.
+// Any bytes as a private profile (sections with key=value lines): it can be listed and read, and
+// what is written to it can be read back.
 #include <windows.h>
 
 #include <cstdint>
@@ -9,17 +9,18 @@
 
 #include "fuzz_host.h"
 #include "input.h"
+#include "target.h"
 
 namespace {
 
 using Wide = std::basic_string<WCHAR>;
-constexpr const WCHAR* kFile = TEXT("C:\\in.ini");
+constexpr const WCHAR* kProfile = TEXT("C:\\in.ini");
 
-// The texts of a list, each with a zero behind it.
+// The texts of a list, each with a zero after it.
 std::vector<Wide> List(const WCHAR* section, const WCHAR* key, DWORD room) {
     std::vector<WCHAR> buffer(room);
     const DWORD length =
-        GetPrivateProfileStringW(section, key, nullptr, buffer.data(), room, kFile);
+        GetPrivateProfileStringW(section, key, nullptr, buffer.data(), room, kProfile);
     Check(length < room);
     std::vector<Wide> texts;
     for (size_t at = 0; at < length;) {
@@ -31,14 +32,14 @@ std::vector<Wide> List(const WCHAR* section, const WCHAR* key, DWORD room) {
 
 Wide Value(const WCHAR* section, const WCHAR* key) {
     WCHAR text[64];
-    const DWORD length = GetPrivateProfileStringW(section, key, TEXT("?"), text, 64, kFile);
+    const DWORD length = GetPrivateProfileStringW(section, key, TEXT("?"), text, 64, kProfile);
     Check(length < 64 && text[length] == 0);
     return text;
 }
 
 } // namespace
 
-extern "C" int LLVMFuzzerTestOneInput(const uint8_t* data, size_t size) {
+FUZZ_TARGET(profile_text)(const uint8_t* data, size_t size) {
     static const FuzzHost host(UsualModelData());
     std::ofstream(host.OnDriveC("in.ini"), std::ios::binary)
         .write(reinterpret_cast<const char*>(data), static_cast<std::streamsize>(size));
@@ -49,10 +50,10 @@ extern "C" int LLVMFuzzerTestOneInput(const uint8_t* data, size_t size) {
                 Value(section.c_str(), key.c_str());
 
     for (const WCHAR* value : {TEXT("one"), TEXT("two words")}) {
-        Check(WritePrivateProfileStringW(TEXT("s"), TEXT("k"), value, kFile));
+        Check(WritePrivateProfileStringW(TEXT("s"), TEXT("k"), value, kProfile));
         Check(Value(TEXT("s"), TEXT("k")) == value);
     }
-    Check(WritePrivateProfileStringW(TEXT("s"), TEXT("k"), nullptr, kFile));
-    Check(WritePrivateProfileStringW(TEXT("s"), nullptr, nullptr, kFile));
+    Check(WritePrivateProfileStringW(TEXT("s"), TEXT("k"), nullptr, kProfile));
+    Check(WritePrivateProfileStringW(TEXT("s"), nullptr, nullptr, kProfile));
     return 0;
 }

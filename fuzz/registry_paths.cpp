@@ -1,5 +1,5 @@
-// Any text as the symbolic path of a registry value: it leads to one place, by whatever way, and
-// an encoded name stays one name. The first byte chooses what is done there.
+// Any text as the symbolic path of a registry value: it leads to the same place by every way, and
+// an encoded name stays one name. The first byte chooses the operation.
 #include <cstdint>
 #include <cstring>
 #include <string>
@@ -8,6 +8,7 @@
 #include "input.h"
 #include "keys/prtreg.h"
 #include "registry/oregistry_names.h"
+#include "target.h"
 
 namespace {
 
@@ -17,7 +18,7 @@ class Registry : public prtreg {
 public:
     using prtreg::prtreg;
 
-    // Where a path leads.
+    // The key and value that a path leads to.
     bool Resolve(OString& key, OString& value) { return GetKeyAndValue(key, value); }
 };
 
@@ -28,8 +29,8 @@ OString FromUtf8(const std::string& text) {
     return string;
 }
 
-// What is stored under an encoded name is there under the name itself. The registry's own limits
-// are not in question here.
+// What is stored under an encoded name is found under the name itself. The registry's own limits
+// are not tested here.
 void CheckName(Registry& registry, const OString& name) {
     const OString encoded = ORegistry::EncodeName(name);
     Check(DecodeName(encoded) == name);
@@ -45,7 +46,7 @@ void CheckName(Registry& registry, const OString& name) {
 
 } // namespace
 
-extern "C" int LLVMFuzzerTestOneInput(const uint8_t* data, size_t size) {
+FUZZ_TARGET(registry_paths)(const uint8_t* data, size_t size) {
     static const FuzzHost host(UsualModelData());
     static Registry registry("P");
     Input input(data, size);
@@ -61,7 +62,7 @@ extern "C" int LLVMFuzzerTestOneInput(const uint8_t* data, size_t size) {
     }
     registry.SubstituteWindowsSyntax(name);
 
-    // Reading makes nothing and may be tried anywhere; only what is ours is written.
+    // Reading makes nothing and may be tried anywhere; writing is only tried in our own keys.
     uint32_t type = 0, bytes = 0;
     const bool exists = registry.GetInfo(name, &bytes, &type);
     Check(registry.GetSize(name) == (exists ? static_cast<int32_t>(bytes) : -1));

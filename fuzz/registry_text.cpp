@@ -1,11 +1,12 @@
-// Registry texts from settings files: reading them must survive anything, and every value that they
-// give must come back from its own text.
+// Registry texts from settings files: reading must survive anything, and every value that was read
+// must survive being written and read again.
 #include <cstdint>
 #include <cstdlib>
 #include <cstring>
 
 #include "input.h"
 #include "registry/oregistry_text.h"
+#include "target.h"
 
 namespace {
 
@@ -29,7 +30,7 @@ void CheckRoundTrip(const RegistryValue& value) {
 
 } // namespace
 
-extern "C" int LLVMFuzzerTestOneInput(const uint8_t* data, size_t size) {
+FUZZ_TARGET(registry_text)(const uint8_t* data, size_t size) {
     RegistryTextReader reader;
     while (size > 0) {
         const auto* end = static_cast<const uint8_t*>(std::memchr(data, '\n', size));

@@ -1,5 +1,5 @@
-// Any private escapes in any order, with records of any size, to the rendering module's device that
-// has a document open: it reads and writes no further than it is told.
+// Any private escapes in any order, with records of any size, for the rendering module's device
+// with an open document: it reads and writes no further than the sizes say.
 #include <winspool.h>
 
 #include <algorithm>
@@ -12,6 +12,7 @@
 #include "fuzz_host.h"
 #include "input.h"
 #include "spooler/open_printer.h"
+#include "target.h"
 
 namespace {
 
@@ -28,7 +29,7 @@ constexpr int kEscapes[] = {QUERYESCSUPPORT,
                             ESCAPE_CACHE_ITEM_ACTION,
                             16001};
 
-// A document on the printer, begun anew now and then so that its file stays small.
+// A document on the printer, started anew now and then so that its file stays small.
 class Document {
 public:
     explicit Document(HANDLE printer)
@@ -49,7 +50,7 @@ private:
 
 } // namespace
 
-extern "C" int LLVMFuzzerTestOneInput(const uint8_t* data, size_t size) {
+FUZZ_TARGET(render_escapes)(const uint8_t* data, size_t size) {
     static const FuzzHost host(UsualModelData());
     static const OpenPrinter printer("P", PRINTER_ALL_ACCESS);
     static Document document(printer.Get());

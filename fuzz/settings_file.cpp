@@ -5,6 +5,7 @@
 #include <string>
 
 #include "fuzz_host.h"
+#include "target.h"
 #include "ui/settings_file.h"
 
 namespace {
@@ -12,12 +13,13 @@ namespace {
 constexpr int kAll = SETTINGS_STOCKS | SETTINGS_PRESETS | SETTINGS_BAR_FONTS | SETTINGS_RFID_FONTS |
                      SETTINGS_OPTIONS;
 
-// What has been imported is in order, and a file that it is exported to has it all.
-void Check(StockList& stocks, PresetList& presets, DataFontManager& fonts, prtmodel& model,
-           bool text) {
+// The imported settings are in order, and a file that they are exported to has all of them.
+void CheckLists(StockList& stocks, PresetList& presets, DataFontManager& fonts, prtmodel& model,
+                bool text) {
     for (const Stock *stock = stocks.GetNext(nullptr), *next;
          stock && (next = stocks.GetNext(stock)); stock = next) {
-        const int names = std::strcmp(stock->GetName().nstring(), next->GetName().nstring());
+        stock->GetName().wstring(); // the form by which they are sorted
+        const int names = stock->GetName().Collate(next->GetName());
         if (stock->is_user() == next->is_user() ? names >= 0 : next->is_user()) std::abort();
     }
     for (const Preset *preset = presets.GetNext(nullptr), *next;
@@ -40,7 +42,7 @@ void Check(StockList& stocks, PresetList& presets, DataFontManager& fonts, prtmo
 
 } // namespace
 
-extern "C" int LLVMFuzzerTestOneInput(const uint8_t* data, size_t size) {
+FUZZ_TARGET(settings_file)(const uint8_t* data, size_t size) {
     static const FuzzHost host(UsualModelData());
     prtmodel& model = *host.Model();
     OFile(OString(kIn), OFILE_WRITE).Write(data, static_cast<uint32_t>(size));
@@ -48,6 +50,6 @@ extern "C" int LLVMFuzzerTestOneInput(const uint8_t* data, size_t size) {
     PresetList presets;
     DataFontManager fonts;
     ImportSettingsFile(kIn, kAll, {model, stocks, presets, fonts});
-    Check(stocks, presets, fonts, model, size > 0 && data[0] == '<');
+    CheckLists(stocks, presets, fonts, model, size > 0 && data[0] == '<');
     return 0;
 }

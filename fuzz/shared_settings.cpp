@@ -1,12 +1,13 @@
-// Any bytes as what a client and a print server tell each other of shared settings: a question, and
-// the settings that travel. Whatever comes from the other machine names shared keys in the end and
-// no others.
+// Any bytes as the messages between a client and a print server about shared settings: a question,
+// and the settings themselves. Whatever comes from the other machine, only shared keys are named in
+// the end.
 #include <cstdlib>
 #include <cstring>
 #include <string>
 
 #include "keys/shadow_request.h"
 #include "keys/shared_keys_text.h"
+#include "target.h"
 
 namespace {
 
@@ -24,8 +25,8 @@ void CheckQuestion(const char* text, size_t size) {
 void CheckSettings(const OStringArray& lines) {
     OStringArray renamed;
     RenameSharedKeys(lines, "P", "DATA", "LOCAL", renamed);
-    // The names that they have now are not those of shared keys any more, but for a reader of the
-    // text every key is below one of the two.
+    // They are now under other names, but a reader of the text finds every key below one of the
+    // two.
     bool between = true;
     for (int i = 0; i < renamed.GetSize(); ++i) {
         const std::string line = renamed[i].nstring();
@@ -43,7 +44,7 @@ void CheckSettings(const OStringArray& lines) {
 
 } // namespace
 
-extern "C" int LLVMFuzzerTestOneInput(const uint8_t* data, size_t size) {
+FUZZ_TARGET(shared_settings)(const uint8_t* data, size_t size) {
     const auto* text = reinterpret_cast<const char*>(data);
     CheckQuestion(text, size);
 
@@ -53,7 +54,8 @@ extern "C" int LLVMFuzzerTestOneInput(const uint8_t* data, size_t size) {
     UnpackSharedKeys(bytes, lines);
     CheckSettings(lines);
 
-    // The same bytes as the lines themselves, which no checksum keeps the fuzzer from changing.
+    // The same bytes as the lines themselves, which the fuzzer can change without a checksum in the
+    // way.
     lines.SetSize(0);
     lines.Unpack(bytes, OPACK_PLAIN);
     CheckSettings(lines);

@@ -1,13 +1,14 @@
-// DEVMODEs of the spooler, wide (first byte even) and ANSI: a copy never reads outside, and has
-// just the size that it claims.
+// DEVMODEs of the spooler, wide (first byte even) and ANSI: copying never reads outside, and a copy
+// has exactly the size that it gives itself.
 #include <cstddef>
 #include <cstdint>
 #include <cstdlib>
 #include <cstring>
 
 #include "spooler/spooler_dev_mode.h"
+#include "target.h"
 
-extern "C" int LLVMFuzzerTestOneInput(const uint8_t* data, size_t size) {
+FUZZ_TARGET(spooler_dev_mode)(const uint8_t* data, size_t size) {
     if (size == 0) return 0;
     const bool ansi = *data & 1;
     ++data, --size;

@@ -1,5 +1,5 @@
 // Any values below the keys of a printer and of the machine's stocks, as old drivers and other
-// programs may have left them: everything that is kept there is loaded, stored and loaded again.
+// programs may have left them: all settings there are loaded, stored and loaded again.
 #include <winspool.h>
 
 #include <cstdint>
@@ -8,6 +8,7 @@
 #include <string_view>
 
 #include "cache_settings.h"
+#include "fonts/data_font_bar_code.h"
 #include "fonts/data_font_manager.h"
 #include "fonts/prtdttf_list.h"
 #include "fuzz_host.h"
@@ -19,10 +20,11 @@
 #include "settings/scolor.h"
 #include "settings/stock_list.h"
 #include "spooler/open_printer.h"
+#include "target.h"
 
 namespace {
 
-// Names in use; those of a list are completed by a number.
+// Names in use; those of lists are completed by a number.
 constexpr const char* kNames[] = {"Settings:User Form:: Name",
                                   "Settings:User Form:: Data",
                                   "Settings:Unprintable Width",
@@ -66,7 +68,7 @@ void LoadAll(prtmodel* model) {
     stock->SetName("new");
     stocks.AddTail(stock);
     stocks.Validate();
-    stocks.Save(model);
+    Check(stocks.Save(model) != SaveResult::FAILED);
     stocks_again.Load(model);
     Check(CountOf(stocks_again) == CountOf(stocks));
 
@@ -79,7 +81,7 @@ void LoadAll(prtmodel* model) {
     preset_new->SetDevMode(usual.GetDevMode());
     presets.AddTail_ReplaceName(preset_new);
     presets.Sort();
-    presets.Save(model);
+    Check(presets.Save(model) != SaveResult::FAILED);
     presets_again.Load(model);
     Check(CountOf(presets_again) == CountOf(presets));
     for (Preset* preset = presets.GetNext(nullptr); preset; preset = presets.GetNext(preset)) {
@@ -92,24 +94,28 @@ void LoadAll(prtmodel* model) {
 
     DataFontManager data_fonts, data_fonts_again;
     data_fonts.Load(model);
-    data_fonts.Save(model);
+    auto* font = new DataFont_BarCode;
+    font->SetFontName("new");
+    data_fonts.AddTail(font);
+    Check(data_fonts.Save(model) != SaveResult::FAILED);
     data_fonts_again.Load(model);
     Check(data_fonts_again.GetCRC32(0) == data_fonts.GetCRC32(0));
     prtdttf_list fonts;
     fonts.Load(model);
-    fonts.Save(model);
+    Check(fonts.Save(model) == SaveResult::UNCHANGED);
 }
 
 } // namespace
 
-extern "C" int LLVMFuzzerTestOneInput(const uint8_t* data, size_t size) {
+FUZZ_TARGET(stored_settings)(const uint8_t* data, size_t size) {
     static const FuzzHost host(UsualModelData());
     prtreg registry("P");
     Input input(data, size);
     while (!input.IsEmpty()) {
         const std::string_view name = kNames[input.Number() % std::size(kNames)];
         if (name.ends_with("Total")) {
-            // Each of the many that there are not is looked for, which is slow and no different.
+            // A large total makes the reader look for many entries that do not exist, which is slow
+            // and tests nothing more.
             registry.SetDWORD(name.data(), static_cast<uint32_t>(input.Number()));
             continue;
         }

@@ -1,11 +1,12 @@
 // Any bytes as a packed list of strings, 8-bit and UTF-16, and as a text that is split: the list
-// comes back from its own packing, and the pieces make the text again.
+// survives packing and unpacking, and the pieces join to the text again.
 #include <cstdint>
 #include <cstring>
 #include <string>
 
 #include "core/ostring_array.h"
 #include "input.h"
+#include "target.h"
 
 namespace {
 
@@ -28,7 +29,7 @@ void CheckUnpack(const OBuffer<C>& packed, int mode) {
 
 } // namespace
 
-extern "C" int LLVMFuzzerTestOneInput(const uint8_t* data, size_t size) {
+FUZZ_TARGET(string_lists)(const uint8_t* data, size_t size) {
     Input input(data, size);
     const auto mode = static_cast<int>(input.Number() % 4);
     const std::string separator(1, static_cast<char>(input.Number() % 127 + 1));

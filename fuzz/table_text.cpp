@@ -1,6 +1,6 @@
-// Any bytes as the text of a table. A section found by the index must be what a walk over all lines
-// finds.
+// Any bytes as the text of a table. The index must find the same sections as a walk over all lines.
 #include "model/table_text.h"
+#include "target.h"
 
 #include <cstdlib>
 #include <string>
@@ -35,7 +35,7 @@ std::string Walked(const TableText& text, const std::string& section) {
 
 } // namespace
 
-extern "C" int LLVMFuzzerTestOneInput(const uint8_t* data, size_t size) {
+FUZZ_TARGET(table_text)(const uint8_t* data, size_t size) {
     TableText text;
     text.Parse(data, static_cast<uint32_t>(size));
     for (const char* section : {"M", ".default", "", "N]"})

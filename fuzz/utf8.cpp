@@ -1,4 +1,4 @@
-// The UTF-8 coder on any bytes, and UTF-16 of any units there and back.
+// The UTF-8 coder on any bytes, and any UTF-16 units to UTF-8 and back.
 #include <cstdint>
 #include <cstdlib>
 #include <cstring>
@@ -6,8 +6,9 @@
 
 #include "core/locale_utility.h"
 #include "core/ostring.h"
+#include "target.h"
 
-extern "C" int LLVMFuzzerTestOneInput(const uint8_t* data, size_t size) {
+FUZZ_TARGET(utf8)(const uint8_t* data, size_t size) {
     OBuffer<char> bytes;
     bytes.Assign(reinterpret_cast<const char*>(data), static_cast<uint32_t>(size));
     OBuffer<WCHAR> units;
@@ -15,7 +16,7 @@ extern "C" int LLVMFuzzerTestOneInput(const uint8_t* data, size_t size) {
     if (units.GetSize() == 0 || units.GetSize() > size + 1 || units[units.GetSize() - 1] != 0)
         std::abort();
 
-    // A string takes the same way.
+    // A string is converted the same way.
     OString text;
     text.SetCodePage(1208);
     text = std::string(reinterpret_cast<const char*>(data), size).c_str();

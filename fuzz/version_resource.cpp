@@ -1,5 +1,5 @@
-// Any bytes as a file with a version resource, and as the resource itself: whatever is answered
-// lies in it.
+// Any bytes as a file with a version resource, and as the resource itself: every answer is within
+// it.
 #include <windows.h>
 
 #include <algorithm>
@@ -10,11 +10,12 @@
 
 #include "fuzz_host.h"
 #include "input.h"
-#include "ui/copyright_years.h"
+#include "target.h"
+#include "ui/version_info.h"
 
 namespace {
 
-constexpr const WCHAR* kFile = TEXT("C:\\in.dll");
+constexpr const WCHAR* kLibrary = TEXT("C:\\in.dll");
 constexpr const WCHAR* kPaths[] = {TEXT(""),
                                    TEXT("\\"),
                                    TEXT("\\VarFileInfo\\Translation"),
@@ -23,7 +24,7 @@ constexpr const WCHAR* kPaths[] = {TEXT(""),
                                    TEXT("\\stringfileinfo\\000004b0\\LegalCopyright"),
                                    TEXT("StringFileInfo\\\\000004B0\\a")};
 
-// `block` holds the bytes that its first word tells of.
+// `block` holds as many bytes as its first word says.
 void CheckBlock(const std::vector<uint8_t>& block) {
     for (const WCHAR* path : kPaths) {
         void* value = nullptr;
@@ -36,7 +37,7 @@ void CheckBlock(const std::vector<uint8_t>& block) {
 
 } // namespace
 
-extern "C" int LLVMFuzzerTestOneInput(const uint8_t* data, size_t size) {
+FUZZ_TARGET(version_resource)(const uint8_t* data, size_t size) {
     static const FuzzHost host(UsualModelData());
     std::vector<uint8_t> block(data, data + std::min<size_t>(size, 0xFFFF));
     if (block.size() >= 2) {
@@ -50,14 +51,14 @@ extern "C" int LLVMFuzzerTestOneInput(const uint8_t* data, size_t size) {
 
     std::ofstream(host.OnDriveC("in.dll"), std::ios::binary)
         .write(reinterpret_cast<const char*>(data), static_cast<std::streamsize>(size));
-    const DWORD needed = GetFileVersionInfoSizeW(kFile, nullptr);
+    const DWORD needed = GetFileVersionInfoSizeW(kLibrary, nullptr);
     if (needed >= 2) {
         block.assign(needed, 0xAA);
-        Check(GetFileVersionInfoW(kFile, 0, needed, block.data()));
+        Check(GetFileVersionInfoW(kLibrary, 0, needed, block.data()));
         CheckBlock(block);
         block.resize(needed / 2 + 1);
         block.shrink_to_fit();
-        Check(GetFileVersionInfoW(kFile, 0, static_cast<DWORD>(block.size()), block.data()));
+        Check(GetFileVersionInfoW(kLibrary, 0, static_cast<DWORD>(block.size()), block.data()));
         CheckBlock(block);
     }
     ReadCopyrightYears(std::string(reinterpret_cast<const char*>(data), size).c_str());

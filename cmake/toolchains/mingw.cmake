@@ -1,5 +1,5 @@
 # Debian's MinGW-w64, the flavour with POSIX threads, for the processor in MINGW_PROCESSOR. Programs
-# and libraries carry the compiler's runtime and zlib inside: they need the system's own DLLs only.
+# and libraries contain the compiler's runtime and zlib, so they only need the system's own DLLs.
 
 set(CMAKE_SYSTEM_NAME Windows)
 set(CMAKE_SYSTEM_PROCESSOR ${MINGW_PROCESSOR})

@@ -42,7 +42,7 @@ bool WouldBlock() {
     return WSAGetLastError() == WSAEWOULDBLOCK;
 }
 
-// The library needs to be started once and stays as long as the process.
+// The library must be started once. It stays loaded as long as the process lives.
 bool Start() {
     static const bool started = [] {
         WSADATA data;
@@ -83,7 +83,7 @@ bool Start() {
 
 #endif
 
-// A piece that every system's send and recv take in one call.
+// A size that every system's send and recv accept in one call.
 constexpr size_t kPiece = 1 << 20;
 
 } // namespace
@@ -98,7 +98,7 @@ Socket Socket::Listen(uint16_t port) {
     if (!socket.IsOpen()) return {};
     const auto handle = static_cast<Handle>(socket.handle_);
 #ifndef _WIN32
-    // A port whose last user just left may be used again. Windows allows that anyway.
+    // A port may be reused right after its last user has left. Windows allows that anyway.
     const int on = 1;
     setsockopt(handle, SOL_SOCKET, SO_REUSEADDR, &on, sizeof on);
 #endif

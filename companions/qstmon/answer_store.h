@@ -13,7 +13,7 @@ bool StoreAnswer(const WideString& query, const std::string& answer);
 // Marks the answers as complete.
 void MarkQueryDone();
 
-// The waiting times, each as somebody has set it for this machine (REG_DWORD values "Connect Time
-// Limit", "Answer Time Limit" and "Quiet Time Limit" of the key "Status Monitor", in milliseconds)
-// or the default.
+// The waiting times. Each is the one set for this machine (REG_DWORD values "Connect Time Limit",
+// "Answer Time Limit" and "Quiet Time Limit" of the key "Status Monitor", in milliseconds) or its
+// default.
 TimeLimits ConfiguredTimeLimits();

@@ -11,7 +11,7 @@ std::optional<MonitorCommand> ParseMonitorCommand(std::string_view line) {
     command.verb = line.substr(0, verb_end);
     command.printer = line.substr(open + 1, close - open - 1);
     std::string_view rest = line.substr(close + 1);
-    // The name may hold anything, the number is the last word.
+    // The name may contain anything; the number is the last word.
     if (const size_t at = rest.rfind(kNumber); at != rest.npos) {
         for (const char c : rest.substr(at + kNumber.size())) {
             if (c < '0' || c > '9' || command.job > 99999999) return std::nullopt;

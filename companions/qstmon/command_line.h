@@ -1,4 +1,4 @@
-// The command lines that the monitor is given.
+// The command lines that the monitor gets.
 #pragma once
 
 #include <cstdint>
@@ -9,9 +9,9 @@
 struct MonitorCommand {
     std::string verb;     // "open", "close"
     std::string printer;  // without its quotes
-    std::string job_name; // blanks in it are its own
-    uint32_t job = 0;     // 0 when there is none
+    std::string job_name; // may contain blanks
+    uint32_t job = 0;     // 0 if not given
 };
 
-// VERB "PRINTER" [-jn JOB NAME] [-ji NUMBER]. Nothing when there is no verb or no quoted printer.
+// VERB "PRINTER" [-jn JOB NAME] [-ji NUMBER]. Nothing if the verb or the quoted printer is missing.
 std::optional<MonitorCommand> ParseMonitorCommand(std::string_view line);

@@ -6,7 +6,7 @@ namespace {
 
 constexpr std::string_view kEnd = "\x03\r\n";
 constexpr size_t kLongestAnswer = 1 << 20;
-// An answer that trickles may take this many times the limit for its first byte.
+// An answer that comes in slowly may take this many times the limit for its first byte.
 constexpr int kLongestTime = 10;
 
 } // namespace
@@ -44,7 +44,7 @@ std::string Conversation::Ask(std::string_view command) {
         }
     }
     bytes_read_ += static_cast<uint32_t>(answer.size());
-    // Nobody knows what else is on its way.
+    // More of the answer may still be on its way.
     if (!complete) socket_ = {};
     return answer;
 }

@@ -11,7 +11,7 @@
 struct TimeLimits {
     int connect = 5000;
     int answer = 3000; // for the first byte of an answer
-    int quiet = 500;   // between its bytes, when it does not say where it ends
+    int quiet = 500;   // between its bytes, if it does not say where it ends
 };
 
 class Conversation {
@@ -21,12 +21,13 @@ public:
         , port_(port)
         , limits_(limits) {}
 
-    // Whether the printer takes the connection. Ask connects by itself.
+    // True if the printer accepts the connection. Ask connects by itself.
     bool Connect();
 
-    // Sends a command and collects the answer to it, at most 1 MB; what came in time, so that a
-    // printer that stops in the middle has answered half. Empty when nothing came. What comes too
-    // late is no answer to the next question: the connection is given up instead.
+    // Sends a command and collects its answer, at most 1 MB. Answers what came in time, which is
+    // half an answer if the printer stops in the middle, and nothing if nothing came. The
+    // connection is then given up, so that late bytes are not taken for the answer to the next
+    // question.
     std::string Ask(std::string_view command);
 
     uint32_t bytes_written() const { return bytes_written_; }
@@ -41,7 +42,7 @@ private:
     uint32_t bytes_read_ = 0;
 };
 
-// Whether an answer to `command` that begins like this has come to its end: an answer that starts
-// with STX ends with ETX, carriage return, line feed, and the host status has three such texts.
-// Other answers do not say where they end.
+// True if `answer`, received so far, is complete: an answer that starts with STX ends with ETX,
+// carriage return, line feed, and the host status has three such texts. Other answers do not say
+// where they end.
 bool IsCompleteAnswer(std::string_view command, std::string_view answer);

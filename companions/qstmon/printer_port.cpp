@@ -20,7 +20,7 @@ bool BeginsWith(const WideString& text, const char* prefix) {
     return true;
 }
 
-// The answer of a spooler function that tells the size it needs.
+// The answer of a spooler function that says what size it needs.
 template <class Call>
 std::vector<BYTE> Record(Call call) {
     std::vector<BYTE> buffer;
@@ -32,7 +32,7 @@ std::vector<BYTE> Record(Call call) {
     return buffer;
 }
 
-// The registry of this machine (no name) or another one ("\\\\SERVER").
+// The registry of this machine (no name) or of another one ("\\SERVER").
 class MachineKey {
 public:
     explicit MachineKey(const WideString& server)
@@ -48,7 +48,7 @@ public:
     MachineKey(const MachineKey&) = delete;
     MachineKey& operator=(const MachineKey&) = delete;
 
-    HKEY get() const { return key_; } // null when the machine cannot be reached
+    HKEY get() const { return key_; } // null if the machine cannot be reached
 
 private:
     HKEY connected_ = nullptr;
@@ -65,7 +65,7 @@ uint16_t ReadPortNumber(HKEY key, const WCHAR* name, uint16_t otherwise) {
     return static_cast<uint16_t>(number);
 }
 
-// What the TCP/IP port monitors of a machine know of a port.
+// What the TCP/IP port monitors of a machine know about a port.
 std::optional<NetworkPort> ConfiguredPort(const WideString& server, const WideString& port) {
     if (port.empty()) return std::nullopt;
     const MachineKey machine(server);

@@ -28,7 +28,7 @@ struct PortFacts {
     WideString monitor, description;
 };
 
-// A printer opened with as many rights as there are.
+// A printer, opened with as many rights as the user has.
 class MonitoredPrinter {
 public:
     explicit MonitoredPrinter(const WideString& name);
@@ -39,16 +39,17 @@ public:
     bool IsOpen() const { return handle_ != nullptr; }
     HANDLE handle() const { return handle_; }
     const WideString& port() const { return port_; }
-    // Where its port leads on the network: what a TCP/IP port monitor of the printer's machine has
-    // set up under the port's name, or what the name says by itself. Nothing for other ports.
+    // Where its port leads on the network: to the address that a TCP/IP port monitor of the
+    // printer's machine has set up under the port's name, or to the one in the name itself. Nothing
+    // for other ports.
     const std::optional<NetworkPort>& network() const { return network_; }
     std::optional<PortFacts> Facts() const;
     DWORD attributes() const { return attributes_; } // PRINTER_ATTRIBUTE_ bits
 
-    // The bytes of one of its jobs; empty when they cannot be read.
+    // The bytes of one of its jobs; empty if they cannot be read.
     std::string JobBytes(DWORD job) const;
 
-    // Writes a number into the printer's data, without looking whether that is allowed.
+    // Writes a number into the printer's data. A refusal is ignored.
     void SetData(const WCHAR* name, DWORD value) const;
 
 private:

@@ -1,4 +1,4 @@
-// What the configuration module asks through the printer's data.
+// The requests that the configuration module makes through printer data.
 #include "qstmon/command_line.h"
 #include "qstmon/printer_port.h"
 #include "qstmon/qstmon.h"
@@ -10,7 +10,7 @@
 
 namespace {
 
-// The bytes of an answer; nothing when there is none.
+// The bytes of an answer, or nothing.
 using Reply = std::optional<std::string>;
 
 Reply Byte(bool value) {
@@ -29,7 +29,7 @@ bool BeginsWithLetters(const WideString& port, const char* letters) {
     return true;
 }
 
-// The kind of a port that the monitor has to do with.
+// The type of the printer's port.
 std::string TypeOf(const MonitoredPrinter& printer) {
     if (printer.network()) return "TCP/IP";
     for (const char* type : {"LPT", "USB", "COM"})
@@ -64,7 +64,7 @@ Reply AnswerDocument(const MonitoredPrinter& printer, std::string_view document)
     return std::nullopt;
 }
 
-// A local printer shares its settings unless that was switched off, and when it is bidirectional.
+// A local, bidirectional printer shares its settings unless that was switched off.
 bool SharesSettings(const MonitoredPrinter& printer) {
     BYTE shared = 1;
     DWORD needed = 0;
@@ -73,7 +73,7 @@ bool SharesSettings(const MonitoredPrinter& printer) {
     return shared != 0 && (printer.attributes() & PRINTER_ATTRIBUTE_ENABLE_BIDI) != 0;
 }
 
-// Whether `name` is `question` followed by digits, which make every question a new one.
+// True if `name` is `question` followed by digits, which make every question a new one.
 bool Asks(const std::string& name, const char* question) {
     const size_t length = std::strlen(question);
     return name.size() > length && name.compare(0, length, question) == 0 &&
@@ -93,7 +93,7 @@ Reply Answer(const WideString& printer_name, const std::string& name) {
     return Byte(monitoring ? printer.network().has_value() : SharesSettings(printer));
 }
 
-// The printers that the user wants monitored: one value each.
+// The printers that the user wants monitored, one value each.
 const WCHAR* const kMonitored = TEXT("SOFTWARE\\Valdrick\\Drivers\\Status Monitor\\Printers");
 
 void Remember(const MonitorCommand& command) {
@@ -139,6 +139,6 @@ extern "C" void CALLBACK StatusMonitor(HWND, HINSTANCE, LPSTR command_line, int)
         if (!command_line) return;
         if (const auto command = ParseMonitorCommand(command_line)) Remember(*command);
     } catch (const std::exception&) {
-        // Nobody to tell.
+        // There is nobody to tell.
     }
 }

@@ -1,4 +1,4 @@
-// The queries: a job's questions, asked one by one.
+// Queries: a job's questions, asked one by one.
 #include "qstmon/answer_store.h"
 #include "qstmon/command_line.h"
 #include "qstmon/conversation.h"
@@ -13,7 +13,7 @@ namespace {
 // The values of "Query Status" in the printer's data.
 enum QueryStatus : DWORD { kRunning = 1, kAnswered = 2, kUnanswered = 3 };
 
-// Tells those who watch the printer's data how far a query is.
+// Shows those who watch the printer's data how far a query has got.
 void ShowProgress(const MonitoredPrinter& printer, const Conversation& conversation, DWORD status,
                   size_t current, size_t total) {
     printer.SetData(TEXT("Query Status"), status);
@@ -24,7 +24,7 @@ void ShowProgress(const MonitoredPrinter& printer, const Conversation& conversat
     printer.SetData(TEXT("Query Complete"), status == kRunning ? 0 : 1);
 }
 
-// Whether at least one question was answered.
+// True if at least one question was answered.
 bool AskAll(const MonitoredPrinter& printer, Conversation& conversation,
             const std::vector<XpmlQuery>& queries) {
     bool answered = false;
@@ -53,8 +53,6 @@ bool RunQuery(std::string_view command_line) {
     Conversation conversation(port->host, port->port, ConfiguredTimeLimits());
     const bool answered = conversation.Connect() && AskAll(printer, conversation, queries);
     MarkQueryDone();
-    if (!(printer.attributes() & PRINTER_ATTRIBUTE_KEEPPRINTEDJOBS))
-        SetJobW(printer.handle(), command->job, 0, nullptr, JOB_CONTROL_DELETE);
     return answered;
 }
 

@@ -13,13 +13,13 @@ constexpr char kData[] = "DATA:Shadow Key Data";
 constexpr char kSize[] = "DATA:Shadow Key Size";
 constexpr char kStamp[] = "DATA:Model Synchronization";
 
-// The settings of a printer where they are at home: in the registry of its own machine.
+// The settings of a printer in their home, the registry of its own machine.
 class HomeRegistry : public prtreg {
 public:
     explicit HomeRegistry(const OString& printer)
         : prtreg(printer) {
         SetShadow(false);
-        ReleaseKey(); // init has looked at this machine
+        ReleaseKey(); // init has opened this machine's keys
         if (!IsRemote()) return;
         const OString server = OString("\\\\") << GetServerName();
         if (RegConnectRegistryW(server.wstring(), HKEY_LOCAL_MACHINE, &machine_) != ERROR_SUCCESS)
@@ -35,7 +35,7 @@ public:
                Enable_BiDirectional_On();
     }
 
-    // The path of a printer's data, in Windows notation.
+    // The path of a printer's data in Windows notation.
     OString DataPath(const OString& printer) {
         OString key = "PRINT:Printers/";
         return SubstituteWindowsSyntax(key << EncodeName(printer) << "/PrinterDriverData");
@@ -50,7 +50,7 @@ public:
     }
 
 private:
-    HKEY machine_ = nullptr; // of another machine
+    HKEY machine_ = nullptr; // another machine's
 };
 
 bool TakeOver(HomeRegistry& home, const ShadowRequest& request) {
@@ -68,7 +68,7 @@ bool TakeOver(HomeRegistry& home, const ShadowRequest& request) {
                          home.LocalPath(), lines);
         if (!home.HasFailed()) home.Import(lines);
     }
-    // What could not be taken over stays where it was left.
+    // What could not be taken over stays where the client left it.
     if (home.HasFailed()) return false;
     home.Delete(kData, false);
     home.Delete(kSize, false);
@@ -108,9 +108,9 @@ uint32_t MakeReady(HomeRegistry& home, const ShadowRequest& request) {
     RenameSharedKeys(gone, home.GetPrinterPart(), data, home.LocalPath(), news);
 
     OBuffer<char> bytes;
-    // What could be read in part only would take the rest away from the client.
+    // News that were read only in part would make the client delete the rest.
     if (home.HasFailed() || news.GetSize() == 0 || !PackSharedKeys(news, bytes)) return 0;
-    home.Delete(kSize, false); // that is for what clients leave
+    home.Delete(kSize, false); // this value belongs to what clients leave
     return home.SetBinary(kData, bytes.GetData(), bytes.GetSize()) < 0 ? 0 : bytes.GetSize();
 }
 

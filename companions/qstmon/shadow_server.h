@@ -7,20 +7,19 @@
 #include <optional>
 #include <string_view>
 
-// Answers the questions of clients (see config/shadow_request.h), in the order in which they come.
+// Answers the questions of clients (see keys/shadow_request.h) in the order in which they come.
 // `printer` is the full name of a printer, of this machine or of another one.
 //
-// A question for news leaves in the printer's data "Shadow Key Data" (see
-// config/shared_keys_text.h) all keys whose text the client does not have, and names for deletion
-// those that only the client has; the answer is the size of it, 0 when there is nothing new. Keys
-// are named as the client names its printer, whose checksums are those of such text.
+// A question for news puts into the printer's data "Shadow Key Data" (see keys/shared_keys_text.h)
+// all keys whose text the client does not have, and the names of those that only the client has,
+// which are to be deleted. The answer is the size of that data, or 0 if there is nothing new. Keys
+// are under the client's name for its printer, as the client's checksums are of such text.
 //
-// A request to take over puts the client's "Shadow Key Data", when it is whole ("Shadow Key Size"
-// says how long it is), in the place of the server's keys; the answer is 1 then and 0 otherwise.
-// Nothing but keys that are shared is touched, and the server's processes build their model records
-// anew. What a client has left behind is also taken over before another one's question is answered,
-// so that it is not lost.
+// A request to take over replaces the server's keys with the client's "Shadow Key Data", if that is
+// complete ("Shadow Key Size" is its length). The answer is then 1, and 0 otherwise. Only shared
+// keys are touched, and the server's processes build their model records anew. What a client has
+// left is also taken over before another client's question is answered, so that it is not lost.
 //
-// No answer when the document is no such question, when the printer is not known, and when its
-// settings are not shared.
+// No answer if the document is not such a question, if the printer is not known, or if its settings
+// are not shared.
 std::optional<uint32_t> AnswerShadowRequest(LPCWSTR printer, std::string_view document);

@@ -26,8 +26,8 @@ uint32_t Number(std::string_view text) {
     return number;
 }
 
-// The attributes up to the tag's end, which `at` is then behind. False when the tag breaks off or
-// is no tag.
+// Takes the attributes up to the tag's end and moves `at` past it. False if the tag breaks off or
+// is not a tag.
 bool TakeAttributes(std::string_view text, size_t& at, XpmlTag& tag) {
     while (at < text.size()) {
         if (text[at] == '>') {

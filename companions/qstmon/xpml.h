@@ -15,15 +15,15 @@ struct XpmlTag {
     std::string_view name;
     std::vector<std::pair<std::string_view, std::string_view>> attributes;
 
-    // Empty when there is no such attribute.
+    // Empty if there is no such attribute.
     std::string_view Attribute(std::string_view attribute) const;
 };
 
-// The next tag that is not a closing one, from `at` on; `at` is then behind it. Nothing when there
-// is none, or only one that breaks off. The tag's texts lie in `document`.
+// The next tag from `at` on that is not a closing one; moves `at` past it. Nothing if there is no
+// further tag, or only one that breaks off. The tag's texts point into `document`.
 std::optional<XpmlTag> NextTag(std::string_view document, size_t& at);
 
-// Whether a document or a job begins as one of these.
+// True if a document or a job starts like one of these.
 bool IsXpml(std::string_view document);
 
 // One question of a query job.
@@ -34,5 +34,5 @@ struct XpmlQuery {
     bool exact = false;       // the length is not an estimate
 };
 
-// The questions of a query job, in their order; a job that breaks off has those that are whole.
+// The questions of a query job, in their order. A job that breaks off has those that are complete.
 std::vector<XpmlQuery> QueriesIn(std::string_view document);

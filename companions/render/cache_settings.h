@@ -1,4 +1,4 @@
-// How objects would be kept in the printer, as the user has set it: a value of the printer's data.
+// The user's settings for keeping objects in the printer: a value of the printer's data.
 #pragma once
 
 #include <windows.h>
@@ -7,5 +7,5 @@
 
 // All zeros, and memory R, until somebody has set it.
 KVCacheSettings ReadCacheSettings(HANDLE printer);
-// False when the user may not change the printer's data. A null pointer resets them.
+// False if the user may not change the printer's data. A null pointer resets them.
 bool WriteCacheSettings(const WCHAR* printer_name, const KVCacheSettings* settings);

@@ -10,15 +10,15 @@
 
 namespace {
 
-constexpr int SUCCESS = 1;
-constexpr int UNKNOWN = 0;
-constexpr int FAILURE = -1;
+constexpr int kSuccess = 1;
+constexpr int kUnknown = 0;
+constexpr int kFailure = -1;
 
 int Answer(bool good) {
-    return good ? SUCCESS : FAILURE;
+    return good ? kSuccess : kFailure;
 }
 
-// Takes a record off the front of the input; false when the input is too short for it.
+// Takes a record off the front of the input. False if the input is too short for it.
 template <class T>
 bool Take(T& record, const unsigned char*& input, ULONG& size) {
     if (size < sizeof record) return false;
@@ -53,7 +53,7 @@ void Device::Describe(const DEVMODEW* dev_mode, GDIINFO& info) const {
     const PageGeometry page = GeometryOf(dev_mode, name_);
     info.ulVersion = 1;
     info.ulTechnology = DT_RASPRINTER;
-    // Negative: micrometres.
+    // Negative values are in micrometres.
     info.ulHorzSize = static_cast<ULONG>(-100 * page.paper_width);
     info.ulVertSize = static_cast<ULONG>(-100 * page.paper_height);
     info.ulHorzRes = static_cast<ULONG>(page.width);
@@ -85,7 +85,7 @@ int Device::Escape(ULONG escape, const unsigned char* input, ULONG input_size,
     switch (static_cast<int>(escape)) {
     case QUERYESCSUPPORT: {
         int32_t asked = 0;
-        return Take(asked, input, input_size) && IsKnown(asked) ? SUCCESS : UNKNOWN;
+        return Take(asked, input, input_size) && IsKnown(asked) ? kSuccess : kUnknown;
     }
     case ESCAPE_RAW_PACKET:
         return WriteRaw(input, input_size);
@@ -99,9 +99,9 @@ int Device::Escape(ULONG escape, const unsigned char* input, ULONG input_size,
         return AddGlyph(input, input_size);
     case ESCAPE_READ_CACHE_SETTINGS: {
         const KVCacheSettings settings = ReadCacheSettings(printer_);
-        if (output_size < sizeof settings) return FAILURE;
+        if (output_size < sizeof settings) return kFailure;
         std::memcpy(output, &settings, sizeof settings);
-        return SUCCESS;
+        return kSuccess;
     }
     case ESCAPE_WRITE_CACHE_SETTINGS: {
         KVCacheSettings settings;
@@ -113,9 +113,9 @@ int Device::Escape(ULONG escape, const unsigned char* input, ULONG input_size,
     case ESCAPE_CACHE_INFORMATION:
         return TellCacheObjects(output, output_size);
     case ESCAPE_CACHE_ITEM_ACTION:
-        return FAILURE; // there are no objects
+        return kFailure; // there are no objects
     default:
-        return UNKNOWN;
+        return kUnknown;
     }
 }
 
@@ -126,8 +126,8 @@ int Device::WriteRaw(const unsigned char* input, ULONG size) {
 
 int Device::DrawBar(const unsigned char* input, ULONG size) {
     KVBar bar;
-    if (!Take(bar, input, size) || bar.size != sizeof bar) return FAILURE;
-    // The start is on the middle line, ZPL wants the corner.
+    if (!Take(bar, input, size) || bar.size != sizeof bar) return kFailure;
+    // The start is on the middle line, ZPL takes the corner.
     const int half = bar.thickness / 2;
     const int x = bar.vertical ? bar.x - half : bar.x;
     const int y = bar.vertical ? bar.y : bar.y - half;
@@ -140,7 +140,7 @@ bool Device::WriteBox(int x, int y, int width, int height, bool black) {
     if (!in_format_ && !output_.Write("^XA\r\n")) return false;
     in_format_ = true;
     char command[96];
-    // A border as thick as the box is narrow leaves nothing open inside of it.
+    // A border as thick as the box is narrow fills the box.
     std::snprintf(command, sizeof command, "^FO%d,%d^GB%d,%d,%d%s^FS\r\n", std::max(x, 0),
                   std::max(y, 0), width, height, std::min(width, height), black ? "" : ",W");
     return output_.Write(command);
@@ -169,18 +169,18 @@ int Device::AddGlyph(const unsigned char* input, ULONG size) {
 
 int Device::HandleCache(const unsigned char* input, ULONG size) const {
     KVCacheAction action;
-    if (!Take(action, input, size)) return FAILURE;
+    if (!Take(action, input, size)) return kFailure;
     if (action.action == KVCacheAction::RESET_SETTINGS)
         return Answer(WriteCacheSettings(name_.c_str(), nullptr));
-    // Nothing is kept, so everything is forgotten already.
-    return SUCCESS;
+    // Nothing is kept, so there is nothing to forget.
+    return kSuccess;
 }
 
 int Device::TellCacheObjects(unsigned char* output, ULONG size) const {
     KVCacheInformation none = {};
     none.size = sizeof none;
     if (!output) return sizeof none;
-    if (size < sizeof none) return FAILURE;
+    if (size < sizeof none) return kFailure;
     std::memcpy(output, &none, sizeof none);
     return sizeof none;
 }

@@ -1,4 +1,4 @@
-// One device of the rendering module: a printer in certain settings.
+// One device of the rendering module: a printer with certain settings.
 #pragma once
 
 #include <windows.h>
@@ -19,24 +19,24 @@ public:
         , output_(printer)
         , font_(output_) {}
 
-    // Tells what the device is in these settings (`dev_mode` may be null).
+    // Describes the device with these settings (`dev_mode` may be null).
     void Describe(const DEVMODEW* dev_mode, GDIINFO& info) const;
 
-    // Begins a document or a page anew.
+    // Starts a document or a page anew.
     void Reset();
-    // Ends the page. False when the spooler does not take the output.
+    // Ends the page. False if the spooler does not take the output.
     bool SendPage();
 
-    // Fills a rectangle of the page, black or white. Empty ones are nothing.
+    // Fills a rectangle of the page, black or white. Empty ones are ignored.
     bool Fill(const RECTL& area, bool black);
 
-    // A private escape: its answer as DrvEscape gives it, greater than 0 on success, 0 for an
-    // escape that is not known, less than 0 on failure. Sizes are those of the blocks.
+    // Runs a private escape. Answers as DrvEscape does: greater than 0 on success, 0 for an unknown
+    // escape, less than 0 on failure. The sizes are those of the blocks.
     int Escape(ULONG escape, const unsigned char* input, ULONG input_size, unsigned char* output,
                ULONG output_size);
 
 private:
-    // One filled rectangle in the page's format.
+    // Writes one filled rectangle into the page's format.
     bool WriteBox(int x, int y, int width, int height, bool black);
     int WriteRaw(const unsigned char* input, ULONG size);
     int DrawBar(const unsigned char* input, ULONG size);

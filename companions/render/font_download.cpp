@@ -5,7 +5,7 @@
 
 namespace {
 
-// A text of a record, without what would end the command that it stands in.
+// A text of a record, without characters that would end the command around it.
 template <size_t N>
 std::string TextOf(const char (&field)[N]) {
     std::string text;
@@ -71,7 +71,8 @@ bool FontDownload::AddData(const unsigned char* bytes, size_t size) {
 
 bool FontDownload::AddGlyph(const KVDownloadBitmapChar& glyph, const unsigned char* rows) {
     if (open_ != Open::GLYPHS) return false;
-    // Code, rows, bytes of a row, offsets from the left and the top, and the way to the next.
+    // Code, rows, bytes per row, offsets from the left and the top, and the advance to the next
+    // glyph.
     char head[64];
     std::snprintf(head, sizeof head, "#%04X.%u.%u.0.0.%u.", unsigned{glyph.character},
                   unsigned{glyph.rows}, unsigned{glyph.row_bytes}, unsigned{glyph.advance});

@@ -1,4 +1,4 @@
-// Fonts on their way into the printer's memory.
+// Downloads of fonts into the printer's memory.
 #pragma once
 
 #include <cstddef>
@@ -7,8 +7,8 @@
 #include "job_output.h"
 #include "printer/escape_records.h"
 
-// A font goes as one command that stays open while its data come: ~DU with the font's file, ~DB
-// with glyphs. What comes out of order is refused.
+// A font is sent as one command that stays open while its data come: ~DU with the font's file, ~DB
+// with glyphs. Records that come out of order are refused.
 class FontDownload {
 public:
     explicit FontDownload(JobOutput& output)

@@ -1,4 +1,4 @@
-// The bytes of a job on their way to the spooler.
+// Writes the bytes of a job to the spooler.
 #pragma once
 
 #include <windows.h>
@@ -10,14 +10,14 @@
 
 class JobOutput {
 public:
-    // `printer` is the device's handle, borrowed.
+    // `printer` is the device's handle, which is borrowed.
     explicit JobOutput(HANDLE printer)
         : printer_(printer) {}
 
-    // False when the spooler does not take all of it: there is no document, or no room.
+    // False if the spooler does not take all of it because there is no document or no room.
     bool Write(const void* bytes, size_t size);
     bool Write(std::string_view text) { return Write(text.data(), text.size()); }
-    // Bytes as ZPL has them inside of commands, two digits for each.
+    // Writes bytes as in ZPL commands, two hexadecimal digits for each.
     bool WriteHex(const unsigned char* bytes, size_t size);
 
 private:

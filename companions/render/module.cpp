@@ -16,7 +16,7 @@ Device* DeviceOf(SURFOBJ* surface) {
     return reinterpret_cast<Device*>(surface->dhpdev);
 }
 
-// Nothing that is thrown leaves the module.
+// No exception leaves the module.
 template <class Answer, class Body>
 Answer Guarded(Answer failure, const Body& body) {
     try {

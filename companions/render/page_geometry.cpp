@@ -13,7 +13,7 @@ namespace {
 
 using Name = std::basic_string<WCHAR>;
 
-// A field of the public part; 0 when it is not there or, with `bit`, not in use.
+// A field of the public part; 0 if it is not there or, with `bit`, not in use.
 SHORT Field(const DEVMODEW* dev_mode, SHORT DEVMODEW::*field, DWORD bit = 0) {
     if (!dev_mode || (bit && !(dev_mode->dmFields & bit))) return 0;
     const auto* end = reinterpret_cast<const char*>(&(dev_mode->*field) + 1);
@@ -21,7 +21,7 @@ SHORT Field(const DEVMODEW* dev_mode, SHORT DEVMODEW::*field, DWORD bit = 0) {
                                                                              : SHORT{0};
 }
 
-// The list that answers a capability, `units` elements of T for each entry.
+// The list that answers a capability, with `units` elements of T for each entry.
 template <class T>
 std::vector<T> Ask(const Name& printer, WORD capability, size_t units = 1) {
     const int count = DeviceCapabilitiesW(printer.c_str(), nullptr, capability, nullptr, nullptr);
@@ -35,18 +35,18 @@ std::vector<T> Ask(const Name& printer, WORD capability, size_t units = 1) {
 
 using Size = std::pair<int32_t, int32_t>;
 
-// For drivers that tell nothing: labels of 4 by 6 inches at the most common resolution.
-constexpr Size USUAL_PAPER = {1016, 1524};
-constexpr Size USUAL_RESOLUTION = {203, 203};
+// Used if the driver tells nothing: labels of 4 by 6 inches at the most common resolution.
+constexpr Size kUsualPaper = {1016, 1524};
+constexpr Size kUsualResolution = {203, 203};
 
 bool IsSize(const Size& size) {
     return size.first > 0 && size.second > 0;
 }
 
-constexpr size_t NAME_SLOT = 64;
+constexpr size_t kNameSlot = 64;
 
-// The place of the paper that the DEVMODE names, by its number or else by its name, among the
-// driver's; a large number when there is none.
+// The index, among the driver's papers, of the one that the DEVMODE names by number or else by
+// name; a large number if there is none.
 size_t PlaceOfPaper(const DEVMODEW& dev_mode, const Name& printer) {
     if (const SHORT number = Field(&dev_mode, &DEVMODEW::dmPaperSize, DM_PAPERSIZE)) {
         const auto numbers = Ask<WORD>(printer, DC_PAPERS);
@@ -55,13 +55,13 @@ size_t PlaceOfPaper(const DEVMODEW& dev_mode, const Name& printer) {
     }
     constexpr size_t end = offsetof(DEVMODEW, dmFormName) + sizeof dev_mode.dmFormName;
     if (!(dev_mode.dmFields & DM_FORMNAME) || dev_mode.dmSize < end) return SIZE_MAX;
-    const auto names = Ask<WCHAR>(printer, DC_PAPERNAMES, NAME_SLOT);
-    for (size_t i = 0; i < names.size() / NAME_SLOT; ++i)
+    const auto names = Ask<WCHAR>(printer, DC_PAPERNAMES, kNameSlot);
+    for (size_t i = 0; i < names.size() / kNameSlot; ++i)
         if (std::equal(
                 dev_mode.dmFormName,
                 std::find(dev_mode.dmFormName, dev_mode.dmFormName + CCHFORMNAME, WCHAR(0)),
-                &names[i * NAME_SLOT],
-                std::find(&names[i * NAME_SLOT], &names[i * NAME_SLOT] + NAME_SLOT, WCHAR(0))))
+                &names[i * kNameSlot],
+                std::find(&names[i * kNameSlot], &names[i * kNameSlot] + kNameSlot, WCHAR(0))))
             return i;
     return SIZE_MAX;
 }
@@ -78,7 +78,7 @@ Size PaperOf(const DEVMODEW* dev_mode, const Name& printer) {
     const Size silent = {Field(dev_mode, &DEVMODEW::dmPaperWidth),
                          Field(dev_mode, &DEVMODEW::dmPaperLength)};
     if (IsSize(silent)) return silent;
-    return !sizes.empty() && IsSize(sizes[0]) ? sizes[0] : USUAL_PAPER;
+    return !sizes.empty() && IsSize(sizes[0]) ? sizes[0] : kUsualPaper;
 }
 
 Size ResolutionOf(const DEVMODEW* dev_mode, const Name& printer) {
@@ -88,7 +88,7 @@ Size ResolutionOf(const DEVMODEW* dev_mode, const Name& printer) {
     }
     const auto pairs = Ask<LONG>(printer, DC_ENUMRESOLUTIONS, 2);
     const Size first = pairs.size() < 2 ? Size{} : Size{pairs[0], pairs[1]};
-    return IsSize(first) ? first : USUAL_RESOLUTION;
+    return IsSize(first) ? first : kUsualResolution;
 }
 
 int32_t Dots(int32_t tenths_of_millimetres, int32_t resolution) {

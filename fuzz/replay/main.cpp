@@ -1,4 +1,5 @@
-// Runs one fuzz target on files, without a fuzzer: its seeds and what once made it fail are tests.
+// Runs one fuzz target on files, without a fuzzer, so that its seeds and inputs that once made it
+// fail are tests.
 //
 // usage: fuzz_replay TARGET FILE_OR_FOLDER...
 #include <cstdint>
@@ -11,9 +12,9 @@
 #include <string>
 #include <vector>
 
-#define FUZZ_TARGET(name) extern "C" int Fuzz_##name(const uint8_t* data, size_t size);
+#define LISTED_TARGET(name) extern "C" int Fuzz_##name(const uint8_t* data, size_t size);
 #include "fuzz_targets.h"
-#undef FUZZ_TARGET
+#undef LISTED_TARGET
 
 namespace {
 
@@ -25,9 +26,9 @@ struct Target {
 };
 
 const Target kTargets[] = {
-#define FUZZ_TARGET(name) {#name, Fuzz_##name},
+#define LISTED_TARGET(name) {#name, Fuzz_##name},
 #include "fuzz_targets.h"
-#undef FUZZ_TARGET
+#undef LISTED_TARGET
 };
 
 // A root folder for targets that have no host of their own.
@@ -52,7 +53,7 @@ private:
 
 void Run(const Target& target, const fs::path& path) {
     std::ifstream file(path, std::ios::binary);
-    // Just as many bytes as there are: what is read behind them is found.
+    // Exactly the bytes of the file, so that reads beyond them are found.
     const std::vector<char> bytes{std::istreambuf_iterator<char>(file), {}};
     const std::vector<uint8_t> input(bytes.begin(), bytes.end());
     std::fprintf(stderr, "%s %s\n", target.name, path.filename().c_str());

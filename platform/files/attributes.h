@@ -1,4 +1,4 @@
-// File attributes as the files of this machine show them.
+// The Win32 attributes that files of this machine show.
 #pragma once
 
 #include <windows.h>
@@ -9,10 +9,11 @@
 
 namespace win32host {
 
-// A file (not a folder) that nobody may write.
+// True for a file (not a folder) that nobody may write.
 bool IsReadOnly(const struct stat& info);
 
-// Directories, files that nobody may write (read-only) and names that begin with a dot (hidden).
+// Folders are directories, files that nobody may write are read-only, and names that begin with a
+// dot are hidden.
 DWORD AttributesOf(const struct stat& info, const std::string& path);
 
 } // namespace win32host

@@ -3,6 +3,7 @@
 #include "files/paths.h"
 #include "files/share_lock.h"
 #include "host/fault_point.h"
+#include "host/guarded.h"
 #include "host/text.h"
 
 #include <fcntl.h>
@@ -15,6 +16,7 @@
 
 namespace {
 
+using win32host::Fail;
 using win32host::FailWith;
 using win32host::HostPath;
 using win32host::IsReadOnly;
@@ -25,13 +27,8 @@ std::optional<std::string> PathOf(LPCWSTR name) {
     return std::nullopt;
 }
 
-bool Fail(DWORD error) {
-    SetLastError(error);
-    return false;
-}
-
-// True when nobody has the file open in a way that forbids `use` (FILE_SHARE_READ or _DELETE). A
-// file that may not even be read cannot be asked.
+// True if nobody has the file open in a way that forbids `use` (FILE_SHARE_READ or _DELETE). A file
+// that may not even be read cannot be checked.
 bool MayUse(const std::string& path, DWORD use) {
     const int fd = open(path.c_str(), O_RDONLY | O_CLOEXEC | O_NONBLOCK);
     if (fd < 0) return true;
@@ -41,21 +38,21 @@ bool MayUse(const std::string& path, DWORD use) {
     return free || Fail(ERROR_SHARING_VIOLATION);
 }
 
-// Whether the file that is there may be taken away: no folder, not read-only, not in use.
+// True if the existing file may be removed: it is not a folder, not read-only and not in use.
 bool MayReplace(const std::string& path, const struct stat& info) {
     if (S_ISDIR(info.st_mode) || IsReadOnly(info)) return Fail(ERROR_ACCESS_DENIED);
     return MayUse(path, FILE_SHARE_DELETE);
 }
 
-// True, with the error set, where a test wants the operation to fail.
+// True, with the error set, if a test wants the operation to fail.
 bool FailsHere() {
     const DWORD error = win32host::FailureAt(win32host::FAULT_FILE_NAME);
     if (error) SetLastError(error);
     return error != 0;
 }
 
-// Copies contents and permissions to a file of a temporary name beside `to`, then gives it its
-// name: nobody sees half a copy.
+// Copies contents and permissions to a temporary file beside `to`, then renames it, so that nobody
+// sees half a copy.
 bool CopyTo(const std::string& from, const std::string& to) {
     namespace fs = std::filesystem;
     if (FailsHere()) return false;
@@ -133,7 +130,7 @@ BOOL WINAPI MoveFileExW(LPCWSTR from, LPCWSTR to, DWORD flags) {
     const auto target = PathOf(to);
     if (!target) return FALSE;
     if (*source != *target) return Move(*source, *target, flags);
-    // The same file: its name may still get another case.
+    // It is the same file, but the case of its name may still change.
     const std::u16string full = win32host::FullPath(to);
     const std::string name = win32host::Utf8(win32host::FileNameOf(full));
     return Move(*source, target->substr(0, target->rfind('/') + 1) + name, flags);
@@ -188,7 +185,7 @@ BOOL WINAPI CreateDirectoryW(LPCWSTR name, LPSECURITY_ATTRIBUTES) {
     if (!path) return FALSE;
     if (mkdir(path->c_str(), 0777) == 0) return TRUE;
     if (errno == EEXIST) return Fail(ERROR_ALREADY_EXISTS);
-    // Only the way to the new folder can be missing.
+    // All that can be missing is the path to the new folder.
     return errno == ENOENT ? Fail(ERROR_PATH_NOT_FOUND) : FailWith(errno, *path);
 }
 

@@ -1,4 +1,4 @@
-// Searches in folders, and the existence test by an 8-bit name.
+// Folder searches, and the existence test by an 8-bit name.
 #include "files/attributes.h"
 #include "files/paths.h"
 #include "host/handles.h"
@@ -63,7 +63,7 @@ FILETIME FileTimeOf(const timespec& time) {
     return {static_cast<DWORD>(ticks), static_cast<DWORD>(static_cast<uint64_t>(ticks) >> 32)};
 }
 
-// False when the file is gone meanwhile.
+// False if the file has gone in the meantime.
 bool Describe(const Found& found, WIN32_FIND_DATAW& data) {
     struct stat info = {};
     if (stat(found.path.c_str(), &info) != 0 && lstat(found.path.c_str(), &info) != 0) return false;
@@ -87,12 +87,12 @@ bool Next(Search& search, WIN32_FIND_DATAW& data) {
     return false;
 }
 
-// Every match in `folder`, in the order of names as Windows' own file system lists them. Names too
-// long for the record are left out.
+// Lists every match in `folder` in the order in which Windows' own file system would. Names that
+// are too long for the record are left out.
 bool List(const std::string& folder, std::u16string_view pattern, std::vector<Found>& entries) {
     std::unique_ptr<DIR, int (*)(DIR*)> directory(opendir(folder.c_str()), closedir);
     if (!directory) {
-        FailWith(errno, folder + "/"); // the folder is the way to the files
+        FailWith(errno, folder + "/"); // the folder is the path to the files
         return false;
     }
     while (const dirent* entry = readdir(directory.get())) {
@@ -109,8 +109,8 @@ bool List(const std::string& folder, std::u16string_view pattern, std::vector<Fo
     return true;
 }
 
-// Splits into folder and pattern; the pattern is kept away from path resolution, which knows no
-// wildcards.
+// Splits the path into folder and pattern. The pattern is kept away from path resolution, which
+// knows no wildcards.
 bool Find(std::u16string_view path, std::vector<Found>& entries) {
     const std::u16string_view pattern = win32host::FileNameOf(path);
     if (pattern.empty()) {
@@ -118,7 +118,7 @@ bool Find(std::u16string_view path, std::vector<Found>& entries) {
         return false;
     }
     std::u16string folder(path.substr(0, path.size() - pattern.size()));
-    if (pattern == u"." || pattern == u"..") { // names a folder, as an entry of the one above it
+    if (pattern == u"." || pattern == u"..") { // names a folder as an entry of its parent
         const std::u16string full = win32host::FullPath(path);
         if (full.size() <= 3) {
             SetLastError(ERROR_FILE_NOT_FOUND);

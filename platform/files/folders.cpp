@@ -13,7 +13,7 @@ namespace {
 
 constexpr char16_t kTemporaryFolder[] = u"C:\\WINDOWS\\Temp\\";
 
-// Answers `text` in the manner of the functions that name a folder.
+// Answers `text` the way the functions that name a folder do.
 DWORD Answer(std::u16string_view text, DWORD size, LPWSTR buffer) {
     if (!buffer || size <= text.size()) return static_cast<DWORD>(text.size() + 1);
     *std::copy(text.begin(), text.end(), buffer) = u'\0';
@@ -37,7 +37,7 @@ std::u16string TemporaryName(std::u16string_view folder, std::u16string_view pre
 extern "C" {
 
 DWORD WINAPI GetTempPathW(DWORD size, LPWSTR path) {
-    // The folder is expected to be there.
+    // Callers expect the folder to exist.
     if (const auto host = win32host::HostPath(kTemporaryFolder)) {
         std::error_code ignored;
         std::filesystem::create_directories(*host, ignored);

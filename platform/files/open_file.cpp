@@ -56,7 +56,7 @@ Access AccessOf(DWORD access, DWORD flags) {
 }
 
 int OpenFlags(const Access& wanted, DWORD disposition, DWORD flags) {
-    // Share modes need a descriptor that can read, whatever the caller may do with the handle.
+    // Share modes need a descriptor that can read, whatever the caller asked for.
     int mode = wanted.write ? O_RDWR : O_RDONLY;
     if (disposition == CREATE_NEW) mode |= O_CREAT | O_EXCL;
     if (disposition == CREATE_ALWAYS || disposition == OPEN_ALWAYS) mode |= O_CREAT;
@@ -65,7 +65,7 @@ int OpenFlags(const Access& wanted, DWORD disposition, DWORD flags) {
     return mode | O_CLOEXEC | O_NOCTTY;
 }
 
-// Opens `path`; -1 with the last error set.
+// Opens `path`. Returns -1, with the last error set, on failure.
 int Open(const std::string& path, int mode, mode_t permissions) {
     int fd = open(path.c_str(), mode, permissions);
     if (fd < 0 && errno == EACCES && (mode & O_ACCMODE) == O_RDWR)
@@ -74,11 +74,11 @@ int Open(const std::string& path, int mode, mode_t permissions) {
     return fd;
 }
 
-// What stands against the use of a file that was there before; NO_ERROR when nothing does.
+// The error that keeps the caller from using a file that already existed, or NO_ERROR.
 DWORD Objection(const struct stat& info, const Access& wanted, DWORD disposition, DWORD flags) {
     if (S_ISDIR(info.st_mode) && (!(flags & FILE_FLAG_BACKUP_SEMANTICS) || wanted.write))
         return ERROR_ACCESS_DENIED;
-    // The superuser could write; the attribute forbids it all the same.
+    // The superuser could write, but the attribute forbids it.
     if (IsReadOnly(info) && (wanted.write || wanted.remove || disposition == CREATE_ALWAYS))
         return ERROR_ACCESS_DENIED;
     return NO_ERROR;
@@ -114,7 +114,7 @@ HANDLE CreateHostFile(const std::string& path, DWORD access, DWORD share, DWORD 
         const DWORD uses = (wanted.read ? FILE_SHARE_READ : 0u) |
                            (wanted.write || truncate ? FILE_SHARE_WRITE : 0u) |
                            (wanted.remove ? FILE_SHARE_DELETE : 0u);
-        // Asking for no more than the attributes disturbs nobody.
+        // An open that only asks for attributes disturbs nobody.
         if (uses && !win32host::ClaimFile(fd, uses, share)) {
             SetLastError(ERROR_SHARING_VIOLATION);
             return INVALID_HANDLE_VALUE;
@@ -138,7 +138,7 @@ off_t OffsetOf(const OVERLAPPED& overlapped) {
 }
 
 // Repeats `transfer(bytes done)`, which moves some bytes and answers as read() does, until `size`
-// bytes are through, nothing more comes or it fails (then errno says why and nothing was moved).
+// bytes are done, no more come, or the first call fails (then errno says why).
 template <class Transfer>
 ssize_t TransferAll(DWORD size, Transfer transfer) {
     DWORD done = 0;

@@ -48,16 +48,16 @@ std::vector<std::u16string_view> Components(std::u16string_view path) {
     return parts;
 }
 
-// A component as it counts: folders lose a single dot at their end, the last name all blanks and
-// dots.
+// A component without the characters that do not count: one dot at the end of a folder, all blanks
+// and dots at the end of the last name.
 std::u16string_view TrimComponent(std::u16string_view name, bool is_last) {
     if (is_last) return name.substr(0, name.find_last_not_of(u" .") + 1);
     const bool one_dot = name.ends_with(u'.') && !name.ends_with(u"..");
     return name.substr(0, name.size() - one_dot);
 }
 
-// Joins what remains of `path` once "." and ".." are resolved. `trim` is off for literal names. The
-// first `root` components stay whatever follows.
+// Resolves "." and ".." in `path`. `trim` is off for literal names. The first `root` components
+// always stay.
 std::u16string Resolve(std::u16string_view path, bool trim, size_t root = 0) {
     std::vector<std::u16string_view> kept;
     bool is_folder = IsSlash(path.back());
@@ -81,7 +81,7 @@ std::u16string Resolve(std::u16string_view path, bool trim, size_t root = 0) {
     return resolved;
 }
 
-// The name in `folder` that differs from `name` in case only; empty when there is none.
+// The name in `folder` that differs from `name` in case only, or empty.
 std::string OtherCase(const std::string& folder, std::u16string_view name) {
     std::unique_ptr<DIR, int (*)(DIR*)> directory(opendir(folder.c_str()), closedir);
     std::string found;
@@ -101,24 +101,24 @@ bool Exists(const std::string& path) {
     return lstat(path.c_str(), &info) == 0;
 }
 
-// The prefix that makes a name one of the system's own, for which nothing is added.
+// The prefix, if any, that makes a name one of the system's own, to which nothing is added.
 std::u16string_view PrefixOf(std::u16string_view path) {
     const bool has = path.starts_with(u"\\\\?\\") || path.starts_with(u"\\\\.\\");
     return path.substr(0, has ? 4 : 0);
 }
 
-// Whether a name behind a prefix is one of a server.
+// True if the name after a prefix is that of a share on a server.
 bool IsShare(std::u16string_view name) {
     return name.size() >= 4 && SameName(name.substr(0, 3), u"UNC") && IsSlash(name[3]);
 }
 
-// The full name of what stands behind a prefix, or without one.
+// The full form of a name without its prefix; `has_prefix` says whether it had one.
 std::u16string FullName(std::u16string_view path, bool has_prefix, bool trim) {
     if (path.find_first_not_of(u' ') == std::u16string_view::npos) return std::u16string();
     if (has_prefix) {
         if (HasDrive(path) && path.size() > 2)
             return std::u16string(path.substr(0, 2)) + Resolve(path.substr(2), trim);
-        return Resolve(path, trim, IsShare(path) ? 3 : 0).substr(1); // of a server, or a device
+        return Resolve(path, trim, IsShare(path) ? 3 : 0).substr(1); // a share or a device
     }
     if (path.starts_with(u"\\\\")) return u"\\" + Resolve(path, trim, 2);
     if (path[0] == u'/') return u"Z:" + Resolve(path, trim);
@@ -149,7 +149,7 @@ std::optional<std::string> HostPath(std::u16string_view path) {
         SetLastError(ERROR_BAD_NETPATH);
         return std::nullopt;
     }
-    // "C:.." behind a prefix is the name of a device, whatever it looks like.
+    // After a prefix, "C:.." is the name of a device, whatever it looks like.
     const bool has_drive = HasDrive(full) && (full.size() == 2 || IsSlash(full[2]));
     const char16_t drive = has_drive ? UpperOf(full[0]) : u'\0';
     const bool on_c = drive == u'C';
@@ -199,7 +199,7 @@ bool FailWith(int error, const std::string& path) {
     const auto code = [&]() -> DWORD {
         switch (error) {
         case ENOENT: {
-            // The folder tells a missing file from a missing way to it.
+            // If the folder exists, only the file is missing; otherwise the path to it is.
             const size_t slash = path.rfind('/');
             struct stat info;
             const std::string folder = slash ? path.substr(0, slash) : "/";

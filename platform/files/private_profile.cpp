@@ -14,10 +14,10 @@ namespace {
 
 using win32host::SameName;
 
-// A profile is read and written whole; these files are small. More is no profile.
+// Profiles are small files, read and written in one piece. Anything larger is not a profile.
 constexpr DWORD kLargestProfile = 16 * 1024 * 1024;
 
-// As the file is kept: in the ANSI code page, or in UTF-16 or UTF-8 behind a byte order mark.
+// The file's encoding: the ANSI code page, or UTF-16 or UTF-8 after a byte order mark.
 enum class Form { Ansi, Utf16, Utf8 };
 
 struct Profile {
@@ -107,7 +107,7 @@ std::string Print(const Profile& profile) {
     return bytes;
 }
 
-// A name without a folder lies in the Windows folder.
+// A name without a folder is in the Windows folder.
 std::u16string PlaceOf(LPCWSTR file) {
     const std::u16string name(file);
     if (name.find_first_of(u"\\/:") != std::u16string::npos) return name;
@@ -138,7 +138,7 @@ std::optional<Profile> Load(LPCWSTR file) {
     return profile;
 }
 
-// The lines behind a section's heading, up to the next heading, as a range of indices.
+// The lines after a section's heading, up to the next heading, as a range of indices.
 struct Range {
     size_t begin;
     size_t end;
@@ -165,7 +165,7 @@ size_t LineOf(const Profile& profile, const Range& range, std::u16string_view ke
     return range.end;
 }
 
-// Copies a text, or a list of texts with a zero behind each and one more behind all.
+// Copies a text, or a list of texts with a zero after each and one more after the last.
 DWORD CopyText(std::u16string_view text, LPWSTR buffer, DWORD size) {
     const size_t count = std::min<size_t>(text.size(), size - 1);
     *std::copy_n(text.begin(), count, buffer) = u'\0';
@@ -176,7 +176,7 @@ DWORD CopyList(const std::u16string& list, LPWSTR buffer, DWORD size) {
     if (size < 2) return CopyText(u"", buffer, size);
     const size_t count = std::min<size_t>(list.size(), size - 2);
     std::copy_n(list.begin(), count, buffer);
-    if (count < list.size()) { // a name that was cut is ended
+    if (count < list.size()) { // end a name that was cut
         buffer[count] = buffer[count + 1] = u'\0';
         return size - 2;
     }
@@ -230,7 +230,7 @@ void Change(Profile& profile, std::u16string_view section, LPCWSTR key, LPCWSTR 
         lines.push_back(std::move(entry));
         return;
     }
-    // Behind the section's last line that is not empty.
+    // After the section's last line that is not empty.
     while (range->end > range->begin && Trim(lines[range->end - 1]).empty()) --range->end;
     lines.insert(at(range->end), std::move(entry));
 }
@@ -264,7 +264,7 @@ BOOL WINAPI WritePrivateProfileStringW(LPCWSTR section, LPCWSTR key, LPCWSTR tex
         SetLastError(ERROR_INVALID_PARAMETER);
         return FALSE;
     }
-    if (!section) { // asks to write what is cached, which nothing is
+    if (!section) { // asks to flush the cache, and there is none
         SetLastError(ERROR_FILE_NOT_FOUND);
         return FALSE;
     }

@@ -8,7 +8,7 @@
 namespace win32host {
 namespace {
 
-// Each claim is a set of shared locks on bytes far behind any contents: one byte for each kind of
+// Each claim is a set of shared locks on bytes far beyond any contents: one byte for each kind of
 // access in use and one for each kind that somebody denies to others. The locks belong to the open
 // file and not to the process, so that two handles of one process see each other as well.
 constexpr off_t kAccessBytes = INT64_MAX - 16;
@@ -37,8 +37,8 @@ bool HeldByOthers(int fd, off_t byte) {
 } // namespace
 
 bool ClaimFile(int fd, DWORD access, DWORD share) {
-    // The claim is made before it is compared with others, so of two that do not go together never
-    // both stand. Both may fail when they come at the same moment: hence the second attempt.
+    // The claim is made before it is compared with others, so two that conflict never both succeed.
+    // Both may fail when they are made at the same moment: hence the further attempts.
     for (int attempt = 0; attempt < 3; ++attempt) {
         bool free = true;
         for (int kind = 0; kind < 3; ++kind) {

@@ -14,18 +14,18 @@ class Bitmap : public HandleObject {
 public:
     Bitmap(int width, int height, int bits_per_pixel);
 
-    // False for a size that no bitmap has here.
+    // False for a size that is not supported here.
     static bool Possible(int width, int height, int bits_per_pixel);
 
     int BitsPerPixel() const { return bits_per_pixel_; }
     std::vector<BYTE>& Bits() { return bits_; }
     const std::vector<BYTE>& Bits() const { return bits_; }
 
-    // What lies outside is passed over.
+    // Pixels outside are ignored.
     void Set(int x, int y, bool white);
     void Fill(int x, int y, int width, int height, bool white);
 
-    // The device context that draws on it; null for none.
+    // The device context that draws on it, or null.
     HDC selected_into = nullptr;
 
 private:

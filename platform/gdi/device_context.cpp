@@ -11,7 +11,7 @@
 namespace win32host {
 namespace {
 
-// The settings that a device context without a DEVMODE has; nothing when the driver cannot tell.
+// The settings of a device context without a DEVMODE. Empty if the driver cannot tell them.
 std::vector<BYTE> DefaultSettings(HANDLE printer, std::u16string name) {
     const LONG size = DocumentPropertiesW(nullptr, printer, name.data(), nullptr, nullptr, 0);
     if (size <= 0) return {};
@@ -23,7 +23,7 @@ std::vector<BYTE> DefaultSettings(HANDLE printer, std::u16string name) {
     return settings;
 }
 
-// Millimetres of a size that is in micrometres when it is negative.
+// A size in millimetres; a negative one is in micrometres.
 int Millimetres(ULONG size) {
     const auto number = static_cast<LONG>(size);
     return number >= 0 ? number : static_cast<int>((-int64_t{number} + 500) / 1000);

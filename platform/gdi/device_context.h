@@ -1,4 +1,4 @@
-// What a device context handle names: a printer in certain settings, and a document on it.
+// What a device context handle names: a printer with certain settings, and a document on it.
 #pragma once
 
 #include "gdi/rendering_module.h"
@@ -12,19 +12,19 @@
 
 namespace win32host {
 
-// Tells the driver of what happens to the document, has the rendering module make the output, and
-// lets the spooler take it. Operations answer as the GDI functions of their names; a device context
-// that two threads use makes one of them wait.
+// Tells the driver what happens to the document, has the rendering module make the output, and
+// hands that to the spooler. Operations answer as the GDI functions of the same names do. When two
+// threads use a device context, one of them waits.
 class DeviceContext : public HandleObject {
 public:
-    // Null with an error.
+    // Null, with the last error set, on failure.
     static std::shared_ptr<DeviceContext> Create(const std::u16string& printer,
                                                  const DEVMODEW* dev_mode, bool information_only);
     ~DeviceContext() override;
     DeviceContext(const DeviceContext&) = delete;
     DeviceContext& operator=(const DeviceContext&) = delete;
 
-    // The handle, for the driver to be told.
+    // The handle that the driver is told.
     void SetHandle(HDC handle) { handle_ = handle; }
 
     int Caps(int index) const;
@@ -35,14 +35,14 @@ public:
     int AbortDoc();
     int Escape(int escape, int input_size, LPCSTR input, int output_size, LPSTR output);
     bool PatBlt(int x, int y, int width, int height, DWORD operation);
-    // Ends everything, before the handle goes.
+    // Ends everything before the handle is closed.
     void Close();
 
 private:
     DeviceContext() = default;
     bool Open(const std::u16string& printer, const DEVMODEW* dev_mode);
     bool EnableDevice(std::vector<BYTE> dev_mode);
-    // A document event; its answer is -1 when the driver will not have it.
+    // Raises a document event. Answers -1 if the driver refuses it.
     int Event(int event, ULONG input_size = 0, void* input = nullptr, ULONG output_size = 0,
               void* output = nullptr) const;
     int FinishPage();

@@ -22,9 +22,9 @@ HDC Create(LPCWSTR driver, LPCWSTR device, const DEVMODEW* dev_mode, bool inform
     });
 }
 
-// `work` with the device context of a handle; `failure` when there is none.
+// Runs `work` with the device context of a handle, or answers `failure` if there is none.
 template <class Work>
-int With(HDC handle, int failure, const Work& work) {
+int WithPrinter(HDC handle, int failure, const Work& work) {
     return Guarded(failure, [&] {
         const auto context = Find<DeviceContext>(handle);
         return context ? work(*context) : failure;
@@ -60,11 +60,11 @@ BOOL WINAPI DeleteDC(HDC dc) {
 int WINAPI GetDeviceCaps(HDC dc, int index) {
     if (const auto drawing = std::dynamic_pointer_cast<DrawingContext>(FindObject(dc)))
         return drawing->GetDeviceCaps(index);
-    return With(dc, 0, [&](const DeviceContext& context) { return context.Caps(index); });
+    return WithPrinter(dc, 0, [&](const DeviceContext& context) { return context.Caps(index); });
 }
 
 int WINAPI StartDocW(HDC dc, const DOCINFOW* info) {
-    return With(dc, SP_ERROR, [&](DeviceContext& context) {
+    return WithPrinter(dc, SP_ERROR, [&](DeviceContext& context) {
         if (info) return context.StartDoc(*info);
         SetLastError(ERROR_INVALID_PARAMETER);
         return SP_ERROR;
@@ -72,24 +72,24 @@ int WINAPI StartDocW(HDC dc, const DOCINFOW* info) {
 }
 
 int WINAPI StartPage(HDC dc) {
-    return With(dc, SP_ERROR, [](DeviceContext& context) { return context.StartPage(); });
+    return WithPrinter(dc, SP_ERROR, [](DeviceContext& context) { return context.StartPage(); });
 }
 
 int WINAPI EndPage(HDC dc) {
-    return With(dc, SP_ERROR, [](DeviceContext& context) { return context.EndPage(); });
+    return WithPrinter(dc, SP_ERROR, [](DeviceContext& context) { return context.EndPage(); });
 }
 
 int WINAPI EndDoc(HDC dc) {
-    return With(dc, SP_ERROR, [](DeviceContext& context) { return context.EndDoc(); });
+    return WithPrinter(dc, SP_ERROR, [](DeviceContext& context) { return context.EndDoc(); });
 }
 
 int WINAPI AbortDoc(HDC dc) {
-    return With(dc, SP_ERROR, [](DeviceContext& context) { return context.AbortDoc(); });
+    return WithPrinter(dc, SP_ERROR, [](DeviceContext& context) { return context.AbortDoc(); });
 }
 
 int WINAPI ExtEscape(HDC dc, int escape, int input_size, LPCSTR input, int output_size,
                      LPSTR output) {
-    return With(dc, SP_ERROR, [&](DeviceContext& context) {
+    return WithPrinter(dc, SP_ERROR, [&](DeviceContext& context) {
         return context.Escape(escape, input_size, input, output_size, output);
     });
 }
@@ -102,7 +102,7 @@ int WINAPI SetMapMode(HDC dc, int mode) {
 }
 
 BOOL WINAPI PatBlt(HDC dc, int x, int y, int width, int height, DWORD operation) {
-    return With(dc, FALSE, [&](DeviceContext& context) {
+    return WithPrinter(dc, FALSE, [&](DeviceContext& context) {
         return BOOL{context.PatBlt(x, y, width, height, operation)};
     });
 }

@@ -28,9 +28,9 @@ HBITMAP NewBitmap(int width, int height, int bits_per_pixel, const void* bits) {
     return static_cast<HBITMAP>(NewHandle(bitmap));
 }
 
-// `work` with the drawing context of a handle; `failure` when there is none.
+// Runs `work` with the drawing context of a handle, or answers `failure` if there is none.
 template <class Answer, class Work>
-Answer With(HDC dc, Answer failure, const Work& work) {
+Answer WithDrawing(HDC dc, Answer failure, const Work& work) {
     return Guarded(failure, [&] {
         const auto context = Find<DrawingContext>(dc);
         return context ? work(*context) : failure;
@@ -115,8 +115,8 @@ HFONT WINAPI CreateFontIndirectW(const LOGFONTW* description) {
 }
 
 HGDIOBJ WINAPI SelectObject(HDC dc, HGDIOBJ object) {
-    return With(dc, HGDIOBJ{},
-                [&](DrawingContext& context) { return context.SelectObject(dc, object); });
+    return WithDrawing(dc, HGDIOBJ{},
+                       [&](DrawingContext& context) { return context.SelectObject(dc, object); });
 }
 
 BOOL WINAPI DeleteObject(HGDIOBJ object) {
@@ -130,19 +130,19 @@ BOOL WINAPI DeleteObject(HGDIOBJ object) {
 }
 
 DWORD WINAPI GetFontData(HDC dc, DWORD table, DWORD offset, LPVOID buffer, DWORD size) {
-    return With(dc, DWORD{GDI_ERROR}, [&](DrawingContext& context) {
+    return WithDrawing(dc, DWORD{GDI_ERROR}, [&](DrawingContext& context) {
         return context.CurrentFont()->GetFontData(table, offset, buffer, size);
     });
 }
 
 BOOL WINAPI GetTextMetricsW(HDC dc, LPTEXTMETRICW metrics) {
-    return With(dc, FALSE, [&](DrawingContext& context) {
+    return WithDrawing(dc, FALSE, [&](DrawingContext& context) {
         return metrics ? BOOL{context.CurrentFont()->GetTextMetrics(*metrics)} : InvalidParameter();
     });
 }
 
 int WINAPI GetTextFaceW(HDC dc, int count, LPWSTR name) {
-    return With(dc, 0, [&](DrawingContext& context) {
+    return WithDrawing(dc, 0, [&](DrawingContext& context) {
         const std::u16string family = context.CurrentFont()->Family();
         if (family.empty()) return 0;
         if (!name) return static_cast<int>(family.size()) + 1;
@@ -158,7 +158,7 @@ int WINAPI GetTextFaceW(HDC dc, int count, LPWSTR name) {
 }
 
 BOOL WINAPI GetTextExtentPointA(HDC dc, LPCSTR text, int length, LPSIZE size) {
-    return With(dc, FALSE, [&](DrawingContext& context) {
+    return WithDrawing(dc, FALSE, [&](DrawingContext& context) {
         if (!text || !size || length < 0) return InvalidParameter();
         const auto font = context.CurrentFont();
         return BOOL{font->GetTextExtent(font->Wide(text, length), *size)};
@@ -166,7 +166,7 @@ BOOL WINAPI GetTextExtentPointA(HDC dc, LPCSTR text, int length, LPSIZE size) {
 }
 
 BOOL WINAPI GetTextExtentPointW(HDC dc, LPCWSTR text, int length, LPSIZE size) {
-    return With(dc, FALSE, [&](DrawingContext& context) {
+    return WithDrawing(dc, FALSE, [&](DrawingContext& context) {
         if (!text || !size || length < 0) return InvalidParameter();
         return BOOL{context.CurrentFont()->GetTextExtent(
             std::u16string(text, static_cast<size_t>(length)), *size)};
@@ -174,14 +174,14 @@ BOOL WINAPI GetTextExtentPointW(HDC dc, LPCWSTR text, int length, LPSIZE size) {
 }
 
 BOOL WINAPI TextOutA(HDC dc, int x, int y, LPCSTR text, int length) {
-    return With(dc, FALSE, [&](DrawingContext& context) {
+    return WithDrawing(dc, FALSE, [&](DrawingContext& context) {
         if (!text || length < 0) return InvalidParameter();
         return BOOL{context.DrawText(x, y, context.CurrentFont()->Wide(text, length))};
     });
 }
 
 BOOL WINAPI TextOutW(HDC dc, int x, int y, LPCWSTR text, int length) {
-    return With(dc, FALSE, [&](DrawingContext& context) {
+    return WithDrawing(dc, FALSE, [&](DrawingContext& context) {
         if (!text || length < 0) return InvalidParameter();
         return BOOL{context.DrawText(x, y, std::u16string(text, static_cast<size_t>(length)))};
     });

@@ -5,7 +5,7 @@
 namespace win32host {
 namespace {
 
-// The objects that every context begins with. They are never deleted.
+// The objects that every context starts with. They are never deleted.
 template <class Object>
 struct Stock {
     std::shared_ptr<Object> object;
@@ -76,7 +76,7 @@ HGDIOBJ DrawingContext::SelectFont(std::shared_ptr<Font> font, HGDIOBJ handle) {
 
 HGDIOBJ DrawingContext::SelectBitmap(HDC self, std::shared_ptr<Bitmap> bitmap, HGDIOBJ handle) {
     if (bitmap == bitmap_) return handle;
-    // That of one pixel is everybody's.
+    // The bitmap of one pixel is shared by all contexts.
     const bool shared = handle == OnePixel().handle;
     if (!draws_ || (!shared && bitmap->selected_into)) {
         SetLastError(ERROR_INVALID_PARAMETER);

@@ -13,20 +13,20 @@ namespace win32host {
 
 class DrawingContext : public HandleObject {
 public:
-    static constexpr int kCaps = PHYSICALOFFSETY + 1; // that GetDeviceCaps has
+    static constexpr int kCaps = PHYSICALOFFSETY + 1; // indices of GetDeviceCaps
     using Caps = std::array<int, kCaps>;
 
     // What the screen of this host is like.
     static Caps ScreenCaps();
 
     DrawingContext(const Caps& caps, bool draws);
-    // Lets go of its bitmap.
+    // Releases its bitmap.
     ~DrawingContext() override;
     DrawingContext(const DrawingContext&) = delete;
     DrawingContext& operator=(const DrawingContext&) = delete;
 
     int GetDeviceCaps(int index) const;
-    // Of the bitmap, or of the screen.
+    // The depth of the bitmap, or of the screen.
     int BitsPerPixel() const;
 
     HGDIOBJ SelectObject(HDC self, HGDIOBJ object);

@@ -16,7 +16,7 @@ namespace {
 constexpr int kDefaultCell = 16;
 constexpr int kLargestSize = 4096; // pixels
 
-// The name of a table as font files have it.
+// The name of a table as it is in font files.
 FT_ULong TableName(DWORD table) {
     return FT_MAKE_TAG(table & 0xFF, table >> 8 & 0xFF, table >> 16 & 0xFF, table >> 24);
 }
@@ -74,7 +74,7 @@ const TT_OS2* Os2(FT_Face face) {
     return static_cast<const TT_OS2*>(FT_Get_Sfnt_Table(face, FT_SFNT_OS2));
 }
 
-// Above and below the base line, in design units.
+// The extent of the cell above and below the base line, in design units.
 int CellAscent(FT_Face face) {
     const TT_OS2* os2 = Os2(face);
     return os2 && os2->usWinAscent + os2->usWinDescent > 0 ? os2->usWinAscent : face->ascender;
@@ -245,7 +245,7 @@ std::u16string Font::Wide(const char* text, int length) const {
     std::u16string wide;
     if (length <= 0) return wide;
     if (description_.lfCharSet == SYMBOL_CHARSET) {
-        // Where such fonts have their characters.
+        // Symbol fonts have their characters there.
         for (int i = 0; i < length; ++i)
             wide += static_cast<char16_t>(0xF000 | static_cast<unsigned char>(text[i]));
         return wide;

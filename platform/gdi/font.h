@@ -12,8 +12,8 @@ struct FT_FaceRec_;
 
 namespace win32host {
 
-// A font by its description. The file that fits it best is opened when something is first asked;
-// where the host has no fonts at all, every question fails.
+// A font by its description. The file that fits it best is opened at the first question. If the
+// host has no fonts at all, every question fails.
 class Font : public HandleObject {
 public:
     explicit Font(const LOGFONTW& description)
@@ -22,14 +22,14 @@ public:
     Font(const Font&) = delete;
     Font& operator=(const Font&) = delete;
 
-    // As the functions of their names.
+    // These answer as the GDI functions of the same names do.
     DWORD GetFontData(DWORD table, DWORD offset, void* buffer, DWORD size);
     bool GetTextMetrics(TEXTMETRICW& metrics);
     std::u16string Family(); // GetTextFaceW
     bool GetTextExtent(const std::u16string& text, SIZE& size);
     bool DrawText(Bitmap& bitmap, int x, int y, const std::u16string& text);
 
-    // An 8-bit text by the character set of the font.
+    // Converts an 8-bit text by the font's character set.
     std::u16string Wide(const char* text, int length) const;
 
 private:
@@ -37,14 +37,14 @@ private:
     void SetSize();
     void Measure(TEXTMETRICW& metrics) const;
     int Scaled(int design_units, int pixels_per_em) const;
-    // Puts a character into the face's slot, as an image or as its advance alone. False when the
-    // font cannot.
+    // Loads a character into the face's slot, as an image or only its advance. False if the font
+    // cannot.
     bool LoadCharacter(char16_t unit, bool image) const;
     int Advance(char16_t unit) const;
 
     const LOGFONTW description_;
     bool opened_ = false;
-    FT_FaceRec_* face_ = nullptr; // null when there is none
+    FT_FaceRec_* face_ = nullptr; // null if there is none
     int pixels_per_em_ = 0;
     int horizontal_pixels_per_em_ = 0;
     std::u16string family_;

@@ -20,8 +20,8 @@ FT_Library TheLibrary() {
     return library;
 }
 
-// fontconfig, from the first question to the end of the process. It comes back by itself when
-// something is asked after that.
+// Initializes fontconfig at the first question and ends it with the process. It initializes itself
+// again if something is asked after that.
 struct Fontconfig {
     Fontconfig() { FcInit(); }
     ~Fontconfig() { FcFini(); }
@@ -63,8 +63,8 @@ int Number(const Pattern& pattern, const char* object, int fallback) {
                                                                                   : fallback;
 }
 
-// A face has its family's name in several languages, and a narrower family's beside it. All are
-// good; the first stands for them.
+// A face has its family's name in several languages, and perhaps that of a narrower family. Any of
+// them will do; the first is taken otherwise.
 std::u16string FamilyOf(const Pattern& match, const std::u16string& wanted) {
     const std::string name = Utf8(wanted);
     FcChar8* family = nullptr;
@@ -102,8 +102,8 @@ FoundFace FindFace(const LOGFONTW& description) {
         return found;
     }
     found.family = FamilyOf(match, FamilyOf(description));
-    // The match says what is shown in the end: fontconfig's rules count a face as bold or slanted
-    // that has yet to be made so.
+    // The match describes the final result: fontconfig also counts a face as bold or slanted if it
+    // is still to be made so.
     FcBool embolden = FcFalse;
     FcPatternGetBool(match.get(), FC_EMBOLDEN, 0, &embolden);
     found.lacks_weight =

@@ -11,17 +11,17 @@
 
 namespace win32host {
 
-// FreeType and fontconfig are called by one thread at a time, which holds this.
+// Held by whoever calls FreeType or fontconfig: only one thread may at a time.
 std::mutex& FontLock();
 
 struct FoundFace {
-    FT_Face face = nullptr; // the finder's to close; null when the host has no fonts
-    std::u16string family;  // the one that was asked for when the face belongs to it
+    FT_Face face = nullptr; // the caller closes it; null if the host has no fonts
+    std::u16string family;  // the one asked for, if the face belongs to it
     bool lacks_weight = false;
     bool lacks_slant = false;
 };
 
-// The scalable face that fits best. Another family stands in for one that the host lacks.
+// The scalable face that fits best. Another family replaces one that the host lacks.
 FoundFace FindFace(const LOGFONTW& description);
 
 } // namespace win32host

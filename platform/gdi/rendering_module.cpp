@@ -35,7 +35,7 @@ std::shared_ptr<const RenderingModule> RenderingModule::Load(const std::u16strin
     std::u16string key = file;
     for (char16_t& unit : key) unit = UpperOf(unit);
     Loaded& loaded = TheLoaded();
-    // Held while the module is enabled, so that this happens once.
+    // Held while the module is enabled, so that it is enabled once only.
     std::lock_guard guard(loaded.lock);
     std::weak_ptr<const RenderingModule>& known = loaded.modules[key];
     if (auto module = known.lock()) return module;
@@ -85,7 +85,7 @@ bool RenderingModule::Enable() {
         case INDEX_DrvBitBlt:
             bit_blt = As<PFN_DrvBitBlt>(function);
             break;
-        default: // other drawing, which this host does not have
+        default: // other drawing, which this host does not support
             break;
         }
     }

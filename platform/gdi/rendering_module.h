@@ -1,4 +1,4 @@
-// A driver's rendering module, loaded to be called.
+// A driver's rendering module, loaded and ready to call.
 #pragma once
 
 #include <windows.h>
@@ -13,7 +13,7 @@ namespace win32host {
 class RenderingModule {
 public:
     // The module with this full name, which stays loaded while somebody holds it. Null with the
-    // loader's error, or ERROR_BAD_DRIVER when it hands over no device functions.
+    // loader's error, or with ERROR_BAD_DRIVER if it provides no device functions.
     static std::shared_ptr<const RenderingModule> Load(const std::u16string& file);
 
     explicit RenderingModule(HMODULE module)
@@ -22,7 +22,7 @@ public:
     RenderingModule(const RenderingModule&) = delete;
     RenderingModule& operator=(const RenderingModule&) = delete;
 
-    // Those that stand behind Load are never null, the others may be.
+    // Those that Load requires are never null; the others may be.
     PFN_DrvEnablePDEV enable_device = nullptr;
     PFN_DrvDisablePDEV disable_device = nullptr;
     PFN_DrvCompletePDEV complete_device = nullptr;

@@ -7,8 +7,8 @@
 namespace win32host {
 namespace {
 
-std::atomic<DWORD> g_kinds{0}; // of the plan; 0 without one
-std::mutex g_lock;             // guards the rest
+std::atomic<DWORD> g_kinds{0}; // those of the plan; 0 without one
+std::mutex g_faults_lock;      // guards the rest
 FaultPlan g_plan;
 DWORD g_points = 0;
 
@@ -21,7 +21,7 @@ DWORD Fault::Happen() const {
 
 Fault FaultAt(FaultKind kind) {
     if (!(g_kinds.load(std::memory_order_relaxed) & kind)) return {};
-    std::lock_guard guard(g_lock);
+    std::lock_guard guard(g_faults_lock);
     if (!(g_plan.kinds & kind)) return {};
     ++g_points;
     const bool happens = g_plan.from_then ? g_points >= g_plan.point : g_points == g_plan.point;
@@ -30,7 +30,7 @@ Fault FaultAt(FaultKind kind) {
 }
 
 void PlanFault(const FaultPlan& plan) {
-    std::lock_guard guard(g_lock);
+    std::lock_guard guard(g_faults_lock);
     g_plan = plan;
     g_points = 0;
     g_kinds.store(plan.kinds, std::memory_order_relaxed);
@@ -41,12 +41,12 @@ void ForgetFaults() {
 }
 
 bool FaultHappened() {
-    std::lock_guard guard(g_lock);
+    std::lock_guard guard(g_faults_lock);
     return g_plan.kinds != 0 && g_points >= g_plan.point;
 }
 
 DWORD FaultPoints() {
-    std::lock_guard guard(g_lock);
+    std::lock_guard guard(g_faults_lock);
     return g_points;
 }
 

@@ -7,7 +7,7 @@
 
 namespace win32host {
 
-// How an operation is to fail; false when it is not.
+// How an operation is to fail; false if it is not to.
 struct Fault {
     DWORD error = 0;
     bool partly = false;
@@ -16,14 +16,14 @@ struct Fault {
     explicit operator bool() const { return error != 0 || kills; }
     // How many of `size` bytes get through.
     size_t Part(size_t size) const { return partly ? size / 2 : 0; }
-    // Behind those bytes: ends the process when that is the plan, else answers the error.
+    // To be called after those bytes: ends the process if that is the plan, else answers the error.
     DWORD Happen() const;
 };
 
-// Counts one operation. Costs one load while there is no plan.
+// Counts one operation. Costs a single load while there is no plan.
 Fault FaultAt(FaultKind kind);
 
-// For operations that write nothing piece by piece: the error, 0 when all is well.
+// For operations that cannot be done partly: the error, or 0 if the operation is to go on.
 inline DWORD FailureAt(FaultKind kind) {
     const Fault fault = FaultAt(kind);
     return fault ? fault.Happen() : 0;

@@ -7,7 +7,7 @@
 
 namespace win32host {
 
-// Runs the body of a function that must not throw. `failure` is its answer when memory is short.
+// Runs the body of a function that must not throw. Answers `failure` when memory is short.
 template <class Body, class Answer>
 Answer Guarded(Answer failure, const Body& body) {
     try {
@@ -18,7 +18,7 @@ Answer Guarded(Answer failure, const Body& body) {
     }
 }
 
-// Sets the last error; always FALSE, to return it.
+// Sets the last error. Always FALSE, so that callers can return it.
 inline BOOL Fail(DWORD code) {
     SetLastError(code);
     return FALSE;

@@ -1,8 +1,8 @@
 // The table of the objects that Win32 handles name.
 //
-// An object belongs to the table from NewHandle until it is closed; users hold it through a shared
-// pointer, so that closing it on another thread never pulls it away below them. A handle value is
-// never given out twice: a closed or made-up handle finds nothing.
+// An object belongs to the table from NewHandle until it is closed. Users hold it through a shared
+// pointer, so that closing it on another thread never takes it away from under them. A handle value
+// is never given out twice: a closed or made-up handle finds nothing.
 #pragma once
 
 #include <windows.h>
@@ -12,7 +12,7 @@
 
 namespace win32host {
 
-// Anything that a handle can name. Its class is its type: Find<Printer>(h) answers printers only.
+// Anything that a handle can name. The class is the type: Find<Printer>(h) finds printers only.
 class HandleObject {
 public:
     virtual ~HandleObject() = default;
@@ -22,17 +22,16 @@ public:
 // printers) derive from HandleObject directly.
 class KernelObject : public HandleObject {};
 
-// A handle for `object`; null with ERROR_NOT_ENOUGH_MEMORY when there is no room. Never
-// INVALID_HANDLE_VALUE.
+// A handle for `object`, or null with ERROR_NOT_ENOUGH_MEMORY. Never INVALID_HANDLE_VALUE.
 HANDLE NewHandle(std::shared_ptr<HandleObject> object);
 
 // The object, or null, without touching the last error.
 std::shared_ptr<HandleObject> FindObject(HANDLE handle);
 
-// Takes exactly `object` out of the table; false when the handle no longer names it.
+// Takes exactly `object` out of the table. False if the handle no longer names it.
 bool ForgetHandle(HANDLE handle, const HandleObject* object);
 
-// The object when it is a T, else null and ERROR_INVALID_HANDLE.
+// The object if it is a T, else null with ERROR_INVALID_HANDLE.
 template <class T>
 std::shared_ptr<T> Find(HANDLE handle) {
     auto found = std::dynamic_pointer_cast<T>(FindObject(handle));
@@ -40,8 +39,8 @@ std::shared_ptr<T> Find(HANDLE handle) {
     return found;
 }
 
-// Closes a T and hands it out, so that what its last user does can still fail; else null and
-// ERROR_INVALID_HANDLE. Of two threads that close the same handle one gets the object.
+// Closes a T and hands it out, so that its last operation can still report failure; else null with
+// ERROR_INVALID_HANDLE. Of two threads that close the same handle, one gets the object.
 template <class T>
 std::shared_ptr<T> Close(HANDLE handle) {
     auto found = Find<T>(handle);

@@ -1,4 +1,4 @@
-// WinExec: a host without programs of its own runs what rundll32 would.
+// WinExec: this host has no programs of its own, but does what rundll32 would.
 #include <windows.h>
 
 #include <win32host/control.h>
@@ -13,7 +13,7 @@
 namespace win32host {
 namespace {
 
-std::mutex g_lock;
+std::mutex g_programs_lock;
 std::vector<StartedProgram> g_started;
 
 constexpr UINT kStarted = 33;
@@ -43,7 +43,7 @@ UINT RunLibrary(const std::string& command, UINT show) {
 } // namespace
 
 std::vector<StartedProgram> TakeStartedPrograms() {
-    std::lock_guard guard(g_lock);
+    std::lock_guard guard(g_programs_lock);
     return std::exchange(g_started, {});
 }
 
@@ -54,7 +54,7 @@ extern "C" UINT WINAPI WinExec(LPCSTR command_line, UINT show) {
     return Guarded(UINT{ERROR_FILE_NOT_FOUND}, [&]() -> UINT {
         if (!command_line) return ERROR_FILE_NOT_FOUND;
         {
-            std::lock_guard guard(g_lock);
+            std::lock_guard guard(g_programs_lock);
             g_started.push_back({command_line, show});
         }
         const std::string command = command_line;

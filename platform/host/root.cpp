@@ -8,7 +8,7 @@
 namespace win32host {
 namespace {
 
-std::mutex g_lock;
+std::mutex g_root_lock;
 std::string g_root;
 std::atomic<uint32_t> g_generation{1};
 
@@ -18,8 +18,8 @@ std::string DefaultRoot() {
     return std::string(home && *home ? home : "/tmp") + "/.local/share/labelhost";
 }
 
-// Makes the folder and its drive C (as far as that is possible: what needs it reports its own
-// failure) and gives its absolute path.
+// Makes the folder and its drive C and answers its absolute path. A failure to make them is
+// reported by whatever needs them.
 std::string Prepare(const std::string& folder) {
     std::error_code error;
     std::filesystem::create_directories(folder + "/drive_c", error);
@@ -30,13 +30,13 @@ std::string Prepare(const std::string& folder) {
 } // namespace
 
 std::string Root() {
-    std::lock_guard guard(g_lock);
+    std::lock_guard guard(g_root_lock);
     if (g_root.empty()) g_root = Prepare(DefaultRoot());
     return g_root;
 }
 
 void SetRoot(const std::string& folder) {
-    std::lock_guard guard(g_lock);
+    std::lock_guard guard(g_root_lock);
     g_root = Prepare(folder);
     g_generation.fetch_add(1);
 }

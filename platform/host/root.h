@@ -1,4 +1,4 @@
-// The root folder as the parts of the platform layer see it.
+// The root folder as the platform layer sees it.
 #pragma once
 
 #include <win32host/control.h>
@@ -7,8 +7,8 @@
 
 namespace win32host {
 
-// Grows by one with every SetRoot, so that whoever keeps something of the root open (a registry
-// connection, a loaded module list) knows when to drop it.
+// Grows by one with every SetRoot, so that code which keeps something of the root open (a registry
+// connection, a list of loaded modules) knows when to drop it.
 uint32_t RootGeneration();
 
 } // namespace win32host

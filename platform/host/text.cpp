@@ -37,7 +37,7 @@ void AppendUtf8(std::string& bytes, char32_t c) {
     }
 }
 
-// Takes one character off the front of `text`; a byte that begins none counts as kReplacement.
+// Takes one character off the front of `text`. A byte that cannot start one counts as kReplacement.
 char32_t TakeCharacter(std::string_view& text) {
     const auto byte = [&](size_t i) { return static_cast<unsigned char>(text[i]); };
     const unsigned char first = byte(0);
@@ -76,6 +76,10 @@ std::string Utf8(std::u16string_view text) {
         AppendUtf8(bytes, c);
     }
     return bytes;
+}
+
+std::u16string CopyOf(LPCWSTR text) {
+    return text ? text : u"";
 }
 
 std::u16string Utf16(std::string_view text) {

@@ -1,4 +1,4 @@
-// UTF-8 and UTF-16 forms of names, and names without regard to case.
+// Names in UTF-8 and UTF-16, and their comparison without regard to case.
 #pragma once
 
 #include <windows.h>
@@ -9,12 +9,15 @@
 namespace win32host {
 
 // Both directions keep every valid text. A lone surrogate becomes its three-byte UTF-8 pattern and
-// comes back as it was, so that any UTF-16 name can be stored; bytes that are no UTF-8 become
+// comes back as it was, so that any UTF-16 name can be stored. Bytes that are not UTF-8 become
 // U+FFFD.
 std::string Utf8(std::u16string_view text);
 std::u16string Utf16(std::string_view text);
 
-// The upper case of one UTF-16 unit, as names are compared: the same in every locale, one unit for
+// A text that a caller may leave out: null is empty.
+std::u16string CopyOf(LPCWSTR text);
+
+// The upper case of one UTF-16 unit, as used to compare names: the same in every locale, and always
 // one unit.
 char16_t UpperOf(char16_t unit);
 

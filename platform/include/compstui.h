@@ -1,4 +1,4 @@
-// The common property sheets of printers: how they call the function that adds a driver's pages.
+// The common property sheets of printers and how they call the function that adds a driver's pages.
 #pragma once
 
 #include <windef.h>
@@ -35,7 +35,7 @@ typedef LONG(CALLBACK* PFNPROPSHEETUI)(PPROPSHEETUI_INFO info, LPARAM parameter)
 // Title and icon of the sheets, asked with GET_INFO_HEADER.
 #define PSUIHDRF_OBSOLETE 0x0001
 #define PSUIHDRF_NOAPPLYNOW 0x0002
-#define PSUIHDRF_PROPTITLE 0x0004 // "... Properties" behind the title
+#define PSUIHDRF_PROPTITLE 0x0004 // "... Properties" after the title
 #define PSUIHDRF_USEHICON 0x0008
 #define PSUIHDRF_DEFTITLE 0x0010
 #define PSUIHDRF_EXACT_PTITLE 0x0020

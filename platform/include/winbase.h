@@ -1,6 +1,6 @@
 // Files, modules, memory, time, critical sections and errors.
 //
-// Functions that fail answer FALSE, null, 0 or the value named with them, and GetLastError tells
+// Functions that fail answer FALSE, null, 0 or the value given with them, and GetLastError says
 // why.
 #pragma once
 
@@ -15,14 +15,14 @@
 #define INVALID_FILE_ATTRIBUTES 0xFFFFFFFF
 #define HFILE_ERROR (-1)
 
-// What to do with a file that exists, or does not.
+// What to do if a file exists, or does not.
 #define CREATE_NEW 1
 #define CREATE_ALWAYS 2
 #define OPEN_EXISTING 3
 #define OPEN_ALWAYS 4
 #define TRUNCATE_EXISTING 5
 
-// Rights to ask for beside the generic ones, what others may do meanwhile, and the kinds of file.
+// Rights besides the generic ones, what others may do meanwhile, and the kinds of file.
 #define FILE_READ_DATA 0x0001
 #define FILE_WRITE_DATA 0x0002
 #define FILE_APPEND_DATA 0x0004
@@ -66,6 +66,12 @@
 #define LPTR (LMEM_FIXED | LMEM_ZEROINIT)
 #define HEAP_ZERO_MEMORY 0x00000008
 
+#define INFINITE 0xFFFFFFFFu
+#define WAIT_OBJECT_0 0u
+#define WAIT_ABANDONED 0x80u
+#define WAIT_TIMEOUT 258u
+#define WAIT_FAILED 0xFFFFFFFFu
+
 #define DLL_PROCESS_ATTACH 1
 #define DLL_PROCESS_DETACH 0
 
@@ -105,7 +111,7 @@ typedef struct SYSTEMTIME {
 typedef SYSTEMTIME* LPSYSTEMTIME;
 static_assert(sizeof(SYSTEMTIME) == 16, "layout");
 
-// A lock that the thread which holds it may enter again. The contents belong to the functions.
+// A lock that the thread holding it may enter again. Only the functions use the contents.
 typedef struct CRITICAL_SECTION {
     alignas(8) BYTE state[48];
 } CRITICAL_SECTION;
@@ -137,7 +143,7 @@ typedef struct OFSTRUCT {
 typedef OFSTRUCT* LPOFSTRUCT;
 static_assert(sizeof(OFSTRUCT) == 136, "layout");
 
-// How a serial port is set up.
+// The setup of a serial port.
 typedef struct DCB {
     DWORD DCBlength;
     DWORD BaudRate;
@@ -208,11 +214,11 @@ void WINAPI SetLastError(DWORD code);
 // it was asked for as moveable; a moveable block counts its locks.
 HGLOBAL WINAPI GlobalAlloc(UINT flags, SIZE_T size);
 LPVOID WINAPI GlobalLock(HGLOBAL memory);
-// FALSE when the last lock is gone (GetLastError is then NO_ERROR) or there was none
+// FALSE when the last lock is released (GetLastError is then NO_ERROR) or the block was not locked
 // (ERROR_NOT_LOCKED); always TRUE for a fixed block.
 BOOL WINAPI GlobalUnlock(HGLOBAL memory);
 SIZE_T WINAPI GlobalSize(HGLOBAL memory);
-// Null when the block is freed, which a null handle counts as.
+// Null if the block was freed; also for a null handle.
 HGLOBAL WINAPI GlobalFree(HGLOBAL memory);
 HLOCAL WINAPI LocalAlloc(UINT flags, SIZE_T size);
 HLOCAL WINAPI LocalFree(HLOCAL memory);
@@ -223,7 +229,7 @@ BOOL WINAPI HeapFree(HANDLE heap, DWORD flags, LPVOID memory);
 
 // ---- Time ---------------------------------------------------------------------------------------
 
-// Milliseconds since the machine started; begins again at 0 after 49.7 days.
+// Milliseconds since the machine started; starts again at 0 after 49.7 days.
 DWORD WINAPI GetTickCount();
 void WINAPI Sleep(DWORD milliseconds);
 void WINAPI GetLocalTime(LPSYSTEMTIME time);
@@ -237,15 +243,26 @@ BOOL WINAPI TryEnterCriticalSection(LPCRITICAL_SECTION section);
 void WINAPI LeaveCriticalSection(LPCRITICAL_SECTION section);
 void WINAPI DeleteCriticalSection(LPCRITICAL_SECTION section);
 
+// ---- Mutexes ------------------------------------------------------------------------------------
+
+// A named mutex, of which nobody owns anything at first; those of one name exclude each other in
+// all processes of this host. Null without a name, and when it shall be owned at once. Closing the
+// handle gives it up.
+HANDLE WINAPI CreateMutexW(LPSECURITY_ATTRIBUTES security, BOOL owned, LPCWSTR name);
+// Mutexes alone: WAIT_OBJECT_0, WAIT_TIMEOUT or WAIT_FAILED. Who owns one must not wait for it
+// through another handle. One that its process left without a word is nobody's.
+DWORD WINAPI WaitForSingleObject(HANDLE object, DWORD milliseconds);
+BOOL WINAPI ReleaseMutex(HANDLE mutex);
+
 // ---- Open files ---------------------------------------------------------------------------------
 
 // INVALID_HANDLE_VALUE on failure. With CREATE_ALWAYS and OPEN_ALWAYS the last error is
-// ERROR_ALREADY_EXISTS when the file was there and NO_ERROR when it was made. The share mode binds
-// all processes of this host.
+// ERROR_ALREADY_EXISTS if the file existed and NO_ERROR if it was made. The share mode binds all
+// processes of this host.
 HANDLE WINAPI CreateFileW(LPCWSTR name, DWORD access, DWORD share, LPSECURITY_ATTRIBUTES security,
                           DWORD disposition, DWORD flags_and_attributes, HANDLE template_file);
-// At the end of the file: TRUE with 0 bytes. With `overlapped` it reads at that offset, and the
-// end is ERROR_HANDLE_EOF.
+// At the end of the file the answer is TRUE with 0 bytes. With `overlapped` it reads at that
+// offset, and fails with ERROR_HANDLE_EOF at the end.
 BOOL WINAPI ReadFile(HANDLE file, LPVOID buffer, DWORD size, LPDWORD read, LPOVERLAPPED overlapped);
 BOOL WINAPI WriteFile(HANDLE file, LPCVOID buffer, DWORD size, LPDWORD written,
                       LPOVERLAPPED overlapped);
@@ -256,8 +273,8 @@ BOOL WINAPI SetEndOfFile(HANDLE file);
 // The low half of the size; INVALID_FILE_SIZE, with a last error other than NO_ERROR, on failure.
 DWORD WINAPI GetFileSize(HANDLE file, LPDWORD size_high);
 BOOL WINAPI FlushFileBuffers(HANDLE file);
-// Closes files, tokens and the other objects of the system's core; not searches and printers,
-// which have functions of their own for it.
+// Closes files, tokens and the other objects of the system's core; searches and printers have
+// closing functions of their own.
 BOOL WINAPI CloseHandle(HANDLE object);
 
 // ---- Files and folders by name ------------------------------------------------------------------
@@ -273,14 +290,14 @@ BOOL WINAPI CreateDirectoryW(LPCWSTR name, LPSECURITY_ATTRIBUTES security);
 BOOL WINAPI RemoveDirectoryW(LPCWSTR name);
 
 // Searches a folder for names that match the last component ('*' and '?').
-// INVALID_HANDLE_VALUE and ERROR_FILE_NOT_FOUND when there is none; FindNextFileW ends with
+// INVALID_HANDLE_VALUE and ERROR_FILE_NOT_FOUND if nothing matches; FindNextFileW ends with
 // ERROR_NO_MORE_FILES.
 HANDLE WINAPI FindFirstFileW(LPCWSTR pattern, LPWIN32_FIND_DATAW data);
 BOOL WINAPI FindNextFileW(HANDLE search, LPWIN32_FIND_DATAW data);
 BOOL WINAPI FindClose(HANDLE search);
 
-// Only the existence test (OF_EXIST), with a name in the ANSI code page: HFILE_ERROR when there is
-// no such file, else a number that is no open file. `info` receives the full name.
+// Only the existence test (OF_EXIST), with a name in the ANSI code page: HFILE_ERROR if there is no
+// such file, else a number that is not an open file. `info` receives the full name.
 HFILE WINAPI OpenFile(LPCSTR name, LPOFSTRUCT info, UINT style);
 
 // These answer the length without the terminator, or the size to provide, terminator included,
@@ -291,33 +308,35 @@ DWORD WINAPI GetCurrentDirectoryW(DWORD size, LPWSTR path);
 UINT WINAPI GetSystemDirectoryW(LPWSTR path, UINT size);
 UINT WINAPI GetWindowsDirectoryW(LPWSTR path, UINT size);
 
-// Makes "PATH\PREnnnn.TMP" from three characters of the prefix and a number; with `unique` 0 the
-// number is free and the file is created. Answers the number; `name` has room for MAX_PATH.
+// Makes "PATH\PREnnnn.TMP" from three characters of the prefix and a number. With `unique` 0 an
+// unused number is chosen and the file is created. Answers the number; `name` has room for
+// MAX_PATH.
 UINT WINAPI GetTempFileNameW(LPCWSTR path, LPCWSTR prefix, UINT unique, LPWSTR name);
 
 // ---- Private profiles ---------------------------------------------------------------------------
 
-// Reads one value; a null key lists the section's keys, a null section the sections, each name
-// ended by a zero and the list by another. A name without a folder lies in the Windows folder.
-// Answers the characters copied without the last terminator; `size` - 1 (lists: `size` - 2) when
-// the text was cut.
+// Reads one value. A null key lists the section's keys, a null section lists the sections; each
+// name is ended by a zero and the list by another. A file name without a folder is in the Windows
+// folder. Answers the number of characters copied without the last terminator; `size` - 1 (lists:
+// `size` - 2) if the text was cut.
 DWORD WINAPI GetPrivateProfileStringW(LPCWSTR section, LPCWSTR key, LPCWSTR fallback, LPWSTR text,
                                       DWORD size, LPCWSTR file);
-// A null text deletes the key, a null key the section.
+// A null text deletes the key; a null key deletes the section.
 BOOL WINAPI WritePrivateProfileStringW(LPCWSTR section, LPCWSTR key, LPCWSTR text, LPCWSTR file);
 
 // ---- Modules and resources ----------------------------------------------------------------------
 
-// Loads an ELF library (its DllInitialize, else DllMain, is told) or a PE file, of which only the
-// resources are of use. A module that is loaded already is the same handle, counted once more.
+// Loads an ELF library (and calls its DllInitialize, else its DllMain) or a PE file, of which only
+// the resources can be used. A module that is already loaded has the same handle, counted once
+// more.
 HMODULE WINAPI LoadLibraryW(LPCWSTR name);
 HMODULE WINAPI LoadLibraryExW(LPCWSTR name, HANDLE file, DWORD flags);
 BOOL WINAPI FreeLibrary(HMODULE module);
 FARPROC WINAPI GetProcAddress(HMODULE module, LPCSTR name);
-// A loaded module by its name, the program itself for null; not counted.
+// A loaded module by its name, or the program itself for null; not counted.
 HMODULE WINAPI GetModuleHandleW(LPCWSTR name);
-// The full name of the module's file, the program's for null. A name that does not fit is cut and
-// terminated, answered as `size` and reported as ERROR_INSUFFICIENT_BUFFER.
+// The full name of the module's file, or of the program's for null. A name that does not fit is cut
+// and terminated; the answer is then `size` and the error ERROR_INSUFFICIENT_BUFFER.
 DWORD WINAPI GetModuleFileNameW(HMODULE module, LPWSTR name, DWORD size);
 DWORD WINAPI GetModuleFileNameA(HMODULE module, LPSTR name, DWORD size);
 
@@ -331,13 +350,13 @@ DWORD WINAPI SizeofResource(HMODULE module, HRSRC resource);
 
 // ---- Serial ports and programs ------------------------------------------------------------------
 
-// How the user has set up a serial port ("COM1"). `*size` is the room in `config` and receives what
-// it takes. FALSE with ERROR_INSUFFICIENT_BUFFER when that is more, with ERROR_FILE_NOT_FOUND for a
-// port that there is not.
+// How the user has set up a serial port ("COM1"). `*size` is the room in `config` and receives the
+// size that is needed. FALSE with ERROR_INSUFFICIENT_BUFFER if that is more, and with
+// ERROR_FILE_NOT_FOUND if there is no such port.
 BOOL WINAPI GetDefaultCommConfigW(LPCWSTR name, LPCOMMCONFIG config, LPDWORD size);
 
-// Runs a program: greater than 31, or an error code. On this host there is one, rundll32.exe, and
-// what it is told to call runs before the function comes back.
+// Runs a program. Answers a number greater than 31, or an error code. This host has one program,
+// rundll32.exe, and what it is told to call runs before the function returns.
 UINT WINAPI WinExec(LPCSTR command_line, UINT show);
 
 WIN32HOST_END_C

@@ -1,5 +1,5 @@
-// What GDI and a printer driver's rendering module say to each other: the module's entry points,
-// what it tells of its device, and what printer drivers tell of it for halftones.
+// The interface between GDI and a printer driver's rendering module: the module's entry points, its
+// description of the device, and what printer drivers say about halftones.
 #pragma once
 
 #include <windef.h>
@@ -12,7 +12,7 @@ typedef struct CIECHROMA {
     LONG Y;
 } CIECHROMA;
 
-// The colours of a device and, in ten-thousandths, how its dyes mix.
+// The colours of a device and, in ten-thousandths, the mixing of its dyes.
 typedef struct COLORINFO {
     CIECHROMA Red;
     CIECHROMA Green;
@@ -58,7 +58,7 @@ DECLARE_HANDLE(DHSURF); // the module's own surface
 DECLARE_HANDLE(HDEV);   // GDI's device
 DECLARE_HANDLE(HSURF);  // GDI's surface
 
-// The place that a device is drawn on, as the module's functions are told of it.
+// The surface that is drawn on, as the module's functions are told of it.
 typedef struct SURFOBJ {
     DHSURF dhsurf;
     HSURF hsurf;
@@ -75,11 +75,11 @@ typedef struct SURFOBJ {
     USHORT fjBitmap;
 } SURFOBJ;
 
-// What a device is; GetDeviceCaps answers from it.
+// The description of a device, from which GetDeviceCaps answers.
 typedef struct GDIINFO {
     ULONG ulVersion; // of the driver
     ULONG ulTechnology;
-    ULONG ulHorzSize; // of the printable area: millimetres, micrometres when negative
+    ULONG ulHorzSize; // of the printable area: millimetres, or micrometres if negative
     ULONG ulVertSize;
     ULONG ulHorzRes; // the same in pixels
     ULONG ulVertRes;
@@ -164,13 +164,12 @@ typedef struct DRVENABLEDATA {
 // DrvEndDoc: the document is dropped.
 #define ED_ABORTDOC 0x00000001
 
-// What the module exports to hand over its functions, and to be told that it is not needed any
-// more.
+// The module's exports, which hand over its functions and tell it that it is no longer needed.
 typedef BOOL(WINAPI* PFN_DrvEnableDriver)(ULONG version, ULONG size, DRVENABLEDATA* data);
 typedef void(WINAPI* PFN_DrvDisableDriver)();
 
-// A device in the settings of a DEVMODE. The module fills the parts of GDIINFO and DEVINFO that
-// have room, and writes its output to the printer handle `driver`.
+// Makes a device with the settings of a DEVMODE. The module fills as much of GDIINFO and DEVINFO as
+// there is room for, and writes its output to the printer handle `driver`.
 typedef DHPDEV(WINAPI* PFN_DrvEnablePDEV)(DEVMODEW* dev_mode, LPWSTR log_address,
                                           ULONG pattern_count, HSURF* patterns, ULONG caps_size,
                                           ULONG* caps, ULONG info_size, DEVINFO* info, HDEV dev,
@@ -189,9 +188,9 @@ struct XLATEOBJ;
 struct BRUSHOBJ;
 using ROP4 = ULONG; // a ternary raster operation in each of the two low bytes
 
-// Combines a rectangle of the target with a source and a pattern. This host asks for operations
-// that need neither of them, 0x0000 for black and 0xFFFF for white; the rectangle lies on the page,
-// and all other pointers are null.
+// Combines a rectangle of the target with a source and a pattern. This host only asks for
+// operations that need neither, 0x0000 for black and 0xFFFF for white; the rectangle is on the
+// page, and all other pointers are null.
 using PFN_DrvBitBlt = BOOL(WINAPI*)(SURFOBJ* target, SURFOBJ* source, SURFOBJ* mask, CLIPOBJ* clip,
                                     XLATEOBJ* colors, RECTL* target_area, POINTL* source_start,
                                     POINTL* mask_start, BRUSHOBJ* brush, POINTL* brush_start,

@@ -1,5 +1,5 @@
-// What a printer driver's configuration module shares with the spooler and the common property
-// sheets: the records and numbers of its entry points.
+// The interface between a printer driver's configuration module, the spooler and the common
+// property sheets: the records and numbers of its entry points.
 #pragma once
 
 #include <windef.h>
@@ -52,8 +52,8 @@ typedef PRINTER_EVENT_ATTRIBUTES_INFO* PPRINTER_EVENT_ATTRIBUTES_INFO;
 #define DOCUMENTEVENT_UNSUPPORTED 0
 #define DOCUMENTEVENT_FAILURE (-1)
 
-// The input of DOCUMENTEVENT_CREATEDCPRE. Its output is a DEVMODEW* that the driver may set to what
-// is used instead of `pdm`; such a DEVMODE is the driver's until the next event.
+// The input of DOCUMENTEVENT_CREATEDCPRE. Its output is a DEVMODEW* that the driver may set to
+// replace `pdm`; the driver keeps that DEVMODE until the next event.
 typedef struct DOCEVENT_CREATEDCPRE {
     PWSTR pszDriver;
     PWSTR pszDevice;

@@ -7,7 +7,7 @@
 #define CCHFORMNAME 32
 
 // The public part of a printer's document settings. A driver's private bytes (dmDriverExtra of
-// them) follow directly behind the first dmSize bytes. Lengths are in tenths of a millimetre.
+// them) follow directly after the first dmSize bytes. Lengths are in tenths of a millimetre.
 typedef struct DEVMODEW {
     WCHAR dmDeviceName[CCHDEVICENAME];
     WORD dmSpecVersion;
@@ -62,7 +62,7 @@ static_assert(sizeof(DEVMODEW) == 220, "layout");
 static_assert(offsetof(DEVMODEW, dmFields) == 72, "layout");
 static_assert(offsetof(DEVMODEW, dmFormName) == 102, "layout");
 
-// The same in the ANSI form of old programs.
+// The same in the ANSI form that old programs use.
 typedef struct DEVMODEA {
     BYTE dmDeviceName[CCHDEVICENAME];
     WORD dmSpecVersion;
@@ -264,7 +264,7 @@ typedef struct TEXTMETRICW {
     LONG tmHeight; // ascent and descent
     LONG tmAscent;
     LONG tmDescent;
-    LONG tmInternalLeading; // what of the height is above the em square
+    LONG tmInternalLeading; // the part of the height above the em square
     LONG tmExternalLeading;
     LONG tmAveCharWidth;
     LONG tmMaxCharWidth;
@@ -313,8 +313,8 @@ static_assert(sizeof(TEXTMETRICW) == 60, "layout");
 #define DT_RASDISPLAY 1
 #define DT_RASPRINTER 2
 
-// An escape that every rendering module answers: whether it knows another one, whose number is the
-// input.
+// An escape that every rendering module answers: it asks whether the module knows another one,
+// whose number is the input.
 #define QUERYESCSUPPORT 8
 
 #define SP_ERROR (-1)
@@ -331,85 +331,90 @@ typedef DOCINFOW* LPDOCINFOW;
 #pragma GCC visibility push(default)
 WIN32HOST_BEGIN_C
 
-// A device context on the printer `device`, in the settings of `dev_mode`, or its default ones for
-// null. `driver` is "WINSPOOL" or null and `output` null or the printer's port, which is not looked
-// at. Null with an error when there is no such printer or no rendering module for it.
+// A device context on the printer `device` with the settings in `dev_mode`, or its default ones for
+// null. `driver` is "WINSPOOL" or null. `output` is null or the printer's port, and is ignored.
+// Null with an error if there is no such printer or no rendering module for it.
 HDC WINAPI CreateDCW(LPCWSTR driver, LPCWSTR device, LPCWSTR output, const DEVMODEW* dev_mode);
-// The same for questions: documents cannot be started on it.
+// The same for questions only: documents cannot be started on it.
 HDC WINAPI CreateICW(LPCWSTR driver, LPCWSTR device, LPCWSTR output, const DEVMODEW* dev_mode);
 // A document that is not ended is dropped.
 BOOL WINAPI DeleteDC(HDC dc);
 
-// 0 for an index that is not named above and when there is no such device context.
+// 0 for an index that is not listed above, and if there is no such device context.
 int WINAPI GetDeviceCaps(HDC dc, int index);
 
-// Documents; greater than 0 on success. StartDocW answers the number of the job. Pages stand inside
-// of documents, and a page that is open ends with its document. Output to files is not there.
+// Documents. The answer is greater than 0 on success; StartDocW answers the number of the job.
+// Pages belong to documents, and an open page ends with its document. Output to files is not
+// supported.
 int WINAPI StartDocW(HDC dc, const DOCINFOW* info);
 int WINAPI StartPage(HDC dc);
 int WINAPI EndPage(HDC dc);
 int WINAPI EndDoc(HDC dc);
 int WINAPI AbortDoc(HDC dc);
 
-// Passes something to the rendering module and answers what it answers: greater than 0 on success,
-// 0 when it does not know the escape, less than 0 on failure.
+// Passes the input to the rendering module and answers what it answers: greater than 0 on success,
+// 0 if it does not know the escape, less than 0 on failure.
 int WINAPI ExtEscape(HDC dc, int escape, int input_size, LPCSTR input, int output_size,
                      LPSTR output);
 
-// Units of the coordinates that drawing functions take. Contexts begin with MM_TEXT, one pixel with
-// y growing downwards, and have no other here. Answers the mode before, 0 when it cannot be set.
+// The units of the coordinates that drawing functions take. Contexts start with MM_TEXT, one pixel
+// with y growing downwards, and have no other here. Answers the previous mode, or 0 if it cannot be
+// set.
 #define MM_TEXT 1
 int WINAPI SetMapMode(HDC dc, int mode);
 
 // Fills a rectangle of a printer's page; a negative extent lies to the left of or above the start.
-// What sticks out of the page is cut off. Only BLACKNESS and WHITENESS are there.
+// What extends beyond the page is cut off. Only BLACKNESS and WHITENESS are supported.
 #define BLACKNESS 0x00000042u
 #define WHITENESS 0x00FF0062u
 BOOL WINAPI PatBlt(HDC dc, int x, int y, int width, int height, DWORD operation);
 
 // ---- Drawing in memory --------------------------------------------------------------------------
 
-// A context to draw on a bitmap with; it answers GetDeviceCaps like `dc`, or like the screen for
-// null. It begins with a bitmap of one black pixel and with the system's font. Black text stands on
+// A context for drawing on a bitmap. It answers GetDeviceCaps like `dc`, or like the screen for
+// null. It starts with a bitmap of one black pixel and with the system's font. Text is black on
 // white cells; one unit is one pixel.
 HDC WINAPI CreateCompatibleDC(HDC dc);
 
-// Rows of pixels from top to bottom, the leftmost in the highest bits, each row filled up to 16
-// bits. `bits` may be null: then the bitmap is black. There is one plane. A width or height of 0
-// gives a bitmap of one pixel in two colours.
+// `bits` holds rows of pixels from top to bottom, the leftmost pixel in the highest bits, each row
+// filled up to 16 bits. If it is null the bitmap is black. There is one plane. A width or height of
+// 0 gives a bitmap of one pixel in two colours.
 HBITMAP WINAPI CreateBitmap(int width, int height, UINT planes, UINT bits_per_pixel,
                             const void* bits);
 // With the colours of the device; on a memory context with those of its bitmap.
 HBITMAP WINAPI CreateCompatibleBitmap(HDC dc, int width, int height);
-// Copies the rows, `size` bytes at most; how many. Without a buffer, how many there are.
+// Copies the rows, at most `size` bytes. Answers the number of bytes copied or, without a buffer,
+// of those there are.
 LONG WINAPI GetBitmapBits(HBITMAP bitmap, LONG size, LPVOID bits);
 
-// The font that fits the description best among those of the host. A positive height is that of
-// the cell, a negative one that of the em square, 0 a cell of 16 pixels. Weight and italic are
-// imitated where the family lacks them; lines under and through text and rotation are not there.
+// The font among the host's that fits the description best. A positive height is that of the cell,
+// a negative one that of the em square, and 0 means a cell of 16 pixels. Weight and italic are
+// imitated where the family lacks them; lines under and through text and rotation are not
+// supported.
 HFONT WINAPI CreateFontIndirectW(const LOGFONTW* description);
 
-// Makes a font or a bitmap the current one; what was it before. Bitmaps go into memory contexts
-// only, and into one at a time. Null on failure.
+// Makes a font or a bitmap the current one and answers the previous one. Bitmaps can be selected
+// into memory contexts only, and into one at a time. Null on failure.
 HGDIOBJ WINAPI SelectObject(HDC dc, HGDIOBJ object);
-// A font that is selected goes when it no longer is; a bitmap that is selected stays, and the
-// answer is FALSE.
+// A selected font is deleted once it is no longer selected; a selected bitmap stays, and the answer
+// is FALSE.
 BOOL WINAPI DeleteObject(HGDIOBJ object);
 
-// Bytes of a table of the current font's file, or of the file itself for table 0. A table's name is
-// four characters, the first in the lowest byte. Without a buffer, or with size 0, the size of it
-// all; else the number of bytes, which ends with the table. GDI_ERROR when there are none.
+// Copies bytes of a table of the current font's file, or of the file itself for table 0. A table's
+// name is four characters, the first in the lowest byte. Answers the total size without a buffer or
+// with size 0, else the number of bytes copied, which ends with the table. GDI_ERROR if there are
+// no bytes.
 DWORD WINAPI GetFontData(HDC dc, DWORD table, DWORD offset, LPVOID buffer, DWORD size);
 
 BOOL WINAPI GetTextMetricsW(HDC dc, LPTEXTMETRICW metrics);
-// The family of the current font as it is shown: the one that was asked for, or the one that stands
-// in for it. `count` is the room in `name`; the answer is what was stored or, without `name`, what
-// there is to store, with the terminator. 0 on failure.
+// The family of the current font as it is shown: the one that was asked for, or the one that
+// replaces it. `count` is the room in `name`. Answers the number of units stored or, without
+// `name`, needed, with the terminator. 0 on failure.
 int WINAPI GetTextFaceW(HDC dc, int count, LPWSTR name);
-// 8-bit text is in the code page of the font's character set.
+// Takes 8-bit text in the code page of the font's character set.
 BOOL WINAPI GetTextExtentPointA(HDC dc, LPCSTR text, int length, LPSIZE size);
 BOOL WINAPI GetTextExtentPointW(HDC dc, LPCWSTR text, int length, LPSIZE size);
-// Draws the text in its cell, whose upper left corner is given. On the screen nothing is seen.
+// Draws the text in its cell, whose upper left corner is given. Text on the screen is not visible.
 BOOL WINAPI TextOutA(HDC dc, int x, int y, LPCSTR text, int length);
 BOOL WINAPI TextOutW(HDC dc, int x, int y, LPCWSTR text, int length);
 

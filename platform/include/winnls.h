@@ -22,7 +22,7 @@
 typedef struct CPINFO {
     UINT MaxCharSize; // bytes of the longest character
     BYTE DefaultChar[MAX_DEFAULTCHAR];
-    BYTE LeadByte[MAX_LEADBYTES]; // ranges as pairs of first and last, ended by two zeros
+    BYTE LeadByte[MAX_LEADBYTES]; // pairs of first and last byte, ended by two zeros
 } CPINFO;
 typedef CPINFO* LPCPINFO;
 static_assert(sizeof(CPINFO) == 20, "layout");
@@ -85,17 +85,17 @@ static_assert(sizeof(OSVERSIONINFOW) == 276, "layout");
 #pragma GCC visibility push(default)
 WIN32HOST_BEGIN_C
 
-// Bytes of `code_page` to UTF-16. A byte length of -1 means up to and with the terminator. With a
-// buffer size of 0 the answer is the units needed. 0 is failure: ERROR_INVALID_PARAMETER for an
-// unknown code page, a null or empty source, a negative size or a buffer that is the source;
-// ERROR_INVALID_FLAGS; ERROR_INSUFFICIENT_BUFFER; with MB_ERR_INVALID_CHARS
-// ERROR_NO_UNICODE_TRANSLATION.
+// Converts bytes of `code_page` to UTF-16. A byte length of -1 means up to and including the
+// terminator. With a buffer size of 0 the answer is the number of units needed. 0 means failure:
+// ERROR_INVALID_PARAMETER for an unknown code page, a null or empty source, a negative size or a
+// buffer that is the source; ERROR_INVALID_FLAGS; ERROR_INSUFFICIENT_BUFFER; with
+// MB_ERR_INVALID_CHARS ERROR_NO_UNICODE_TRANSLATION.
 int WINAPI MultiByteToWideChar(UINT code_page, DWORD flags, LPCSTR text, int bytes, LPWSTR buffer,
                                int size);
 
-// UTF-16 to bytes of `code_page`, under the same rules. A character that the code page lacks
-// becomes a similar one (not with WC_NO_BEST_FIT_CHARS), else `default_char`, else the code page's
-// own default, '?'; `used_default` then becomes TRUE. For UTF-8 both must be null.
+// Converts UTF-16 to bytes of `code_page`, under the same rules. A character that the code page
+// lacks becomes a similar one (not with WC_NO_BEST_FIT_CHARS), else `default_char`, else the code
+// page's own default, '?'; `used_default` then becomes TRUE. For UTF-8 both must be null.
 int WINAPI WideCharToMultiByte(UINT code_page, DWORD flags, LPCWSTR text, int units, LPSTR buffer,
                                int size, LPCSTR default_char, LPBOOL used_default);
 
@@ -105,11 +105,11 @@ UINT WINAPI GetOEMCP(void);
 BOOL WINAPI GetCPInfo(UINT code_page, LPCPINFO info);
 BOOL WINAPI IsDBCSLeadByteEx(UINT code_page, BYTE byte);
 
-// A fact of a locale as text, or with LOCALE_RETURN_NUMBER as a DWORD. Answers the units written,
-// with the terminator; with a buffer size of 0 the units needed. 0 is failure:
+// A fact of a locale as text or, with LOCALE_RETURN_NUMBER, as a DWORD. Answers the units written,
+// with the terminator; with a buffer size of 0 the units needed. 0 means failure:
 // ERROR_INVALID_PARAMETER for an unknown locale, a negative size or a null buffer with a size;
-// ERROR_INVALID_FLAGS for an unknown fact and the number of a text; ERROR_INSUFFICIENT_BUFFER. The
-// user's locale (also the system's here) is told as the user prefers it, unless
+// ERROR_INVALID_FLAGS for an unknown fact and for the number of a text; ERROR_INSUFFICIENT_BUFFER.
+// The user's locale (also the system's here) answers as the user prefers, unless
 // LOCALE_NOUSEROVERRIDE asks for its own facts.
 int WINAPI GetLocaleInfoW(LCID locale, LCTYPE type, LPWSTR buffer, int size);
 LCID WINAPI GetUserDefaultLCID(void);
@@ -121,7 +121,7 @@ BOOL WINAPI GetVersionExW(LPOSVERSIONINFOW information);
 int WINAPI lstrlenA(LPCSTR text);
 int WINAPI lstrlenW(LPCWSTR text);
 LPWSTR WINAPI lstrcpyW(LPWSTR buffer, LPCWSTR text);
-// Copies at most `size` - 1 units and always ends the copy.
+// Copies at most `size` - 1 units and always terminates the copy.
 LPWSTR WINAPI lstrcpynW(LPWSTR buffer, LPCWSTR text, int size);
 // Compare without regard to the case of letters: negative, 0 or positive. Null sorts first.
 int WINAPI lstrcmpiW(LPCWSTR first, LPCWSTR second);

@@ -128,8 +128,8 @@ HANDLE WINAPI GetCurrentProcess(void);
 // CloseHandle.
 BOOL WINAPI OpenProcessToken(HANDLE process, DWORD access, PHANDLE token);
 
-// The token's user or groups with their identifiers behind them in the same buffer. Too small a
-// buffer fails with ERROR_INSUFFICIENT_BUFFER; `needed` always receives the size.
+// The token's user or groups, followed by their identifiers in the same buffer. Fails with
+// ERROR_INSUFFICIENT_BUFFER if the buffer is too small; `needed` always receives the size.
 BOOL WINAPI GetTokenInformation(HANDLE token, TOKEN_INFORMATION_CLASS information, LPVOID buffer,
                                 DWORD size, PDWORD needed);
 
@@ -143,19 +143,21 @@ BOOL WINAPI IsValidSid(PSID sid);
 DWORD WINAPI GetLengthSid(PSID sid);
 BOOL WINAPI CopySid(DWORD size, PSID target, PSID source);
 
-// The host keeps no access control: descriptors are made and passed, and decide nothing.
+// The host has no access control: descriptors are made and passed on, and have no effect.
 BOOL WINAPI InitializeSecurityDescriptor(PSECURITY_DESCRIPTOR descriptor, DWORD revision);
 BOOL WINAPI SetSecurityDescriptorDacl(PSECURITY_DESCRIPTOR descriptor, BOOL present, PACL dacl,
                                       BOOL defaulted);
 
-// The identifier, domain and kind of the account `name`, "DOMAIN\name" included. `system` must be
-// null, empty or this computer. Sizes come in as room (bytes of the identifier, units of the domain
-// with terminator). Too small: ERROR_INSUFFICIENT_BUFFER and both sizes tell what is needed. Else
-// the domain size tells the units without terminator. Unknown names: ERROR_NONE_MAPPED.
+// The identifier, domain and kind of the account `name`, which may be "DOMAIN\name". `system` must
+// be null, empty or this computer. The sizes give the room (bytes of the identifier, units of the
+// domain with terminator). If it is too small the error is ERROR_INSUFFICIENT_BUFFER and both sizes
+// say what is needed. Otherwise the domain size becomes the units without terminator.
+// ERROR_NONE_MAPPED for unknown names.
 BOOL WINAPI LookupAccountNameW(LPCWSTR system, LPCWSTR name, PSID sid, LPDWORD sid_size,
                                LPWSTR domain, LPDWORD domain_size, PSID_NAME_USE use);
 
-// The reverse: name, domain and kind of an identifier, sizes in units under the same rules.
+// The reverse: the name, domain and kind of an identifier. Sizes are in units, under the same
+// rules.
 BOOL WINAPI LookupAccountSidW(LPCWSTR system, PSID sid, LPWSTR name, LPDWORD name_size,
                               LPWSTR domain, LPDWORD domain_size, PSID_NAME_USE use);
 

@@ -1,8 +1,8 @@
 // The registry: keys as a tree, values with a name, a type and bytes.
 //
-// The functions return their error code (ERROR_SUCCESS when all is well); GetLastError says nothing
-// about them. Names are matched without regard to case and shown as they were first written.
-// Keys and values are enumerated in the order of their creation.
+// The functions return an error code (ERROR_SUCCESS on success) and do not set the last error.
+// Names are matched without regard to case and shown as they were first written. Keys and values
+// are enumerated in the order of their creation.
 #pragma once
 
 #include <windef.h>
@@ -19,7 +19,7 @@ typedef DWORD REGSAM;
 #define HKEY_LOCAL_MACHINE WIN32HOST_ROOT_KEY(0x80000002)
 #define HKEY_USERS WIN32HOST_ROOT_KEY(0x80000003)
 
-// Value types. The registry keeps the bytes of every type as they are given.
+// Value types. The registry stores the bytes of every type as they are given.
 #define REG_NONE 0
 #define REG_SZ 1
 #define REG_EXPAND_SZ 2
@@ -62,20 +62,20 @@ typedef DWORD REGSAM;
 WIN32HOST_BEGIN_C
 
 // Opens the existing key `subkey`, a path of names separated by backslashes, below `key`. A null or
-// empty path opens `key` itself once more. ERROR_FILE_NOT_FOUND when it does not exist,
-// ERROR_ACCESS_DENIED when `access` is not granted. `*result` is null after a failure.
+// empty path opens `key` itself once more. ERROR_FILE_NOT_FOUND if it does not exist,
+// ERROR_ACCESS_DENIED if `access` is not granted. `*result` is null after a failure.
 LSTATUS WINAPI RegOpenKeyExW(HKEY key, LPCWSTR subkey, DWORD options, REGSAM access, PHKEY result);
 
 // Opens `subkey` like RegOpenKeyExW after making each key of the path that is missing, all of them
 // or none. Names have up to 255 characters. Keys are always persistent and carry no security
-// descriptor: `security` is accepted and not looked at. `*disposition` (optional) tells which of
-// the two happened.
+// descriptor: `security` is accepted and ignored. `*disposition` (optional) says whether the key
+// was made or existed.
 LSTATUS WINAPI RegCreateKeyExW(HKEY key, LPCWSTR subkey, DWORD reserved, LPWSTR key_class,
                                DWORD options, REGSAM access,
                                const struct SECURITY_ATTRIBUTES* security, PHKEY result,
                                LPDWORD disposition);
 
-// The same within a transaction (ktmw32.h). The handle stays good when that ends.
+// The same within a transaction (ktmw32.h). The handle remains valid when that ends.
 LSTATUS WINAPI RegOpenKeyTransactedW(HKEY key, LPCWSTR subkey, DWORD options, REGSAM access,
                                      PHKEY result, HANDLE transaction, PVOID extended);
 LSTATUS WINAPI RegCreateKeyTransactedW(HKEY key, LPCWSTR subkey, DWORD reserved, LPWSTR key_class,
@@ -83,34 +83,34 @@ LSTATUS WINAPI RegCreateKeyTransactedW(HKEY key, LPCWSTR subkey, DWORD reserved,
                                        const struct SECURITY_ATTRIBUTES* security, PHKEY result,
                                        LPDWORD disposition, HANDLE transaction, PVOID extended);
 
-// Closes a key handle; ERROR_INVALID_HANDLE when it is not an open one.
+// Closes a key handle; ERROR_INVALID_HANDLE if it is not open.
 LSTATUS WINAPI RegCloseKey(HKEY key);
 
 // Reads a value; a null or empty name is the key's default value. `*size` holds the buffer's size
 // in bytes and receives the value's. With a null buffer only type and size are answered; with one
-// that is too small, ERROR_MORE_DATA and the needed size.
+// that is too small the error is ERROR_MORE_DATA, and `*size` receives the needed size.
 LSTATUS WINAPI RegQueryValueExW(HKEY key, LPCWSTR name, LPDWORD reserved, LPDWORD type, LPBYTE data,
                                 LPDWORD size);
 
-// Writes a value. Once the function has returned the value survives the end of the process, however
-// it ends, and every later read of any process sees it.
+// Writes a value. Once the function has returned, the value survives the process, however that
+// ends, and every later read by any process sees it.
 LSTATUS WINAPI RegSetValueExW(HKEY key, LPCWSTR name, DWORD reserved, DWORD type, const BYTE* data,
                               DWORD size);
 
-// Deletes a value; ERROR_FILE_NOT_FOUND when there is none.
+// Deletes a value; ERROR_FILE_NOT_FOUND if there is no such value.
 LSTATUS WINAPI RegDeleteValueW(HKEY key, LPCWSTR name);
 
-// Deletes the key `subkey` with its values; ERROR_ACCESS_DENIED when it has subkeys. An empty path
-// deletes `key` itself. Handles that are still open on the key answer ERROR_KEY_DELETED from then
-// on.
+// Deletes the key `subkey` with its values; ERROR_ACCESS_DENIED if it has subkeys. An empty path
+// deletes `key` itself. From then on, handles that are still open on the key answer
+// ERROR_KEY_DELETED.
 LSTATUS WINAPI RegDeleteKeyW(HKEY key, LPCWSTR subkey);
 // The same within a transaction.
 LSTATUS WINAPI RegDeleteKeyTransactedW(HKEY key, LPCWSTR subkey, REGSAM access, DWORD reserved,
                                        HANDLE transaction, PVOID extended);
 
-// The name of the subkey number `index`, counted from 0; ERROR_NO_MORE_ITEMS past the last one.
-// Sizes are in characters: given with the terminator, received without. ERROR_MORE_DATA when the
-// name does not fit.
+// The name of subkey number `index`, counted from 0; ERROR_NO_MORE_ITEMS after the last one. Sizes
+// are in characters: given with the terminator, received without. ERROR_MORE_DATA if the name does
+// not fit.
 LSTATUS WINAPI RegEnumKeyW(HKEY key, DWORD index, LPWSTR name, DWORD name_size);
 LSTATUS WINAPI RegEnumKeyExW(HKEY key, DWORD index, LPWSTR name, LPDWORD name_size,
                              LPDWORD reserved, LPWSTR key_class, LPDWORD class_size,
@@ -120,20 +120,20 @@ LSTATUS WINAPI RegEnumKeyExW(HKEY key, DWORD index, LPWSTR name, LPDWORD name_si
 LSTATUS WINAPI RegEnumValueW(HKEY key, DWORD index, LPWSTR name, LPDWORD name_size,
                              LPDWORD reserved, LPDWORD type, LPBYTE data, LPDWORD size);
 
-// Counts and longest names of a key's subkeys and values (names in characters, data in bytes). Each
-// pointer may be null. Times of the last write are not kept: they are 0.
+// The counts of a key's subkeys and values and the lengths of the longest (names in characters,
+// data in bytes). Each pointer may be null. Times of the last write are not kept and are 0.
 LSTATUS WINAPI RegQueryInfoKeyW(HKEY key, LPWSTR key_class, LPDWORD class_size, LPDWORD reserved,
                                 LPDWORD subkeys, LPDWORD longest_subkey, LPDWORD longest_class,
                                 LPDWORD values, LPDWORD longest_value_name,
                                 LPDWORD longest_value_data, LPDWORD security_descriptor_size,
                                 LPFILETIME last_write_time);
 
-// Returns when everything that was written so far is on the disk.
+// Returns when everything written so far is on the disk.
 LSTATUS WINAPI RegFlushKey(HKEY key);
 
 // Opens HKEY_LOCAL_MACHINE or HKEY_USERS of another machine, "\\SERVER": the registry in the root
-// folder that servers/SERVER of the current root leads to. ERROR_BAD_NETPATH when there is none. A
-// null or empty name is this machine.
+// folder that servers/SERVER of the current root leads to. ERROR_BAD_NETPATH if there is no such
+// folder. A null or empty name is this machine.
 LSTATUS WINAPI RegConnectRegistryW(LPCWSTR machine, HKEY key, PHKEY result);
 
 WIN32HOST_END_C

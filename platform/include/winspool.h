@@ -1,13 +1,13 @@
 // The print spooler: printers, drivers, ports and printer data.
 //
 // A printer is named "NAME" or, on another machine, "\\SERVER\NAME". Names are compared without
-// regard to case. Unless it says otherwise a function that fails answers FALSE and GetLastError
-// tells why.
+// regard to case. Unless stated otherwise, a function that fails answers FALSE and GetLastError
+// says why.
 //
-// Functions that fill a buffer write the level's structures at its start and the texts that they
-// point to behind them, in the same buffer. `*needed` always receives the size that all of it
-// takes; ERROR_INSUFFICIENT_BUFFER when `size` is less, ERROR_INVALID_LEVEL for a level that is not
-// named with the function. Texts that a record does not have are empty, never null.
+// Functions that fill a buffer write the level's structures at its start, followed by the texts
+// that they point to. `*needed` always receives the total size; ERROR_INSUFFICIENT_BUFFER if `size`
+// is less, ERROR_INVALID_LEVEL for a level that is not listed with the function. Texts that a
+// record lacks are empty, never null.
 #pragma once
 
 #include <winbase.h>
@@ -79,7 +79,7 @@ typedef struct PRINTER_INFO_2W {
     LPWSTR pDriverName;
     LPWSTR pComment;
     LPWSTR pLocation;
-    PDEVMODEW pDevMode; // the default document settings; null when none are set
+    PDEVMODEW pDevMode; // the default document settings; null if not set
     LPWSTR pSepFile;
     LPWSTR pPrintProcessor;
     LPWSTR pDatatype;
@@ -131,9 +131,9 @@ typedef struct PRINTER_INFO_4W {
 typedef PRINTER_INFO_4W* PPRINTER_INFO_4W;
 typedef PRINTER_INFO_4W* LPPRINTER_INFO_4W;
 
-// The default document settings alone: everybody's.
+// Only the default document settings: everybody's.
 typedef struct PRINTER_INFO_8W {
-    PDEVMODEW pDevMode; // null when none are set
+    PDEVMODEW pDevMode; // null if not set
 } PRINTER_INFO_8W;
 typedef PRINTER_INFO_8W* PPRINTER_INFO_8W;
 typedef PRINTER_INFO_8W* LPPRINTER_INFO_8W;
@@ -243,7 +243,7 @@ typedef struct DOC_INFO_1W {
 typedef DOC_INFO_1W* PDOC_INFO_1W;
 typedef DOC_INFO_1W* LPDOC_INFO_1W;
 
-// A job's status: none of these while it waits in the spooler.
+// A job's status: no bit is set while it waits in the spooler.
 #define JOB_STATUS_PAUSED 0x00000001
 #define JOB_STATUS_ERROR 0x00000002
 #define JOB_STATUS_DELETING 0x00000004
@@ -258,7 +258,7 @@ typedef struct JOB_INFO_1W {
     LPWSTR pUserName;
     LPWSTR pDocument;
     LPWSTR pDatatype;
-    LPWSTR pStatus; // what went wrong; null when nothing did
+    LPWSTR pStatus; // what went wrong; null if nothing did
     DWORD Status;   // JOB_STATUS_ bits
     DWORD Priority;
     DWORD Position; // from 1
@@ -312,87 +312,85 @@ WIN32HOST_BEGIN_C
 
 // ---- Opening ------------------------------------------------------------------------------------
 
-// Opens a printer with the rights of `defaults`, PRINTER_ACCESS_USE without. A null or empty name
-// is the print server of this machine and "\\SERVER" that of another one: such a handle knows no
-// printer, and what needs one answers ERROR_INVALID_HANDLE. ERROR_INVALID_PRINTER_NAME when there
-// is no such printer, ERROR_RPC_SERVER_UNAVAILABLE when its server cannot be reached,
-// ERROR_ACCESS_DENIED when the user may not have the rights: administering is for administrators
-// and power users.
+// Opens a printer with the rights in `defaults`, or PRINTER_ACCESS_USE without it. A null or empty
+// name is the print server of this machine and "\\SERVER" that of another one: such a handle has no
+// printer, and functions that need one answer ERROR_INVALID_HANDLE. ERROR_INVALID_PRINTER_NAME if
+// there is no such printer, ERROR_RPC_SERVER_UNAVAILABLE if its server cannot be reached,
+// ERROR_ACCESS_DENIED if the user may not have the rights: only administrators and power users may
+// administer.
 BOOL WINAPI OpenPrinterW(LPWSTR name, LPHANDLE printer, LPPRINTER_DEFAULTSW defaults);
 BOOL WINAPI ClosePrinter(HANDLE printer);
 
 // ---- Printers -----------------------------------------------------------------------------------
 
-// Levels 1, 2, 4, 8 and 9. Level 9 gives everybody's default settings to a user without own ones.
+// Levels 1, 2, 4, 8 and 9. Level 9 gives everybody's default settings to a user who has none.
 BOOL WINAPI GetPrinterW(HANDLE printer, DWORD level, LPBYTE buffer, DWORD size, LPDWORD needed);
 // Level 2, in the ANSI code page.
 BOOL WINAPI GetPrinterA(HANDLE printer, DWORD level, LPBYTE buffer, DWORD size, LPDWORD needed);
 
 // `command` is 0. Level 2 makes the PRINTER_INFO_2W `info` the printer's record: server name, jobs,
-// status and security descriptor are not looked at, and a null pDevMode leaves the default document
-// settings as they are. Level 8 sets these alone and level 9 the user's own, which a null pDevMode
-// removes. Settings of another layout than the driver's are converted by the driver
-// (DrvConvertDevMode) when it can. ERROR_INVALID_PARAMETER for what is no DEVMODE. Level 9 needs
-// PRINTER_ACCESS_USE, the others PRINTER_ACCESS_ADMINISTER.
+// status and security descriptor are ignored, and a null pDevMode leaves the default document
+// settings as they are. Level 8 sets only these, and level 9 the user's own, which a null pDevMode
+// removes. The driver (DrvConvertDevMode) converts settings that are not in its own layout, if it
+// can. ERROR_INVALID_PARAMETER if they are not a DEVMODE. Level 9 needs PRINTER_ACCESS_USE, the
+// others PRINTER_ACCESS_ADMINISTER.
 BOOL WINAPI SetPrinterW(HANDLE printer, DWORD level, LPBYTE info, DWORD command);
 
 // Adds the printer that the PRINTER_INFO_2W `info` describes (level 2) and tells its driver.
-// Answers a handle with all rights, null on failure. Empty print processor, data type and
-// priorities take the usual ones: WinPrint, RAW and 1. `server` is null or empty: printers are
-// added to this machine.
+// Answers a handle with all rights, or null on failure. An empty print processor, data type or
+// priority gets its default: WinPrint, RAW or 1. `server` must be null or empty: printers are added
+// to this machine.
 HANDLE WINAPI AddPrinterW(LPWSTR server, DWORD level, LPBYTE info);
 
 // Deletes the printer with its data; its handle stays open for ClosePrinter. Needs
 // PRINTER_ACCESS_ADMINISTER.
 BOOL WINAPI DeletePrinter(HANDLE printer);
 
-// Levels 1, 2 and 4: printers of this machine (PRINTER_ENUM_LOCAL), the user's connections
-// (PRINTER_ENUM_CONNECTIONS), or those of the machine `name` (PRINTER_ENUM_NAME).
+// Levels 1, 2 and 4: the printers of this machine (PRINTER_ENUM_LOCAL), the user's connections
+// (PRINTER_ENUM_CONNECTIONS), or the printers of the machine `name` (PRINTER_ENUM_NAME).
 // PRINTER_ENUM_SHARED with any of them leaves out what is not shared.
 BOOL WINAPI EnumPrintersW(DWORD flags, LPWSTR name, DWORD level, LPBYTE buffer, DWORD size,
                           LPDWORD needed, LPDWORD returned);
 
 // ---- Connections --------------------------------------------------------------------------------
 
-// Connects the user to "\\SERVER\NAME": installs the printer's driver on this machine, from the
-// server, when it is missing here, and tells the driver. A connection that exists is left alone.
+// Connects the user to "\\SERVER\NAME": installs the printer's driver from the server if this
+// machine lacks it, and tells the driver. An existing connection is left alone.
 BOOL WINAPI AddPrinterConnectionW(LPWSTR name);
 BOOL WINAPI DeletePrinterConnectionW(LPWSTR name);
 
 // ---- Drivers ------------------------------------------------------------------------------------
 
 // Levels 3 and 6. The files, named with their full paths or as files of the driver directory, are
-// copied to where drivers lie. `flags` has APD_COPY_ALL_FILES, APD_COPY_NEW_FILES (files that are
-// newer where drivers lie stay), APD_STRICT_UPGRADE (fails with ERROR_INVALID_PARAMETER when any
-// file there is newer) or APD_STRICT_DOWNGRADE (when any is older), and may have
-// APD_COPY_FROM_DIRECTORY.
+// copied to the folder of installed drivers. `flags` has APD_COPY_ALL_FILES, APD_COPY_NEW_FILES
+// (newer files there stay), APD_STRICT_UPGRADE (fails with ERROR_INVALID_PARAMETER if any file
+// there is newer) or APD_STRICT_DOWNGRADE (if any is older), and may have APD_COPY_FROM_DIRECTORY.
 BOOL WINAPI AddPrinterDriverExW(LPWSTR server, DWORD level, PBYTE info, DWORD flags);
 // The same with APD_COPY_NEW_FILES.
 BOOL WINAPI AddPrinterDriverW(LPWSTR server, DWORD level, LPBYTE info);
 
-// Forgets a driver, whose files stay. ERROR_PRINTER_DRIVER_IN_USE while a printer has it.
+// Removes a driver but not its files. ERROR_PRINTER_DRIVER_IN_USE while a printer has it.
 BOOL WINAPI DeletePrinterDriverW(LPWSTR server, LPWSTR environment, LPWSTR driver);
 
-// Levels 2, 3 and 6; files with their full paths.
+// Levels 2, 3 and 6; files have their full paths.
 BOOL WINAPI EnumPrinterDriversW(LPWSTR server, LPWSTR environment, DWORD level, LPBYTE buffer,
                                 DWORD size, LPDWORD needed, LPDWORD returned);
-// Levels 2, 3 and 6 of the printer's driver, as it is installed on this machine.
+// Levels 2, 3 and 6: the printer's driver as it is installed on this machine.
 BOOL WINAPI GetPrinterDriverW(HANDLE printer, LPWSTR environment, DWORD level, LPBYTE buffer,
                               DWORD size, LPDWORD needed);
 // Level 3, in the ANSI code page.
 BOOL WINAPI GetPrinterDriverA(HANDLE printer, LPSTR environment, DWORD level, LPBYTE buffer,
                               DWORD size, LPDWORD needed);
-// Level 1: the folder to put a driver's files in, a zero-terminated text.
+// Level 1: the folder for a driver's files, as a zero-terminated text.
 BOOL WINAPI GetPrinterDriverDirectoryW(LPWSTR server, LPWSTR environment, DWORD level,
                                        LPBYTE directory, DWORD size, LPDWORD needed);
 
 // ---- Printer data -------------------------------------------------------------------------------
 
-// These answer an error code. ERROR_MORE_DATA when `size` is too small, with the bytes that the
-// value has in `*needed`; ERROR_FILE_NOT_FOUND when there is no such value. A value that is not
-// stored is asked of the driver's language monitor. Setting and deleting
-// need PRINTER_ACCESS_ADMINISTER. The A functions take and give texts (REG_SZ, REG_EXPAND_SZ,
-// REG_MULTI_SZ) in the ANSI code page.
+// These answer an error code. ERROR_MORE_DATA if `size` is too small, with the value's size in
+// `*needed`; ERROR_FILE_NOT_FOUND if there is no such value. The driver's language monitor is asked
+// for a value that is not stored. Setting and deleting need PRINTER_ACCESS_ADMINISTER. The A
+// functions take and give texts (REG_SZ, REG_EXPAND_SZ, REG_MULTI_SZ) in the ANSI code page.
 DWORD WINAPI GetPrinterDataW(HANDLE printer, LPWSTR name, LPDWORD type, LPBYTE data, DWORD size,
                              LPDWORD needed);
 DWORD WINAPI GetPrinterDataA(HANDLE printer, LPSTR name, LPDWORD type, LPBYTE data, DWORD size,
@@ -416,52 +414,52 @@ BOOL WINAPI EnumPortsW(LPWSTR server, DWORD level, LPBYTE buffer, DWORD size, LP
 // ---- Document settings --------------------------------------------------------------------------
 
 // Has the printer's driver (DrvDocumentPropertySheets) make document settings. Answers the size of
-// its DEVMODE when `mode` is 0 or `output` null; else, with DM_OUT_BUFFER in `mode`, stores the
-// settings in `output` and answers IDOK: the printer's defaults, overridden by those of `input`
-// with DM_IN_BUFFER. `device` is handed to the driver, the printer's full name when it is null. -1
-// on failure: ERROR_INVALID_PARAMETER for an `input` that is no DEVMODE, ERROR_NOT_SUPPORTED for
+// its DEVMODE if `mode` is 0 or `output` is null. Otherwise, with DM_OUT_BUFFER in `mode`, stores
+// the settings in `output` and answers IDOK: the printer's defaults, overridden by those of `input`
+// with DM_IN_BUFFER. The driver gets `device`, or the printer's full name if that is null. -1 on
+// failure: ERROR_INVALID_PARAMETER for an `input` that is not a DEVMODE, ERROR_NOT_SUPPORTED for
 // DM_IN_PROMPT, as there is no user to ask here.
 LONG WINAPI DocumentPropertiesW(HWND parent, HANDLE printer, LPWSTR device, PDEVMODEW output,
                                 PDEVMODEW input, DWORD mode);
 
-// Whether `size` bytes hold the DEVMODE at their start: its fields up to dmFields, and as much as
-// its dmSize and dmDriverExtra say. ERROR_INVALID_DATA when not.
+// True if the DEVMODE fits in `size` bytes: its fields up to dmFields, and as much as its dmSize
+// and dmDriverExtra say. ERROR_INVALID_DATA if not.
 BOOL WINAPI IsValidDevmodeW(PDEVMODEW dev_mode, size_t size);
 
 // ---- Capabilities -------------------------------------------------------------------------------
 
 // Asks the driver of the printer `device` for a capability (DC_ numbers). A null output asks for
-// the count or value only. -1 when there is no such printer, its driver cannot be loaded or has no
-// answer. `port` is not looked at.
+// the count or value only. -1 if there is no such printer, or its driver cannot be loaded or has no
+// answer. `port` is ignored.
 int WINAPI DeviceCapabilitiesW(LPCWSTR device, LPCWSTR port, WORD capability, LPWSTR output,
                                const DEVMODEW* dev_mode);
 
 // ---- Documents ----------------------------------------------------------------------------------
 
-// Starts a document on a printer (level 1, a DOC_INFO_1W without an output file); the number of its
-// job, 0 on failure. ERROR_INVALID_HANDLE while the handle has a document already.
+// Starts a document on a printer (level 1, a DOC_INFO_1W without an output file). Answers the
+// number of its job, or 0 on failure. ERROR_INVALID_HANDLE if the handle already has a document.
 DWORD WINAPI StartDocPrinterW(HANDLE printer, DWORD level, LPBYTE info);
 // These fail with ERROR_SPL_NO_STARTDOC without a document.
 BOOL WINAPI StartPagePrinter(HANDLE printer);
 BOOL WINAPI WritePrinter(HANDLE printer, LPVOID data, DWORD size, LPDWORD written);
 BOOL WINAPI EndPagePrinter(HANDLE printer);
-// Completes the job and sends it to the printer's port. Failure to send is no failure here: it is
-// found in the job, which waits for another try.
+// Completes the job and sends it to the printer's port. Failure to send it is not a failure here:
+// the job shows it, and waits for another try.
 BOOL WINAPI EndDocPrinter(HANDLE printer);
 // Drops the job; so does closing a printer whose document is not ended.
 BOOL WINAPI AbortPrinter(HANDLE printer);
 
 // ---- Jobs ---------------------------------------------------------------------------------------
 
-// Levels 1 and 2: `count` jobs of the printer from position `first` (0 is the oldest) on.
+// Levels 1 and 2: `count` jobs of the printer, starting at position `first` (0 is the oldest).
 BOOL WINAPI EnumJobsW(HANDLE printer, DWORD first, DWORD count, DWORD level, LPBYTE buffer,
                       DWORD size, LPDWORD needed, LPDWORD returned);
-// Levels 1 and 2. ERROR_INVALID_PARAMETER when the printer has no such job.
+// Levels 1 and 2. ERROR_INVALID_PARAMETER if the printer has no such job.
 BOOL WINAPI GetJobW(HANDLE printer, DWORD job, DWORD level, LPBYTE buffer, DWORD size,
                     LPDWORD needed);
-// Level 0 with a command: JOB_CONTROL_RESTART sends a complete job to the port again (failure is
-// found in the job), JOB_CONTROL_DELETE and JOB_CONTROL_CANCEL delete it. Other people's jobs are
-// for administrators.
+// Level 0 with a command: JOB_CONTROL_RESTART sends a complete job to the port again (the job shows
+// a failure), JOB_CONTROL_DELETE and JOB_CONTROL_CANCEL delete it. Only administrators may control
+// other people's jobs.
 BOOL WINAPI SetJobW(HANDLE printer, DWORD job, DWORD level, LPBYTE info, DWORD command);
 
 WIN32HOST_END_C

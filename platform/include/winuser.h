@@ -40,7 +40,7 @@
 
 // ---- Resources ----------------------------------------------------------------------------------
 
-// A number in the place of a resource's name or type.
+// A number in place of a resource's name or type.
 #define MAKEINTRESOURCEW(id) ((LPWSTR)(ULONG_PTR)(WORD)(id))
 #define IS_INTRESOURCE(name) (((ULONG_PTR)(name) >> 16) == 0)
 
@@ -57,47 +57,47 @@
 #define MF_BYCOMMAND 0x00000000
 #define MF_BYPOSITION 0x00000400
 
-typedef void MENUTEMPLATEW; // of either form; the functions tell them apart
+typedef void MENUTEMPLATEW; // either form; the functions tell them apart
 
 #pragma GCC visibility push(default)
 WIN32HOST_BEGIN_C
 
-// Copies a text from a module's string tables, cut to `size` units with its terminator; answers
-// the units before it, 0 when there is no such text. With size 0, `buffer` is an LPCWSTR that
-// receives the place of the text itself, which has no terminator.
+// Copies a text from a module's string tables, cut to `size` units with its terminator. Answers the
+// number of units before the terminator, or 0 if there is no such text. With size 0, `buffer` is an
+// LPCWSTR* that receives the address of the text itself, which has no terminator.
 int WINAPI LoadStringW(HINSTANCE module, UINT id, LPWSTR buffer, int size);
 
 // ---- Menus --------------------------------------------------------------------------------------
 
-// Makes a menu from the bytes of a menu resource; null when they are no menu.
+// Makes a menu from the bytes of a menu resource; null if they are not a menu.
 HMENU WINAPI LoadMenuIndirectW(const MENUTEMPLATEW* menu_template);
-// Destroys the menu and all below it.
+// Destroys the menu and everything below it.
 BOOL WINAPI DestroyMenu(HMENU menu);
-int WINAPI GetMenuItemCount(HMENU menu); // -1 when it is no menu
+int WINAPI GetMenuItemCount(HMENU menu); // -1 if it is not a menu
 HMENU WINAPI GetSubMenu(HMENU menu, int position);
-// 0xFFFFFFFF for a popup or when there is no such item.
+// 0xFFFFFFFF for a popup, or if there is no such item.
 UINT WINAPI GetMenuItemID(HMENU menu, int position);
 // The text of the item at a position (MF_BYPOSITION) or of a command anywhere below, cut to `size`
-// units with its terminator; its length alone without a buffer.
+// units with its terminator; without a buffer, only its length.
 int WINAPI GetMenuStringW(HMENU menu, UINT item, LPWSTR buffer, int size, UINT flags);
 
 // The system's own formatter: %c %C %d %hc %hd %hs %hu %i %lc %ld %li %ls %lu %lx %lX %p %s %S %u
 // %x %X and the 64-bit %I64d %I64i %I64u %I64x %I64X, with the flags '-', '0' and '#', a width and
 // a precision (no '*'). %s and %c are UTF-16, %S, %hs, %C and %hc are of the ANSI code page.
-// Anything else behind a '%' is copied. Writes at most 1024 units with the terminator; answers
-// those before the terminator.
+// Anything else after a '%' is copied. Writes at most 1024 units with the terminator; answers the
+// number before the terminator.
 int WINAPI wvsprintfW(LPWSTR buffer, LPCWSTR format, va_list arguments);
 int wsprintfW(LPWSTR buffer, LPCWSTR format, ...);
 
-// A device context of the whole screen, for null; there are no windows. ReleaseDC answers 1.
+// A device context of the whole screen for null; there are no windows. ReleaseDC answers 1.
 HDC WINAPI GetDC(HWND window);
 int WINAPI ReleaseDC(HWND window, HDC dc);
 
-// The window behind all others. The host has no screen: null.
+// The window behind all others. Null here, as the host has no screen.
 HWND WINAPI GetDesktopWindow();
 
-// Shows a box and answers the button chosen. The host has no screen: the box is recorded and
-// answered as win32host/control.h describes.
+// Shows a box and answers the button that was chosen. As the host has no screen, the box is
+// recorded and answered as win32host/control.h describes.
 int WINAPI MessageBoxW(HWND owner, LPCWSTR text, LPCWSTR caption, UINT type);
 
 WIN32HOST_END_C

@@ -1,7 +1,7 @@
-// Look-alikes: what the system writes for characters that a code page lacks.
+// Look-alikes: the characters that the system writes for those that a code page lacks.
 //
-// They are what WideCharToMultiByte answers under Wine, whose tables are those of Windows, for
-// every character: complete for single-byte code pages and 932. The other double-byte ones have
+// They are what WideCharToMultiByte answers for every character under Wine, whose tables are those
+// of Windows. They are complete for single-byte code pages and 932. The other double-byte ones have
 // many more (characters in circles, compatibility forms of ideographs and of Korean letters).
 #include "locale/code_page.h"
 
@@ -11,8 +11,8 @@
 namespace win32host {
 namespace {
 
-// Characters, each with its look-alike behind it, and the code pages that do so. A code page that
-// has the character, or lacks the look-alike, passes the pair over; the first pair counts.
+// Characters, each followed by its look-alike, and the code pages that use them. A code page that
+// has the character, or lacks the look-alike, skips the pair; the first pair counts.
 struct LookAlikes {
     UINT code_pages[10];
     const char16_t* pairs;
@@ -82,7 +82,8 @@ bool HasPictures(UINT code_page) {
     return code_page == 437 || code_page == 850 || code_page == 874;
 }
 
-// Shapes of Arabic letters of other languages: the first of each, how many, and the letter.
+// Shapes of Arabic letters of other languages: the first shape, the number of shapes, and the
+// letter.
 struct Shapes {
     char16_t first;
     int count;
@@ -97,7 +98,7 @@ constexpr Shapes kShapes[] = {
 // How many shapes a letter of the Arabic alphabet has.
 int ShapesOf(char16_t letter) {
     if (letter == 0x0621) return 1;
-    // These are never joined to the next one.
+    // These are never joined to the next letter.
     for (const char16_t open : u"\u0622\u0623\u0624\u0625\u0627\u0629\u062F\u0630\u0631\u0632"
                                u"\u0648\u0649")
         if (letter == open) return 2;
@@ -111,7 +112,7 @@ void CodePageTable::FillBestFit() {
         for (WORD code = 1; kPictures[code - 1]; ++code) DefineBestFit(kPictures[code - 1], code);
         DefineBestFit(kPictureOfDelete, 0x7F);
     }
-    for (WORD c = 0x21; c < 0x7F; ++c) // full width; of a question mark it is the default anyway
+    for (WORD c = 0x21; c < 0x7F; ++c) // full width; a question mark is the default anyway
         if (c != '?') DefineBestFit(static_cast<char16_t>(0xFF00 + c - 0x20), c);
     for (const LookAlikes& row : kLookAlikes) {
         if (std::find(std::begin(row.code_pages), std::end(row.code_pages), info_.number) ==
@@ -131,13 +132,13 @@ void CodePageTable::FillArabicShapes() {
         if (letter == 0x063B) letter = 0x0641;
         for (int i = ShapesOf(letter); i > 0; --i) DefineLookAlike(shape++, letter);
     }
-    // Marks above and below letters have two shapes each, of which two are no characters.
+    // Marks above and below letters have two shapes each, two of which are not characters.
     for (shape = 0xFE70; shape <= 0xFE7F; ++shape)
         if (shape != 0xFE73 && shape != 0xFE75)
             DefineLookAlike(shape, static_cast<char16_t>(0x064B + (shape - 0xFE70) / 2));
 }
 
-// Writes `unit` as the character `like`, when the code page has that.
+// Writes `unit` as the character `like` if the code page has that.
 void CodePageTable::DefineLookAlike(char16_t unit, char16_t like) {
     if (bytes_[like] != 0 && !best_fit_[like]) DefineBestFit(unit, bytes_[like]);
 }

@@ -35,7 +35,7 @@ constexpr CodePageInfo kCodePages[] = {
     {28591, "ISO-8859-1", {}, u'?'},
 };
 
-// Single bytes that iconv leaves undefined and Windows maps, mostly into its private use area.
+// Single bytes that iconv leaves undefined and Windows maps, mostly into the private use area.
 struct ExtraByte {
     UINT code_page;
     BYTE byte;
@@ -72,7 +72,8 @@ constexpr UserRows kUserRows[] = {
     {1361, 0xD8, 0xD8, 0x31, 0xFE, 0xE000},
 };
 
-// Cells that the rows of 936 leave free take the private use area from here on, in this order.
+// Cells that the rows of 936 leave free are mapped into the private use area from here on, in this
+// order.
 struct FreeCells {
     WORD first, last;
 };
@@ -86,7 +87,7 @@ constexpr struct {
 } kLaterBoxes[] = {{u'═', 0xF9F9}, {u'╞', 0xF9E9}, {u'╪', 0xF9EA}, {u'╡', 0xF9EB}};
 
 // 1361 composes syllables: a lead bit, then five bits each for the first letter, the vowel and the
-// last letter. These are the bits of a part that is not there, and those of each letter.
+// last letter. These are the bits for a missing part, and those of each letter.
 constexpr unsigned kNoFirst = 1, kNoVowel = 2, kNoLast = 1;
 constexpr char16_t kFirstLetters = 0x1100, kVowels = 0x1161, kLastLetters = 0x11A8;
 constexpr BYTE kVowelBits[] = {3,  4,  5,  6,  7,  10, 11, 12, 13, 14, 15,
@@ -117,18 +118,19 @@ public:
 
     bool IsOpen() const { return descriptor_ != reinterpret_cast<iconv_t>(-1); }
 
-    // Converts one whole character; the number of bytes written, 0 when it is undefined.
+    // Converts one complete character. Answers the number of bytes written, or 0 if it is
+    // undefined.
     size_t One(const void* bytes, size_t count, unsigned char (&out)[16]) {
         iconv(descriptor_, nullptr, nullptr, nullptr, nullptr);
         char* from = const_cast<char*>(static_cast<const char*>(bytes));
         char* to = reinterpret_cast<char*>(out);
         size_t room = sizeof out;
         if (iconv(descriptor_, &from, &count, &to, &room) == static_cast<size_t>(-1)) return 0;
-        iconv(descriptor_, nullptr, nullptr, &to, &room); // what waits for a combining character
+        iconv(descriptor_, nullptr, nullptr, &to, &room); // what waited for a combining character
         return sizeof out - room;
     }
 
-    // The same into UTF-16: one unit, or kUndefined.
+    // Likewise into UTF-16. Answers one unit, or kUndefined.
     char16_t Unit(const void* bytes, size_t count) {
         unsigned char out[16];
         if (One(bytes, count, out) != 2) return CodePageTable::kUndefined;
@@ -193,7 +195,7 @@ void CodePageTable::FillFromIconv() {
         const char16_t unit = static_cast<char16_t>(value);
         unsigned char out[16];
         const size_t count = encode.One(&unit, sizeof unit, out);
-        // What does not come back is iconv's own idea of a look-alike.
+        // A character that does not convert back is iconv's own idea of a look-alike.
         if (count == 1 && FromByte(out[0]) == unit)
             bytes_[unit] = out[0];
         else if (count == 2 && info_.IsLeadByte(out[0]) && FromPair(out[0], out[1]) == unit)
@@ -204,13 +206,13 @@ void CodePageTable::FillFromIconv() {
 void CodePageTable::FillWhatWindowsAdds() {
     for (const ExtraByte& extra : kExtraBytes)
         if (extra.code_page == info_.number) Define(extra.byte, extra.unit);
-    // The control codes that the Windows pages leave free stand for themselves.
+    // Control codes that the Windows pages leave free map to themselves.
     if ((info_.number >= 1250 && info_.number <= 1258) || info_.number == 874)
         for (WORD byte = 0x80; byte <= 0x9F; ++byte)
             if (singles_[byte] == kUndefined) Define(byte, byte);
     for (const UserRows& rows : kUserRows) {
         if (rows.code_page != info_.number) continue;
-        // Bytes that are never the second half.
+        // Bytes that never are a second half.
         const unsigned first_hole = 0x7F;
         const unsigned last_hole = rows.code_page == 950    ? 0xA0
                                    : rows.code_page == 1361 ? 0x90
@@ -225,7 +227,7 @@ void CodePageTable::FillWhatWindowsAdds() {
     if (info_.number == 1361) FillKoreanLetters();
     for (const auto& box : kLaterBoxes)
         if (info_.number == 950) bytes_[box.unit] = box.bytes;
-    // Seven bits: the eighth is not looked at.
+    // Seven bits: the eighth is ignored.
     if (info_.number == 20127)
         for (BYTE byte = 0; byte < 0x80; ++byte) singles_[byte | 0x80] = byte;
 }
@@ -241,8 +243,8 @@ void CodePageTable::FillFreeCells() {
         }
 }
 
-// Single letters are those of syllables. The compatibility letters that iconv knows are written as
-// they, and are not read again.
+// Single letters are parts of syllables. The compatibility letters that iconv knows are written
+// like them, but never read.
 void CodePageTable::FillKoreanLetters() {
     const auto define = [this](WORD bytes, char16_t unit) {
         const char16_t compatibility = pairs_[bytes - 0x8000u];
@@ -261,7 +263,7 @@ void CodePageTable::FillKoreanLetters() {
         define(static_cast<WORD>(kFirstOldLetter + i), kOldLetters[i]);
 }
 
-// Adds one character where neither side is taken.
+// Adds one character if neither side is taken.
 void CodePageTable::Define(WORD bytes, char16_t unit) {
     char16_t& decoded = bytes < 0x100 ? singles_[bytes] : pairs_[bytes - 0x8000u];
     if (decoded == kUndefined) decoded = unit;

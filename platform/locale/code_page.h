@@ -10,18 +10,18 @@
 
 namespace win32host {
 
-// What Windows says about a code page, and the name of its conversion here.
+// What Windows says about a code page, and the name of its iconv conversion.
 struct CodePageInfo {
     UINT number;
     const char* iconv_name;
     BYTE lead_bytes[6];       // pairs of first and last; all zero for single-byte code pages
-    char16_t default_unicode; // for bytes that mean nothing
+    char16_t default_unicode; // for undefined bytes
 
     bool IsDoubleByte() const { return lead_bytes[0] != 0; }
     bool IsLeadByte(BYTE byte) const;
 };
 
-// The description of a code page with tables, null for every other number (UTF-8 included).
+// The description of a code page with tables, or null for every other number (including UTF-8).
 const CodePageInfo* FindCodePageInfo(UINT code_page);
 
 class CodePageTable {
@@ -32,15 +32,15 @@ public:
 
     const CodePageInfo& info() const { return info_; }
 
-    // The character of a byte that stands alone; kUndefined for lead bytes and undefined ones.
+    // The character of a single byte; kUndefined for lead bytes and undefined ones.
     char16_t FromByte(BYTE byte) const { return singles_[byte]; }
     // The character of a lead byte with its trail byte, or kUndefined.
     char16_t FromPair(BYTE lead, BYTE trail) const;
 
-    // The one or two bytes (lead byte in the high half) of a character: 0 when the code page lacks
-    // it and has nothing like it. U+0000 is the caller's.
+    // The one or two bytes (lead byte in the high half) of a character, or 0 if the code page has
+    // neither it nor a look-alike. The caller handles U+0000.
     WORD ToBytes(char16_t unit) const { return bytes_[unit]; }
-    // Whether ToBytes only gives a look-alike.
+    // True if ToBytes only gives a look-alike.
     bool IsBestFit(char16_t unit) const { return best_fit_[unit]; }
 
 private:
@@ -61,7 +61,7 @@ private:
     std::bitset<0x10000> best_fit_;
 };
 
-// The table of a code page, or null when it has none or this machine's iconv lacks it.
+// The table of a code page, or null if it has no table or this machine's iconv lacks it.
 const CodePageTable* FindCodePageTable(UINT code_page);
 
 } // namespace win32host

@@ -1,4 +1,5 @@
 // MultiByteToWideChar and WideCharToMultiByte.
+#include "host/guarded.h"
 #include "locale/code_page.h"
 #include "locale/facts.h"
 
@@ -7,7 +8,7 @@
 namespace win32host {
 namespace {
 
-// Where a conversion writes: counts when there is no buffer, stops at the end of one.
+// Where a conversion writes. Counts if there is no buffer, else stops at its end.
 template <class Unit>
 class Sink {
 public:
@@ -15,7 +16,7 @@ public:
         : buffer_(size > 0 ? buffer : nullptr)
         , size_(static_cast<size_t>(size)) {}
 
-    // A character of `count` units goes in whole or not at all.
+    // All `count` units of a character are written, or none.
     bool Put(const Unit* units, size_t count) {
         if (buffer_) {
             if (count > size_ - used_) return false;
@@ -26,7 +27,7 @@ public:
     }
     bool Put(Unit unit) { return Put(&unit, 1); }
 
-    // What the caller is told.
+    // The answer for the caller.
     int Finish(bool complete) const {
         if (complete) return static_cast<int>(used_);
         SetLastError(ERROR_INSUFFICIENT_BUFFER);
@@ -39,18 +40,13 @@ private:
     size_t used_ = 0;
 };
 
-int Fail(DWORD error) {
-    SetLastError(error);
-    return 0;
-}
-
 // ---- UTF-8 --------------------------------------------------------------------------------------
 
-constexpr char16_t kReplacement = 0xFFFD;
+constexpr char16_t kReplacementCharacter = 0xFFFD;
 
-// Decodes the character at the front of `text`. Answers the bytes it takes; for malformed input
-// `c` is kReplacement, `good` false, and the answer is the longest beginning of a valid sequence
-// (at least one byte).
+// Decodes the character at the front of `text`. Answers the number of bytes it takes. For malformed
+// input `c` is kReplacementCharacter, `good` is false, and the answer is the length of the longest
+// beginning of a valid sequence (at least one byte).
 size_t DecodeUtf8(const BYTE* text, size_t left, char32_t& c, bool& good) {
     const BYTE first = text[0];
     size_t length = 1;
@@ -72,7 +68,7 @@ size_t DecodeUtf8(const BYTE* text, size_t left, char32_t& c, bool& good) {
         if (first == 0xF4) high = 0x8F;
     }
     good = false;
-    c = kReplacement;
+    c = kReplacementCharacter;
     if (length == 1) return 1;
     char32_t value = first & (0x7Fu >> length);
     for (size_t i = 1; i < length; ++i) {
@@ -112,7 +108,7 @@ int ToUtf8(DWORD flags, LPCWSTR text, size_t units, Sink<char> sink) {
             c = 0x10000 + ((c & 0x3FF) << 10) + (text[++at] & 0x3FFu);
         } else if ((c & 0xF800) == 0xD800) {
             if (flags & WC_ERR_INVALID_CHARS) return Fail(ERROR_NO_UNICODE_TRANSLATION);
-            c = kReplacement;
+            c = kReplacementCharacter;
         }
         if (c < 0x80) {
             if (!sink.Put(static_cast<char>(c))) return sink.Finish(false);
@@ -162,7 +158,7 @@ int FromTable(const CodePageTable& table, DWORD flags, const BYTE* text, size_t 
                 unit = info.default_unicode;
             }
         }
-        // Single bytes in this part of the private use area stand for nothing.
+        // Single bytes in this part of the private use area have no meaning.
         if ((flags & MB_ERR_INVALID_CHARS) && unit >= 0xF880 && unit <= 0xF8FF)
             return Fail(ERROR_NO_UNICODE_TRANSLATION);
         if (!sink.Put(unit)) return sink.Finish(false);
@@ -200,7 +196,7 @@ int ToTable(const CodePageTable& table, DWORD flags, LPCWSTR text, size_t units,
     return sink.Finish(true);
 }
 
-// The checks that both directions share. `length` becomes the text's full length.
+// The checks that both directions share. `length` becomes the full length of the text.
 template <class From, class To>
 bool CheckBuffers(const From* text, int given, const To* buffer, int size, size_t& length) {
     if (!text || given == 0 || size < 0 || (size > 0 && !buffer)) return false;

@@ -31,7 +31,7 @@ size_t ReadNumber(LPCWSTR& at) {
     return number;
 }
 
-// Reads behind the '%'; `at` ends behind the letter, or at the terminator.
+// Reads what follows the '%'. `at` ends up after the letter, or at the terminator.
 Conversion ReadConversion(LPCWSTR& at) {
     Conversion c;
     for (;; ++at) {
@@ -94,7 +94,7 @@ public:
     void Fill(WCHAR unit, size_t count) {
         while (count-- > 0) Put(unit);
     }
-    // Text in a field; `lead` (a sign, a prefix) stands ahead of filling zeros.
+    // Writes text in a field; `lead` (a sign, a prefix) goes before filling zeros.
     void Field(const Conversion& c, const std::u16string& lead, const std::u16string& text) {
         const size_t length = lead.size() + text.size();
         const size_t fill = c.width > length ? c.width - length : 0;
@@ -123,7 +123,7 @@ std::u16string FromNarrow(LPCSTR text, size_t bytes) {
     return wide;
 }
 
-// At most `precision` units, or what the formatter can write at all; never reads further than that.
+// Reads at most `precision` units, and never more than the formatter can write.
 std::u16string WideText(LPCWSTR text, int precision) {
     if (!text) text = u"(null)";
     const size_t limit = precision < 0 ? kMaximum : static_cast<size_t>(precision);
@@ -197,7 +197,7 @@ int Write(LPWSTR buffer, LPCWSTR format, va_list arguments) {
         case 0:
             continue;
         default:
-            out.Put(c.letter); // "%%" and letters that mean nothing
+            out.Put(c.letter); // "%%" and unknown letters
             continue;
         }
         const bool number =

@@ -32,12 +32,12 @@ constexpr Language kLanguages[] = {
     {"zh", "SG", u"ZHI", 0x1004},
 };
 
-// Of the languages whose code pages are not those of Western Europe: with their country before
-// those without.
+// The languages whose code pages are not those of Western Europe. Entries with a country come
+// before those without.
 constexpr struct {
     LANGID language;
     CodePages code_pages;
-} kCodePages[] = {
+} kLanguageCodePages[] = {
     {0x0409, {1252, 437}}, {0x1C09, {1252, 437}}, {0x4009, {1252, 437}}, {0x0404, {950, 950}},
     {0x0C04, {950, 950}},  {0x04, {936, 936}},    {0x01, {1256, 720}},   {0x02, {1251, 866}},
     {0x05, {1250, 852}},   {0x08, {1253, 737}},   {0x0D, {1255, 862}},   {0x0E, {1250, 852}},
@@ -81,7 +81,7 @@ const Language* LanguageOfId(LANGID id) {
 }
 
 CodePages CodePagesOf(const Language& language) {
-    for (const auto& entry : kCodePages)
+    for (const auto& entry : kLanguageCodePages)
         if (entry.language == language.id || entry.language == PRIMARYLANGID(language.id))
             return entry.code_pages;
     return {1252, 850};

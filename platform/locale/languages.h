@@ -1,4 +1,4 @@
-// The languages and countries as Windows names them.
+// Languages and countries as Windows names them.
 #pragma once
 
 #include <windows.h>
@@ -14,17 +14,18 @@ struct Language {
     LANGID id;
 };
 
-// The entry of a locale's name ("fr_CA.UTF-8"): its language and country, else the language's first
-// entry, else (for "C", "POSIX" and languages not listed) English of the United States.
+// The entry for a locale's name ("fr_CA.UTF-8"): its language and country, else the language's
+// first entry, else (for "C", "POSIX" and languages not listed) English of the United States.
 const Language& LanguageOfLocale(std::string_view name);
 
-// The entry with an abbreviation, English of the United States when there is none.
+// The entry with this abbreviation, or English of the United States.
 const Language& LanguageOfAbbreviation(std::u16string_view abbreviation);
 
-// The entry of an identifier, the language's first one when it names no country; null for none.
+// The entry for an identifier; the language's first one if it names no country. Null if there is
+// none.
 const Language* LanguageOfId(LANGID id);
 
-// The code pages of programs that know no other texts, those of windows and of consoles.
+// The code pages of programs that do not use UTF-16: for windows (ANSI) and for consoles (OEM).
 struct CodePages {
     UINT ansi, oem;
 };

@@ -22,10 +22,10 @@
 namespace win32host {
 namespace {
 
-std::mutex g_lock;
+std::mutex g_locale_lock;
 std::optional<LocaleFacts> g_facts; // set, or read from the environment on first use
 
-// The name that the environment gives a category's locale.
+// The environment's name for the locale of a category.
 std::string LocaleName(const char* category) {
     for (const char* variable : {"LC_ALL", category, "LANG"})
         if (const char* name = std::getenv(variable); name && *name) return name;
@@ -37,7 +37,7 @@ bool IsNeutral(const std::string& name) {
     return base == "C" || base == "POSIX";
 }
 
-// A locale of the machine for one category, or none when it is not installed.
+// One of the machine's locales for one category, or nothing if it is not installed.
 class HostLocale {
 public:
     HostLocale(int mask, const std::string& name)
@@ -66,7 +66,7 @@ std::u16string FromCodeset(const char* text, const char* codeset) {
     return Utf16({utf8, sizeof utf8 - room});
 }
 
-// The facts that three categories' locales tell.
+// The facts from the locales of three categories.
 LocaleFacts FactsOf(const std::string& messages, const std::string& measurement,
                     const std::string& numeric) {
     LocaleFacts facts;
@@ -90,14 +90,14 @@ LocaleFacts FactsOf(const std::string& messages, const std::string& measurement,
 
 // The user's.
 LocaleFacts Facts() {
-    std::lock_guard guard(g_lock);
+    std::lock_guard guard(g_locale_lock);
     if (!g_facts)
         g_facts = FactsOf(LocaleName("LC_MESSAGES"), LocaleName("LC_MEASUREMENT"),
                           LocaleName("LC_NUMERIC"));
     return *g_facts;
 }
 
-// A language's own, whatever the user prefers.
+// A language's own facts, whatever the user prefers.
 LocaleFacts Facts(const Language& language) {
     const std::string name = std::string(language.language) + "_" + language.country + ".UTF-8";
     return FactsOf(name, name, name);
@@ -107,7 +107,7 @@ std::u16string Number(UINT number) {
     return Utf16(std::to_string(number));
 }
 
-// A fact as text, and as the number that LOCALE_RETURN_NUMBER asks for when it is one.
+// A fact as text and, if it is one, as the number that LOCALE_RETURN_NUMBER asks for.
 struct Fact {
     std::u16string text;
     std::optional<DWORD> number;
@@ -156,12 +156,12 @@ bool IsTheUsers(LCID locale) {
 } // namespace
 
 void SetLocaleFacts(const LocaleFacts& facts) {
-    std::lock_guard guard(g_lock);
+    std::lock_guard guard(g_locale_lock);
     g_facts = facts;
 }
 
 void UseProcessLocale() {
-    std::lock_guard guard(g_lock);
+    std::lock_guard guard(g_locale_lock);
     g_facts.reset();
 }
 

@@ -12,7 +12,7 @@
 namespace win32host {
 namespace {
 
-std::mutex g_lock;
+std::mutex g_answers_lock;
 std::optional<int> g_answer;
 std::vector<ShownMessageBox> g_shown;
 
@@ -32,17 +32,17 @@ int CarefulAnswer(UINT type) {
 } // namespace
 
 void AnswerMessageBoxes(int answer) {
-    std::lock_guard guard(g_lock);
+    std::lock_guard guard(g_answers_lock);
     g_answer = answer;
 }
 
 std::vector<ShownMessageBox> TakeMessageBoxes() {
-    std::lock_guard guard(g_lock);
+    std::lock_guard guard(g_answers_lock);
     return std::exchange(g_shown, {});
 }
 
 void ResetMessageBoxes() {
-    std::lock_guard guard(g_lock);
+    std::lock_guard guard(g_answers_lock);
     g_answer.reset();
     g_shown.clear();
 }
@@ -51,8 +51,8 @@ void ResetMessageBoxes() {
 
 extern "C" int WINAPI MessageBoxW(HWND owner, LPCWSTR text, LPCWSTR caption, UINT type) {
     return win32host::Guarded(0, [&] {
-        std::lock_guard guard(win32host::g_lock);
-        // Windows titles a box without a caption itself.
+        std::lock_guard guard(win32host::g_answers_lock);
+        // Windows gives a box without a caption its own title.
         win32host::g_shown.push_back(
             {owner, text ? text : u"", caption ? caption : u"Error", type});
         return win32host::g_answer.value_or(win32host::CarefulAnswer(type));

@@ -14,18 +14,18 @@ struct Version {
     DWORD build = 2195;
 };
 
-std::mutex g_lock;
+std::mutex g_version_lock;
 Version g_version;
 
 } // namespace
 
 void SetVersion(DWORD platform, DWORD major, DWORD minor, DWORD build) {
-    std::lock_guard guard(g_lock);
+    std::lock_guard guard(g_version_lock);
     g_version = {platform, major, minor, build};
 }
 
 void ResetVersion() {
-    std::lock_guard guard(g_lock);
+    std::lock_guard guard(g_version_lock);
     g_version = {};
 }
 
@@ -36,7 +36,7 @@ extern "C" BOOL WINAPI GetVersionExW(LPOSVERSIONINFOW information) {
         SetLastError(ERROR_INSUFFICIENT_BUFFER);
         return FALSE;
     }
-    std::lock_guard guard(win32host::g_lock);
+    std::lock_guard guard(win32host::g_version_lock);
     const win32host::Version& version = win32host::g_version;
     *information = {sizeof(OSVERSIONINFOW), version.major,    version.minor,
                     version.build,          version.platform, {}};

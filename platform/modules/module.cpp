@@ -26,7 +26,7 @@ std::vector<std::unique_ptr<Module>>& Modules() {
     return *modules;
 }
 
-// The libraries of the system whose functions this library has.
+// The system's libraries whose functions this library provides.
 constexpr std::u16string_view kSystemLibraries[] = {
     u"kernel32.dll", u"user32.dll", u"gdi32.dll", u"advapi32.dll", u"winspool.drv", u"ktmw32.dll"};
 
@@ -64,7 +64,7 @@ void Remove(Module* module) {
                                [&](const auto& entry) { return entry.get() == module; }));
 }
 
-// Runs the library's entry point. A library without one agrees to everything.
+// Runs the library's entry point. A library without one accepts everything.
 bool Tell(Module& module, DWORD reason) {
     using EntryPoint = BOOL(WINAPI*)(HINSTANCE, DWORD, LPVOID);
     for (const char* name : {"DllInitialize", "DllMain"}) {
@@ -83,7 +83,7 @@ Module* LoadElf(std::unique_ptr<Module> loading) {
         return nullptr;
     }
     dlinfo(loading->library, RTLD_DI_LINKMAP, &loading->map);
-    // In the list before its entry point runs, which asks for the module's file name.
+    // It is in the list before its entry point runs, which asks for the module's file name.
     Module* module = Add(std::move(loading));
     if (Tell(*module, DLL_PROCESS_ATTACH)) return module;
     Remove(module);
@@ -91,8 +91,8 @@ Module* LoadElf(std::unique_ptr<Module> loading) {
     return nullptr;
 }
 
-// Loads the file, or counts one more use of it. The same file is the same module, under whatever
-// name: the dynamic linker would hand out the same library twice.
+// Loads the file, or counts one more use of it. The same file is the same module under any name,
+// because the dynamic linker would hand out the same library twice.
 Module* LoadFile(const std::string& host_path, bool as_data) {
     const std::string path = RealPath(host_path);
     struct stat info = {};
@@ -135,7 +135,7 @@ std::u16string WithExtension(std::u16string_view name) {
     if (file.find(u'.') == std::u16string_view::npos)
         full += u".dll";
     else if (full.back() == u'.')
-        full.pop_back(); // a dot at the end asks for no extension
+        full.pop_back(); // a dot at the end means no extension
     return full;
 }
 
@@ -161,7 +161,7 @@ Module* SystemLibrary(std::u16string_view name) {
     return nullptr;
 }
 
-// The name alone of a file that lies in the system's folder, else all that was given.
+// Only the name of a file that is in the system's folder, else the complete path.
 std::u16string_view WithoutSystemFolder(std::u16string_view path) {
     const std::u16string_view folder = kSystemFolder;
     const bool is_there = path.size() > folder.size() && path[folder.size()] == u'\\' &&
@@ -169,7 +169,7 @@ std::u16string_view WithoutSystemFolder(std::u16string_view path) {
     return is_there ? path.substr(folder.size() + 1) : path;
 }
 
-// Made by the first who asks for it.
+// Made at the first question.
 Module* Program() {
     static Module* program = [] {
         auto module = std::make_unique<Module>();
@@ -183,8 +183,8 @@ Module* Program() {
     return program;
 }
 
-// Where a bare name is looked for: beside the program, in the system and Windows folders, among
-// the spooler's drivers and in the working folder.
+// The places to look for a bare name: the program's folder, the system and Windows folders, that of
+// the spooler's drivers and the working folder.
 std::vector<std::u16string> SearchFolders() {
     std::u16string program = Program()->file_name;
     program.resize(program.size() - FileNameOf(program).size());
@@ -206,7 +206,7 @@ Module* Load(std::u16string_view given, DWORD flags) {
         const auto path = HostPath(name);
         Module* module = path ? LoadFile(*path, as_data) : nullptr;
         const DWORD error = GetLastError();
-        // A program asks for code as a module, for data as a file.
+        // A missing file is called a missing module, unless it was to be loaded as data.
         if (!module && !as_data && (error == ERROR_FILE_NOT_FOUND || error == ERROR_PATH_NOT_FOUND))
             SetLastError(ERROR_MOD_NOT_FOUND);
         return module;
@@ -322,7 +322,7 @@ FARPROC WINAPI GetProcAddress(HMODULE handle, LPCSTR name) {
         void* found = dlsym(module->library, name);
         Dl_info info = {};
         void* map = nullptr;
-        // The linker also searches what the library depends on; that is not the library's own.
+        // The linker also searches the library's dependencies, whose functions are not its own.
         if (found && dladdr1(found, &info, &map, RTLD_DL_LINKMAP) && map == module->map)
             return reinterpret_cast<FARPROC>(found);
     }

@@ -8,12 +8,12 @@
 namespace win32host {
 namespace {
 
-constexpr uint32_t kIsText = 0x80000000;      // of a name in a directory entry
-constexpr uint32_t kIsDirectory = 0x80000000; // of an offset in a directory entry
+constexpr uint32_t kIsText = 0x80000000;      // in the name of a directory entry
+constexpr uint32_t kIsDirectory = 0x80000000; // in the offset of a directory entry
 constexpr size_t kEntrySize = 8;
 constexpr size_t kDataEntrySize = 16;
 
-// Both answer 0 for what lies outside.
+// Both answer 0 outside the bytes.
 uint16_t Word(std::span<const uint8_t> bytes, size_t at) {
     if (at > bytes.size() || bytes.size() - at < 2) return 0;
     return static_cast<uint16_t>(bytes[at] | bytes[at + 1] << 8);
@@ -105,7 +105,7 @@ std::optional<size_t> PeImage::OffsetOf(uint32_t address, uint32_t size) const {
     return std::nullopt;
 }
 
-// The entries of the directory at `offset`; empty when there is none.
+// The entries of the directory at `offset`; empty if there is none.
 std::span<const uint8_t> PeImage::Directory(uint32_t offset) const {
     const auto directory = win32host::From(tree_, offset);
     if (directory.size() < 16) return {};
@@ -114,7 +114,7 @@ std::span<const uint8_t> PeImage::Directory(uint32_t offset) const {
     return entries.first(std::min(count, entries.size() / kEntrySize) * kEntrySize);
 }
 
-// The offset field of the first entry that is `wanted(name field)`.
+// The offset field of the first entry for which `wanted(name field)` is true.
 template <class Wanted>
 std::optional<uint32_t> PeImage::Search(std::span<const uint8_t> entries, Wanted wanted) const {
     for (size_t at = 0; at < entries.size(); at += kEntrySize)
@@ -131,7 +131,7 @@ bool PeImage::HasText(uint32_t offset, std::u16string_view text) const {
     return true;
 }
 
-// The directory behind the entry of that name.
+// The directory that the entry of that name leads to.
 std::optional<uint32_t> PeImage::FindName(uint32_t directory, const ResourceName& name) const {
     const auto found = Search(Directory(directory), [&](uint32_t field) {
         if (name.is_number) return field == name.number;
@@ -187,7 +187,7 @@ std::optional<std::span<const uint8_t>> PeImage::Data(size_t entry) const {
 }
 
 std::optional<std::u16string_view> StringOfBlock(std::span<const uint8_t> block, unsigned index) {
-    // The units are handed out in place.
+    // The units are handed out in place, so they must be aligned.
     if (reinterpret_cast<uintptr_t>(block.data()) % alignof(char16_t) != 0) return std::nullopt;
     for (;;) {
         if (block.size() < 2) return std::nullopt;

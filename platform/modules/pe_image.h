@@ -1,6 +1,6 @@
 // The resources of a PE file (Microsoft's portable executable format), read from its bytes as they
-// lie on disk. Nothing in the file is trusted: every offset and count is compared with the size of
-// the file first, and what does not fit is answered as missing.
+// are on disk. Nothing in the file is trusted: every offset and count is checked against the size
+// of the file first, and what does not fit is reported as missing.
 #pragma once
 
 #include <windows.h>
@@ -15,7 +15,7 @@ namespace win32host {
 
 // The name of a resource or of its type: a number, or a text in any case.
 struct ResourceName {
-    // From what FindResourceW takes: a number in a pointer, "#123" or a text.
+    // Reads what FindResourceW takes: a number in a pointer, "#123" or a text.
     static ResourceName From(LPCWSTR name);
 
     bool is_number = true;
@@ -27,18 +27,19 @@ struct ResourceName {
 
 class PeImage {
 public:
-    // Nothing when the bytes are no PE file. They are borrowed and must stay.
+    // Nothing if the bytes are not a PE file. They are borrowed and must outlive the object.
     static std::optional<PeImage> Parse(std::span<const uint8_t> file);
 
-    // The offset in the file of the resource's data entry. Without one the error says what is
+    // The offset of the resource's data entry in the file. If there is none the error says what is
     // missing: ERROR_RESOURCE_DATA_NOT_FOUND (the file has no resources), _TYPE_NOT_FOUND,
     // _NAME_NOT_FOUND or _LANG_NOT_FOUND. Language 0 prefers the neutral resource, then the user's
-    // language, then English, then the first there is; any other takes its neutral forms instead,
-    // nothing more.
+    // language, then English, then the first one; any other language falls back on its neutral
+    // forms only.
     std::optional<size_t> FindEntry(const ResourceName& type, const ResourceName& name,
                                     uint16_t language, uint16_t user_language, DWORD& error) const;
 
-    // The bytes that a data entry names; nothing when the entry or any of its bytes lies outside.
+    // The bytes that a data entry names; nothing if the entry or any of its bytes is outside the
+    // file.
     std::optional<std::span<const uint8_t>> Data(size_t entry) const;
 
 private:
@@ -67,8 +68,8 @@ private:
     size_t section_count_ = 0;
 };
 
-// The text number `id` of a string table block (16 texts, each a length and its units). Nothing
-// when the block ends before the text does.
+// The text number `index` of a string table block (16 texts, each a length and its units). Nothing
+// if the block ends before the text does.
 std::optional<std::u16string_view> StringOfBlock(std::span<const uint8_t> block, unsigned index);
 
 #pragma GCC visibility pop

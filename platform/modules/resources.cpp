@@ -14,8 +14,8 @@ using win32host::Module;
 using win32host::ResourceFile;
 using win32host::ResourceName;
 
-// The bytes of a resource; the loader lock is held. Nothing, with the last error set, when the
-// handle is none of this module's.
+// The bytes of a resource; the loader lock is held. Nothing, with the last error set, if the handle
+// is not one of this module's.
 std::optional<std::span<const uint8_t>> BytesOf(HMODULE handle, HRSRC resource) {
     Module* module = FindModule(handle);
     if (!module) return std::nullopt;
@@ -82,7 +82,7 @@ int WINAPI LoadStringW(HINSTANCE module, UINT id, LPWSTR buffer, int size) {
         FindResourceW(module, MAKEINTRESOURCEW((id & 0xFFFF) / 16 + 1), RT_STRING);
     const auto block = resource ? BytesOf(module, resource) : std::nullopt;
     const auto text = block ? win32host::StringOfBlock(*block, id % 16) : std::nullopt;
-    if (size == 0) { // the caller gets the text where it lies, without a terminator
+    if (size == 0) { // the caller gets the text in place, without a terminator
         const WCHAR* place = text && !text->empty() ? text->data() : nullptr;
         std::memcpy(buffer, &place, sizeof(place));
         return place ? static_cast<int>(text->size()) : 0;

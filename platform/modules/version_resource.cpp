@@ -27,11 +27,11 @@ uint16_t Word(const uint8_t* at) {
     return static_cast<uint16_t>(at[0] | at[1] << 8);
 }
 
-// One block; nothing of it lies outside the bytes that it was read from.
+// One block. All of it is within the bytes that it was read from.
 struct Block {
-    std::span<const uint8_t> key; // its UTF-16 units, which may lie anywhere
+    std::span<const uint8_t> key; // its UTF-16 units, at any alignment
     std::span<const uint8_t> value, children;
-    uint16_t value_length = 0; // in units for text, as far as they are there
+    uint16_t value_length = 0; // in units for text, no more than there are
     size_t length = 0;
 
     static std::optional<Block> Read(std::span<const uint8_t> bytes) {
@@ -75,13 +75,13 @@ std::optional<Block> Child(const Block& parent, std::u16string_view key) {
     return std::nullopt;
 }
 
-// Hands the version resource of a file to `use`; what it answers, else FALSE with the last error
-// set. The resources of an ELF module are in the file beside it.
+// Hands the version resource of a file to `use` and answers what that does, else FALSE with the
+// last error set. The resources of an ELF module are in the file beside it.
 template <class Use>
 DWORD WithVersionOf(LPCWSTR file, const Use& use) {
     if (!file || !*file) return static_cast<DWORD>(Fail(ERROR_INVALID_PARAMETER));
     const auto path = win32host::HostPath(file);
-    // A file that is not there has said so.
+    // For a missing file the error is already set.
     if (!path || GetFileAttributesW(file) == INVALID_FILE_ATTRIBUTES) return 0;
     std::unique_ptr<ResourceFile> resources = ResourceFile::Load(*path);
     if (!resources) resources = ResourceFile::Load(*path + ".mui");

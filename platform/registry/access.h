@@ -1,4 +1,4 @@
-// What the exported functions share: from a handle to the store that serves it.
+// What the exported functions share: the way from a handle to the store that serves it.
 #pragma once
 
 #include "registry/key_handles.h"
@@ -10,7 +10,8 @@
 
 namespace win32host::registry {
 
-// The name of the current user's tree below HKEY_USERS: one key name, whatever the user's name is.
+// The name of the current user's tree below HKEY_USERS: a single key name, whatever the user's name
+// is.
 std::u16string CurrentUserKey();
 
 // A handle, looked up: the calling thread's store, the key in it and the rights of the handle.
@@ -21,9 +22,8 @@ struct KeyInUse {
     bool root = false; // one of the HKEY_... constants
 };
 
-// Looks `handle` up for an operation that needs the rights `needed`, any one of which missing is
-// ERROR_ACCESS_DENIED. Makes the trees of HKEY_CURRENT_USER and HKEY_CLASSES_ROOT when they are
-// missing.
+// Looks `handle` up for an operation that needs all the rights `needed`, else ERROR_ACCESS_DENIED.
+// Makes the trees of HKEY_CURRENT_USER and HKEY_CLASSES_ROOT if they are missing.
 LSTATUS Use(HKEY handle, REGSAM needed, KeyInUse& key);
 
 // The key of a root constant; false for any other handle.
@@ -34,7 +34,7 @@ inline std::u16string_view TextOf(LPCWSTR text) {
     return text ? std::u16string_view(text) : std::u16string_view();
 }
 
-// Runs the body of an exported function: what it throws becomes an error code.
+// Runs the body of an exported function. What it throws becomes an error code.
 template <class Body>
 LSTATUS Guarded(Body body) noexcept {
     try {

@@ -14,8 +14,8 @@ namespace {
 
 constexpr int kVersion = 1;
 
-// Names are UTF-8 text as it was first written, beside the form that is compared. Ids grow and are
-// never used again: they give the order of creation, and a handle on a deleted key stays one.
+// Names are UTF-8 text as first written, beside the form that is compared. Ids grow and are never
+// reused: they give the order of creation, and a handle on a deleted key never names another.
 constexpr const char* kSchema = R"(
 CREATE TABLE keys (
     id INTEGER PRIMARY KEY AUTOINCREMENT,
@@ -38,7 +38,7 @@ INSERT INTO keys (id, parent, name, folded) VALUES (1, 0, 'MACHINE', 'MACHINE'),
 PRAGMA user_version = 1;
 )";
 
-// Waits for another connection's lock: short sleeps first, since a commit takes microseconds.
+// Waits for another connection's lock, with short sleeps first, since a commit takes microseconds.
 int WaitForLock(void*, int attempt) {
     constexpr int kShort = 8;
     constexpr int kAttempts = 6000; // half a minute
@@ -68,14 +68,14 @@ LSTATUS CodeOf(int result) {
     case SQLITE_NOTADB:
         return ERROR_BADDB;
     case SQLITE_CONSTRAINT:
-        // The only rule that an operation can break is that a value has a key.
+        // The only constraint that an operation can break is that a value has a key.
         return result == SQLITE_CONSTRAINT_FOREIGNKEY ? ERROR_KEY_DELETED : ERROR_BADDB;
     default:
         return ERROR_REGISTRY_IO_FAILED;
     }
 }
 
-// Held while one of several processes makes the database.
+// Held while one process makes the database, so that others wait.
 class SetUpLock {
 public:
     explicit SetUpLock(const std::string& folder)
@@ -118,8 +118,9 @@ void Database::Open(const std::string& file) {
     if (result != SQLITE_OK) Fail(result);
     sqlite3_extended_result_codes(handle_, 1);
     sqlite3_busy_handler(handle_, WaitForLock, nullptr);
-    // A commit is in the log file when it returns, so it outlives the process. Only the checkpoints
-    // wait for the disk, so they come once in 16 MB of log: writing many values is not held up.
+    // A commit is in the log file when it returns, so it outlives the process. Only checkpoints
+    // wait for the disk. They happen once in 16 MB of log, so that writing many values is not held
+    // up.
     Run("PRAGMA synchronous = NORMAL; PRAGMA foreign_keys = ON; PRAGMA wal_autocheckpoint = 4000");
 }
 
@@ -143,7 +144,7 @@ void Database::SetUp(const std::string& folder) {
     transaction.Commit();
 }
 
-// The index is mapped once something was read, and stays so until the connection closes.
+// The index is mapped once something has been read, and stays mapped until the connection closes.
 void Database::FindHeader() {
     Version();
     sqlite3_file* file = nullptr;
@@ -161,8 +162,8 @@ void Database::FindHeader() {
 
 bool Database::Changed() {
     if (!header_) return true;
-    // A record that is caught while it is renewed differs from both its old and its new form, or
-    // is still the old one: the commit behind it was not acknowledged yet.
+    // A record that is caught while it is being renewed differs from both its old and its new form,
+    // or is still the old one. The commit has not been acknowledged yet.
     bool same = true;
     for (size_t i = 0; i < kHeaderWords; ++i) {
         const uint32_t word = __atomic_load_n(header_ + i, __ATOMIC_ACQUIRE);

@@ -13,39 +13,39 @@
 
 namespace win32host::registry {
 
-// What a failure of the database becomes; the exported functions answer its code.
+// Thrown when the database fails; the exported functions answer its code.
 struct Error {
     LSTATUS code;
 };
 
-// A connection. It belongs to the thread that made it. Every operation throws Error when the
-// database fails it.
+// A connection, which belongs to the thread that made it. Every operation throws Error if the
+// database fails.
 class Database {
 public:
-    // The registry of a root folder, which must exist. Makes the database when it is missing; any
-    // number of processes may do so at once.
+    // Opens the registry of a root folder, which must exist. Makes the database if it is missing;
+    // any number of processes may do so at once.
     explicit Database(const std::string& folder);
     ~Database();
     Database(const Database&) = delete;
     Database& operator=(const Database&) = delete;
 
-    // Whether anybody, in this process or another, may have written since the last call. It costs
+    // True if anybody, in this process or another, may have written since the last call. It costs
     // no system call and no lock: the write-ahead log's index, which all connections share in
-    // memory, begins with a record that every commit renews before it is acknowledged. What is
-    // read after this call may be kept until the next one that answers true.
+    // memory, starts with a record that every commit renews before it is acknowledged. What is read
+    // after this call may be kept until the next call that answers true.
     bool Changed();
 
-    // Statements that answer nothing.
+    // Runs statements without rows.
     void Run(const char* sql);
 
     // How many rows the last statement wrote.
     int WrittenRows() const { return sqlite3_changes(handle_); }
-    // How many all statements so far have written.
+    // How many rows all statements have written so far.
     int64_t AllWrittenRows() const { return sqlite3_total_changes64(handle_); }
 
     int64_t LastId() const { return sqlite3_last_insert_rowid(handle_); }
 
-    // Brings everything written so far to the disk.
+    // Forces everything written so far to the disk.
     void Flush();
 
     bool InTransaction() const { return depth_ > 0; }
@@ -54,7 +54,7 @@ private:
     friend class Query;
     friend class Transaction;
 
-    // The record at the begin of the log's index, in words.
+    // The record at the start of the log's index, in words.
     static constexpr size_t kHeaderWords = 12;
     using Header = std::array<uint32_t, kHeaderWords>;
 
@@ -69,13 +69,13 @@ private:
     sqlite3* handle_ = nullptr;
     int depth_ = 0;                                             // of transactions
     std::unordered_map<const char*, sqlite3_stmt*> statements_; // by the address of their text
-    const uint32_t* header_ = nullptr; // null: not known, so every call finds a change
+    const uint32_t* header_ = nullptr; // null: not mapped, so every call finds a change
     Header seen_{};
 };
 
-// One run of a statement. Within a transaction that a failure of the disk has undone it throws
-// Error, so that nothing is written outside of it. `sql` is a literal that lives as long as the
-// program: the prepared form is kept under its address.
+// One run of a statement. Within a transaction that a disk failure has undone it throws Error, so
+// that nothing is written outside of the transaction. `sql` must be a literal that lives as long as
+// the program, because the prepared form is kept under its address.
 class Query {
 public:
     Query(Database& database, const char* sql);
@@ -83,12 +83,13 @@ public:
     Query(const Query&) = delete;
     Query& operator=(const Query&) = delete;
 
-    // Parameters, in their order. Bytes must outlive the query; text is copied.
+    // Binds the parameters in their order. Bytes must outlive the query; text is copied.
     Query& Bind(int64_t number);
     Query& Bind(std::string_view text);
     Query& Bind(const BYTE* bytes, size_t size);
 
-    // The next row; false after the last one. A statement that writes is done when it is false.
+    // Moves to the next row; false after the last one. A statement that writes is complete at
+    // false.
     bool Next();
 
     // For statements without rows.
@@ -105,8 +106,8 @@ private:
     int parameter_ = 0;
 };
 
-// All or nothing, and one state of the database throughout. Undone unless committed. One within
-// another is undone alone or stored with that; they end in the reverse of their order.
+// All or nothing, and one state of the database throughout. Undone unless committed. A nested one
+// is undone by itself or stored with the outer one. They end in reverse order.
 class Transaction {
 public:
     enum Kind { Reading, Writing };

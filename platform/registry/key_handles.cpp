@@ -22,7 +22,7 @@ static_assert(2 + kShardBits + kSlotBits + kUseBits == 31);
 
 struct Slot {
     OpenKey key;
-    uint32_t use = 1; // never 0, so no handle is null
+    uint32_t use = 1; // never 0, so that no handle is null
     bool open = false;
 };
 
@@ -32,7 +32,7 @@ struct alignas(64) Shard {
     std::deque<size_t> free; // closed slots, the longest closed first
 };
 
-// Lives as long as the process: threads may close keys while it ends.
+// Lives as long as the process, as threads may close keys while it ends.
 Shard* Shards() {
     static Shard* const shards = new Shard[kShards];
     return shards;
@@ -42,7 +42,7 @@ uintptr_t ValueOf(unsigned shard, size_t slot, uint32_t use) {
     return ((((static_cast<uintptr_t>(use) << kSlotBits) | slot) << kShardBits) | shard) << 2;
 }
 
-// Runs `action` on the slot that the handle names, under its lock; false when it names none.
+// Runs `action` on the slot that the handle names, under its lock. False if it names none.
 template <class Action>
 bool OnSlot(HKEY handle, Action action) {
     const auto value = reinterpret_cast<uintptr_t>(handle);
@@ -67,7 +67,7 @@ HKEY NewKeyHandle(const OpenKey& key) {
         Shard& shard = Shards()[number];
         std::lock_guard guard(shard.lock);
         size_t index = shard.slots.size();
-        // Closed slots rest until there are enough of them that none comes back soon.
+        // Closed slots rest until there are so many that none is reused soon.
         constexpr size_t kResting = 64;
         if (shard.free.size() > kResting || (index >= kMostSlots && !shard.free.empty())) {
             index = shard.free.front();
@@ -80,7 +80,7 @@ HKEY NewKeyHandle(const OpenKey& key) {
         Slot& slot = shard.slots[index];
         slot.key = key;
         slot.open = true;
-        // A number that a 32-bit host has too, so it is the same everywhere.
+        // The number also fits a 32-bit host, so it is the same everywhere.
         return reinterpret_cast<HKEY>(ValueOf(number, index, slot.use));
     }
     throw Error{ERROR_NOT_ENOUGH_MEMORY};

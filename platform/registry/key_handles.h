@@ -11,14 +11,14 @@ struct OpenKey {
     Location location = nullptr;
     int64_t id = 0;
     REGSAM access = 0;
-    uint32_t generation = 0; // of the root when it was opened
+    uint32_t generation = 0; // of the root at the time of opening
 };
 
-// A handle for the key; throws Error when too many are open. A handle value comes back only after
-// thousands of others have been opened and closed, so that a stale one is found out.
+// A handle for the key. Throws Error if too many are open. A handle value is reused only after
+// thousands of others have been opened and closed, so that a stale one is detected.
 HKEY NewKeyHandle(const OpenKey& key);
 
-// False when the handle is not an open one, whatever its value is.
+// False if the handle is not open, whatever its value.
 bool FindOpenKey(HKEY handle, OpenKey& key);
 
 bool CloseKeyHandle(HKEY handle);

@@ -21,7 +21,7 @@ constexpr REGSAM kMaximumAllowed = 0x02000000;
 // its security.
 constexpr REGSAM kWriteRights = KEY_ALL_ACCESS & ~REGSAM{KEY_READ};
 
-// The rights to grant for `asked`; false when they are refused.
+// The rights to grant for `asked`; false if they are refused.
 bool Grant(REGSAM asked, bool read_only, REGSAM& granted) {
     granted = asked & KEY_ALL_ACCESS;
     if (asked & (GENERIC_READ | GENERIC_EXECUTE)) granted |= KEY_READ;
@@ -39,7 +39,7 @@ LSTATUS Open(Location location, const KeyFound& found, REGSAM access, PHKEY resu
     return ERROR_SUCCESS;
 }
 
-// What the thread does in the key's registry is part of the transaction from now on.
+// Makes everything that the thread does in the key's registry from now on part of the transaction.
 LSTATUS Join(HANDLE transaction, HKEY key, bool writing) {
     return Guarded([&]() -> LSTATUS {
         KeyInUse base;
@@ -61,7 +61,7 @@ void Answer(LPDWORD where, size_t number) {
     if (where) *where = static_cast<DWORD>(number);
 }
 
-// The registry keeps no times.
+// The registry stores no times.
 void AnswerNoTime(LPFILETIME where) {
     if (where) *where = {};
 }
@@ -173,7 +173,7 @@ LSTATUS WINAPI RegEnumKeyExW(HKEY key, DWORD index, LPWSTR name, LPDWORD name_si
         if (index >= names->size()) return ERROR_NO_MORE_ITEMS;
         const std::u16string found = (*names)[index];
         if (class_size) {
-            // Its class, from the subkey itself. One that was deleted meanwhile had none.
+            // The class comes from the subkey itself. One that was deleted meanwhile has none.
             KeyFound subkey;
             KeyInfo info;
             status = base.store->Find(base.id, found, subkey);

@@ -24,7 +24,8 @@ Location Intern(std::string folder) {
     return &*folders->insert(std::move(folder)).first;
 }
 
-// The thread's stores are gone: what still calls is another thread_local object's destructor.
+// True once the thread's stores are gone. Any later call comes from the destructor of another
+// thread_local object.
 thread_local bool t_ended = false;
 
 struct ThreadStores {
@@ -54,7 +55,8 @@ Location LocalLocation() {
 }
 
 Location ServerLocation(std::u16string_view name) {
-    // One name, not a path; the ends that paths lose would lead to another folder.
+    // It must be a single name and not a path, and without the endings that paths lose, as those
+    // would lead to another folder.
     if (name.empty() || name.find_first_of(u"/\\:") != std::u16string_view::npos ||
         name.back() == u'.' || name.back() == u' ')
         return nullptr;

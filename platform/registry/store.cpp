@@ -12,7 +12,7 @@ namespace {
 
 constexpr size_t kMostKept = 8 << 20;
 constexpr size_t kBiggestKeptValue = 256 << 10;
-constexpr size_t kEntryCost = 128; // what an entry of a map takes beside its text and bytes
+constexpr size_t kEntryCost = 128; // memory of a map entry besides its text and bytes
 
 constexpr const char* kKeyExists = "SELECT 1 FROM keys WHERE id = ?";
 
@@ -22,7 +22,7 @@ std::string Folded(std::u16string_view name) {
     return Utf8(upper);
 }
 
-// The names of a path. Several separators in a row count as one, as does one at the end.
+// The names of a path. Several separators in a row count as one, and one at the end is ignored.
 LSTATUS Split(std::u16string_view path, std::vector<std::u16string_view>& names) {
     if (path.size() > kLongestPath) return ERROR_INVALID_PARAMETER;
     if (!path.empty() && path.front() == u'\\') return ERROR_BAD_PATHNAME;
@@ -35,8 +35,8 @@ LSTATUS Split(std::u16string_view path, std::vector<std::u16string_view>& names)
     return ERROR_SUCCESS;
 }
 
-// Emptying walks through a map's buckets, however few are in use: a map that has grown big for one
-// listing would make every write after it slow.
+// Clearing walks through all of a map's buckets, however few are in use, so a map that has grown
+// big for one listing would slow down every later write.
 template <class Map>
 void Empty(Map& map) {
     constexpr size_t kManyBuckets = 1024;
@@ -46,7 +46,7 @@ void Empty(Map& map) {
         map.clear();
 }
 
-// Lets an operation fail where a test wants it.
+// Makes an operation fail if a test wants it to.
 void MayFail(FaultKind kind) {
     if (const DWORD error = FailureAt(kind)) throw Error{static_cast<LSTATUS>(error)};
 }
@@ -59,7 +59,8 @@ size_t LongestOf(const NameList& names) {
 
 } // namespace
 
-// What Changed tells is of others within a transaction: they wait, and the own writes do not show.
+// Within a transaction Changed tells of others only: they wait, and this store's own writes do not
+// show.
 void Store::DropStale() {
     if (!written_ && (database_.InTransaction() || !database_.Changed())) return;
     written_ = false;
@@ -149,8 +150,7 @@ LSTATUS Store::Find(int64_t base, std::u16string_view path, KeyFound& key) {
         status = Walk(base, names, key);
         if (status != ERROR_SUCCESS) return status;
     } else {
-        // Keys that lie beside each other are looked for one after the other: the one above them is
-        // kept as well.
+        // Sibling keys are often looked up one after the other, so their parent is kept as well.
         const std::u16string_view last = names.back();
         names.pop_back();
         const auto start = static_cast<size_t>(last.data() - path.data());
@@ -293,7 +293,7 @@ LSTATUS Store::Write(int64_t key, std::u16string_view name, DWORD type, const BY
         .Bind(int64_t{type})
         .Bind(data, size)
         .Run();
-    // What was there already changes nothing of what is kept.
+    // A value that was already there does not change what is kept.
     written_ = written_before || database_.WrittenRows() > 0;
     return ERROR_SUCCESS;
 }
@@ -378,8 +378,8 @@ void Store::Begin(Transaction::Kind kind) {
     if (kind == Transaction::Writing) {
         written_ = true; // others may have written before it began
     } else if (outer) {
-        // It is of the moment of its first read. What is kept is of that moment, too, unless
-        // somebody has written since it was looked at.
+        // Its first read decides which moment it shows. What is kept is of that moment too, unless
+        // somebody has written since it was read.
         Exists(kMachineKey);
         if (database_.Changed()) {
             Forget();

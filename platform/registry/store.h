@@ -1,7 +1,7 @@
-// The tree of keys and values over a database, with what was read last kept at hand.
+// The tree of keys and values over a database. What was read last is kept in memory.
 //
-// Keys are known by their id; a path is a text of names separated by backslashes. The functions
-// answer Win32 error codes for what the caller asked wrongly and throw Error when the database
+// Keys are identified by their id; a path is a text of names separated by backslashes. The
+// functions answer Win32 error codes for mistakes of the caller and throw Error if the database
 // fails.
 #pragma once
 
@@ -48,11 +48,11 @@ public:
     explicit Store(const std::string& folder)
         : database_(folder) {}
 
-    // The key at `path` below `base`. An empty path is the base itself. Success also when there is
-    // no such key (id 0); ERROR_KEY_DELETED when the base itself is gone.
+    // The key at `path` below `base`. An empty path is the base itself. Also succeeds if there is
+    // no such key (id 0); ERROR_KEY_DELETED if the base itself is gone.
     LSTATUS Find(int64_t base, std::u16string_view path, KeyFound& key);
 
-    // Likewise, after making every key of the path that is missing, the last one with `key_class`.
+    // The same, after making every missing key of the path, the last one with `key_class`.
     LSTATUS Create(int64_t base, std::u16string_view path, std::u16string_view key_class,
                    KeyFound& key, bool& created);
 
@@ -60,16 +60,16 @@ public:
 
     LSTATUS SetReadOnly(int64_t key, bool read_only);
 
-    // Keeps what the values of a key hold, as far as there is room. To be called by who is about to
-    // read them all: one question to the database takes less than one for each.
+    // Reads all values of a key at once and keeps them, as far as there is room. Call it before
+    // reading all of them: one query to the database takes less time than one for each.
     void ReadAhead(int64_t key);
 
-    // The value, found or not, until the next call of this object.
+    // The value, found or not. Valid until the next call of this object.
     LSTATUS Read(int64_t key, std::u16string_view name, const Value*& value);
     LSTATUS Write(int64_t key, std::u16string_view name, DWORD type, const BYTE* data, size_t size);
     LSTATUS DeleteValue(int64_t key, std::u16string_view name);
 
-    // The names of a key's subkeys and of its values, oldest first, until the next call.
+    // The names of a key's subkeys and of its values, oldest first. Valid until the next call.
     LSTATUS Subkeys(int64_t key, const NameList*& names);
     LSTATUS ValueNames(int64_t key, const NameList*& names);
 
@@ -77,9 +77,9 @@ public:
 
     void Flush() { database_.Flush(); }
 
-    // Everything up to the End that belongs to it is stored together, or, without `commit`, undone.
-    // One may begin within another. End throws when it cannot be stored; it is over all the same.
-    // While one is open that is for reading, all that is read is of one moment, though others
+    // Everything up to the matching End is stored together or, without `commit`, undone. They may
+    // be nested. End throws if storing fails, and the transaction is over all the same. While one
+    // for reading is open, everything that is read is as it was at one moment, even though others
     // write.
     void Begin(Transaction::Kind kind);
     void End(bool commit);
@@ -99,7 +99,7 @@ private:
     void Forget();
     void MakeRoom(size_t bytes);
     std::u16string_view CacheName(int64_t id, std::u16string_view text);
-    // What is known of the key at a path without asking the database; false when nothing is.
+    // What is known of the key at a path without asking the database; false if nothing is.
     bool Kept(int64_t base, std::u16string_view path, KeyFound& key);
     void Keep(int64_t base, std::u16string_view path, const KeyFound& key);
     bool Lookup(int64_t parent, std::u16string_view name, KeyFound& key);
@@ -112,12 +112,12 @@ private:
     struct OpenTransaction {
         std::unique_ptr<Transaction> transaction;
         int64_t written_rows; // before it
-        bool keeps;           // what was kept and is kept in it stays good behind it
+        bool keeps;           // what was kept before and in it is valid after it
     };
     std::vector<OpenTransaction> transactions_;
-    bool written_ = false; // within a transaction, since what is kept was dropped
+    bool written_ = false; // within a transaction, since what was kept was dropped
 
-    // What the database held when Changed answered true last. Found and missing alike are kept.
+    // What the database held when Changed last answered true. Missing keys and values are kept too.
     ByText<KeyFound> keys_; // by the base's id and the path as the caller spelled it
     ByText<Value> values_;  // by the key's id and the name as the caller spelled it
     ById subkeys_;

@@ -21,7 +21,7 @@ public:
         if (IsActive()) End(false);
     }
 
-    // Whether it has not ended and is the calling thread's.
+    // True if it has not ended and belongs to the calling thread.
     bool IsActive() const {
         return active_ && thread_ == std::this_thread::get_id() && generation_ == RootGeneration();
     }
@@ -53,7 +53,7 @@ public:
 private:
     const std::thread::id thread_ = std::this_thread::get_id();
     const uint32_t generation_ = RootGeneration();
-    std::vector<Store*> stores_; // of this thread, in the order in which they were covered
+    std::vector<Store*> stores_; // of this thread, in the order in which they joined
     bool active_ = true;
 };
 

@@ -1,4 +1,4 @@
-// Transactions of callers and of the layer's own records.
+// Transactions of callers, and those for the layer's own records.
 #pragma once
 
 #include "registry/locations.h"
@@ -9,13 +9,13 @@
 namespace win32host::registry {
 
 // Makes a transaction (a handle of CreateTransaction) cover what the calling thread does in a
-// registry. Others may write there meanwhile unless it is for `writing`; one that began without can
-// still write as long as nobody else has, and gets ERROR_BUSY otherwise.
+// registry. Others may write there meanwhile unless it is for `writing`. One that is not can still
+// write as long as nobody else has, and gets ERROR_BUSY otherwise.
 LSTATUS Enlist(HANDLE transaction, Location location, bool writing);
 
-// Covers what the calling thread does in the registry of a key until it is committed; what is not
-// goes with the object. Inside another transaction of the thread it is a part of that. Nothing
-// throws.
+// Covers what the calling thread does in the registry of a key until Commit; without that,
+// everything is undone when the object is destroyed. Inside another transaction of the thread it is
+// part of that. Nothing throws.
 class KeyTransaction {
 public:
     explicit KeyTransaction(HKEY key) noexcept;
@@ -23,7 +23,7 @@ public:
     KeyTransaction(const KeyTransaction&) = delete;
     KeyTransaction& operator=(const KeyTransaction&) = delete;
 
-    // Commits when all that was done is well; the first error otherwise.
+    // Commits if `done` is success. Answers the first error otherwise.
     LSTATUS Commit(LSTATUS done) noexcept;
 
 private:

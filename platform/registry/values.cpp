@@ -12,7 +12,7 @@ bool IsText(DWORD type) {
     return type == REG_SZ || type == REG_EXPAND_SZ || type == REG_MULTI_SZ;
 }
 
-// Whether the text ends in a terminator.
+// True if the text ends in a terminator.
 bool IsTerminated(const std::string& bytes) {
     WCHAR last = 0;
     if (bytes.size() < sizeof(last)) return false;
@@ -20,7 +20,7 @@ bool IsTerminated(const std::string& bytes) {
     return last == 0;
 }
 
-// Answers type, bytes and size as the caller wants them.
+// Answers type, bytes and size in the way the caller wants them.
 LSTATUS Deliver(const Value& value, LPDWORD type, LPBYTE data, LPDWORD size) {
     if (type) *type = value.type;
     if (!size) return ERROR_SUCCESS;
@@ -29,7 +29,7 @@ LSTATUS Deliver(const Value& value, LPDWORD type, LPBYTE data, LPDWORD size) {
     if (!data) return ERROR_SUCCESS;
     if (value.bytes.size() > room) return ERROR_MORE_DATA;
     std::memcpy(data, value.bytes.data(), value.bytes.size());
-    // A text that was stored without its terminator gets one where there is room for it.
+    // A text that was stored without a terminator gets one if there is room for it.
     if (IsText(value.type) && !IsTerminated(value.bytes) &&
         room - value.bytes.size() >= sizeof(WCHAR))
         std::memset(data + value.bytes.size(), 0, sizeof(WCHAR));
@@ -98,7 +98,7 @@ LSTATUS WINAPI RegEnumValueW(HKEY key, DWORD index, LPWSTR name, LPDWORD name_si
                 const Value* value = nullptr;
                 status = base.store->Read(base.id, found, value);
                 if (status != ERROR_SUCCESS) return status;
-                if (!value->found) continue; // deleted since it was listed: the list has changed
+                if (!value->found) continue; // deleted since it was listed, so the list has changed
                 status = Deliver(*value, type, data, size);
             }
             std::memcpy(name, found.c_str(), (found.size() + 1) * sizeof(WCHAR));

@@ -18,7 +18,7 @@ namespace win32host {
 namespace {
 
 constexpr size_t kComputerNameUnits = 15;
-// Numbers of accounts that the system did not make itself begin here.
+// The numbers of accounts that the system did not make itself start here.
 constexpr DWORD kFirstRid = 1000;
 
 struct BuiltinGroup {
@@ -32,7 +32,7 @@ constexpr BuiltinGroup kBuiltinGroups[] = {
     {DOMAIN_ALIAS_RID_POWER_USERS, u"Power Users"},
 };
 
-std::mutex g_lock;
+std::mutex g_accounts_lock;
 std::optional<UserFacts> g_user; // what SetUser gave
 
 std::u16string HostComputerName() {
@@ -45,7 +45,7 @@ std::u16string HostComputerName() {
     return name;
 }
 
-// Numbers of the machine's users and groups share one range, users even and groups odd.
+// The machine's users and groups share one range of numbers: users have even ones, groups odd ones.
 DWORD RidOfUser(uid_t id) {
     return kFirstRid + id * 2;
 }
@@ -95,7 +95,7 @@ UserFacts HostUser() {
 
 UserFacts User() {
     {
-        std::lock_guard guard(g_lock);
+        std::lock_guard guard(g_accounts_lock);
         if (g_user) return *g_user;
     }
     static const UserFacts* const host = new UserFacts(HostUser());
@@ -110,8 +110,8 @@ std::vector<BYTE> MakeSid(BYTE authority, const std::vector<DWORD>& numbers) {
     return sid;
 }
 
-// The identifier of an account of a computer or domain. Each has three numbers of its own, which
-// come from its name here, so that they are the same each time.
+// The identifier of an account of a computer or domain. A computer or domain has three numbers of
+// its own, which are made from its name here, so that they are always the same.
 std::vector<BYTE> DomainSid(const std::u16string& domain, DWORD rid) {
     uint64_t hash = 14695981039346656037u;
     for (char16_t unit : domain) hash = (hash ^ UpperOf(unit)) * 1099511628211u;
@@ -126,12 +126,12 @@ std::vector<BYTE> BuiltinSid(DWORD rid) {
 } // namespace
 
 void SetUser(const UserFacts& user) {
-    std::lock_guard guard(g_lock);
+    std::lock_guard guard(g_accounts_lock);
     g_user = user;
 }
 
 void UseProcessUser() {
-    std::lock_guard guard(g_lock);
+    std::lock_guard guard(g_accounts_lock);
     g_user.reset();
 }
 

@@ -12,7 +12,7 @@ namespace win32host {
 struct Account {
     std::u16string name;
     std::u16string domain;
-    std::vector<BYTE> sid; // a whole SID
+    std::vector<BYTE> sid; // a complete SID
     SID_NAME_USE use;
     bool in_token = false; // a group that the user belongs to
 };

@@ -19,7 +19,7 @@ bool IsThisComputer(LPCWSTR system) {
     return name.empty() || SameName(name, ComputerName());
 }
 
-// Whether "name" or "DOMAIN\name" names the account.
+// True if `text`, "name" or "DOMAIN\name", names the account.
 bool Names(std::u16string_view text, const Account& account) {
     const size_t bar = text.find(u'\\');
     if (bar == std::u16string_view::npos) return SameName(text, account.name);
@@ -27,7 +27,7 @@ bool Names(std::u16string_view text, const Account& account) {
            SameName(text.substr(bar + 1), account.name);
 }
 
-// A text for the caller, with the room that the caller named.
+// A text for the caller, and the room that the caller has for it.
 class TextResult {
 public:
     TextResult(const std::u16string& text, LPWSTR buffer, LPDWORD size)

@@ -13,12 +13,12 @@ namespace {
 const std::u16string kConnections = u"Printers\\Connections";
 
 // "\\SERVER\NAME" as one key: ",,SERVER,NAME". A server's name has no comma.
-std::u16string KeyOf(std::u16string full_name) {
+std::u16string ConnectionKey(std::u16string full_name) {
     std::replace(full_name.begin(), full_name.end(), u'\\', u',');
     return full_name;
 }
 
-// The full name that a key stands for; empty when it is no connection's.
+// The full name that a key stands for; empty if it is not a connection's.
 std::u16string NameOf(std::u16string key) {
     if (!key.starts_with(u",,")) return {};
     const size_t end = key.find(u',', 2);
@@ -27,7 +27,7 @@ std::u16string NameOf(std::u16string key) {
     return key;
 }
 
-// Has the printer's driver on this machine too, with its files.
+// Installs the printer's driver on this machine too, with its files.
 DWORD BringDriver(const PrintServer& server, const std::u16string& name) {
     const auto local = PrintServer::Named({});
     if (ReadDriver(*local, name)) return ERROR_SUCCESS;
@@ -70,11 +70,11 @@ extern "C" BOOL WINAPI AddPrinterConnectionW(LPWSTR name) {
         RegistryKey connections, key;
         LSTATUS status = connections.Create(HKEY_CURRENT_USER, kConnections);
         if (status != ERROR_SUCCESS) return Fail(static_cast<DWORD>(status));
-        if (key.Open(connections.get(), KeyOf(full_name)) == ERROR_SUCCESS) return TRUE;
+        if (key.Open(connections.get(), ConnectionKey(full_name)) == ERROR_SUCCESS) return TRUE;
         if (const DWORD code = BringDriver(*server, printer->driver)) return Fail(code);
-        status = key.Create(connections.get(), KeyOf(full_name));
+        status = key.Create(connections.get(), ConnectionKey(full_name));
         if (status == ERROR_SUCCESS) status = key.SetText(u"Server", server->Name());
-        // So that the driver can be told of the end when the server is not there any more.
+        // This lets the driver be told of the end even if the server no longer exists.
         if (status == ERROR_SUCCESS) status = key.SetText(u"Printer Driver", printer->driver);
         if (status != ERROR_SUCCESS) return Fail(static_cast<DWORD>(status));
         if (const auto library = LoadDriver(printer->driver))
@@ -90,12 +90,12 @@ extern "C" BOOL WINAPI DeletePrinterConnectionW(LPWSTR name) {
         RegistryKey connections, key;
         if (parts.server.empty() || parts.printer.empty() ||
             connections.Open(HKEY_CURRENT_USER, kConnections, KEY_ALL_ACCESS) != ERROR_SUCCESS ||
-            key.Open(connections.get(), KeyOf(full_name)) != ERROR_SUCCESS)
+            key.Open(connections.get(), ConnectionKey(full_name)) != ERROR_SUCCESS)
             return Fail(ERROR_INVALID_PRINTER_NAME);
         if (const auto library = LoadDriver(key.Text(u"Printer Driver")))
             library->RaisePrinterEvent(full_name, PRINTER_EVENT_DELETE_CONNECTION, 0, 0);
         key.Close();
-        const LSTATUS status = connections.DeleteTree(KeyOf(full_name));
+        const LSTATUS status = connections.DeleteTree(ConnectionKey(full_name));
         return status == ERROR_SUCCESS ? TRUE : Fail(static_cast<DWORD>(status));
     });
 }

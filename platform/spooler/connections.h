@@ -6,7 +6,7 @@
 
 namespace win32host {
 
-// Their full names, in the order of their making.
+// Their full names, in the order in which they were made.
 std::vector<std::u16string> ConnectionNames();
 
 } // namespace win32host

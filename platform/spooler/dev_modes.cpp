@@ -15,11 +15,11 @@ const std::u16string kUserDevModes = u"Printers\\DevModePerUser";
 
 constexpr size_t kLargest = 2 * size_t{0xFFFF}; // dmSize and dmDriverExtra have 16 bits
 
-// Versions and sizes lie together.
+// Versions and sizes are adjacent.
 constexpr size_t kLayout = offsetof(DEVMODEW, dmSpecVersion);
 constexpr size_t kLayoutSize = offsetof(DEVMODEW, dmFields) - kLayout;
 
-// Runs a conversion into `out`, which ends up as long as the driver says; empty when it fails.
+// Runs a conversion into `out`, which becomes as long as the driver says; empty if it fails.
 void Convert(const DriverLibrary& library, const std::u16string& printer, std::vector<BYTE>* in,
              std::vector<BYTE>& out, DWORD mode) {
     DWORD size = static_cast<DWORD>(out.size());

@@ -15,7 +15,7 @@ namespace fs = std::filesystem;
 namespace win32host {
 namespace {
 
-struct Copy {
+struct FileCopy {
     fs::path from;
     fs::path to;
 };
@@ -25,7 +25,7 @@ bool IsFile(const std::optional<std::string>& path) {
     return path && fs::is_regular_file(*path, ignored);
 }
 
-// Where the file named in an installation is now.
+// The present place of a file that is to be installed.
 std::optional<std::string> FindSource(const PrintServer& server, const std::u16string& file) {
     if (file.find_first_of(u"\\/:") != std::u16string::npos) return HostPath(file);
     auto source = HostPath(server.DriverFolder() + u'\\' + file);
@@ -38,13 +38,14 @@ DWORD Failure(const std::error_code& error, const fs::path& path) {
     return GetLastError();
 }
 
-DWORD CopyWhole(const Copy& copy) {
+DWORD CopyWhole(const FileCopy& copy) {
     static std::atomic<unsigned> count{0};
     fs::path aside = copy.to;
     aside += ".new" + std::to_string(getpid()) + "-" + std::to_string(count.fetch_add(1));
     std::error_code error;
     fs::copy_file(copy.from, aside, fs::copy_options::overwrite_existing, error);
-    // Like the system's copies it is as old as its source: that is how newer files are known.
+    // Like the system's copies it keeps the time of its source, as newer files are recognised by
+    // that.
     if (!error) fs::last_write_time(aside, fs::last_write_time(copy.from, error), error);
     if (!error) fs::rename(aside, copy.to, error);
     if (!error) return ERROR_SUCCESS;
@@ -63,7 +64,7 @@ DWORD InstallDriverFiles(const PrintServer& server, const std::vector<std::u16st
     fs::create_directories(*folder, error);
     if (error) return Failure(error, *folder);
 
-    std::vector<Copy> copies;
+    std::vector<FileCopy> copies;
     for (const std::u16string& file : files) {
         const auto from = FindSource(server, file);
         const auto to =
@@ -81,7 +82,7 @@ DWORD InstallDriverFiles(const PrintServer& server, const std::vector<std::u16st
         }
         copies.push_back({*from, *to});
     }
-    for (const Copy& copy : copies) {
+    for (const FileCopy& copy : copies) {
         if (const DWORD code = CopyWhole(copy); code != ERROR_SUCCESS) return code;
     }
     return ERROR_SUCCESS;

@@ -1,4 +1,4 @@
-// The files of drivers: from where an installation finds them to where they lie afterwards.
+// The files of drivers and their way to the folder of installed drivers.
 #pragma once
 
 #include "spooler/print_server.h"
@@ -8,11 +8,11 @@
 
 namespace win32host {
 
-// Brings the files to the machine's folder of installed drivers. Each is named with its path, or
-// without a folder when it was put into the driver folder or is installed already. `flags` is one
-// of the APD_ numbers that say what happens to newer and older files there. Nothing is copied
-// unless all files are there (else ERROR_FILE_NOT_FOUND) and may be copied. Each file appears
-// whole: it is written aside and renamed. Answers an error code.
+// Copies the files to the machine's folder of installed drivers. Each is named with its path, or
+// without a folder if it was put into the driver folder or is already installed. `flags` is one of
+// the APD_ numbers that say what happens to newer and older files there. Nothing is copied unless
+// all files exist (else ERROR_FILE_NOT_FOUND) and may be copied. Each file appears complete: it is
+// written aside and renamed. Answers an error code.
 DWORD InstallDriverFiles(const PrintServer& server, const std::vector<std::u16string>& files,
                          DWORD flags);
 

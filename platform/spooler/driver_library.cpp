@@ -33,7 +33,7 @@ Loaded& TheLoaded() {
     return *loaded;
 }
 
-std::u16string KeyOf(std::u16string file) {
+std::u16string LibraryKey(std::u16string file) {
     for (char16_t& unit : file) unit = UpperOf(unit);
     return file;
 }
@@ -42,7 +42,7 @@ std::u16string KeyOf(std::u16string file) {
 
 std::shared_ptr<const DriverLibrary> DriverLibrary::Load(const std::u16string& file) {
     Loaded& loaded = TheLoaded();
-    const std::u16string key = KeyOf(file);
+    const std::u16string key = LibraryKey(file);
     decltype(loaded.libraries) left_behind; // freed without the lock: a driver may call us
     {
         std::lock_guard guard(loaded.lock);
@@ -65,7 +65,7 @@ void DriverLibrary::Drop(const std::u16string& file) {
     Loaded& loaded = TheLoaded();
     std::shared_ptr<const DriverLibrary> dropped;
     std::lock_guard guard(loaded.lock);
-    if (auto found = loaded.libraries.find(KeyOf(file)); found != loaded.libraries.end()) {
+    if (auto found = loaded.libraries.find(LibraryKey(file)); found != loaded.libraries.end()) {
         dropped = std::move(found->second);
         loaded.libraries.erase(found);
     }
@@ -87,14 +87,14 @@ DriverLibrary::~DriverLibrary() {
 bool DriverLibrary::RaisePrinterEvent(const std::u16string& printer, int event, DWORD flags,
                                       LPARAM parameter) const {
     if (!printer_event_) return true;
-    std::u16string name = printer; // the driver's to write into
+    std::u16string name = printer; // the driver may write into it
     return As<PrinterEventFunction>(printer_event_)(name.data(), event, flags, parameter) != FALSE;
 }
 
 bool DriverLibrary::UpgradePrinter(const std::u16string& printer) const {
     if (!upgrade_) return true;
     std::u16string name = printer;
-    // The files of a driver are replaced where they lie: there is no folder of the old ones.
+    // A driver's files are replaced in place: there is no folder with the old ones.
     DRIVER_UPGRADE_INFO_1W info = {name.data(), nullptr};
     return As<UpgradeFunction>(upgrade_)(1, reinterpret_cast<LPBYTE>(&info)) != FALSE;
 }

@@ -1,4 +1,4 @@
-// A driver's configuration module, loaded to be called.
+// A driver's configuration module, loaded and ready to call.
 #pragma once
 
 #include <windows.h>
@@ -12,12 +12,12 @@ namespace win32host {
 
 class DriverLibrary {
 public:
-    // The library with this full name. It stays loaded for the calls to come until it is dropped or
-    // the root folder changes. Null with the loader's error.
+    // The library with this full name. It stays loaded for later calls until it is dropped or the
+    // root folder changes. Null, with the loader's error, on failure.
     static std::shared_ptr<const DriverLibrary> Load(const std::u16string& file);
 
-    // Lets go of the library, because its file or its last printer changes. Calls that are in it
-    // end first.
+    // Unloads the library because its file changes or one of its printers goes. Running calls end
+    // first.
     static void Drop(const std::u16string& file);
 
     explicit DriverLibrary(HMODULE module);
@@ -25,27 +25,27 @@ public:
     DriverLibrary(const DriverLibrary&) = delete;
     DriverLibrary& operator=(const DriverLibrary&) = delete;
 
-    // DrvPrinterEvent; true also when the driver has none.
+    // Calls DrvPrinterEvent. Also true if the driver has none.
     bool RaisePrinterEvent(const std::u16string& printer, int event, DWORD flags,
                            LPARAM parameter) const;
 
-    // DrvUpgradePrinter for a printer of a driver that was replaced; true also when the driver has
+    // Calls DrvUpgradePrinter for a printer whose driver was replaced. Also true if the driver has
     // none.
     bool UpgradePrinter(const std::u16string& printer) const;
 
-    // DrvDeviceCapabilities; -1 when the driver has none.
+    // Calls DrvDeviceCapabilities; -1 if the driver has none.
     int DeviceCapabilities(HANDLE printer, const std::u16string& device, WORD capability,
                            LPWSTR output, const DEVMODEW* dev_mode) const;
 
-    // DrvConvertDevMode. `size` is the room in `output` and receives the size that it takes or
-    // took. False, with size 0, when the driver has none.
+    // Calls DrvConvertDevMode. `size` is the room in `output` and receives the size that is needed
+    // or used. False, with size 0, if the driver has none.
     bool ConvertDevMode(const std::u16string& printer, void* input, void* output, DWORD& size,
                         DWORD mode) const;
 
-    // DrvDocumentPropertySheets without property sheets; -1 when the driver has none.
+    // Calls DrvDocumentPropertySheets without property sheets; -1 if the driver has none.
     LONG DocumentProperties(DOCUMENTPROPERTYHEADER& header) const;
 
-    // DrvDocumentEvent; DOCUMENTEVENT_UNSUPPORTED when the driver has none.
+    // Calls DrvDocumentEvent; DOCUMENTEVENT_UNSUPPORTED if the driver has none.
     int DocumentEvent(HANDLE printer, HDC dc, int event, ULONG input_size, void* input,
                       ULONG output_size, void* output) const;
 

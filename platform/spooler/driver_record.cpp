@@ -9,7 +9,7 @@
 namespace win32host {
 namespace {
 
-constexpr char16_t kDriver[] = u"Driver";
+constexpr char16_t kDriverFile[] = u"Driver";
 constexpr char16_t kConfigFile[] = u"Configuration File";
 constexpr char16_t kDependentFiles[] = u"Dependent Files";
 constexpr char16_t kPreviousNames[] = u"Previous Names";
@@ -17,11 +17,11 @@ constexpr char16_t kVersion[] = u"Version";
 constexpr char16_t kDriverDate[] = u"DriverDate";
 constexpr char16_t kDriverVersion[] = u"DriverVersion";
 
-struct TextValue {
+struct DriverText {
     const char16_t* name;
     std::u16string DriverRecord::*member;
 };
-constexpr TextValue kTexts[] = {
+constexpr DriverText kDriverTexts[] = {
     {u"Data File", &DriverRecord::data_file}, {kConfigFile, &DriverRecord::config_file},
     {u"Help File", &DriverRecord::help_file}, {u"Monitor", &DriverRecord::monitor},
     {u"Datatype", &DriverRecord::datatype},   {u"Manufacturer", &DriverRecord::manufacturer},
@@ -38,15 +38,15 @@ void ReadBytes(const RegistryKey& key, const char16_t* name, T& target) {
 std::optional<DriverRecord> ReadKey(const RegistryKey& key, const std::u16string& name) {
     DriverRecord record;
     record.name = name;
-    record.driver_file = key.Text(kDriver);
+    record.driver_file = key.Text(kDriverFile);
     if (record.driver_file.empty()) return std::nullopt;
-    for (const TextValue& text : kTexts) record.*text.member = key.Text(text.name);
+    for (const DriverText& text : kDriverTexts) record.*text.member = key.Text(text.name);
     record.version = key.Number(kVersion, record.version);
     record.dependent_files = key.Texts(kDependentFiles);
     record.previous_names = key.Texts(kPreviousNames);
     ReadBytes(key, kDriverDate, record.date);
     ReadBytes(key, kDriverVersion, record.driver_version);
-    if (key.HasFailed()) return std::nullopt; // half a record is none
+    if (key.HasFailed()) return std::nullopt; // half a record does not count
     return record;
 }
 
@@ -79,7 +79,7 @@ std::optional<DriverRecord> ReadDriver(const PrintServer& server, const std::u16
 std::u16string ReadConfigFile(const PrintServer& server, const std::u16string& name) {
     RegistryKey key;
     if (!IsDriverName(name) || server.OpenDriver(name, key) != ERROR_SUCCESS ||
-        key.Text(kDriver).empty())
+        key.Text(kDriverFile).empty())
         return {};
     return key.Text(kConfigFile);
 }
@@ -106,13 +106,13 @@ LSTATUS WriteDriver(const PrintServer& server, const DriverRecord& record) {
     };
     if (status != ERROR_SUCCESS) return status;
     registry::KeyTransaction transaction(key.get());
-    for (const TextValue& text : kTexts) then(key.SetText(text.name, record.*text.member));
+    for (const DriverText& text : kDriverTexts) then(key.SetText(text.name, record.*text.member));
     then(key.SetTexts(kDependentFiles, record.dependent_files));
     then(key.SetTexts(kPreviousNames, record.previous_names));
     then(key.SetNumber(kVersion, record.version));
     then(key.SetBytes(kDriverDate, &record.date, sizeof record.date));
     then(key.SetBytes(kDriverVersion, &record.driver_version, sizeof record.driver_version));
-    if (status == ERROR_SUCCESS) status = key.SetText(kDriver, record.driver_file);
+    if (status == ERROR_SUCCESS) status = key.SetText(kDriverFile, record.driver_file);
     return transaction.Commit(status);
 }
 

@@ -1,4 +1,4 @@
-// One driver as the registry keeps it: its files by name, without folders.
+// One driver as it is in the registry: its files by name, without folders.
 #pragma once
 
 #include "spooler/print_server.h"
@@ -27,21 +27,21 @@ struct DriverRecord {
     std::u16string hardware_id;
     std::u16string provider;
 
-    // Every file, each once.
+    // All files, each of them once.
     std::vector<std::u16string> Files() const;
 };
 
-// What can be a driver's name: not empty, no backslash.
+// True for a valid driver name: not empty and without a backslash.
 bool IsDriverName(const std::u16string& name);
 
-// The driver's record as it is now, or nothing when there is no such driver.
+// The driver's current record, or nothing if there is no such driver.
 std::optional<DriverRecord> ReadDriver(const PrintServer& server, const std::u16string& name);
-// Its configuration file alone; empty when there is no such driver.
+// Only its configuration file; empty if there is no such driver.
 std::u16string ReadConfigFile(const PrintServer& server, const std::u16string& name);
 // All drivers, in the order of their installation.
 std::vector<DriverRecord> ReadDrivers(const PrintServer& server);
 
-// Writes the record over one that is there. The driver file is written last: a driver without one
+// Writes the record over an existing one. The driver file is written last: a driver without one
 // does not exist.
 LSTATUS WriteDriver(const PrintServer& server, const DriverRecord& record);
 LSTATUS EraseDriver(const PrintServer& server, const std::u16string& name);

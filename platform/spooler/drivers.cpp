@@ -18,7 +18,7 @@ bool IsDriverLevel(DWORD level) {
     return level == 2 || level == 3 || level == 6;
 }
 
-// The record as one of the DRIVER_INFO_ structures, which are beginnings of one another.
+// The record as one of the DRIVER_INFO_ structures, each of which starts with the next smaller one.
 template <class Info>
 void Put(LevelWriter& writer, size_t index, const DriverRecord& record,
          const std::u16string& folder) {
@@ -71,17 +71,13 @@ BOOL Fill(LPBYTE buffer, DWORD size, LPDWORD needed, DWORD level,
     });
 }
 
-std::u16string Copy(LPCWSTR text) {
-    return text ? text : u"";
-}
-
 std::vector<std::u16string> CopyList(LPCWSTR texts) {
     std::vector<std::u16string> list;
     for (; texts && *texts; texts += list.back().size() + 1) list.emplace_back(texts);
     return list;
 }
 
-// The files as the caller names them, and the record with their names alone.
+// The files as the caller names them, and the record with only their names.
 struct NewDriver {
     DriverRecord record;
     std::vector<std::u16string> files;
@@ -96,30 +92,30 @@ NewDriver NewDriverOf(DWORD level, const BYTE* info) {
         return std::u16string(FileNameOf(file));
     };
     DriverRecord& record = driver.record;
-    record.name = Copy(wanted.pName);
+    record.name = CopyOf(wanted.pName);
     record.version = wanted.cVersion;
-    record.driver_file = take(Copy(wanted.pDriverPath));
-    record.data_file = take(Copy(wanted.pDataFile));
-    record.config_file = take(Copy(wanted.pConfigFile));
-    record.help_file = take(Copy(wanted.pHelpFile));
+    record.driver_file = take(CopyOf(wanted.pDriverPath));
+    record.data_file = take(CopyOf(wanted.pDataFile));
+    record.config_file = take(CopyOf(wanted.pConfigFile));
+    record.help_file = take(CopyOf(wanted.pHelpFile));
     for (const std::u16string& file : CopyList(wanted.pDependentFiles))
         record.dependent_files.push_back(take(file));
-    record.monitor = Copy(wanted.pMonitorName);
-    record.datatype = Copy(wanted.pDefaultDataType);
+    record.monitor = CopyOf(wanted.pMonitorName);
+    record.datatype = CopyOf(wanted.pDefaultDataType);
     if (level == 6) {
         const auto& whole = *reinterpret_cast<const DRIVER_INFO_6W*>(info);
         record.previous_names = CopyList(whole.pszzPreviousNames);
         record.date = whole.ftDriverDate;
         record.driver_version = whole.dwlDriverVersion;
-        record.manufacturer = Copy(whole.pszMfgName);
-        record.oem_url = Copy(whole.pszOEMUrl);
-        record.hardware_id = Copy(whole.pszHardwareID);
-        record.provider = Copy(whole.pszProvider);
+        record.manufacturer = CopyOf(whole.pszMfgName);
+        record.oem_url = CopyOf(whole.pszOEMUrl);
+        record.hardware_id = CopyOf(whole.pszHardwareID);
+        record.provider = CopyOf(whole.pszProvider);
     }
     return driver;
 }
 
-// Exactly one of the ways to treat files that are there.
+// True if exactly one way to treat existing files is given.
 bool IsCopyMode(DWORD flags) {
     const DWORD mode = flags & ~DWORD{APD_COPY_FROM_DIRECTORY};
     return mode == APD_STRICT_UPGRADE || mode == APD_STRICT_DOWNGRADE ||
@@ -128,8 +124,8 @@ bool IsCopyMode(DWORD flags) {
 
 constexpr DWORD kUserModeVersion = 3;
 
-// The printers that had the driver before have a new one now, which is told so; they stay as they
-// are when it fails.
+// Tells the driver of every printer that had its previous version. A printer stays as it is if the
+// driver fails.
 void UpgradePrinters(const PrintServer& server, const std::u16string& driver) {
     std::shared_ptr<const DriverLibrary> library;
     for (const PrinterRecord& printer : ReadPrinters(server, false)) {
@@ -145,7 +141,7 @@ void UpgradePrinters(const PrintServer& server, const std::u16string& driver) {
 extern "C" BOOL WINAPI AddPrinterDriverExW(LPWSTR server_name, DWORD level, PBYTE info,
                                            DWORD flags) {
     return Guarded(FALSE, [&] {
-        const auto server = PrintServer::Named(Copy(server_name));
+        const auto server = PrintServer::Named(CopyOf(server_name));
         if (!server) return FALSE;
         if (level != 3 && level != 6) return Fail(ERROR_INVALID_LEVEL);
         if (!info || !IsCopyMode(flags)) return Fail(ERROR_INVALID_PARAMETER);
@@ -174,11 +170,11 @@ extern "C" BOOL WINAPI AddPrinterDriverW(LPWSTR server, DWORD level, LPBYTE info
 
 extern "C" BOOL WINAPI DeletePrinterDriverW(LPWSTR server_name, LPWSTR environment, LPWSTR name) {
     return Guarded(FALSE, [&] {
-        const auto server = PrintServer::Named(Copy(server_name));
+        const auto server = PrintServer::Named(CopyOf(server_name));
         if (!server) return FALSE;
         if (!IsKnownEnvironment(environment)) return Fail(ERROR_INVALID_ENVIRONMENT);
         if (!MayAdminister()) return Fail(ERROR_ACCESS_DENIED);
-        const std::u16string driver = Copy(name);
+        const std::u16string driver = CopyOf(name);
         if (server->IsLocal()) DropDriver(driver);
         SpoolerLock lock(*server);
         if (!ReadDriver(*server, driver)) return Fail(ERROR_UNKNOWN_PRINTER_DRIVER);
@@ -198,7 +194,7 @@ extern "C" BOOL WINAPI EnumPrinterDriversW(LPWSTR server_name, LPWSTR environmen
     return Guarded(FALSE, [&] {
         if (!needed || !returned) return Fail(ERROR_INVALID_PARAMETER);
         *needed = *returned = 0;
-        const auto server = PrintServer::Named(Copy(server_name));
+        const auto server = PrintServer::Named(CopyOf(server_name));
         if (!server) return FALSE;
         if (!IsKnownEnvironment(environment)) return Fail(ERROR_INVALID_ENVIRONMENT);
         if (!IsDriverLevel(level)) return Fail(ERROR_INVALID_LEVEL);
@@ -248,7 +244,7 @@ extern "C" BOOL WINAPI GetPrinterDriverDirectoryW(LPWSTR server_name, LPWSTR env
                                                   LPDWORD needed) {
     return Guarded(FALSE, [&] {
         if (!needed) return Fail(ERROR_INVALID_PARAMETER);
-        const auto server = PrintServer::Named(Copy(server_name));
+        const auto server = PrintServer::Named(CopyOf(server_name));
         if (!server) return FALSE;
         if (!IsKnownEnvironment(environment)) return Fail(ERROR_INVALID_ENVIRONMENT);
         if (level != 1) return Fail(ERROR_INVALID_LEVEL);

@@ -9,7 +9,7 @@ using namespace win32host;
 
 namespace {
 
-// Printers with all that ShownPrinter points to.
+// Printers with everything that ShownPrinter points to.
 struct PrinterList {
     std::deque<PrinterRecord> records;
     std::deque<std::shared_ptr<PrintServer>> servers; // one per record
@@ -19,11 +19,11 @@ struct PrinterList {
         servers.push_back(server);
     }
     void AddAll(const std::shared_ptr<PrintServer>& server, bool shared_only, DWORD level) {
-        // Level 4 is there to be quick.
+        // Level 4 exists to be quick.
         for (PrinterRecord& record : ReadPrinters(*server, shared_only, level == 4))
             Add(std::move(record), server);
     }
-    // Connections whose server cannot be asked are not listed.
+    // Connections whose server cannot be reached are not listed.
     void AddConnections(bool shared_only) {
         for (const std::u16string& name : ConnectionNames()) {
             const PrinterName parts = SplitPrinterName(name);

@@ -49,7 +49,7 @@ std::string Reason(int error) {
 
 // Copies the rest of `from`; 0 or an errno value.
 template <class Write>
-int Copy(int from, const Write& write_some) {
+int CopyRest(int from, const Write& write_some) {
     char block[16384];
     for (;;) {
         const ssize_t count = read(from, block, sizeof block);
@@ -92,8 +92,8 @@ int Connect(int socket, const addrinfo& address) {
     return 0;
 }
 
-// Says that all is sent and takes what the printer answers: closing a connection with an answer
-// in it may take away from the printer what it has not read yet.
+// Signals the end and reads the printer's answer. Closing a connection with an unread answer may
+// discard data that the printer has not read yet.
 void Finish(int socket) {
     shutdown(socket, SHUT_WR);
     char answer[1024];
@@ -102,7 +102,7 @@ void Finish(int socket) {
     }
 }
 
-// What follows answers what went wrong, nothing when all is well.
+// The functions below answer what went wrong, or an empty text.
 std::string SendToNetwork(const NetworkAddress& port, int job) {
     const std::string number = std::to_string(port.port);
     const std::string place = port.host + ':' + number;
@@ -126,7 +126,7 @@ std::string SendToNetwork(const NetworkAddress& port, int job) {
         freeaddrinfo(found);
         const timeval limit = {kSendSeconds, 0};
         setsockopt(socket_file.get(), SOL_SOCKET, SO_SNDTIMEO, &limit, sizeof limit);
-        error = Copy(job, [&](const char* bytes, size_t size) {
+        error = CopyRest(job, [&](const char* bytes, size_t size) {
             return send(socket_file.get(), bytes, size, MSG_NOSIGNAL);
         });
         if (error) return "cannot send to " + place + ": " + Reason(error);
@@ -140,11 +140,11 @@ std::string SendToNetwork(const NetworkAddress& port, int job) {
 std::string SendToPath(const PrintServer& server, const std::u16string& port, int job) {
     const auto path = server.HostPath(port);
     if (!path) return "cannot find " + Utf8(port);
-    // A file is written aside: the one that is there stays until there is another.
+    // A file is written aside, so that the old one stays until the new one is complete.
     struct stat info = {};
     const bool is_file = stat(path->c_str(), &info) != 0 || S_ISREG(info.st_mode);
     const std::string name = is_file ? *path + ".new" + std::to_string(getpid()) : *path;
-    // Without O_NONBLOCK a pipe that nobody reads would hold us for ever.
+    // Without O_NONBLOCK a pipe that nobody reads would block forever.
     const File target(FailureAt(FAULT_PORT_OPEN)
                           ? (errno = ENOSPC, -1)
                           : open(name.c_str(),
@@ -152,8 +152,8 @@ std::string SendToPath(const PrintServer& server, const std::u16string& port, in
                                  0666));
     if (!target) return "cannot open " + Utf8(port) + ": " + Reason(errno);
     fcntl(target.get(), F_SETFL, 0);
-    int error =
-        Copy(job, [&](const char* bytes, size_t size) { return write(target.get(), bytes, size); });
+    int error = CopyRest(
+        job, [&](const char* bytes, size_t size) { return write(target.get(), bytes, size); });
     if (is_file) {
         if (!error && info.st_mode) fchmod(target.get(), info.st_mode & 0777);
         if (!error && rename(name.c_str(), path->c_str()) != 0) error = errno;
@@ -168,7 +168,7 @@ std::string Send(const PrintServer& server, const std::u16string& port, int job)
     return "there is no way to the port " + Utf8(port);
 }
 
-// Whether the driver's monitor wants the job for itself.
+// True if the driver's monitor takes the job itself.
 bool IsForMonitor(const PrintServer& server, const std::u16string& printer, int job) {
     const auto monitor = LanguageMonitor::Of(server, printer);
     char start[64];

@@ -26,7 +26,7 @@ const char16_t kPages[] = u"Pages";
 const char16_t kSize[] = u"Size";
 const char16_t kSubmitted[] = u"Submitted";
 const char16_t kStatusText[] = u"Status Text";
-// Written last: a job without it is not there yet.
+// Written last: a job without it does not exist yet.
 const char16_t kStatus[] = u"Status";
 constexpr DWORD kNoStatus = 0xFFFFFFFF;
 
@@ -41,7 +41,7 @@ std::u16string KeyName(DWORD job) {
     return {digits.begin(), digits.end()};
 }
 
-// 0 for what is no job's key.
+// 0 if it is not a job's key.
 DWORD JobOfKey(const std::u16string& name) {
     uint64_t number = 0;
     for (const char16_t digit : name) {
@@ -77,7 +77,7 @@ std::optional<JobRecord> ReadKey(const RegistryKey& key, DWORD number) {
     return record;
 }
 
-// Whether nobody writes the job any more: its writer holds a lock on the file.
+// True if nobody writes the job any more; a writer holds a lock on the file.
 bool IsAbandoned(const PrintServer& server, DWORD job) {
     const int file = open(UnfinishedSpoolFile(server, job).c_str(), O_RDONLY | O_CLOEXEC);
     if (file < 0) return true;
@@ -163,7 +163,7 @@ LSTATUS EraseJob(const PrintServer& server, const std::u16string& printer, DWORD
     RegistryKey jobs;
     LSTATUS status = OpenJobs(server, printer, jobs);
     if (status == ERROR_SUCCESS) status = jobs.DeleteTree(KeyName(job));
-    // A job that is still there keeps its bytes.
+    // If the job still exists it keeps its bytes.
     if (status != ERROR_SUCCESS && status != ERROR_FILE_NOT_FOUND) return status;
     unlink(SpoolFile(server, job).c_str());
     unlink(UnfinishedSpoolFile(server, job).c_str());

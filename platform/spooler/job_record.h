@@ -1,4 +1,4 @@
-// One job as the registry keeps it, below its printer, and its file in the spool folder.
+// One job as it is in the registry, below its printer, and its file in the spool folder.
 #pragma once
 
 #include "spooler/print_server.h"
@@ -27,22 +27,22 @@ struct JobRecord {
 std::string SpoolFile(const PrintServer& server, DWORD job);
 std::string UnfinishedSpoolFile(const PrintServer& server, DWORD job);
 
-// The jobs of a printer, the oldest first.
+// The jobs of a printer, oldest first.
 std::vector<JobRecord> ReadJobs(const PrintServer& server, const std::u16string& printer);
 std::optional<JobRecord> ReadJob(const PrintServer& server, const std::u16string& printer,
                                  DWORD job);
 DWORD CountJobs(const PrintServer& server, const std::u16string& printer);
 
-// A number that no other job of the machine has. Under the SpoolerLock; 0 on failure.
+// A number that no other job of the machine has, or 0 on failure. The caller holds the SpoolerLock.
 DWORD NewJobNumber(const PrintServer& server);
 
-// Writes the record. With `only_existing` a job that somebody has deleted meanwhile stays away.
+// Writes the record. With `only_existing` a job that somebody has deleted meanwhile stays deleted.
 LSTATUS WriteJob(const PrintServer& server, const std::u16string& printer, const JobRecord& record,
                  bool only_existing);
 
 // Deletes the record and the files.
 LSTATUS EraseJob(const PrintServer& server, const std::u16string& printer, DWORD job);
-// Deletes the jobs whose writers died. Under the SpoolerLock.
+// Deletes the jobs whose writers died. The caller holds the SpoolerLock.
 void EraseAbandonedJobs(const PrintServer& server, const std::u16string& printer);
 
 } // namespace win32host

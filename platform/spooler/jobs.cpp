@@ -1,4 +1,4 @@
-// What waits in the spooler.
+// The jobs in the spooler.
 #include "host/text.h"
 #include "host/user.h"
 #include "spooler/job_delivery.h"
@@ -17,10 +17,10 @@ struct ShownJobs {
     const OpenedPrinter& printer;
     const PrinterRecord& record;
     std::span<const JobRecord> jobs;
-    size_t position; // of the first of them
+    size_t position; // of the first one
 };
 
-// What both levels have.
+// The fields that both levels have.
 template <class Info>
 void PutCommon(LevelWriter& writer, const ShownJobs& shown, size_t index, Info& info) {
     const JobRecord& job = shown.jobs[index];
@@ -67,7 +67,7 @@ void PutJobs(LevelWriter& writer, const ShownJobs& shown) {
     }
 }
 
-// `shown` are jobs; the level is known.
+// Answers the jobs `shown`; the level has been checked.
 BOOL Answer(const ShownJobs& shown, DWORD level, LPBYTE buffer, DWORD size, LPDWORD needed) {
     return FillBuffer(buffer, size, needed, [&](LevelWriter& writer) {
         if (level == 1) PutJobs<JOB_INFO_1W>(writer, shown);

@@ -22,7 +22,7 @@ std::unique_ptr<LanguageMonitor> LanguageMonitor::Of(const PrintServer& server,
                                                      const std::u16string& printer) {
     const auto driver_name = ReadPrinterDriver(server, printer);
     if (!driver_name) return nullptr;
-    // Drivers are those of this machine, for the printers of others too.
+    // The drivers are those of this machine, also for the printers of others.
     const auto local = PrintServer::Named({});
     const auto driver = ReadDriver(*local, *driver_name);
     if (!driver || driver->monitor.empty()) return nullptr;

@@ -1,5 +1,5 @@
-// How the spooler fills a caller's buffer: the structures of an information level at its start, and
-// behind them the texts and blocks that they point to.
+// How the spooler fills a caller's buffer: with the structures of an information level, followed by
+// the texts and blocks that they point to.
 #pragma once
 
 #include <windows.h>
@@ -13,14 +13,14 @@
 
 namespace win32host {
 
-// Used twice with the same calls, first without a buffer to learn the size, then to write. Without
+// Used twice with the same calls: first without a buffer, to find the size, then to write. Without
 // a buffer the pointers it gives are null. Nothing is assumed about the buffer's alignment.
 class LevelWriter {
 public:
     explicit LevelWriter(LPBYTE buffer = nullptr)
         : buffer_(buffer) {}
 
-    // Room for `count` structures at the start; comes first.
+    // Reserves room for `count` structures at the start. To be called first.
     template <class Info>
     void Structures(size_t count) {
         used_ = count * sizeof(Info);
@@ -35,14 +35,14 @@ public:
         target = Terminated(std::string_view(Ansi(text)));
     }
 
-    // A text that points to nothing when it is empty.
+    // A text whose pointer is null if it is empty.
     template <class Char>
     void OptionalText(Char*& target, std::u16string_view text) {
         target = nullptr;
         if (!text.empty()) Text(target, text);
     }
 
-    // A list of texts: a zero behind each and one behind the last; two zeros when it is empty.
+    // A list of texts: a zero after each and another after the last; two zeros if it is empty.
     template <class Char>
     void Texts(Char*& target, const std::vector<std::u16string>& texts) {
         std::u16string all;
@@ -64,7 +64,7 @@ public:
     size_t used() const { return used_; }
 
 private:
-    // The next bytes, aligned for `Unit` as far as the buffer itself is; null without a buffer.
+    // The next bytes, aligned for `Unit` if the buffer itself is; null without a buffer.
     template <class Unit>
     LPBYTE Room(size_t size) {
         used_ = (used_ + alignof(Unit) - 1) / alignof(Unit) * alignof(Unit);

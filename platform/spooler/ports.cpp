@@ -18,10 +18,10 @@ const std::u16string kNetworkMonitors[] = {u"Valdrick Port", kStandardMonitor,
 
 struct Port {
     std::u16string name;
-    std::u16string monitor; // of the network ones; empty: the local one
+    std::u16string monitor; // one of the network monitors; empty: the local one
 };
 
-// What a monitor has set up for a port of its own.
+// The address that a monitor has set up for one of its ports.
 std::optional<NetworkAddress> AddressAt(const RegistryKey& ports, const std::u16string& name) {
     RegistryKey key;
     if (name.empty() || key.Open(ports.get(), name) != ERROR_SUCCESS) return std::nullopt;
@@ -33,14 +33,14 @@ std::optional<NetworkAddress> AddressAt(const RegistryKey& ports, const std::u16
     return address;
 }
 
-// A server has as many ports as printers, so that their list is not walked for one of them.
+// A server may have as many ports as printers, so this does not walk their list.
 bool IsRegistered(const PrintServer& server, const std::u16string& port) {
     if (SameName(port, kFilePort)) return true;
     RegistryKey key;
     return !port.empty() && server.OpenPorts(key) == ERROR_SUCCESS && key.Has(port);
 }
 
-// The monitor that has set a port up, and where the port leads.
+// The monitor that has set up a port, and where the port leads.
 struct SetUpPort {
     const std::u16string& monitor;
     NetworkAddress address;
@@ -79,7 +79,7 @@ std::optional<NetworkAddress> AddressInName(std::u16string_view port) {
     return address;
 }
 
-// All ports: "FILE:", the local ones, those of the network monitors.
+// All ports: "FILE:", the local ones and those of the network monitors.
 std::vector<Port> Ports(const PrintServer& server) {
     std::vector<Port> ports{{kFilePort, {}}};
     RegistryKey key;

@@ -29,7 +29,8 @@ DWORD GuardedCode(const Body& body) {
     return Guarded(DWORD{ERROR_NOT_ENOUGH_MEMORY}, body);
 }
 
-// A key of the printer's, its data key if no other is named, opened or made; an error code.
+// Opens or makes a key of the printer's; the name is the data key if no other is given. Answers an
+// error code.
 DWORD OpenData(const OpenedPrinter& printer, bool create, RegistryKey& key,
                const std::u16string& name = kData) {
     RegistryKey printer_key;
@@ -40,7 +41,7 @@ DWORD OpenData(const OpenedPrinter& printer, bool create, RegistryKey& key,
     return static_cast<DWORD>(status);
 }
 
-// Finds the printer of a handle that may change its data.
+// Opens a key of the printer of a handle, if the handle may change printer data.
 DWORD OpenDataToChange(HANDLE handle, RegistryKey& key, const std::u16string& name = kData) {
     const auto printer = FindPrinter(handle);
     if (!printer) return ERROR_INVALID_HANDLE;
@@ -48,7 +49,7 @@ DWORD OpenDataToChange(HANDLE handle, RegistryKey& key, const std::u16string& na
     return OpenData(*printer, true, key, name);
 }
 
-// The one thing that a print server tells of itself.
+// The only data that a print server has.
 DWORD ReadOfServer(const PrintServer& server, const std::u16string& name, Data& data) {
     if (!SameName(name, SPLREG_DEFAULT_SPOOL_DIRECTORY)) return ERROR_INVALID_HANDLE;
     const std::u16string folder = WindowsPath(server.SpoolFolder());
@@ -83,7 +84,7 @@ DWORD Read(HANDLE handle, const std::u16string& name, Data& data) {
     if (printer->Printer().empty()) return ReadOfServer(printer->Server(), name, data);
     const DWORD code = ReadValue(*printer, kData, name, data);
     if (code != ERROR_FILE_NOT_FOUND) return code;
-    // What nobody has stored may be known to the driver's monitor.
+    // The driver's monitor may know what nobody has stored.
     const auto monitor = LanguageMonitor::Of(printer->Server(), printer->Printer());
     return monitor ? monitor->PrinterData(name, data.type, data.bytes) : code;
 }

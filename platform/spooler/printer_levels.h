@@ -20,10 +20,10 @@ inline bool IsPrinterLevel(DWORD level) {
 
 // Writes one structure of a level that IsPrinterLevel knows.
 void PutPrinter(LevelWriter& writer, DWORD level, size_t index, const ShownPrinter& printer);
-// Room for all of them.
+// Reserves room for all of them.
 void PrinterStructures(LevelWriter& writer, DWORD level, size_t count);
 
-// Levels 8 and 9: these settings, which may be none.
+// Levels 8 and 9: these settings, which may be empty.
 void PutDefaults(LevelWriter& writer, const std::vector<BYTE>& dev_mode);
 
 // Level 2 in the ANSI code page.

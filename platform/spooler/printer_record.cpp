@@ -13,18 +13,18 @@ namespace {
 constexpr size_t kLongestName = 220;
 
 constexpr char16_t kName[] = u"Name";
-constexpr char16_t kDriver[] = u"Printer Driver";
-constexpr char16_t kDevMode[] = u"Default DevMode";
+constexpr char16_t kPrinterDriver[] = u"Printer Driver";
+constexpr char16_t kDefaultDevMode[] = u"Default DevMode";
 constexpr char16_t kAttributes[] = u"Attributes";
 
-struct TextValue {
+struct PrinterText {
     const char16_t* name;
     std::u16string PrinterRecord::*member;
 };
-constexpr TextValue kTexts[] = {
+constexpr PrinterText kPrinterTexts[] = {
     {u"Share Name", &PrinterRecord::share_name},
     {u"Port", &PrinterRecord::port},
-    {kDriver, &PrinterRecord::driver},
+    {kPrinterDriver, &PrinterRecord::driver},
     {u"Description", &PrinterRecord::comment},
     {u"Location", &PrinterRecord::location},
     {u"Separator File", &PrinterRecord::separator_file},
@@ -46,7 +46,7 @@ constexpr NumberValue kNumbers[] = {
     {u"Status", &PrinterRecord::status},
 };
 
-// Half a record is none: whoever asked would take what is missing for empty.
+// Half a record does not count, as the caller would take what is missing for empty.
 std::optional<PrinterRecord> Whole(const RegistryKey& key, PrinterRecord& record) {
     if (key.HasFailed()) return std::nullopt;
     return std::move(record);
@@ -61,9 +61,9 @@ std::optional<PrinterRecord> ReadKey(const RegistryKey& key, bool brief = false)
         return Whole(key, record);
     }
     key.ReadAhead();
-    for (const TextValue& text : kTexts) record.*text.member = key.Text(text.name);
+    for (const PrinterText& text : kPrinterTexts) record.*text.member = key.Text(text.name);
     for (const NumberValue& number : kNumbers) record.*number.member = key.Number(number.name);
-    const std::vector<BYTE> dev_mode = key.Bytes(kDevMode);
+    const std::vector<BYTE> dev_mode = key.Bytes(kDefaultDevMode);
     record.dev_mode = CheckedDevMode(dev_mode.data(), dev_mode.size());
     return Whole(key, record);
 }
@@ -72,7 +72,7 @@ bool OpenKey(const PrintServer& server, const std::u16string& name, RegistryKey&
     return IsPrinterName(name) && server.OpenPrinter(name, key) == ERROR_SUCCESS;
 }
 
-// A DEVMODEW that reaches less far than this tells nothing about itself.
+// A DEVMODEW that is shorter than this says nothing about itself.
 constexpr size_t kSmallestDevMode = offsetof(DEVMODEW, dmFields) + sizeof(DWORD);
 
 } // namespace
@@ -96,7 +96,7 @@ std::optional<std::u16string> ReadPrinterDriver(const PrintServer& server,
                                                 const std::u16string& name) {
     RegistryKey key;
     if (!OpenKey(server, name, key) || key.Text(kName).empty()) return std::nullopt;
-    std::u16string driver = key.Text(kDriver);
+    std::u16string driver = key.Text(kPrinterDriver);
     if (key.HasFailed()) return std::nullopt;
     return driver;
 }
@@ -109,7 +109,7 @@ LSTATUS WritePrinter(const RegistryKey& key, const PrinterRecord& record,
     const auto then = [&](LSTATUS next) {
         if (status == ERROR_SUCCESS) status = next;
     };
-    for (const TextValue& text : kTexts) {
+    for (const PrinterText& text : kPrinterTexts) {
         if (all || record.*text.member != old.*text.member)
             then(key.SetText(text.name, record.*text.member));
     }
@@ -118,7 +118,7 @@ LSTATUS WritePrinter(const RegistryKey& key, const PrinterRecord& record,
             then(key.SetNumber(number.name, record.*number.member));
     }
     if (record.dev_mode != old.dev_mode)
-        then(key.SetBytes(kDevMode, record.dev_mode.data(), record.dev_mode.size()));
+        then(key.SetBytes(kDefaultDevMode, record.dev_mode.data(), record.dev_mode.size()));
     if (status == ERROR_SUCCESS && record.name != old.name)
         status = key.SetText(kName, record.name);
     return transaction.Commit(status);
@@ -162,7 +162,7 @@ std::vector<BYTE> CheckedDevMode(const DEVMODEW* dev_mode) {
 
 std::vector<BYTE> AnsiDevMode(const std::vector<BYTE>& dev_mode) {
     if (dev_mode.empty()) return {};
-    // The layouts differ in their two names only, so what lies between and behind them moves.
+    // The layouts differ in their two names only, so what lies between and after them moves.
     constexpr size_t name = sizeof(DEVMODEW::dmDeviceName), form = offsetof(DEVMODEW, dmFormName),
                      tail = form + sizeof(DEVMODEW::dmFormName);
     WORD public_size;

@@ -20,32 +20,28 @@ constexpr ACCESS_MASK kChanging = PRINTER_ACCESS_ADMINISTER | SERVER_ACCESS_ADMI
 constexpr DWORD kHighestPriority = 99;
 constexpr const char16_t* kPrintProcessor = u"WinPrint"; // the only one
 
-// The information levels of the default settings alone: everybody's, and the user's own.
+// The information levels with only the default settings: everybody's, and the user's own.
 constexpr DWORD kDefaults = 8, kUserDefaults = 9;
 static_assert(sizeof(PRINTER_INFO_8W) == sizeof(PRINTER_INFO_9W));
-
-std::u16string Copy(LPCWSTR text) {
-    return text ? text : u"";
-}
 
 std::u16string CopyOr(LPCWSTR text, const char16_t* usual) {
     return text && *text ? text : usual;
 }
 
-// What the caller's structure makes of a printer that is `old` so far. Fields that are not the
-// caller's stay, and so do the default settings.
+// The record `old` with the fields of the caller's structure. Fields that callers cannot set stay,
+// and so do the default settings.
 PrinterRecord RecordOf(const PRINTER_INFO_2W& info, const PrinterRecord& old) {
     PrinterRecord record = old;
-    record.name = SplitPrinterName(Copy(info.pPrinterName)).printer;
-    record.share_name = Copy(info.pShareName);
-    record.port = Copy(info.pPortName);
-    record.driver = Copy(info.pDriverName);
-    record.comment = Copy(info.pComment);
-    record.location = Copy(info.pLocation);
-    record.separator_file = Copy(info.pSepFile);
+    record.name = SplitPrinterName(CopyOf(info.pPrinterName)).printer;
+    record.share_name = CopyOf(info.pShareName);
+    record.port = CopyOf(info.pPortName);
+    record.driver = CopyOf(info.pDriverName);
+    record.comment = CopyOf(info.pComment);
+    record.location = CopyOf(info.pLocation);
+    record.separator_file = CopyOf(info.pSepFile);
     record.print_processor = CopyOr(info.pPrintProcessor, kPrintProcessor);
     record.datatype = CopyOr(info.pDatatype, u"RAW");
-    record.parameters = Copy(info.pParameters);
+    record.parameters = CopyOf(info.pParameters);
     record.attributes =
         (info.Attributes & ~DWORD{PRINTER_ATTRIBUTE_NETWORK | PRINTER_ATTRIBUTE_DEFAULT}) |
         PRINTER_ATTRIBUTE_LOCAL;
@@ -56,8 +52,8 @@ PrinterRecord RecordOf(const PRINTER_INFO_2W& info, const PrinterRecord& old) {
     return record;
 }
 
-// Whether the printer can be what the record says. What it was before stays good; `old` is empty
-// for a new one.
+// NO_ERROR if the printer can be what the record says. What it already was is always accepted;
+// `old` is empty for a new one.
 DWORD Check(const PrintServer& server, const PrinterRecord& record, const PrinterRecord& old) {
     const bool is_new = old.name.empty();
     if ((is_new || !SameName(record.driver, old.driver)) && !ReadDriver(server, record.driver))
@@ -89,7 +85,7 @@ DWORD Add(const PrintServer& server, const PrinterRecord& record) {
     LSTATUS status = server.CreatePrinters(printers);
     if (status != ERROR_SUCCESS) return static_cast<DWORD>(status);
     registry::KeyTransaction transaction(printers.get());
-    // What somebody who was stopped has left of a printer.
+    // Somebody who was stopped may have left parts of a printer.
     printers.DeleteTree(record.name);
     status = key.Create(printers.get(), record.name + u"\\PrinterDriverData");
     if (status == ERROR_SUCCESS) status = RegisterPort(server, record.port);
@@ -98,8 +94,8 @@ DWORD Add(const PrintServer& server, const PrinterRecord& record) {
     return static_cast<DWORD>(transaction.Commit(status));
 }
 
-// The caller's settings as the printer's driver lays them out today; none for null. False when they
-// are no DEVMODE.
+// The caller's settings in the driver's current layout, or empty for null. False if they are not a
+// DEVMODE.
 bool TakeDevMode(const OpenedPrinter& printer, const std::u16string& driver, PDEVMODEW wanted,
                  std::vector<BYTE>& dev_mode) {
     if (!wanted) return true;
@@ -116,7 +112,7 @@ bool TakeDevMode(const OpenedPrinter& printer, const std::u16string& driver, PDE
 BOOL SetRecord(const OpenedPrinter& printer, const PRINTER_INFO_2W& wanted) {
     const PrintServer& server = printer.Server();
     std::vector<BYTE> dev_mode;
-    if (!TakeDevMode(printer, Copy(wanted.pDriverName), wanted.pDevMode, dev_mode)) return FALSE;
+    if (!TakeDevMode(printer, CopyOf(wanted.pDriverName), wanted.pDevMode, dev_mode)) return FALSE;
 
     PRINTER_EVENT_ATTRIBUTES_INFO attributes = {sizeof attributes, 0, 0};
     std::u16string driver;
@@ -183,7 +179,7 @@ extern "C" BOOL WINAPI OpenPrinterW(LPWSTR name, LPHANDLE handle, LPPRINTER_DEFA
     return Guarded(FALSE, [&] {
         if (!handle) return Fail(ERROR_INVALID_PARAMETER);
         *handle = nullptr;
-        const PrinterName parts = SplitPrinterName(Copy(name));
+        const PrinterName parts = SplitPrinterName(CopyOf(name));
         auto server = PrintServer::Named(parts.server);
         if (!server) return FALSE;
         std::u16string printer;
@@ -257,7 +253,7 @@ extern "C" HANDLE WINAPI AddPrinterW(LPWSTR server_name, DWORD level, LPBYTE inf
             SetLastError(code);
             return HANDLE{};
         };
-        auto server = PrintServer::Named(Copy(server_name));
+        auto server = PrintServer::Named(CopyOf(server_name));
         if (!server) return nullptr;
         if (!server->IsLocal()) return fail(ERROR_NOT_SUPPORTED);
         if (level != 2) return fail(ERROR_INVALID_LEVEL);
@@ -265,16 +261,16 @@ extern "C" HANDLE WINAPI AddPrinterW(LPWSTR server_name, DWORD level, LPBYTE inf
         if (!MayAdminister()) return fail(ERROR_ACCESS_DENIED);
         const auto& wanted = *reinterpret_cast<const PRINTER_INFO_2W*>(info);
         PrinterRecord record = RecordOf(wanted, {});
-        record.name = Copy(wanted.pPrinterName);
+        record.name = CopyOf(wanted.pPrinterName);
         if (!IsPrinterName(record.name)) return fail(ERROR_INVALID_PRINTER_NAME);
-        // The driver brings them into its layout itself when it is told of the printer.
+        // The driver converts them itself when it is told of the printer.
         record.dev_mode = CheckedDevMode(wanted.pDevMode);
         if (wanted.pDevMode && record.dev_mode.empty()) return fail(ERROR_INVALID_PARAMETER);
         if (const DWORD code = Add(*server, record)) return fail(code);
 
         const HANDLE handle =
             NewHandle(std::make_shared<OpenedPrinter>(server, record.name, PRINTER_ALL_ACCESS));
-        // A driver that fails here, or cannot be loaded, has a printer all the same.
+        // The printer stays even if the driver fails here or cannot be loaded.
         if (const auto library = LoadDriver(record.driver))
             library->RaisePrinterEvent(record.name, PRINTER_EVENT_INITIALIZE,
                                        PRINTER_EVENT_FLAG_NO_UI, 0);

@@ -6,25 +6,25 @@
 namespace win32host {
 namespace {
 
-std::mutex g_lock;
+std::mutex g_question_lock;
 std::function<DWORD(const SpoolerQuestion&)> g_refuse;
 std::function<void(const SpoolerQuestion&, BYTE*, DWORD)> g_alter;
 
 template <class Function>
 Function Get(const Function& function) {
-    std::lock_guard guard(g_lock);
+    std::lock_guard guard(g_question_lock);
     return function;
 }
 
 } // namespace
 
 void RefuseSpoolerQuestions(std::function<DWORD(const SpoolerQuestion&)> refuse) {
-    std::lock_guard guard(g_lock);
+    std::lock_guard guard(g_question_lock);
     g_refuse = std::move(refuse);
 }
 
 void AlterSpoolerAnswers(std::function<void(const SpoolerQuestion&, BYTE*, DWORD)> alter) {
-    std::lock_guard guard(g_lock);
+    std::lock_guard guard(g_question_lock);
     g_alter = std::move(alter);
 }
 

@@ -1,4 +1,4 @@
-// How questions for records are answered, so that tests can step in.
+// How questions for records are answered, so that tests can intervene.
 #pragma once
 
 #include <win32host/spooler_control.h>
@@ -7,7 +7,7 @@
 
 namespace win32host {
 
-// 0, or the error code that is the answer.
+// 0, or the error code to answer with.
 DWORD Refusal(const SpoolerQuestion& question);
 
 void Alter(const SpoolerQuestion& question, BYTE* buffer, DWORD size);

@@ -7,7 +7,7 @@
 
 namespace win32host {
 
-// One value as it was read. Most are short: those take no memory of their own.
+// One value as it was read. Most are short and need no memory of their own.
 struct RegistryKey::Value {
     DWORD type = REG_NONE;
     DWORD size = 0;
@@ -67,7 +67,7 @@ void RegistryKey::Read(const char16_t* name, Value& value) const {
 }
 
 void RegistryKey::ReadAhead() const {
-    // It does so for whoever begins to enumerate the values with what they hold.
+    // The registry does so when an enumeration of the values with their bytes starts.
     WCHAR name[1];
     DWORD length = 1, size = 0;
     RegEnumValueW(key_, 0, name, &length, nullptr, nullptr, nullptr, &size);

@@ -9,7 +9,7 @@
 
 namespace win32host {
 
-// Closes the key when it goes. Operations answer error codes, ERROR_SUCCESS among them.
+// The destructor closes the key. Operations answer error codes, ERROR_SUCCESS among them.
 class RegistryKey {
 public:
     RegistryKey() = default;
@@ -21,15 +21,15 @@ public:
     RegistryKey& operator=(RegistryKey&& other) noexcept;
 
     LSTATUS Open(HKEY parent, const std::u16string& path, REGSAM access = KEY_READ);
-    // Makes what is missing of the path.
+    // Makes whatever is missing of the path.
     LSTATUS Create(HKEY parent, const std::u16string& path);
     void Close();
 
     HKEY get() const { return key_; }
     explicit operator bool() const { return key_ != nullptr; }
 
-    // Values as they are now; one that is missing or has another type is empty, or the fallback.
-    // REG_SZ or REG_EXPAND_SZ, up to its first zero.
+    // Current values; one that is missing or has another type is empty, or the fallback. This one
+    // reads REG_SZ or REG_EXPAND_SZ, up to the first zero.
     std::u16string Text(const char16_t* name) const;
     // The texts of a REG_MULTI_SZ, up to the first empty one.
     std::vector<std::u16string> Texts(const char16_t* name) const;
@@ -37,10 +37,10 @@ public:
     // REG_BINARY.
     std::vector<BYTE> Bytes(const char16_t* name) const;
 
-    // Whether something that is there could not be read, and was taken for missing.
+    // True if something exists but could not be read, and was taken for missing.
     bool HasFailed() const { return failed_; }
 
-    // Has the registry read all values at once, before many of them are asked for.
+    // Has the registry read all values at once. Call it before asking for many of them.
     void ReadAhead() const;
 
     bool Has(const std::u16string& value) const;
@@ -52,7 +52,7 @@ public:
     LSTATUS SetNumber(const std::u16string& name, DWORD number) const;
     LSTATUS SetBytes(const std::u16string& name, const void* bytes, size_t size) const;
     LSTATUS DeleteValue(const std::u16string& name) const;
-    // With everything below it.
+    // Deletes the key with everything below it.
     LSTATUS DeleteTree(const std::u16string& subkey) const;
 
 private:

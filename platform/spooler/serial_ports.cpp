@@ -1,4 +1,4 @@
-// How serial ports are set up: "9600,n,8,1,x", the values of the key that lists the ports.
+// The setup of serial ports: texts like "9600,n,8,1,x", the values of the key that lists the ports.
 #include "host/guarded.h"
 #include "host/text.h"
 #include "spooler/print_server.h"
@@ -9,8 +9,8 @@
 namespace win32host {
 namespace {
 
-// `text` as the ports' key has it; what is missing is 9600 baud, no parity, 8 data bits, 1 stop
-// bit, no handshake.
+// The setup in `text`, a value of the ports' key. The defaults are 9600 baud, no parity, 8 data
+// bits, 1 stop bit and no handshake.
 DCB SetupOf(const std::string& text) {
     std::string parts[5] = {"9600", "n", "8", "1", ""};
     std::istringstream stream(text);

@@ -25,7 +25,7 @@ std::unique_ptr<SpooledDocument> SpooledDocument::Start(const OpenedPrinter& pri
                                                         const std::u16string& datatype) {
     const auto record = printer.Record();
     if (!record) return nullptr;
-    // The constructor is private to this function, so not make_unique.
+    // make_unique cannot reach the private constructor.
     std::unique_ptr<SpooledDocument> document(
         new SpooledDocument(printer.SharedServer(), printer.Printer()));
     const PrintServer& server = printer.Server();
@@ -102,7 +102,7 @@ bool SpooledDocument::End() {
             SetLastError(error);
             return false;
         }
-        // Nothing is there to be completed when somebody has deleted the job meanwhile.
+        // There is nothing to complete if somebody has deleted the job meanwhile.
         if (rename(unfinished.c_str(), SpoolFile(*server_, record_.number).c_str()) != 0)
             return FailWith(errno, unfinished);
         const LSTATUS status = WriteJob(*server_, printer_, record_, true);

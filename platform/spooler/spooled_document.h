@@ -10,11 +10,11 @@ namespace win32host {
 
 class OpenedPrinter;
 
-// Its bytes go to a file of another name, which takes the job's name when the document ends: a
-// complete file is a complete job. The file is locked while it is written.
+// Its bytes go to a file of another name, which gets the job's name when the document ends, so that
+// a complete file is a complete job. The file is locked while it is written.
 class SpooledDocument {
 public:
-    // Null with an error.
+    // Null, with the last error set, on failure.
     static std::unique_ptr<SpooledDocument>
     Start(const OpenedPrinter& printer, const std::u16string& name, const std::u16string& datatype);
     // Drops a document that was not ended.
@@ -24,10 +24,11 @@ public:
 
     DWORD Job() const { return record_.number; }
     void AddPage() { ++record_.pages; }
-    // False with an error; `written` is what came to the file nevertheless.
+    // False, with the last error set, on failure. `written` is the number of bytes that reached the
+    // file all the same.
     bool Write(const void* data, DWORD size, DWORD& written);
-    // Completes the job and sends it on its way. False with an error; a document that lost bytes in
-    // writing is none that could be printed, and is dropped.
+    // Completes the job and sends it. False, with the last error set, on failure. A document that
+    // lost bytes in writing cannot be printed and is dropped.
     bool End();
 
 private:

@@ -27,7 +27,7 @@ public:
     std::vector<Entry> entries;
 };
 
-// A template that is no part of a loaded file is the caller's: its end is not known.
+// A template that is not part of a loaded file is the caller's, and its end is not known.
 constexpr size_t kLargestTemplate = 0x10000;
 
 HMENU Make(const std::vector<MenuItem>& items) {
@@ -38,7 +38,7 @@ HMENU Make(const std::vector<MenuItem>& items) {
     return static_cast<HMENU>(win32host::NewHandle(menu));
 }
 
-// The entry at a position, or of a command anywhere below.
+// The entry at a position, or that of a command anywhere below.
 const Entry* EntryOf(const Menu& menu, UINT item, UINT flags) {
     if (flags & MF_BYPOSITION) return item < menu.entries.size() ? &menu.entries[item] : nullptr;
     for (const Entry& entry : menu.entries)

@@ -40,7 +40,7 @@ public:
         if (Has(count)) at_ += count;
     }
 
-    // On to the next multiple of four from the template's start.
+    // Moves on to the next multiple of four from the template's start.
     void Align() { Skip((4 - at_ % 4) % 4); }
 
 private:
@@ -53,7 +53,7 @@ private:
 
 std::vector<MenuItem> ReadItems(Reader& reader, bool extended, int depth);
 
-// Answers whether the item was its menu's last.
+// True if the item was its menu's last.
 bool ReadItem(Reader& reader, MenuItem& item, int depth) {
     const uint16_t flags = reader.Word();
     item.is_popup = (flags & kPopup) != 0;

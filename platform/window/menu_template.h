@@ -1,4 +1,4 @@
-// Menu templates, as menu resources hold them.
+// Menu templates as they are in menu resources.
 #pragma once
 
 #include <cstdint>
@@ -16,7 +16,7 @@ struct MenuItem {
     std::vector<MenuItem> items; // of a popup
 };
 
-// Reads a template of either form, standard or extended. Nothing when it ends before its last item
+// Reads a template of either form, standard or extended. Nothing if it ends before its last item
 // does or is nested deeper than any menu.
 #pragma GCC visibility push(default) // the fuzz target looks inside
 std::optional<std::vector<MenuItem>> ReadMenuTemplate(std::span<const uint8_t> bytes);

@@ -1,4 +1,4 @@
-// The way into the module on Windows: the compiler's runtime starts first and hands over here.
+// The module's entry point on Windows: the compiler's runtime starts first and then calls this.
 #include "zplui.h"
 
 extern "C" BOOL WINAPI DllMain(HINSTANCE instance, DWORD reason, LPVOID context) {

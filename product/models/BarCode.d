@@ -1,5 +1,5 @@
-! The bar codes that the printer draws itself, each with the options that its ZPL command has.
-! A symbology that is not listed, or set to no, is drawn by the driver instead.
+! The bar codes that the printer draws itself, each with the options of its ZPL command. A symbology
+! that is not listed, or set to no, is drawn by the driver instead.
 
 [.default]
 Code39=yes

@@ -1,4 +1,4 @@
-! The code pages in which the printer takes text, by the number of its character set command.
+! The code pages in which the printer accepts text, by the number in its character set command.
 
 [.default]
 CodePages=1252

@@ -1,5 +1,5 @@
-! One section per printer, named as the driver is: where its manufacturer's facts and its model's
-! tables are. A second brand sells some of the printers under its own driver names.
+! One section per printer, named like its driver. It says where the facts of its manufacturer and
+! the tables of its model are. A second brand sells some of the printers under its own driver names.
 
 [.default]
 Manufacturer=Manufacturer:Valdrick

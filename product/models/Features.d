@@ -1,5 +1,5 @@
-! What a printer can be told to do beyond printing, and where it keeps objects.
-! R is every printer's working memory and is always offered; the list names what else there is.
+! What a printer can do besides printing, and where it stores objects. R is every printer's working
+! memory and is always offered; the list has the other memories.
 
 [.default]
 ~Options.Power=no

@@ -1,5 +1,5 @@
 ! The printers: media limits, resolutions, colour, ports, and which section of every other table
-! belongs to each. A value without a table name in front of the colon would stay in this table.
+! belongs to each. A value without a table name before the colon would refer to this table.
 
 [.default]
 Drawing=Drawing:Zpl

@@ -1,7 +1,7 @@
-// Text without regard to the case of the letters A to Z, the same in every locale.
+// Text regardless of the case of the letters A to Z, the same in every locale.
 #pragma once
 
-// a to z become A to Z; every other character stays.
+// Turns a to z into A to Z; every other character stays.
 char xtoupper(char c);
 
 // Compares at most `n` characters, letters by their capitals and characters as signed bytes: -1, 0

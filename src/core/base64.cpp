@@ -19,8 +19,8 @@ constexpr auto kPairs = [] {
     return pairs;
 }();
 
-// What a character adds to the 24 bits of its group, for each of the four places. Padding is
-// flagged where it ends the text.
+// The contribution of a character to the 24 bits of its group, in each of the four places. Padding
+// is flagged where it ends the text.
 constexpr uint32_t kEnd = 1u << 24;
 constexpr auto kValues = [] {
     std::array<std::array<uint32_t, 256>, 4> values{};
@@ -81,7 +81,7 @@ void Base64::Decode(const void* in, uint32_t size, void* out, uint32_t* out_size
         PutByte(to + 1, group, 8);
         PutByte(to + 2, group, 0);
     }
-    // The last group: cut short, or with padding.
+    // The last group, truncated or with padding.
     if (left >= 2) {
         uint32_t group = kValues[0][from[0]] | kValues[1][from[1]];
         to = PutByte(to, group, 16);

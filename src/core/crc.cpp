@@ -7,8 +7,10 @@
 
 namespace {
 
-// Tables for a most-significant-bit-first checksum that takes kSlices bytes at a time: row i tells
-// what a byte does to the register i bytes later.
+constexpr uint32_t kUTF8 = 1208;
+
+// Tables for a most-significant-bit-first checksum that takes kSlices bytes at a time. Row i has
+// the effect of a byte on the register i bytes later.
 template <class Word, Word kPolynomial, size_t kSlices>
 class Slicer {
 public:
@@ -48,7 +50,7 @@ private:
         return static_cast<Word>((kTables[kSlices - 1 - I][Byte<I>(crc, data)] ^ ...));
     }
 
-    // Byte I of the data with the byte of the register that falls on it.
+    // Byte I of the data, combined with the byte of the register that meets it.
     template <size_t I>
     static uint8_t Byte(Word crc, const uint8_t* data) {
         if constexpr (I < kWordBytes)
@@ -76,6 +78,13 @@ uint32_t CRC32(const void* data, uint32_t size, uint32_t seed) {
     size_t left = size;
     FoldCRC32(crc, bytes, left);
     return ~AdvanceCRC32(crc, bytes, left);
+}
+
+uint32_t CRC32_UTF8(const OString& text, uint32_t seed) {
+    OString utf8(text);
+    utf8.SetCodePage(kUTF8);
+    const char* bytes = utf8.nstring();
+    return CRC32(bytes, static_cast<uint32_t>(utf8.nlen()) + 1, seed);
 }
 
 uint32_t CRC32_Calculator::CRC32(const void* data, uint32_t size) {

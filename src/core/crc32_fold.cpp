@@ -16,14 +16,14 @@ constexpr int64_t PowerOfX(unsigned n) {
 constexpr size_t kBlock = sizeof(__m128i);
 constexpr size_t kStride = 4 * kBlock;
 
-// A 32-bit caller on Windows may have aligned its stack to four bytes only.
+// A 32-bit caller on Windows may have aligned its stack to only four bytes.
 #if defined(__i386__)
 #define ALIGN_STACK __attribute__((force_align_arg_pointer))
 #else
 #define ALIGN_STACK
 #endif
 
-// Helpers of the one function below; they must be compiled for the same processor.
+// Marks helpers of the one function below, which must be compiled for the same processor.
 #define FOLDING __attribute__((target("pclmul,ssse3")))
 
 // Sixteen bytes as a polynomial, the first byte's highest bit being the highest power.
@@ -61,7 +61,7 @@ FOLDING ALIGN_STACK void FoldBlocks(uint32_t& crc, const uint8_t*& data, size_t&
     sum = Fold(sum, past_block, d);
     for (; size >= kBlock; data += kBlock, size -= kBlock) sum = Fold(sum, past_block, Load(data));
 
-    // What is left has the same remainder as all the bytes that went in.
+    // The remaining polynomial has the same remainder as all the bytes so far.
     alignas(kBlock) uint8_t rest[kBlock];
     _mm_store_si128(reinterpret_cast<__m128i*>(rest), sum);
     _mm_store_si128(reinterpret_cast<__m128i*>(rest), Load(rest));

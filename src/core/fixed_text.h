@@ -5,6 +5,6 @@
 
 #include "core/ostring.h"
 
-// Fills a field of `room` units with a text, cut to leave a terminator, and zeros behind it. The
-// field need not be aligned.
+// Fills a field of `room` units with a text, truncated to leave room for a terminator, followed by
+// zeros. The field need not be aligned.
 void PutFixedText(void* field, const OString& text, int room);

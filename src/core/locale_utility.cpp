@@ -20,7 +20,7 @@ uint32_t TextLength(const OBuffer<C>& buffer) {
     return length;
 }
 
-// Codes a text into a buffer that becomes exactly as large as the result with its terminator.
+// Converts a text into a buffer that gets exactly the size of the result with its terminator.
 template <class From, class To>
 void ConvertBuffer(const OBuffer<From>& in, OBuffer<To>& out, uint32_t growth) {
     const uint32_t length = TextLength(in);

@@ -1,9 +1,9 @@
-// The locks that guard what several threads of one process reach at once.
+// The locks that guard data shared by several threads of one process.
 #pragma once
 
 #include <windows.h>
 
-// A lock. The base locks nothing.
+// A lock. The base class locks nothing.
 class OSynchronizer {
 public:
     virtual ~OSynchronizer() = default;
@@ -11,7 +11,7 @@ public:
     virtual void Unlock();
 };
 
-// A critical section of the platform: the thread that holds it may enter again and leaves as often
+// A critical section of the platform. The thread that holds it may enter again, and leaves as often
 // as it entered.
 class OCriticalSection : public OSynchronizer {
 public:
@@ -24,22 +24,22 @@ public:
     void Unlock() override;
 
 private:
-    CRITICAL_SECTION* section_; // null when memory was short: the lock then guards nothing
+    CRITICAL_SECTION* section_; // null if memory was short; the lock then guards nothing
 };
 
-// Holds a synchronizer for the length of a scope.
+// Holds a synchronizer while it is in scope.
 class OSingleLock {
 public:
-    // Remembers `synchronizer` (borrowed, not null) and locks it at once when `lock_now` is set.
+    // Takes `synchronizer` (borrowed, not null) and locks it at once if `lock_now` is set.
     OSingleLock(OSynchronizer* synchronizer, bool lock_now);
-    // Unlocks when this holder has it locked.
+    // Unlocks if this holder has it locked.
     ~OSingleLock();
     OSingleLock(const OSingleLock&) = delete;
     OSingleLock& operator=(const OSingleLock&) = delete;
 
     // Always true.
     bool Lock();
-    // False, and nothing is done, when this holder does not have it locked.
+    // False, with nothing done, if this holder does not have it locked.
     bool Unlock();
 
 private:

@@ -8,7 +8,7 @@
 
 namespace {
 
-// Room in front of a block: its size sits in the last four bytes, the rest keeps the alignment.
+// Room before a block. Its size is in the last four bytes; the rest keeps the alignment.
 constexpr size_t kHeader = alignof(std::max_align_t);
 constexpr size_t kLargestBlock = UINT32_MAX - kHeader;
 static_assert(kHeader >= sizeof(uint32_t));

@@ -14,7 +14,7 @@ NameNode* NextName(const NameNode* node) {
     return static_cast<NameNode*>(node->GetNext());
 }
 
-// Equal names have equal hashes, whatever forms and code pages they are in.
+// Equal names have equal hashes, in any form and code page.
 uint32_t HashName(const OString& name) {
     return CRC32_Calculator(0).CRC32(name);
 }
@@ -27,8 +27,7 @@ int NameNode::Collate(const NameNode& other) const {
 }
 
 uint32_t NameNode::GetCRC32(uint32_t seed) const {
-    const char* name = name_.nstring();
-    CRC32_Calculator crc(CRC32(name, static_cast<uint32_t>(name_.nlen()) + 1, seed));
+    CRC32_Calculator crc(CRC32_UTF8(name_, seed));
     return crc.CRC32(priority_);
 }
 
@@ -78,8 +77,8 @@ void NameList::AddTail_ReplaceNames(NameList& nodes) {
         *end = {HashName(node->GetName()), static_cast<int>(end - places.get()), node};
     std::sort(places.get(), end, before);
 
-    // The last node of that name among those to be moved, or null. Nodes in front of it are not
-    // looked at, so they may be gone.
+    // The last node of that name among those to be moved, or null. Nodes before it are not
+    // accessed, so they may be gone.
     const auto last_of = [&](const OString& name) -> const NameNode* {
         const uint32_t hash = HashName(name);
         const Place* place =
@@ -103,25 +102,19 @@ void NameList::AddTail_ReplaceNames(NameList& nodes) {
     }
 }
 
-bool NameList::AddTail_UniqueName(NameNode* node, bool space) {
-    if (!node) return false;
-    node->Remove();
-    OString name(node->GetName());
-    if (Find(name)) {
-        // One look at the whole list, so that a long run of numbered names does not mean a walk
-        // through the list for each.
-        OTypedArray<uint32_t> hashes;
-        for (NameNode* other = static_cast<NameNode*>(GetHead()); other; other = NextName(other))
-            hashes.Add(HashName(other->GetName()));
-        uint32_t* const end = hashes.GetData() + hashes.GetSize();
-        std::sort(hashes.GetData(), end);
-        do {
-            const OString taken(name); // NOLINT(performance-unnecessary-copy-initialization)
-            name.NextUnique(space);
-            // The last number is taken too: a new one begins behind it.
-            if (name == taken) name << " 2";
-        } while (std::binary_search(hashes.GetData(), end, HashName(name)) && Find(name));
-        node->SetName(name);
-    }
-    return AddTail(node);
+OString NameList::FreeName(OString name, bool space) const {
+    // One pass over the list, so that a long run of numbered names does not need a pass for each.
+    OTypedArray<uint32_t> hashes;
+    for (NameNode* node = static_cast<NameNode*>(GetHead()); node; node = NextName(node))
+        hashes.Add(HashName(node->GetName()));
+    uint32_t* const end = hashes.GetData() + hashes.GetSize();
+    std::sort(hashes.GetData(), end);
+    do {
+        const OString taken(name); // NOLINT(performance-unnecessary-copy-initialization)
+        name.NextUnique(space);
+        // The last possible number is taken too, so a new one begins after it.
+        if (name == taken) name << " 2";
+        if (name == taken) break;
+    } while (std::binary_search(hashes.GetData(), end, HashName(name)) && Find(name));
+    return name;
 }

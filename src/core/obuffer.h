@@ -12,27 +12,27 @@
 class MemoryHeap {
 public:
     // The runtime library's realloc: a null block is allocated, and the result may move. Null on
-    // failure, with the old block left as it was.
+    // failure, with the old block unchanged.
     static void* ReAlloc(void* block, size_t size);
 
-    // The runtime library's free; null is ignored.
+    // The runtime library's free. Null is ignored.
     static void Free(void* block);
 
     // Copies `size` bytes; nothing for null pointers.
     static void Copy(void* destination, const void* source, size_t size);
 };
 
-// A block of elements of the plain type T. Raw bytes and texts travel in buffers; whether a text in
-// a buffer has a terminator is a matter of those who pass it.
+// A block of elements of the plain type T, for raw bytes and texts. Whether a text in a buffer has
+// a terminator is agreed between its users.
 template <class T>
 class OBuffer {
     static_assert(std::is_trivially_copyable_v<T>);
 
 public:
     OBuffer() = default;
-    // A buffer of `count` elements, not initialised; empty when the memory cannot be had.
+    // A buffer of `count` elements, not initialised. Empty if there is no memory.
     explicit OBuffer(uint32_t count) { static_cast<void>(SetSize(count)); }
-    // A copy has a block of its own. It is empty when the memory cannot be had.
+    // A copy has a block of its own. It is empty if there is no memory.
     OBuffer(const OBuffer& other) { Assign(other.data_, other.count_); }
     OBuffer(OBuffer&& other) noexcept
         : data_(std::exchange(other.data_, nullptr))
@@ -48,8 +48,8 @@ public:
     }
     ~OBuffer() { MemoryHeap::Free(data_); }
 
-    // Resizes the block to `count` elements; what fits of the contents is kept, what is new is not
-    // initialised. False, with the buffer unchanged, when the memory cannot be had.
+    // Resizes the block to `count` elements. The contents that fit are kept, and new elements are
+    // not initialised. False, with the buffer unchanged, if there is no memory.
     [[nodiscard]] bool SetSize(uint32_t count) {
         if (count == count_) return true;
         if (count == 0) {
@@ -67,15 +67,15 @@ public:
         return true;
     }
 
-    // Frees the block: there are no elements any more.
+    // Frees the block, and with it all elements.
     void Clear() {
         MemoryHeap::Free(data_);
         data_ = nullptr;
         count_ = 0;
     }
 
-    // Replaces the contents by a copy of `count` elements, which must not be the buffer's own.
-    // Empty when the memory cannot be had.
+    // Replaces the contents with a copy of `count` elements, which must not be the buffer's own.
+    // Empty if there is no memory.
     bool Assign(const T* elements, uint32_t count) {
         if (!SetSize(count)) {
             Clear();
@@ -88,7 +88,7 @@ public:
     // The number of elements.
     uint32_t GetSize() const { return count_; }
 
-    // The elements; null while there are none.
+    // The elements, or null if there are none.
     T* GetData() { return data_; }
     const T* GetData() const { return data_; }
 

@@ -131,7 +131,7 @@ bool OFile::ReadLine(OString& line) {
 }
 
 OString OFile::GetFileName() const {
-    // On the UTF-16 form: in a double-byte code page a backslash may be half of a character.
+    // In the UTF-16 form: in a double-byte code page a backslash may be half of a character.
     const WCHAR* full = name_.wstring();
     const WCHAR* start = full;
     for (const WCHAR* at = full; *at; ++at)
@@ -142,7 +142,7 @@ OString OFile::GetFileName() const {
 }
 
 bool OFile::Exists(const OString& name) {
-    // By its UTF-16 name, so that a name outside the ANSI code page is found like any other.
+    // By its UTF-16 name, so that a name outside the ANSI code page can be found too.
     const DWORD attributes = GetFileAttributesW(name.wstring());
     return attributes != INVALID_FILE_ATTRIBUTES && !(attributes & FILE_ATTRIBUTE_DIRECTORY);
 }

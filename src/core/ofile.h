@@ -10,14 +10,14 @@ enum OFileMode : uint32_t {
     OFILE_READ = 0x0,
     OFILE_WRITE = 0x1, // reading and writing
 
-    // What other openers of the file may do; any other value of this digit, 0 included, lets them
+    // The rights of other openers of the file. Any other value of this digit, 0 included, lets them
     // read and write.
     OFILE_SHARE_NONE = 0x10,
     OFILE_SHARE_READ = 0x20,
     OFILE_SHARE_WRITE = 0x30,
     OFILE_SHARE_MASK = 0xF0,
 
-    OFILE_APPEND = 0x2000 // with OFILE_WRITE: keep the contents and write behind them
+    OFILE_APPEND = 0x2000 // with OFILE_WRITE: keep the contents and write after them
 };
 
 // Failures are false or a count of 0; the platform's error code is not passed on. One thread uses
@@ -25,45 +25,46 @@ enum OFileMode : uint32_t {
 class OFile : public OCore::OStream {
 public:
     OFile();
-    // Opens at once; is_open tells whether that worked.
+    // Opens at once; is_open answers whether that worked.
     OFile(const OString& name, uint32_t mode);
     ~OFile() override;
 
-    // Opens `name`, after closing what was open. A missing file is created, also when it is opened
-    // only for reading. Opened for writing without OFILE_APPEND, the file is cut to length 0.
+    // Opens `name`, after closing what was open. A missing file is created, even if it is opened
+    // only for reading. If it is opened for writing without OFILE_APPEND, the file is truncated to
+    // length 0.
     virtual bool Open(const OString& name, uint32_t mode);
 
-    // Writes out the buffer and closes. Harmless when not open.
+    // Writes out the buffer and closes. Harmless if not open.
     virtual void Close();
 
     // Flushes, then moves the position: `origin` 0 from the start, 1 from the current position,
     // 2 from the end.
     virtual void Seek(int32_t offset, uint32_t origin);
 
-    // The size in bytes of what is in the file (not of what waits in the buffer); 0 when not open,
-    // 0xFFFFFFFF for a file of 4 GiB or more.
+    // The size of the file in bytes, without those still in the buffer. 0 if not open, 0xFFFFFFFF
+    // for a file of 4 GiB or more.
     virtual uint32_t GetLength() const;
 
-    // Reads up to `size` bytes at the current position; answers the bytes read, 0 at the end of the
-    // file or when not open. Bytes that still wait in the write buffer are not seen.
+    // Reads up to `size` bytes at the current position. Returns the bytes read, 0 at the end of the
+    // file or if not open. Bytes still in the write buffer are not seen.
     virtual int32_t Read(void* data, int32_t size);
 
     bool is_open() const { return handle_ != nullptr; }
 
-    // Whether something that was written since the file was opened has not reached it: the disk is
-    // full, or the file is open for reading only. What waits in the buffer is known after Close.
-    // Also whether it could not be read somewhere, which looks like its end.
+    // Whether something written since the file was opened has not reached it: the disk is full, or
+    // the file is open only for reading. For bytes in the buffer this is known after Close. Also
+    // whether a read failed, which otherwise looks like the end of the file.
     bool HasFailed() const { return failed_; }
 
-    // Reads up to the next line feed or the end of the file. NUL bytes are skipped, trailing
-    // carriage returns and line feeds cut off. The text, read in the file's code page, is converted
-    // to the code page that `line` has. False, with `line` unchanged, at the end of the file.
+    // Reads up to the next line feed or the end of the file. NUL bytes are skipped, and trailing
+    // carriage returns and line feeds removed. The text, read in the file's code page, is converted
+    // to the code page of `line`. False, with `line` unchanged, at the end of the file.
     bool ReadLine(OString& line);
 
     // The part of the file's name after its last backslash.
     OString GetFileName() const;
 
-    // Whether `name` is a file (a folder is none).
+    // Whether `name` is a file. A folder is not one.
     static bool Exists(const OString& name);
 
     // Deletes a file; true on success.
@@ -73,14 +74,14 @@ protected:
     uint32_t _StreamWrite(const void* data, uint32_t size) override;
 
 private:
-    // Puts the file's position behind the last line again.
+    // Moves the file's position to the end of the last line again.
     void ReturnAhead();
 
     OString name_;
     HANDLE* handle_ = nullptr; // a heap cell with the platform's handle; null while closed
     bool failed_ = false;
 
-    // What ReadLine has read beyond its line, as long as lines are read one after the other.
+    // Bytes that ReadLine has read beyond its line, while lines are read one after the other.
     char ahead_[2048];
     int32_t ahead_at_ = 0;
     int32_t ahead_end_ = 0;

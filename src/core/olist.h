@@ -21,7 +21,7 @@ public:
     // The list that the node is in, or null.
     OList* GetList() const { return list_; }
 
-    // Takes the node out of its list, if it is in one; the caller owns it then.
+    // Takes the node out of its list, if it is in one. The caller then owns it.
     void Remove();
 
 private:
@@ -40,10 +40,10 @@ public:
     OList& operator=(const OList&) = delete;
     virtual ~OList();
 
-    // A new node of the kind that this list holds, not yet in the list; null without memory.
+    // A new node of this list's kind, not yet in the list. Null without memory.
     virtual ONode* NewNode();
 
-    // The ends; null when the list is empty.
+    // The ends, or null if the list is empty.
     ONode* GetHead() const { return head_; }
     ONode* GetTail() const { return tail_; }
 
@@ -51,10 +51,10 @@ public:
     bool AddHead(ONode* node);
     bool AddTail(ONode* node);
 
-    // Adds a node in front of another of this list; without one, at the head. False for null.
+    // Adds a node before another of this list, or at the head if that is null. False for null.
     bool InsertBefore(ONode* node, ONode* before);
 
-    // Takes a node out, if it is in this list; the caller owns it then.
+    // Takes a node out, if it is in this list. The caller then owns it.
     void Remove(ONode* node);
 
     // Deletes every node.

@@ -85,7 +85,7 @@ uint32_t OStream::_BufferWrite(const void* data, uint32_t size) {
 uint32_t OStream::_BufferFlush() {
     if (buffered_ == 0) return 0;
     uint32_t waiting = buffered_;
-    // Emptied whatever the sink takes: bytes that it refused once are not offered again.
+    // Emptied whatever the sink takes: refused bytes are not offered again.
     buffered_ = 0;
     return _StreamWrite(buffer_, waiting);
 }

@@ -15,11 +15,11 @@ namespace {
 
 constexpr WCHAR kEmptyW[] = {0};
 
-uint32_t Length(const char* text) {
+uint32_t LengthOrZero(const char* text) {
     return text ? static_cast<uint32_t>(std::min<size_t>(std::strlen(text), INT_MAX)) : 0;
 }
 
-uint32_t Length(const WCHAR* text) {
+uint32_t LengthOrZero(const WCHAR* text) {
     if (!text) return 0;
     return static_cast<uint32_t>(std::min<size_t>(std::char_traits<WCHAR>::length(text), INT_MAX));
 }
@@ -88,7 +88,7 @@ OString& OString::Assign(const C* text) {
         copy = text;
         return *this = std::move(copy);
     }
-    const uint32_t length = Length(text);
+    const uint32_t length = LengthOrZero(text);
     if (WriteNew() && core_->set_length(length, false) && length != 0) Append(text, length);
     return *this;
 }
@@ -219,7 +219,7 @@ WCHAR* OString::GetBufferW(int length) {
 }
 
 void OString::Format(const WCHAR* format, ...) {
-    // Into a buffer of our own, so that an argument may be this string's text.
+    // Into a local buffer, so that an argument may be this string's text.
     WCHAR text[4096 + 1] = {0};
     if (format) {
         va_list arguments;
@@ -245,12 +245,12 @@ OString& OString::operator<<(const OString& text) {
 
 OString& OString::operator<<(const char* text) {
     if (is_valid_n() && !is_valid_w() && GetCodePage() == 0 && text && !Owns(text))
-        return Append(text, Length(text));
+        return Append(text, LengthOrZero(text));
     return *this << OString(text);
 }
 
 OString& OString::operator<<(const WCHAR* text) {
-    if (!IsEmpty() && text && *text && !Owns(text)) return Append(text, Length(text));
+    if (!IsEmpty() && text && *text && !Owns(text)) return Append(text, LengthOrZero(text));
     return *this << OString(text);
 }
 

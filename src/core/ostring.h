@@ -10,19 +10,19 @@
 class OStringCore;
 
 // A handle on a shared text. Copies are cheap; the first write makes the text private. The text has
-// up to two forms, an 8-bit form in the string's code page and a UTF-16 form; a form that is
-// missing is converted when it is asked for and kept until the other is written.
+// up to two forms, an 8-bit form in the string's code page and a UTF-16 form. A missing form is
+// converted when asked for and kept until the other is written.
 //
 // Code page 0 is the system's ANSI code page, 1208 is UTF-8, any other value a Windows code page
-// number. A conversion to an 8-bit code page loses the characters which that code page lacks.
+// number. A conversion to an 8-bit code page loses the characters that it lacks.
 //
 // Positions and lengths count characters of one form: bytes of the 8-bit form or units of the
 // UTF-16 form. In double-byte code pages and UTF-8 the two may differ; each operation says which
 // form it works on. Positions start at 0. Positions and counts out of range are clamped, null texts
-// are empty texts, texts passed in may be (part of) the string's own. Without memory a write leaves
-// the string as it was or empty; nothing throws.
+// are empty texts, and texts passed in may be (part of) the string's own. Without memory a write
+// leaves the string unchanged or empty; nothing throws.
 //
-// A pointer into the text is good until the string, or the last string that shares the text, is
+// A pointer into the text is valid until the string, or the last string that shares the text, is
 // changed or destroyed. A string and all its copies belong to one thread.
 class OString {
 public:
@@ -43,11 +43,11 @@ public:
     OString& operator=(const char* text);
     OString& operator=(const WCHAR* text);
 
-    // Gives up the text: the string is empty and has code page 0.
+    // Gives up the text: the string is then empty and has code page 0.
     void ReleaseCore();
     // Makes the text private, as every write does by itself.
     void ChangeCore();
-    // A copy that shares nothing with this string, so that it may go to another thread; empty
+    // A copy that shares nothing with this string, so that it may go to another thread. Empty
     // without memory.
     OString OwnCopy() const;
 
@@ -65,23 +65,23 @@ public:
     // Units of the UTF-16 form if it exists, else bytes of the 8-bit form.
     int GetLength() const;
 
-    // The text in one form, terminated; never null. Converts when the form is missing.
+    // The text in one form, terminated and never null. Converts it if the form is missing.
     const char* nstring() const;
     const WCHAR* wstring() const;
     const WCHAR* tstring() const { return wstring(); }
 
-    // The length of one form, 0 while it is missing.
+    // The length of one form, or 0 while it is missing.
     int nlen() const;
     int wlen() const;
 
     // Empties the string and returns room for `length` characters and a terminator, which the
-    // caller writes before the next use of the string. Nothing needs to be released. Null when the
-    // memory cannot be had.
+    // caller writes before the next use of the string. Nothing needs to be released. Null if there
+    // is no memory.
     char* GetBufferA(int length);
     WCHAR* GetBufferW(int length);
     WCHAR* GetBuffer(int length) { return GetBufferW(length); }
 
-    // Replaces the text by what wvsprintfW makes of the format and the arguments; UTF-16 form.
+    // Replaces the text with wvsprintfW's output for the format and the arguments. UTF-16 form.
     void Format(const WCHAR* format, ...);
 
     // ---- Appending ------------------------------------------------------------------------------
@@ -94,7 +94,7 @@ public:
     OString& operator<<(const char* text);
     OString& operator<<(const WCHAR* text);
 
-    // Appends one character to the 8-bit (UTF-16) form; only that form is left. NUL appends
+    // Appends one character to the 8-bit (UTF-16) form; only that form remains. NUL appends
     // nothing.
     OString& operator<<(char c);
     OString& operator<<(WCHAR c);
@@ -113,59 +113,59 @@ public:
 
     // ---- Comparing ------------------------------------------------------------------------------
 
-    // -1, 0 or 1: which text sorts first. Texts of which one exists in UTF-16, or whose code pages
-    // differ, compare by UTF-16 units; else by signed bytes, where bytes beyond ASCII sort first.
-    // Beyond ASCII the order may thus change once a text has been converted.
+    // -1, 0 or 1: which text sorts first. Compares by UTF-16 units if one text exists in UTF-16 or
+    // the code pages differ; else by signed bytes, where bytes beyond ASCII sort first. So beyond
+    // ASCII the order may change once a text has been converted.
     int Collate(const OString& other) const;
     // The same with the letters a to z taken as A to Z.
     int CompareNoCase(const OString& other) const;
-    // Whether the texts are the same, by case; `!=` follows from it.
+    // Whether the texts are the same, case-sensitively. `!=` follows from it.
     bool operator==(const OString& other) const;
     bool operator==(const char* text) const;
 
-    // Whether an operation on two strings works on their UTF-16 forms.
+    // Whether an operation on two strings uses their UTF-16 forms.
     bool _IsUnicodeOperation(const OString& other) const;
 
     // ---- Searching: a position, or -1 -----------------------------------------------------------
 
-    // The first occurrence at or behind `start`, in the 8-bit form. NUL is never found. The empty
+    // The first occurrence at or after `start`, in the 8-bit form. NUL is never found. The empty
     // text is found at `start` if the string reaches beyond it.
     int Find(char c, int start = 0) const;
     int Find(const char* text, int start = 0) const;
     // The same in the UTF-16 form.
     int Find(const WCHAR* text, int start = 0) const;
-    // The last occurrence in the 8-bit form. NUL is found behind the last character.
+    // The last occurrence in the 8-bit form. NUL is found after the last character.
     int ReverseFind(char c) const;
     // The first and the last byte of the 8-bit form that occurs in `set`.
     int FindOneOf(const char* set) const;
     int ReverseFindOneOf(const char* set) const;
 
     // Whether the whole UTF-16 text matches the whole pattern: "?" stands for one character, "*"
-    // for any run of characters, everything else for itself. Takes at most the product of the
-    // lengths in steps.
+    // for any run of characters, everything else for itself. Takes at most as many steps as the
+    // product of the lengths.
     bool MatchPattern(const OString& pattern) const;
 
     // ---- Editing --------------------------------------------------------------------------------
 
-    // Inserts the first `count` characters of `text` (less if it ends before) in front of position
-    // `pos` of the 8-bit (UTF-16) form; only that form is left. Returns GetLength.
+    // Inserts the first `count` characters of `text` (fewer if it ends before) at position `pos` of
+    // the 8-bit (UTF-16) form; only that form remains. Returns GetLength.
     int Insert(int pos, const char* text, int count);
     int Insert(int pos, const WCHAR* text, int count);
 
-    // Removes `count` characters at `pos`, positions as GetLength counts them. Both forms stay if
-    // they count alike, else the UTF-16 form does. Returns GetLength.
+    // Removes `count` characters at `pos`, with positions as in GetLength. Both forms stay if they
+    // count alike, else only the UTF-16 form. Returns GetLength.
     int Delete(int pos, int count);
-    // Cuts the text to `length` characters, as Delete.
+    // Truncates the text to `length` characters, like Delete.
     void Truncate(int length);
 
-    // Replaces in the 8-bit form, the only one left; returns the number of replacements.
+    // Replaces in the 8-bit form, the only one that remains. Returns the number of replacements.
     int Replace(char from, char to);
-    // The same for texts. What was put in is not searched again. The UTF-16 form stays when nothing
-    // was found, and when `to` is empty and the forms count alike.
+    // The same for texts. Replacements are not searched again. The UTF-16 form stays if nothing was
+    // found, or if `to` is empty and the forms count alike.
     int Replace(const char* from, const char* to);
     int Remove(char c);
 
-    // Remove the leading (trailing) bytes of the 8-bit form that occur in `set`, as Delete. A set
+    // Remove the leading (trailing) bytes of the 8-bit form that occur in `set`, like Delete. A set
     // should be ASCII.
     void TrimLeft(const char* set);
     void TrimLeft(char c);
@@ -182,27 +182,27 @@ public:
     OString Mid(int start) const;
     OString Left(int count) const;
 
-    // The part in front of the last backslash, empty when there is none; and the part behind it,
-    // the whole text when there is none. A text whose only backslash comes first is both parts.
+    // The part before the last backslash, or empty without one; and the part after it, or the full
+    // text. A text whose only backslash comes first is both parts.
     OString PathPart() const;
     OString FilePart() const;
 
-    // The text becomes the bytes in upper-case hexadecimal, from first to last; a negative count
-    // takes its magnitude and goes from last to first, which writes a little-endian number the
+    // Sets the text to the bytes in upper-case hexadecimal, from first to last. A negative count
+    // means its magnitude and goes from last to first, which writes a little-endian number the
     // usual way. 8-bit form.
     void Hex(const void* data, int count);
 
-    // Counts the number at the end up by one, "Label 2" to "Label 3"; a text without a number gets
-    // " 2", or "2" without `space` or when it ends in a blank (or is empty). 8-bit form.
+    // Counts the number at the end up by one, "Label 2" to "Label 3". A text without a number gets
+    // " 2", or "2" without `space` or if it ends in a blank (or is empty). UTF-16 form.
     void NextUnique(bool space);
 
-    // Decodes "%" followed by two hexadecimal digits into the character whose byte has that value
-    // in the string's code page; "%00" vanishes. Every escape is a character by itself, so this is
-    // for code pages of one byte a character, or for ASCII.
+    // Decodes "%" and two hexadecimal digits into the character whose byte has that value in the
+    // string's code page; "%00" vanishes. Every escape is a character of its own, so this is for
+    // single-byte code pages or ASCII.
     OString& URLDecode();
 
-    // The number at the start of the 8-bit form: blanks and tabs, a sign, decimal digits; within
-    // +-2000000000, and 0 when there is none.
+    // The number at the start of the 8-bit form: blanks and tabs, a sign, decimal digits. Within
+    // +-2000000000, and 0 if there is none.
     explicit operator int32_t() const;
 
 private:
@@ -212,8 +212,8 @@ private:
     OString& Append(const WCHAR* text, uint32_t length);
     template <class C>
     OString& Assign(const C* text);
-    // Make the text private for a write to one form: that form is valid or the string is empty, the
-    // other is invalid. False when the memory cannot be had.
+    // Make the text private for a write to one form: that form is then valid or the string is
+    // empty, and the other is invalid. False if there is no memory.
     bool WriteN();
     bool WriteW();
     // Makes the body private without its text.

@@ -18,7 +18,7 @@ uint32_t Length(const WCHAR* text) {
     return static_cast<uint32_t>(std::char_traits<WCHAR>::length(text));
 }
 
-// The size of a block as the platform's converters take it.
+// The size of a block in the type that the platform's converters take.
 int Room(size_t size) {
     return static_cast<int>(std::min<size_t>(size, INT_MAX));
 }
@@ -83,7 +83,7 @@ bool OStringCore::set_length(uint32_t length, bool keep) {
         SetSize(length);
         return true;
     }
-    // Growing by half keeps a text that is appended to piece by piece from being moved each time.
+    // Growing by half avoids moving a text on every append.
     const uint32_t old_capacity = capacity_;
     SetSize(std::max(length, std::min(capacity_ + capacity_ / 2, kMaxLength)));
     OStringCore* moved = Clone();
@@ -137,7 +137,7 @@ void OStringCore::free_w() {
 }
 
 bool OStringCore::n_to_w() {
-    // No code page has more units than bytes, or next to none.
+    // Hardly any code page has more units than bytes.
     const uint32_t length = nlen();
     if (!reserve_w((length + size_t{1}) * sizeof(WCHAR))) return false;
     if (code_page_ == kUTF8) {

@@ -7,18 +7,18 @@
 
 // One text in up to two forms: 8-bit in the body's code page, and UTF-16. Only OString uses it.
 //
-// A form is valid when its block exists and does not begin with NUL; when both are valid they hold
-// the same text. A form that is overwritten by a write to the other keeps its block for later.
+// A form is valid if its block exists and does not begin with NUL. If both are valid they hold the
+// same text. A form that is overwritten by a write to the other keeps its block for later.
 //
 // Every block has room for `capacity` characters with the terminator: the 16-bit block is twice
 // that many bytes, the 8-bit block twice as well, or four times for UTF-8, so that a double-byte or
-// UTF-8 text of capacity - 1 characters fits. A conversion that needs still more takes a larger
+// UTF-8 text of capacity - 1 characters fits. A conversion that needs even more takes a larger
 // block. The length of a form is remembered, except while a caller may be writing into its block.
 //
-// Operations that allocate answer false when the memory cannot be had and leave the text as it was.
+// Operations that allocate return false if there is no memory, and leave the text unchanged.
 class OStringCore {
 public:
-    static constexpr uint32_t kUTF8 = 1208; // the code page that our own coder serves
+    static constexpr uint32_t kUTF8 = 1208; // the code page of our own coder
     static constexpr uint32_t kMaxLength = 0x1FFFFFFF;
 
     OStringCore() = default;
@@ -26,7 +26,7 @@ public:
     OStringCore(const OStringCore&) = delete;
     OStringCore& operator=(const OStringCore&) = delete;
 
-    // A copy with a reference count of 1; null when the memory cannot be had.
+    // A copy with a reference count of 1, or null if there is no memory.
     OStringCore* Clone() const;
 
     uint32_t reference_count = 1;
@@ -36,7 +36,7 @@ public:
     bool is_valid_n() const { return n_ && *n_; }
     bool is_valid_w() const { return w_ && *w_; }
 
-    // The length of a form in its own characters; 0 when it is not valid.
+    // The length of a form in its own characters, or 0 if it is not valid.
     uint32_t nlen() const {
         if (!is_valid_n()) return 0;
         return n_length_ == kUnknown ? CountN() : n_length_;
@@ -46,7 +46,7 @@ public:
         return w_length_ == kUnknown ? CountW() : w_length_;
     }
 
-    // Notes the length of a form just written, which puts the terminator there.
+    // Notes the length of a form just written, and puts the terminator there.
     void end_n(uint32_t length) {
         n_[length] = 0;
         n_length_ = length;
@@ -71,11 +71,11 @@ public:
     uint32_t capacity() const { return capacity_; }
     uint32_t code_page() const { return code_page_; }
 
-    // Changes the code page. The text survives: an 8-bit form is carried into the 16-bit form
-    // first, and comes back in the new code page when next asked for.
+    // Changes the code page. The text survives: an 8-bit form is first converted to the 16-bit
+    // form, and comes back in the new code page when next asked for.
     void SetCodePage(uint32_t code_page);
 
-    // Makes room for `length` characters. With `keep` the valid forms stay; without it both become
+    // Makes room for `length` characters. With `keep` the valid forms stay, without it both become
     // invalid. Blocks never shrink.
     bool set_length(uint32_t length, bool keep);
 

@@ -18,7 +18,7 @@ bool IsDigit(int c) {
     return c >= '0' && c <= '9';
 }
 
-// The length of a text of which at most `limit` characters count.
+// The length of a text, counting at most `limit` characters.
 template <class C>
 int LengthUpTo(const C* text, int limit) {
     int length = 0;
@@ -26,7 +26,7 @@ int LengthUpTo(const C* text, int limit) {
     return length;
 }
 
-// Replaces the characters first..last by those that begin with `replacement`.
+// Maps the characters first..last to those from `replacement` on.
 template <class C>
 void MapRange(C* text, char first, char last, char replacement) {
     for (; *text; ++text)
@@ -34,7 +34,7 @@ void MapRange(C* text, char first, char last, char replacement) {
             *text = static_cast<C>(*text - first + replacement);
 }
 
-// The value of a hexadecimal digit; other characters count by their low bits.
+// The value of a hexadecimal digit. Other characters count by their low bits.
 int HexDigit(WCHAR c) {
     return IsDigit(c) ? c - '0' : (c & 15) + 9;
 }
@@ -90,7 +90,7 @@ int OString::ReverseFindOneOf(const char* set) const {
 bool OString::MatchPattern(const OString& pattern) const {
     const WCHAR* text = wstring();
     const WCHAR* wanted = pattern.wstring();
-    // Only the last star can need a longer run: whatever an earlier one could take, it can as well.
+    // Only the last star can need a longer run: it can take whatever an earlier one could.
     const WCHAR* behind_star = nullptr;
     const WCHAR* run_end = nullptr;
     while (*text) {
@@ -216,7 +216,7 @@ int OString::Replace(const char* from, const char* to) {
     return count;
 }
 
-// Removes every occurrence of a text that is not empty; returns their number.
+// Removes every occurrence of a non-empty text. Returns their number.
 int OString::RemoveAll(const char* text) {
     if (!std::strstr(nstring(), text)) return 0;
     const OString wanted(text);
@@ -353,19 +353,19 @@ void OString::Hex(const void* data, int count) {
 }
 
 void OString::NextUnique(bool space) {
-    const char* text = nstring();
-    const int length = nlen();
+    const WCHAR* text = wstring();
+    const int length = wlen();
     int digits = length;
     while (digits > 0 && IsDigit(text[digits - 1])) --digits;
     if (digits == length) {
         const bool blank = space && length > 0 && text[length - 1] != ' ';
-        Insert(length, blank ? " 2" : "2", 2);
+        Insert(length, blank ? TEXT(" 2") : TEXT("2"), 2);
         return;
     }
     const OString next = FormatInt(xtol(text + digits) + 1);
-    if (!WriteN()) return;
-    core_->end_n(static_cast<uint32_t>(digits));
-    Insert(digits, next.nstring(), next.nlen());
+    if (!WriteW()) return;
+    core_->end_w(static_cast<uint32_t>(digits));
+    Insert(digits, next.wstring(), next.GetLength());
 }
 
 OString& OString::URLDecode() {

@@ -9,8 +9,8 @@
 #include "core/ostring.h"
 #include "core/ostring_array.h"
 
-// Values ordered by a 32-bit hash, the largest first. Values of equal hash stand together, the
-// newest in front. The map does not own what its values point to.
+// Values ordered by a 32-bit hash, the largest first. Among values of equal hash the newest comes
+// first. The map does not own what its values point to.
 template <class T>
 class OHashMap {
 public:
@@ -22,10 +22,10 @@ public:
     T ValueAt(int index) const { return values_[index]; }
     uint32_t HashAt(int index) const { return hashes_[index]; }
 
-    // The first index whose hash is not greater than `hash`: where the hash is, or belongs.
+    // The first index whose hash is not greater than `hash`: where it is, or belongs.
     int HashStart(uint32_t hash) const {
         const int size = GetSize();
-        // Hashes spread evenly, so the place is close to its share of the range, from above.
+        // Hashes are spread evenly, so the place is close to its share of the range, from above.
         int at = static_cast<int>(muldiv64u(~hash, static_cast<uint32_t>(size), UINT32_MAX));
         while (at > 0 && hashes_[at - 1] <= hash) --at;
         while (at < size && hashes_[at] > hash) ++at;
@@ -38,7 +38,7 @@ public:
     }
 
 protected:
-    // Inserts a value in front of those with its hash; returns its index, -1 without memory.
+    // Inserts a value before those with its hash. Returns its index, or -1 without memory.
     int HashInsert(uint32_t hash, T value) {
         const int at = HashStart(hash);
         if (!hashes_.InsertAt(at, hash, 1)) return -1;
@@ -51,8 +51,8 @@ protected:
     OTypedArray<uint32_t> hashes_;
 };
 
-// A map from strings, compared by case, to values. It looks up, stores and empties itself; there is
-// no removal of one key.
+// A map from strings, case-sensitive, to values. It can look up, store and empty itself, but not
+// remove one key.
 template <class T>
 class OStringMap : public OHashMap<T> {
 public:
@@ -62,7 +62,7 @@ public:
         return CRC32(text, static_cast<uint32_t>(key.nlen()) + 1, 0);
     }
 
-    // The value of a key. False, with `value` left alone, when the key is not in the map.
+    // The value of a key. False, with `value` unchanged, if the key is not in the map.
     bool Lookup(const OString& key, T& value) const {
         const int at = IndexOf(key, HashCalculate(key));
         if (at < 0) return false;
@@ -70,7 +70,7 @@ public:
         return true;
     }
 
-    // Stores a value, in the place of the one that the key has. False without memory.
+    // Stores a value, replacing the one that the key has. False without memory.
     bool Set(const OString& key, T value) {
         // It may be one of ours.
         const OString held(key); // NOLINT(performance-unnecessary-copy-initialization)
@@ -91,7 +91,7 @@ public:
     // The key at an index below GetSize.
     const OString& KeyAt(int index) const { return keys_[index]; }
 
-    // Empties the map; what the values point to is the owner's business.
+    // Empties the map. Objects that the values point to remain with their owner.
     void RemoveAll() {
         this->values_.SetSize(0);
         this->hashes_.SetSize(0);

@@ -4,7 +4,7 @@
 
 namespace {
 
-// Of no platform when the system does not tell.
+// Of no platform if the system does not tell.
 OSVERSIONINFOW Version() {
     OSVERSIONINFOW version = {};
     version.dwOSVersionInfoSize = sizeof version;

@@ -6,6 +6,7 @@
 #include <cstring>
 #include <memory>
 
+#include "driver/fail.h"
 #include "model/prtmodel.h"
 #include "settings/dev_mode.h"
 #include "spooler/open_printer.h"
@@ -14,25 +15,20 @@
 namespace {
 
 // Names, versions and sizes, which every DEVMODE has.
-constexpr DWORD HEADER = offsetof(DEVMODEW, dmFields);
+constexpr DWORD kHeader = offsetof(DEVMODEW, dmFields);
 
-// The layout of Windows NT 3.51, which ends in front of the colour management.
-constexpr WORD SPEC_VERSION_351 = 0x320;
-constexpr WORD SIZE_351 = offsetof(DEVMODEW, dmICMMethod);
+// The layout of Windows NT 3.51, which ends before the colour management.
+constexpr WORD kSpecVersion351 = 0x320;
+constexpr WORD kSize351 = offsetof(DEVMODEW, dmICMMethod);
 
-BOOL Fail(DWORD error) {
-    SetLastError(error);
-    return FALSE;
-}
-
-BOOL Fail(PDWORD needed, DWORD size) {
+BOOL AskForRoom(PDWORD needed, DWORD size) {
     *needed = size;
     return Fail(ERROR_INSUFFICIENT_BUFFER);
 }
 
 BOOL MakeDefault(const WCHAR* printer, DEVMODEW* out, PDWORD size) {
     const auto needed = static_cast<DWORD>(DevMode::GetDefaultDevModeSize());
-    if (*size < needed) return Fail(size, needed);
+    if (*size < needed) return AskForRoom(size, needed);
     const OpenPrinter opened(OString(printer), PRINTER_ACCESS_USE);
     if (!opened.Get()) return FALSE;
     const std::unique_ptr<const prtmodel> model(prtmodel::new_ext(PrinterInfo(opened.Get())));
@@ -42,20 +38,20 @@ BOOL MakeDefault(const WCHAR* printer, DEVMODEW* out, PDWORD size) {
 
 BOOL Convert(const DEVMODEW* in, DEVMODEW* out, PDWORD size, bool to_351) {
     if (!in) return Fail(ERROR_INVALID_PARAMETER);
-    // A buffer that is shorter than that does not say what layout it wants.
-    if (*size < HEADER)
-        return Fail(size, (to_351 ? SIZE_351 : DWORD{sizeof(DEVMODEW)}) + in->dmDriverExtra);
-    const WORD in_size = in->dmSize; // before the output, which may be the same
+    // A shorter buffer does not say which layout it wants.
+    if (*size < kHeader)
+        return AskForRoom(size, (to_351 ? kSize351 : DWORD{sizeof(DEVMODEW)}) + in->dmDriverExtra);
+    const WORD in_size = in->dmSize; // read before the output is written, which may be the same
     const WORD extra = in->dmDriverExtra;
     if (to_351) {
-        out->dmSpecVersion = SPEC_VERSION_351;
-        out->dmSize = SIZE_351;
+        out->dmSpecVersion = kSpecVersion351;
+        out->dmSize = kSize351;
     }
     const WORD spec_version = out->dmSpecVersion;
     const WORD out_size = out->dmSize;
-    if (out_size < HEADER) return Fail(ERROR_INVALID_PARAMETER);
+    if (out_size < kHeader) return Fail(ERROR_INVALID_PARAMETER);
     const DWORD needed = DWORD{out_size} + extra;
-    if (*size < needed) return Fail(size, needed);
+    if (*size < needed) return AskForRoom(size, needed);
 
     // The private part first, so that a buffer can be converted in place.
     const auto* from = reinterpret_cast<const char*>(in);
@@ -76,7 +72,7 @@ BOOL Convert(const DEVMODEW* in, DEVMODEW* out, PDWORD size, bool to_351) {
 BOOL WINAPI DrvConvertDevMode(LPWSTR printer, PDEVMODEW in, PDEVMODEW out, PDWORD needed,
                               DWORD mode) {
     if (!needed) return Fail(ERROR_INVALID_PARAMETER);
-    if (!out) return Fail(needed, static_cast<DWORD>(DevMode::GetDefaultDevModeSize()));
+    if (!out) return AskForRoom(needed, static_cast<DWORD>(DevMode::GetDefaultDevModeSize()));
     switch (mode) {
     case CDM_DRIVER_DEFAULT:
         return MakeDefault(printer, out, needed);

@@ -1,7 +1,9 @@
-// What a printer can be told to do, for programs without a user interface.
+// Printer actions, for programs without a user interface.
 #include <algorithm>
 #include <cstring>
 
+#include "driver/action_choice.h"
+#include "driver/settings_handle.h"
 #include "ui/prtui.h"
 #include "zplui.h"
 
@@ -34,10 +36,10 @@ int WINAPI DAL_Action_Name(HANDLE settings, int action, LPWSTR name, int size) {
 
 BOOL WINAPI DAL_Action_Run(HANDLE settings, int action, LPCWSTR choice) {
     const DWORD offer = DAL_Action_Supported(settings, action);
-    auto* ui = static_cast<prtui*>(settings);
-    if (!offer || (ui->restricted && (offer & ACTION_ADMINISTRATIVE))) return FALSE;
+    prtui* ui = offer & ACTION_ADMINISTRATIVE ? ChangeablePrinterOf(settings) : PrinterOf(settings);
+    if (!ui || !offer) return FALSE;
     if (offer & ACTION_OPENS_DIALOG)
-        return choice && ui->RunChoice(static_cast<printer_action>(action), choice);
+        return choice && RunChoice(*ui, static_cast<printer_action>(action), choice);
     ui->PrinterAction(nullptr, static_cast<printer_action>(action));
     return TRUE;
 }

@@ -7,6 +7,7 @@
 
 #include "core/fixed_text.h"
 #include "core/memory.h"
+#include "driver/settings_handle.h"
 #include "fonts/font_sender.h"
 #include "fonts/font_settings.h"
 #include "model/record_text.h"
@@ -23,19 +24,8 @@ static_assert(DAL_CHARACTERS_ALL == ALL_CHARACTERS);
 
 namespace {
 
-// The sizes that can be chosen, in tenths of a point.
+// The selectable sizes, in tenths of a point.
 constexpr DWORD kSmallestSize = 40, kLargestSize = 1440;
-
-prtui* PrinterOf(HANDLE settings) {
-    auto* ui = static_cast<prtui*>(settings);
-    return ui && ui->model && ui->stream ? ui : nullptr;
-}
-
-// For those who may change its fonts.
-prtui* ChangeablePrinterOf(HANDLE settings) {
-    prtui* ui = PrinterOf(settings);
-    return ui && !ui->restricted ? ui : nullptr;
-}
 
 DAL_FONT Described(const DownloadedFont& font) {
     DAL_FONT described = {};
@@ -54,7 +44,7 @@ DAL_FONT Described(const DownloadedFont& font) {
     return described;
 }
 
-// Completes the description of a font. False when the system would show another one in its place.
+// Completes the description of a font. False if the system would show another font in its place.
 bool FindSystemFont(LOGFONTW& font) {
     const HDC dc = ::CreateCompatibleDC(nullptr);
     if (!dc) return false;
@@ -73,7 +63,7 @@ bool FindSystemFont(LOGFONTW& font) {
     return true;
 }
 
-// The option of a memory, the first one for 0; -1 for one that is not there.
+// The option of a memory, or the first option for 0. -1 if there is none.
 int OptionOf(WCHAR memory, const CFontSettings& settings) {
     if (!memory) return settings.option_letters.GetSize() ? 0 : -1;
     for (int i = 0; i < settings.option_letters.GetSize(); ++i)
@@ -81,7 +71,7 @@ int OptionOf(WCHAR memory, const CFontSettings& settings) {
     return -1;
 }
 
-// What a file may be called: the printer's commands end at other characters.
+// Only these characters are allowed in a file's name: others would end the printer's commands.
 bool IsFileName(const OString& name) {
     const char* text = name.nstring();
     return std::all_of(text, text + std::strlen(text), [](char c) {
@@ -105,7 +95,7 @@ bool IsKind(DWORD kind, const prtmodel& model) {
                        [kind](const FontDownloadKind& known) { return known.type == kind; });
 }
 
-// What a font is to become, as a user would have chosen it. False when it cannot be.
+// Makes the choices that a user would have made for the font. False if it cannot be made.
 bool Choose(const DAL_FONT& wanted, const prtui& ui, const CFontSettings& settings,
             FontChoices& choices) {
     if (!IsKind(wanted.kind, *ui.model)) return false;
@@ -134,6 +124,10 @@ bool Choose(const DAL_FONT& wanted, const prtui& ui, const CFontSettings& settin
     return IsFileName(choices.file_name);
 }
 
+bool Stored(prtui& ui) {
+    return ui.fonts.Save(ui.model.get()) != SaveResult::FAILED;
+}
+
 } // namespace
 
 int WINAPI DAL_Fonts_List(HANDLE settings, DAL_FONT* fonts, int count) {
@@ -149,16 +143,22 @@ int WINAPI DAL_Fonts_List(HANDLE settings, DAL_FONT* fonts, int count) {
 
 BOOL WINAPI DAL_Fonts_Verify(HANDLE settings) {
     prtui* ui = ChangeablePrinterOf(settings);
-    if (!ui || !ui->VerifyFonts(nullptr)) return FALSE;
-    ui->fonts.Save(ui->model.get());
-    return TRUE;
+    if (!ui || !ui->EnableVerifyFonts(*ui->stream)) return FALSE;
+    prtdttf_list before;
+    before = ui->fonts;
+    if (!ui->VerifyFonts(nullptr)) {
+        ui->fonts = before; // nobody knows that they are missing
+        return FALSE;
+    }
+    return Stored(*ui);
 }
 
 BOOL WINAPI DAL_Fonts_Resend(HANDLE settings) {
     prtui* ui = ChangeablePrinterOf(settings);
     if (!ui) return FALSE;
-    ReDownloadAll(ui->fonts, *ui->stream, ui->model.get());
-    return TRUE;
+    const ReDownloadResult result = ReDownloadAll(ui->fonts, *ui->stream, ui->model.get());
+    if (result.too_large) SetLastError(ERROR_BAD_LENGTH);
+    return !result.too_large && result.saved != SaveResult::FAILED;
 }
 
 BOOL WINAPI DAL_Font_Download(HANDLE settings, DAL_FONT* font) {
@@ -172,14 +172,15 @@ BOOL WINAPI DAL_Font_Download(HANDLE settings, DAL_FONT* font) {
                                              DownloadedFont(ChosenFont(questions, choices)));
     if (!made) return FALSE;
     ui->AdjustFontInfo(made.get());
-    if (!SendFont(*made, *ui->stream)) return FALSE;
+    const FontSent sent = SendFont(*made, *ui->stream);
+    if (sent == FontSent::TOO_LARGE) SetLastError(ERROR_BAD_LENGTH);
+    if (sent != FontSent::SENT) return FALSE;
 
-    // The printer has it in place of another file of that name.
+    // It has replaced another file of that name in the printer.
     delete FindFile(ui->fonts, *made);
     *font = Described(*made);
     ui->fonts.AddTail(made.release());
-    ui->fonts.Save(ui->model.get());
-    return TRUE;
+    return Stored(*ui);
 }
 
 BOOL WINAPI DAL_Font_Delete(HANDLE settings, int index) {
@@ -188,8 +189,7 @@ BOOL WINAPI DAL_Font_Delete(HANDLE settings, int index) {
     DownloadedFont* font = ui->fonts.GetNext(nullptr);
     while (font && index-- > 0) font = ui->fonts.GetNext(font);
     if (!font) return FALSE;
-    if (font->status != DownloadedFont::MISSING) font->Erase(ui->stream);
+    font->Erase(ui->stream);
     delete font;
-    ui->fonts.Save(ui->model.get());
-    return TRUE;
+    return Stored(*ui);
 }

@@ -1,4 +1,4 @@
-// Asking a ZPL II printer, for programs.
+// Queries to a ZPL II printer, for programs.
 #include <windows.h>
 
 #include "ui/prtui.h"
@@ -20,7 +20,7 @@ static_assert(DAL_QUERY_CONFIGURATION == ZPLQuery::CONFIGURATION);
 BOOL WINAPI DAL_Query_Run(HANDLE settings, int questions, DAL_QUERY_ANSWER answer, void* context) {
     auto* ui = static_cast<prtui*>(settings);
     if (!ui || !answer) return FALSE;
-    // The UI object of this driver is always the ZPL one.
+    // The UI object of this driver is always the ZPL II one.
     ZPLQuery query(nullptr, static_cast<extstream*>(ui->stream));
     if (!query.RunQuery(questions)) return FALSE;
     for (int i = 0; i < query.properties.GetCount(); ++i) {

@@ -16,7 +16,7 @@ void WINAPI DAL_Settings_Save(HANDLE settings) {
     auto* ui = static_cast<prtui*>(settings);
     if (!ui || !ui->model) return;
     const bool stored = ui->Settings_Save();
-    SetLastError(stored ? NO_ERROR : ui->restricted ? ERROR_ACCESS_DENIED : ERROR_WRITE_FAULT);
+    SetLastError(stored ? NO_ERROR : ERROR_WRITE_FAULT);
 }
 
 void WINAPI DAL_Settings_Export(HANDLE settings, LPCWSTR file, int contents) {
@@ -24,8 +24,5 @@ void WINAPI DAL_Settings_Export(HANDLE settings, LPCWSTR file, int contents) {
 }
 
 void WINAPI DAL_Settings_Import(HANDLE settings, LPCWSTR file, int contents) {
-    auto* ui = static_cast<prtui*>(settings);
-    if (!ui) return;
-    ui->Settings_Import(file, contents, nullptr);
-    SetLastError(ui->restricted ? ERROR_ACCESS_DENIED : NO_ERROR);
+    if (settings) static_cast<prtui*>(settings)->Settings_Import(file, contents, nullptr);
 }

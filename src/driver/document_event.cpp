@@ -1,10 +1,10 @@
-// What happens to documents: DrvDocumentEvent.
+// Events of documents: DrvDocumentEvent.
 #include "keys/shadow_keys.h"
 #include "spooler/printer_info.h"
 #include "zplui.h"
 
 int WINAPI DrvDocumentEvent(HANDLE printer, HDC, int event, ULONG, PVOID, ULONG, PVOID) {
-    const PrinterInfo info(printer); // asks the spooler for the events that need the name alone
+    const PrinterInfo info(printer); // asks the spooler only for events that need the name
     switch (event & 0xFFFF) {
     case DOCUMENTEVENT_CREATEDCPRE:
     case DOCUMENTEVENT_STARTDOC:

@@ -1,10 +1,10 @@
-// The life of a printer: DrvPrinterEvent and DrvUpgradePrinter.
+// Events in the life of a printer: DrvPrinterEvent and DrvUpgradePrinter.
 #include "zplui.h"
 
 #include <memory>
 
+#include "driver/fail.h"
 #include "driver/version_check.h"
-#include "keys/network_policy.h"
 #include "model/prtmodel.h"
 #include "settings/dev_mode.h"
 #include "spooler/open_printer.h"
@@ -12,16 +12,11 @@
 
 namespace {
 
-BOOL Fail(DWORD error) {
-    SetLastError(error);
-    return FALSE;
-}
-
 std::unique_ptr<prtmodel> ModelOf(HANDLE printer) {
     return std::unique_ptr<prtmodel>(prtmodel::new_ext(PrinterInfo(printer)));
 }
 
-// Brings the printer's default DEVMODE into today's layout and the model's limits.
+// Brings the printer's default DEVMODE into the current layout and within the model's limits.
 BOOL UpgradeDefaultDevMode(HANDLE printer, const prtmodel* model) {
     PrinterInfo info(printer);
     DevMode settings;
@@ -29,11 +24,6 @@ BOOL UpgradeDefaultDevMode(HANDLE printer, const prtmodel* model) {
     settings.Merge(info.GetDevMode(), model);
     info.SetDevMode(settings.GetDevMode());
     return TRUE;
-}
-
-// Whether this user may change what is the printer's own. A connection's copy is the user's.
-bool MayChange(const prtmodel& model) {
-    return model.GetRegistry().IsShadow() || NetworkPolicy(model.GetPrinterName()).MayChange();
 }
 
 void InstallDefaults(prtmodel& model) {
@@ -51,7 +41,7 @@ BOOL AddConnection(const OString& name) {
     const OpenPrinter printer(name, PRINTER_ACCESS_USE);
     if (!printer.Get()) return TRUE;
     const auto model = ModelOf(printer.Get());
-    if (model && MayChange(*model)) {
+    if (model) {
         InstallDefaults(*model);
         model->RecordDataToReg();
     }
@@ -68,7 +58,6 @@ BOOL Initialize(const OString& name) {
     }
     const auto model = ModelOf(printer.Get());
     if (!model) return FALSE;
-    if (!MayChange(*model)) return Fail(ERROR_ACCESS_DENIED);
     const BOOL result = UpgradeDefaultDevMode(printer.Get(), model.get());
     InstallDefaults(*model);
     model->RecordDataToReg();
@@ -99,7 +88,6 @@ BOOL WINAPI DrvUpgradePrinter(DWORD, LPBYTE info) {
     }
     const auto model = ModelOf(printer.Get());
     if (!model) return FALSE;
-    if (!MayChange(*model)) return Fail(ERROR_ACCESS_DENIED);
     const BOOL result = UpgradeDefaultDevMode(printer.Get(), model.get());
     InstallDefaults(*model);
     return result;

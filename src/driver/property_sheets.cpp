@@ -4,10 +4,6 @@
 #include "keys/shadow_keys.h"
 #include "spooler/printer_info.h"
 
-namespace {
-constexpr LONG NO_SHEETS = -1;
-}
-
 std::unique_ptr<prtui> OpenSheets(HANDLE printer, const DEVMODEW* in, uint32_t mode) {
     CreateShadow(PrinterInfo(printer).GetPrinterName());
     std::unique_ptr<prtui> ui(prtui::new_ext());
@@ -21,17 +17,17 @@ LONG AnswerSheets(PROPSHEETUI_INFO& info, LPARAM parameter, HANDLE printer, cons
     auto* const ui = reinterpret_cast<prtui*>(info.UserData);
     switch (info.Reason) {
     case PROPSHEETUI_REASON_GET_INFO_HEADER:
-        if (!ui || !parameter) return NO_SHEETS;
+        if (!ui || !parameter) return kNoSheets;
         return ui->ReasonGetInfoHeader(&info, reinterpret_cast<PROPSHEETUI_INFO_HEADER*>(parameter),
                                        name);
     case PROPSHEETUI_REASON_DESTROY:
-        if (!ui) return NO_SHEETS;
+        if (!ui) return kNoSheets;
         if (ui->commit_shadow) CommitShadow(PrinterInfo(printer).GetPrinterName());
         delete ui;
         info.UserData = 0;
         return 1;
     case PROPSHEETUI_REASON_SET_RESULT:
-        if (!ui || !parameter) return NO_SHEETS;
+        if (!ui || !parameter) return kNoSheets;
         return ui->ReasonSetResult(&info, reinterpret_cast<const SETRESULT_INFO*>(parameter),
                                    header);
     default:
@@ -40,9 +36,9 @@ LONG AnswerSheets(PROPSHEETUI_INFO& info, LPARAM parameter, HANDLE printer, cons
 }
 
 bool IsExplorer(const char* path) {
-    constexpr char EXPLORER[] = "explorer.exe";
-    constexpr int LENGTH = sizeof EXPLORER - 1;
+    constexpr char kExplorer[] = "explorer.exe";
+    constexpr int kLength = sizeof kExplorer - 1;
     for (; *path; ++path)
-        if (xstrnicmp(path, EXPLORER, LENGTH) == 0) return true;
+        if (xstrnicmp(path, kExplorer, kLength) == 0) return true;
     return false;
 }

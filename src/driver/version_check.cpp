@@ -8,7 +8,7 @@ bool CheckWindowsVersion() {
     if (win2000) return true;
     OSVERSIONINFOW version = {};
     version.dwOSVersionInfoSize = sizeof version;
-    if (!GetVersionExW(&version)) return true; // systems that old are the ones this build is for
+    if (!GetVersionExW(&version)) return true; // this build is the one for systems that old
     return version.dwMajorVersion < 5 || version.dwMinorVersion == 0;
 }
 

@@ -3,6 +3,8 @@
 #include <initializer_list>
 #include <iterator>
 
+#include "locale/text_numbers.h"
+
 namespace {
 
 struct Range {
@@ -17,28 +19,21 @@ constexpr CharMask Mask(uint16_t text, std::initializer_list<Range> ranges) {
 }
 
 constexpr CharMask kMasks[] = {
-    // Numbers with their signs.
-    Mask(1915, {{' ', ' '}, {',', '.'}, {'0', '9'}}),
-    // Amounts and quantities.
-    Mask(1916, {{' ', ' '}, {'"', '%'}, {'(', ':'}, {'<', '>'}}),
-    // Capitals.
-    Mask(1914, {{' ', ' '}, {'@', 'Z'}}),
-    // Capitals with punctuation.
-    Mask(1913, {{' ', '$'},
-                {'&', '\''},
-                {'*', '*'},
-                {',', '.'},
-                {':', ';'},
-                {'?', '?'},
-                {'A', 'Z'},
-                {'_', '`'}}),
-    // Capitals and numbers.
-    Mask(1912, {{' ', ' '}, {',', '.'}, {'0', '9'}, {'@', 'Z'}}),
-    // Capitals, numbers and punctuation.
-    Mask(1917, {{' ', '?'}, {'A', 'Z'}, {'_', '`'}}),
-    // ASCII.
-    Mask(1911, {{32, 127}}),
-    Mask(ALL_CHARACTERS, {{32, 255}}),
+    Mask(TEXT_NUMBERS, {{' ', ' '}, {',', '.'}, {'0', '9'}}),
+    Mask(TEXT_AMOUNTS, {{' ', ' '}, {'"', '%'}, {'(', ':'}, {'<', '>'}}),
+    Mask(TEXT_CAPITALS, {{' ', ' '}, {'@', 'Z'}}),
+    Mask(TEXT_CAPITALS_PUNCTUATION, {{' ', '$'},
+                                     {'&', '\''},
+                                     {'*', '*'},
+                                     {',', '.'},
+                                     {':', ';'},
+                                     {'?', '?'},
+                                     {'A', 'Z'},
+                                     {'_', '`'}}),
+    Mask(TEXT_CAPITALS_NUMBERS, {{' ', ' '}, {',', '.'}, {'0', '9'}, {'@', 'Z'}}),
+    Mask(TEXT_CAPITALS_NUMBERS_PUNCTUATION, {{' ', '?'}, {'A', 'Z'}, {'_', '`'}}),
+    Mask(TEXT_ASCII, {{32, 127}}),
+    Mask(TEXT_ALL_CHARACTERS, {{32, 255}}),
 };
 
 } // namespace

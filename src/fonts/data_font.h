@@ -7,8 +7,8 @@
 #include "core/ostring.h"
 #include "fonts/data_font_storage.h"
 
-// What all data fonts have: the name that applications see, and font attributes. Which class an
-// object is of follows from its type.
+// The common part of all data fonts: the name that applications see, and font attributes. The class
+// of an object follows from its type.
 class DataFont {
 public:
     enum Type { BAR_CODE_1D = 1, BAR_CODE_2D = 2, RFID = 3 };
@@ -29,9 +29,10 @@ public:
     // Takes at most 31 bytes of a name, without quotes and without blanks, tabs and line ends
     // around it.
     void SetFontName(const OString& name);
-    // Whether two fonts have one name; the case of the letters A to Z does not count.
+    // Whether two fonts have the same name, regardless of the case of the letters A to Z.
     bool HasNameOf(const DataFont& other) const;
 
+    // For the pages that edit fonts.
     bool IsMultiline() const { return (flags & MULTILINE) != 0; }
     void SetMultiline(bool on) { flags = on ? flags | MULTILINE : flags & ~uint32_t{MULTILINE}; }
 
@@ -51,17 +52,17 @@ public:
     };
     Attributes attributes;
 
-    int32_t resolution = 300; // dots per inch, which the font's dots are counted in
+    int32_t resolution = 300; // dots per inch, in which the font's dots are counted
     uint32_t flags = 0;
 
 protected:
-    // The common part of a blob. The type comes with it: the subclass sees to it that it is one of
-    // its own.
+    // Loads the common part of a blob. The type comes with it; the subclass makes sure that it is
+    // one of its own.
     void Load(const DataFontStorage& storage);
     void Save(DataFontStorage& storage) const;
 
     // Copies what a blob of `size` bytes holds into the storage of a subclass, `room` bytes. The
-    // record behind the common part begins with its own size in bytes, and just so many of it are
+    // record after the common part begins with its own size in bytes, and just so many of it are
     // copied. False, with nothing copied, when there is no record, when not all of it is there and
     // when it is too long for its kind of font.
     static bool ReadBlob(const void* blob, size_t size, void* storage, size_t room);
@@ -73,5 +74,5 @@ private:
 
     static constexpr size_t NAME_SIZE = sizeof DataFontStorage::face_name;
     char face_name_[NAME_SIZE] = {};
-    char folded_name_[NAME_SIZE] = {}; // in capitals, for lists that look for it
+    char folded_name_[NAME_SIZE] = {}; // in capitals, for searches in lists
 };

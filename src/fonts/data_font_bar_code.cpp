@@ -10,19 +10,13 @@
 
 namespace {
 
-// Fields of the record by byte offset.
-enum Field {
-    RECORD_SIZE = 0,
-    HEIGHT = 28, // 32 bits
-    RATIO_WHOLE = 42,
-    RATIO_HUNDREDTHS = 44,
-    ADD_ON = 68 // the digits behind a UPC or EAN code
-};
+constexpr int kSize1D = 96;
+constexpr int kSize2D = 72;
+constexpr int kAuto = 65535;
+constexpr int kHeightMils = 65;
 
-constexpr int SIZE_1D = 96;
-constexpr int SIZE_2D = 72;
-constexpr int AUTO = 65535;
-constexpr int HEIGHT_MILS = 65;
+// What every one-dimensional record begins with; what the last two do, the rendering module knows.
+constexpr int kSetAtFirst[] = {DataFont_BarCode::CHECK_DIGIT_SHOWN, 72, 74};
 
 } // namespace
 
@@ -43,10 +37,10 @@ void DataFont_BarCode::InitBarCodeData(int symbology) {
     record_ = {};
     set_symbology(symbology);
     if (type_ != BAR_CODE_1D) return;
-    const auto height = static_cast<uint32_t>(muldiv64s(HEIGHT_MILS, resolution, 1000));
+    const auto height = static_cast<uint32_t>(muldiv64s(kHeightMils, resolution, 1000));
     record_.Set(HEIGHT, static_cast<uint16_t>(height));
     record_.Set(HEIGHT + 2, static_cast<uint16_t>(height >> 16));
-    for (const int offset : {50, 72, 74}) record_.Set(offset, 1);
+    for (const int offset : kSetAtFirst) record_.Set(offset, 1);
 }
 
 // ---- Fields -------------------------------------------------------------------------------------
@@ -60,7 +54,7 @@ const DataFont_BarCode::Places& DataFont_BarCode::places() const {
 void DataFont_BarCode::set_symbology(int symbology) {
     const bool two_dimensional = is_2D(symbology);
     type_ = two_dimensional ? BAR_CODE_2D : BAR_CODE_1D;
-    record_.Set(RECORD_SIZE, two_dimensional ? SIZE_2D : SIZE_1D);
+    record_.Set(RECORD_SIZE, two_dimensional ? kSize2D : kSize1D);
     record_.Set(places().symbology, symbology);
 }
 
@@ -116,50 +110,50 @@ void DataFont_BarCode::SetSymbologyDefaults() {
         int offset;
         int value;
     } defaults[] = {
-        {SymbologyInfo::CODE128, 56, 0},
-        {SymbologyInfo::CODE128, 58, 0},
-        {SymbologyInfo::CODABAR, 56, 'a'},
-        {SymbologyInfo::CODABAR, 58, 'a'},
-        {SymbologyInfo::PDF417, 44, 12},
-        {SymbologyInfo::PDF417, 46, AUTO},
-        {SymbologyInfo::PDF417, 48, 0},
-        {SymbologyInfo::PDF417, 50, 0},
-        {SymbologyInfo::PDF417, 54, 3},
-        {SymbologyInfo::MICRO_PDF417, 44, 12},
-        {SymbologyInfo::MICRO_PDF417, 46, AUTO},
-        {SymbologyInfo::MICRO_PDF417, 48, 0},
-        {SymbologyInfo::MICRO_PDF417, 50, 0},
-        {SymbologyInfo::MICRO_PDF417, 54, 3},
-        {SymbologyInfo::MAXICODE, 44, 12},
-        {SymbologyInfo::MAXICODE, 46, 2},
-        {SymbologyInfo::DATA_MATRIX, 44, 20},
-        {SymbologyInfo::DATA_MATRIX, 46, 200},
-        {SymbologyInfo::DATA_MATRIX, 48, 0},
-        {SymbologyInfo::DATA_MATRIX, 50, 0},
+        {SymbologyInfo::CODE128, CODE128_MODE, 0},
+        {SymbologyInfo::CODE128, CODE128_OPTION, 0},
+        {SymbologyInfo::CODABAR, CODABAR_START, 'a'},
+        {SymbologyInfo::CODABAR, CODABAR_STOP, 'a'},
+        {SymbologyInfo::PDF417, OWN_SIZE, 12},
+        {SymbologyInfo::PDF417, PDF417_SECURITY, kAuto},
+        {SymbologyInfo::PDF417, PDF417_TRUNCATED, 0},
+        {SymbologyInfo::PDF417, PDF417_COLUMNS, 0},
+        {SymbologyInfo::PDF417, PDF417_ROW_HEIGHT, 3},
+        {SymbologyInfo::MICRO_PDF417, OWN_SIZE, 12},
+        {SymbologyInfo::MICRO_PDF417, PDF417_SECURITY, kAuto},
+        {SymbologyInfo::MICRO_PDF417, PDF417_TRUNCATED, 0},
+        {SymbologyInfo::MICRO_PDF417, PDF417_COLUMNS, 0},
+        {SymbologyInfo::MICRO_PDF417, PDF417_ROW_HEIGHT, 3},
+        {SymbologyInfo::MAXICODE, OWN_SIZE, 12},
+        {SymbologyInfo::MAXICODE, MAXICODE_MODE, 2},
+        {SymbologyInfo::DATA_MATRIX, OWN_SIZE, 20},
+        {SymbologyInfo::DATA_MATRIX, MATRIX_QUALITY, 200},
+        {SymbologyInfo::DATA_MATRIX, MATRIX_SIZE, 0},
+        {SymbologyInfo::DATA_MATRIX, MATRIX_FUNCTION, 0},
         {SymbologyInfo::DATA_MATRIX, 54, 0},
         {SymbologyInfo::DATA_MATRIX, 56, 0},
-        {SymbologyInfo::QR_CODE, 44, 16},
-        {SymbologyInfo::QR_CODE, 46, 2},
-        {SymbologyInfo::QR_CODE, 48, 9},
-        {SymbologyInfo::QR_CODE, 50, 'L'},
-        {SymbologyInfo::QR_CODE, 52, 0},
-        {SymbologyInfo::CODE16K, 44, 4},
-        {SymbologyInfo::CODE16K, 46, 10},
-        {SymbologyInfo::CODE49, 44, 6},
+        {SymbologyInfo::QR_CODE, OWN_SIZE, 16},
+        {SymbologyInfo::QR_CODE, QR_MODEL, 2},
+        {SymbologyInfo::QR_CODE, QR_MASK, 9},
+        {SymbologyInfo::QR_CODE, QR_CORRECTION, 'L'},
+        {SymbologyInfo::QR_CODE, QR_INPUT, 0},
+        {SymbologyInfo::CODE16K, OWN_SIZE, 4},
+        {SymbologyInfo::CODE16K, STACKED_HEIGHT, 10},
+        {SymbologyInfo::CODE49, OWN_SIZE, 6},
+        {SymbologyInfo::CODE49, STACKED_HEIGHT, 10},
         {SymbologyInfo::CODE49, 48, 0},
-        {SymbologyInfo::CODE49, 46, 10},
-        {SymbologyInfo::RSS, 44, 8},
-        {SymbologyInfo::RSS, 46, 0},
+        {SymbologyInfo::RSS, OWN_SIZE, 8},
+        {SymbologyInfo::RSS, RSS_TYPE, 0},
         {SymbologyInfo::RSS, 48, 3},
-        {SymbologyInfo::RSS, 50, 0},
-        {SymbologyInfo::COMPOSITE, 44, 26},
-        {SymbologyInfo::COMPOSITE, 46, 0},
+        {SymbologyInfo::RSS, RSS_SEGMENTS, 0},
+        {SymbologyInfo::COMPOSITE, OWN_SIZE, 26},
+        {SymbologyInfo::COMPOSITE, RSS_TYPE, 0},
         {SymbologyInfo::COMPOSITE, 48, 3},
-        {SymbologyInfo::COMPOSITE, 50, 0},
-        {SymbologyInfo::AZTEC, 44, 10},
-        {SymbologyInfo::AZTEC, 46, 0},
-        {SymbologyInfo::AZTEC, 48, 0},
-        {SymbologyInfo::AZTEC, 50, 0},
+        {SymbologyInfo::COMPOSITE, RSS_SEGMENTS, 0},
+        {SymbologyInfo::AZTEC, OWN_SIZE, 10},
+        {SymbologyInfo::AZTEC, AZTEC_CORRECTION, 0},
+        {SymbologyInfo::AZTEC, AZTEC_LAYERS, 0},
+        {SymbologyInfo::AZTEC, AZTEC_TYPE, 0},
         {SymbologyInfo::AZTEC, 52, 0},
     };
     const int symbology = get_symbology();
@@ -234,6 +228,17 @@ int DataFont_BarCode::EnumBarCodeSymbologies(OTypedArray<int>& symbologies) {
 
 namespace {
 
+// What the option bits of the model's symbology records say, where a bar code depends on them.
+constexpr uint32_t kCode128AutoOnly = 0x2;
+constexpr uint32_t kAttachable = 0x1F; // an add-on symbology's: any way of attaching it
+constexpr uint32_t kPDF417NotTruncated = 0x1;
+constexpr uint32_t kMaxiCodeMode2 = 0x1; // the modes from 2 to 6 have a bit each from here on
+constexpr uint32_t kQRModel1 = 0x1;
+constexpr uint32_t kQRModel2 = 0x2;
+constexpr uint32_t kQRMaskByHand = 0x10;
+
+constexpr int kQRMaskAuto = 9; // from here on the printer chooses
+
 // The option bit without which Data Matrix cannot be printed at an error correction level; 0 for
 // levels that need none.
 uint32_t DataMatrixBit(int level) {
@@ -275,7 +280,7 @@ bool HasAll(uint32_t options, uint32_t bits) {
 
 // Whether an add-on symbology can be attached to another bar code.
 bool Attachable(const KVSymbologyData& add_on) {
-    return (add_on.options & 0x1F) != 0;
+    return (add_on.options & kAttachable) != 0;
 }
 
 } // namespace
@@ -290,32 +295,32 @@ bool DataFont_BarCode::IsSupported(const prtmodel* model) const {
     const uint32_t options = records[symbology].options;
     switch (symbology) {
     case SymbologyInfo::CODE128: {
-        const int mode = GetField(56);
-        return mode < 1 || mode > 3 || !(options & 0x2);
+        const int mode = GetField(CODE128_MODE);
+        return mode < 1 || mode > 3 || !(options & kCode128AutoOnly);
     }
     case SymbologyInfo::UPC_A:
     case SymbologyInfo::UPC_E:
     case SymbologyInfo::EAN_13:
     case SymbologyInfo::EAN_8: {
         const int digits = GetField(ADD_ON);
-        const bool two = digits == 2 || digits == AUTO;
-        const bool five = digits == 5 || digits == AUTO;
+        const bool two = digits == 2 || digits == kAuto;
+        const bool five = digits == 5 || digits == kAuto;
         return (!two || Attachable(records[SymbologyInfo::SUPPLEMENTAL_2])) &&
                (!five || Attachable(records[SymbologyInfo::SUPPLEMENTAL_5]));
     }
     case SymbologyInfo::PDF417:
-        return !(options & 0x1) || GetField(48) == 0;
+        return !(options & kPDF417NotTruncated) || GetField(PDF417_TRUNCATED) == 0;
     case SymbologyInfo::DATA_MATRIX:
-        return HasAll(options, DataMatrixBit(GetField(46)));
+        return HasAll(options, DataMatrixBit(GetField(MATRIX_QUALITY)));
     case SymbologyInfo::MAXICODE: {
-        const int mode = GetField(46);
-        return mode < 2 || mode > 6 || HasAll(options, uint32_t{1} << (mode - 2));
+        const int mode = GetField(MAXICODE_MODE);
+        return mode < 2 || mode > 6 || HasAll(options, kMaxiCodeMode2 << (mode - 2));
     }
     case SymbologyInfo::QR_CODE: {
-        const int qr_model = GetField(46);
-        if ((qr_model == 1 || qr_model == 2) && !HasAll(options, static_cast<uint32_t>(qr_model)))
-            return false;
-        return GetField(48) >= 9 || HasAll(options, 0x10);
+        const int qr_model = GetField(QR_MODEL);
+        if (qr_model == 1 && !HasAll(options, kQRModel1)) return false;
+        if (qr_model == 2 && !HasAll(options, kQRModel2)) return false;
+        return GetField(QR_MASK) >= kQRMaskAuto || HasAll(options, kQRMaskByHand);
     }
     default:
         return true;
@@ -323,8 +328,8 @@ bool DataFont_BarCode::IsSupported(const prtmodel* model) const {
 }
 
 bool DataFont_BarCode::SupportedRatio(int narrow, int wide, uint32_t ratios) {
-    constexpr uint32_t ANY = 0x1000;
-    constexpr uint32_t ALL = 0xFFF000;
+    constexpr uint32_t kAny = 0x1000;
+    constexpr uint32_t kAll = 0xFFF000;
     // wide : narrow as a : b, where dots do not divide into smaller parts.
     static constexpr struct {
         uint32_t bit;
@@ -333,7 +338,7 @@ bool DataFont_BarCode::SupportedRatio(int narrow, int wide, uint32_t ratios) {
     } known[] = {{0x2000, 2, 1},    {0x4000, 11, 5},   {0x8000, 9, 4},   {0x10000, 7, 3},
                  {0x20000, 12, 5},  {0x40000, 5, 2},   {0x80000, 13, 5}, {0x100000, 8, 3},
                  {0x200000, 11, 4}, {0x400000, 14, 5}, {0x800000, 3, 1}};
-    if ((ratios & ALL) == 0 || (ratios & ANY)) return true;
+    if ((ratios & kAll) == 0 || (ratios & kAny)) return true;
     return std::any_of(std::begin(known), std::end(known), [&](const auto& ratio) {
         return (ratios & ratio.bit) && narrow % ratio.b == 0 &&
                int64_t{wide} * ratio.b == int64_t{narrow} * ratio.a;

@@ -8,7 +8,8 @@ class prtmodel;
 
 // Adds the record that the rendering module reads. It is kept as that module wants it, so what a
 // field is for depends on the symbology (SymbologyInfo has their numbers): in the type of the font,
-// one- or two-dimensional, all symbologies agree on the fields that have operations below.
+// one- or two-dimensional, all symbologies agree on the fields that have operations below. Most of
+// them are for the pages that edit fonts.
 class DataFont_BarCode : public DataFont {
 public:
     // As after init.
@@ -50,7 +51,49 @@ public:
     int get_hr() const;
     void set_hr(int hr);
 
-    // A 16-bit field of the record by its byte offset, an even number below 96.
+    // Fields of the record, by byte offset. Those of a symbology's own have its name.
+    enum Field : int {
+        RECORD_SIZE = 0,
+
+        // One-dimensional symbologies.
+        HEIGHT = 28, // 32 bits: of the bars, in dots
+        RATIO_WHOLE = 42,
+        RATIO_HUNDREDTHS = 44,
+        CHECK_DIGIT = 48,
+        CHECK_DIGIT_SHOWN = 50,
+        CODE128_MODE = 56,
+        CODE128_OPTION = 58,
+        CODABAR_START = 56, // a character
+        CODABAR_STOP = 58,
+        ADD_ON = 68, // the digits after a UPC or EAN code
+        JAPAN_POST_OPTION = 88,
+
+        // Two-dimensional ones.
+        OWN_SIZE = 44, // bytes of the symbology's own fields, from this one on
+        PDF417_SECURITY = 46,
+        PDF417_TRUNCATED = 48,
+        PDF417_COLUMNS = 50,
+        PDF417_ROWS = 52, // MicroPDF417's
+        PDF417_ROW_HEIGHT = 54,
+        MATRIX_QUALITY = 46,
+        MATRIX_SIZE = 48,
+        MATRIX_FUNCTION = 50,
+        MATRIX_WHITE_ON_BLACK = 52,
+        MATRIX_RECTANGLE = 58,
+        MAXICODE_MODE = 46,
+        QR_MODEL = 46,
+        QR_MASK = 48,
+        QR_CORRECTION = 50,  // a character
+        QR_INPUT = 52,       // a character, 0 for any
+        STACKED_HEIGHT = 46, // of Code 16K and Code 49
+        RSS_TYPE = 46,       // RSS and Composite
+        RSS_SEGMENTS = 50,
+        AZTEC_CORRECTION = 46,
+        AZTEC_LAYERS = 48,
+        AZTEC_TYPE = 50,
+    };
+
+    // A 16-bit field by its byte offset, an even number below 96. Pages edit the symbologies' own.
     int GetField(int offset) const { return record_.Get(offset); }
     void SetField(int offset, int value) { record_.Set(offset, value); }
 

@@ -14,20 +14,21 @@ namespace {
 
 constexpr char kFonts[] = "DATA:Data Fonts";
 
-// The blob's value of the font that has a key of this name.
+// The blob's value of the font with a key of this name.
 OString ValueOf(const OString& key) {
     return OString(kFonts) << "/" << ORegistry::EncodeName(key) << "/Data";
 }
 
-// The key of a font. A registry key cannot have a backslash in its name; the font's name is in its
-// blob.
+// The key of a font. A registry key cannot have a backslash in its name, but the font's name is in
+// its blob.
 OString KeyOf(const DataFont& font) {
     OString key = font.GetFontName();
+    key.Replace("%", "%25"); // so that "a%5Cb" and "a\\b" have different keys
     key.Replace("\\", "%5C");
     return key;
 }
 
-// Calls `work` with the blob of a font and its size; with null and 0 for what is neither kind.
+// Calls `work` with the blob of a font and its size, or with null and 0 for neither kind.
 template <class Work>
 auto WithBlob(const DataFont& font, Work work) {
     if (font.IsBarCode()) {
@@ -49,7 +50,7 @@ DataFont* LoadedFont(const void* blob, size_t size) {
     return font && font->Load(blob, size) ? font.release() : nullptr;
 }
 
-// A font made of a blob of any kind; null when it is none.
+// A font made from a blob of any kind, or null if it is invalid.
 DataFont* FontOf(const void* blob, size_t size) {
     if (DataFont* font = LoadedFont<DataFont_BarCode>(blob, size)) return font;
     return LoadedFont<DataFont_RFID>(blob, size);
@@ -66,15 +67,14 @@ DataFont* CopyOf(const DataFont& font) {
 
 DataFontManager& DataFontManager::operator=(const DataFontManager& other) {
     if (this == &other) return *this;
+    StoredList::operator=(other);
+    const AllocationWatch memory;
     Clear();
-    fonts_.SetSize(other.GetSize());
-    fonts_.SetSize(0);
     for (int i = 0; i < other.GetSize(); ++i) {
         DataFont* font = CopyOf(*other[i]);
         if (font && fonts_.Add(font) < 0) delete font;
     }
-    unmodified_ = other.unmodified_;
-    whole_ = other.whole_;
+    if (memory.Failed()) KeepStored();
     return *this;
 }
 
@@ -114,49 +114,23 @@ bool DataFontManager::Load(const prtmodel* model) {
         const int32_t size = registry.GetBinary(ValueOf(keys[i]), blob, sizeof blob);
         if (size > 0) AddTail(FontOf(blob, static_cast<size_t>(size)));
     }
-    whole_ = !registry.HasFailed();
-    SetUnmodified();
+    NoteLoaded(GetCRC32(0), registry);
     return true;
 }
 
-bool DataFontManager::IsAsStored(prtreg& registry) const {
-    OStringArray keys;
-    registry.EnumKeys(kFonts, keys);
-    int count = 0;
-    for (int i = 0; i < fonts_.GetSize(); ++i) {
-        const OString key = KeyOf(*fonts_[i]);
-        if (key.IsEmpty()) continue;
-        if (count == keys.GetSize() || keys[count++] != key) return false;
-        const bool same = WithBlob(*fonts_[i], [&](const void* blob, uint32_t size) {
-            char stored[sizeof(DataFontStorage_RFID)];
-            const int32_t found = registry.GetBinary(ValueOf(key), stored, sizeof stored);
-            return blob && found == static_cast<int32_t>(size) &&
-                   std::memcmp(stored, blob, size) == 0;
-        });
-        if (!same) return false;
-    }
-    return count == keys.GetSize();
-}
-
-bool DataFontManager::Save(const prtmodel* model) {
+SaveResult DataFontManager::Save(const prtmodel* model) {
     const OSingleLock guard(&lock_, true);
-    if (!whole_) return true;
     prtreg registry(model->GetRegistry());
-    if (IsAsStored(registry) && !registry.HasFailed()) {
-        SetUnmodified();
-        return true;
-    }
-    ORegistryTransaction changes(registry);
-    registry.DeletePattern(OString(kFonts) << "/*");
-    for (int i = 0; i < fonts_.GetSize(); ++i) {
-        const OString key = KeyOf(*fonts_[i]);
-        if (key.IsEmpty()) continue;
-        WithBlob(*fonts_[i], [&](const void* blob, uint32_t size) {
-            if (blob) registry.SetBinary(ValueOf(key), blob, size);
-        });
-    }
-    if (changes.Commit()) SetUnmodified();
-    return true;
+    return SaveChanges(registry, GetCRC32(0), [&] {
+        registry.DeletePattern(OString(kFonts) << "/*");
+        for (int i = 0; i < fonts_.GetSize(); ++i) {
+            const OString key = KeyOf(*fonts_[i]);
+            if (key.IsEmpty()) continue;
+            WithBlob(*fonts_[i], [&](const void* blob, uint32_t size) {
+                if (blob) registry.SetBinary(ValueOf(key), blob, size);
+            });
+        }
+    });
 }
 
 uint32_t DataFontManager::GetCRC32(uint32_t seed) const {

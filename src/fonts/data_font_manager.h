@@ -7,60 +7,59 @@
 #include "core/oarray.h"
 #include "core/ofile.h"
 #include "fonts/data_font.h"
+#include "settings/stored_list.h"
 
 class prtmodel;
-class prtreg;
 
-// Fonts in the order of the registry, new ones behind them. The list owns its fonts; names are
-// unique in it as far as AddTail is what brings them in. Load and Save lock it, everything else
-// belongs to one thread.
+// Fonts in the order of the registry, new ones after them. The list owns its fonts. Their names are
+// unique if all were added with AddTail. Load and Save lock the list, everything else belongs to
+// one thread.
 //
-// A font is kept in the registry as one binary value, its blob: "DATA:Data Fonts/NAME/Data".
-class DataFontManager {
+// A font is stored in the registry as one binary value, its blob: "DATA:Data Fonts/NAME/Data",
+// where "%" and backslashes in the name are escaped ("%25", "%5C").
+class DataFontManager : public StoredList {
 public:
     DataFontManager() = default;
     ~DataFontManager() { Clear(); }
     DataFontManager(const DataFontManager&) = delete;
-    // Takes over copies of the fonts and the mark of the last load or save.
+    // Takes over copies of the fonts and the memory of the last load or save. An incomplete copy is
+    // not saved.
     DataFontManager& operator=(const DataFontManager& other);
 
     int GetSize() const { return fonts_.GetSize(); }
-    // The index is the caller's responsibility.
+    // The index is not checked.
     DataFont* operator[](int index) const { return fonts_[index]; }
 
     // Deletes all fonts.
     void Clear();
 
-    // Adds a font, which the list then owns: in the place of one with its name, which is deleted,
-    // or else at the end. The case of the letters A to Z does not count. Null is ignored.
+    // Adds a font, which the list then owns. It replaces one with its name, which is deleted, or is
+    // added at the end. The case of the letters A to Z does not matter. Null is ignored.
     void AddTail(DataFont* font);
 
-    // Takes a font out of the list; the caller owns it then. Nothing when it is not in the list.
+    // Takes a font out of the list. The caller then owns it. Nothing if it is not in the list.
     void Remove(DataFont* font);
 
     // ---- Storage --------------------------------------------------------------------------------
 
-    // Fills the list anew from the registry; what is no font there is passed over. When not all of
+    // Fills the list from the registry; anything there that is not a font is skipped. If not all of
     // it could be read, the list is not saved until it is loaded again. Always true.
     bool Load(const prtmodel* model);
 
-    // Stores the fonts in place of all that were stored: all of them or, on failure, none. One
-    // without a name is left out. Always true.
-    bool Save(const prtmodel* model);
+    // Stores the fonts, replacing all stored ones: all of them or none. One without a name is left
+    // out.
+    SaveResult Save(const prtmodel* model);
 
-    // What is stored stays: nothing is saved until the list is loaded again.
-    void KeepStored() { whole_ = false; }
-
-    // The checksum of all blobs, continued from `seed`; `seed` for an empty list.
+    // The checksum of all blobs, continued from `seed`, or `seed` for an empty list.
     uint32_t GetCRC32(uint32_t seed) const;
 
-    // Load and Save mark the list as unmodified; so does this.
-    void SetUnmodified() { unmodified_ = GetCRC32(0); }
-    bool IsModified() const { return GetCRC32(0) != unmodified_; }
+    // Load and Save mark the list as unmodified, and so does this. For pages that edit the list.
+    void SetUnmodified() { NoteStored(GetCRC32(0)); }
+    bool IsModified() const { return HasChanged(GetCRC32(0)); }
 
     // ---- Exchange -------------------------------------------------------------------------------
 
-    // Write a text block for each font of the kind; their number.
+    // Write a text block for each font of the kind. Return their number.
     //
     //   <font type='Bar Code'>     or 'RFID'
     //   Name=Code 128
@@ -69,24 +68,19 @@ public:
     int ExportBarFont(OFile& file, const prtmodel* model) const;
     int ExportRFID(OFile& file, const prtmodel* model) const;
 
-    // Add the fonts of all blocks of a file, which is read from its start, as AddTail does; their
-    // number. Those that the printer does not support are left out. A blob may be blob text or
-    // plain Base64; a damaged one leaves its font as a new one. Bar codes keep their printed module
-    // width in the resolution of the printer.
+    // Add the fonts of all blocks of a file, which is read from its start, as AddTail does. Return
+    // their number. Fonts that the printer does not support or that have no name are left out. A
+    // blob may be blob text or plain Base64; a damaged one leaves its font as a new one. Bar codes
+    // keep their printed module width in the resolution of the printer.
     int ImportBarFont(OFile& file, const prtmodel* model);
     int ImportRFID(OFile& file, const prtmodel* model);
 
-    // The same with bar code fonts from a binary file as old drivers wrote it, from where it
-    // stands: "KBF1", the size of a record (4 bytes), and records that begin with a blob. 0 for any
-    // other file.
+    // The same with bar code fonts from a binary file of old drivers, from its current position:
+    // "KBF1", the size of a record (4 bytes), and records that begin with a blob. 0 for any other
+    // file.
     int ImportKBF1(OFile& file, const prtmodel* model);
 
 private:
-    // Whether a save would leave the registry as it is.
-    bool IsAsStored(prtreg& registry) const;
-
     OPointerArray<DataFont*> fonts_;
     OCriticalSection lock_;
-    uint32_t unmodified_ = 0;
-    bool whole_ = true; // nothing that is stored was missed
 };

@@ -25,7 +25,7 @@ void WriteBlock(OFile& file, const char* kind, const DataFont& font) {
     OString text;
     bytes.Assign(reinterpret_cast<const char*>(&blob), sizeof blob);
     Base64::BufferToString(bytes, text);
-    // A blob of others may have a name with line ends in it; it comes back with the blob.
+    // Another program's blob may have a name with line ends in it. It comes back with the blob.
     OString name = font.GetFontName();
     name.Replace('\r', ' ');
     name.Replace('\n', ' ');
@@ -35,9 +35,10 @@ void WriteBlock(OFile& file, const char* kind, const DataFont& font) {
     file << "</font>" << OCore::endl << OCore::endl;
 }
 
-// Takes a font into the list if the printer supports it, else deletes it; whether it was taken.
+// Takes a font into the list if the printer supports it and it can be stored, else deletes it.
+// Returns whether it was taken.
 bool Keep(DataFontManager& fonts, std::unique_ptr<DataFont_BarCode> font, const prtmodel* model) {
-    if (!font->IsSupported(model)) return false;
+    if (!font->IsSupported(model) || font->GetFontName().IsEmpty()) return false;
     const int mils = font->get_mils();
     font->resolution = model->GetXResolution();
     font->set_mils(mils);
@@ -46,7 +47,8 @@ bool Keep(DataFontManager& fonts, std::unique_ptr<DataFont_BarCode> font, const 
 }
 
 bool Keep(DataFontManager& fonts, std::unique_ptr<DataFont_RFID> font, const prtmodel* model) {
-    if (!model->HasRFID() || !font->IsSupported(model)) return false;
+    if (!model->HasRFID() || !font->IsSupported(model) || font->GetFontName().IsEmpty())
+        return false;
     fonts.AddTail(font.release());
     return true;
 }
@@ -54,7 +56,7 @@ bool Keep(DataFontManager& fonts, std::unique_ptr<DataFont_RFID> font, const prt
 template <class Font, class Storage>
 int ReadBlocks(OFile& file, const char* kind, DataFontManager& fonts, const prtmodel* model) {
     int kept = 0;
-    std::unique_ptr<Font> font; // of the block that is being read
+    std::unique_ptr<Font> font; // of the block being read
     SettingsBlocks reader(file, kind);
     while (const SettingsBlocks::Line line = reader.Read()) {
         if (line == SettingsBlocks::BLOCK_START) {

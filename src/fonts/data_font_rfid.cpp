@@ -8,7 +8,7 @@
 
 namespace {
 
-// The memory of a tag in blocks: how many there are, and the first that is free to write.
+// The memory of a tag in blocks: their number, and the first that is free for writing.
 struct Blocks {
     uint32_t tag_type;
     int32_t total;

@@ -1,4 +1,5 @@
-// A data font whose text is written into an RFID tag.
+// A data font whose text is written into an RFID tag. What reads and changes its fields is for the
+// pages that edit fonts.
 #pragma once
 
 #include "fonts/data_font.h"
@@ -7,7 +8,7 @@ class prtmodel;
 
 class DataFont_RFID : public DataFont {
 public:
-    // Kinds of tags. What a printer writes is a mask of them (KVRFIDCapabilities::tag_types).
+    // Kinds of tags. A printer's supported ones are a mask of them (KVRFIDCapabilities::tag_types).
     enum TagType : uint32_t {
         EPC_64 = 1,
         EPC_96 = 2,
@@ -22,7 +23,7 @@ public:
         ISO_18000_6B = 1024
     };
 
-    // How the bits of a tag are divided. The others than custom belong to one EPC type each.
+    // The division of a tag's bits. All except custom belong to one EPC type each.
     enum Format : uint32_t {
         FORMAT_CUSTOM = 0,
         FORMAT_EPC_64 = 256,
@@ -35,8 +36,8 @@ public:
     // A font for EPC-64 tags.
     DataFont_RFID();
 
-    // SetDefaults changes the tag type and starts everything else anew: the general format of an
-    // EPC type, for other tags none and no mask; encoding 0, no write protection, the tag's first
+    // SetDefaults changes the tag type and resets everything else: the general format of an EPC
+    // type, or for other tags none and no mask; encoding 0, no write protection, the tag's first
     // free block.
     uint32_t GetTagType() const { return record_.tag_type; }
     void SetDefaults(uint32_t tag_type);
@@ -48,8 +49,8 @@ public:
     OString GetFormatMask() const { return OString(record_.mask); }
     void SetFormatMask(const OString& mask);
     void ClearFormatMask() { SetFormatMask(OString()); }
-    // Makes the mask that of the format. True, with the mask as it was, for a format that has none
-    // of its own.
+    // Sets the mask to that of the format. True, with the mask unchanged, for a format that has
+    // none of its own.
     bool UpdateFormatMask();
 
     int GetEncoding() const { return record_.encoding; }
@@ -58,22 +59,22 @@ public:
     bool GetWriteProtect() const { return record_.write_protect != 0; }
     void SetWriteProtect(bool on) { record_.write_protect = on; }
 
-    // The number of the block of the tag's memory that writing starts at.
+    // The block of the tag's memory where writing starts.
     int32_t GetStartingBlock() const { return record_.starting_block; }
     void SetStartingBlock(int32_t block) { record_.starting_block = block; }
-    // Back to the tag's first free block.
+    // Returns to the tag's first free block.
     void ResetStartingBlock();
 
-    // Brings the font in line with what the printer can write: a tag type that it does not know
-    // becomes the first one that it does, a format of another tag type that of its own, a block
-    // that the tag does not have the nearest one.
+    // Brings the font in line with what the printer can write: an unknown tag type becomes the
+    // first supported one, a format of another tag type becomes that of its own, a block that the
+    // tag does not have becomes the nearest one.
     void ValidateRFIDData(const prtmodel* model);
 
     // Whether the printer writes tags of the type.
     bool IsSupported(const prtmodel* model) const;
 
-    // Fills the font from a blob. False, with the font as it was, when the blob is another font's
-    // or incomplete, or when its record is too long.
+    // Fills the font from a blob. False, with the font unchanged, if the blob is another font's or
+    // incomplete, or if its record is too long.
     bool Load(const void* blob, size_t size);
     void Save(DataFontStorage_RFID& blob) const;
 

@@ -5,12 +5,12 @@
 #include <cstddef>
 #include <cstdint>
 
-// What every data font begins with. Bytes that are reserved are 0.
+// The common start of every data font. Reserved bytes are 0.
 struct DataFontStorage {
     uint16_t weight;
     int16_t adjustment;
     uint8_t attributes[8]; // as in LOGFONT, from lfItalic to lfPitchAndFamily
-    char face_name[32];    // terminated, zeros behind it
+    char face_name[32];    // terminated, zeros after it
     int32_t type;          // DataFont::Type
     int32_t resolution;    // dots per inch
     uint32_t flags;
@@ -21,8 +21,8 @@ static_assert(offsetof(DataFontStorage, face_name) == 12);
 static_assert(offsetof(DataFontStorage, type) == 44);
 
 // The record of a bar code font that the rendering module reads: 16-bit fields, named by their byte
-// offset. Its size and the places of the fields depend on the type of the font, and what many of
-// them mean on the symbology.
+// offset. Its size and the places of the fields depend on the type of the font, and the meaning of
+// many on the symbology.
 struct BarCodeRecord {
     uint16_t fields[48];
 
@@ -40,7 +40,7 @@ struct RFIDRecord {
     uint16_t write_protect; // 0 or 1
     int32_t starting_block;
     uint32_t format; // DataFont_RFID::Format
-    char mask[128];  // of the format; terminated, zeros behind it
+    char mask[128];  // of the format; terminated, zeros after it
 };
 static_assert(sizeof(RFIDRecord) == 156);
 static_assert(offsetof(RFIDRecord, tag_type) == 12);

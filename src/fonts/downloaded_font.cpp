@@ -2,6 +2,7 @@
 
 #include <cstring>
 
+#include "core/crc.h"
 #include "core/fixed_text.h"
 #include "keys/prtreg.h"
 #include "printer/prtstream.h"
@@ -71,6 +72,16 @@ void DownloadedFont::Save(prtreg& registry, const OString& prefix) const {
     registry.SetDWORD(named("Weight"), static_cast<uint16_t>(font.lfWeight));
     registry.SetString(named("Face Name"), FieldText(font.lfFaceName));
     registry.SetByte(named("Character Set"), font.lfCharSet);
+}
+
+uint32_t DownloadedFont::GetCRC32(uint32_t seed) const {
+    for (const uint16_t word :
+         {type, status, point_size, subset, static_cast<uint16_t>(font.lfWeight)})
+        seed = CRC32(&word, sizeof word, seed);
+    for (const BYTE byte : {font.lfItalic, font.lfCharSet}) seed = CRC32(&byte, sizeof byte, seed);
+    seed = CRC32(characters, sizeof characters, seed);
+    seed = CRC32(&info, sizeof info, seed);
+    return CRC32_UTF8(FieldText(font.lfFaceName), seed);
 }
 
 void DownloadedFont::Erase(prtstream* stream) {

@@ -1,4 +1,4 @@
-// Fonts of the system that are kept in the printer's memory.
+// Fonts of the system that are stored in the printer's memory.
 #pragma once
 
 #include <windows.h>
@@ -12,15 +12,15 @@
 class prtreg;
 class prtstream;
 
-// What is known of one font.
+// The record of one font.
 struct DownloadedFontInfo {
     enum Type : uint16_t {
-        FOUND = 0, // seen on the printer; somebody else has sent it
+        FOUND = 0, // found on the printer; another host has sent it
         TRUETYPE = 1,
         BITMAP = 2,
     };
     enum Status : uint16_t {
-        SENT = 0, // whether it has arrived is not known
+        SENT = 0, // it is not known whether it has arrived
         PRESENT = 1,
         MISSING = 2,
     };
@@ -29,7 +29,7 @@ struct DownloadedFontInfo {
     bool IsCharacterDownloaded(char character) const;
 
     OString GetDisplayName() const;
-    OString GetFileName() const; // in the printer, with its ending
+    OString GetFileName() const; // in the printer, with its extension
     OString GetLocation() const; // the letter of a memory
 
     uint16_t type = FOUND;
@@ -47,15 +47,18 @@ public:
     explicit DownloadedFont(const DownloadedFontInfo& other)
         : DownloadedFontInfo(other) {}
 
-    // What the names of the values of the font with this number (from 1) begin with, as it stands
-    // in a path: "Downloaded Font 07:: ".
+    // The start of the names of the values of the font with this number (from 1), as in a path:
+    // "Downloaded Font 07:: ".
     static OString KeyName(int index);
 
     // Read and write the values "prefix, name of the member". Of `font` the face name, the weight,
-    // the italic mark and the character set are kept. False when nothing of a font is stored.
+    // the italic mark and the character set are stored. False if nothing of a font is stored.
     bool Load(prtreg& registry, const OString& prefix);
     void Save(prtreg& registry, const OString& prefix) const;
 
-    // Has the printer delete the font, in a job of its own.
+    // The checksum of the stored data, continued from `seed`.
+    uint32_t GetCRC32(uint32_t seed) const;
+
+    // Makes the printer delete the font, in a job of its own.
     void Erase(prtstream* stream);
 };

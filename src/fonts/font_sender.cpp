@@ -11,7 +11,10 @@ namespace {
 
 constexpr DWORD kPiece = 16384; // bytes of a file at once
 
-// A font selected into a device context that is not the printer's, for as long as this lives.
+// The limits of a character's record.
+constexpr int64_t kMostBytes = UINT16_MAX;
+
+// A font selected, as long as this lives, into a device context that is not the printer's.
 class SelectedFont {
 public:
     SelectedFont(HDC dc, const LOGFONTW& description)
@@ -62,10 +65,10 @@ public:
                                         static_cast<uint32_t>(height));
     }
 
-    // What is drawn now.
+    // The current picture.
     GlyphPicture Read() {
         const auto size = static_cast<LONG>(bits_.GetSize());
-        // What cannot be read is blank.
+        // Pixels that cannot be read are blank.
         std::memset(bits_.GetData(), 0xFF, bits_.GetSize());
         ::GetBitmapBits(bitmap_, size, bits_.GetData());
         picture_.bits = bits_.GetData();
@@ -90,6 +93,54 @@ void StoreMetrics(const TEXTMETRICW& metrics, KVFontInfo& info) {
     info.internal_leading = static_cast<uint16_t>(metrics.tmInternalLeading);
 }
 
+// The system's font for the pictures of a bitmap font.
+LOGFONTW AtResolution(const DownloadedFontInfo& font, int dpi) {
+    LOGFONTW description = font.font;
+    description.lfHeight = -(font.point_size * dpi / 720);
+    return description;
+}
+
+// The rows of a character, upright or turned.
+struct GlyphRows {
+    GlyphRows(int columns, int height, uint16_t rotation)
+        : width(rotation ? height : columns)
+        , rows(rotation ? columns : height)
+        , row_bytes((width + 7) / 8) {}
+
+    int64_t Bytes() const { return int64_t{row_bytes} * rows; }
+    bool Fit() const { return width <= UINT16_MAX && rows <= UINT16_MAX && Bytes() <= kMostBytes; }
+
+    const int width;
+    const int rows;
+    const int row_bytes;
+};
+
+// Whether all characters of the selected font fit into their records.
+bool CharactersFit(const DownloadedFontInfo& font, HDC dc, int height, const prtmodel& model) {
+    for (const uint16_t rotation : {uint16_t{0}, uint16_t{1}}) {
+        if (!model.DownloadFontRotation(rotation)) continue;
+        for (int code = 0; code < 256; ++code) {
+            const auto character = static_cast<char>(code);
+            SIZE cell = {};
+            if (font.IsCharacterDownloaded(character) &&
+                ::GetTextExtentPointA(dc, &character, 1, &cell) &&
+                !GlyphRows(cell.cx, height, rotation).Fit())
+                return false;
+        }
+    }
+    return true;
+}
+
+// The same before there is a job.
+bool CharactersFit(const DownloadedFontInfo& font, prtstream& stream) {
+    const prtmodel* model = stream.GetModel();
+    const ScreenContext screen;
+    const SelectedFont selected(screen.dc, AtResolution(font, stream.GetVerticalDPI()));
+    TEXTMETRICW metrics = {};
+    return !model || !selected.IsValid() || !::GetTextMetricsW(screen.dc, &metrics) ||
+           CharactersFit(font, screen.dc, metrics.tmHeight, *model);
+}
+
 void Send(KVFontInfo::Operation operation, KVFontInfo& info, prtstream& stream) {
     info.operation = operation;
     stream.DownloadFont(info);
@@ -100,7 +151,7 @@ bool HasInk(const GlyphPicture& picture, int x, int y) {
            !(picture.bits[y * picture.stride + x / 8] & (0x80 >> x % 8));
 }
 
-// Sends all characters in one rotation; the bytes of their rows.
+// Sends all characters in one rotation. Returns the bytes of their rows.
 uint32_t SendPass(DownloadedFont& font, uint16_t rotation, const TEXTMETRICW& metrics,
                   Canvas& canvas, prtstream& stream, bool& prepared) {
     uint32_t total = 0;
@@ -134,14 +185,10 @@ OBuffer<unsigned char> BitmapCharacter(unsigned char character, const GlyphPictu
                                        int advance, int ascent, uint16_t rotation) {
     OBuffer<unsigned char> glyph;
     const int columns = std::max(advance, 0);
-    const int width = rotation ? picture.height : columns;
-    const int rows = rotation ? columns : picture.height;
-    const int row_bytes = (width + 7) / 8;
-    if (rows > UINT16_MAX || columns > UINT16_MAX || row_bytes > UINT16_MAX) return glyph;
-    const size_t size = static_cast<size_t>(row_bytes) * static_cast<size_t>(rows);
-    if (size > UINT16_MAX ||
-        !glyph.SetSize(static_cast<uint32_t>(sizeof(KVDownloadBitmapChar) + size)))
-        return glyph;
+    const GlyphRows shape(columns, picture.height, rotation);
+    if (!shape.Fit()) return glyph;
+    const auto size = static_cast<size_t>(shape.Bytes());
+    if (!glyph.SetSize(static_cast<uint32_t>(sizeof(KVDownloadBitmapChar) + size))) return glyph;
     const KVDownloadBitmapChar record = {
         character,
         static_cast<uint16_t>(columns),
@@ -149,14 +196,14 @@ OBuffer<unsigned char> BitmapCharacter(unsigned char character, const GlyphPictu
         static_cast<uint16_t>(ascent),
         rotation,
         static_cast<uint16_t>(size),
-        static_cast<uint16_t>(rows),
-        static_cast<uint16_t>(row_bytes),
+        static_cast<uint16_t>(shape.rows),
+        static_cast<uint16_t>(shape.row_bytes),
     };
     std::memcpy(glyph.GetData(), &record, sizeof record);
     unsigned char* row = glyph.GetData() + sizeof record;
     std::memset(row, 0, size);
-    for (int y = 0; y < rows; ++y, row += row_bytes)
-        for (int x = 0; x < width; ++x) {
+    for (int y = 0; y < shape.rows; ++y, row += shape.row_bytes)
+        for (int x = 0; x < shape.width; ++x) {
             const bool ink =
                 rotation ? HasInk(picture, y, picture.height - 1 - x) : HasInk(picture, x, y);
             if (ink) row[x / 8] = static_cast<unsigned char>(row[x / 8] | 0x80 >> x % 8);
@@ -170,7 +217,7 @@ bool DownloadTTFFont(DownloadedFont& font, prtstream& stream) {
     if (!selected.IsValid()) return false;
     const DWORD size = ::GetFontData(screen.dc, 0, 0, nullptr, 0);
     if (size == 0 || size > INT32_MAX) return false;
-    // The file is read as a whole, so that one that cannot be read is not half sent.
+    // The file is read first, so that one that cannot be read is not half sent.
     OBuffer<char> file(size);
     if (file.GetSize() != size || ::GetFontData(screen.dc, 0, 0, file.GetData(), size) != size)
         return false;
@@ -190,14 +237,13 @@ bool DownloadBitmapFont(DownloadedFont& font, prtstream& stream) {
     const prtmodel* model = stream.GetModel();
     const HDC printer = stream.GetDC();
     if (!model || !printer) return false;
-    LOGFONTW description = font.font;
-    description.lfHeight = -(font.point_size * ::GetDeviceCaps(printer, LOGPIXELSY) / 720);
-
     const ScreenContext screen;
     Canvas canvas(screen.dc);
-    const SelectedFont selected(canvas.dc, description);
+    const SelectedFont selected(canvas.dc,
+                                AtResolution(font, ::GetDeviceCaps(printer, LOGPIXELSY)));
     TEXTMETRICW metrics = {};
     if (!selected.IsValid() || !::GetTextMetricsW(canvas.dc, &metrics) ||
+        !CharactersFit(font, canvas.dc, metrics.tmHeight, *model) ||
         !canvas.Create(metrics.tmMaxCharWidth, metrics.tmHeight))
         return false;
     StoreMetrics(metrics, font.info);
@@ -214,18 +260,22 @@ bool DownloadBitmapFont(DownloadedFont& font, prtstream& stream) {
     return prepared;
 }
 
-bool SendFont(DownloadedFont& font, prtstream& stream) {
+FontSent SendFont(DownloadedFont& font, prtstream& stream) {
+    if (font.type == DownloadedFont::BITMAP && !CharactersFit(font, stream))
+        return FontSent::TOO_LARGE;
     const bool job = stream.StartJob(font.GetDisplayName()) > 0;
     font.status = DownloadedFont::SENT;
     bool sent = false;
     if (font.type == DownloadedFont::TRUETYPE) sent = DownloadTTFFont(font, stream);
     if (font.type == DownloadedFont::BITMAP) sent = DownloadBitmapFont(font, stream);
     stream.EndJob();
-    return job && sent;
+    return job && sent ? FontSent::SENT : FontSent::NOTHING;
 }
 
-void ReDownloadAll(prtdttf_list& fonts, prtstream& stream, const prtmodel* model) {
+ReDownloadResult ReDownloadAll(prtdttf_list& fonts, prtstream& stream, const prtmodel* model) {
+    bool too_large = false;
     for (DownloadedFont* font = fonts.GetNext(nullptr); font; font = fonts.GetNext(font))
-        if (font->status != DownloadedFont::PRESENT) SendFont(*font, stream);
-    fonts.Save(model);
+        if (font->status != DownloadedFont::PRESENT)
+            too_large |= SendFont(*font, stream) == FontSent::TOO_LARGE;
+    return {too_large, fonts.Save(model)};
 }

@@ -12,26 +12,37 @@
 class prtmodel;
 class prtstream;
 
-// Send a font in the job that is open on the stream. What is learnt about the font goes into its
-// record: measures and the number of bytes sent.
+// Send a font in the open job of the stream. New facts about the font go into its record: measures
+// and the number of bytes sent.
 
-// The font's file. False, and nothing is sent, when the system has no such file.
+// Sends the font's file. False, with nothing sent, if the system has no such file.
 bool DownloadTTFFont(DownloadedFont& font, prtstream& stream);
 
-// Pictures of its characters in its point size, in every rotation that the printer's model has.
-// False when none was made, and without a job.
+// Sends pictures of its characters in its point size, in every rotation of the printer's model.
+// False if none was made, and without a job; also, with nothing sent, if a character is too large
+// for its record.
 bool DownloadBitmapFont(DownloadedFont& font, prtstream& stream);
 
-// Sends a font as its type wants it, in a job of its name. False when there is nothing to send, and
-// without a job.
-bool SendFont(DownloadedFont& font, prtstream& stream);
+enum class [[nodiscard]] FontSent{
+    SENT,
+    NOTHING,   // there is nothing to send, or no job can be made
+    TOO_LARGE, // a character is too large for its record, so no job was made
+};
 
-// Sends every font anew that is not known to be present, each in a job of its own name, and stores
-// the list.
-void ReDownloadAll(prtdttf_list& fonts, prtstream& stream, const prtmodel* model);
+// Sends a font as its type requires, in a job of its name.
+FontSent SendFont(DownloadedFont& font, prtstream& stream);
 
-// A picture in two colours: rows from top to bottom, `stride` bytes each, the leftmost pixel
-// highest, ink where the bit is clear. There is no ink outside of it.
+// Sends every font again that is not known to be present, each in a job of its own name, and stores
+// the list. Fonts that are too large stay as they are. The answer tells of these, and if the list
+// cannot be stored.
+struct [[nodiscard]] ReDownloadResult {
+    bool too_large;
+    SaveResult saved;
+};
+ReDownloadResult ReDownloadAll(prtdttf_list& fonts, prtstream& stream, const prtmodel* model);
+
+// A picture in two colours: rows from top to bottom, `stride` bytes each, the leftmost pixel in the
+// highest bit, ink where the bit is clear. There is no ink outside of it.
 struct GlyphPicture {
     const unsigned char* bits;
     int width;
@@ -40,7 +51,7 @@ struct GlyphPicture {
 };
 
 // The record of one character with its rows, as escape 15013 takes it: the first `advance` columns
-// of the picture and its whole height, upright or turned a quarter turn clockwise. Empty when it is
-// more than 65535 bytes, which the record cannot say, and without memory.
+// of the picture in its full height, upright or turned a quarter turn clockwise. Empty if it is
+// more than 65535 bytes, the limit of the record, and without memory.
 OBuffer<unsigned char> BitmapCharacter(unsigned char character, const GlyphPicture& picture,
                                        int advance, int ascent, uint16_t rotation);

@@ -5,16 +5,11 @@
 
 #include "core/ascii.h"
 #include "fonts/prtdttf_list.h"
+#include "locale/text_numbers.h"
 #include "model/prtmodel.h"
 #include "model/record_text.h"
 
 namespace {
-
-// Texts in the language library.
-enum : int {
-    TRUETYPE_DOWNLOAD = 1901,
-    BITMAP_DOWNLOAD = 1902,
-};
 
 const char* WeightCode(LONG weight) {
     switch (weight) {
@@ -113,9 +108,9 @@ int32_t CFontSettings::ValidIdentifier(const OString& text) const {
 int GetDownloadKinds(const prtmodel& model, FontDownloadKind (&kinds)[2]) {
     int count = 0;
     if (model.CanDownloadTTFont())
-        kinds[count++] = {DownloadedFontInfo::TRUETYPE, TRUETYPE_DOWNLOAD};
+        kinds[count++] = {DownloadedFontInfo::TRUETYPE, TEXT_TRUETYPE_DOWNLOAD};
     if (model.CanDownloadBitmapFont())
-        kinds[count++] = {DownloadedFontInfo::BITMAP, BITMAP_DOWNLOAD};
+        kinds[count++] = {DownloadedFontInfo::BITMAP, TEXT_BITMAP_DOWNLOAD};
     return count;
 }
 

@@ -1,4 +1,4 @@
-// What a font download asks the user, and what becomes of the answers. The dialog only shows this.
+// A font download's questions to the user, and their answers' effects. The dialog only shows this.
 #pragma once
 
 #include <windows.h>
@@ -14,7 +14,7 @@
 class prtdttf_list;
 class prtmodel;
 
-// How fonts are told apart in the printer, which the printer's language decides
+// How fonts are identified in the printer, which the printer's language decides
 // (prtui::ChooseFontSettings).
 struct CFontSettings {
     enum IdentifierMode : int32_t {
@@ -23,18 +23,18 @@ struct CFontSettings {
         NAME = 3,   // the font's file name is enough
     };
 
-    // What holds without a language: a number, and as much as the model can take.
+    // The settings without a language: a number, and the model's limits.
     explicit CFontSettings(const prtmodel* model);
 
     // Adds an option for fonts in the memory `letter`.
     void AddOption(const OString& text, char letter);
 
-    // The font that an option would replace; null when there is none or nobody is to be asked.
+    // The font that an option would replace. Null if there is none or nobody is to be asked.
     DownloadedFont* ExistingFont(int option, const prtdttf_list& fonts) const;
     // An option as the list shows it, with the font that it would replace.
     OString OptionText(int option, const prtdttf_list& fonts) const;
 
-    // What stands beside the field of the number, "(101 - 999)", and the most digits it takes.
+    // The text beside the field of the number, "(101 - 999)", and the most digits it takes.
     OString IdentifierLabel() const;
     int IdentifierDigits() const;
     // The number that a text becomes when the user leaves the field.
@@ -56,16 +56,16 @@ struct FontDownloadKind {
     DownloadedFontInfo::Type type;
     int text;
 };
-// The kinds that the model takes; their number.
+// The kinds that the model takes. Returns their number.
 int GetDownloadKinds(const prtmodel& model, FontDownloadKind (&kinds)[2]);
 
-// A name for the file of a font, without its ending: what there is room for of the face name's
-// letters, then the size (the text of the size box; empty for TrueType downloads), letters for
-// weight, slant and family, and a number when a listed font has the name already.
+// A name for the file of a font, without its extension: as many of the face name's letters as fit,
+// then the size (the text of the size box; empty for TrueType downloads), letters for weight, slant
+// and family, and a number if a listed font already has the name.
 OString SuggestedFileName(const LOGFONTW& font, const OString& size, int longest,
                           const prtdttf_list& fonts);
 
-// What the user chose.
+// The user's choices.
 struct FontChoices {
     DownloadedFontInfo::Type type = DownloadedFontInfo::TRUETYPE;
     LOGFONTW font = {};
@@ -73,10 +73,10 @@ struct FontChoices {
     uint16_t point_size = 0; // tenths
     uint16_t subset = ALL_CHARACTERS;
     int option = -1;    // of the settings' options
-    OString file_name;  // without ending
+    OString file_name;  // without extension
     OString identifier; // the text of the number
 };
 
-// The font that the choices describe. The printer's language still completes the file name and the
+// The font that the choices describe. The printer's language then completes the file name and the
 // identifier (prtui::AdjustFontInfo).
 DownloadedFontInfo ChosenFont(const CFontSettings& settings, const FontChoices& choices);

@@ -12,7 +12,7 @@ namespace {
 
 constexpr char kTotal[] = "Fonts:Downloaded Font Total";
 
-// No printer has room for more; a damaged total ends here.
+// No printer has room for more. A damaged total is limited to this.
 constexpr uint32_t kMostFonts = 999;
 
 OString PrefixOf(int index) {
@@ -21,12 +21,10 @@ OString PrefixOf(int index) {
 
 } // namespace
 
-ONode* prtdttf_list::NewNode() {
-    return new (kCounted) DownloadedFont;
-}
-
-DownloadedFont* prtdttf_list::GetNext(const DownloadedFont* font) const {
-    return static_cast<DownloadedFont*>(font ? font->ONode::GetNext() : GetHead());
+prtdttf_list& prtdttf_list::operator=(const prtdttf_list& other) {
+    StoredList::operator=(other);
+    if (!CopyNodes(other)) KeepStored();
+    return *this;
 }
 
 void prtdttf_list::Load(const prtmodel* model) {
@@ -40,20 +38,23 @@ void prtdttf_list::Load(const prtmodel* model) {
         if (font->status == DownloadedFont::PRESENT) font->status = DownloadedFont::SENT;
         AddTail(font.release());
     }
-    whole_ = !registry.HasFailed();
+    NoteLoaded(GetCRC32(0), registry);
 }
 
-bool prtdttf_list::Save(const prtmodel* model) const {
-    if (!whole_) return false;
+SaveResult prtdttf_list::Save(const prtmodel* model) const {
     prtreg registry(model->GetRegistry());
-    // Most printers have none, which is written once.
-    if (!GetHead() && registry.GetDWORD(kTotal, 1) == 0) return true;
-    ORegistryTransaction changes(registry);
-    int total = 0;
+    return SaveChanges(registry, GetCRC32(0), [&] {
+        int total = 0;
+        for (const DownloadedFont* font = GetNext(nullptr); font; font = GetNext(font))
+            font->Save(registry, PrefixOf(++total));
+        registry.SetDWORD(kTotal, static_cast<uint32_t>(total));
+    });
+}
+
+uint32_t prtdttf_list::GetCRC32(uint32_t seed) const {
     for (const DownloadedFont* font = GetNext(nullptr); font; font = GetNext(font))
-        font->Save(registry, PrefixOf(++total));
-    registry.SetDWORD(kTotal, static_cast<uint32_t>(total));
-    return changes.Commit();
+        seed = font->GetCRC32(seed);
+    return seed;
 }
 
 void prtdttf_list::SetAllNotPresent() {

@@ -1,37 +1,40 @@
 // The fonts that a printer has downloaded.
 #pragma once
 
-#include "core/olist.h"
+#include <cstdint>
+
+#include "core/name_list.h"
 #include "core/ostring.h"
 #include "fonts/downloaded_font.h"
+#include "settings/stored_list.h"
 
 class prtmodel;
 
 // In the order of their downloads. The list owns its fonts.
-class prtdttf_list : public OList {
+class prtdttf_list : public OTypedList<DownloadedFont, OList>, public StoredList {
 public:
-    // A DownloadedFont.
-    ONode* NewNode() override;
+    prtdttf_list() = default;
+    prtdttf_list(const prtdttf_list&) = delete;
+    // Takes over copies of the fonts and the memory of the last load or save. An incomplete copy is
+    // not saved.
+    prtdttf_list& operator=(const prtdttf_list& other);
 
-    // The font behind `font`, the first one for null; null at the end.
-    DownloadedFont* GetNext(const DownloadedFont* font) const;
-
-    // Fills the list anew from the registry. A font that was present when it was stored counts as
-    // sent: whether it still is there shows when the printer is asked. When not all of them could
-    // be read, the list is not saved until it is loaded again.
+    // Fills the list from the registry. A font that was present when it was stored counts as sent:
+    // only the printer can tell whether it is still there. If not all of them could be read, the
+    // list is not saved until it is loaded again.
     void Load(const prtmodel* model);
-    // Stores all fonts and their number: all of it or, on failure, nothing, and false.
-    bool Save(const prtmodel* model) const;
+    // Stores all fonts and their number: all of it or nothing.
+    SaveResult Save(const prtmodel* model) const;
+
+    // The checksum of everything stored of the fonts, continued from `seed`.
+    uint32_t GetCRC32(uint32_t seed) const;
 
     // Marks every font as missing.
     void SetAllNotPresent();
 
-    // Whether a font has this name for its file, up to the first dot and without blanks around it.
+    // Whether a font's file has this name, up to the first dot and without blanks around it.
     bool UsesName(const OString& name) const;
     bool UsesIdentifier(char identifier) const;
     // The first font in a memory, or null.
     DownloadedFont* FindIn(char location) const;
-
-private:
-    bool whole_ = true; // nothing that is stored was missed
 };

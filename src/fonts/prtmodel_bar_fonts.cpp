@@ -1,4 +1,4 @@
-// What the printer model installs of its bar code and RFID fonts.
+// The printer model: installing its bar code and RFID fonts.
 #include "fonts/data_font_manager.h"
 #include "model/prtmodel.h"
 #include "settings/install_defaults.h"

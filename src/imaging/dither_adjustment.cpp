@@ -24,7 +24,7 @@ DitherAdjustment::DitherAdjustment(const dithercfg& config, bool monochrome)
     inversion = invert ? -1 : 0;
     slope = static_cast<uint16_t>(config.contrast + 100);
     for (int channel = 0; channel < 3; ++channel) {
-        // 256 - value is the complement of the value and 257.
+        // 256 - value is the complement of value plus 257.
         offset[channel] = static_cast<int16_t>(config.brightness + OffsetOf(config, channel) +
                                                (invert ? 257 : 0));
         if (linear) continue;

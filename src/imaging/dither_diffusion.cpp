@@ -25,7 +25,7 @@ namespace {
 
 // One level's kernel.
 struct Kernel {
-    int rows; // at most so many at once
+    int rows; // the most it takes at once
     void (*diffuse)(const DiffusionJob& job, int y, int rows, Carry& carry, uint8_t (&last)[3]);
 };
 
@@ -41,7 +41,7 @@ Kernel KernelOf([[maybe_unused]] SimdLevel level) {
 } // namespace
 
 bool DiffuseImage(SimdLevel level, const DiffusionJob& job, uint8_t (&last)[3]) {
-    // Zeros stand before and behind the columns of the image.
+    // Zeros surround the columns of the image.
     const size_t columns = static_cast<size_t>(job.width) + size_t{2} * kMargin;
     const std::unique_ptr<int16_t[]> errors(new (std::nothrow) int16_t[6 * columns]());
     if (!errors) return false;

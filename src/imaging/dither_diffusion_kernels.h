@@ -2,16 +2,16 @@
 //
 // Pixels depend on those to their left and on the rows above, but only a little to the right. So a
 // band of as many rows as a vector has lanes is worked on at once, every row some columns behind
-// the one above it. Lanes are rows: what a pixel gets from the rows above are the errors of the
-// lanes above, some steps ago.
+// the one above it. Lanes are rows: a pixel gets its shares of the rows above from the errors that
+// the lanes above had some steps ago.
 //
-// Every share that a pixel gets is clamped by itself, so they have to come in the order in which
-// row after row would have sent them.
+// Each share that a pixel gets is clamped on its own, so the shares must come in the order in which
+// a row by row pass would send them.
 namespace {
 namespace KERNEL_LEVEL {
 
-// How far a row is behind the one above it. The furthest pixel to the right that a pixel gets
-// something from must be done one step earlier.
+// How far a row is behind the one above it. The rightmost pixel that gives something to a pixel
+// must be done one step earlier.
 template <bool JARVIS>
 constexpr int kLag = JARVIS ? 3 : 2;
 
@@ -49,8 +49,8 @@ KERNEL_INLINE void Transpose(uint8_t* const* to, const uint8_t* const* from) {
     for (int i = 0; i < N; ++i) Store(a[i], to[i]);
 }
 
-// Copies pixels of rows between image and stage. Lane i holds row i, its step `k` the pixel of
-// column first - lag * i + k; columns outside the image and rows from `rows` on are left out.
+// Copies pixels of rows between image and stage. Lane i holds row i, and its step `k` the pixel of
+// column first - lag * i + k. Columns outside the image and rows from `rows` on are skipped.
 template <int N, bool TO_IMAGE>
 KERNEL_INLINE void CopyPixels(Stage<N>& stage, const DiffusionJob& job, int y, int rows, int first,
                               int lag) {
@@ -109,8 +109,8 @@ KERNEL_INLINE void Take(V& value, const V& share) {
     value = value < most ? value : most;
 }
 
-// The errors that still matter. Of the lane above there is a place for every step, and of the lane
-// above that one: a ring of as many steps as they are looked back.
+// The errors that still matter, of the lane above and of the lane above that one. Each is a ring of
+// as many steps as are looked back.
 template <bool JARVIS, int N>
 struct History {
     using V = Vector<int16_t, N>;
@@ -123,7 +123,7 @@ struct History {
     V own_5 = {}; // for the next but one, Jarvis only
     V own_5_before = {};
 
-    // What the pixels of a step get.
+    // Applies the shares that the pixels of a step get.
     KERNEL_INLINE void Give(V& value, int step) const {
         const auto ago = [step](int steps) { return (step - steps) & (kRing - 1); };
         if (JARVIS) {
@@ -147,7 +147,7 @@ struct History {
         }
     }
 
-    // Keeps the errors of a step. The lanes' upper neighbours are `carried` ones for the first.
+    // Stores the errors of a step. The first lane takes `carried` ones for its upper neighbours.
     KERNEL_INLINE void Keep(const V& error, int step, int16_t carried_above,
                             int16_t carried_higher) {
         const int now = step & (kRing - 1);
@@ -173,11 +173,11 @@ struct History {
     }
 };
 
-// The places in the palette that are nearest to the lanes' pixels, and their colours.
+// Finds the palette entry nearest to each lane's pixel: its place and its colour.
 template <int N>
 KERNEL_INLINE void FindEntries(Vector<int16_t, N>& place, Vector<int16_t, N>* color,
                                const Vector<int16_t, N>* value, const DitherPalette& palette) {
-    // Half of the lanes at once fill a vector.
+    // Half of the lanes fill a vector.
     constexpr int kHalf = N / 2;
     using U = Vector<uint32_t, kHalf>;
     using S = Vector<int32_t, kHalf>;
@@ -209,7 +209,7 @@ KERNEL_INLINE void FindEntries(Vector<int16_t, N>& place, Vector<int16_t, N>* co
     Load(place, out[3]);
 }
 
-// Diffuse() for one kernel and kind of output.
+// Diffuse() for one diffusion kernel and one kind of output.
 template <int N, bool JARVIS, DitherOutput::Kind KIND>
 KERNEL_INLINE void DiffuseBand(const DiffusionJob& job, int y, int rows, Carry& carry,
                                uint8_t (&last)[3]) {
@@ -225,7 +225,7 @@ KERNEL_INLINE void DiffuseBand(const DiffusionJob& job, int y, int rows, Carry& 
     for (int i = 0; i < N; ++i) delay[i] = static_cast<int16_t>(kDelay * i);
     V value[3] = {};
 
-    // The first lanes get errors of columns before those of the first step.
+    // The first lanes get errors from columns to the left of the first step.
     const int end = width + kDelay * (rows - 1);
     for (int first = -kSteps; first < end; first += kSteps) {
         if (first >= 0) CopyPixels<N, false>(stage, job, y, rows, first, kDelay);
@@ -301,7 +301,7 @@ KERNEL_INLINE void DiffuseKind(const DiffusionJob& job, int y, int rows, Carry& 
         DiffuseBand<N, JARVIS, DitherOutput::COLOR>(job, y, rows, carry, last);
 }
 
-// Screens `rows` rows from row `y` on, at most kRows; all have been adjusted.
+// Screens `rows` rows, at most kRows, from row `y` on. All have been adjusted.
 constexpr int kRows = KERNEL_VECTOR / 2;
 KERNEL_ENTRY void Diffuse(const DiffusionJob& job, int y, int rows, Carry& carry,
                           uint8_t (&last)[3]) {

@@ -10,7 +10,7 @@
 
 namespace {
 
-// The settings with every choice among its values. The adjustments stay as they are.
+// The settings with every choice brought to a valid value. The adjustments stay as they are.
 dithercfg ChoicesOf(const dithercfg& config) {
     dithercfg valid = config;
     valid.Validate();

@@ -1,10 +1,10 @@
-// The palette as the dithering kernels search it.
+// The palette in the form that the dithering kernels search.
 #pragma once
 
 #include <cstdint>
 
-// The distinct entries of a palette, in its order. An entry that repeats an earlier one is never
-// found: the earlier one is as near.
+// The distinct entries of a palette, in its order. A repeated entry would never be found, as the
+// earlier one is as near.
 struct DitherPalette {
     static constexpr int kMaxSize = 16;
 
@@ -13,8 +13,8 @@ struct DitherPalette {
     // At most kMaxSize entries are taken.
     DitherPalette(const uint8_t (*entries)[4], int count);
 
-    // The entries nearest and second nearest to a pixel, as indices into the caller's palette; -1
-    // where there are not so many.
+    // The entries nearest and second nearest to a pixel, as indices into the caller's palette, or
+    // -1 if there are too few entries.
     void Search(const uint8_t* pixel, int32_t& nearest, int32_t& second) const;
 
     int size = 0;

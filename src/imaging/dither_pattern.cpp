@@ -78,7 +78,7 @@ void DitherPattern::SetAlgebraic(int sequence, int32_t origin_x, int32_t origin_
     range_ = static_cast<uint32_t>(C);
     step_ = A % C;
     first_ = Modulo(int64_t{origin_y} * A + int64_t{origin_x} * B, C);
-    // Steps of B come round to every value that has the same remainder by the common divisor.
+    // Steps of B reach every value with the same remainder by the common divisor.
     const int classes = std::gcd(B, C);
     period_ = C / classes;
     for (int start = 0; start < classes; ++start) {
@@ -87,7 +87,7 @@ void DitherPattern::SetAlgebraic(int sequence, int32_t origin_x, int32_t origin_
             const int place = start * (period_ + kRun) + i;
             if (i < period_) place_[value] = static_cast<uint16_t>(place);
             values_[place] = static_cast<uint16_t>(value);
-            // channel * C > value * 256, for whole channels.
+            // A channel of more than this has channel * C > value * 256.
             limits_[place] = static_cast<uint8_t>(value * 256 / C);
             value = (value + B) % C;
         }

@@ -2,8 +2,8 @@
 namespace {
 namespace KERNEL_LEVEL {
 
-// A run of pixels, one plane per channel. Loops run over whole vectors, so there may be anything
-// behind the pixels in use.
+// A run of pixels, one plane per channel. Loops run over complete vectors, so the bytes after the
+// pixels in use may have any value.
 constexpr int kRun = DitherPattern::kRun;
 constexpr int kGroup = 64;
 struct Planes {
@@ -19,7 +19,7 @@ constexpr int RoundUp(int count) {
 // second.
 template <int N, int C>
 struct Split {
-    // After lane i of the plane comes byte 3 * i + C of the pixels.
+    // Byte 3 * i + C of the pixels goes to lane i of the plane.
     static constexpr int First(int i) { return 3 * i + C < 2 * N ? 3 * i + C : 0; }
     static constexpr int Second(int i) { return 3 * i + C < 2 * N ? i : 3 * i + C - N; }
 };
@@ -87,8 +87,8 @@ KERNEL_INLINE void StorePlanes(uint8_t* pixels, const uint8_t* blue, const uint8
     }
 }
 
-// A channel with its offset and contrast; the product is taken by its magnitude. The quotient by
-// 100 is at first at most one too small, which the remainder tells; both fit into 16 bits.
+// A channel with its offset and contrast. The product is computed from its magnitude. The quotient
+// by 100 is at first at most one too small, as the remainder shows; both fit into 16 bits.
 template <bool CONTRAST>
 KERNEL_INLINE int16_t Adjusted(uint8_t in, int16_t inversion, int16_t offset, uint16_t slope,
                                uint16_t slope_1024) {
@@ -132,7 +132,7 @@ KERNEL_INLINE void AdjustLinear(Planes& planes, int count, const DitherAdjustmen
         const int16_t b = Adjusted<CONTRAST>(blue[i], inversion, blue_offset, slope, slope_1024);
         const int16_t g = Adjusted<CONTRAST>(green[i], inversion, green_offset, slope, slope_1024);
         const int16_t r = Adjusted<CONTRAST>(red[i], inversion, red_offset, slope, slope_1024);
-        // At most 20 * 784 in size. What is below 0 becomes 0 in any case.
+        // At most 20 * 784 in magnitude. Negative sums become 0 in any case.
         const int16_t sum = static_cast<int16_t>(6 * r + 11 * g + 3 * b);
         const uint16_t positive = static_cast<uint16_t>(sum > 0 ? sum : int16_t{0});
         blue[i] = Clamped(static_cast<int16_t>(static_cast<uint16_t>(positive / 20)));
@@ -149,7 +149,7 @@ void AdjustByTable(Planes& planes, int count, const DitherAdjustment& a) {
     }
 }
 
-// Adjusts the planes; a grey image has only the first one afterwards.
+// Adjusts the planes. A grey image has only the first one afterwards.
 KERNEL_INLINE void AdjustPlanes(Planes& planes, int count, const DitherAdjustment& a) {
     if (a.nothing) return;
     if (!a.linear)
@@ -160,7 +160,7 @@ KERNEL_INLINE void AdjustPlanes(Planes& planes, int count, const DitherAdjustmen
         AdjustLinear<true>(planes, RoundUp(count), a);
 }
 
-// Lanes of pixels that are split and joined at once: in vectors of 32 bytes, bytes do not move
+// Lanes of pixels that are split and joined at once. In vectors of 32 bytes, bytes cannot move
 // freely.
 constexpr int kPixels = KERNEL_VECTOR == 64 ? 64 : 16;
 
@@ -181,7 +181,7 @@ KERNEL_INLINE void Compare(uint8_t* out, const uint8_t* plane, const uint8_t* li
     for (int i = 0; i < count; ++i) out[i] = plane[i] > limits[i] ? on : uint8_t{0};
 }
 
-// The entry of each pixel, by its place in the palette.
+// Finds the entry of each pixel, as its place in the palette.
 KERNEL_INLINE void ChooseEntries(uint8_t* chosen, const Planes& planes, int count,
                                  const uint16_t* values, const ScreenJob& job) {
     constexpr int N = KERNEL_VECTOR / 4;
@@ -195,7 +195,7 @@ KERNEL_INLINE void ChooseEntries(uint8_t* chosen, const Planes& planes, int coun
         const U blue = __builtin_convertvector(bytes[0], U);
         const U green = __builtin_convertvector(bytes[1], U);
         const U red = __builtin_convertvector(bytes[2], U);
-        // Keys fit into 24 bits, and so all these compare well as signed numbers.
+        // Keys fit into 24 bits, so they can be compared as signed numbers, as here.
         using S = Vector<int32_t, N>;
         S first = S{} + INT32_MAX, second = first;
         for (int e = 0; e < palette.size; ++e) {
@@ -223,7 +223,7 @@ KERNEL_INLINE void ChooseEntries(uint8_t* chosen, const Planes& planes, int coun
 
 KERNEL_ENTRY void Screen(uint8_t* row, int width, const ScreenJob& job,
                          const DitherPattern::Row& pattern) {
-    // The rest of the last vectors is computed as well.
+    // The unused rest of the last vectors is computed as well.
     Planes planes = {};
     const auto& c = planes.channel;
     for (int x = 0; x < width; x += kRun) {

@@ -4,8 +4,8 @@
 #include <cstddef>
 #include <cstdint>
 
-// How images are brought to the printer's dots. It is a part of stored document settings and of the
-// record that the dithering exports take: 24 bytes, little-endian.
+// How images are reduced to the printer's dots. Part of stored document settings and of the record
+// that the dithering exports take: 24 bytes, little-endian.
 struct dithercfg {
     int16_t algorithm;  // ALGORITHM_
     int16_t brightness; // the five adjustments: -100 to 100
@@ -17,7 +17,7 @@ struct dithercfg {
     int16_t clustered_matrix; // 0 to 3: 2, 4, 6 or 8 dots square
     int16_t diffusion_kernel; // 0 Floyd-Steinberg, 1 Jarvis
     int16_t sequence;         // place in the algebraic sequence, 0 to 19
-    int16_t flags;            // FLAG_; other bits are kept for whoever set them
+    int16_t flags;            // FLAG_; other bits are preserved
     int16_t reserved;
 
     enum : int16_t {
@@ -34,11 +34,11 @@ struct dithercfg {
     void Reset();
 
     // Brings the settings into their ranges: the adjustments, the algorithm, the dispersed matrix
-    // and the kernel move to the nearer limit, an unknown clustered matrix becomes six by six.
+    // and the kernel move to the nearer limit, and an unknown clustered matrix becomes six by six.
     // Sequence, flags and the reserved field are left as they are.
     void Validate();
 
-    // The clustered matrix whose dots look alike at `dpi` dots to the inch: 1 below 180, 2 below
+    // The clustered matrix whose dots look the same at `dpi` dots per inch: 1 below 180, 2 below
     // 400, else 3.
     static int16_t _DefaultClusterMatrix(int dpi);
 };

@@ -1,12 +1,12 @@
-// Includes the header of kernels that KERNELS names, once per level, and before it the helpers that
-// kernels share. Each time its text belongs into the namespace KERNEL_LEVEL, is compiled for that
-// instruction set and may use vectors of KERNEL_VECTOR bytes.
+// For each level, includes helpers that kernels share and then the header of kernels that KERNELS
+// names. The text belongs into the namespace KERNEL_LEVEL, is compiled for that level's instruction
+// set and may use vectors of KERNEL_VECTOR bytes.
 //
-// Whatever works on vectors has to stand in such a header: compiled for a lesser level, its vectors
-// would be taken apart before it is made part of a kernel. Functions of the standard library stay
-// compiled for any processor; their headers must have been included before.
+// All code on vectors has to be in such a header: compiled for a lesser level, its vectors would be
+// taken apart before it is inlined into a kernel. Functions of the standard library stay compiled
+// for any processor; their headers must have been included before.
 
-// The entry to a kernel. A 32-bit caller on Windows may have aligned its stack to four bytes only.
+// The entry to a kernel. A 32-bit caller on Windows may have aligned its stack to only four bytes.
 #if defined(__i386__)
 #define KERNEL_ENTRY __attribute__((force_align_arg_pointer))
 #else

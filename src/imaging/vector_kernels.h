@@ -1,4 +1,4 @@
-// What kernels share; see imaging/kernel_levels.h.
+// Helpers that kernels share; see imaging/kernel_levels.h.
 namespace {
 namespace KERNEL_LEVEL {
 
@@ -12,16 +12,16 @@ KERNEL_INLINE void Store(const V& vector, T* to) {
     __builtin_memcpy(to, &vector, sizeof(vector));
 }
 
-// Every lane takes the value of the one below it, the lowest takes `first`.
+// Every lane takes the value of the one below it, and the lowest takes `first`.
 template <class V, class T, int... I>
 KERNEL_INLINE void ShiftLanes(V& vector, T first, std::integer_sequence<int, I...>) {
     const V in = first - V{};
     vector = __builtin_shufflevector(in, vector, (static_cast<int>(sizeof...(I)) - 1 + I)...);
 }
 
-// The distance from pixels to entry `e` of a palette, shifted left by four, with `e` in the low
-// bits: of such keys the least one belongs to the nearest entry, and to the first one among equals.
-// They need 24 bits.
+// A key per pixel: its distance from entry `e` of a palette, shifted left by four, with `e` in the
+// low bits. The least key belongs to the nearest entry, and to the first of equally near ones. Keys
+// need 24 bits.
 template <class U>
 KERNEL_INLINE void PaletteKey(U& key, const DitherPalette& palette, int e, const U& blue,
                               const U& green, const U& red) {

@@ -5,27 +5,27 @@
 #include "keys/prtreg.h"
 
 // Short-lived: built for one question about one printer. Levels are UserLevel numbers (see
-// config/user_info.h); a user may change the settings when his level is not below GetAccessLevel.
+// keys/user_info.h). A user may change the settings if his level is not below GetAccessLevel.
 class NetworkPolicy {
 public:
     explicit NetworkPolicy(const OString& printer_name)
         : printer_(printer_name) {}
-    // The same about a printer whose names the spooler has told already.
+    // The same for a printer whose names are known from the spooler already.
     explicit NetworkPolicy(const prtreg& printer)
         : printer_(printer) {}
 
-    // On a connection: the user follows the server's settings and the server shares them. On a
+    // For a connection: the user follows the server's settings and the server shares them. For a
     // local printer: its settings are offered to clients and the port is bidirectional.
     bool IsNetworkShared() const;
 
-    // Whether sharing can be had at all, whatever the switches of this computer say.
+    // Whether sharing is possible at all, whatever the switches of this computer say.
     bool CanShareNetwork() const;
 
-    // Sets this computer's switch: the user's own one for a connection, the printer's otherwise.
+    // Sets this computer's switch: the user's own one for a connection, else the printer's.
     void SetNetworkSharing(bool shared);
 
-    // The level needed to change the settings. On a connection that is not shared everybody may:
-    // the changes go to the user's private copy.
+    // The level needed to change the settings. On a connection that is not shared everybody may
+    // change them, as the changes go to the user's private copy.
     int GetAccessLevel() const;
 
     // Whether the user that runs this process has that level.

@@ -90,7 +90,7 @@ void prtreg::SubstituteKey(OString& key) {
         {"[OEM]", oem_, false},
     };
     for (const auto& placeholder : placeholders) {
-        if (!HasCharacter(key, '[')) break; // as nearly always behind the first
+        if (!HasCharacter(key, '[')) break; // as nearly always after the first
         Substitute(key, placeholder.name,
                    placeholder.one_name ? EncodeName(placeholder.text) : placeholder.text);
     }
@@ -102,7 +102,7 @@ HKEY prtreg::OpenKey(const OString& key, bool create) {
 
     OString prefix = "1:Software/Valdrick/Drivers/";
     if (!server_name_.IsEmpty()) prefix << "@" << server_name_ << "/";
-    // "Software" is not "SOFTWARE": the second rule leaves the results of the first alone.
+    // "Software" is not "SOFTWARE": the second rule does not change results of the first.
     OString shadow = ReplaceText(key, "2:SOFTWARE/Valdrick/Drivers", prefix + "LOCAL%3A");
     shadow = ReplaceText(shadow, "1:SOFTWARE/Valdrick/Drivers", prefix + "USER%3A");
     shadow = ReplaceText(shadow, "2:SYSTEM/CurrentControlSet/Control/Print", prefix + "PRINT%3A");

@@ -17,15 +17,15 @@ class PrinterInfo;
 //   STOCK:         Paper Sizes, below LOCAL:
 //   DRIVER_INFO:   the driver's own key in the spooler's tree
 //
-// and placeholders, replaced wherever they stand in a key: [PRINTER] the printer part, [MODEL] the
-// driver name, [PORT] the port name (each escaped, so that it stays one key name), [SERVER] the
-// server name and [OEM] the OEM code (as they are).
+// and placeholders, replaced everywhere in a key: [PRINTER] the printer part, [MODEL] the driver
+// name, [PORT] the port name (each escaped, so that it stays one key name), [SERVER] the server
+// name and [OEM] the OEM code (unchanged).
 //
 // With the shadow flag set, everything below LOCAL:, USER: and PRINT: is kept in a tree of the
 // current user instead, one tree per server. That is how a client edits the settings of another
 // machine's printer.
 //
-// Belongs to one thread; a copy has the same printer and opens its own key.
+// An object belongs to one thread. A copy has the same printer and opens its own key.
 class prtreg : public ORegistry {
 public:
     // No printer: every placeholder is empty.
@@ -35,18 +35,18 @@ public:
     explicit prtreg(const OString& printer_name);
     explicit prtreg(const PrinterInfo& printer);
 
-    // Rewrites a key in place: driver roots, placeholders, then ORegistry's roots. A key without
-    // a colon is left alone.
+    // Rewrites a key in place: driver roots, placeholders, then ORegistry's roots. A key without a
+    // colon is left alone.
     void SubstituteKey(OString& key) override;
 
-    // Opens a substituted key, in the shadow tree when the shadow flag is set.
+    // Opens a substituted key, in the shadow tree if the shadow flag is set.
     HKEY OpenKey(const OString& key, bool create) override;
 
-    // Binds to a printer: takes its names from the spooler and reads its shadow mode. A printer
-    // that the spooler does not know leaves all of them empty.
+    // Binds to a printer: takes its names from the spooler and reads its shadow mode. For a printer
+    // that the spooler does not know, all of them are empty.
     void init(const OString& printer_name);
 
-    // The same with a PrinterInfo that the caller has already; the spooler is not asked twice.
+    // The same with an existing PrinterInfo, so that the spooler is not asked twice.
     void init(const PrinterInfo& printer);
 
     const OString& GetPrinterName() const { return printer_name_; }
@@ -59,7 +59,7 @@ public:
     // The printer is a connection to another machine's printer.
     bool IsRemote() const { return remote_; }
 
-    // Keys are redirected to the shadow tree. Setting it affects this object only.
+    // Keys are redirected to the shadow tree. Setting this affects only this object.
     bool IsShadow() const { return shadow_; }
     void SetShadow(bool shadow);
 
@@ -70,13 +70,13 @@ public:
     // Whether the spooler's bidirectional support is switched on for the printer.
     bool Enable_BiDirectional_On();
 
-    // Deletes the key DATA:name, where slashes belong to the name. A key with subkeys stays.
+    // Deletes the key DATA:name. Slashes belong to the name. A key with subkeys stays.
     bool DeletePrinterDataKey(const OString& name);
 
     // Reads or writes a printer data value through the spooler, which on a connection reaches the
-    // server. `type` is a registry type; when reading, only what the caller expects. A read fails
-    // when there is no value, when it is empty and when it is longer than `size` bytes. Both need
-    // the right to administer the printer.
+    // server. `type` is a registry type; for a read it is only what the caller expects. A read
+    // fails if there is no value, or it is empty or longer than `size` bytes. Both need the right
+    // to administer the printer.
     bool GetPrinterDataW(const OString& name, uint32_t type, void* buffer, uint32_t size);
     bool SetPrinterDataW(const OString& name, uint32_t type, const void* data, uint32_t size);
 

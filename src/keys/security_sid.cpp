@@ -23,7 +23,7 @@ SecuritySID SecuritySID::LocalGroup(uint32_t alias) {
     return group;
 }
 
-// The system's functions take the identifier without const and leave it alone.
+// The system's functions take the identifier without const but do not change it.
 PSID SecuritySID::Get() const {
     return const_cast<unsigned char*>(bytes_);
 }

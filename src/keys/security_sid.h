@@ -5,13 +5,13 @@
 
 #include "core/ostring.h"
 
-// A copy of a Windows security identifier. Its account is looked up when it is first asked for.
+// A copy of a Windows security identifier. Its account is looked up on first use.
 class SecuritySID {
 public:
-    // No identifier: not equal to any other, without an account.
+    // No identifier. It equals no other and has no account.
     SecuritySID() = default;
 
-    // A copy of `sid`; an invalid or null one counts as none.
+    // A copy of `sid`. An invalid or null one counts as none.
     explicit SecuritySID(PSID sid);
 
     // The built-in local group with this alias number (544 Administrators, 545 Users, 546 Guests,
@@ -20,7 +20,7 @@ public:
 
     bool operator==(const SecuritySID& other) const;
 
-    // The account behind the identifier. Empty, and type 0, when there is none.
+    // The account of the identifier. Empty, and type 0, if there is none.
     const OString& GetName() const;
     const OString& GetDomain() const;
     int GetType() const; // SID_NAME_USE: 1 user, 2 group, 4 alias (local group), 5 well known

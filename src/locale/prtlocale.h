@@ -12,13 +12,13 @@ class prtmodel;
 class prtreg;
 
 // Every text, dialog, menu and bitmap of the user interface is in a language library beside the
-// driver; the module has none of its own. A locale keeps two of them loaded, that of the user's
-// language and the English one, and looks everything up in the first that has it.
+// driver; the module has none of its own. A locale keeps the libraries of the user's language and
+// of English loaded, and takes everything from the first that has it.
 //
-// Lengths are kept in microns (thousandths of a millimetre) everywhere; inches, millimetres and
-// centimetres exist only as texts, which are made and read here.
+// Lengths are in microns (thousandths of a millimetre) everywhere. Inches, millimetres and
+// centimetres exist only in texts, which are made and read here.
 //
-// Languages are three lower-case letters ("enu", "deu"). Belongs to one thread.
+// Languages are three lower-case letters ("enu", "deu"). An object belongs to one thread.
 class prtlocale {
 public:
     enum Units : int32_t { SYSTEM_UNITS = 0, INCHES = 1, MILLIMETRES = 2, CENTIMETRES = 3 };
@@ -26,14 +26,14 @@ public:
     struct Language {
         char code[4];
         uint16_t code_page;
-        uint16_t ask_name; // name (string number) for the question before it is chosen; 0: no
-                           // question, every system can show it
+        uint16_t ask_name; // text number of the name in the question before it is
+                           // chosen; 0: none is asked, every system can show it
     };
 
-    // English first.
+    // English first. For the page on which the user chooses one.
     static std::span<const Language> Languages();
 
-    // Empty: no libraries, every text empty, units as the system.
+    // Empty: no libraries, empty texts, the system's units.
     prtlocale() = default;
     // Frees the libraries.
     virtual ~prtlocale();
@@ -41,9 +41,9 @@ public:
     prtlocale& operator=(const prtlocale&) = delete;
 
     // Reads the system's locale and the user's choices, and loads both libraries. A language that
-    // cannot be used is replaced by English, and so is one whose library is missing. False unless
-    // both libraries are loaded; with one of them the locale is usable nevertheless. May be called
-    // again, to bring a new language into use.
+    // cannot be used, or whose library is missing, is replaced by English. False unless both
+    // libraries are loaded; the locale is usable with one of them. May be called again, to bring a
+    // new language into use.
     bool Load(prtreg& reg, prtmodel* model);
 
     // The first step of Load: units, separators and language of the system.
@@ -54,59 +54,60 @@ public:
 
     // ---- Language -------------------------------------------------------------------------------
 
-    // The language in use, which is the system's while the user has chosen "sys".
+    // The language in use. It is the system's if the user has chosen "sys".
     const char* GetCurrentLanguage() const;
     // What the user has chosen: a language, or "sys".
     const char* GetUserLanguage() const { return user_language_; }
     const char* GetSystemLanguage() const { return system_language_; }
 
-    // The code page of the current language; 0 for a language that is not among Languages().
+    // The code page of the current language, or 0 for a language that is not among Languages().
     uint32_t GetCurrentCP() const;
 
     // Whether a language can be used with a printer: the system has its code page and its library
     // is among the files of the printer's driver. English always can.
     static bool LanguageExists(prtmodel* model, const char* language);
 
-    // Chooses a language or "sys", for the next Load. For some languages, unless they are the
-    // system's, the user is asked first (`owner` is the window of the question). False when
-    // nothing was chosen.
+    // For that page: chooses a language or "sys", for the next Load. For some languages, unless
+    // they are the system's, the user is asked first (`owner` is the window of the question). False
+    // if nothing was chosen.
     bool SetNewLanguage(HWND owner, const char* language);
 
     // Turns the system's abbreviation of its language (as Windows gives it, "FRC") into one of
-    // Languages(); English for all that is not among them.
+    // Languages(), or English if it is not among them.
     void ConvertSystemLanguage();
 
     const OString& GetHelpFile() const { return help_file_; } // full path
 
     // ---- Texts and other resources --------------------------------------------------------------
 
-    // Loads the texts that are used all the time: unit labels.
+    // Loads the texts that are used all the time, the unit labels.
     void init();
 
-    // The library that is looked up first, for what the system shows by itself; null without one.
+    // The library that is searched first, for what the system itself shows; null without one.
     HMODULE GetModule() const { return primary_library_ ? primary_library_ : english_library_; }
 
-    // A text by its number, at most 511 characters; empty when neither library has it.
+    // A text by its number, at most 511 characters. Empty if neither library has it.
     OString GetString(int id) const;
 
-    // A dialog template by name; its size in bytes goes to `size`, which may be null. Null when
-    // neither library has it. Good, as all resources, until the next Load.
+    // A dialog template by name. Stores its size in bytes in `size`, which may be null. Null if
+    // neither library has it. Like all resources, it is valid until the next Load.
     const void* GetDialog(const OString& name, uint32_t* size) const;
     // A menu template by name, or null.
     const void* GetMenu(const OString& name) const;
-    // A menu made from the template, which the caller destroys; null when there is none.
+    // A menu made from the template, or null. The caller destroys it.
     HMENU LoadMenuW(const OString& name) const;
-    // A bitmap by number: a BITMAPINFO with the pixels behind it. Null when there is none.
+    // A bitmap by number: a BITMAPINFO followed by the pixels. Null if there is none.
     const void* LockBitmap(int id) const;
 
-    // The signs, or "(C)", "(TM)" and "(R)" where the code page of the language lacks them.
+    // The signs, or "(C)", "(TM)" and "(R)" if the code page of the language lacks them.
     OString GetCopyright() const;
     OString GetTrademark() const;
     OString GetRegistered() const;
 
     // ---- Units ----------------------------------------------------------------------------------
 
-    // The user's choice, effective at once. A number that is not among Units means inches.
+    // For that page too: the user's choice, effective at once. A number that is not among Units
+    // means inches.
     void SetNewUnits(int32_t units);
     int32_t GetUnits() const { return units_; }
 
@@ -121,23 +122,23 @@ public:
     const OString& GetDecimalSeparator() const { return decimal_separator_; }
     const OString& GetThousandsSeparator() const { return thousands_separator_; }
 
-    // A length with its unit: "12.7 mm", "1.27 cm", "0.50 in". Rounded, halves away from zero.
+    // A length with its unit: "12.7 mm", "1.27 cm", "0.50 in". Halves are rounded away from zero.
     OString microns_to_string(int32_t microns) const;
 
-    // A length, in the unit that its first letter names ("c", "i" or "m") and in the current one
-    // without a letter; thousandths of the unit at most. Takes the system's decimal separator and
-    // the point. A text without a number is 0. A number beyond 25.4 m in the current unit (1000,
-    // 2540 or 25400, before the separator) is 25.4 m, whatever follows it. Below that another unit
-    // may still make more of it, 645 m at most.
+    // Reads a length in the unit that its first letter names ("c", "i" or "m"), or in the current
+    // one if there is no letter, down to thousandths of the unit. Takes the system's decimal
+    // separator and the point. A text without a number is 0. A number beyond 25.4 m in the current
+    // unit (1000, 2540 or 25400, before the separator) is 25.4 m, whatever follows it. A smaller
+    // one may still become more in another unit, 645 m at most.
     int32_t string_to_microns(const OString& text) const;
 
-    // A size in bytes: "0 K", "1.5 K", "100 K", with a decimal below 100 K.
+    // A size in bytes, with a decimal below 100 K: "0 K", "1.5 K", "100 K".
     OString FormatK(uint32_t bytes) const;
 
     // The width of a bar of `dots` dots: in mils ("9.9 mils") or millimetres ("0.25 mm").
     OString xdimension_to_string(int dots, int dpi) const;
 
-    // A resolution: "203 dpi" or "8.0 dots/mm"; and two of them, "8.0 dots/mm x 8.0 dots/mm".
+    // A resolution, "203 dpi" or "8.0 dots/mm", or two: "8.0 dots/mm x 8.0 dots/mm".
     OString dpi_to_string(int dpi) const;
     OString dpi_to_string(int x, int y) const;
 

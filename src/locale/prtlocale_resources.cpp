@@ -1,27 +1,17 @@
-// What prtlocale finds in the language libraries.
+// prtlocale: access to the language libraries.
 #include <cstddef>
 #include <iterator>
 
 #include "locale/prtlocale.h"
-
-namespace {
-
-constexpr int kLabelCentimetres = 471;
-constexpr int kLabelInches = 479;
-constexpr int kLabelMillimetres = 482;
-constexpr int kLabelPoints = 484;
-
-} // namespace
+#include "locale/text_numbers.h"
 
 void prtlocale::init() {
     LoadUnitsLabel();
-    second_label_ = GetString(kLabelPoints);
+    second_label_ = GetString(TEXT_POINTS);
 }
 
 void prtlocale::LoadUnitsLabel() {
-    units_label_ = GetString(is_mm()   ? kLabelMillimetres
-                             : is_cm() ? kLabelCentimetres
-                                       : kLabelInches);
+    units_label_ = GetString(is_mm() ? TEXT_MILLIMETRES : is_cm() ? TEXT_CENTIMETRES : TEXT_INCHES);
 }
 
 OString prtlocale::GetString(int id) const {

@@ -1,17 +1,13 @@
-// Lengths and resolutions as texts, and lengths from texts.
+// prtlocale: lengths and resolutions to texts, and texts to lengths.
 #include <algorithm>
 #include <cstddef>
 #include <cstdint>
 
 #include "core/numbers.h"
 #include "locale/prtlocale.h"
+#include "locale/text_numbers.h"
 
 namespace {
-
-constexpr int kLabelDotsPerInch = 472;
-constexpr int kLabelDotsPerMillimetre = 473;
-constexpr int kLabelMils = 481;
-constexpr int kLabelMillimetres = 482;
 
 constexpr int64_t RoundedDivide(int64_t a, int64_t b) {
     return (a + b / 2) / b;
@@ -21,7 +17,7 @@ bool IsDigit(WCHAR c) {
     return c >= '0' && c <= '9';
 }
 
-// The length of `beginning` when `text` begins with it, else 0.
+// The length of `beginning` if `text` begins with it, else 0.
 size_t LengthAtStart(const WCHAR* text, const WCHAR* beginning) {
     size_t length = 0;
     for (; beginning[length]; ++length)
@@ -41,8 +37,8 @@ void prtlocale::SetNewUnits(int32_t units) {
     LoadUnitsLabel();
 }
 
-// `value` (not negative) with the last `digits` of its digits behind the separator. The 0 ahead of
-// the separator is the system's choice.
+// `value` (not negative) with its last `digits` digits after the separator. The system's settings
+// decide whether a 0 stands before the separator.
 OString prtlocale::Decimal(int64_t value, int digits, bool negative) const {
     char fraction[8] = {};
     for (int i = digits - 1; i >= 0; --i, value /= 10)
@@ -113,10 +109,10 @@ OString prtlocale::xdimension_to_string(int dots, int dpi) const {
     if (is_metric()) {
         const int32_t microns = std::max(muldiv64s(dots, 25400, dpi), 0);
         text = Decimal(microns / 10, 2, false);
-        text << " " << GetString(kLabelMillimetres);
+        text << " " << GetString(TEXT_MILLIMETRES);
     } else {
         text = Decimal(std::max(muldiv64s(dots, 10000, dpi), 0), 1, false);
-        text << " " << GetString(kLabelMils);
+        text << " " << GetString(TEXT_MILS);
     }
     return text;
 }
@@ -126,9 +122,9 @@ OString prtlocale::dpi_to_string(int dpi) const {
     if (is_metric()) {
         const int64_t tenths = (100 * int64_t{dpi} + 50) / 254; // dots per millimetre
         text << tenths / 10 << decimal_separator_ << tenths % 10;
-        text << " " << GetString(kLabelDotsPerMillimetre);
+        text << " " << GetString(TEXT_DOTS_PER_MILLIMETRE);
     } else {
-        text << dpi << " " << GetString(kLabelDotsPerInch);
+        text << dpi << " " << GetString(TEXT_DOTS_PER_INCH);
     }
     return text;
 }

@@ -11,7 +11,7 @@ public:
     explicit CodePage(uint16_t number = 0);
 
     uint16_t code_page; // Windows number, or 1208 for UTF-8
-    uint16_t listed_as; // the number that it was made with
+    uint16_t listed_as; // the number that it was created with
     OString name;       // the number in decimal
     bool multi_byte;    // characters may take two bytes
     bool utf8;          // code page 1208
@@ -20,10 +20,10 @@ public:
 // A list of CodePage nodes, which it owns.
 class CodePageList : public OList {
 public:
-    // A new CodePage 0, not in the list; null without memory.
+    // A new CodePage 0, not in the list, or null without memory.
     ONode* NewNode() override;
 
     // Appends the Windows code pages: the Western one, the others with one byte a character, then
-    // the East Asian ones. Nothing that is in the list already is taken out.
+    // the East Asian ones. Existing entries stay.
     void Enumerate();
 };

@@ -9,28 +9,28 @@
 #include "model/data_table.h"
 #include "model/resource_file.h"
 
-// One table and one section in it are current; queries are about them. Each section is read once
-// per set, when it is first asked, and kept. A set belongs to one thread; several sets may read the
-// same file at the same time.
+// One table and one section in it are current, and queries are about them. Each section is read
+// once per set, on first use, and kept. A set belongs to one thread; several sets may read the same
+// file at the same time.
 class ODataSet {
 public:
-    // `file` (borrowed) may be null: then every query gives its default.
+    // `file` (borrowed) may be null. Then every query returns its default.
     explicit ODataSet(OResourceFile* file = nullptr)
         : file_(file) {}
     ODataSet(const ODataSet&) = delete;
     ODataSet& operator=(const ODataSet&) = delete;
     virtual ~ODataSet();
 
-    // Changes the file. What has been read of the old one stays.
+    // Changes the file. Sections already read from the old one stay.
     void SetResourceFile(OResourceFile* file) { file_ = file; }
 
-    // Makes a table and a section current. "Model:Desktop" names both, a name without a colon
-    // names another section of the same table.
+    // Makes a table and a section current. "Model:Desktop" names both; a name without a colon is
+    // another section of the same table.
     void SetTable(const OString& name);
 
-    // The value of a property, also when it is empty; the default when there is no such property.
-    // The queries below, PropertyExists excepted, read through this one, so that overriding it
-    // changes them all. For them an empty value is as good as none.
+    // The value of a property, even if empty, or the default if there is no such property. The
+    // queries below, except PropertyExists, read through this one, so overriding it changes them
+    // all. To them an empty value is the same as none.
     virtual OString GetString(const OString& key, const OString& default_value);
 
     // Splits the value at its commas. Without a value the array is empty.
@@ -46,7 +46,7 @@ public:
     // The number at the start of the value, as OString reads it: "  -12abc" is -12, "abc" is 0.
     int32_t GetInt(const OString& key, int32_t default_value);
 
-    // Whether the value, a list with commas, has the element `flag`, in either case.
+    // Whether the value, a comma-separated list, has the element `flag`, in any case.
     bool GetFlag(const OString& key, const OString& flag);
 
 private:
@@ -56,5 +56,5 @@ private:
     OString table_;
     OString section_;
     OResourceFile* file_;
-    ODataTable* current_ = nullptr; // in tables_; null until it is asked
+    ODataTable* current_ = nullptr; // in tables_; null until first used
 };

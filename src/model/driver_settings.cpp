@@ -1,5 +1,6 @@
 #include "model/driver_settings.h"
 
+#include "core/crc.h"
 #include "core/memory.h"
 #include "model/options_block.h"
 #include "registry/oregistry_transaction.h"
@@ -9,7 +10,7 @@ namespace {
 constexpr char kLoaded[] = ":Loaded";
 constexpr char kSet[] = ":Set";
 
-// The full path, for the registry's base key is moved by its own export and import.
+// The full path, as the registry's base key is moved by its own export and import.
 OString PathOf(const OString& name) {
     return OString("Settings:") << name;
 }
@@ -37,17 +38,42 @@ OString DriverSettingsCore::SettingOf(const OString& property) {
     return mark < 0 ? OString() : property.Left(mark);
 }
 
+DriverSettings& DriverSettings::operator=(const DriverSettings& other) {
+    if (this == &other) return *this;
+    const AllocationWatch memory;
+    core_.Clear();
+    for (int i = 0; i < other.core_.GetCount(); ++i) {
+        const OString name = other.core_.GetName(i);
+        core_.SetString(name, other.core_.GetString(name, OString()));
+    }
+    const prtreg* registry = other.core_.registry.get();
+    core_.registry.reset(registry ? new (kCounted) prtreg(*registry) : nullptr);
+    failed_copy_ = other.HasFailed() || memory.Failed();
+    return *this;
+}
+
 void DriverSettings::Load(const prtreg& registry) {
+    failed_copy_ = false;
     core_.Clear();
     core_.registry.reset(new (kCounted) prtreg(registry));
 }
 
 bool DriverSettings::HasFailed() const {
-    return core_.registry && core_.registry->HasFailed();
+    return failed_copy_ || (core_.registry && core_.registry->HasFailed());
+}
+
+uint32_t DriverSettings::GetCRC32(uint32_t seed) const {
+    for (int i = 0; i < core_.GetCount(); ++i) {
+        const OString name = DriverSettingsCore::SettingOf(core_.GetName(i));
+        if (name.IsEmpty()) continue;
+        seed = CRC32_UTF8(name, seed);
+        seed = CRC32_UTF8(core_.GetString(name, OString()), seed);
+    }
+    return seed;
 }
 
 void DriverSettings::Save(const prtreg&) {
-    if (!core_.registry) return;
+    if (!core_.registry || failed_copy_) return;
     prtreg& registry = *core_.registry;
     ORegistryTransaction changes(registry);
     for (int i = 0; i < core_.GetCount(); ++i) {

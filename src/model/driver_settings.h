@@ -9,8 +9,8 @@
 #include "keys/prtreg.h"
 #include "model/property_set.h"
 
-// What DriverSettings keeps of the registry. A setting N that is known has the property N; beside
-// it "N:Loaded" says that it is known, and "N:Set", for one that was set, which type it has.
+// DriverSettings' memory of the registry. A known setting N has the property N. Beside it
+// "N:Loaded" tells that it is known and, if it was set, "N:Set" tells its type.
 class DriverSettingsCore : public OPropertySet {
 public:
     enum Type {
@@ -26,22 +26,26 @@ public:
     int GetType(const OString& name) const;
     void MarkSet(const OString& name, Type type);
 
-    // The name of the setting that a property of this name marks as set; empty for all others.
+    // The name of the setting that a property of this name marks as set, or empty for all others.
     static OString SettingOf(const OString& property);
 
     std::unique_ptr<prtreg> registry; // null until DriverSettings::Load
 };
 
-// The settings live in the registry below "Settings:". A value is read when it is first asked for
-// and remembered; what is set is written by Save. A value that the registry does not hold has the
-// default that stands with its operations, and so has an empty text.
+// The settings are in the registry below "Settings:". A value is read on first use and remembered;
+// changed ones are written by Save. A value that the registry does not hold, and an empty text, has
+// the default given with its operations.
 //
-// An object is made for one task and belongs to one thread. What others change in the registry is
+// An object is made for one task and belongs to one thread. Changes by others in the registry are
 // seen after the next Load.
 class DriverSettings {
 public:
-    // Without a printer: what has not been set has its default, and nothing is saved.
+    // Without a printer: settings that were not set have their defaults, and nothing is saved.
     DriverSettings() = default;
+    // A copy is bound to the same printer, and knows and saves the same. An incomplete copy, and
+    // one of settings that have failed, has failed and saves nothing before it is loaded.
+    DriverSettings(const DriverSettings& other) { *this = other; }
+    DriverSettings& operator=(const DriverSettings& other);
 
     // Binds to the printer of `registry` (copied) and forgets everything read and set.
     void Load(const prtreg& registry);
@@ -50,30 +54,34 @@ public:
     // belongs to. They stay marked: a second Save writes them again.
     void Save(const prtreg& registry);
 
-    // Whether a value could not be read or written since Load: what was asked for has its default
-    // then, though something may be stored. Never before Load.
+    // Whether a value could not be read or written since Load. It then has its default, although
+    // something may be stored. Never before Load.
     bool HasFailed() const;
 
-    // Appends one options block (see settings/options_block.h) to `file`: all settings of the
-    // printer as they are in the registry, headed by the model's name. False, with nothing written,
-    // before Load and when they cannot be read.
+    // The checksum of the values that Save would write, continued from `seed`, or `seed` if there
+    // are none. For pages that edit a copy.
+    uint32_t GetCRC32(uint32_t seed) const;
+
+    // Appends one options block (see model/options_block.h) to `file`: all settings of the printer
+    // as they are in the registry, headed by the model's name. False, with nothing written, before
+    // Load and if they cannot be read.
     bool Export(OFile& file, const char* model);
 
-    // Applies every options block of that model in `file`, which is read from its start in its
-    // code page; the keys of a block replace those of the printer. True when there was one. Blocks
-    // of other models, and one without an end, do nothing. What was read before stays known. All
-    // blocks are applied or, when the file cannot be read or the registry written, none.
+    // Applies every options block of that model in `file`, which is read from its start in its code
+    // page. The keys of a block replace those of the printer. True if there was one. Blocks of
+    // other models, and those without an end, do nothing. Values read before stay known. Either all
+    // blocks are applied or, if the file cannot be read or the registry written, none.
     bool Import(OFile& file, const char* model);
 
     // The character that begins ZPL formats, '^'.
     char GetEscapeCharacter() { return GetString("Function Character", "^").nstring()[0]; }
     void SetEscapeCharacter(char c);
 
-    // Print any number of copies, whatever the model allows; false.
+    // Allows any number of copies, whatever the model's limit; false.
     bool GetDisableCopiesLimit() { return GetBool("Disable Copies Limit", false); }
     void SetDisableCopiesLimit(bool on) { SetBool("Disable Copies Limit", on); }
 
-    // Treat bar code fonts so that office applications show them; true.
+    // Treats bar code fonts so that office applications show them; true.
     bool GetFixBarFontsInOffice() { return GetBool("Data Fonts/Office Compatibility", true); }
     void SetFixBarFontsInOffice(bool on) { SetBool("Data Fonts/Office Compatibility", on); }
 
@@ -117,7 +125,7 @@ public:
     void SetLogging(bool on) { SetBool("Logging/Logging", on); }
     bool GetOverwriteFile() { return GetBool("Logging/Overwrite Files", false); }
     void SetOverwriteFile(bool on) { SetBool("Logging/Overwrite Files", on); }
-    // Record the printer's code.
+    // Records the printer's code.
     bool GetGenerateFile() { return GetBool("Logging/Print Code Recording", false); }
     void SetGenerateFile(bool on) { SetBool("Logging/Print Code Recording", on); }
     OString GetLogDir() { return GetString("Logging/Directory", ""); }
@@ -174,4 +182,5 @@ private:
     void SetBool(const char* name, bool value);
 
     DriverSettingsCore core_;
+    bool failed_copy_ = false;
 };

@@ -33,7 +33,7 @@ Unit UnitOf(const char* text) {
     return Unit::Unknown;
 }
 
-// A number as a count of its last decimal; further decimals are dropped.
+// A number in units of its last decimal. Further decimals are dropped.
 int32_t FixedPoint(const OString& number, int decimals) {
     const int point = number.Find('.');
     int64_t value = xtol(number.Left(point).nstring());

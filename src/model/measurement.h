@@ -5,7 +5,7 @@
 
 #include "core/ostring.h"
 
-// A length as a signed count of tenths of a micrometre: fine enough for dots at any resolution,
+// A length as a signed number of tenths of a micrometre: fine enough for dots at any resolution,
 // wide enough for 200 m. Divisions round to nearest, halves away from zero. A length that does not
 // fit becomes the longest (or most negative) one.
 //
@@ -24,8 +24,8 @@ public:
     void SetPoints(int32_t points); // 72 to the inch
 
     // Reads "4 in", "101.6 mm", "10 cm", "250 mils" or "12 pt" (also "inches", "pts", "point" and
-    // "points", in either case, with or without a blank in front). Inches, millimetres and points
-    // count up to three decimals, centimetres four, mils none; what follows them is dropped. The
+    // "points", in any case, with or without a blank before the unit). Inches, millimetres and
+    // points have up to three decimals, centimetres four, mils none; further ones are dropped. The
     // decimal separator is a point. A text without a number, without a unit or with another one is
     // the length 0.
     void SetText(const OString& text);

@@ -54,7 +54,7 @@ void ModelCore::SetPrinter(const PrinterInfo& printer) {
     SetRecordText(oem_, OString("o") + code);
     oem_suffix_ = OString("(") + code + OString(")");
     oem_suffix_.MakeUpper();
-    // One driver name may come back with the data of another brand.
+    // One driver name may return with the data of another brand.
     records_of_.model = model_name_ + oem_suffix_;
     registry_.init(printer);
     whole_ = printer.IsKnown() && printer.IsDriverKnown();
@@ -84,7 +84,7 @@ void ModelCore::UseTable(int table) {
     case MODEL:
         if (model_section_.IsEmpty()) {
             UseTable(DRIVER);
-            // Remembered with its table, since another one may be current the next time.
+            // Remembered with its table, since another one may be current next time.
             const OString section = GetString("Model", "");
             model_section_ = section.Find(':') < 0 ? OString("Driver:") + section : section;
         }
@@ -212,7 +212,7 @@ void ModelCore::InitializeExtPDT() {
     const char* bytes = text.nstring();
     const uint32_t text_length = static_cast<uint32_t>(text.nlen());
 
-    // The length of the table is a claim; the text and the limit bound it.
+    // The length in the table is a claim. The text and the limit bound it.
     const int32_t claimed = GetInt("Data.Length", 0);
     uint32_t length = claimed > 0 ? static_cast<uint32_t>(claimed) : 0;
     length = std::min({length, (text_length / 4 + 1) * 3, kCustomDataLimit});

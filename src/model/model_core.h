@@ -14,11 +14,11 @@
 class PrinterInfo;
 class prtmodel;
 
-// The tables of one printer's model and the records made of them. A record comes from the process's
-// record cache when it has one of the right size, else it is built and put there. Missing files,
-// tables, sections and keys leave zeros and defaults. Numbers that do not fit into a field of 16
-// bits keep their low 16 bits; where a maximum is named, larger numbers become the maximum first.
-// Texts that do not fit are cut. Owned by the printer model, and of its thread.
+// The tables of one printer's model and the records made from them. A record comes from the
+// process's record cache if that has one of the right size; else it is built and stored there.
+// Missing files, tables, sections and keys leave zeros and defaults. Numbers that do not fit into a
+// field of 16 bits keep their low 16 bits; if a maximum is given, larger numbers become the maximum
+// first. Texts that do not fit are truncated. Owned by the printer model, on its thread.
 class ModelCore : public ODataSet {
 public:
     ModelCore() = default;
@@ -34,7 +34,7 @@ public:
     const OStringArray& GetDependentFiles() const { return dependent_files_; }
     prtreg& GetRegistry() { return registry_; }
 
-    // Whether the spooler knew the printer and its driver, and so far nothing failed to be read.
+    // Whether the spooler knew the printer and its driver, and all reads so far have succeeded.
     bool WasReadWhole() const { return whole_ && !registry_.HasFailed(); }
 
     // ---- Tables ---------------------------------------------------------------------------------
@@ -60,31 +60,30 @@ public:
 
     // Makes the printer's section of a table current. A number out of range changes nothing.
     void UseTable(int table);
-    // The same by name: "Driver", "Manufacturer", "Model" and "CodePages" in either case; any other
+    // The same by name: "Driver", "Manufacturer", "Model" and "CodePages" in any case. Any other
     // name is a key of Model that names the section.
     void UseTable(const OString& name);
 
-    // A property of the current section. One with the OEM code in capitals behind its key
-    // ("Key(QV)") goes before the one without, in this and in all other queries.
+    // A property of the current section. A key followed by the OEM code in capitals ("Key(QV)")
+    // takes precedence over one without, in this and in all other queries.
     OString GetString(const OString& key, const OString& default_value) override;
 
     // ---- Records --------------------------------------------------------------------------------
 
-    // Makes the model data. Comes before all others, for it drops what the record cache has of this
-    // printer when its stamp "DATA:Model Synchronization" or its model is a new one.
+    // Makes the model data. To be called before all others, as it drops the cached records of this
+    // printer if its stamp "DATA:Model Synchronization" or its model is new.
     void ModelData_Initialize();
-    // Make the other records; nothing when there are made already. Without memory there is no
-    // record.
+    // Make the other records, once. Without memory there is no record.
     void DriverInfo_Initialize();
     void ManufacturerInfo_Initialize();
     void CapabilitiesData_Initialize();
-    // `model` fills in what its printer language knows of RFID.
+    // `model` fills in the RFID facts of its printer language.
     void RFIDCapabilities_Initialize(const prtmodel* model);
     // Reads the custom data. The blob's length in the table counts only as far as its text goes,
-    // and up to 64 KB; what the text does not fill is zero.
+    // and up to 64 KB. The rest is zero.
     void InitializeExtPDT();
 
-    // The records; zeros or null before they are made. The custom data is always there.
+    // The records, zeros or null before they are made. The custom data is always there.
     const KVModelData& GetModelData() const { return model_data_; }
     const KVDriverInfo* GetDriverInfo() const { return driver_info_.get(); }
     const KVManufacturerInfo* GetManufacturerInfo() const { return manufacturer_info_.get(); }
@@ -101,8 +100,8 @@ private:
 
     // ---- Records --------------------------------------------------------------------------------
 
-    // Puts a record into the cache, unless something could not be read: others would be answered
-    // from half a record until the next flush.
+    // Puts a record into the cache, unless something could not be read: otherwise half a record
+    // would be used until the next flush.
     void KeepRecord(const char* name, const void* record, uint32_t size);
     template <class T, class F>
     void FetchOrCreate(T& record, const char* name, F create);
@@ -124,7 +123,7 @@ private:
     KVRFIDCapabilities* RFIDCapabilities_Create(const prtmodel* model);
 
     Measurement GetMeasurement(const char* key);
-    // The bit when the property is true, when the list holds the word (in either case).
+    // The bit if the property is true, or if the list holds the word (in any case).
     uint16_t BoolBit(const char* key, uint16_t bit);
     uint16_t FlagBit(const char* key, const char* word, uint16_t bit);
     int16_t GetThickness(const char* key);
@@ -160,11 +159,11 @@ private:
     void CompositeData_Create(KVSymbologyData* record, const SymbologyInfo& info);
     void TelepenData_Create(KVSymbologyData* record, const SymbologyInfo& info);
 
-    // The bits of all words (by case) that the list of a key holds.
+    // The bits of all words (case-sensitive) in the list of a key.
     template <size_t N>
     uint32_t ListBits(const OString& key, const Bit (&bits)[N]);
     uint32_t ListBits(const OString& key, const Bit* bits, size_t count);
-    // The bit when the property is true (false).
+    // The bit if the property is true (false).
     uint32_t TrueBit(const OString& key, uint32_t bit);
     uint32_t FalseBit(const OString& key, uint32_t bit);
 

@@ -9,7 +9,7 @@ namespace {
 
 constexpr int32_t kInt16Maximum = 32767;
 
-// The first entry whose text is the wanted one in either case.
+// The first entry whose text is the given one, in any case.
 struct Translation {
     const char* text;
     uint8_t value;
@@ -107,7 +107,7 @@ void ModelCore::ReadModelTable() {
     data.maximum_width = GetMeasurement("Stock.Maximum.X");
     data.maximum_length = GetMeasurement("Stock.Maximum.Y");
 
-    // Only a value that is there goes through whole micrometres, which the model's may not be.
+    // Only an existing value is rounded to whole micrometres. The model's need not be whole.
     int32_t microns = 0;
     data.unprintable_width = data.unprintable_width_of_model;
     if (registry_.GetData("Settings:Unprintable Width", &microns, sizeof microns, REG_DWORD) ==
@@ -144,7 +144,7 @@ void ModelCore::ReadModelTable() {
         FlagBit("Ports.Bidirectional", "USB", KVModelData::PORT_BIDI_USB));
 }
 
-// "203", "300x600": up to eight, of which numbers keep their low 16 bits.
+// Reads "203", "300x600": up to eight, of which numbers keep their low 16 bits.
 void ModelCore::ReadResolutions() {
     OStringArray entries;
     GetStringArray("Resolution", entries);

@@ -38,7 +38,7 @@ struct ModelDataStorage {
         return found;
     }
 
-    // The records of a printer; null when they are another owner's.
+    // The records of a printer, or null if they are another owner's.
     PrinterRecords* Find(const ModelDataOwner& owner) const {
         PrinterRecords* found = Find(owner.printer);
         return found && found->BelongTo(owner) ? found : nullptr;
@@ -67,7 +67,7 @@ void ModelDataCache::Free() {
 void ModelDataCache::Synchronize(const ModelDataOwner& owner) {
     if (!storage) return;
     const AllocationWatch memory;
-    // What stays in the store must share nothing with the caller's strings.
+    // Strings in the store must share nothing with the caller's.
     const OString printer = owner.printer.OwnCopy();
     OString model = owner.model.OwnCopy();
     OSingleLock lock(&storage->lock, true);
@@ -82,7 +82,7 @@ void ModelDataCache::Synchronize(const ModelDataOwner& owner) {
         }
     }
     records->Clear();
-    records->model = std::move(model); // empty without memory: nobody's then
+    records->model = std::move(model); // empty without memory, and then nobody's
     records->stamp = owner.stamp;
 }
 

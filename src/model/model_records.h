@@ -1,7 +1,7 @@
 // The binary records that describe a printer model.
 //
-// All integers are little-endian. Texts are 8-bit, terminated by a zero and padded with zeros. The
-// layouts are fixed: records are kept as blocks of bytes, and the rendering module reads the same
+// All integers are little-endian. Texts are 8-bit, zero-terminated and padded with zeros. The
+// layouts are fixed: records are stored as blocks of bytes, and the rendering module reads the same
 // ones.
 #pragma once
 
@@ -10,11 +10,11 @@
 
 #include "model/measurement.h"
 
-// What the model is and can do; prtmodel answers most questions from it.
+// What the model is and can do. prtmodel answers most questions from it.
 struct KVModelData {
     char company_name[32];
     char product_name[32];
-    char font_prefix[12];                   // in front of the name of every font of the printer
+    char font_prefix[12];                   // before the name of every font of the printer
     Measurement unprintable_width;          // as set for this printer
     Measurement unprintable_width_of_model; // as the model has it
     Measurement printable_width;
@@ -28,7 +28,7 @@ struct KVModelData {
 
     uint16_t color;              // bits below; the high byte is 0
     uint8_t default_color_state; // 1 monochrome, 2 colour, as in DEVMODE
-    uint8_t tracking;            // 0 right, 1 left, 2 centre: where labels lie on the web
+    uint8_t tracking;            // 0 right, 1 left, 2 centre: the position of labels on the web
     uint8_t natural_orientation; // 0 to 3: 0, 90, 180, 270 degrees
     uint8_t can_flip180;
     uint8_t can_mirror;
@@ -57,7 +57,7 @@ struct KVModelData {
         uint16_t x; // dots per inch
         uint16_t y;
     };
-    Resolution resolutions[8]; // the current one first; zeros behind the last
+    Resolution resolutions[8]; // the current one first; zeros after the last
 
     enum : uint16_t {
         COLOR_SPOT_2 = 0x01, // inks
@@ -125,7 +125,7 @@ struct KVSymbologyData {
     uint16_t flags;
     uint16_t hr_mode;     // of the human-readable text
     uint32_t options;     // the symbology's own bits, ratio bits and restricted methods
-    uint32_t hr_bits;     // where the human-readable text can be
+    uint32_t hr_bits;     // possible places of the human-readable text
     uint16_t font_weight; // of the human-readable text
     uint16_t font_size;
     char font_name[32];
@@ -138,7 +138,7 @@ static_assert(offsetof(KVSymbologyData, options) == 4);
 static_assert(offsetof(KVSymbologyData, hr_bits) == 8);
 static_assert(offsetof(KVSymbologyData, font_name) == 16);
 
-// The font that new text starts with.
+// The font for new text.
 struct KVDefaultFont {
     uint16_t weight;
     uint16_t size;
@@ -146,7 +146,7 @@ struct KVDefaultFont {
 };
 static_assert(sizeof(KVDefaultFont) == 36);
 
-// What the printer draws by itself. Sub-tables are found through the sizes, offsets and counts.
+// Objects that the printer draws itself. Sub-tables are found by the sizes, offsets and counts.
 struct KVCapabilitiesData {
     static constexpr int SYMBOLOGIES = 37;
     static constexpr int DEFAULT_FONTS = 2; // for text, for bar codes
@@ -158,7 +158,7 @@ struct KVCapabilitiesData {
     uint16_t reserved1;
     uint16_t line_bits;
     uint16_t box_bits;
-    uint16_t unsupported_1d_lines; // bar codes that the printer lacks can be drawn as lines
+    uint16_t unsupported_1d_lines; // draws bar codes that the printer lacks as lines
     uint16_t unsupported_2d_lines;
     uint16_t line;
     uint16_t box;
@@ -200,13 +200,13 @@ static_assert(offsetof(KVCapabilitiesData, font_count) == 40);
 static_assert(offsetof(KVCapabilitiesData, symbologies) == 52);
 static_assert(offsetof(KVCapabilitiesData, fonts) == 1828);
 
-// RFID. `total_size` counts what a printer family may have appended.
+// RFID. `total_size` includes what a printer family may have appended.
 struct KVRFIDCapabilities {
     uint16_t size; // of this structure
     uint16_t total_size;
-    uint32_t flags; // 1 when the printer has RFID
+    uint32_t flags; // 1 if the printer has RFID
     uint32_t tag_types;
-    uint32_t options; // what can be set about its tags
+    uint32_t options; // the possible settings of its tags
     uint32_t value16;
     uint32_t value20;
     uint16_t most_retries; // for each label
@@ -251,7 +251,7 @@ struct KVClockCapabilities {
 static_assert(sizeof(KVClockCapabilities) == 24);
 static_assert(offsetof(KVClockCapabilities, value20) == 20);
 
-// What only the ZPL layer wants to know of a model.
+// The data of a model that only the ZPL layer needs.
 struct CustomData {
     static constexpr int SPEEDS = 20;
 
@@ -292,6 +292,6 @@ static_assert(offsetof(CustomData, speeds) == 36);
 
 // How the printer and its driver screen images.
 struct DitherCapabilities {
-    uint32_t own_dithering; // non-zero: the printer can do it by itself
-    uint32_t algorithm;     // the method that suits it: 2 is clustered-dot ordered dithering
+    uint32_t own_dithering; // non-zero: the printer can do it itself
+    uint32_t algorithm;     // the best method for it: 2 is clustered-dot ordered dithering
 };

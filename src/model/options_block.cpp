@@ -5,14 +5,14 @@ namespace {
 constexpr char kBlockStart[] = "<options model='";
 constexpr char kBlockEnd[] = "</options>";
 constexpr char kData[] = "DATA:";
-constexpr char kBlanks[] = " \t\r\n";
+constexpr char kAroundLines[] = " \t\r\n";
 
 bool IsKeyLine(const OString& line) {
     return line.wstring()[0] == '[';
 }
 
 bool StartsWith(const OString& text, const OString& start) {
-    start.wstring(); // the length has to be that of the UTF-16 form
+    start.wstring(); // the length must be that of the UTF-16 form
     return text.Left(start.GetLength()).CompareNoCase(start) == 0;
 }
 
@@ -20,8 +20,8 @@ OString BlockHeader(const char* model) {
     return OString(kBlockStart) << model << "'>";
 }
 
-// A key line "[key]" or "[-key]", whose key is put below another root. Names of keys, and so roots,
-// match in either case.
+// Puts the key of a key line, "[key]" or "[-key]", below another root. Names of keys, and so roots,
+// match in any case.
 OString ReplaceRoot(const OString& line, const OString& from, const OString& to) {
     const int start = line.wstring()[1] == '-' ? 2 : 1;
     const OString key = line.Mid(start);
@@ -59,8 +59,8 @@ OptionsBlockReader::OptionsBlockReader(const char* model, const OString& data_pa
 
 bool OptionsBlockReader::Read(const OString& text) {
     OString line(text);
-    line.TrimLeft(kBlanks);
-    line.TrimRight(kBlanks);
+    line.TrimLeft(kAroundLines);
+    line.TrimRight(kAroundLines);
     if (line.IsEmpty()) return false;
     if (StartsWith(line, kBlockStart)) {
         inside_ = line == header_;

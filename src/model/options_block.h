@@ -5,29 +5,29 @@
 //   "Query Interval"=dword:000003e8
 //   </options>
 //
-// Keys that are not below the printer's data are passed over, whoever wrote the file.
+// Keys that are not below the printer's data are skipped, whoever wrote the file.
 //
-// Between the tags stands the registry's text form, except that the path of the printer's data
-// (in Windows notation, "HKEY_LOCAL_MACHINE\...") is written as "DATA:" where a key begins with it.
+// Between the tags is the registry's text form, except that the path of the printer's data (in
+// Windows notation, "HKEY_LOCAL_MACHINE\...") is written as "DATA:" at the start of a key.
 #pragma once
 
 #include "core/ostream.h"
 #include "core/ostring.h"
 #include "core/ostring_array.h"
 
-// Writes a block of the lines that ORegistry::Export made, and an empty line. `data_path` is the
-// path of the printer's data.
+// Writes a block of the lines from ORegistry::Export, and an empty line. `data_path` is the path of
+// the printer's data.
 void WriteOptionsBlock(OCore::OStream& stream, const char* model, const OStringArray& lines,
                        const OString& data_path);
 
 // Finds the blocks of one model among the lines of a file.
 class OptionsBlockReader {
 public:
-    // `data_path` is the path of the data of the printer that the settings are meant for.
+    // `data_path` is the path of the data of the printer that the settings are for.
     OptionsBlockReader(const char* model, const OString& data_path);
 
-    // Takes the next line of the file. True when it ended a block, whose lines GetLines then has.
-    // A block that is cut off by the beginning of another one counts for nothing.
+    // Takes the next line of the file. True if it ended a block; GetLines then has its lines. A
+    // block that is interrupted by the start of another one does not count.
     bool Read(const OString& line);
 
     // The lines of the block that has ended, as ORegistry::Import takes them.

@@ -11,8 +11,8 @@ struct OProperty {
     OString value;
 };
 
-// A map from names to values. Names count case. Every value is a text; numbers are kept in decimal,
-// flags as "1" and "0". A set belongs to one thread.
+// A map from names to values. Names are case-sensitive. Every value is a text; numbers are stored
+// in decimal, flags as "1" and "0". A set belongs to one thread.
 class OPropertySet {
 public:
     OPropertySet() = default;
@@ -20,25 +20,25 @@ public:
     OPropertySet& operator=(const OPropertySet&) = delete;
     virtual ~OPropertySet();
 
-    // The value, also when it is empty; the default when there is no such property.
+    // The value, even if empty, or the default if there is no such property.
     OString GetString(const OString& name, const OString& default_value) const;
     // Inserts or replaces.
     void SetString(const OString& name, const OString& value);
 
-    // The number at the start of the value, as OString reads it; the default when the value is
+    // The number at the start of the value, as OString reads it, or the default if the value is
     // empty or absent.
     int32_t GetInt(const OString& name, int32_t default_value) const;
     void SetInt(const OString& name, int32_t value);
 
-    // Whether the number is other than 0.
+    // Whether the number is not 0.
     bool GetBool(const OString& name, bool default_value) const;
     void SetBool(const OString& name, bool value);
 
     // Removes every property.
     void Clear();
 
-    // The properties in an order of the set's own, for walking over them: how many there are, and
-    // the name of one of them. The order changes when a property is inserted.
+    // The properties in an order of the set's own, for iteration: their number, and the name of one
+    // of them. The order changes when a property is inserted.
     int GetCount() const;
     OString GetName(int index) const;
 

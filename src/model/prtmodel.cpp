@@ -6,7 +6,7 @@
 
 namespace {
 
-// An array has a value, in either case.
+// Whether an array has a value, in any case.
 bool Contains(const OStringArray& texts, const OString& text) {
     for (int i = 0; i < texts.GetSize(); ++i)
         if (texts[i].CompareNoCase(text) == 0) return true;
@@ -337,7 +337,7 @@ void prtmodel::FlushDataCache() {
     static const char* const stamp = "DATA:Model Synchronization";
     prtreg& registry = GetRegistry();
 
-    // A second flush within one tick still has to be a new stamp.
+    // A second flush within one tick must still make a new stamp.
     uint32_t now = GetTickCount();
     if (now == registry.GetDWORD(stamp, 0)) ++now;
     registry.SetDWORD(stamp, now);

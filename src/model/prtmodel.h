@@ -21,8 +21,8 @@ class PrinterInfo;
 // process and printer. Without a data file, table or key there are zeros and defaults: no
 // resolutions, no fonts, no bar codes. Belongs to the thread of its owner.
 //
-// The operations marked virtual are the printer language's to answer. A few operations need what
-// stands in higher layers and are defined there, in files that are named after this class:
+// Virtual operations are answered by the printer language. A few operations need higher layers and
+// are defined there, in files that are named after this class:
 //
 //   new_ext                                   zpl/extmodel.cpp
 //   InstallDefault_Stocks, EnumerateForms     settings/prtmodel_stocks.cpp
@@ -30,17 +30,17 @@ class PrinterInfo;
 //   InstallDefault_BarFonts                   fonts/prtmodel_bar_fonts.cpp
 class prtmodel {
 public:
-    // The model of a printer, in the language that the driver speaks; the caller owns it. Null
-    // only when memory is short. `printer` is not kept.
+    // The model of a printer, in the language that the driver speaks. The caller owns it. Null only
+    // if memory is short. `printer` is not kept.
     static prtmodel* new_ext(const PrinterInfo& printer);
 
     virtual ~prtmodel();
 
-    // Puts the driver settings of a printer that is being installed into their first state: the
-    // status monitor does not watch it.
+    // Resets the driver settings of a printer that is being installed: the status monitor does not
+    // watch it.
     virtual void InitializeDriverSettings();
 
-    // How far the backing paper stands out on each side of a label: 1270 micrometres.
+    // How far the backing paper extends on each side of a label: 1270 micrometres.
     virtual Measurement GetLinerWidth() const;
 
     // Fill records of the size-prefixed memory family that come in zeroed, with their own size in
@@ -70,7 +70,7 @@ public:
 
     // "o" and the two letters of the OEM code, at most three characters.
     const char* GetOEM() const;
-    // The three letters that the names of the driver's files begin with.
+    // The three letters that begin the names of the driver's files.
     const char* GetPrefix() const;
 
     // The dependent files of the printer's driver, without their folder.
@@ -81,7 +81,7 @@ public:
 
     // ---- Records --------------------------------------------------------------------------------
 
-    // Made at the first call, good for the life of the model. Null only when memory is short, but
+    // Made on the first call, valid for the life of the model. Null only if memory is short;
     // GetCustomData never is.
     const KVModelData* GetModelData() const;
     const KVDriverInfo* GetDriverInfo() const;
@@ -103,7 +103,7 @@ public:
 
     Measurement GetDefaultLabelWidth() const;
     Measurement GetDefaultLabelLength() const;
-    // The default label with its liner on both sides; there is none in front of and behind it.
+    // The default label with its liner on both sides, but not before and after it.
     Measurement GetDefaultPaperWidth() const;
     Measurement GetDefaultPaperLength() const;
 
@@ -121,7 +121,7 @@ public:
 
     int GetDefaultColorState() const;  // 1 monochrome, 2 colour
     int GetNaturalOrientation() const; // 0 to 3: 0, 90, 180, 270 degrees
-    int GetMapResolution() const;      // dots per inch, 0 when there is none
+    int GetMapResolution() const;      // dots per inch, or 0
     int GetMaxLineThickness() const;   // dots
     int GetMaxBoxThickness() const;    // dots
     int GetMaxCopies() const;
@@ -132,10 +132,10 @@ public:
     // Whether the model has any of these colour bits (KVModelData::COLOR_).
     bool ColorSupport(uint32_t mask) const;
 
-    // The current resolution in dots per inch, 0 when the model has none.
+    // The current resolution in dots per inch, or 0 if the model has none.
     int GetXResolution() const;
     int GetYResolution() const;
-    // Replaces the array by x, y, x, y...; the number of pairs.
+    // Replaces the array with x, y, x, y... Returns the number of pairs.
     int GetResolutions(OTypedArray<int>& resolutions) const;
 
     bool CanCacheFormats() const;
@@ -153,33 +153,33 @@ public:
     bool CanDownloadFont() const; // of either kind
     bool CanDownloadTTFont() const;
     bool CanDownloadBitmapFont() const;
-    // Whether a bitmap font can be printed turned by `rotation` times 90 degrees; only 0 and 1 can
-    // be.
+    // Whether a bitmap font can be printed turned by `rotation` times 90 degrees. Only 0 and 1 are
+    // possible.
     bool DownloadFontRotation(int rotation) const;
 
-    // The font groups of the printer: those of the model and those added by the user, without
-    // those removed by the user. Kept in the registry until FlushDataCache. Replaces the array.
+    // The font groups of the printer: those of the model and those added by the user, without those
+    // removed by the user. Stored in the registry until FlushDataCache. Replaces the array.
     void GetFontGroups(OStringArray& groups) const;
-    // The groups that the user added and removed, as they are stored.
+    // The groups that the user added and removed, as stored.
     void GetExpansionFontGroups(OStringArray& groups) const;
     void GetExcludedFontGroups(OStringArray& groups) const;
     bool HasDeviceFonts() const;
 
     // ---- The spooler's questions ----------------------------------------------------------------
 
-    // Answers a device capability (DC_ number) as DrvDeviceCapabilities documents it. `dev_mode`
-    // is the one to answer about, null for the capabilities that are not about one.
+    // Answers a device capability (DC_ number) as DrvDeviceCapabilities documents it. `dev_mode` is
+    // the one to answer about, or null for capabilities that do not concern one.
     uint32_t DeviceCapabilitiesW(uint16_t capability, unsigned char* output,
                                  const DEVMODEW* dev_mode) const;
 
     // ---- Upkeep ---------------------------------------------------------------------------------
 
-    // Makes this and every other process build the printer's records anew, and forgets what was
+    // Makes this and every other process rebuild the printer's records, and deletes what was
     // derived from them in the registry.
     void FlushDataCache();
 
     // Add the data fonts, presets and stocks of the driver's default settings file to the
-    // printer's, in place of those of the same names. It lies beside the driver: GetOEM,
+    // printer's, replacing those of the same names. The file is beside the driver: GetOEM,
     // "xxenu.kds". Nothing without it.
     void InstallDefault_BarFonts();
     void InstallDefault_Presets();
@@ -210,6 +210,6 @@ private:
     // DC_PAPERS, DC_PAPERSIZE and DC_PAPERNAMES.
     uint32_t EnumerateForms(uint16_t capability, unsigned char* output) const;
 
-    const std::unique_ptr<ModelCore> core_; // null only when memory is short
+    const std::unique_ptr<ModelCore> core_; // null only if memory is short
     CodePageList code_pages_;
 };

@@ -6,7 +6,7 @@
 
 #include "core/ostring.h"
 
-// Writes the 8-bit form of a text into a field, cut to leave a terminator and padded with zeros.
+// Writes the 8-bit form of a text into a field, truncated to leave a terminator, padded with zeros.
 template <size_t N>
 void SetRecordText(char (&field)[N], const OString& text) {
     const char* bytes = text.nstring();

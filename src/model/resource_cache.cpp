@@ -28,7 +28,7 @@ OResourceFile* OResourceCache::GetResourceFile(const OString& path) {
     if (!file) return nullptr;
     file->Load(path);
     const OString key = path.OwnCopy();
-    // With a part of the file every printer would lack something until the module is detached.
+    // With a partial file every printer would lack something until the module is detached.
     if (memory.Failed() || !file->WasReadWhole() || !instance_->files_.Set(key, file)) {
         delete file;
         return nullptr;

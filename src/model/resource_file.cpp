@@ -31,7 +31,7 @@ bool OResource::Decompress() {
         data_.Clear();
         return false;
     }
-    // Not a second time, even if this one failed: what was handed out must not change any more.
+    // Only once, even if this failed: data that was handed out must not change any more.
     compressed_.Clear();
     return true;
 }
@@ -44,7 +44,7 @@ const TableText& OResource::GetTextData() {
         text_.Parse(data_.GetData(), data_.GetSize());
         text_parsed_ = !memory.Failed();
     }
-    // What may be parsed again is not handed out.
+    // A text that may be parsed again is not handed out.
     static const TableText none;
     return text_parsed_ ? text_ : none;
 }
@@ -58,7 +58,7 @@ OResourceFile::~OResourceFile() {
 
 bool OResourceFile::Load(const OString& path) {
     OSingleLock lock(&lock_, true);
-    // To open a missing file would make it.
+    // Opening a missing file would create it.
     if (!OFile::Exists(path)) return false;
     OFile file(path, OFILE_READ | OFILE_SHARE_READ);
     whole_ = file.is_open();
@@ -87,7 +87,7 @@ void OResourceFile::Parse(const void* data, size_t size) {
     while (size >= kRecordHead) {
         const uint32_t record_length = ReadLength(at);
         const uint32_t header_length = ReadLength(at + 4);
-        // Behind a record with impossible lengths nothing can be found any more.
+        // After a record with impossible lengths nothing can be found.
         if (header_length < kRecordHead || header_length > record_length || header_length > size)
             return;
         const size_t available = std::min<size_t>(record_length, size);

@@ -33,7 +33,7 @@ void ModelCore::SymbologyData_Create(KVSymbologyData* record, int number) {
     const SymbologyInfo info(variant ? SymbologyInfo::CODE39 : number);
     const bool supported = CommonSymbologyData_Create(record, info);
 
-    // What can be attached to another symbology's code is told whether or not it stands alone.
+    // The ways of attaching it to another symbology's code are told even if it cannot stand alone.
     if (number == SymbologyInfo::SUPPLEMENTAL_2 || number == SymbologyInfo::SUPPLEMENTAL_5)
         SupplementalData_Create(record, info);
     if (!supported) return;

@@ -3,9 +3,9 @@
 
 #include "core/ostring.h"
 
-// A symbology's name in the tables and what can be asked about it. Numbers 0 and 1 are two variants
-// of Code 39 with one set of properties, which are read as those of 0: asked by itself, 1 has
-// neither ratios nor a check digit to show. A number outside 0 to 36 has an empty name.
+// A symbology's name in the tables and its possible properties. Numbers 0 and 1 are two variants of
+// Code 39 with one set of properties, which are read as those of 0: asked on its own, 1 has neither
+// ratios nor a check digit to show. A number outside 0 to 36 has an empty name.
 class SymbologyInfo {
 public:
     enum Number {
@@ -56,13 +56,13 @@ public:
     // The key of one of its properties: "Code39.FullASCII" for "FullASCII".
     OString CreateKey(const OString& suffix) const;
 
-    // Wide and narrow bars have a ratio.
+    // Whether wide and narrow bars have a ratio.
     bool Ratios_Supported() const;
-    // There can be human-readable text.
+    // Whether there can be human-readable text.
     bool HR_Supported() const;
-    // The check digit can be part of that text.
+    // Whether the check digit can be part of that text.
     bool ShowCheckDigit_Supported() const;
-    // There is a number system to choose.
+    // Whether there is a number system to choose.
     bool NumberSystem_Supported() const;
 
 private:

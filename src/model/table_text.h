@@ -1,4 +1,4 @@
-// The text of a table resource, and which of its lines belong to a section.
+// The text of a table resource, and the lines that belong to a section.
 #pragma once
 
 #include <cstdint>
@@ -16,30 +16,30 @@
 //   Options += A
 //
 // Lines end at a line feed, carriage returns are dropped, and a NUL ends the text. "[", a name and
-// "]" alone in a line open a section; any other line that begins with "[" closes the one that is
-// open. A section may be opened several times. The section ".default" is part of every section.
-// What comes before the first section belongs to none.
+// "]" alone in a line open a section; any other line that begins with "[" closes the current one. A
+// section may be opened several times. The section ".default" is part of every section. Lines
+// before the first section belong to none.
 //
-// Once parsed, the text never changes and holds no OString, so that any number of threads may read
-// it at the same time. Reading a section costs its own lines and a search among the sections, not
-// the whole table.
+// Once parsed, the text never changes and holds no OString, so any number of threads may read it at
+// the same time. Reading a section costs its own lines and a search among the sections, not all of
+// the table.
 class TableText {
 public:
     TableText() = default;
     TableText(TableText&&) = default;
     TableText& operator=(TableText&&) = default;
 
-    // Replaces the text. Without the memory for it the text is empty.
+    // Replaces the text. It is empty if there is no memory for it.
     void Parse(const void* data, uint32_t size);
 
-    // The lines of the whole text, empty ones and comments included.
+    // The lines of all of the text, including empty ones and comments.
     uint32_t GetLineCount() const { return lines_.GetSize(); }
-    // One of them, as a string of the caller's own, in code page 0; the index is not checked.
+    // One of them, as a string that shares nothing, in code page 0. The index is not checked.
     OString GetLine(uint32_t index) const;
 
     // Calls `line(text, length)` for the lines of a section and of ".default" in the order of the
-    // text; not for empty lines, comments and the lines with brackets. Names of sections count
-    // case. `text` has no terminator.
+    // text, except empty lines, comments and the lines with brackets. Names of sections are
+    // case-sensitive. `text` has no terminator.
     template <class F>
     void ReadSection(const OString& section, F&& line) const {
         const Range own = FindSection(section);
@@ -67,7 +67,7 @@ private:
     // A line that begins with "[" and those up to the next such line.
     struct Block {
         uint32_t first;
-        uint32_t last; // behind its last line
+        uint32_t last; // after its last line
     };
     struct Range {
         uint32_t first;
@@ -83,5 +83,5 @@ private:
 
     OBuffer<char> text_; // the lines without their ends, one after the other
     OBuffer<Line> lines_;
-    OBuffer<Block> blocks_; // by the text of their first lines, then in the order of the text
+    OBuffer<Block> blocks_; // sorted by their first lines, then in the order of the text
 };

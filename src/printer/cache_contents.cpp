@@ -6,15 +6,10 @@
 
 #include "core/ascii.h"
 #include "core/crc.h"
+#include "locale/text_numbers.h"
 #include "printer/prtstream.h"
 
 namespace {
-
-// Texts in the language library.
-enum : int {
-    FORMAT_TEXT = 2511,
-    GRAPHIC_TEXT = 2512,
-};
 
 template <class T>
 int Compare(T a, T b) {
@@ -111,7 +106,7 @@ void CacheContents::Show() {
         const KVCacheItemInfo& item = items_.GetData()[i];
         if (!(view_ & (item.kind == KVCacheItemInfo::GRAPHIC ? VIEW_GRAPHICS : VIEW_FORMATS)))
             continue;
-        // Behind all that do not sort after it. A description is too short for many objects.
+        // After all that do not sort after it. A description is too short for many objects.
         int place = shown_.GetSize();
         while (place > 0 && CompareItems(GetItem(place - 1), item) > 0) --place;
         if (!shown_.InsertAt(place, static_cast<int32_t>(i), 1)) {
@@ -122,7 +117,7 @@ void CacheContents::Show() {
 }
 
 int CacheItemKindText(const KVCacheItemInfo& item) {
-    return item.kind == KVCacheItemInfo::GRAPHIC ? GRAPHIC_TEXT : FORMAT_TEXT;
+    return item.kind == KVCacheItemInfo::GRAPHIC ? TEXT_CACHED_GRAPHIC : TEXT_CACHED_FORMAT;
 }
 
 OString CacheItemTitle(const KVCacheItemInfo& item, const OString& kind) {

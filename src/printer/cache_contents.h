@@ -1,4 +1,5 @@
-// The objects that the rendering module keeps in the printer, as a list to look at.
+// The objects that the rendering module keeps in the printer, as a list for display. Only for the
+// page that shows them.
 #pragma once
 
 #include <cstdint>
@@ -10,7 +11,7 @@
 
 class prtstream;
 
-// Sorted by one column and limited to some kinds. Belongs to one thread.
+// Sorted by one column and limited to some kinds. An object belongs to one thread.
 class CacheContents {
 public:
     enum Column : int32_t {
@@ -22,26 +23,25 @@ public:
     };
     enum View : uint32_t { VIEW_GRAPHICS = 1, VIEW_FORMATS = 2 };
 
-    // Asks the rendering module. True when there is something new to show; when it does not answer,
-    // the list stays.
+    // Asks the rendering module. True if there is something new to show. The list stays if there is
+    // no answer.
     bool Refresh(prtstream& stream);
-    // Takes a description (KVCacheInformation and its objects), as far as it is whole. False when
-    // it is none and when it is the one that the list was made of.
+    // Takes a description (KVCacheInformation and its objects), as far as it is complete. False if
+    // it is invalid or the one that the list was made from.
     bool Take(const unsigned char* description, uint32_t size);
 
-    // Sorts by a column, or the other way round when it is that column already. Objects that are
-    // equal in it are sorted as OBJECT sorts them.
+    // Sorts by a column, or reverses the order if it is sorted by that column already. Objects that
+    // are equal in it are sorted as OBJECT sorts them.
     void SortBy(Column column);
 
-    // Shows one kind or no longer shows it. One kind is always shown: without the last one, it is
-    // the other.
+    // Shows or hides one kind. When the last one shown is hidden, the other one is shown.
     void Toggle(View kind);
     uint32_t GetView() const { return view_; }
 
     // The objects that are shown.
     int GetSize() const { return shown_.GetSize(); }
     const KVCacheItemInfo& GetItem(int index) const { return items_.GetData()[shown_[index]]; }
-    // Where the object with this identifier is shown; -1 when it is not.
+    // The position of the object with this identifier, or -1 if it is not shown.
     int Find(uint32_t id) const;
 
 private:
@@ -57,13 +57,13 @@ private:
     uint32_t view_ = VIEW_GRAPHICS | VIEW_FORMATS;
 };
 
-// The text of an object's kind, in the language library.
+// The number, in the language library, of the text for an object's kind.
 int CacheItemKindText(const KVCacheItemInfo& item);
-// What an object is called in the list: its kind and its number, with a mark when it is locked.
+// The title of an object in the list: its kind and its number, with a mark if it is locked.
 OString CacheItemTitle(const KVCacheItemInfo& item, const OString& kind);
 
-// Have the rendering module do something with an object: the first two in a job of their own, the
-// lock, which is put on or taken off, without one.
+// Make the rendering module do something with an object: the first two in a job of their own.
+// Setting or clearing the lock needs none.
 void PrintCacheItem(prtstream& stream, const KVCacheItemInfo& item);
 void RemoveCacheItem(prtstream& stream, const KVCacheItemInfo& item);
 void ToggleCacheItemLock(prtstream& stream, const KVCacheItemInfo& item);

@@ -1,4 +1,5 @@
-// How the rendering module keeps formats and graphics in the printer: what a dialog changes.
+// The settings for formats and graphics that the rendering module keeps in the printer. Only for
+// the page that changes them.
 #pragma once
 
 #include <cstdint>
@@ -8,14 +9,14 @@
 
 class prtstream;
 
-// False, and `settings` as they were, when the rendering module does not tell.
+// False, with `settings` unchanged, if the rendering module does not answer.
 bool ReadCacheSettings(prtstream& stream, KVCacheSettings& settings);
 void WriteCacheSettings(prtstream& stream, const KVCacheSettings& settings);
-// Has the rendering module return to its own settings, and reads them.
+// Makes the rendering module return to its own settings, and reads them.
 bool ResetCacheSettings(prtstream& stream, KVCacheSettings& settings);
 
-// Changes to the settings. Each value is brought within the limits of `parameters`. The first of
-// two numbers pushes the last one up, the last one pushes the first one down.
+// Change the settings. Each value is brought within the limits of `parameters`. The first of two
+// numbers pushes the last one up, and the last one pushes the first one down.
 void SetCacheMemory(KVCacheSettings& settings, const CacheParameters& parameters,
                     int32_t kilobytes);
 void SetFirstFormat(KVCacheSettings& settings, const CacheParameters& parameters, int32_t number);

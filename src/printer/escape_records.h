@@ -1,4 +1,4 @@
-// What the module says to the driver's rendering module: private escapes on a printer device
+// Messages of the module to the driver's rendering module: private escapes on a printer device
 // context, and their records. All integers are little-endian.
 #pragma once
 
@@ -14,12 +14,12 @@ enum PrivateEscape : int {
     ESCAPE_DOWNLOAD_BITMAP = 15013,    // a KVDownloadBitmapChar with its rows
     ESCAPE_READ_CACHE_SETTINGS = 15031, // answers a KVCacheSettings
     ESCAPE_WRITE_CACHE_SETTINGS = 15032,
-    ESCAPE_CACHE_INFORMATION = 15033, // answers a KVCacheInformation; its size without output
+    ESCAPE_CACHE_INFORMATION = 15033, // answers a KVCacheInformation, or its size without output
     ESCAPE_CACHE_ITEM_ACTION = 15034, // a KVCacheItemAction
 };
 
-// A font in the printer's memory. Texts are 8-bit and zero-terminated; what has no name here is
-// carried along.
+// A font in the printer's memory. Texts are 8-bit and zero-terminated. Fields without a name here
+// are passed on unchanged.
 struct KVFontInfo {
     enum Operation : uint16_t {
         BEGIN_TRUETYPE = 1,
@@ -70,7 +70,7 @@ struct KVCacheAction {
     enum Action : uint32_t {
         CLEAR = 0,
         RESET_SETTINGS = 2,
-        FORGET_LOCATION = 4, // the objects in the memory whose letter is the argument
+        FORGET_LOCATION = 4, // the objects in the memory with the letter in the argument
     };
     uint32_t action;
     uint32_t argument;
@@ -84,7 +84,7 @@ struct KVCacheItemAction {
 };
 static_assert(sizeof(KVCacheItemAction) == 8);
 
-// A filled bar of the test page, in dots. The start is on its middle line.
+// A filled bar of the test page, in dots. It starts on its middle line.
 struct KVBar {
     uint16_t size; // of this record
     uint16_t x;
@@ -110,10 +110,10 @@ struct KVCacheSettings {
 };
 static_assert(sizeof(KVCacheSettings) == 28);
 
-// What it keeps there: this header, and `count` KVCacheItemInfo.
+// The objects that it keeps there: this header, then `count` KVCacheItemInfo.
 struct KVCacheInformation {
     uint16_t reserved1;
-    uint16_t size; // of it all
+    uint16_t size; // of all of it
     uint16_t count;
     uint16_t reserved2[5];
 };
@@ -125,7 +125,7 @@ struct KVCacheItemInfo {
 
     uint32_t id;
     uint16_t kind;
-    uint16_t locked; // not 0: it stays when memory runs short
+    uint16_t locked; // not 0: stays if memory runs short
     uint32_t number;
     uint32_t reserved;
     uint32_t size; // bytes

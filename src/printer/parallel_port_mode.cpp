@@ -6,8 +6,8 @@
 
 namespace {
 
-// Looks through the devices below a key, each class's instances, for the one whose value `name`
-// (in the instance's key or below it) is the port.
+// Searches the devices below a key (the instances of each class) for the one whose value `name`, in
+// the instance's key or below it, is the port.
 bool SearchParPortMode(const OString& root, const char* name, const OString& port, uint32_t& mode) {
     ORegistry registry;
     OStringArray classes;

@@ -1,10 +1,11 @@
-// How fast a parallel port can be, as the system's inventory of devices tells it.
+// The mode of a parallel port, from the system's inventory of devices.
 #pragma once
 
 #include <cstdint>
 
 #include "core/ostring.h"
 
-// Stores the mode (PortInfo::ParallelMode) of a port: standard on Windows NT before version 5,
-// which has no such inventory; unknown, and false, when no device has that port.
+// Stores the mode (PortInfo::ParallelMode) of a port. It is standard on Windows NT before version
+// 5, which has no such inventory. If no device has that port it is unknown, and the answer is
+// false.
 bool GetParPortMode(const OString& port, uint32_t& mode);

@@ -55,7 +55,7 @@ void ReadTcpip(const OString& name, int32_t type, _TcpipPortInfo& info) {
     info.port = static_cast<uint32_t>(registry.GetInt(key + "/PortNumber", 0));
 }
 
-// What is known of one port; false when it cannot be read.
+// Reads the facts about one port. False if they cannot be read.
 bool ReadPort(const OString& name, _PORT_INFO_CUSTOM& info) {
     const int32_t type = PortInfo::PortType(name);
     info.type = static_cast<uint32_t>(type);
@@ -74,13 +74,17 @@ bool ReadPort(const OString& name, _PORT_INFO_CUSTOM& info) {
     }
 }
 
-// With its terminator.
+int Compare(int32_t type, const OString& name, int32_t other_type, const OString& other_name) {
+    return type != other_type ? type - other_type : name.CompareNoCase(other_name);
+}
+
+// In bytes, with its terminator.
 uint32_t TextSize(const OString& text) {
     text.wstring();
     return (static_cast<uint32_t>(text.wlen()) + 1) * static_cast<uint32_t>(sizeof(WCHAR));
 }
 
-// Copies a text to `place`, which moves on behind it.
+// Copies a text to `place`, which moves to the byte after it.
 const WCHAR* StoreText(const OString& text, char*& place) {
     auto* stored = reinterpret_cast<WCHAR*>(place);
     std::memcpy(place, text.wstring(), TextSize(text));
@@ -103,14 +107,24 @@ void PortInfo::Refresh() {
     const auto* ports = reinterpret_cast<const PORT_INFO_2W*>(record.GetData());
     const AllocationWatch memory;
     OStringArray names, monitors;
+    OTypedArray<int32_t> types; // read from the registry only once
     OTypedArray<int> order;
     for (DWORD i = 0; i < count; ++i) {
         const OString name = ports[i].pPortName;
+        const int32_t type = PortType(name);
         names.Add(name);
         monitors.Add(ports[i].pMonitorName);
-        // Behind all that do not sort after it, so that equal ports keep their order.
-        int place = order.GetSize();
-        while (place > 0 && ComparePortName(names[order[place - 1]], name) > 0) --place;
+        types.Add(type);
+        // After all that do not sort after it, so that equal ports keep their order.
+        int place = 0;
+        for (int end = order.GetSize(); place < end;) {
+            const int middle = place + (end - place) / 2;
+            const int other = order[middle];
+            if (Compare(types[other], names[other], type, name) > 0)
+                end = middle;
+            else
+                place = middle + 1;
+        }
         order.InsertAt(place, static_cast<int>(i), 1);
         if (memory.Failed()) return;
     }
@@ -120,7 +134,7 @@ void PortInfo::Refresh() {
         names_.Add(name);
         monitors_.Add(monitors[order[i]]);
     }
-    // Half a list, or names beside the monitors of others, would be worse than none.
+    // Half a list, or names beside the monitors of others, would be worse than an empty one.
     if (memory.Failed()) {
         names_.SetSize(0);
         monitors_.SetSize(0);
@@ -191,6 +205,5 @@ int32_t PortInfo::PortType(const OString& name) {
 }
 
 int PortInfo::ComparePortName(const OString& a, const OString& b) {
-    const int32_t types = PortType(a) - PortType(b);
-    return types ? types : a.CompareNoCase(b);
+    return Compare(PortType(a), a, PortType(b), b);
 }

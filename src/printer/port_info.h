@@ -1,4 +1,5 @@
-// The ports of this machine, as far as the module knows more about them than the spooler does.
+// The ports of this machine that the module knows more about than the spooler does. For the report
+// about versions.
 #pragma once
 
 #include <windows.h>
@@ -9,7 +10,7 @@
 #include "core/ostring.h"
 #include "core/ostring_array.h"
 
-// How a serial port is set up: numbers as in the system's DCB.
+// The setup of a serial port. Numbers are as in the system's DCB.
 struct _SerialPortInfo {
     uint32_t baud_rate;
     uint32_t data_bits;
@@ -25,9 +26,9 @@ struct _TcpipPortInfo {
 };
 static_assert(sizeof(_TcpipPortInfo) == 68);
 
-// One port with what is known about it.
+// One port with the facts about it.
 struct _PORT_INFO_CUSTOM {
-    const WCHAR* name;    // without a colon at its end
+    const WCHAR* name;    // without a trailing colon
     const WCHAR* monitor; // of the port
     uint32_t type;        // PortInfo::Type
     union {
@@ -39,8 +40,8 @@ struct _PORT_INFO_CUSTOM {
 static_assert(sizeof(void*) != 4 || sizeof(_PORT_INFO_CUSTOM) == 80);
 static_assert(offsetof(_PORT_INFO_CUSTOM, serial) == 2 * sizeof(void*) + 4);
 
-// The inventory is that of the moment when it was made or refreshed; without an answer of the
-// spooler's it is empty. Belongs to one thread.
+// The inventory as it was when made or refreshed. It is empty if the spooler does not answer. An
+// object belongs to one thread.
 class PortInfo {
 public:
     enum Type : int32_t {
@@ -58,21 +59,21 @@ public:
 
     void Refresh();
 
-    // In the order of ComparePortName for the names as the spooler has them, with their colons.
+    // In the order of ComparePortName for the spooler's names, with their colons.
     int GetSize() const { return names_.GetSize(); }
     const OString& GetName(int index) const { return names_[index]; }
     const OString& GetMonitorName(int index) const { return monitors_[index]; }
 
-    // Stores a _PORT_INFO_CUSTOM for each port, and behind them the texts that they point to. A
+    // Stores a _PORT_INFO_CUSTOM for each port and, after them, the texts that they point to. A
     // serial or parallel port whose setup cannot be read is left out. `needed` receives the size
-    // that suffices for all ports, `count` how many were stored. False when none were: there are no
-    // ports, or `buffer` is null or has less than `needed` bytes.
+    // that is enough for all ports, `count` the number stored. False if that is 0: there are no
+    // ports, `buffer` is null, or it has less than `needed` bytes.
     bool EnumPortInfo(void* buffer, uint32_t size, uint32_t& needed, uint32_t& count) const;
 
-    // The monitor of the first serial port; empty when there is none.
+    // The monitor of the first serial port, or empty.
     OString GetLocalMonitorName() const;
 
-    // What kind of port a name is. Names are those of the spooler, with or without colon.
+    // The kind of port that a name stands for. Names are the spooler's, with or without colon.
     static int32_t PortType(const OString& name);
     static bool IsTcpipValdrick(const OString& name);
     static bool IsTcpipMicrosoft(const OString& name);

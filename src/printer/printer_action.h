@@ -1,17 +1,17 @@
-// What a printer can be told to do.
+// The actions of printers.
 #pragma once
 
 #include <cstdint>
 
-// The numbers are those that menus, programs and the texts' table know; the gaps are actions of
-// other printer languages.
+// Menus, programs and the table of texts use these numbers. The gaps are actions of other printer
+// languages.
 enum printer_action : int32_t {
     ACTION_TEST_LABEL = 1,
     ACTION_BLANK_LABEL = 2,
     ACTION_CHARACTER_TEST = 5, // in the printer's diagnostic mode
     ACTION_FEED = 6,
     ACTION_CUT = 8,
-    ACTION_RESET = 10, // as if switched on anew
+    ACTION_RESET = 10, // as if switched off and on
     ACTION_CALIBRATE = 11,
     ACTION_CONFIGURATION_LABEL = 12,
     ACTION_LIST_ALL = 13,
@@ -36,7 +36,7 @@ enum printer_action : int32_t {
     ACTION_POWER_MANAGEMENT = 46,
 };
 
-// How an action is offered: the sum of these bits, 0 when it is not.
+// How an action is offered: the sum of these bits, or 0 if it is not.
 constexpr uint32_t ACTION_OFFERED = 1;
 constexpr uint32_t ACTION_OPENS_DIALOG = 2;
 constexpr uint32_t ACTION_ADMINISTRATIVE = 4; // not for users below the printer's access level

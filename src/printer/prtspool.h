@@ -11,32 +11,32 @@ class UIPrinter;
 
 using CSize = SIZE; // pixels
 
-// A device context on the printer, with the UI object's document settings, and documents on it.
-// Without a printer that can be had there is no device context and nothing is sent; that is told
-// by the result of StartDocW alone.
+// A device context on the printer, with the UI object's document settings, and documents on it. If
+// the printer cannot be opened there is no device context and nothing is sent. Only the result of
+// StartDocW tells of that.
 class prtspool {
 public:
     explicit prtspool(const UIPrinter* ui);
-    // Deletes the device context. A document that is not ended is lost.
+    // Deletes the device context. A document that was not ended is lost.
     virtual ~prtspool();
     prtspool(const prtspool&) = delete;
     prtspool& operator=(const prtspool&) = delete;
 
-    // Starts a document; the number of its job, or what the system answers when it cannot (0 or
-    // less). 0 without a device context.
+    // Starts a document. Returns the number of its job, or the system's answer (0 or less) if it
+    // cannot start one. 0 without a device context.
     int StartDocW(const OString& name);
 
-    // False without a device context; what the system answers is not looked at.
+    // False without a device context. The system's answer is ignored.
     bool StartPage();
     bool EndPage();
     bool EndDoc();
 
-    // Says something to the rendering module. Answers what it answers: less than 1 is failure.
+    // Sends an escape to the rendering module. Returns its answer; less than 1 means failure.
     uint32_t Escape(int code, int input_size, const char* input, int output_size, char* output);
 
-    // Sends bytes into the document as they are. Of the count only the low 16 bits are taken; no
-    // bytes make an empty packet. False without a device context, true also when memory is short
-    // and the packet is dropped.
+    // Sends bytes into the document unchanged. Only the low 16 bits of the count are used; no bytes
+    // make an empty packet. False without a device context, but true if memory is short and the
+    // packet is dropped.
     bool WriteDirect(const char* data, int32_t count);
 
     // 0 by 0 without a device context.
@@ -45,5 +45,5 @@ public:
     HDC GetDC() const { return dc_; }
 
 private:
-    const HDC dc_; // null when it could not be made
+    const HDC dc_; // null if it could not be made
 };

@@ -3,10 +3,18 @@
 #include <algorithm>
 #include <charconv>
 #include <cstring>
+#include <utility>
 
 #include "core/memory.h"
 #include "core/ofile.h"
 #include "printer/ui_printer.h"
+
+namespace {
+
+// What the rendering module can tell of its objects is far below: their size has 16 bits.
+constexpr int32_t kLongestDescription = 1 << 20;
+
+} // namespace
 
 prtstream::~prtstream() {
     kill();
@@ -15,7 +23,7 @@ prtstream::~prtstream() {
 void prtstream::init() {
     spool_.reset();
     clear();
-    capacity_ = CAPACITY;
+    capacity_ = kCapacity;
     measuring_ = false;
     xpml_open_ = false;
     query_open_ = false;
@@ -41,7 +49,7 @@ int prtstream::StartJob(const OString& name) {
     if (!spool_) return 0;
     const int job = spool_->StartDocW(name);
     spool_->StartPage();
-    // The rendering module begins its output with the first packet, be there bytes or not.
+    // The rendering module begins its output with the first packet, even an empty one.
     spool_->WriteDirect(nullptr, 0);
     return job;
 }
@@ -115,7 +123,7 @@ prtstream& endl(prtstream& stream) {
 }
 
 void prtstream::write_direct(const char* data, int32_t count) {
-    const int32_t packet = std::min(capacity_, LARGEST_PACKET);
+    const int32_t packet = std::min(capacity_, kLargestPacket);
     for (; count > packet; data += packet, count -= packet) write_packet(data, packet);
     write_packet(data, count);
 }
@@ -193,11 +201,18 @@ void prtstream::DownloadBitmapData(const KVDownloadBitmapChar* glyph) {
 }
 
 bool prtstream::GetCacheInformation(OBuffer<unsigned char>& description) {
-    const auto size =
-        static_cast<int32_t>(Escape(ESCAPE_CACHE_INFORMATION, 0, nullptr, 0, nullptr));
-    if (size < 1 || !description.SetSize(static_cast<uint32_t>(size))) return false;
-    Escape(ESCAPE_CACHE_INFORMATION, 0, nullptr, size,
-           reinterpret_cast<char*>(description.GetData()));
+    const auto ask = [this](int32_t size, unsigned char* output) {
+        return static_cast<int32_t>(
+            Escape(ESCAPE_CACHE_INFORMATION, 0, nullptr, size, reinterpret_cast<char*>(output)));
+    };
+    const int32_t size = ask(0, nullptr);
+    if (size < 1 || size > kLongestDescription) return false;
+    OBuffer<unsigned char> told(static_cast<uint32_t>(size));
+    if (!told.GetData()) return false;
+    // There may be less to tell by now than there was room asked for.
+    const int32_t length = std::min(ask(size, told.GetData()), size);
+    if (length < 1 || !told.SetSize(static_cast<uint32_t>(length))) return false;
+    description = std::move(told);
     return true;
 }
 
@@ -214,6 +229,12 @@ void prtstream::CacheItemAction(const KVCacheItemAction& action) {
 
 HDC prtstream::GetDC() const {
     return spool_ ? spool_->GetDC() : nullptr;
+}
+
+int32_t prtstream::GetVerticalDPI() {
+    if (!spool_) Connect();
+    const HDC dc = GetDC();
+    return dc ? GetDeviceCaps(dc, LOGPIXELSY) : 0;
 }
 
 int32_t prtstream::GetPageWidth() const {

@@ -1,4 +1,4 @@
-// The printer's port, as the status monitor knows it.
+// The printer's port as the status monitor knows it.
 #include <windows.h>
 
 #include "core/windows_version.h"
@@ -15,7 +15,7 @@ constexpr char kBidirectionalRequest[] = "<port action='get' name='bidirectional
 } // namespace
 
 OString prtstream::AskPort(const char* request) {
-    char answer[261] = {}; // ends with a zero, whatever is answered
+    char answer[261] = {}; // ends with a zero, whatever the answer is
     return XPML_Query(request, answer, 260) ? OString(answer) : OString();
 }
 
@@ -59,7 +59,7 @@ bool prtstream::is_bidirectional() {
 
 bool prtstream::IsMonitorSupported() {
     if (!ui_) return false;
-    // Tells the monitor which printer is meant; what it answers does not matter.
+    // Tells the monitor which printer is meant. The answer does not matter.
     OString request = "<printer name='";
     request << ui_->printer_name << "'/>";
     char ignored = 0;

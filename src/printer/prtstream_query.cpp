@@ -1,6 +1,8 @@
 // Queries: questions to the printer, which the status monitor asks.
 #include <windows.h>
 
+#include <winspool.h>
+
 #include "core/windows_version.h"
 #include "keys/prtreg.h"
 #include "printer/prtstream.h"
@@ -12,7 +14,7 @@ namespace {
 
 using QueryFunction = int(WINAPI*)(HWND parent, LPSTR command_line);
 
-// What the function answers when it has answers from the printer.
+// The function's result if it has answers from the printer.
 constexpr int kAnswered = 1;
 
 const char kAnswers[] = "LOCAL:Global/Query";
@@ -21,7 +23,7 @@ OString AnswerPath(const OString& name, const char* value) {
     return OString(kAnswers) << "/Query " << ORegistry::EncodeName(name) << value;
 }
 
-// Calls the status monitor; what it answers, or something else than kAnswered without it.
+// Calls the status monitor. Returns its result, or without a monitor one other than kAnswered.
 int CallMonitor(HWND parent, const OString& command_line) {
     const OString path = DriverUtility::GetDriverDirectory() + "\\qstmon.dll";
     const HMODULE library = LoadLibraryW(path.wstring());
@@ -42,7 +44,7 @@ void prtstream::XPML_xpml(bool open) {
 }
 
 int prtstream::QueryStart(const OString& job_name) {
-    // What the status monitor shows of its progress.
+    // The texts that the status monitor shows as progress.
     static const char* const kProgress[] = {
         "DATA:Query Status", "DATA:Query Bytes Read", "DATA:Query Bytes Written",
         "DATA:Query Total",  "DATA:Query Complete",   "DATA:Query Current",
@@ -80,7 +82,10 @@ bool prtstream::QueryExecute(const OString& job_name, int job, HWND parent) {
     OString command_line = "open \"";
     command_line << ui_->printer_name << "\" -jn " << job_name;
     if (IsWindowsNT()) command_line << " -ji " << job;
-    return CallMonitor(parent ? parent : GetDesktopWindow(), command_line) == kAnswered;
+    const int answer = CallMonitor(parent ? parent : GetDesktopWindow(), command_line);
+    // It is the monitor's, and nothing that a printer should get when there is none.
+    if (job > 0) SetJobW(hprinter_, static_cast<DWORD>(job), 0, nullptr, JOB_CONTROL_DELETE);
+    return answer == kAnswered;
 }
 
 int32_t prtstream::QueryResponseSize(const OString& name) {
@@ -95,7 +100,7 @@ bool prtstream::QueryResponse(const OString& name, unsigned char* buffer, int32_
 
 bool prtstream::XPML_Query(const char* request, void* buffer, int32_t size) {
     if (!ui_ || !buffer || size < 1) return false;
-    // The time makes each name a new one, which nobody has an answer to yet.
+    // With the time in it, each name is new, and nobody has an answer to it yet.
     OString document = "<xpml>";
     document << request << "<tick count='" << GetTickCount() << "'/></xpml>";
     prtreg printer(ui_->printer_name);

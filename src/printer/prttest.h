@@ -9,9 +9,9 @@ public:
     explicit prttest(const UIPrinter* ui);
     ~prttest() override;
 
-    // Fills a rectangle between two corners, in either order, whose coordinates are thousandths of
-    // an inch. As a bar of the rendering module's when the printer can draw lines, else as GDI does
-    // it. One without width or height is a bar of one dot, and nothing for GDI.
+    // Fills a rectangle between two corners, in either order, with coordinates in thousandths of an
+    // inch. It is drawn as a bar of the rendering module if the printer can draw lines, else by
+    // GDI. Without width or height it is a bar of one dot, and nothing for GDI.
     void DrawRect(int x1, int y1, int x2, int y2);
 
 private:
@@ -25,5 +25,5 @@ enum class TestPattern {
     LABEL = 1, // a double frame around the word TEST, two inches by one
 };
 
-// Prints the page; nothing when the printer cannot be had.
+// Prints the page, or nothing if the printer cannot be opened.
 void PrtTest(const UIPrinter* ui, TestPattern pattern);

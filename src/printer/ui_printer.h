@@ -9,15 +9,15 @@
 #include "model/prtmodel.h"
 #include "settings/dev_mode.h"
 
-// Base of the UI object (prtui), which fills it in. Streams, queries and what else talks to the
-// printer get a pointer to it and keep that as long as they live; they must not outlive it.
+// Base of the UI object (prtui), which fills it in. Streams, queries and others that talk to the
+// printer keep a pointer to it; they must not outlive it.
 class UIPrinter {
 public:
     UIPrinter() = default;
     UIPrinter(const UIPrinter&) = delete;
     UIPrinter& operator=(const UIPrinter&) = delete;
 
-    // As the spooler names them; empty until the printer is known.
+    // As the spooler spells them. Empty until the printer is known.
     OString printer_name;
     OString driver_name;
     OString port_name;
@@ -25,10 +25,10 @@ public:
     // The open printer, borrowed; null until there is one.
     HANDLE hprinter = nullptr;
 
-    // Null when no model can be built for the printer.
+    // Null if no model can be built for the printer.
     std::unique_ptr<prtmodel> model;
 
-    // The document settings that are edited; without a buffer as long as there is no model.
+    // The document settings being edited. Without a buffer as long as there is no model.
     DevMode devmode;
 
 protected:

@@ -5,7 +5,7 @@
 #include <memory>
 
 #include "core/memory.h"
-#include "core/windows_version.h"
+#include "core/open_to_all.h"
 #include "registry/oregistry_names.h"
 #include "registry/oregistry_system.h"
 
@@ -30,7 +30,7 @@ HKEY RootKey(int number) {
     }
 }
 
-// Reads the number before the colon of a path; -1 when it is none.
+// Reads the number before the colon of a path. -1 if there is none.
 int RootNumber(const WCHAR* text, const WCHAR* colon) {
     while (text < colon && (*text == ' ' || *text == '\t')) ++text;
     const bool negative = text < colon && *text == '-';
@@ -44,22 +44,14 @@ int RootNumber(const WCHAR* text, const WCHAR* colon) {
     return negative ? -number : number;
 }
 
-// Creates a key that every account can later write: the spooler's and other users' too.
+// Creates a key that every account can write later, the spooler's and other users' too.
 LONG CreateOpenKey(HKEY root, const WCHAR* name, HKEY& key, HANDLE transaction) {
-    SECURITY_DESCRIPTOR descriptor;
-    SECURITY_ATTRIBUTES attributes = {};
-    attributes.nLength = sizeof attributes;
-    SECURITY_ATTRIBUTES* security = nullptr;
-    if (IsWindowsNT() && InitializeSecurityDescriptor(&descriptor, SECURITY_DESCRIPTOR_REVISION) &&
-        SetSecurityDescriptorDacl(&descriptor, TRUE, nullptr, FALSE)) {
-        attributes.lpSecurityDescriptor = &descriptor;
-        security = &attributes;
-    }
-    return RegistryTransactions::OfSystem().CreateKey(root, name, KEY_READ | KEY_WRITE, security,
-                                                      key, transaction);
+    OpenToAll security;
+    return RegistryTransactions::OfSystem().CreateKey(root, name, KEY_READ | KEY_WRITE,
+                                                      security.Get(), key, transaction);
 }
 
-// Whether an error says that there is nothing of that name, or more than was asked for.
+// Whether an error means that there is nothing of that name, or more than was asked for.
 bool IsAbsence(LONG error) {
     switch (error) {
     case ERROR_FILE_NOT_FOUND:
@@ -126,7 +118,7 @@ void ORegistry::SubstituteKey(OString& key) {
 bool ORegistry::GetKeyAndValue(OString& key, OString& value) {
     const OString name = EscapeDoubled(value);
     const bool is_key = !*name.wstring();
-    // A colon in front of everything is no root.
+    // A colon before everything is not a root.
     const WCHAR* colon = name.wstring();
     if (!is_key) ++colon;
     while (*colon && *colon != ':') ++colon;
@@ -176,7 +168,7 @@ HKEY ORegistry::OpenKeyBelow(HKEY root, const OString& path, bool create) {
     HKEY opened = nullptr;
     const REGSAM access = only_reads_ ? KEY_READ : KEY_READ | KEY_WRITE;
     LONG error = system.OpenKey(root, name, access, opened, transaction_);
-    // Only a key that is there is opened for reading alone. Had it been missing, someone could make
+    // Only an existing key is opened for reading alone. Had it been missing, someone could create
     // it at this moment, and a writer would be left with a handle that cannot write.
     if (error != ERROR_SUCCESS && error != ERROR_FILE_NOT_FOUND)
         error = system.OpenKey(root, name, KEY_READ, opened, transaction_);
@@ -224,8 +216,8 @@ LONG ORegistry::SetData(HKEY key, const OString& name, const void* data, uint32_
 
 LONG ORegistry::GetData(HKEY key, const OString& name, void* buffer, uint32_t size,
                         uint32_t& count) {
-    // The registry may leave anything in a buffer that turns out too small, so it is not given the
-    // caller's. Nor is a buffer made just because the caller says that his is large.
+    // The registry may leave anything in a buffer that turns out too small, so it does not get the
+    // caller's. Nor is a buffer made just because the caller claims that his is large.
     BYTE small[256];
     std::unique_ptr<BYTE[]> large;
     BYTE* scratch = small;
@@ -281,14 +273,19 @@ OString ORegistry::GetString(const OString& name, const OString& default_value) 
     WCHAR text[kMaxStringBytes / sizeof(WCHAR) + 1];
     const int32_t bytes = GetData(name, text, kMaxStringBytes, REG_SZ);
     if (bytes <= 0) return default_value;
-    // Another program may have stored it without a terminator, or cut within a character.
+    // Another program may have stored it without a terminator, or truncated within a character.
     text[static_cast<size_t>(bytes) / sizeof(WCHAR)] = 0;
     return OString(text);
 }
 
+bool ORegistry::CanStore(const OString& value) {
+    value.wstring(); // the form that is stored
+    return (static_cast<uint32_t>(value.wlen()) + 1) * sizeof(WCHAR) <= MaxStringBytes;
+}
+
 bool ORegistry::SetMultiString(const OString& name, const OStringArray& values) {
     OBuffer<WCHAR> packed;
-    // Without memory there is nothing that could take the old value's place.
+    // Without memory there is nothing to replace the old value with.
     if (const uint32_t length = values.Pack(packed, OPACK_LIST))
         SetData(name, packed.GetData(), length * static_cast<uint32_t>(sizeof(WCHAR)),
                 REG_MULTI_SZ);

@@ -10,8 +10,8 @@
 
 class RegistryLines;
 
-// A path is a root, a colon, and names separated by "/" (or "\"); the last name is a value, for
-// the operations on keys the last key: "LOCAL:Printers/Dock3/Shadow". Roots, in any case:
+// A path is a root, a colon, and names separated by "/" (or "\"). The last name is a value or, for
+// the operations on keys, the last key: "LOCAL:Printers/Dock3/Shadow". Roots, in any case:
 //
 //   CLASSES_ROOT:  CURRENT_USER:  LOCAL_MACHINE:  USERS:   the registry's roots, also written
 //                  0: 1: 2: 3:
@@ -20,14 +20,14 @@ class RegistryLines;
 //   PRINT:         the spooler's key
 //
 // Inside a name "//" is a slash, "::" a colon and "%%" a percent sign; "%" and two hexadecimal
-// digits stand for the character with that code. EncodeName does all that is needed. A name
-// without a root is relative to the base key, which Import and Export set.
+// digits stand for the character with that code. EncodeName does all that is needed. A name without
+// a root is relative to the base key, which Import and Export set.
 //
-// Reads never create a key and never look at the type of a value: what fits is taken. Writes
-// create missing keys, open to every account. A key that the user may only read can be read;
-// writes to it fail. Nothing here throws or shows a message.
+// Reads never create a key and never look at the type of a value, only at its size. Writes create
+// missing keys, open to every account. A key that the user may only read can be read; writes to it
+// fail. Nothing here throws or shows a message.
 //
-// Several writes belong together in an ORegistryTransaction (config/oregistry_transaction.h).
+// Several writes belong together in an ORegistryTransaction (registry/oregistry_transaction.h).
 //
 // One key stays open between calls, so that work on one key is quick. An ORegistry belongs to the
 // thread that made it; threads and processes meet in the registry itself.
@@ -40,22 +40,24 @@ public:
     ORegistry& operator=(const ORegistry&) = delete;
     virtual ~ORegistry();
 
-    // Values of any type: the bytes written or read, or -1. A read fails when the value does not
-    // fit into `size` bytes; `type` is only what the caller expects.
+    // Values of any type: the bytes written or read, or -1. A read fails if the value does not fit
+    // into `size` bytes; `type` is only what the caller expects.
     int32_t SetData(const OString& name, const void* data, uint32_t size, uint32_t type);
     int32_t GetData(const OString& name, void* buffer, uint32_t size, uint32_t type);
 
-    // REG_SZ. A read takes up to 8192 bytes, with or without a terminator; an empty string that
-    // exists is an answer, a longer one is not.
+    // REG_SZ. A read takes up to 8192 bytes, with or without a terminator. An existing empty string
+    // is an answer; a longer one is not.
     bool SetString(const OString& name, const OString& value);
     OString GetString(const OString& name, const OString& default_value);
+    // Whether a text is short enough for GetString to return it: up to 4095 characters.
+    static bool CanStore(const OString& value);
 
-    // REG_MULTI_SZ. Empty strings are not stored. Set always answers true. A read takes up to
-    // 10000 bytes; it replaces the strings, or answers false and leaves them.
+    // REG_MULTI_SZ. Empty strings are not stored. Set always returns true. A read takes up to 10000
+    // bytes. It replaces the strings, or returns false and leaves them.
     bool SetMultiString(const OString& name, const OStringArray& values);
     bool GetMultiString(const OString& name, OStringArray& values);
 
-    // Numbers: REG_DWORD, and REG_BINARY of 4 bytes and of 1 byte. Each reads what the others of
+    // Numbers: REG_DWORD, and REG_BINARY of 4 bytes and of 1 byte. Each can read what the others of
     // its size have written.
     bool SetDWORD(const OString& name, uint32_t value);
     uint32_t GetDWORD(const OString& name, uint32_t default_value);
@@ -64,60 +66,60 @@ public:
     bool SetByte(const OString& name, unsigned char value);
     unsigned char GetByte(const OString& name, unsigned char default_value);
 
-    // REG_BINARY, as SetData and GetData.
+    // REG_BINARY, like SetData and GetData.
     int32_t SetBinary(const OString& name, const void* data, uint32_t size);
     int32_t GetBinary(const OString& name, void* buffer, uint32_t size);
 
-    // The byte size and the registry type of a value; null pointers are not filled. False when
-    // there is no such value.
+    // The byte size and the registry type of a value; null pointers are not filled. False if there
+    // is no such value.
     bool GetInfo(const OString& name, uint32_t* size, uint32_t* type);
 
-    // The byte size of a value, -1 when there is none.
+    // The byte size of a value, or -1 if there is none.
     int32_t GetSize(const OString& name);
 
-    // How many subkeys and values a key has; null pointers are not filled. False when there is no
-    // such key.
+    // The numbers of subkeys and values of a key; null pointers are not filled. False if there is
+    // no such key.
     bool GetKeyInfo(const OString& key, uint32_t* keys, uint32_t* values);
 
-    // The names of a key's subkeys or values, as they are (not escaped), in the registry's order.
-    // The number of names; -1, and `names` untouched, when the key cannot be opened.
+    // The names of a key's subkeys or values, not escaped, in the registry's order. Returns their
+    // number, or -1, with `names` unchanged, if the key cannot be opened.
     int EnumKeys(const OString& key, OStringArray& names);
     int EnumValues(const OString& key, OStringArray& names);
 
-    // The same for the names that match a pattern: a key, a slash and a last part with "*" (any
-    // run of characters) or "?" (one character), matched by case. Without either the pattern is
-    // a key of which every name counts.
+    // The same for the names that match a pattern: a key, a slash and a last part with "*" (any run
+    // of characters) or "?" (one character), case-sensitive. Without either the pattern is a key,
+    // and all its names match.
     int EnumMatchingKeys(const OString& pattern, OStringArray& names);
     int EnumMatchingValues(const OString& pattern, OStringArray& names);
 
-    // Deletes the key of that name, or, when there is none, the value. A key that has subkeys is
-    // deleted only when `recursive` is set. The registry's roots cannot be deleted.
+    // Deletes the key of that name or, if there is none, the value. A key with subkeys is deleted
+    // only if `recursive` is set. The registry's roots cannot be deleted.
     bool Delete(const OString& name, bool recursive);
 
-    // Deletes every subkey (with all below it) and every value that matches a pattern as above; a
-    // pattern without "*" and "?" is deleted as a name. False when it cannot be resolved.
+    // Deletes every subkey (with everything below it) and every value that matches a pattern as
+    // above. A pattern without "*" and "?" is deleted as a name. False if it cannot be resolved.
     bool DeletePattern(const OString& pattern);
 
-    // Appends a key with all below it to `lines`, in the form of Windows registry files without
-    // their head line. False when the path has no root. Every value with its type comes back
-    // from Import, except that types other than strings, lists, numbers and binary become binary.
+    // Appends a key with everything below it to `lines`, in the form of Windows registry files
+    // without their first line. False if the path has no root. Import restores every value with its
+    // type, except that types other than strings, lists, numbers and binary become binary.
     bool Export(const OString& key, OStringArray& lines);
-    // The same, handing the lines on as they are made.
+    // The same, passing on the lines as they are made.
     bool Export(const OString& key, RegistryLines& lines);
 
-    // Applies lines of that form. A key in the text replaces the one in the registry with all
-    // below it; "[-key]" deletes one. Lines that make no sense are skipped. All of it is applied,
-    // or nothing, and then HasFailed tells. Always true.
+    // Applies lines of that form. A key in the text replaces the one in the registry with
+    // everything below it; "[-key]" deletes one. Lines that make no sense are skipped. Either all
+    // of it is applied, or nothing, and then HasFailed is true. Always true.
     bool Import(const OStringArray& lines);
 
-    // Whether an operation since ForgetFailures, or ever, has failed in another way than by not
-    // finding what it named: the registry could not be read or written. A read then answers as if
-    // nothing were there. Want of memory counts, wherever on this thread it was.
+    // True if any operation since ForgetFailures, or ever, failed other than by finding nothing:
+    // the registry could not be read or written. A read then answers as if nothing were there. Lack
+    // of memory counts, anywhere on this thread.
     [[nodiscard]] bool HasFailed() const;
     void ForgetFailures();
 
-    // The path of a key in Windows notation ("HKEY_CURRENT_USER\SOFTWARE\..."); one without a root
-    // stays without, and is empty when it has no slash either.
+    // The path of a key in Windows notation ("HKEY_CURRENT_USER\SOFTWARE\..."). One without a root
+    // stays without, and becomes empty if it has no slash either.
     OString SubstituteWindowsSyntax(const OString& key);
 
     // A name escaped so that it stays one name in a path: "%", "/" and ":" become "%25", "%2F"
@@ -125,26 +127,26 @@ public:
     static OString EncodeName(const OString& name);
 
 protected:
-    // Splits a name into the full path of its key, roots substituted, and the name of its value,
-    // escapes decoded. `key` comes in as the key that relative names belong to. With an empty
-    // `value`, `key` itself is resolved as a key. False when neither holds a colon or a slash.
+    // Splits a name into the full path of its key, with roots substituted, and the name of its
+    // value, with escapes decoded. `key` comes in as the key that relative names belong to. With an
+    // empty `value`, `key` itself is resolved as a key. False if neither holds a colon or a slash.
     bool GetKeyAndValue(OString& key, OString& value);
 
     // Makes `path`, fully substituted, the open key. False when it cannot be opened.
     bool SetKey(const OString& path, bool create);
 
-    // Closes the open key. To be called when an OpenKey would now lead elsewhere.
+    // Closes the open key. To be called if OpenKey would now lead elsewhere.
     void ReleaseKey();
 
-    // One substitution rule on `s`. A `from` with a colon is a root and replaced at the start only,
-    // in any case; any other is replaced wherever it stands, exactly.
+    // Applies one substitution rule to `s`. A `from` with a colon is a root and replaced only at
+    // the start, in any case; any other is replaced everywhere, case-sensitively.
     static void Substitute(OString& s, const char* from, const OString& to);
 
     // Rewrites a key path in place, so that it begins with the number of a registry root. A path
     // without a colon is left alone.
     virtual void SubstituteKey(OString& key);
 
-    // Opens a substituted key; null when that fails. The caller closes it.
+    // Opens a substituted key, or returns null on failure. The caller closes it.
     virtual HKEY OpenKey(const OString& key, bool create);
 
     // The same for the path of a key below an open one, in the registry's own notation.
@@ -156,9 +158,9 @@ private:
     static OString SyntaxStandard(const OString& windows);
     static OString SyntaxWindows(const OString& standard);
 
-    // Makes `path` (substituted) the open key and runs `operation` on it; the error is that of the
-    // operation. Nothing is done on a key whose path memory was too short for since `memory` was
-    // made: it would be another key.
+    // Makes `path` (substituted) the open key and runs `operation` on it. Returns the operation's
+    // error. Nothing is done if memory for the path was short since `memory` was made, as the path
+    // would be that of another key.
     template <typename Operation>
     LONG OnKey(const OString& path, bool create, Operation operation,
                const AllocationWatch& memory = {}) {
@@ -168,14 +170,14 @@ private:
         if (memory.Failed()) return ERROR_OUTOFMEMORY;
         LONG error = operation(key_);
         if (error == ERROR_KEY_DELETED) {
-            // Someone else deleted the key that was kept open; there may be a new one by now.
+            // Someone else deleted the key that was kept open. There may be a new one by now.
             ReleaseKey();
             if (SetKey(path, create)) error = operation(key_);
         }
         return Noted(error, create);
     }
-    // The same on the key of `name`, resolved against the base key: `operation` is given the key
-    // and the name of the value.
+    // The same on the key of `name`, resolved against the base key. `operation` gets the key and
+    // the name of the value.
     template <typename Operation>
     LONG OnValue(const OString& name, bool create, Operation operation);
 
@@ -185,14 +187,14 @@ private:
     // On a full path, substituted.
     int EnumPath(const OString& path, OStringArray& names, bool keys);
     bool DeletePath(const OString& path, bool recursive);
-    // Deletes the key of that name below a path, with all below it.
+    // Deletes the key of that name below a path, with everything below it.
     bool DeleteBelow(const OString& path, const OString& name);
     struct Exporter; // what an export works with
     void ExportPath(const OString& path, Exporter& to);
-    // All values of an open key; whether there are any.
+    // Writes all values of an open key. Returns whether there are any.
     bool ExportValues(HKEY key, Exporter& to);
 
-    // Remembers a failure. Of a write every error is one.
+    // Remembers a failure. For a write every error is one.
     LONG Noted(LONG error, bool write);
     // Whether nothing has failed in the transaction, if there is one.
     bool MayWrite() const { return !in_transaction_ || !HasFailed(); }
@@ -209,7 +211,7 @@ private:
     static LONG GetInfo(HKEY key, const OString& name, uint32_t* size, uint32_t* type);
     static LONG EnumKey(HKEY key, uint32_t index, OBuffer<WCHAR>& name);
     static LONG EnumValue(HKEY key, uint32_t index, OBuffer<WCHAR>& name);
-    // The same with what the value holds; `data` grows when it is too small.
+    // The same with the value's data. `data` grows if it is too small.
     static LONG EnumValue(HKEY key, uint32_t index, OBuffer<WCHAR>& name,
                           OBuffer<unsigned char>& data, uint32_t& size, uint32_t& type);
 
@@ -220,10 +222,10 @@ private:
     AllocationWatch memory_; // since failures were forgotten
 
     HKEY key_ = nullptr;
-    OString path_;     // of the open key, substituted; empty when none is open
-    OString base_key_; // what relative names belong to
+    OString path_;     // of the open key, substituted; empty if none is open
+    OString base_key_; // the key that relative names belong to
 };
 
-// The byte that two hexadecimal characters stand for: a digit counts its value, any other
-// character its low four bits plus 9.
+// The byte that two hexadecimal characters stand for. A digit counts its value, any other character
+// its low four bits plus 9.
 unsigned char xtohex2(WCHAR high, WCHAR low);

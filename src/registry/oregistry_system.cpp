@@ -4,7 +4,7 @@
 
 namespace {
 
-// A library of the system by its full name, so that no other of that name is loaded.
+// Loads a library of the system by its full name, so that no other of that name is loaded.
 HMODULE SystemLibrary(const char* name) {
     WCHAR folder[MAX_PATH] = {};
     const UINT length = GetSystemDirectoryW(folder, MAX_PATH);

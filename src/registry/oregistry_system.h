@@ -1,10 +1,10 @@
-// The registry's functions as a system has them: keys below its roots, within a transaction or not.
+// The registry's functions of the system: keys below its roots, in a transaction or not.
 #pragma once
 
 #include <windows.h>
 
-// The transactions of newer systems. The functions are looked for when they are first asked for, so
-// that the module loads where there are none.
+// The transactions of newer systems. The functions are looked up on first use, so that the module
+// loads where they are missing.
 class RegistryTransactions {
 public:
     static const RegistryTransactions& OfSystem();
@@ -34,7 +34,7 @@ private:
 
     RegistryTransactions();
 
-    // All of them, or none.
+    // Either all of them are found, or none.
     CreateFunction create_ = nullptr;
     EndFunction commit_ = nullptr;
     EndFunction rollback_ = nullptr;

@@ -8,7 +8,7 @@ namespace {
 
 constexpr size_t kWrapAfter = 76;
 
-// A character of a text between double quotes.
+// Adds a character of a text between double quotes.
 void AddEscaped(WideText& line, WCHAR c) {
     if (c == '"' || c == '\\') line.Add('\\');
     line.Add(c);
@@ -29,7 +29,7 @@ WCHAR UnitAt(const unsigned char* data, uint32_t i) {
     return static_cast<WCHAR>(data[i] | data[i + 1] << 8);
 }
 
-// A string list as it is to be stored, whatever its bytes were: without empty strings, terminated.
+// The stored form of a string list of any bytes: without empty strings, terminated.
 uint32_t PackMultiString(const unsigned char* data, uint32_t size, OBuffer<WCHAR>& packed) {
     WideText text;
     for (uint32_t i = 0; i + 1 < size; i += 2) text.Add(UnitAt(data, i));
@@ -114,8 +114,8 @@ void RegistryTextWriter::WriteValue(const WCHAR* name, uint32_t type, const unsi
     lines_.Add(line_);
 }
 
-// Adds the rest of a value as bytes; the line begins with what is in front of them and is left with
-// the last of them.
+// Adds the rest of a value as bytes. The line begins with the text before them, and has the last of
+// them afterwards.
 void RegistryTextWriter::AddHex(const unsigned char* data, uint32_t size) {
     for (uint32_t i = 0; i < size; ++i) {
         if (line_.Length() > kWrapAfter) {
@@ -143,7 +143,7 @@ RegistryTextReader::Event RegistryTextReader::Read(const OString& line) {
             return Nothing;
         }
         entry_.Add(text, length);
-        // Bytes go on behind a comma; behind a long name they may even begin in the next line.
+        // Bytes continue after a comma. After a long name they may even begin in the next line.
         const bool wrapped = text[length - 1] == ':' && text[length] == '\\';
         if (text[length - 1] == ',' || wrapped) return Nothing;
         const bool complete = ParseEntry();
@@ -169,8 +169,8 @@ bool RegistryTextReader::ParseEntry() {
     const WCHAR* text = entry_.Text();
     const size_t length = entry_.Length();
 
-    // The name ends at its closing quote, which no backslash stands in front of. Texts of other
-    // programs may not escape their names: there the first quote with an equals sign ends it.
+    // The name ends at its closing quote, one without a backslash before it. Other programs may not
+    // escape names in their texts: there the first quote before an equals sign ends it.
     size_t end = length;
     bool escaped = *text == '"';
     for (size_t i = 1; escaped && i + 1 < length; ++i) {
@@ -222,7 +222,7 @@ bool RegistryTextReader::ParseData(const WCHAR* text, size_t length) {
     while (start < length && text[start] != ':') ++start;
     if (start == length) return false;
     ++start;
-    // A byte begins at every third character; one with a single digit is cut off and does not
+    // A byte begins at every third character. One with a single digit is incomplete and does not
     // count.
     const size_t count = (length - start + 1) / 3;
     if (!value_.data.SetSize(static_cast<uint32_t>(count))) return false;

@@ -1,4 +1,4 @@
-// The text form of registry keys: that of Windows registry files.
+// The text form of registry keys, that of Windows registry files.
 #pragma once
 
 #include <windows.h>
@@ -44,12 +44,12 @@ public:
     // [path], with the path in Windows notation.
     void WriteKey(const OString& path);
 
-    // "name"="text", "name"=dword:..., or "name"=hex...: with its bytes, wrapped behind 76
-    // characters. Strings and numbers stored with too few or too many bytes are written as the part
-    // of them that can be read.
+    // "name"="text", "name"=dword:..., or "name"=hex...: with its bytes, wrapped after 76
+    // characters. Strings and numbers stored with too few or too many bytes are written as far as
+    // they can be read.
     void WriteValue(const WCHAR* name, uint32_t type, const unsigned char* data, uint32_t size);
 
-    // The empty line behind the values of a key.
+    // The empty line after the values of a key.
     void WriteEnd();
 
 private:
@@ -59,7 +59,7 @@ private:
     WideText line_;
 };
 
-// Reads the text form line by line. Whatever it does not understand it skips.
+// Reads the text form line by line. It skips whatever it does not understand.
 class RegistryTextReader {
 public:
     enum Event {
@@ -75,7 +75,7 @@ public:
     // The key in Windows notation.
     const OString& Key() const { return key_; }
 
-    // The value in the type and bytes that are to be stored: REG_SZ with its terminator, REG_DWORD,
+    // The value in the type and bytes to be stored: REG_SZ with its terminator, REG_DWORD,
     // REG_MULTI_SZ or REG_BINARY.
     const RegistryValue& Value() const { return value_; }
 
@@ -84,7 +84,7 @@ private:
     bool ParseData(const WCHAR* text, size_t length);
 
     bool inside_ = false;
-    WideText entry_; // of a value that goes on in the next line
+    WideText entry_; // of a value that continues in the next line
     OString key_;
     RegistryValue value_;
 };

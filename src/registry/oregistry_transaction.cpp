@@ -8,7 +8,7 @@ ORegistryTransaction::ORegistryTransaction(ORegistry& registry, Kind kind)
     , kind_(kind)
     , inner_(registry.in_transaction_) {
     if (inner_) return;
-    registry_.ReleaseKey(); // it is open outside of the transaction
+    registry_.ReleaseKey(); // it was opened outside of the transaction
     registry_.ForgetFailures();
     registry_.in_transaction_ = true;
     registry_.only_reads_ = kind == READING;

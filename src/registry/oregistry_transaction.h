@@ -5,15 +5,15 @@
 
 class ORegistry;
 
-// What an ORegistry writes and deletes from here to Commit becomes visible at once; without Commit,
-// and when anything of it failed, all is as it was. That includes reads that failed, for what is
-// written may depend on them. Once something has failed, nothing more is written.
+// The writes and deletions of an ORegistry from here to Commit become visible at once. Without
+// Commit, or if any of it failed, everything stays as it was. This includes failed reads, as later
+// writes may depend on them. Once something has failed, nothing more is written.
 //
-// Systems without transactions (before Windows Vista) have the last of this only: what was written
-// before a failure stays.
+// On systems without transactions (before Windows Vista) only the last of this holds: writes before
+// a failure stay.
 //
-// One for reading stores nothing: what the ORegistry reads in it is of one moment, though others
-// write meanwhile. It makes nobody wait.
+// One for reading stores nothing. Everything that the ORegistry reads in it is from one moment,
+// although others write meanwhile. It makes nobody wait.
 //
 // One within another, over the same ORegistry, is a part of that. Transactions of different objects
 // on one thread may nest, but not overlap. Other writers wait meanwhile, so it should be short.

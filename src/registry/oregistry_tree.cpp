@@ -1,4 +1,4 @@
-// Whole keys: enumeration, deletion, and the conversion to and from text.
+// Complete keys: enumeration, deletion, and the conversion to and from text.
 
 #include "registry/oregistry.h"
 
@@ -80,7 +80,7 @@ int ORegistry::EnumPath(const OString& path, OStringArray& names, bool keys) {
         error = keys ? EnumKey(key, i, name) : EnumValue(key, i, name);
         if (error != ERROR_SUCCESS) break;
         const OString found(name.GetData());
-        // One that is cut short would be another's.
+        // A truncated name would be that of another one.
         if (memory.Failed())
             error = ERROR_OUTOFMEMORY;
         else
@@ -148,7 +148,7 @@ bool ORegistry::DeleteBelow(const OString& path, const OString& name) {
 }
 
 bool ORegistry::Delete(const OString& name, bool recursive) {
-    // What has been open for a while may be gone and would pass for a key that exists.
+    // A key that has been open for a while may be gone and would pass for an existing one.
     ReleaseKey();
     const AllocationWatch memory;
     OString key = base_key_;
@@ -269,7 +269,7 @@ bool ORegistry::ExportValues(HKEY key, Exporter& to) {
     uint32_t type = 0;
     for (uint32_t i = 0;; ++i) {
         const LONG error = Noted(EnumValue(key, i, to.name, to.data, size, type), false);
-        if (error == ERROR_OUTOFMEMORY) continue; // this one alone is left out
+        if (error == ERROR_OUTOFMEMORY) continue; // only this one is left out
         if (error != ERROR_SUCCESS) return i > 0;
         to.writer.WriteValue(to.name.GetData(), type, to.data.GetData(), size);
     }

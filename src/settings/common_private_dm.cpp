@@ -37,7 +37,7 @@ const struct {
                 {900, HT_PATSIZE_10x10_M},  {400, HT_PATSIZE_8x8_M},    {180, HT_PATSIZE_6x6_M},
                 {0, HT_PATSIZE_4x4_M}};
 
-// The bytes of a block that are really there.
+// The bytes of a block that are really present.
 size_t RoomOf(const DEVMODEW& dev_mode, const COMMONPRIVATEDM& block) {
     return std::min<size_t>(block.size, dev_mode.dmDriverExtra);
 }
@@ -70,7 +70,7 @@ void CopyCommonPrivateDm(DEVMODEW* destination, const DEVMODEW* source) {
     if (!from || !to || from->version != to->version) return;
     const uint16_t own_size = to->size;
     std::memmove(to, from, std::min(RoomOf(*source, *from), RoomOf(*destination, *to)));
-    // A longer one has not become ours with its size.
+    // A longer one does not become ours along with its size.
     if (to->size > own_size) to->size = own_size;
 }
 

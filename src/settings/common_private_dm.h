@@ -1,4 +1,4 @@
-// The private part of a DEVMODE that drivers have in common: how the system makes halftones.
+// The private part of a DEVMODE that drivers share: how the system makes halftones.
 #pragma once
 
 #include <windows.h>
@@ -25,18 +25,17 @@ static_assert(sizeof(COMMONPRIVATEDM) == 164);
 static_assert(offsetof(COMMONPRIVATEDM, halftone) == 8);
 static_assert(offsetof(COMMONPRIVATEDM, adjustment) == 140);
 
-// The block of a DEVMODE, directly behind its public part. Null for null, without the signature,
+// The block of a DEVMODE, directly after its public part. Null for null, without the signature,
 // and when the private bytes do not even hold size, version and signature. Its size is its own
-// word: whoever looks at more than these has to bound it by dmDriverExtra.
+// word: a reader of more than these has to bound it by dmDriverExtra.
 const COMMONPRIVATEDM* GetCommonPrivateDm(const DEVMODEW* dev_mode);
 
-// Writes the driver's own block behind the public part, for the resolution there. Always true.
+// Writes the driver's own block after the public part, for the resolution there. Always true.
 bool SetDefaultCommonPrivDm(DEVMODEW* dev_mode);
 
-// Copies the block of one DEVMODE to another: as many bytes as the shorter one has. Nothing unless
+// Copies the block of one DEVMODE to another, as many bytes as the shorter one has. Nothing unless
 // both have one, of the same version.
 void CopyCommonPrivateDm(DEVMODEW* destination, const DEVMODEW* source);
 
-// The driver's halftone information. The pattern grows with the resolution: it follows the lower
-// one of the two in the DEVMODE.
+// The driver's halftone information. The pattern grows with the lower resolution in the DEVMODE.
 void DefaultDevHTInfo(DEVHTINFO* info, const DEVMODEW* dev_mode);

@@ -20,7 +20,7 @@ using DEVMODE32 = DEVMODEW;
 //
 // A buffer that others made may be of any version, size and origin. It is taken at its own word
 // only for its extent: it has dmSize + dmDriverExtra bytes, and at least those up to dmFields.
-// Public fields behind dmSize are not there: they are read as their neutral values, compared as 0
+// Public fields beyond dmSize are not there: they are read as their neutral values, compared as 0
 // and not written. Where there is no configuration, its settings are neutral and setting them does
 // nothing.
 //
@@ -28,7 +28,7 @@ using DEVMODE32 = DEVMODEW;
 class DevMode {
 public:
     DevMode() = default;
-    // A view of the caller's buffer, which must outlive it; null is no buffer.
+    // A view of the caller's buffer, which must outlive it. Null stands for no buffer.
     explicit DevMode(DEVMODEW* dev_mode)
         : dev_mode_(dev_mode) {}
     ~DevMode() { Free(); }
@@ -36,41 +36,41 @@ public:
 
     // ---- The buffer -----------------------------------------------------------------------------
 
-    // Makes a buffer of its own, in the default size and zeroed. None without memory.
+    // Makes a buffer of its own, of the default size and zeroed. No buffer without memory.
     void Create();
-    // Lets go of the buffer, which is freed when it came from Create.
+    // Releases the buffer, and frees it if it came from Create.
     void Free();
     // Makes a buffer of its own with the defaults of a model.
     void CreateDefault(const prtmodel* model);
-    // Looks at another buffer of the caller's.
+    // Becomes a view of another buffer of the caller's.
     void SetDevMode(DEVMODEW* dev_mode);
     DEVMODEW* GetDevMode() const { return dev_mode_; }
     static int GetDefaultDevModeSize();
 
-    // The configuration in the buffer; null when there is none. It is looked up once, so a buffer
-    // must not change its sizes behind this view's back.
+    // The configuration in the buffer, or null. It is looked up once, so nothing else may change
+    // the sizes in the buffer afterwards.
     prtconfig* GetConfiguration() const;
 
-    // ---- As a whole -----------------------------------------------------------------------------
+    // ---- All of it ------------------------------------------------------------------------------
 
     // Writes the defaults of a model into the buffer, which has room for the default size.
     void Reset(const prtmodel* model);
 
-    // Brings the public fields into the model's limits: orientation, copies, colour and the
-    // resolution, which must be one of the model's pairs. Scale is 100, there is neither duplex nor
+    // Brings the public fields within the model's limits: orientation, copies, colour and the
+    // resolution, which must be one of the model's pairs. Scale becomes 100, without duplex and
     // collation.
     void Validate(const prtmodel* model);
 
     // Takes over what a DEVMODE asks for (MergeDevMode). Nothing without a buffer or for null.
     void Merge(const DEVMODEW* source, const prtmodel* model);
 
-    // Takes what another DEVMODE asks for into one of this driver.
+    // Merges the settings of another DEVMODE into one of this driver.
     //
-    // A field is taken when the source's dmFields name it and both public parts hold it, with these
-    // exceptions: length and width of the paper are always taken. A paper size other than custom
-    // goes before them, and a form's name alone before the size; dmFields then name only what
-    // counts. Colour and resolution are taken from a DEVMODE of the same device name alone, and
-    // from others, as for symbolic resolutions, the model's are used. Never taken are the TrueType
+    // A field is taken if the source's dmFields name it and both public parts hold it, with these
+    // exceptions. Length and width of the paper are always taken. A paper size other than custom
+    // takes precedence over them, and a form's name alone over the size; dmFields then name only
+    // what is used. Colour and resolution are taken only from a DEVMODE of the same device name.
+    // From others, and for symbolic resolutions, the model's are used. Never taken are the TrueType
     // option, media type, dithering and the fields of displays. Then the halftone block is taken,
     // the fields are validated, and the configuration is taken from a DEVMODE of the same printer
     // family and configuration version.
@@ -86,10 +86,10 @@ public:
     // differ.
     bool operator==(const DevMode& other) const;
 
-    // Copies the whole DEVMODE to a buffer with room for it. Nothing without one.
+    // Copies all of the DEVMODE to a buffer with room for it. Nothing without one.
     void CopyTo(DEVMODEW* destination) const;
 
-    // Takes over the fields and the configuration of a 16-bit program's DEVMODE; the device name,
+    // Takes over the fields and the configuration of a 16-bit program's DEVMODE. The device name,
     // sizes and the form's name stay. This should be a default one before.
     void Convert(const void* source);
     static void Convert16(DEVMODE32* destination, const DEVMODE16* source);
@@ -97,12 +97,12 @@ public:
     // Whether the system manages colours for the driver, so that the fields for it count.
     static bool SupportsICM();
 
-    // ---- Settings -------------------------------------------------------------------------------
+    // ---- Settings: most of them are for the property pages --------------------------------------
 
-    // The fingerprint of the preset that the settings came from; 0 for none.
+    // The fingerprint of the preset that the settings came from, or 0.
     uint32_t GetPresetCRC32() const;
     void SetPresetCRC32(uint32_t checksum);
-    // Remembers a preset's name; null is an empty one.
+    // Stores a preset's name. Null stands for an empty one.
     void SetPresetName(const WCHAR* name);
 
     int GetCopies() const; // 1 unless dmFields say that copies are set
@@ -120,7 +120,7 @@ public:
     int GetColor() const; // 1 monochrome, 2 colour
     void SetColor(int color);
 
-    // 1 and 2, the system's usual, without colour management.
+    // The system's usual values, 1 and 2, if there is no colour management.
     int GetICMIntent() const;
     void SetICMIntent(int intent);
     int GetICMMethod() const;
@@ -133,8 +133,8 @@ public:
     void SetPaperSize(int paper_size);
 
     // Takes a stock as the paper: its number, its form size (at most 3.2767 m) and its name, of
-    // which 31 characters fit. Length and width are named in dmFields only for the user's stock.
-    // Nothing for null.
+    // which 31 characters fit. Only for the user's stock do dmFields name length and width. Nothing
+    // for null.
     void SetStock(const Stock* stock);
 
 private:

@@ -1,4 +1,4 @@
-// How the DEVMODEs of others become one of this driver.
+// Turning DEVMODEs of other drivers into one of this driver.
 #include <algorithm>
 #include <cstring>
 
@@ -9,10 +9,10 @@
 
 namespace {
 
-// The fields of one public part going into another.
+// Merges the fields of one public part into another.
 class PublicMerge {
 public:
-    // `held` is how many bytes both DEVMODEs hold.
+    // `held` is the number of bytes that both DEVMODEs hold.
     PublicMerge(DEVMODEW& to, const DEVMODEW& from, size_t held)
         : to_(to)
         , from_(from)
@@ -62,7 +62,7 @@ private:
         to_.*field = from_.*field;
     }
 
-    // A symbolic resolution, or one of another device, becomes none; validation finds one.
+    // A symbolic resolution, or one of another device, becomes none. Validation finds one.
     void TakeResolution(DWORD bit, SHORT DEVMODEW::*field) {
         if (!Asks(bit, field)) return;
         to_.dmFields |= bit;
@@ -91,7 +91,7 @@ private:
         }
     }
 
-    // Leaves only these bits of those that name a paper.
+    // Of the bits that name a paper, leaves only these.
     void NameBy(DWORD bits) {
         to_.dmFields &= ~DWORD(DM_PAPERSIZE | DM_PAPERLENGTH | DM_PAPERWIDTH | DM_FORMNAME);
         to_.dmFields |= bits;

@@ -1,4 +1,4 @@
-// The DEVMODE that a new printer has.
+// The DEVMODE of a new printer.
 #include <cstring>
 
 #include "core/fixed_text.h"

@@ -1,4 +1,4 @@
-// The settings that a new printer is given.
+// The settings that a new printer gets.
 #pragma once
 
 #include <cstdint>
@@ -7,12 +7,12 @@
 #include "core/ofile.h"
 #include "model/prtmodel.h"
 
-// Opens the default settings file of a model's brand, which lies beside the driver, to be read as
-// UTF-8. False without one.
+// Opens the default settings file of a model's brand, which is beside the driver, for reading as
+// UTF-8. False if there is none.
 bool OpenDefaultSettings(OFile& file, const prtmodel& model);
 
-// Loads a list, lets `import(file)` add what it takes from that file, and stores the list unless
-// the file, the model or the list could be read in part only.
+// Loads a list, lets `import(file)` add entries from that file, and stores the list unless the
+// file, the model or the list could be read only in part.
 template <class List, class Import>
 void InstallDefaults(List& list, const prtmodel& model, Import import) {
     OFile file;
@@ -20,5 +20,7 @@ void InstallDefaults(List& list, const prtmodel& model, Import import) {
     const AllocationWatch memory;
     list.Load(&model);
     import(file);
-    if (!file.HasFailed() && !memory.Failed() && model.WasReadWhole()) list.Save(&model);
+    if (file.HasFailed() || memory.Failed() || !model.WasReadWhole()) return;
+    // Nobody is there to be told. A printer that cannot be given its defaults works without them.
+    static_cast<void>(list.Save(&model));
 }

@@ -7,14 +7,14 @@
 #include "keys/prtreg.h"
 
 // Fills `numbers` with those of the entries from `first` to `last` of which the key (its path with
-// the separator behind it) has a value, in order. `key_name(i)` is what the names of the values of
+// the separator after it) has a value, in order. `key_name(i)` is what the names of the values of
 // entry `i` begin with, as symbolic paths have it: a word, a blank, the number and more.
 void GetStoredEntries(prtreg& registry, const OString& key, int first, int last,
                       OString (*key_name)(int), OTypedArray<int>& numbers);
 
-// Calls `entry(i)` for the entries from `first` to `last`, in order. It need not be called for one
-// that is not there: a range that is longer than the key is, as a damaged total makes it, costs
-// no look for each of its numbers.
+// Calls `entry(i)` for the entries from `first` to `last`, in order, or only for existing ones: a
+// range longer than the key, as from a damaged total, must not cost a look-up for each of its
+// numbers.
 template <class F>
 void ForEachEntry(prtreg& registry, const OString& key, int first, int last,
                   OString (*key_name)(int), F entry) {

@@ -12,14 +12,14 @@ constexpr char kKey[] = "Presets:";
 // The head of an exported record.
 struct RecordHead {
     char signature[4];
-    uint32_t size; // of the DEVMODE behind it
+    uint32_t size; // of the DEVMODE after it
 };
 static_assert(sizeof(RecordHead) == 8);
 
 constexpr char kSignature[] = "DM32";
 constexpr char kSignatureOfAny[] = "DM";
 
-// The size of a DEVMODE in one of the layouts, by its own fields; 0 when `size` bytes do not hold
+// The size of a DEVMODE in one of the layouts, by its own fields, or 0 if `size` bytes do not hold
 // it.
 template <class Layout>
 uint32_t SizeOf(const char* bytes, size_t size) {
@@ -84,10 +84,7 @@ bool Preset::Save(prtreg& registry, int index) const {
     const OString value = OString(prefix) << "DEVMODE";
     bool saved = registry.SetString(OString(prefix) << "Name", GetName());
     saved &= registry.SetString(OString(prefix) << "Description", description_);
-    if (dev_mode_.GetSize() == 0)
-        registry.Delete(value, false); // that of another preset, which had the number before
-    else
-        saved &= registry.SetBinary(value, dev_mode_.GetData(), dev_mode_.GetSize()) >= 0;
+    saved &= registry.SetBinary(value, dev_mode_.GetData(), dev_mode_.GetSize()) >= 0;
     return saved;
 }
 
@@ -139,10 +136,7 @@ bool Preset::Import(const OBuffer<char>& record, const prtmodel* model) {
 
 uint32_t Preset::GetCRC32(uint32_t seed) const {
     uint32_t crc = NameNode::GetCRC32(seed);
-    if (!description_.IsEmpty()) {
-        const char* text = description_.nstring();
-        crc = CRC32(text, static_cast<uint32_t>(description_.nlen()) + 1, crc);
-    }
+    if (!description_.IsEmpty()) crc = CRC32_UTF8(description_, crc);
     crc = CRC32(&built_in_, sizeof built_in_, crc);
     return CRC32(dev_mode_.GetData(), dev_mode_.GetSize(), crc);
 }

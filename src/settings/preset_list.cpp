@@ -11,45 +11,68 @@
 
 namespace {
 
-constexpr char kKey[] = "Presets:";
+constexpr char kPresetsKey[] = "Presets:";
 constexpr char kTotal[] = "Presets:Total";
-constexpr int MOST_PRESETS = 9999;
+constexpr int kMostPresets = 9999;
 
-// How many presets the printer says to have, within reason.
+// The printer's stored number of presets, within reason.
 int StoredTotal(prtreg& registry) {
-    return static_cast<int>(std::min<uint32_t>(registry.GetDWORD(kTotal, 0), MOST_PRESETS));
+    return static_cast<int>(std::min<uint32_t>(registry.GetDWORD(kTotal, 0), kMostPresets));
+}
+
+// Fills `numbers` with the stored presets that this driver cannot read, in order.
+void GetNotUnderstood(prtreg& registry, int last, OTypedArray<int>& numbers) {
+    OTypedArray<int> stored;
+    GetStoredEntries(registry, kPresetsKey, 1, last, Preset::KeyName, stored);
+    for (int i = 0; i < stored.GetSize(); ++i)
+        if (!Preset().Load(registry, stored[i])) numbers.Add(stored[i]);
 }
 
 } // namespace
+
+PresetList& PresetList::operator=(const PresetList& other) {
+    NameList::operator=(other);
+    StoredList::operator=(other);
+    if (!CopyNodes(other)) KeepStored();
+    return *this;
+}
 
 void PresetList::Load(const prtmodel* model) {
     Clear();
     prtreg registry(model->GetRegistry());
     const ORegistryTransaction one_moment(registry, ORegistryTransaction::READING);
     PresetList stored;
-    ForEachEntry(registry, kKey, 1, StoredTotal(registry), Preset::KeyName, [&](int i) {
+    ForEachEntry(registry, kPresetsKey, 1, StoredTotal(registry), Preset::KeyName, [&](int i) {
         std::unique_ptr<Preset> preset(new (kCounted) Preset);
         if (preset && preset->Load(registry, i)) stored.AddTail(preset.release());
     });
-    whole_ = !registry.HasFailed();
     AddTail_ReplaceNames(stored);
     Sort();
-    checksum_ = GetStoredCRC32();
+    NoteLoaded(GetStoredCRC32(), registry);
 }
 
-void PresetList::Save(const prtmodel* model) const {
-    const uint32_t checksum = GetStoredCRC32();
-    if (checksum == checksum_ || !whole_) return;
+SaveResult PresetList::Save(const prtmodel* model) const {
     prtreg registry(model->GetRegistry());
-    ORegistryTransaction changes(registry);
-    const int stored = StoredTotal(registry);
-    int total = 0;
-    for (const Preset* preset = GetNext(nullptr); preset; preset = GetNext(preset))
-        if (preset->GetBuiltIn() == 0) preset->Save(registry, ++total);
-    registry.SetDWORD(kTotal, static_cast<uint32_t>(total));
-    ForEachEntry(registry, kKey, total + 1, stored, Preset::KeyName,
-                 [&](int i) { Preset::Delete(registry, OString(kKey) << Preset::KeyName(i)); });
-    if (changes.Commit()) checksum_ = checksum;
+    return SaveChanges(registry, GetStoredCRC32(), [&] {
+        const int stored = StoredTotal(registry);
+        OTypedArray<int> kept;
+        GetNotUnderstood(registry, stored, kept);
+        const auto is_kept = [&](int number) {
+            return std::binary_search(kept.GetData(), kept.GetData() + kept.GetSize(), number);
+        };
+        int number = 0;
+        for (const Preset* preset = GetNext(nullptr); preset; preset = GetNext(preset)) {
+            if (preset->GetBuiltIn() != 0 || preset->GetDevModeSize() == 0) continue;
+            do ++number;
+            while (is_kept(number));
+            preset->Save(registry, number);
+        }
+        const int last_kept = kept.GetSize() ? kept[kept.GetSize() - 1] : 0;
+        registry.SetDWORD(kTotal, static_cast<uint32_t>(std::max(number, last_kept)));
+        ForEachEntry(registry, kPresetsKey, number + 1, stored, Preset::KeyName, [&](int i) {
+            if (!is_kept(i)) Preset::Delete(registry, OString(kPresetsKey) << Preset::KeyName(i));
+        });
+    });
 }
 
 uint32_t PresetList::GetStoredCRC32() const {

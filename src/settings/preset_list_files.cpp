@@ -10,7 +10,7 @@
 
 namespace {
 
-constexpr char kKind[] = "preset";
+constexpr char kPresetBlock[] = "preset";
 
 bool ReadNumber(OFile& file, uint32_t& number) {
     return file.Read(&number, sizeof number) == sizeof number;
@@ -25,7 +25,7 @@ OBuffer<char> ReadBytes(OFile& file, uint32_t size) {
     return bytes;
 }
 
-// Reads a text behind its length; false when there is not even that.
+// Reads a text after its length; false when there is not even that.
 bool ReadText(OFile& file, OString& text) {
     uint32_t length = 0;
     if (!ReadNumber(file, length)) return false;
@@ -35,20 +35,25 @@ bool ReadText(OFile& file, OString& text) {
     return true;
 }
 
+bool CanBeStored(const Preset& preset) {
+    return preset.GetDevModeSize() > 0 && ORegistry::CanStore(preset.GetName()) &&
+           ORegistry::CanStore(preset.GetDescription());
+}
+
 } // namespace
 
 int PresetList::Export(OFile& file) const {
     int blocks = 0;
     for (const Preset* preset = GetNext(nullptr); preset; preset = GetNext(preset)) {
         if (preset->GetBuiltIn() != 0) continue;
-        file << "<" << kKind << ">" << OCore::endl;
+        file << "<" << kPresetBlock << ">" << OCore::endl;
         file << "Name=" << preset->GetName() << OCore::endl;
         file << "Description=" << preset->GetDescription() << OCore::endl;
         OBuffer<char> record;
         OString data;
         if (preset->Export(record) && Base64::BufferToString(record, data))
             file << "Data=" << data << OCore::endl;
-        file << "</" << kKind << ">" << OCore::endl << OCore::endl;
+        file << "</" << kPresetBlock << ">" << OCore::endl << OCore::endl;
         ++blocks;
     }
     return blocks;
@@ -58,21 +63,24 @@ int PresetList::Import(OFile& file, const prtmodel* model) {
     int blocks = 0;
     PresetList imported;
     std::unique_ptr<Preset> preset; // of the block that is being read
-    SettingsBlocks reader(file, kKind);
+    SettingsBlocks reader(file, kPresetBlock);
     while (const SettingsBlocks::Line line = reader.Read()) {
         if (line == SettingsBlocks::BLOCK_START) {
             preset.reset(new (kCounted) Preset);
         } else if (!preset) {
             continue;
         } else if (line == SettingsBlocks::BLOCK_END) {
-            imported.AddTail(preset.release());
-            ++blocks;
+            if (CanBeStored(*preset)) {
+                imported.AddTail(preset.release());
+                ++blocks;
+            }
+            preset.reset();
         } else if (reader.Key() == "Name") {
             preset->SetName(reader.Value());
         } else if (reader.Key() == "Description") {
             preset->SetDescription(reader.Value());
         } else if (reader.Key() == "Data") {
-            // What decodes to a sound container is unpacked, any other is taken as it is.
+            // Text that decodes to a valid container is unpacked, any other is taken unchanged.
             OBuffer<char> record;
             Base64::StringToBuffer(reader.Value(), record);
             if (!preset->Import(record, model)) preset.reset();
@@ -110,7 +118,7 @@ int PresetList::ImportKPR1(OFile& file, const prtmodel* model) {
             if (ReadText(file, text)) preset->SetName(text);
             if (ReadText(file, text)) preset->SetDescription(text);
         }
-        if (!whole) continue;
+        if (!whole || !CanBeStored(*preset)) continue;
         imported.AddTail(preset.release());
         ++count;
     }

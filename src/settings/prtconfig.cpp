@@ -7,7 +7,7 @@
 
 namespace {
 
-constexpr size_t PRESET_CHECKSUM = offsetof(prtconfig, length) - sizeof(uint32_t);
+constexpr size_t kPresetChecksum = offsetof(prtconfig, length) - sizeof(uint32_t);
 
 // The bytes of configuration and tail. Old drivers did not count the user commands.
 size_t ExtentOf(const endconfig& tail) {
@@ -15,7 +15,7 @@ size_t ExtentOf(const endconfig& tail) {
     return tail.size < commands ? tail.size + commands : tail.size;
 }
 
-// The bytes of the configuration in front of a tail.
+// The bytes of the configuration before a tail.
 size_t RoomOf(const endconfig& tail) {
     return ExtentOf(tail) - sizeof tail;
 }
@@ -77,14 +77,14 @@ void prtconfig::set_user(const OString& text, int number) {
 
 uint32_t prtconfig::GetPresetCRC32() const {
     uint32_t checksum;
-    std::memcpy(&checksum, reinterpret_cast<const char*>(this) + PRESET_CHECKSUM, sizeof checksum);
+    std::memcpy(&checksum, reinterpret_cast<const char*>(this) + kPresetChecksum, sizeof checksum);
     return checksum;
 }
 
 void prtconfig::SetPresetCRC32(uint32_t checksum) {
-    const size_t last = USER_COMMAND_SIZE - sizeof checksum - 1; // the terminator in front of it
+    const size_t last = USER_COMMAND_SIZE - sizeof checksum - 1; // the terminator before it
     if (!std::memchr(user[USER_COMMANDS - 1], 0, last)) return;
-    std::memcpy(reinterpret_cast<char*>(this) + PRESET_CHECKSUM, &checksum, sizeof checksum);
+    std::memcpy(reinterpret_cast<char*>(this) + kPresetChecksum, &checksum, sizeof checksum);
 }
 
 const endconfig* prtconfig::get_tail(const void* record, uint16_t size, uint16_t extra) {
@@ -131,8 +131,8 @@ void prtconfig::Copy(endconfig* destination, const endconfig* source) {
     const uint16_t own_length = to->length;
     const size_t size = std::min<size_t>({to->length, from->length, room, RoomOf(*source)});
     std::memmove(to, from, size);
-    // A longer one has not become ours with its length.
+    // A longer one does not become ours along with its length.
     if (to->length > own_length) to->length = own_length;
 }
 
-// Reset of a whole block and GetTotalSize are the printer language's; they stand with extconfig.
+// Reset of a complete block and GetTotalSize belong to the printer language, in extconfig.

@@ -11,32 +11,31 @@
 
 class prtmodel;
 
-// Neither record is aligned: the DEVMODEs of other versions decide where they lie.
+// Neither record is aligned: the DEVMODEs of other versions decide where they are.
 #pragma pack(push, 1)
 
-// The last eight bytes of a DEVMODE, by which the configuration in front of them is found.
+// The last eight bytes of a DEVMODE, by which the configuration before them is found.
 struct endconfig {
     char signature[3]; // "kvk"
     char prefix[3];    // of the printer family, as in the names of the driver's files
-    uint16_t size;     // of configuration and tail; what is below 1024 lacks the user commands
+    uint16_t size;     // of configuration and tail; below 1024 there are no user commands
 };
 static_assert(sizeof(endconfig) == 8);
 
-// The configuration as the framework sees it: the head of a block that the printer language makes
-// longer. It is a stored format, little-endian.
+// The configuration as the framework sees it: the head of a block that the printer language
+// extends. It is a stored format, little-endian.
 //
-// `model` is never null, except where said. Blocks that come out of a DEVMODE through get_cfg keep
-// to their length; nothing else is checked in them, so every field may have any value until
-// Validate.
+// `model` is never null, except where said. For blocks from get_cfg only the length was checked, so
+// every field may have any value until Validate.
 struct prtconfig {
     static constexpr int USER_COMMANDS = 4;
     static constexpr int USER_COMMAND_SIZE = 256;
 
-    // Commands of the user's, sent at four points of a job: 8-bit texts, padded with zeros; one
-    // that fills its place has no terminator. The last four bytes are the preset checksum's while
-    // the fourth text leaves them free.
+    // Commands of the user, sent at four points of a job: 8-bit texts, padded with zeros. One that
+    // fills its place has no terminator. The last four bytes are the preset checksum while the
+    // fourth text leaves them free.
     char user[USER_COMMANDS][USER_COMMAND_SIZE];
-    uint16_t length; // of the whole block
+    uint16_t length; // of the complete block
     uint16_t version;
     uint16_t flags;
     uint16_t reserved;
@@ -50,39 +49,39 @@ struct prtconfig {
         FLAG_OPTION = 16
     };
 
-    // Equal settings: the user commands as texts, the lengths, and all bytes behind the length. So
+    // Equal settings: the user commands as texts, the lengths, and all bytes after the length. So
     // neither what follows the end of a command nor the preset checksum counts.
     bool operator==(const prtconfig& other) const;
 
-    // The printer takes 24-bit colours and screens them by itself.
+    // The printer takes 24-bit colours and screens them by itself. For the pages about graphics.
     bool is_24bit_device() const { return dither.algorithm == dithercfg::ALGORITHM_DEVICE; }
 
-    // Sets the framework's part to its first state, without a model to one that suits none in
-    // particular; length and version are left alone.
+    // Resets the framework's part, except length and version. Without a model, to a state that fits
+    // no model in particular.
     void Reset(const prtmodel* model);
-    // Sets a whole block, of GetTotalSize() less the tail, to the first state that the printer
-    // language gives it. Nothing for null.
+    // Resets a complete block, of GetTotalSize() without the tail, as the printer language wants
+    // it. Nothing for null.
     static void Reset(prtconfig* config, const prtmodel* model);
 
-    // Takes back what the model cannot do, and brings the dithering settings into their ranges.
+    // Resets what the model does not support, and brings the dithering settings into their ranges.
     void Validate(const prtmodel* model);
 
-    // Brings a value between two limits; the lower one wins when they are crossed. Whether the
-    // value changed.
+    // Brings a value between two limits. The lower one wins if they are crossed. Returns whether
+    // the value changed.
     static bool validate_range(int32_t& value, int32_t min, int32_t max);
 
     // Replaces user command `number` by the first 256 bytes of a text, and the rest of its place by
-    // zeros. Nothing for another number than 0 to 3.
+    // zeros. Nothing for another number than 0 to 3. For the page about user commands.
     void set_user(const OString& text, int number);
 
-    // The checksum of the preset's name that the settings came from. It is not written while the
-    // fourth user command takes up its place, that is from 251 characters on; what is read then is
-    // a piece of the command.
+    // The checksum of the name of the preset that the settings came from. It is not written while
+    // the fourth user command takes up its place, that is from 251 characters on. Then a piece of
+    // the command is read.
     uint32_t GetPresetCRC32() const;
     void SetPresetCRC32(uint32_t checksum);
 
-    // The tail of a DEVMODE. Null when there is none: for null, when specification version, driver
-    // version or size is 0, without the signature, or when the configuration that it tells of would
+    // The tail of a DEVMODE. Null if there is none: for null, if specification version, driver
+    // version or size is 0, without the signature, or if the configuration that it describes would
     // not fit into the driver's private bytes.
     static const endconfig* get_tail(const DEVMODEW* dev_mode);
     static endconfig* get_tail(DEVMODEW* dev_mode);
@@ -90,15 +89,15 @@ struct prtconfig {
     // The same for any record of `size` public and `extra` private bytes.
     static const endconfig* get_tail(const void* record, uint16_t size, uint16_t extra);
 
-    // The configuration of a DEVMODE. Null without a tail, when it is too short for the fields
-    // above and when its own length says more than there is.
+    // The configuration of a DEVMODE. Null without a tail, if it is too short for the fields above,
+    // or if its own length exceeds the available bytes.
     static const prtconfig* get_cfg(const DEVMODEW* dev_mode);
     static prtconfig* get_cfg(DEVMODEW* dev_mode);
 
     // Copies the configuration in front of one tail to that in front of another: as many bytes as
     // the shorter one has. Nothing when a tail is null or without the signature, when the printer
     // families differ and when the configurations are of different versions. Both tails stand
-    // behind at least as many bytes as their sizes tell of, as those from get_tail do.
+    // after at least as many bytes as their sizes tell of, as those from get_tail do.
     static void Copy(endconfig* destination, const endconfig* source);
 
     // The size of configuration and tail in this driver.

@@ -1,4 +1,4 @@
-// What the printer model installs of its presets.
+// The printer model: installing its presets.
 #include "model/prtmodel.h"
 #include "settings/install_defaults.h"
 #include "settings/preset_list.h"

@@ -1,4 +1,4 @@
-// What the printer model answers and installs of its stocks.
+// The printer model: answers about its stocks, and installing them.
 #include <windows.h>
 
 #include "model/prtmodel.h"

@@ -8,13 +8,13 @@
 #include <cstdint>
 #include <cstring>
 
-// A length or width of paper, in tenths of a millimetre, as far as a field can hold it.
+// A length or width of paper, in tenths of a millimetre, limited to what a field can hold.
 inline SHORT PaperExtent(int32_t tenths) {
     return static_cast<SHORT>(std::clamp<int32_t>(tenths, INT16_MIN, INT16_MAX));
 }
 
-// A copy of the public fields in today's layout: what the DEVMODE does not hold is 0, what it has
-// beyond is left out. So all fields can be looked at and changed without a thought to its size.
+// A copy of the public fields in the current layout. Fields that the DEVMODE does not hold are 0;
+// extra bytes are left out. So all fields can be read and changed whatever its size.
 struct PublicPart {
     DEVMODEW fields = {};
 
@@ -22,7 +22,7 @@ struct PublicPart {
         std::memcpy(&fields, dev_mode, std::max(Held(dev_mode), HEADER));
     }
 
-    // Writes the fields from dmFields on back, as far as the DEVMODE holds them.
+    // Writes back the fields from dmFields on, as far as the DEVMODE holds them.
     void WriteTo(DEVMODEW* dev_mode) const {
         const size_t size = Held(dev_mode);
         if (size <= HEADER) return;

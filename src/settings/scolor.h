@@ -17,7 +17,8 @@ enum SpotColorMode : uint32_t {
 };
 
 // The spot-colour record, kept whole as the registry value "Settings:Spot Color". Planes are
-// numbered from 0 to 3; for other numbers a plane is unused and cannot be changed.
+// numbered from 0 to 3; for other numbers a plane is unused and cannot be changed. For the pages
+// about graphics.
 struct SCOLOR {
     struct Plane {
         uint32_t flags; // bit 0: in use
@@ -58,5 +59,5 @@ static_assert(sizeof(SCOLOR) == 76);
 static_assert(offsetof(SCOLOR, planes) == 8);
 static_assert(offsetof(SCOLOR, heads) == 72);
 
-// What two inks, colour references, look like one on the other.
+// The colour of two inks, as colour references, printed on each other.
 uint32_t AddColors(uint32_t a, uint32_t b);

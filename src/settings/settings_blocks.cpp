@@ -4,7 +4,7 @@ namespace {
 
 constexpr char kBlanks[] = " \t\r\n";
 
-// The name of the tag that ends a block, without what follows the name in the one that begins it.
+// The name in the tag that ends a block, without the rest of the one that begins it.
 OString EndOf(const char* kind) {
     const OString text(kind);
     const int blank = text.Find(' ');
@@ -33,7 +33,7 @@ SettingsBlocks::Line SettingsBlocks::Read() {
             inside_ = false;
             return BLOCK_END;
         }
-        line_.wstring(); // positions are those of this form from here on
+        line_.wstring(); // only positions in this form are used from here on
         const int equals = line_.Find(TEXT("="));
         if (equals <= 0) continue;
         key_ = line_.Left(equals);

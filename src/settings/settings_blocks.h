@@ -11,7 +11,7 @@
 //   </preset>
 //
 // Everything else in the file is passed over: lines outside these blocks, empty ones, and those
-// without an equals sign or a key in front of it. Blanks at both ends of a line do not count.
+// without an equals sign or a key before it. Blanks at both ends of a line do not count.
 class SettingsBlocks {
 public:
     enum Line { NO_MORE, BLOCK_START, ENTRY, BLOCK_END };
@@ -20,11 +20,11 @@ public:
     // "font type='RFID'" ends with "</font>".
     SettingsBlocks(OFile& file, const char* kind);
 
-    // The next line. A block that another one interrupts has a start but no end; the last one may
-    // lack it too.
+    // The next line. A block that is interrupted by another one has a start but no end, as may the
+    // last one.
     Line Read();
 
-    // What an entry has in front of its first equals sign, and behind it.
+    // What an entry has before and after its first equals sign.
     const OString& Key() const { return key_; }
     const OString& Value() const { return value_; }
 

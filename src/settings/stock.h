@@ -1,4 +1,4 @@
-// A stock: the size of a label and of what is around it.
+// A stock: the size of a label and of the area around it.
 #pragma once
 
 #include <windows.h>
@@ -11,11 +11,11 @@
 
 class prtmodel;
 
-// What is stored of a stock: 28 bytes, little-endian, lengths in micrometres.
+// The stored part of a stock: 28 bytes, little-endian, lengths in micrometres.
 struct StockRecord {
     int32_t width; // of the label
     int32_t length;
-    int32_t liner_left; // how far the backing stands out beside the label
+    int32_t liner_left; // how far the backing extends beside the label
     int32_t liner_right;
     int32_t gap_top; // above and below the label
     int32_t gap_bottom;
@@ -31,8 +31,8 @@ struct StockRecord {
 static_assert(sizeof(StockRecord) == 28);
 static_assert(offsetof(StockRecord, flags) == 24);
 
-// A label size that the user can pick, under its name. Any lengths may be stored; what is derived
-// from them is limited to 32 bits.
+// A label size that the user can choose, with its name. Any lengths may be stored; derived ones are
+// limited to 32 bits.
 class Stock : public NameNode, public StockRecord {
 public:
     // All lengths 0, global.
@@ -45,20 +45,21 @@ public:
     void set_global(bool on) { SetFlag(GLOBAL, on); }
     void set_predefined(bool on) { SetFlag(PREDEFINED, on); }
     bool can_delete() const { return is_global() && !is_server(); }
+    // For the pages that edit stocks.
     bool can_resize() const { return (is_user() || is_global()) && !is_server(); }
 
-    // The record as bytes. Set takes nothing unless there are exactly 28.
+    // The record as bytes. Set accepts only exactly 28.
     const StockRecord& GetRecord() const { return *this; }
     bool SetRecord(const void* data, size_t size);
 
     // In the registry: the values of `prefix` (a path and the beginning of their names) with "Name"
-    // and "Data" behind it. Load is false, and the stock unchanged, when the name is empty or the
+    // and "Data" after it. Load is false, and the stock unchanged, when the name is empty or the
     // record not 28 bytes long. Save is false when a value cannot be written.
     bool Load(prtreg& registry, const OString& prefix);
     bool Save(prtreg& registry, const OString& prefix) const;
     static void Delete(prtreg& registry, const OString& prefix);
 
-    // The beginning of the values' names of stock number `index`: "Form 07:: " for 7.
+    // The start of the names of stock number `index`: "Form 07:: " for 7.
     static OString KeyName(int index);
 
     // The size of label, liner and gaps, rounded to tenths of a millimetre.
@@ -69,7 +70,7 @@ public:
 
     // ---- Derived --------------------------------------------------------------------------------
 
-    // Sets the sizes below, of which the model limits what can be printed.
+    // Sets the sizes below. The model limits the printable ones.
     void CalculatePrintableArea(const prtmodel* model);
 
     // Sets the sizes and the offsets of the page for the orientation and resolution of a DEVMODE.
@@ -86,8 +87,8 @@ public:
     int32_t offset_top = 0;
     int32_t offset_bottom = 0;
 
-    // The number as a form: 256 of the user's, 257 and up of others; 0 of one that the model cannot
-    // print. A list gives them.
+    // The number as a form: 256 for the user's, 257 and up for others, 0 for one that the model
+    // cannot print. A list assigns them.
     uint16_t paper_id = 0;
 
     // Dots on the page, and the resolution that they were counted with.

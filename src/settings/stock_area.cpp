@@ -1,4 +1,4 @@
-// What of a stock can be printed, and where the page begins.
+// The printable part of a stock, and the start of the page.
 #include <algorithm>
 
 #include "model/prtmodel.h"
@@ -8,17 +8,28 @@
 
 namespace {
 
+// The turns of a page, as DevMode::GetOrientation counts them.
+enum Turn : int { PORTRAIT, LANDSCAPE, PORTRAIT_TURNED, LANDSCAPE_TURNED };
+
+// How the labels lie in the printer, as prtmodel::GetNaturalOrientation counts it.
+enum Natural : int { NATURAL_0, NATURAL_90, NATURAL_180 };
+
+// The places of coordinates in a pair.
+enum Axis : int { X, Y };
+
+constexpr int kMicronsPerInch = 25400;
+
 int32_t Narrow(int64_t value) {
     return static_cast<int32_t>(std::clamp<int64_t>(value, INT32_MIN, INT32_MAX));
 }
 
 // Micrometres in dots: cut, and counting the last dot that is begun.
 int64_t Dots(int64_t microns, int dpi) {
-    return dpi * microns / 25400;
+    return dpi * microns / kMicronsPerInch;
 }
 
 int64_t DotsUp(int64_t microns, int dpi) {
-    return (dpi * microns + 25399) / 25400;
+    return (dpi * microns + kMicronsPerInch - 1) / kMicronsPerInch;
 }
 
 } // namespace
@@ -66,12 +77,12 @@ void Stock::CalculateOffsets(const prtmodel* model, const DEVMODEW* dev_mode) {
     const int64_t unprintable = model->GetUnprintableWidth().Microns();
     const int natural = model->GetNaturalOrientation();
 
-    // The page as it is turned.
+    // The page as turned.
     int64_t margins[2] = {offset_left, offset_top};
-    if (turn == 1) margins[0] = offset_bottom, margins[1] = offset_left;
-    if (turn == 2) margins[0] = offset_right, margins[1] = offset_bottom;
-    if (turn == 3) margins[0] = offset_top, margins[1] = offset_right;
-    if (turn == 1 || turn == 3) {
+    if (turn == LANDSCAPE) margins[X] = offset_bottom, margins[Y] = offset_left;
+    if (turn == PORTRAIT_TURNED) margins[X] = offset_right, margins[Y] = offset_bottom;
+    if (turn == LANDSCAPE_TURNED) margins[X] = offset_top, margins[Y] = offset_right;
+    if (turn == LANDSCAPE || turn == LANDSCAPE_TURNED) {
         std::swap(paper_width, paper_length);
         std::swap(printable_width, printable_length);
     }
@@ -84,58 +95,58 @@ void Stock::CalculateOffsets(const prtmodel* model, const DEVMODEW* dev_mode) {
     int64_t away = 0;
     if (left_tracked && offset_left > unprintable) away = unprintable - offset_left;
     if (right_tracked && offset_right > unprintable) away = offset_right - unprintable;
-    if (turn == 0) shift[0] = away;
-    if (turn == 1) shift[1] = away;
-    if (turn == 2) shift[0] = -away;
-    if (turn == 3) shift[1] = -away;
+    if (turn == PORTRAIT) shift[X] = away;
+    if (turn == LANDSCAPE) shift[Y] = away;
+    if (turn == PORTRAIT_TURNED) shift[X] = -away;
+    if (turn == LANDSCAPE_TURNED) shift[Y] = -away;
 
     int64_t reference = 0;
     if (left_tracked) reference = offset_right + unprintable;
-    if (right_tracked || (centre_tracked && natural == 2))
+    if (right_tracked || (centre_tracked && natural == NATURAL_180))
         reference = int64_t{offset_left} + offset_right;
-    if (centre_tracked && natural == 1) reference = offset_left;
+    if (centre_tracked && natural == NATURAL_90) reference = offset_left;
 
-    int64_t origin[2] = {shift[0], shift[1]};
+    int64_t origin[2] = {shift[X], shift[Y]};
     int64_t device[2] = {0, 0};
-    if (natural == 2) {
-        origin[0] = -shift[0];
-        origin[1] = -shift[1];
-        if (turn == 0) origin[0] += reference;
-        if (turn == 1) origin[0] = reference - shift[0] - shift[1];
-        if (turn == 2) origin[0] = 0;
-        if (turn == 1 || turn == 3) origin[1] = 0;
+    if (natural == NATURAL_180) {
+        origin[X] = -shift[X];
+        origin[Y] = -shift[Y];
+        if (turn == PORTRAIT) origin[X] += reference;
+        if (turn == LANDSCAPE) origin[X] = reference - shift[X] - shift[Y];
+        if (turn == PORTRAIT_TURNED) origin[X] = 0;
+        if (turn == LANDSCAPE || turn == LANDSCAPE_TURNED) origin[Y] = 0;
         if (left_tracked) {
-            device[0] = Dots(shift[0], dpi_x);
-            device[1] = Dots(shift[1], dpi_y);
-            shift[0] = shift[1] = 0;
+            device[X] = Dots(shift[X], dpi_x);
+            device[Y] = Dots(shift[Y], dpi_y);
+            shift[X] = shift[Y] = 0;
         }
     } else {
-        const bool towards_centre = natural == 1 && centre_tracked;
-        if (turn == 0 && towards_centre) origin[0] -= reference;
-        if (turn == 1) {
-            origin[1] = 0;
-            if (!right_tracked) origin[0] += shift[1];
-            if (towards_centre) origin[0] -= reference;
+        const bool towards_centre = natural == NATURAL_90 && centre_tracked;
+        if (turn == PORTRAIT && towards_centre) origin[X] -= reference;
+        if (turn == LANDSCAPE) {
+            origin[Y] = 0;
+            if (!right_tracked) origin[X] += shift[Y];
+            if (towards_centre) origin[X] -= reference;
         }
-        if (turn == 2) origin[0] = reference;
-        if (turn == 3) {
-            origin[1] = 0;
-            origin[0] = shift[0] + reference;
+        if (turn == PORTRAIT_TURNED) origin[X] = reference;
+        if (turn == LANDSCAPE_TURNED) {
+            origin[Y] = 0;
+            origin[X] = shift[X] + reference;
         }
         if (right_tracked) {
-            if (natural == 0) {
-                device[0] = DotsUp(shift[0], dpi_x);
-                device[1] = DotsUp(shift[1], dpi_y);
+            if (natural == NATURAL_0) {
+                device[X] = DotsUp(shift[X], dpi_x);
+                device[Y] = DotsUp(shift[Y], dpi_y);
             }
-            shift[0] = shift[1] = 0;
+            shift[X] = shift[Y] = 0;
         }
     }
-    origin_x = Narrow(DotsUp(origin[0], dpi_x));
-    origin_y = Narrow(DotsUp(origin[1], dpi_y));
-    shift_x = Narrow(DotsUp(shift[0], dpi_x));
-    shift_y = Narrow(DotsUp(shift[1], dpi_y));
-    margin_x = Narrow(Dots(margins[0], dpi_x));
-    margin_y = Narrow(Dots(margins[1], dpi_y));
-    device_x = Narrow(device[0]);
-    device_y = Narrow(device[1]);
+    origin_x = Narrow(DotsUp(origin[X], dpi_x));
+    origin_y = Narrow(DotsUp(origin[Y], dpi_y));
+    shift_x = Narrow(DotsUp(shift[X], dpi_x));
+    shift_y = Narrow(DotsUp(shift[Y], dpi_y));
+    margin_x = Narrow(Dots(margins[X], dpi_x));
+    margin_y = Narrow(Dots(margins[Y], dpi_y));
+    device_x = Narrow(device[X]);
+    device_y = Narrow(device[Y]);
 }

@@ -2,7 +2,6 @@
 
 #include <algorithm>
 #include <cstddef>
-#include <cstring>
 #include <memory>
 
 #include "core/fixed_text.h"
@@ -15,9 +14,9 @@
 
 namespace {
 
-constexpr int MOST_FORMS = 0xFFFF; // no more can have a number
-constexpr int FORM_NAME = 64;      // units of a name's field, as the system asks for it
-constexpr int16_t USER_ID = DMPAPER_USER;
+constexpr int kMostForms = 0xFFFF; // no more can have a number
+constexpr int kFormNameUnits = 64; // units of a name's field, as the system asks for it
+constexpr int16_t kUserId = DMPAPER_USER;
 
 constexpr char kUserForm[] = "Settings:User Form:: ";
 constexpr char kForms[] = "Stock:";
@@ -30,26 +29,31 @@ OString TotalName(const OString& key) {
     return OString(key) << "Total";
 }
 
-// How many stocks a key says to have, within reason.
+// The number of stocks that a key claims to have, within reason.
 int StoredTotal(prtreg& registry, const OString& key) {
-    return static_cast<int>(std::min<uint32_t>(registry.GetDWORD(TotalName(key), 0), MOST_FORMS));
+    return static_cast<int>(std::min<uint32_t>(registry.GetDWORD(TotalName(key), 0), kMostForms));
 }
 
-int CompareNames(const Stock& a, const Stock& b) {
-    return std::strcmp(a.GetName().nstring(), b.GetName().nstring());
+// By UTF-16 units, which lose no characters as the 8-bit form may.
+int CompareNames(const OString& a, const OString& b) {
+    // Strings compare by this form once both have it.
+    a.wstring();
+    b.wstring();
+    return a.Collate(b);
 }
 
 bool SortsBefore(const Stock* a, const Stock* b) {
-    return a->is_user() != b->is_user() ? a->is_user() : CompareNames(*a, *b) < 0;
+    return a->is_user() != b->is_user() ? a->is_user()
+                                        : CompareNames(a->GetName(), b->GetName()) < 0;
 }
 
-// By names, the user's in front of others of its name.
+// By names, the user's stock before others of its name.
 bool NameSortsBefore(const Stock* a, const Stock* b) {
-    const int order = CompareNames(*a, *b);
+    const int order = CompareNames(a->GetName(), b->GetName());
     return order != 0 ? order < 0 : a->is_user() && !b->is_user();
 }
 
-// Whether the first of two stocks of one name goes, or the second.
+// Whether the first of two stocks of one name is deleted, or the second.
 bool FirstGoes(const Stock& first, const Stock& second) {
     return first.can_delete() || second.is_user() || second.is_server();
 }
@@ -57,14 +61,10 @@ bool FirstGoes(const Stock& first, const Stock& second) {
 } // namespace
 
 StockList& StockList::operator=(const StockList& other) {
-    if (this == &other) return *this;
     NameList::operator=(other);
-    Clear();
-    for (const Stock* stock = other.GetNext(nullptr); stock; stock = other.GetNext(stock))
-        AddTail(new (kCounted) Stock(*stock));
+    StoredList::operator=(other);
     model_ = other.model_;
-    checksum_ = other.checksum_;
-    whole_ = other.whole_;
+    if (!CopyNodes(other)) KeepStored();
     return *this;
 }
 
@@ -88,9 +88,8 @@ void StockList::Load(const prtmodel* model) {
     LoadForm(registry, kUserForm);
     LoadForms(registry, kForms);
     LoadForms(registry, FamilyForms(*model));
-    whole_ = !registry.HasFailed();
     Validate();
-    checksum_ = GetCRC32(0);
+    NoteLoaded(GetCRC32(0), registry);
 }
 
 int StockList::LoadForms(prtreg& registry, const OString& key) {
@@ -105,19 +104,15 @@ bool StockList::LoadForm(prtreg& registry, const OString& prefix) {
     return stock && stock->Load(registry, prefix) && AddTail(stock.release());
 }
 
-bool StockList::Save(const prtmodel* model) const {
-    const uint32_t checksum = GetCRC32(0);
-    if (checksum == checksum_ || !whole_) return false;
+SaveResult StockList::Save(const prtmodel* model) const {
     prtreg registry(model->GetRegistry());
-    ORegistryTransaction changes(registry);
-    const Stock* stock = GetNext(nullptr);
-    while (stock && !stock->is_user()) stock = GetNext(stock);
-    if (stock) stock->Save(registry, kUserForm);
-    SaveForms(registry, kForms, false);
-    SaveForms(registry, FamilyForms(*model), true);
-    if (!changes.Commit()) return false;
-    checksum_ = checksum;
-    return true;
+    return SaveChanges(registry, GetCRC32(0), [&] {
+        const Stock* stock = GetNext(nullptr);
+        while (stock && !stock->is_user()) stock = GetNext(stock);
+        if (stock) stock->Save(registry, kUserForm);
+        SaveForms(registry, kForms, false);
+        SaveForms(registry, FamilyForms(*model), true);
+    });
 }
 
 void StockList::SaveForms(prtreg& registry, const OString& key, bool predefined) const {
@@ -151,7 +146,7 @@ void StockList::RemoveDuplicates() {
     std::stable_sort(first, first + end, NameSortsBefore);
     size_t kept = 0;
     for (size_t i = 0; i < end; ++i) {
-        if (kept == 0 || CompareNames(*first[kept - 1], *first[i]) != 0) {
+        if (kept == 0 || CompareNames(first[kept - 1]->GetName(), first[i]->GetName()) != 0) {
             first[kept++] = first[i];
         } else if (FirstGoes(*first[kept - 1], *first[i])) {
             delete first[kept - 1];
@@ -167,11 +162,11 @@ void StockList::RemoveDuplicates() {
 void StockList::NumberStocks() {
     const int32_t longest = model_->GetPaperLengthMax().Microns();
     const int32_t widest = model_->GetPaperWidthMax().Microns();
-    int next_id = USER_ID + 1;
+    int next_id = kUserId + 1;
     for (Stock* stock = GetNext(nullptr); stock; stock = GetNext(stock)) {
         stock->CalculatePrintableArea(model_);
         if (stock->is_user())
-            stock->paper_id = USER_ID;
+            stock->paper_id = kUserId;
         else if (stock->paper_length > longest || stock->paper_width > widest || next_id > 0xFFFF)
             stock->paper_id = 0;
         else
@@ -189,7 +184,7 @@ Stock* StockList::GetNextValid(const Stock* after) const {
 
 Stock* StockList::Find(const OString& name) const {
     for (Stock* stock = GetNextValid(nullptr); stock; stock = GetNextValid(stock))
-        if (std::strcmp(stock->GetName().nstring(), name.nstring()) == 0) return stock;
+        if (CompareNames(stock->GetName(), name) == 0) return stock;
     return nullptr;
 }
 
@@ -203,17 +198,17 @@ Stock* StockList::Find(const DEVMODEW* dev_mode) {
     if (!dev_mode) return nullptr;
     DEVMODEW mode = PublicPart(dev_mode).fields;
     const bool by_size = (mode.dmFields & DM_PAPERSIZE) != 0;
-    const int16_t id = by_size ? std::max<int16_t>(mode.dmPaperSize, USER_ID) : USER_ID;
+    const int16_t id = by_size ? std::max<int16_t>(mode.dmPaperSize, kUserId) : kUserId;
     Stock* stock = nullptr;
     if (!by_size && (mode.dmFields & DM_FORMNAME)) {
         mode.dmFormName[CCHFORMNAME - 1] = 0;
         stock = Find(OString(mode.dmFormName));
     }
     if (!stock) stock = Find(id);
-    if (!stock) stock = Find(USER_ID);
+    if (!stock) stock = Find(kUserId);
     if (!stock) return nullptr;
 
-    if (id == USER_ID) {
+    if (id == kUserId) {
         const auto without = [](int64_t tenths, int64_t a, int64_t b) {
             return static_cast<int32_t>(
                 std::clamp<int64_t>(tenths * 100 - a - b, INT32_MIN, INT32_MAX));
@@ -247,6 +242,7 @@ int StockList::enum_paper_name(WCHAR* output) const {
     int count = 0;
     for (const Stock* stock = GetNextValid(nullptr); stock; stock = GetNextValid(stock), ++count)
         if (output)
-            PutFixedText(output + ptrdiff_t{count} * FORM_NAME, stock->GetName(), FORM_NAME);
+            PutFixedText(output + ptrdiff_t{count} * kFormNameUnits, stock->GetName(),
+                         kFormNameUnits);
     return count;
 }

@@ -10,14 +10,18 @@
 
 namespace {
 
-constexpr char kKind[] = "stock";
+constexpr char kStockBlock[] = "stock";
 
-// The record of a "Data" line. What decodes to a sound container is unpacked, any other is taken as
-// it is.
+// The record of a "Data" line. Text that decodes to a valid container is unpacked, any other is
+// taken unchanged.
 bool ReadRecord(const OString& text, Stock& stock) {
     OBuffer<char> bytes;
     Base64::StringToBuffer(text, bytes);
     return stock.SetRecord(bytes.GetData(), bytes.GetSize());
+}
+
+bool CanBeStored(const Stock& stock) {
+    return !stock.GetName().IsEmpty() && ORegistry::CanStore(stock.GetName());
 }
 
 OString RecordText(const Stock& stock) {
@@ -34,10 +38,10 @@ int StockList::Export(OFile& file) const {
     int blocks = 0;
     for (const Stock* stock = GetNext(nullptr); stock; stock = GetNext(stock)) {
         if (stock->is_user()) continue;
-        file << "<" << kKind << ">" << OCore::endl;
+        file << "<" << kStockBlock << ">" << OCore::endl;
         file << "Name=" << stock->GetName() << OCore::endl;
         file << "Data=" << RecordText(*stock) << OCore::endl;
-        file << "</" << kKind << ">" << OCore::endl << OCore::endl;
+        file << "</" << kStockBlock << ">" << OCore::endl << OCore::endl;
         ++blocks;
     }
     return blocks;
@@ -47,15 +51,18 @@ int StockList::Import(OFile& file, int) {
     int blocks = 0;
     bool is_protected = false;
     std::unique_ptr<Stock> stock; // of the block that is being read
-    SettingsBlocks reader(file, kKind);
+    SettingsBlocks reader(file, kStockBlock);
     while (const SettingsBlocks::Line line = reader.Read()) {
         if (line == SettingsBlocks::BLOCK_START) {
             stock.reset(new (kCounted) Stock);
         } else if (!stock) {
             continue;
         } else if (line == SettingsBlocks::BLOCK_END) {
-            AddTail(stock.release());
-            ++blocks;
+            if (CanBeStored(*stock)) {
+                AddTail(stock.release());
+                ++blocks;
+            }
+            stock.reset();
         } else if (reader.Key() == "Name") {
             stock->SetName(reader.Value());
         } else if (reader.Key() == "Protected") {
@@ -92,6 +99,7 @@ int StockList::ImportKFM1(OFile& file) {
         stock->SetName(record.GetData() + sizeof(StockRecord));
         stock->set_predefined(false);
         stock->set_global(true);
+        if (!CanBeStored(*stock)) continue;
         AddTail(stock.release());
         ++stocks;
     }

@@ -15,7 +15,7 @@ HINSTANCE DriverUtility::GetModuleHandle() {
 OString DriverUtility::GetDriverDirectory() {
     WCHAR path[MAX_PATH] = {};
     DWORD length = g_module ? GetModuleFileNameW(g_module, path, MAX_PATH) : 0;
-    // A cut path may lack its terminator; a module that deep has no usable directory.
+    // A truncated path may lack its terminator. A module that deep has no usable directory.
     if (length == 0 || length >= MAX_PATH) return OString();
     return OString(path).PathPart();
 }

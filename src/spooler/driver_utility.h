@@ -1,4 +1,4 @@
-// Where the module itself lives.
+// The module's own location.
 #pragma once
 
 #include <windows.h>
@@ -11,7 +11,7 @@ public:
     static void SetModuleHandle(HINSTANCE instance);
     static HINSTANCE GetModuleHandle();
 
-    // The folder that the module was loaded from, without a trailing backslash: its file name up
-    // to, not including, the last backslash. At most 260 characters; empty before attach.
+    // The folder that the module was loaded from, without a trailing backslash: its file name up to
+    // but not including the last backslash. At most 260 characters; empty before attach.
     static OString GetDriverDirectory();
 };

@@ -8,8 +8,8 @@
 
 class OpenPrinter {
 public:
-    // The handle when there is one, which is borrowed; else the printer opened by its full name
-    // with that access. An empty name opens nothing: to the spooler it is the print server.
+    // Borrows `handle` if there is one, else opens the printer by its full name with that access.
+    // An empty name opens nothing, as it means the print server to the spooler.
     OpenPrinter(const OString& name, DWORD access, HANDLE handle = nullptr)
         : handle_(handle) {
         if (handle_ || name.IsEmpty()) return;
@@ -17,7 +17,7 @@ public:
         opened_ = OpenPrinterW(const_cast<WCHAR*>(name.wstring()), &handle_, &defaults) != FALSE;
         if (!opened_) handle_ = nullptr;
     }
-    // Leaves the last error as it is: what went wrong is told before the printer is closed.
+    // Preserves the last error, so that a failure can be reported after the printer is closed.
     ~OpenPrinter() {
         if (!opened_) return;
         const DWORD error = GetLastError();
@@ -27,7 +27,7 @@ public:
     OpenPrinter(const OpenPrinter&) = delete;
     OpenPrinter& operator=(const OpenPrinter&) = delete;
 
-    // Null when the printer cannot be opened.
+    // Null if the printer could not be opened.
     HANDLE Get() const { return handle_; }
 
 private:

@@ -1,11 +1,11 @@
-// The two facts about the installation that select between the ways the module works.
+// Two facts about the installation that decide how the module works.
 #pragma once
 
 #include "core/ostring.h"
 
-// Set once when the module is attached, before any other thread can call it; read everywhere.
+// Set once when the module is attached, before any other thread can call it, and read everywhere.
 
-// The module runs from a numbered version folder of the spooler's driver directory. Clear on the
+// The module runs from a numbered version folder of the spooler's driver directory. False on the
 // 16-bit (Windows 9x) installation, where the 32-bit pages live inside the 16-bit driver's sheets.
 extern bool winNT;
 
@@ -13,5 +13,5 @@ extern bool winNT;
 extern bool win2000;
 
 // Derives both flags from the folder that the module was loaded from (no trailing separator):
-// "...\drivers\w32x86\3" sets both, "...\w32x86\2" only winNT, "...\SYSTEM" none.
+// "...\drivers\w32x86\3" sets both, "...\w32x86\2" only winNT, "...\SYSTEM" neither.
 void SetPlatformFlags(const OString& driver_directory);

@@ -10,17 +10,17 @@ namespace {
 
 constexpr uint32_t kMaxRecordSize = 64u << 20;
 constexpr uint32_t kUsualRecordSize = 4096; // larger than any of the structures
-constexpr int kMaxAttempts = 8;             // for a record that keeps growing between two questions
+constexpr int kMaxAttempts = 8;             // for a record that keeps growing between two calls
 
 // How far a question to the spooler got.
 enum Outcome {
     Done,
-    Failed,     // the size was known, the record could not be had
+    Failed,     // the size was known, but the record could not be obtained
     NotOffered, // neither the record nor its size
 };
 
-// Asks for a record of at least `minimum` bytes: with room for what is usual first, for a question
-// costs the spooler more than the room costs us, then with as much as it says.
+// Asks for a record of at least `minimum` bytes. First with room for a usual one, because a call
+// costs the spooler more than the room costs us, then with as much as it asks for.
 template <typename Ask>
 Outcome GetRecord(OBuffer<unsigned char>& buffer, uint32_t minimum, Ask ask) {
     DWORD needed = 0;
@@ -40,7 +40,7 @@ OString FilePartOf(const OString& path) {
     return path.FilePart();
 }
 
-// The file parts of a list in which each entry has a terminator and the list another one.
+// Reads the file parts of a list whose entries are zero-terminated, as is the list itself.
 template <typename Character>
 void ReadFileList(OStringArray& files, const Character* list) {
     if (!list) return;
@@ -101,7 +101,7 @@ struct PrinterInfo::DriverRecord {
     OString provider;
     bool known = false;
 
-    // From DRIVER_INFO_6W, DRIVER_INFO_3W or DRIVER_INFO_3A: what they have in common.
+    // From DRIVER_INFO_6W, DRIVER_INFO_3W or DRIVER_INFO_3A: the members they have in common.
     template <typename Info>
     void Read(const Info& info) {
         const OString driver_path = info.pDriverPath;
@@ -335,7 +335,7 @@ bool PrinterInfo::SetDevMode(DEVMODEW* dev_mode) {
     }
     auto& info = *reinterpret_cast<PRINTER_INFO_2W*>(buffer.GetData());
     info.pDevMode = dev_mode;
-    // Without one the spooler keeps its own; to write it back would ask for more rights.
+    // With null the spooler keeps its own. To write it back would need more rights.
     info.pSecurityDescriptor = nullptr;
     if (!SetPrinterW(printer.Get(), 2, buffer.GetData(), 0)) return false;
 

@@ -13,7 +13,7 @@ struct Sizes {
     uint16_t private_part = 0;
 };
 
-// dmSize and dmDriverExtra lie at `offset`. False when the DEVMODE cannot be what they say.
+// Reads dmSize and dmDriverExtra at `offset`. False if they contradict the DEVMODE.
 bool ReadSizes(const void* dev_mode, size_t available, size_t offset, Sizes& sizes) {
     const size_t end = offset + sizeof sizes;
     if (!dev_mode || available < end) return false;
@@ -21,7 +21,7 @@ bool ReadSizes(const void* dev_mode, size_t available, size_t offset, Sizes& siz
     return sizes.public_part >= end && size_t{sizes.public_part} + sizes.private_part <= available;
 }
 
-// Converts a name of `size` bytes, terminated or not, to as many characters with their terminator.
+// Converts a name of `size` bytes, terminated or not, to `size` characters with the terminator.
 void WidenName(unsigned char* wide, const unsigned char* ansi, size_t size) {
     char text[CCHDEVICENAME + 1] = {};
     std::memcpy(text, ansi, size);
@@ -43,7 +43,7 @@ OBuffer<unsigned char> CopyDevMode(const DEVMODEW* dev_mode, size_t available) {
 }
 
 OBuffer<unsigned char> CopyDevMode(const DEVMODEA* dev_mode, size_t available) {
-    // The layouts differ in the two names only: what lies between and behind them moves.
+    // The layouts differ only in the two names, so the members between and after them move.
     constexpr size_t kBetween = offsetof(DEVMODEA, dmSpecVersion);
     constexpr size_t kForm = offsetof(DEVMODEA, dmFormName);
     constexpr size_t kAfter = offsetof(DEVMODEA, dmLogPixels);

@@ -4,22 +4,18 @@
 #include "core/memory.h"
 #include "keys/network_policy.h"
 #include "keys/shadow_keys.h"
+#include "locale/text_numbers.h"
 #include "spooler/printer_info.h"
 
-namespace {
-
-// Texts in the language library.
-enum : int {
-    CURRENT_SETTINGS_NAME = 4102,
-    DEFAULT_SETTINGS_NAME = 4103,
-    CURRENT_SETTINGS_DESCRIPTION = 4104,
-    DEFAULT_SETTINGS_DESCRIPTION = 4105,
-    START_ON_LAST_PAGE = 9990, // "Y" or "N"
-};
-
-} // namespace
-
 prtui::~prtui() = default;
+
+void prtui::GetVersionInfo(OString& version) {
+    version = version_.GetText("ProductVersion");
+}
+
+void prtui::GetVersionTag(OString& tag) {
+    tag = version_.GetText("Product Tag");
+}
 
 void prtui::init(HANDLE printer, const DEVMODEW* in, uint32_t mode) {
     fmode = mode;
@@ -53,7 +49,7 @@ void prtui::InitEx() {
     restricted = !NetworkPolicy(model->GetPrinterName()).MayChange();
     fonts.Load(model.get());
     data_fonts.Load(model.get());
-    start_on_last = locale.GetString(START_ON_LAST_PAGE) == "Y";
+    start_on_last = locale.GetString(TEXT_START_ON_LAST_PAGE) == "Y";
 }
 
 void prtui::ChooseFontSettings(CFontSettings*) {}
@@ -74,14 +70,13 @@ void prtui::Settings_Load() {
 }
 
 bool prtui::Settings_Save() {
-    if (!model || restricted || !is_whole) return false;
-    presets.Save(model.get());
-    stocks.Save(model.get());
-    const bool fonts_stored = fonts.Save(model.get());
-    // Saved unchanged they would undo what others have changed meanwhile.
-    if (data_fonts.IsModified()) data_fonts.Save(model.get());
+    if (!model || !is_whole) return false;
+    bool stored = presets.Save(model.get()) != SaveResult::FAILED;
+    stored &= stocks.Save(model.get()) != SaveResult::FAILED;
+    stored &= fonts.Save(model.get()) != SaveResult::FAILED;
+    stored &= data_fonts.Save(model.get()) != SaveResult::FAILED;
     if (commit_shadow) CommitShadow(PrinterInfo(hprinter).GetPrinterName());
-    return presets.IsStored() && stocks.IsStored() && fonts_stored && !data_fonts.IsModified();
+    return stored;
 }
 
 void prtui::Settings_Export(const WCHAR* file, int contents, KDSettingsResult* result) {
@@ -93,7 +88,7 @@ void prtui::Settings_Export(const WCHAR* file, int contents, KDSettingsResult* r
 
 void prtui::Settings_Import(const WCHAR* file, int contents, KDSettingsResult* result) {
     KDSettingsResult read = {};
-    if (model && file && !restricted)
+    if (model && file)
         read = ImportSettingsFile(file, contents, {*model, stocks, presets, data_fonts});
     if (result) *result = read;
 }
@@ -110,11 +105,15 @@ void prtui::AddBuiltInPresets() {
             preset->SetToDefaultDevMode(model.get());
         preset->SetName(locale.GetString(name));
         preset->SetDescription(locale.GetString(description));
-        presets.AddTail_ReplaceName(preset);
+        // Without a language library they have no names. They must not replace each other then.
+        if (preset->GetName().IsEmpty())
+            presets.AddTail(preset);
+        else
+            presets.AddTail_ReplaceName(preset);
     };
-    add(Preset::CURRENT_SETTINGS, Preset::CURRENT_SETTINGS_PRIORITY, CURRENT_SETTINGS_NAME,
-        CURRENT_SETTINGS_DESCRIPTION);
-    add(Preset::DEFAULT_SETTINGS, Preset::DEFAULT_SETTINGS_PRIORITY, DEFAULT_SETTINGS_NAME,
-        DEFAULT_SETTINGS_DESCRIPTION);
+    add(Preset::CURRENT_SETTINGS, Preset::CURRENT_SETTINGS_PRIORITY, TEXT_CURRENT_SETTINGS,
+        TEXT_ABOUT_CURRENT_SETTINGS);
+    add(Preset::DEFAULT_SETTINGS, Preset::DEFAULT_SETTINGS_PRIORITY, TEXT_DEFAULT_SETTINGS,
+        TEXT_ABOUT_DEFAULT_SETTINGS);
     presets.Sort();
 }

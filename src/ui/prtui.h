@@ -17,186 +17,178 @@
 #include "settings/dev_mode.h"
 #include "settings/preset_list.h"
 #include "settings/stock_list.h"
+#include "ui/common_sheet.h"
 #include "ui/settings_file.h"
+#include "ui/version_info.h"
 
 class prtpage;
 class prtstream;
+struct ActionRow;
 struct CFontSettings;
 
-// Made by new_ext for one property sheet or one user of the settings interface, filled by init,
+// Made by new_ext for one property sheet or one user of the settings interface, filled by init and
 // edited in place. Used on the thread that made it.
 //
-// Without a model for the printer, init leaves the names alone filled in: `model` is null, the
-// DEVMODEs have no buffer, the lists are empty.
+// Without a model for the printer, init fills in only the names: `model` is null, the DEVMODEs have
+// no buffer, and the lists are empty.
 class prtui : public UIPrinter {
 public:
-    // The UI object of the printer language that the driver speaks; null without memory.
+    // The UI object of the printer language that the driver speaks, or null without memory.
     static prtui* new_ext();
 
     prtui() = default;
     virtual ~prtui();
 
-    // Loads everything that is edited, for a model and a DEVMODE that exist. Called by init.
+    // Loads everything that is edited, for an existing model and DEVMODE. Called by init.
     virtual void InitEx();
 
-    // ---- The module's version resource (prtui_version.cpp). Empty texts where it lacks something.
+    // ---- The module's version resource, for the pages that show it. Texts that it lacks are
+    // empty.
 
     virtual void GetVersionInfo(OString& version); // "1.2.3"
     virtual void GetVersionTag(OString& tag);      // the name of the release in the source history
-    OString GetBuildDate();
-    OString GetSCMBranch();
-    OString GetSCMRevision();
-    // With the copyright sign in place of "(c)" and the character behind it where the code page of
-    // the language is 1252.
-    OString GetCopyright();
-    // The years of the copyright; 0 where it has none.
-    int32_t GetCopyrightStart();
-    int32_t GetCopyrightEnd();
-    // Reads the resource unless it is there. False when it cannot be had.
-    bool LoadFileVersionInfo();
+    OString GetBuildDate() { return version_.GetText("Build Date"); }
+    OString GetSCMBranch() { return version_.GetText("SCM Branch"); }
+    OString GetSCMRevision() { return version_.GetText("SCM Revision"); }
+    // In the code page of the language.
+    OString GetCopyright() { return version_.GetCopyright(locale.GetCurrentCP()); }
+    // The years of the copyright, or 0 if it has none.
+    int32_t GetCopyrightStart() { return ReadCopyrightYears(GetCopyright()).start; }
+    int32_t GetCopyrightEnd() { return ReadCopyrightYears(GetCopyright()).end; }
+    // Reads the resource unless that was done. False if it cannot be read.
+    bool LoadFileVersionInfo() { return version_.Load(); }
 
-    // What can be set about objects that are kept in the printer: here nothing, for a language that
-    // keeps none.
+    // The settings on the page of the object cache. Here none, for a language without such objects.
     virtual void GetCacheParameters(CacheParameters& parameters) const;
 
-    // What the download of a font asks the user. Nothing is changed here: no printer language, no
-    // questions of its own.
+    // The questions of the dialog for a font's download. Without a printer language there are none,
+    // and nothing is changed here.
     virtual void ChooseFontSettings(CFontSettings* settings);
-    // Asks the printer which fonts it has and marks the list by that. `page` is the page that asks,
-    // null outside of a sheet. False, and all are marked as missing, when the printer cannot be
-    // asked; here always, with the list as it was.
+    // Asks the printer which fonts it has and marks the list accordingly. `page` is the page that
+    // asks, null outside of a sheet. False, with all fonts marked as missing, if the printer cannot
+    // be asked: the caller then restores a copy of the list, so that the marks are not stored. Here
+    // always false, with the list unchanged.
     virtual bool VerifyFonts(prtpage* page);
-    // Whether what was downloaded to the printer can be compared with what it reports; here never.
+    // Whether downloaded fonts can be compared with those that the printer reports; here never.
     virtual bool EnableVerifyFonts(prtstream& stream);
-    // Completes what the user chose for a download.
+    // Completes the user's choices for a download.
     virtual void AdjustFontInfo(DownloadedFontInfo* font);
 
-    // ---- Actions: what the printer can be told to do. None without a model. `page` is the page
-    // that asks, null outside of a sheet.
+    // ---- Printer actions. There are none without a model. `page` is the page that asks, null
+    // outside of a sheet.
 
-    // Does an action, offered or not, in a job of the action's name ("Printer Test" for pages that
-    // are printed through the driver). Failures to reach the printer
-    // are not reported; an action that is not known does nothing.
+    // Runs an action, offered or not, in a job named after the action ("Printer Test" for pages
+    // that are printed through the driver). Failures to reach the printer are not reported. An
+    // action that is unknown or opens a dialog does nothing.
     virtual void PrinterAction(prtpage* page, printer_action action);
-    // How an action is offered for the printer as it is set up: ACTION_OFFERED and the others.
+    // How an action is offered for the printer as set up: ACTION_OFFERED and the others.
     virtual uint32_t PrinterActionSupported(prtpage* page, printer_action action);
-    // What the user knows an action by; empty for one that has no name.
+    // The name of an action for the user, or empty if it has none.
     virtual OString PrinterActionName(printer_action action);
 
-    // Does an action that opens a dialog, without the dialog: `choice` is what would be chosen
-    // there. Here that is ACTION_SEND_FILE with the file's full path. False, and nothing is done,
-    // for other actions and for a choice that makes no sense.
-    virtual bool RunChoice(printer_action action, const OString& choice);
-
-    // Starts the status monitor's program, which opens or closes its window for a printer (`verb`
-    // "open" or "close"); `server` is the name of the machine that the printer belongs to, empty
-    // for this one. Not waited for; that it cannot be started is not reported.
+    // For the page of the status monitor: starts its program, which opens or closes its window for
+    // a printer (`verb` "open" or "close"). `server` is the name of the printer's machine, empty
+    // for this one. Does not wait for it; a failure to start it is not reported.
     static void rundll_statusmonitor(const OString& printer, const OString& server,
                                      const OString& verb, int show);
 
-    // Sends a file (Windows path) as it is, in a job of its name; an empty job when it cannot be
-    // read.
+    // Sends a file (Windows path) unchanged, in a job of its name. The job is empty if the file
+    // cannot be read.
     void SendFile(const OString& path);
 
-    // Takes a printer: its names, its model, and its document settings, which are the model's
-    // defaults with the printer's default DEVMODE merged into them and, when `mode` has
-    // DM_IN_BUFFER, `in` (which may be null). The handle is borrowed for the object's life. Once
-    // per object.
+    // Takes a printer: its names, its model, and its document settings. These are the model's
+    // defaults, overlaid with the printer's default DEVMODE and, if `mode` has DM_IN_BUFFER, with
+    // `in` (which may be null). The handle is borrowed for the object's life. To be called once per
+    // object.
     void init(HANDLE printer, const DEVMODEW* in, uint32_t mode);
 
     // ---- Property sheets. The driver has no pages of its own yet: a sheet has those of the
     // system.
 
-    // Take the sheet that the common property sheets make: what they are called with, and the pages
-    // that there are. `info` keeps this object from then on. Always 1.
+    // Take over the sheet that the common property sheets make: the arguments of their call, and
+    // the current pages. From then on `info` keeps this object. Always 1.
     LONG InitDevSheets(PROPSHEETUI_INFO* info, const DEVICEPROPERTYHEADER* header);
     LONG InitDocSheets(PROPSHEETUI_INFO* info, const DOCUMENTPROPERTYHEADER* header);
 
-    // The sheet's title, the printer's name, and its icon. Always 1.
+    // Sets the sheet's title, the printer's name, and its icon. Always 1.
     LONG ReasonGetInfoHeader(PROPSHEETUI_INFO* info, PROPSHEETUI_INFO_HEADER* header,
                              const WCHAR* printer);
 
-    // Whether settings of `size` bytes fit into pdmOut as far as cbOut tells its room: 0, and the
-    // dmSize of what lies there, leave it unsaid and are taken for enough.
-    static bool HasRoom(const DOCUMENTPROPERTYHEADER& header, size_t size);
-
-    // Ends a sheet as the user did. With `header` (of document settings) the settings go to whom
-    // the sheet was opened for: after OK the edited ones to pdmOut, merged into it where that is
-    // pdmIn, and with DM_UPDATE to the printer as its defaults; after Cancel, with DM_COPY, those
-    // that were last applied. Where pdmOut has no room for them nothing is stored. Always 1.
+    // Ends a sheet as the user did. With `header` (of document settings), the caller gets its
+    // settings: after OK, pdmOut gets the edited ones, merged into it if it is also pdmIn, and with
+    // DM_UPDATE the printer gets them as its defaults; after Cancel with DM_COPY, pdmOut gets those
+    // last applied. Nothing is stored if pdmOut has no room. Always 1.
     LONG ReasonSetResult(PROPSHEETUI_INFO* info, const SETRESULT_INFO* result,
                          const DOCUMENTPROPERTYHEADER* header);
 
-    // Take the edited settings as the ones to go back to, and tell the sheet that the user is done;
-    // tell it that the user gave up. False when the sheet refuses; true outside of a sheet.
+    // For the pages: Apply makes the edited settings those to return to and tells the sheet that
+    // the user is done; Cancel tells it that the user gave up. False if the sheet refuses, true
+    // outside of a sheet.
     bool Apply();
     bool Cancel();
 
-    // Whether the sheet edits the defaults of the printer or of the user, not a document's
+    // Whether the sheet edits the defaults of the printer or of the user, not one document's
     // settings.
     bool is_default_dm() const;
 
-    // What the driver answers for this printer and the edited settings, through the system.
+    // For the pages: the driver's answer, through the system, for this printer and the edited
+    // settings.
     uint32_t DeviceCapabilitiesW(WORD capability, unsigned char* output) const;
 
-    // Reads the lists anew, after the printer's server was asked for news (CreateShadow). The
-    // presets are the stored ones then, without the built-in ones. Nothing without a model.
+    // Reads the lists again, after asking the printer's server for news (CreateShadow). The presets
+    // are then the stored ones, without the built-in ones. Does nothing without a model.
     void Settings_Load();
-    // Stores the lists that changed, each of them whole, and sends a connection's settings to its
-    // server unless `commit_shadow` is off. False when something could not be stored. Of a
-    // restricted user, and of a printer that is not `is_whole`, nothing is.
+    // Stores all of each list that changed, and sends a connection's settings to its server unless
+    // `commit_shadow` is off. False if something could not be stored. Stores nothing unless
+    // `is_whole`.
     bool Settings_Save();
 
     // Writes a settings file, or adds what is in one to the lists, which Settings_Save then stores
-    // (see config/settings_file.h; `contents` is its SettingsFileContent). `result` may be null.
-    // Nothing, and zeros, without a model. A restricted user imports nothing.
+    // (see ui/settings_file.h; `contents` is its SettingsFileContent). `result` may be null.
+    // Nothing, and zeros, without a model.
     void Settings_Export(const WCHAR* file, int contents, KDSettingsResult* result);
     void Settings_Import(const WCHAR* file, int contents, KDSettingsResult* result);
 
     prtlocale locale;
 
-    // `devmode` as it was when it was last taken over, given back on cancel.
+    // `devmode` as last applied, restored on cancel.
     DevMode devmode_saved;
     // The checksum of `devmode` at that time.
     uint32_t devmode_crc = 0;
 
     prtdttf_list fonts;
-    // With the two built-in presets, which have the current and the default settings.
+    // Includes the two built-in presets, which have the current and the default settings.
     PresetList presets;
     StockList stocks;
     DataFontManager data_fonts;
 
     uint32_t fmode = 0;
-    // The user may look at the settings, but not change them.
+    // The user may look at the settings but not change them.
     bool no_permission = false;
 
-    // The sheet, its pages and how it is talked to; null outside of a sheet.
-    HANDLE hcomprop = nullptr;
-    PFNCOMPROPSHEET pfn_comprop = nullptr;
-    std::unique_ptr<HANDLE[]> page_handles;
-    int32_t page_count = 0;
+    CommonSheet sheet;
 
     // Whether saved settings are sent to the printer's server.
     bool commit_shadow = true;
-    // The user's access level is below the one that the printer requires.
+    // The user's access level is below the one that the printer requires. Then pages refuse
+    // changes, but nothing else does.
     bool restricted = false;
-    // init could read all of the printer, its model and its settings: what was read in part only
-    // must not be stored in place of the whole.
+    // init could read all of the printer, its model and its settings. Settings that were read only
+    // in part must not replace the stored ones.
     bool is_whole = false;
-    // A sheet opens on its last page, that of the information about the driver.
+    // A sheet opens on its last page, the one about the driver.
     bool start_on_last = false;
 
-    // The way to the printer; null until the language's InitEx.
+    // The stream to the printer. Null before the language's InitEx.
     prtstream* stream = nullptr;
+
+protected:
+    // Everything that is known about an action, or null for an unknown number.
+    virtual const ActionRow* FindAction(printer_action action) const;
 
 private:
     void AddBuiltInPresets();
-    void TakeSheet(PROPSHEETUI_INFO* info);
-    bool SetSheetResult(LPARAM result) const;
-    OString VersionText(const char* name);
-    void ReadCopyrightYears();
+    LONG TakeSheet(PROPSHEETUI_INFO* info);
 
-    std::unique_ptr<BYTE[]> version_info_;
-    int32_t copyright_start_ = 0;
-    int32_t copyright_end_ = 0;
+    VersionInfo version_;
 };

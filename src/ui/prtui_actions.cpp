@@ -1,32 +1,97 @@
-// What every printer can be told to do.
+// The actions of all printers.
+#include "locale/text_numbers.h"
 #include "printer/prtstream.h"
 #include "printer/prttest.h"
 #include "spooler/driver_utility.h"
+#include "ui/action_row.h"
 #include "ui/prtui.h"
 
 namespace {
 
-struct ActionName {
-    int32_t action;
-    int text;
-};
+constexpr uint32_t kAdministrativeDialog =
+    ACTION_OFFERED | ACTION_OPENS_DIALOG | ACTION_ADMINISTRATIVE;
 
-// Also those of other printer languages: names are asked for before offers.
-constexpr ActionName kNames[] = {
-    {1, 2401},  {2, 2405},  {3, 2402},  {4, 2403},  {5, 2404},  {6, 2451},  {7, 2456},  {8, 2452},
-    {9, 2455},  {10, 2453}, {37, 2450}, {11, 2454}, {12, 2406}, {13, 2410}, {15, 2408}, {16, 2409},
-    {14, 2407}, {17, 2411}, {18, 2412}, {20, 2413}, {19, 2414}, {21, 2460}, {22, 2464}, {27, 2463},
-    {28, 2457}, {23, 2458}, {39, 2485}, {40, 2486}, {45, 2487}, {24, 2461}, {25, 2483}, {26, 2484},
-    {29, 2459}, {30, 2465}, {31, 2466}, {32, 2467}, {33, 2468}, {34, 2470}, {35, 2469}, {42, 2481},
-    {43, 2482}, {44, 2462}, {46, 2488}, {47, 2415}, {48, 2489},
+bool CanCache(prtui& ui) {
+    return ui.model->CanCacheFormats() || ui.model->CanCacheGraphics();
+}
+
+bool HasCacheMemory(prtui& ui) {
+    if (!CanCache(ui)) return false;
+    CacheParameters parameters;
+    ui.GetCacheParameters(parameters);
+    return parameters.graphics_locations.GetSize() > 0 || parameters.format_locations.GetSize() > 0;
+}
+
+bool CanBeMonitored(prtui& ui) {
+    return ui.stream && ui.stream->is_bidirectional() && ui.stream->IsMonitorSupported();
+}
+
+void PrintTestLabel(prtui& ui, const ActionRow&) {
+    PrtTest(&ui, TestPattern::LABEL);
+}
+
+void PrintBlankLabel(prtui& ui, const ActionRow&) {
+    PrtTest(&ui, TestPattern::BLANK);
+}
+
+void ClearCache(prtui& ui, const ActionRow& row) {
+    ui.stream->StartJob(ui.PrinterActionName(row.action));
+    ui.stream->CacheAction({KVCacheAction::CLEAR, 0});
+    ui.stream->EndJob();
+}
+
+constexpr ActionRow kActions[] = {
+    {ACTION_TEST_LABEL, TEXT_TEST_LABEL, ACTION_OFFERED, nullptr, PrintTestLabel},
+    {ACTION_BLANK_LABEL, TEXT_BLANK_LABEL, ACTION_OFFERED, nullptr, PrintBlankLabel},
+    {ACTION_SEND_FILE, TEXT_SEND_FILE, kAdministrativeDialog},
+    {ACTION_CACHE, TEXT_CACHE, kAdministrativeDialog, HasCacheMemory},
+    {ACTION_CLEAR_CACHE, TEXT_CLEAR_CACHE, ACTION_OFFERED, CanCache, ClearCache},
+    {ACTION_ADMINISTRATION, TEXT_NONE, kAdministrativeDialog},
+    {ACTION_STATUS, TEXT_NONE, kAdministrativeDialog, CanBeMonitored},
+    {ACTION_OFFICE_COMPATIBILITY, TEXT_NONE, kAdministrativeDialog},
+    // The actions of other printer languages have only names.
+    {printer_action{3}, 2402},
+    {printer_action{4}, 2403},
+    {printer_action{7}, 2456},
+    {printer_action{9}, 2455},
+    {printer_action{19}, 2414},
+    {printer_action{21}, 2460},
+    {printer_action{24}, 2461},
+    {printer_action{27}, 2463},
+    {printer_action{29}, 2459},
+    {printer_action{30}, 2465},
+    {printer_action{31}, 2466},
+    {printer_action{33}, 2468},
+    {printer_action{34}, 2470},
+    {printer_action{35}, 2469},
+    {printer_action{40}, 2486},
+    {printer_action{42}, 2481},
+    {printer_action{43}, 2482},
+    {printer_action{44}, 2462},
+    {printer_action{47}, 2415},
+    {printer_action{48}, 2489},
 };
 
 } // namespace
 
+const ActionRow* prtui::FindAction(printer_action action) const {
+    return FindRow(kActions, action);
+}
+
 OString prtui::PrinterActionName(printer_action action) {
-    for (const ActionName& name : kNames)
-        if (name.action == action) return locale.GetString(name.text);
-    return OString();
+    const ActionRow* row = FindAction(action);
+    return row && row->text ? locale.GetString(row->text) : OString();
+}
+
+uint32_t prtui::PrinterActionSupported(prtpage*, printer_action action) {
+    const ActionRow* row = FindAction(action);
+    if (!model || !row || (row->is_possible && !row->is_possible(*this))) return 0;
+    return row->offer;
+}
+
+void prtui::PrinterAction(prtpage*, printer_action action) {
+    const ActionRow* row = FindAction(action);
+    if (stream && row && row->run) row->run(*this, *row);
 }
 
 void prtui::GetCacheParameters(CacheParameters& parameters) const {
@@ -41,63 +106,6 @@ void prtui::GetCacheParameters(CacheParameters& parameters) const {
 
 bool prtui::EnableVerifyFonts(prtstream&) {
     return false;
-}
-
-uint32_t prtui::PrinterActionSupported(prtpage*, printer_action action) {
-    if (!model) return 0;
-    constexpr uint32_t kAdministrativeDialog =
-        ACTION_OFFERED | ACTION_OPENS_DIALOG | ACTION_ADMINISTRATIVE;
-    const auto caches = [this] { return model->CanCacheFormats() || model->CanCacheGraphics(); };
-    switch (action) {
-    case ACTION_TEST_LABEL:
-    case ACTION_BLANK_LABEL:
-        return ACTION_OFFERED;
-    case ACTION_SEND_FILE:
-    case ACTION_ADMINISTRATION:
-    case ACTION_OFFICE_COMPATIBILITY:
-        return kAdministrativeDialog;
-    case ACTION_CACHE: {
-        if (!caches()) return 0;
-        CacheParameters parameters;
-        GetCacheParameters(parameters);
-        const bool has_memory = parameters.graphics_locations.GetSize() > 0 ||
-                                parameters.format_locations.GetSize() > 0;
-        return has_memory ? kAdministrativeDialog : 0;
-    }
-    case ACTION_CLEAR_CACHE:
-        return caches() ? ACTION_OFFERED : 0;
-    case ACTION_STATUS:
-        return stream && stream->is_bidirectional() && stream->IsMonitorSupported()
-                   ? kAdministrativeDialog
-                   : 0;
-    default:
-        return 0;
-    }
-}
-
-void prtui::PrinterAction(prtpage*, printer_action action) {
-    if (!stream) return;
-    switch (action) {
-    case ACTION_TEST_LABEL:
-        PrtTest(this, TestPattern::LABEL);
-        break;
-    case ACTION_BLANK_LABEL:
-        PrtTest(this, TestPattern::BLANK);
-        break;
-    case ACTION_CLEAR_CACHE:
-        stream->StartJob(PrinterActionName(action));
-        stream->CacheAction({KVCacheAction::CLEAR, 0});
-        stream->EndJob();
-        break;
-    default:
-        break;
-    }
-}
-
-bool prtui::RunChoice(printer_action action, const OString& choice) {
-    if (!stream || action != ACTION_SEND_FILE || choice.IsEmpty()) return false;
-    SendFile(choice);
-    return true;
 }
 
 void prtui::SendFile(const OString& path) {

@@ -10,7 +10,7 @@
 
 namespace {
 
-constexpr uint32_t UTF8 = 1208;
+constexpr uint32_t kUTF8 = 1208;
 constexpr char kHead[] = "<driver version='6.6'>";
 
 uint16_t Count(int number) {
@@ -18,7 +18,7 @@ uint16_t Count(int number) {
 }
 
 void ImportText(OFile& file, int flags, SettingsFileLists& settings, KDSettingsResult& result) {
-    file.SetCodePage(UTF8);
+    file.SetCodePage(kUTF8);
     if (flags & SETTINGS_STOCKS) result.stocks = Count(settings.stocks.Import(file, 0));
     if (flags & SETTINGS_PRESETS)
         result.presets = Count(settings.presets.Import(file, &settings.model));
@@ -37,7 +37,7 @@ void ImportText(OFile& file, int flags, SettingsFileLists& settings, KDSettingsR
 
 KDSettingsResult WriteText(OFile& file, int flags, const SettingsFileLists& settings) {
     KDSettingsResult result = {};
-    file.SetCodePage(UTF8);
+    file.SetCodePage(kUTF8);
     file << kHead << OCore::endl << OCore::endl;
     if (flags & SETTINGS_STOCKS) result.stocks = Count(settings.stocks.Export(file));
     if (flags & SETTINGS_PRESETS) result.presets = Count(settings.presets.Export(file));

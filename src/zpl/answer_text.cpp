@@ -5,7 +5,7 @@
 
 namespace {
 
-// No printer has more to say; OString counts in signed 32 bits.
+// No printer's answer is longer, and OString counts in signed 32 bits.
 constexpr uint32_t kLongest = 0x7FFFFFF0;
 
 } // namespace

@@ -20,7 +20,7 @@ int32_t LimitedOffset(int32_t microns, int32_t min, int32_t max, int dpi) {
 
 } // namespace
 
-// The framework knows that there is a configuration but not what a printer language needs in it.
+// The framework knows that there is a configuration, but not what a printer language needs in it.
 void prtconfig::Reset(prtconfig* config, const prtmodel* model) {
     if (config) static_cast<extconfig*>(config)->Reset(model);
 }
@@ -55,8 +55,7 @@ void extconfig::Validate(const prtmodel* model) {
         if (print_mode == PRINT_CUTTER) print_mode = PRINT_TEAR_OFF;
         clear(SETTING_PAUSE_AFTER_CUT);
     }
-    if (print_mode == PRINT_REWIND && static_cast<const extmodel*>(model)->IsPPLZ())
-        print_mode = PRINT_AS_SET;
+    if (print_mode == PRINT_REWIND && AsZpl(*model).IsPPLZ()) print_mode = PRINT_AS_SET;
     if (has(CustomData::TEAR_OFF))
         tear_off = LimitedOffset(tear_off, data.tear_off_min, data.tear_off_max, dpi);
     stock_count = Limited(stock_count, 1, 9999);
@@ -72,7 +71,7 @@ void extconfig::Validate(const prtmodel* model) {
         backfeed_percentage = 0;
     }
 
-    // Here the last mark of the table counts.
+    // Here the last mark in the table counts.
     int32_t fastest = 0;
     int32_t usual = 0;
     for (const CustomData::Speed& speed : data.speeds) {

@@ -8,8 +8,8 @@ class extstream;
 
 #pragma pack(push, 1)
 
-// The whole block. A field of 16 bits that is -1 leaves its setting to the printer: the command for
-// it is not sent.
+// The complete block. A 16-bit field of -1 leaves its setting to the printer: the command for it is
+// not sent.
 struct extconfig : prtconfig {
     int16_t media_type;          // 0 direct thermal, 1 thermal transfer
     int16_t media_tracking;      // 0 continuous, 1 gap, 2 and 3 mark
@@ -42,51 +42,52 @@ struct extconfig : prtconfig {
     enum : int32_t { BACKFEED_PERCENTAGE = 4 };
     enum : uint16_t {
         SETTING_PAUSE_AFTER_CUT = 1,
-        SETTING_LABEL_TOP = 2, // the next four: the settings are sent
+        SETTING_LABEL_TOP = 2, // this and the next three: the setting is sent
         SETTING_TEAR_OFF = 4,
         SETTING_SPEEDS = 8,
         SETTING_DARKNESS = 16,
         SETTING_ABSOLUTE_DARKNESS = 32
     };
 
-    // Everything as a new printer has it: speeds as the model's table marks them, media and print
+    // Sets everything as for a new printer: speeds as marked in the model's table, media and print
     // mode left to the printer, darkness 12. Without a model there are no speeds, and the dots of
     // pictures are those of dithercfg::Reset.
     void Reset(const prtmodel* model);
 
-    // Brings every setting into the limits of the model. What the model cannot do is taken back.
-    // The limits of the label top and tear-off offsets are in dots of the printer; a model without
-    // a resolution has none, and they stay as they are.
+    // Brings every setting within the limits of the model. Settings that the model does not support
+    // are reset. The limits of the label top and tear-off offsets are in dots of the printer. A
+    // model without a resolution has no such limits, and they stay as they are.
     void Validate(const prtmodel* model);
 
-    // The darkness in force: the absolute one (0 to 30) or the relative one (-30 to 30).
+    // For the page of the options: the darkness in force, the absolute one (0 to 30) or the
+    // relative one (-30 to 30).
     int GetDarkness() const;
     void SetDarkness(int darkness);
     bool IsAbsoluteDarkness() const { return (setting_flags & SETTING_ABSOLUTE_DARKNESS) != 0; }
     void SetAbsoluteDarkness(bool absolute);
 
-    // The printer waits after each cut; only with PRINT_CUTTER.
+    // For the page of the options: the printer waits after each cut; only with PRINT_CUTTER.
     bool get_pauseaftercut() const;
 
-    // What the speed command carries for a speed: the text of the first entry of the table with
-    // that value; empty when there is none.
+    // The text that the speed command carries for a speed: that of the first table entry with this
+    // value, or empty if there is none.
     static OString FindSpdLetter(int32_t speed, const CustomData& data);
 
-    // The value of the first entry that is marked as the default; 0 when there is none.
+    // The value of the first entry that is marked as the default, or 0.
     static int32_t GetDefaultSpeed(const CustomData& data);
 
     // Writes the commands that bring a printer into this configuration and into the settings of its
-    // driver, for the inside of a format. They are for the stream's printer and for the page of its
-    // open job; a stream without a model gets nothing. What the printer has no command for and what
-    // is left to it is not written. Defined with the stream, in the layer above.
+    // driver, to stand inside a format. They are for the stream's printer and the page of its open
+    // job; a stream without a model gets nothing. Settings without a command and those left to the
+    // printer are not written. Defined in the layer above, with the stream.
     void output(extstream& stream) const;
 
     // The letter of a media feed action: "F" for 0 (feed), "L" for 2 (length), "C" for 3
     // (calibrate), "N" (nothing) for any other.
     static const char* mediafeed(int action);
 
-    // The configuration of a DEVMODE of a ZPL printer. Null when there is none, also when it is
-    // shorter than all of these fields.
+    // The configuration of a DEVMODE of a ZPL printer, or null if it has none or one shorter than
+    // all of these fields.
     static extconfig* get_cfg(DEVMODEW* dev_mode);
     static const extconfig* get_cfg(const DEVMODEW* dev_mode);
 };

@@ -6,7 +6,7 @@
 
 namespace {
 
-// What is written in one go: where it goes, what it is and for whom.
+// One configuration being written: its stream, its contents and its printer.
 class ConfigurationBlock {
 public:
     ConfigurationBlock(const extconfig& config, const extmodel& model, extstream& stream)
@@ -198,7 +198,6 @@ private:
 } // namespace
 
 void extconfig::output(extstream& stream) const {
-    // The models of this driver are all of the ZPL kind.
-    const auto* model = static_cast<const extmodel*>(stream.GetModel());
-    if (model) ConfigurationBlock(*this, *model, stream).Write();
+    if (const prtmodel* model = stream.GetModel())
+        ConfigurationBlock(*this, AsZpl(*model), stream).Write();
 }

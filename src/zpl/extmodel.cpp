@@ -4,7 +4,7 @@
 
 #include "core/memory.h"
 
-// The framework knows that there is a printer language but not which; this is where it is chosen.
+// The framework knows that there is a printer language, but not which. It is chosen here.
 prtmodel* prtmodel::new_ext(const PrinterInfo& printer) {
     prtmodel* model = new (kCounted) extmodel;
     if (model && !model->Initialize(printer)) {

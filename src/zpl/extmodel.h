@@ -13,7 +13,7 @@ public:
     void GetTemplateCapabilities(KVTemplateCapabilities*& record) const override;
     void GetRFIDCapabilities(KVRFIDCapabilities*& record) const override;
 
-    // The printer emulates ZPL in the manner called PPLZ.
+    // The printer emulates ZPL in the mode called PPLZ.
     bool IsPPLZ() const;
 
     bool HasPowerOptions() const;
@@ -22,14 +22,14 @@ public:
     bool HasMemoryInitializeCommand() const;   // ^JB
     bool HasConfigurationLabelCommand() const; // ^HH
 
-    // Where objects are kept in the printer, as the letter of a memory ("R", "E").
+    // The memory where objects are stored in the printer, by its letter ("R", "E").
     OString GetDefaultMemoryLocation() const;
     // All memories; the working memory R comes last. Replaces the array.
     void GetMemoryLocations(OStringArray& locations) const;
 
-    // The kinds of RFID tags that the printer handles. Replaces the array.
+    // The kinds of RFID tags that the printer supports. Replaces the array.
     void GetRFIDTagTypes(OStringArray& types) const;
-    // Where the transponder lies on the label, as set for the printer.
+    // The transponder's position on the label, as set for the printer.
     int GetRFIDTransponderOffset() const;
 
     // Limits in dots.
@@ -41,3 +41,8 @@ public:
     // The printer takes the tear-off position in three digits.
     bool RequiresFixedTearOffAdjustment() const;
 };
+
+// The models of this driver are all of the ZPL II kind.
+inline const extmodel& AsZpl(const prtmodel& model) {
+    return static_cast<const extmodel&>(model);
+}

@@ -33,10 +33,10 @@ void extstream::write_fixedint(int32_t value, int32_t digits, bool sign) {
     else if (sign)
         write_byte('+');
     digits = std::max(digits, 1);
-    // No int32_t has more digits than this; what is in front of them is zeros.
-    constexpr int32_t MOST = 10;
-    for (; digits > MOST; --digits) write_byte('0');
-    char text[MOST];
+    // No int32_t has more digits than this; those before them are zeros.
+    constexpr int32_t kMostDigits = 10;
+    for (; digits > kMostDigits; --digits) write_byte('0');
+    char text[kMostDigits];
     int64_t rest = std::abs(int64_t{value});
     for (int32_t i = digits; i > 0; --i, rest /= 10)
         text[i - 1] = static_cast<char>('0' + rest % 10);
@@ -45,15 +45,14 @@ void extstream::write_fixedint(int32_t value, int32_t digits, bool sign) {
 
 void extstream::cut() {
     format_start();
-    // The models of this driver are all of the ZPL kind.
-    const auto* model = static_cast<const extmodel*>(GetModel());
-    if (model && model->IsPPLZ()) command_control("JSA");
+    const prtmodel* model = GetModel();
+    if (model && AsZpl(*model).IsPPLZ()) command_control("JSA");
     command_format("MMC");
     command_format("PH");
     format_end();
 }
 
 void extstream::reset_mode() {
-    control_prefix_ = CONTROL_PREFIX;
-    format_prefix_ = FORMAT_PREFIX;
+    control_prefix_ = kControlPrefix;
+    format_prefix_ = kFormatPrefix;
 }

@@ -1,8 +1,9 @@
 #include "zpl/extui.h"
 
 #include "core/memory.h"
+#include "locale/text_numbers.h"
 
-// The framework knows that there is a UI object but not of which printer language.
+// The framework knows that there is a UI object, but not of which printer language.
 prtui* prtui::new_ext() {
     return new (kCounted) extui;
 }
@@ -15,15 +16,16 @@ void extui::InitEx() {
     stream->init(this);
 }
 
-OString extui::MemoryName(const OString& location) const {
+OString extui::MemoryName(const OString& letter) const {
     constexpr struct {
         char letter;
-        int text; // in the language library
-    } kNames[] = {{'R', 10430}, {'E', 10431}, {'B', 10432}, {'A', 10433}};
+        TextNumber text;
+    } kNames[] = {
+        {'R', TEXT_MEMORY_R}, {'E', TEXT_MEMORY_E}, {'B', TEXT_MEMORY_B}, {'A', TEXT_MEMORY_A}};
     for (const auto& known : kNames) {
-        if (known.letter != *location.nstring()) continue;
+        if (known.letter != *letter.nstring()) continue;
         const OString name = locale.GetString(known.text);
-        return name.IsEmpty() ? location : name;
+        return name.IsEmpty() ? letter : name;
     }
-    return location;
+    return letter;
 }

@@ -4,81 +4,70 @@
 #include "ui/prtui.h"
 #include "zpl/extstream.h"
 
-// What is done to a memory of the printer.
+// Operations on a memory of the printer.
 enum class MemoryWork {
-    FORMAT, // deletes all that is in it
-    PRINT,  // a list of its files
+    FORMAT, // deletes everything in it
+    PRINT,  // prints a list of its files
     ERASE,  // deletes its files
-    RESET,  // of the optional memory, whichever that is
+    RESET,  // of the optional memory, whatever memory that is
 };
 
-// How a printer with a battery saves it.
+// How a printer with a battery saves power.
 struct PowerSettings {
     bool sleep = false; // after a time without work
     bool low_voltage_pause = true;
     bool forced_sleep = false; // also with labels still to print
-    int32_t timeout = 1;       // until it sleeps, seconds
+    int32_t timeout = 1;       // seconds until it sleeps
 };
 
 class extui : public prtui {
 public:
     // Made by prtui::new_ext.
     extui() = default;
-    // The stream goes first: what it still holds is sent while the printer is known.
+    // Destroys the stream first: its last bytes are sent while the printer is known.
     ~extui() override;
 
     void InitEx() override;
 
-    // 8192 KB, numbers 0 to 999, and every memory of the model.
+    // 8192 KB, numbers 0 to 999, and all memories of the model.
     void GetCacheParameters(CacheParameters& parameters) const override;
 
     // Whether the printer can answer.
     bool EnableVerifyFonts(prtstream& stream) override;
 
     void PrinterAction(prtpage* page, printer_action action) override;
-    uint32_t PrinterActionSupported(prtpage* page, printer_action action) override;
 
-    // The memory: work and a letter of the model's ("format E"); the power management: "discharge"
-    // or the settings to change ("sleep=300 forced=yes low-voltage-pause=no", "sleep=off").
-    bool RunChoice(printer_action action, const OString& choice) override;
+    // ---- The work of the dialogs, and of programs in their place, for a model that exists.
 
-    // ---- What the dialogs do, for a model that exists.
-
-    // In a job of the work's name. `memory` is the letter of the memory that is meant; but for
-    // PRINT the rendering module forgets what it has stored there.
+    // Runs in a job named after the work. `memory` is the letter of the memory. Except for PRINT,
+    // the rendering module forgets the objects it has stored there.
     void RunMemoryWork(MemoryWork work, char memory);
-    // As they were set last.
+    // The settings as last stored.
     PowerSettings GetPowerSettings() const;
     // Stores the settings and sends them to the printer.
     void SetPowerSettings(const PowerSettings& settings);
     void DischargeBattery();
 
-    // Tells the rendering module that the memory of that letter no longer holds what it has stored
-    // there. Makes no job.
+    // Tells the rendering module that the memory of that letter no longer holds the objects it has
+    // stored there. Makes no job.
     void ClearCachedObjects(int32_t location);
 
-    // The user names the file, in the eight characters that a printer has for it, and chooses a
-    // memory; the model's default one comes first.
+    // The user names the file, in the eight characters that a printer allows, and chooses a memory;
+    // the model's default one comes first.
     void ChooseFontSettings(CFontSettings* settings) override;
     bool VerifyFonts(prtpage* page) override;
-    // Gives the file its ending and the font a letter that no other one of the printer's has. The
-    // list of fonts is read anew for that.
+    // Gives the file its extension, and the font a letter that no other font of the printer has. To
+    // find it, the list of fonts is read again.
     void AdjustFontInfo(DownloadedFontInfo* font) override;
 
+protected:
+    // The actions of ZPL II printers, then those of all printers.
+    const ActionRow* FindAction(printer_action action) const override;
+
 private:
-    // What the user knows a memory by, whose letter is given: that letter where there is no text.
-    OString MemoryName(const OString& location) const;
-    // A dialog's choice in words; false when they make no sense.
-    bool ChooseMemoryWork(const OString& choice);
-    bool ChoosePower(const OString& choice);
-    // Whether the printer can cut and is not left to its own print mode.
-    bool CanCut() const;
-    // The configuration in a format of its own.
-    void WriteConfiguration();
-    // Jobs of the action's name: a control command; the configuration, and behind it a format with
-    // a command.
-    void RunControl(printer_action action, const char* command);
-    void RunConfigured(printer_action action, const char* command);
+    // The display name of the memory with this letter, or the letter if the library has no text
+    // for it.
+    OString MemoryName(const OString& letter) const;
 
     extstream stream_;
 };

@@ -1,16 +1,141 @@
-// What ZPL II printers can be told to do.
+// The actions of ZPL II printers.
+#include "locale/text_numbers.h"
+#include "ui/action_row.h"
 #include "zpl/extconfig.h"
 #include "zpl/extmodel.h"
 #include "zpl/extui.h"
 
 namespace {
 
-// The model is made by this driver, in which all are of the ZPL kind.
-const extmodel& ZplModel(const prtui& ui) {
-    return static_cast<const extmodel&>(*ui.model);
+// ---- Whether an action is possible --------------------------------------------------------------
+
+bool CanCut(prtui& ui) {
+    const extconfig* config = extconfig::get_cfg(ui.devmode.GetDevMode());
+    return (ui.model->GetCustomData()->flags & CustomData::CUTTER) && config &&
+           config->print_mode != extconfig::PRINT_AS_SET;
 }
 
+bool IsNotPPLZ(prtui& ui) {
+    return !AsZpl(*ui.model).IsPPLZ();
+}
+
+bool CanInitializeMemory(prtui& ui) {
+    return AsZpl(*ui.model).HasMemoryInitializeCommand();
+}
+
+bool CanAnswer(prtui& ui) {
+    return ui.stream && ui.stream->is_bidirectional();
+}
+
+bool HasRFIDOptions(prtui& ui) {
+    const KVRFIDCapabilities* rfid = ui.model->GetRFIDCapabilities();
+    return rfid && rfid->options != 0;
+}
+
+bool HasPowerOptions(prtui& ui) {
+    return AsZpl(*ui.model).HasPowerOptions() && CanAnswer(ui);
+}
+
+// ---- Jobs, each named after the action ---------------------------------------------------------
+
+extstream& Start(prtui& ui, const ActionRow& row) {
+    auto& stream = static_cast<extstream&>(*ui.stream);
+    stream.StartJob(ui.PrinterActionName(row.action));
+    return stream;
+}
+
+// Writes the configuration in a format of its own.
+void WriteConfiguration(prtui& ui, extstream& stream) {
+    stream.format_start();
+    if (const extconfig* config = extconfig::get_cfg(ui.devmode.GetDevMode()))
+        config->output(stream);
+    stream.format_end();
+}
+
+// Sends a control command.
+void Control(prtui& ui, const ActionRow& row) {
+    extstream& stream = Start(ui, row);
+    stream.command_control(row.command);
+    stream.EndJob();
+}
+
+// Sends the configuration, then a format with a command.
+void Configured(prtui& ui, const ActionRow& row) {
+    extstream& stream = Start(ui, row);
+    WriteConfiguration(ui, stream);
+    stream.format_start();
+    stream.command_format(row.command);
+    stream.format_end();
+    stream.EndJob();
+}
+
+void PrintAllCharacters(prtui& ui, const ActionRow& row) {
+    extstream& stream = Start(ui, row);
+    stream.command_control("JD");
+    for (int byte = 0; byte < 256; ++byte) stream.write_byte(static_cast<char>(byte));
+    stream.command_control("JE");
+    stream.EndJob();
+}
+
+void Feed(prtui& ui, const ActionRow& row) {
+    extstream& stream = Start(ui, row);
+    WriteConfiguration(ui, stream);
+    stream.command_control(row.command);
+    stream.EndJob();
+}
+
+void Cut(prtui& ui, const ActionRow& row) {
+    extstream& stream = Start(ui, row);
+    stream.cut();
+    stream.EndJob();
+}
+
+void Reset(prtui& ui, const ActionRow& row) {
+    Control(ui, row);
+    static_cast<extui&>(ui).ClearCachedObjects('R');
+}
+
+constexpr uint32_t kOffered = ACTION_OFFERED;
+constexpr uint32_t kAdministrative = ACTION_OFFERED | ACTION_ADMINISTRATIVE;
+constexpr uint32_t kDialog = ACTION_OFFERED | ACTION_OPENS_DIALOG;
+
+constexpr ActionRow kActions[] = {
+    {ACTION_CHARACTER_TEST, TEXT_CHARACTER_TEST, kOffered, nullptr, PrintAllCharacters},
+    {ACTION_FEED, TEXT_FEED, kOffered, nullptr, Feed, "PH"},
+    {ACTION_CUT, TEXT_CUT, kOffered, CanCut, Cut},
+    {ACTION_RESET, TEXT_RESET, kAdministrative, nullptr, Reset, "JR"},
+    {ACTION_CALIBRATE, TEXT_CALIBRATE, kAdministrative, nullptr, Control, "JC"},
+    {ACTION_CONFIGURATION_LABEL, TEXT_CONFIGURATION_LABEL, kOffered, nullptr, Control, "WC"},
+    {ACTION_LIST_ALL, TEXT_LIST_ALL, kOffered, nullptr, Configured, "WD*:*.*"},
+    {ACTION_LIST_FONTS, TEXT_LIST_FONTS, kOffered, nullptr, Configured, "WD*:*.FNT"},
+    {ACTION_LIST_FORMATS, TEXT_LIST_FORMATS, kOffered, nullptr, Configured, "WD*:*.ZPL"},
+    {ACTION_LIST_GRAPHICS, TEXT_LIST_GRAPHICS, kOffered, nullptr, Configured, "WD*:*.GRF"},
+    {ACTION_LIST_BUILT_IN_FONTS, TEXT_LIST_BUILT_IN_FONTS, kOffered, IsNotPPLZ, Configured,
+     "WDZ:*.FNT"},
+    {ACTION_LIST_BUILT_IN_BAR_CODES, TEXT_LIST_BUILT_IN_BAR_CODES, kOffered, IsNotPPLZ, Configured,
+     "WDZ:*.BAR"},
+    {ACTION_SENSOR_PROFILE, TEXT_SENSOR_PROFILE, kAdministrative, IsNotPPLZ, Control, "JG"},
+    {ACTION_LABEL_LENGTH, TEXT_LABEL_LENGTH, kOffered, nullptr, Control, "JL"},
+    {ACTION_FACTORY_SETTINGS, TEXT_FACTORY_SETTINGS, kOffered, nullptr, Configured, "JUF"},
+    {ACTION_MEMORY, TEXT_MEMORY, kAdministrative | kDialog, CanInitializeMemory},
+    {ACTION_INFORMATION, TEXT_INFORMATION, kDialog, CanAnswer},
+    {ACTION_PRINTER_OPTIONS, TEXT_PRINTER_OPTIONS, kDialog},
+    {ACTION_RFID_OPTIONS, TEXT_RFID_OPTIONS, kDialog, HasRFIDOptions},
+    {ACTION_POWER_MANAGEMENT, TEXT_POWER_MANAGEMENT, kAdministrative | kDialog, HasPowerOptions},
+};
+
 } // namespace
+
+const ActionRow* extui::FindAction(printer_action action) const {
+    const ActionRow* row = FindRow(kActions, action);
+    return row ? row : prtui::FindAction(action);
+}
+
+void extui::PrinterAction(prtpage* page, printer_action action) {
+    if (!model) return;
+    stream_.reset_mode();
+    prtui::PrinterAction(page, action);
+}
 
 void extui::GetCacheParameters(CacheParameters& parameters) const {
     prtui::GetCacheParameters(parameters);
@@ -18,7 +143,7 @@ void extui::GetCacheParameters(CacheParameters& parameters) const {
     parameters.graphics_max = parameters.format_max = 999;
     if (!model) return;
     OStringArray memories;
-    ZplModel(*this).GetMemoryLocations(memories);
+    AsZpl(*model).GetMemoryLocations(memories);
     for (int i = 0; i < memories.GetSize(); ++i) {
         const char letter = *memories[i].nstring();
         const OString name = MemoryName(memories[i]);
@@ -35,143 +160,4 @@ void extui::ClearCachedObjects(int32_t location) {
 
 bool extui::EnableVerifyFonts(prtstream& printer) {
     return printer.is_bidirectional();
-}
-
-// ---- Offers -------------------------------------------------------------------------------------
-
-bool extui::CanCut() const {
-    const extconfig* config = extconfig::get_cfg(devmode.GetDevMode());
-    return (model->GetCustomData()->flags & CustomData::CUTTER) && config &&
-           config->print_mode != extconfig::PRINT_AS_SET;
-}
-
-uint32_t extui::PrinterActionSupported(prtpage* page, printer_action action) {
-    if (!model) return 0;
-    const extmodel& zpl = ZplModel(*this);
-    constexpr uint32_t kAdministrative = ACTION_OFFERED | ACTION_ADMINISTRATIVE;
-    constexpr uint32_t kDialog = ACTION_OFFERED | ACTION_OPENS_DIALOG;
-    switch (action) {
-    case ACTION_CHARACTER_TEST:
-    case ACTION_FEED:
-    case ACTION_CONFIGURATION_LABEL:
-    case ACTION_LIST_ALL:
-    case ACTION_LIST_FONTS:
-    case ACTION_LIST_FORMATS:
-    case ACTION_LIST_GRAPHICS:
-    case ACTION_LABEL_LENGTH:
-    case ACTION_FACTORY_SETTINGS:
-        return ACTION_OFFERED;
-    case ACTION_CUT:
-        return CanCut() ? ACTION_OFFERED : 0;
-    case ACTION_RESET:
-    case ACTION_CALIBRATE:
-        return kAdministrative;
-    case ACTION_LIST_BUILT_IN_FONTS:
-    case ACTION_LIST_BUILT_IN_BAR_CODES:
-        return zpl.IsPPLZ() ? 0 : ACTION_OFFERED;
-    case ACTION_SENSOR_PROFILE:
-        return zpl.IsPPLZ() ? 0 : kAdministrative;
-    case ACTION_MEMORY:
-        return zpl.HasMemoryInitializeCommand() ? kAdministrative | kDialog : 0;
-    case ACTION_INFORMATION:
-        return stream_.is_bidirectional() ? kDialog : 0;
-    case ACTION_PRINTER_OPTIONS:
-        return kDialog;
-    case ACTION_RFID_OPTIONS: {
-        const KVRFIDCapabilities* rfid = zpl.GetRFIDCapabilities();
-        return rfid && rfid->options != 0 ? kDialog : 0;
-    }
-    case ACTION_POWER_MANAGEMENT:
-        return zpl.HasPowerOptions() && stream_.is_bidirectional() ? kAdministrative | kDialog : 0;
-    default:
-        return prtui::PrinterActionSupported(page, action);
-    }
-}
-
-// ---- Jobs ---------------------------------------------------------------------------------------
-
-void extui::RunControl(printer_action action, const char* command) {
-    stream_.StartJob(PrinterActionName(action));
-    stream_.command_control(command);
-    stream_.EndJob();
-}
-
-void extui::RunConfigured(printer_action action, const char* command) {
-    stream_.StartJob(PrinterActionName(action));
-    WriteConfiguration();
-    stream_.format_start();
-    stream_.command_format(command);
-    stream_.format_end();
-    stream_.EndJob();
-}
-
-void extui::WriteConfiguration() {
-    stream_.format_start();
-    if (const extconfig* config = extconfig::get_cfg(devmode.GetDevMode())) config->output(stream_);
-    stream_.format_end();
-}
-
-void extui::PrinterAction(prtpage* page, printer_action action) {
-    if (!model) return;
-    stream_.reset_mode();
-    switch (action) {
-    case ACTION_CHARACTER_TEST:
-        stream_.StartJob(PrinterActionName(action));
-        stream_.command_control("JD");
-        for (int byte = 0; byte < 256; ++byte) stream_.write_byte(static_cast<char>(byte));
-        stream_.command_control("JE");
-        stream_.EndJob();
-        break;
-    case ACTION_FEED:
-        stream_.StartJob(PrinterActionName(action));
-        WriteConfiguration();
-        stream_.command_control("PH");
-        stream_.EndJob();
-        break;
-    case ACTION_CUT:
-        stream_.StartJob(PrinterActionName(action));
-        stream_.cut();
-        stream_.EndJob();
-        break;
-    case ACTION_RESET:
-        RunControl(action, "JR");
-        ClearCachedObjects('R');
-        break;
-    case ACTION_CALIBRATE:
-        RunControl(action, "JC");
-        break;
-    case ACTION_CONFIGURATION_LABEL:
-        RunControl(action, "WC");
-        break;
-    case ACTION_LIST_ALL:
-        RunConfigured(action, "WD*:*.*");
-        break;
-    case ACTION_LIST_FONTS:
-        RunConfigured(action, "WD*:*.FNT");
-        break;
-    case ACTION_LIST_FORMATS:
-        RunConfigured(action, "WD*:*.ZPL");
-        break;
-    case ACTION_LIST_GRAPHICS:
-        RunConfigured(action, "WD*:*.GRF");
-        break;
-    case ACTION_LIST_BUILT_IN_FONTS:
-        RunConfigured(action, "WDZ:*.FNT");
-        break;
-    case ACTION_LIST_BUILT_IN_BAR_CODES:
-        RunConfigured(action, "WDZ:*.BAR");
-        break;
-    case ACTION_SENSOR_PROFILE:
-        RunControl(action, "JG");
-        break;
-    case ACTION_LABEL_LENGTH:
-        RunControl(action, "JL");
-        break;
-    case ACTION_FACTORY_SETTINGS:
-        RunConfigured(action, "JUF");
-        break;
-    default:
-        prtui::PrinterAction(page, action);
-        break;
-    }
 }

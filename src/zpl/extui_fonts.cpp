@@ -1,5 +1,6 @@
 // The UI object of ZPL II printers: downloaded fonts.
 #include "fonts/font_settings.h"
+#include "locale/text_numbers.h"
 #include "model/record_text.h"
 #include "zpl/extmodel.h"
 #include "zpl/extui.h"
@@ -9,8 +10,6 @@
 namespace {
 
 constexpr char kEnding[] = ".FNT";
-
-constexpr int UNKNOWN_FONT = 10530; // text in the language library
 
 constexpr int kLongestName = 8;
 
@@ -22,8 +21,7 @@ void extui::ChooseFontSettings(CFontSettings* settings) {
     settings->longest_name = kLongestName;
     settings->check_existing = false;
     if (!model) return;
-    // The printer language's models are all of that class.
-    const auto& zpl = static_cast<const extmodel&>(*model);
+    const extmodel& zpl = AsZpl(*model);
     const auto add = [&](const OString& location) {
         if (!location.IsEmpty()) settings->AddOption(MemoryName(location), *location.nstring());
     };
@@ -39,14 +37,14 @@ bool extui::VerifyFonts(prtpage*) {
     fonts.SetAllNotPresent();
     ZPLQuery query(nullptr, &stream_);
     if (!query.RunQuery(ZPLQuery::FONT_FILES)) return false;
-    MatchFontFiles(query.files, locale.GetString(UNKNOWN_FONT), fonts);
+    MatchFontFiles(query.files, locale.GetString(TEXT_UNKNOWN_FONT), fonts);
     return true;
 }
 
 void extui::AdjustFontInfo(DownloadedFontInfo* font) {
     if (model) fonts.Load(model.get());
     OString name = font->GetFileName();
-    // Room for the ending and the terminator.
+    // Leaves room for the extension and the terminator.
     name.Truncate(static_cast<int>(sizeof font->info.file_name - sizeof kEnding));
     SetRecordText(font->info.file_name, name << kEnding);
     font->info.identifier[0] = FreeFontIdentifier(fonts);

@@ -9,7 +9,7 @@ namespace {
 
 constexpr char kIdentifiers[] = "IJKLMNOPQRSTUVWXYZ123456789ABCDEF0";
 
-constexpr char kOwnFonts = 'Z'; // the device of those
+constexpr char kOwnFonts = 'Z'; // the device of built-in fonts
 
 DownloadedFont* FindFile(const prtdttf_list& fonts, const OString& file) {
     for (DownloadedFont* font = fonts.GetNext(nullptr); font; font = fonts.GetNext(font))

@@ -13,7 +13,7 @@
 
 namespace {
 
-// Shorter lines are ends of texts.
+// Shorter lines are the ends of texts.
 constexpr int kShortestLine = 5;
 
 // The columns of a directory.
@@ -54,22 +54,22 @@ bool IsOnDeviceZ(const OString& entry) {
     return entry.nstring()[0] == 'Z';
 }
 
-// The name without its device, up to the semicolon.
+// The part of the name between the device and the semicolon.
 std::string_view NameIn(const OString& entry) {
     const std::string_view text = entry.nstring();
     const size_t semicolon = std::min(text.find(';'), text.size());
     return semicolon > 2 ? text.substr(2, semicolon - 2) : std::string_view();
 }
 
-// The files of one name, `group` (ascending indices, of which those below `listed` are in the list
-// already): marks those that are left out.
+// Marks the files to leave out among those of one name. `group` has their indices in ascending
+// order; those below `listed` were in the list before.
 void HideOthers(std::span<const int> group, int listed, OStringArray& files, OBuffer<char>& out) {
-    int kept = 0; // the front of the group that is in the list by now
+    int kept = 0; // how many at the front of the group are in the list by now
     bool hidden = false;
     for (const int file : group) {
         const bool made_with = IsOnDeviceZ(files[file]);
         if (file >= listed && (hidden || (made_with && kept > 0))) {
-            // It takes the places of all the others.
+            // It replaces all the others.
             for (int i = 0; !hidden && i < kept; ++i)
                 files[group[static_cast<size_t>(i)]] = files[file];
             out.GetData()[file] = true;

@@ -6,7 +6,7 @@
 
 namespace {
 
-// What the printer ends an answer with, ETX CR LF, is still in the last field.
+// The end of a printer's answer, ETX CR LF, is still in the last field.
 constexpr int kEndMark = 3;
 
 bool IsSet(const OString& field) {
@@ -21,11 +21,11 @@ OString WithoutEndMark(const OString& field) {
     return AnswerPart(field.nstring(), 0, field.nlen() - kEndMark);
 }
 
-// Splits the answer behind its STX; the number of fields.
+// Splits the answer after its STX. Returns the number of fields.
 int SplitFields(const char* answer, uint32_t size, OStringArray& fields) {
     if (!answer || size < 2) return 0;
     fields.Split(AnswerText(answer + 1, size - 1), ",");
-    // The pieces are asked for their 8-bit form from here on.
+    // Only the 8-bit form of the pieces is used from here on.
     for (int i = 0; i < fields.GetSize(); ++i) fields[i].nstring();
     return fields.GetSize();
 }
@@ -38,13 +38,13 @@ const char* BaudRate(int32_t settings) {
     return kRates[(settings & 256) ? 1 : 0][settings & 7];
 }
 
-// Sets a property that says which of two states there is.
+// Sets a property to one of two states.
 void SetState(OPropertySet& properties, const char* name, bool state, const char* yes,
               const char* no) {
     properties.SetString(name, state ? yes : no);
 }
 
-// Sets a property that is there in one state only.
+// Sets a property that exists in one state only.
 void SetWhen(OPropertySet& properties, const char* name, bool state, const char* text) {
     if (state) properties.SetString(name, text);
 }

@@ -1,5 +1,4 @@
-// What a ZPL II printer says about itself: its answers to the host's questions, read into named
-// properties.
+// A ZPL II printer's answers to the host's questions about itself, read into named properties.
 #pragma once
 
 #include <cstdint>
@@ -7,13 +6,13 @@
 #include "core/ostring.h"
 #include "model/property_set.h"
 
-// The answers are taken as they came, `size` bytes; null is no answer. An answer that has too few
-// fields sets nothing. The printer's texts are 8-bit, in the system's code page.
+// The answers are the raw bytes, `size` of them; null stands for no answer. An answer that has too
+// few fields sets nothing. The printer's texts are 8-bit, in the system's code page.
 
 // ~HI: "Model", "Firmware-Version", "Dots-Per-Millimeter", "Host-Memory" and "Options".
 void ReadHostIdentification(const char* answer, uint32_t size, OPropertySet& properties);
 
-// ~HS, three texts that are read one by one. Some properties are set in one state only.
+// ~HS, three texts that are read one at a time. Some properties are set in one state only.
 //
 //   1  "Baud", "HandShake" (DTR, Xon/Xoff), "StopBits", "DataBits", "Parity" (None, EVEN, ODD),
 //      "Paper-Out" (Yes, No), "Pause" (Active, Inactive), "Label-Length" in dots,
@@ -26,11 +25,11 @@ void ReadHostIdentification(const char* answer, uint32_t size, OPropertySet& pro
 //   3  "Password", "Static-Ram-Installed" (Installed, Not Installed)
 void ReadHostStatus(const char* answer, uint32_t size, OPropertySet& properties);
 
-// ~HM, in kilobytes: "PhysicalMemory-Size", "PhysicalMemory-MaxAvaliable", and, despite its name
-// what is in use, "PhysicalMemory-Avaliable".
+// ~HM, in kilobytes: "PhysicalMemory-Size", "PhysicalMemory-MaxAvaliable" and
+// "PhysicalMemory-Avaliable", which despite its name is the memory in use.
 void ReadHostMemory(const char* answer, uint32_t size, OPropertySet& properties);
 
-// ~HB: the readings of a printer with a battery, each empty when it was not answered.
+// ~HB: the readings of a printer with a battery. Each is empty if it was not answered.
 struct PowerReadings {
     OString battery_voltage;
     OString head_voltage;

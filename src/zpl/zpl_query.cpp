@@ -1,10 +1,13 @@
 #include "zpl/zpl_query.h"
 
+#include <algorithm>
+#include <cstring>
+#include <iterator>
+
 #include "core/obuffer.h"
+#include "printer/query_turn.h"
 #include "zpl/extstream.h"
 #include "zpl/host_lists.h"
-
-#include <cstring>
 
 namespace {
 
@@ -33,16 +36,16 @@ const char kJobName[] = "PrinterInfo";
 
 constexpr int32_t kPowerLength = 12;
 
-// No printer has more to say.
+// No printer's answer is longer.
 constexpr int32_t kLongestAnswer = 16 << 20;
 
-// The answer to a question; empty when there is none.
+// The answer to a question, or empty if there is none.
 OBuffer<char> ReadAnswer(extstream& stream, const OString& name) {
     OBuffer<char> answer;
     const int32_t size = stream.QueryResponseSize(name);
     if (size < 1 || size > kLongestAnswer || !answer.SetSize(static_cast<uint32_t>(size)))
         return answer;
-    // The store may hold fewer bytes than it says.
+    // The store may hold fewer bytes than it announces.
     std::memset(answer.GetData(), 0, answer.GetSize());
     if (!stream.QueryResponse(name, reinterpret_cast<unsigned char*>(answer.GetData()), size))
         answer.Clear();
@@ -52,7 +55,12 @@ OBuffer<char> ReadAnswer(extstream& stream, const OString& name) {
 } // namespace
 
 bool ZPLQuery::RunQuery(int mask) {
-    if (mask == 0 || !stream_) return false;
+    const bool asks =
+        std::any_of(std::begin(kQuestions), std::end(kQuestions),
+                    [mask](const AskedQuestion& asked) { return mask & asked.question; });
+    if (!asks || !stream_ || !stream_->is_bidirectional()) return false;
+    const QueryTurn turn;
+    if (!turn.IsOwn()) return false;
     const int job = stream_->QueryStart(kJobName);
     for (const AskedQuestion& asked : kQuestions) {
         if (!(mask & asked.question)) continue;
@@ -94,6 +102,9 @@ void ZPLQuery::Read(int question, const char* name) {
 
 bool RunPowerQuery(HWND parent, extstream& stream, const OString& job_name,
                    const OString& query_name, PowerReadings& readings) {
+    if (!stream.is_bidirectional()) return false;
+    const QueryTurn turn;
+    if (!turn.IsOwn()) return false;
     const int job = stream.QueryStart(job_name);
     stream.Query(query_name.nstring(), kPowerLength);
     stream.command_control("HB");

@@ -1,4 +1,4 @@
-// What a ZPL II printer says about itself.
+// Questions to a ZPL II printer about itself.
 #pragma once
 
 #include <windows.h>
@@ -11,18 +11,18 @@
 
 class extstream;
 
-// Asks the printer's questions of one list in one job and keeps what came back. Built for one run.
+// Asks a selection of the printer's questions in one job and keeps the answers. Built for one run.
 class ZPLQuery {
 public:
-    // The questions, in the order in which they are asked. The two lists of files answer under one
-    // name: asked for together, one of them is lost.
+    // The questions, in the order in which they are asked. The two lists of files answer under the
+    // same name, so one of them is lost if both are asked for.
     enum Question : int {
         IDENTIFICATION = 1,
         STATUS = 2,
         MEMORY = 4,
         ALL_FILES = 8,
         FONT_FILES = 16,
-        // The answers to these are left where the status monitor stores them.
+        // The answers to these stay where the status monitor stores them.
         XML_FORMAT_SETTINGS = 32,
         XML_DIRECTORY = 64,
         XML_STATUS = 128,
@@ -30,20 +30,21 @@ public:
         CONFIGURATION = 512,
     };
 
-    // Both are borrowed. `parent` is the window that the status monitor may stand in front of; null
-    // for none.
+    // Both are borrowed. `parent` is the window in front of which the status monitor may show
+    // itself, or null.
     ZPLQuery(HWND parent, extstream* stream)
         : stream_(stream)
         , parent_(parent) {}
     ZPLQuery(const ZPLQuery&) = delete;
     ZPLQuery& operator=(const ZPLQuery&) = delete;
 
-    // Asks the questions of a mask. False, and nothing is known, when the mask has none or the
-    // printer cannot be asked. What was not answered, or not to be understood, is left out.
+    // Asks the questions of a mask, once no other query is running on this machine. False, with
+    // nothing known, if the mask has no questions or the printer cannot be asked. No job is made if
+    // its port has no way back. Missing answers and those that make no sense are left out.
     bool RunQuery(int mask);
 
-    // "E:LOGO.GRF;1234;P", see ReadFileList; "PRINT WIDTH@832", see ReadConfigurationList; the
-    // properties of the three answers in zpl/host_status.h.
+    // The entries are as ReadFileList ("E:LOGO.GRF;1234;P") and ReadConfigurationList ("PRINT
+    // WIDTH@832") make them; the properties come from the three answers in zpl/host_status.h.
     OStringArray files;
     OStringArray configuration;
     OPropertySet properties;
@@ -55,8 +56,9 @@ private:
     const HWND parent_;
 };
 
-// Asks a printer with a battery for its readings. The names of the job and of the question are the
-// user's language's (texts 10494 and 10495). False when the printer cannot be asked; a reading that
-// was not answered is empty.
+// For the power management page: asks a printer with a battery for its readings. The names of the
+// job and of the question are texts in the user's language (TEXT_POWER_QUERY_JOB and
+// TEXT_POWER_QUERY). False if the printer cannot be asked, as with RunQuery. A reading that was not
+// answered is empty.
 bool RunPowerQuery(HWND parent, extstream& stream, const OString& job_name,
                    const OString& query_name, PowerReadings& readings);

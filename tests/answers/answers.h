@@ -1,5 +1,5 @@
-// A host program's questions to the module, and how it writes the answers down: one line for each,
-// which is the same on every system as long as the answers are.
+// A host program's questions to the module, and the record of its answers: one line for each, which
+// is the same on every system if the answers are.
 #pragma once
 
 #include <windows.h>
@@ -13,13 +13,13 @@
 
 using Bytes = std::vector<uint8_t>;
 
-// The module, loaded as any host program loads it.
+// The module, loaded as by any host program.
 class Module {
 public:
-    // Ends the program when there is no such module.
+    // Ends the program if there is no such module.
     explicit Module(const WCHAR* path);
 
-    // A function that the header declares. Ends the program when the module lacks it.
+    // A function that the header declares. Ends the program if the module lacks it.
     template <class F>
     F Function(const char* name) const {
         return reinterpret_cast<F>(reinterpret_cast<void (*)()>(Find(name)));
@@ -41,11 +41,6 @@ public:
         state_ = state_ * 1664525u + 1013904223u;
         return static_cast<uint8_t>(state_ >> 24);
     }
-    Bytes Take(size_t size) {
-        Bytes bytes(size);
-        for (uint8_t& byte : bytes) byte = Byte();
-        return bytes;
-    }
 
 private:
     uint32_t state_;
@@ -54,7 +49,7 @@ private:
 // Writes "question: 42".
 void Tell(const std::string& question, int64_t answer);
 
-// Writes "question: 3 bytes, 61 62 63". Of more than 32 bytes it tells a checksum and the first.
+// Writes "question: 3 bytes, 61 62 63". For more than 32 bytes it writes a checksum and the first.
 void Tell(const std::string& question, const void* bytes, size_t size);
 inline void Tell(const std::string& question, const Bytes& bytes) {
     Tell(question, bytes.data(), bytes.size());
@@ -67,12 +62,8 @@ inline DEVMODEW* DevModeIn(Bytes& bytes) {
     return reinterpret_cast<DEVMODEW*>(bytes.data());
 }
 
-void AskCodecs(const Module& module);
-void AskDithering(const Module& module);
-void AskDevModes(const Module& module);
-
-// Installs the module and the files of the folder `product` as the drivers of some models. The
-// installed module's path.
+// Installs the module and the files of the folder `product` as the drivers of some models. Returns
+// the installed module's path.
 Wide InstallDriver(const Wide& module, const Wide& product);
 
 // Adds a printer of each model and asks the installed module about it, then removes the drivers.

@@ -1,11 +1,11 @@
-// Asks the module what does not depend on the machine, and writes the answers to the standard
-// output. The program is built for every system from this source, so that the answers can be
-// compared.
+// Asks the module questions that do not depend on the machine, and writes the answers to the
+// standard output. The program is built for every system from this source, so that the answers can
+// be compared.
 //
 // usage: answers MODULE PRODUCT
 //
 // The module is installed with the files of the folder PRODUCT, under names that the machine must
-// not have otherwise.
+// not use otherwise.
 #include "answers/answers.h"
 
 #include <cstdio>
@@ -65,9 +65,6 @@ int main(int count, char** arguments) {
         return 2;
     }
     const Module module(InstallDriver(WidePath(arguments[1]), WidePath(arguments[2])).c_str());
-    AskCodecs(module);
-    AskDithering(module);
-    AskDevModes(module);
     AskPrinters(module);
     return 0;
 }

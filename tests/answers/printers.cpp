@@ -40,7 +40,7 @@ void AddDriver(const WCHAR* name, const WCHAR* data_file) {
             "cannot install the driver");
 }
 
-// The printer's record, good until the next call.
+// The printer's record, valid until the next call.
 PRINTER_INFO_2W* RecordOf(HANDLE printer) {
     static Bytes bytes;
     DWORD needed = 0;
@@ -66,7 +66,7 @@ HANDLE AddPrinter(const WCHAR* driver) {
     return printer;
 }
 
-// What an earlier run has left: the numbers of paper sizes, all the rest when it broke off.
+// Removes what an earlier run has left: the numbers of paper sizes and, if it broke off, the rest.
 void RemoveLeftovers() {
     PRINTER_DEFAULTSW all = {nullptr, nullptr, PRINTER_ALL_ACCESS};
     HANDLE printer = nullptr;
@@ -80,7 +80,7 @@ void RemoveLeftovers() {
         RegDeleteKeyW(HKEY_LOCAL_MACHINE, sizes);
 }
 
-// What a DEVMODE that the spooler has kept says: it may have left anything behind the names' ends.
+// A stored DEVMODE without the bytes after the names' ends, which the spooler may set to anything.
 Bytes Meaning(const DEVMODEW* dev_mode) {
     const auto* begin = reinterpret_cast<const uint8_t*>(dev_mode);
     Bytes bytes(begin, begin + dev_mode->dmSize + dev_mode->dmDriverExtra);
@@ -89,32 +89,6 @@ Bytes Meaning(const DEVMODEW* dev_mode) {
         std::fill(std::find(name, end, WCHAR{0}), end, WCHAR{0});
     }
     return bytes;
-}
-
-std::vector<std::string> Split(const std::string& text, const std::string& between) {
-    std::vector<std::string> parts;
-    for (size_t start = 0; start < text.size();) {
-        const size_t end = std::min(text.find(between, start), text.size());
-        parts.push_back(text.substr(start, end - start));
-        start = end + between.size();
-    }
-    return parts;
-}
-
-std::string JoinSorted(std::vector<std::string> parts) {
-    std::sort(parts.begin(), parts.end());
-    std::string text;
-    for (const std::string& part : parts) text += part + '\n';
-    return text;
-}
-
-// A settings file with its blocks and their lines sorted: each system lists what is stored in an
-// order of its own.
-Bytes Sorted(const Bytes& file) {
-    std::vector<std::string> blocks = Split({file.begin(), file.end()}, "\r\n\r\n");
-    for (std::string& block : blocks) block = JoinSorted(Split(block, "\r\n"));
-    const std::string text = JoinSorted(blocks);
-    return {text.begin(), text.end()};
 }
 
 class Printer {
@@ -131,7 +105,7 @@ public:
         Tell(name_ + " has defaults",
              convert(Text(kPrinter), nullptr, DevModeIn(defaults), &size, CDM_DRIVER_DEFAULT));
         Tell(name_ + ", defaults", defaults);
-        // What a spooler thinks of first for a new printer is its own choice.
+        // The first defaults of a new printer are the spooler's own choice.
         PRINTER_INFO_2W record = *RecordOf(printer_);
         record.pDevMode = DevModeIn(defaults);
         Require(SetPrinterW(printer_, 2, reinterpret_cast<BYTE*>(&record), 0),
@@ -161,7 +135,7 @@ private:
         Tell(name_ + ", document " + what, out);
     }
 
-    // DEVMODEs of programs: whole ones, cut ones, and ones with anything in them.
+    // DEVMODEs of programs: complete ones, truncated ones, and ones with random contents.
     void AskForDocuments(const Bytes& defaults) const {
         AskForDocument("of nothing", {});
         AskForDocument("of its defaults", defaults);
@@ -179,7 +153,7 @@ private:
             for (int change = 0; change < 40; ++change) {
                 const size_t limit = round % 2 ? 220 : changed.size();
                 const size_t at = (noise.Byte() * 256u + noise.Byte()) % limit;
-                // Versions and sizes tell how much may be read.
+                // Versions and sizes decide how much may be read.
                 if (at < 64 || at >= 72) changed[at] = noise.Byte();
             }
             AskForDocument("of anything, " + std::to_string(round), changed);
@@ -189,7 +163,7 @@ private:
     void AskForCapabilities() const {
         const auto ask = EXPORT(module_, DrvDeviceCapabilities);
         for (WORD capability = 0; capability <= 40; ++capability) {
-            // Where files lie and what version the driver has are the machine's business.
+            // The locations of files and the driver's version depend on the machine.
             if (capability == DC_FILEDEPENDENCIES) continue;
             const std::string what = name_ + ", capability " + std::to_string(capability);
             Tell(what + " alone",
@@ -213,11 +187,20 @@ private:
             Tell(what + " is called", name, 2 * static_cast<size_t>(std::clamp(length, 0, 79)));
         }
         EXPORT(module_, DAL_Settings_Export)(settings, kExported, 0xFFFF);
-        Tell(name_ + " exports", Sorted(FileOf(kExported)));
+        TellLines("exports", FileOf(kExported));
         EXPORT(module_, DAL_Settings_Import)(settings, kExported, 0xFFFF);
         EXPORT(module_, DAL_Settings_Export)(settings, kExported, DAL_SETTINGS_STOCKS);
-        Tell(name_ + " exports what it has imported", Sorted(FileOf(kExported)));
+        TellLines("exports what it has imported", FileOf(kExported));
         EXPORT(module_, DAL_Printer_Close)(settings);
+    }
+
+    // An answer for each line: every system lists what is stored in an order of its own.
+    void TellLines(const std::string& what, const Bytes& file) const {
+        for (auto line = file.begin(); line != file.end();) {
+            const auto end = std::find(line, file.end(), '\n');
+            Tell(name_ + " " + what, Bytes(line, end));
+            line = end == file.end() ? end : end + 1;
+        }
     }
 
     static Bytes FileOf(const WCHAR* path) {

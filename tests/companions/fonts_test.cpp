@@ -3,12 +3,8 @@
 
 #include "companions/emulator_test.h"
 
-#include "core/ostring.h"
-#include "zplui.h"
-
 #include <algorithm>
 #include <filesystem>
-#include <iterator>
 
 namespace {
 
@@ -21,7 +17,7 @@ protected:
         EXPECT_EQ(result.status, 0) << result.errors;
         return Json::parse(result.output, nullptr, false);
     }
-    // "file status" of all fonts that verify or list shows.
+    // The "file status" of all fonts that verify or list shows.
     std::string Listed(const char* how) const {
         std::string all;
         for (const Json& font : Fonts({how, "Dock3"}))
@@ -39,19 +35,22 @@ protected:
 TEST_F(FontsThreads, AreSentListedVerifiedSentAgainAndDeleted) {
     Install("Dock3", Port());
     const Json whole = Fonts({"add", "Dock3", "DejaVu Sans", "--memory", "E"});
-    const Json numbers = Fonts({"add", "Dock3", "DejaVu Sans", "--weight", "700", "--bitmap", "10",
-                                "--characters", "numbers", "--memory", "R", "--file", "digits"});
+    const std::vector<std::string> digits = {
+        "add",          "Dock3",   "DejaVu Sans", "--weight", "700",    "--bitmap", "10",
+        "--characters", "numbers", "--memory",    "R",        "--file", "digits"};
+    Fonts(digits);
+    const Json numbers = Fonts(digits); // in place of the first
     EXPECT_EQ(whole["file"], "E:DEJAVRFW.FNT");
     EXPECT_EQ(whole["identifier"], "I");
     EXPECT_EQ(numbers["file"], "R:digits.FNT");
-    EXPECT_EQ(numbers["identifier"], "J");
+    EXPECT_EQ(numbers["identifier"], "K");
     EXPECT_EQ(numbers["points"], 10.0);
     EXPECT_EQ(numbers["characters"], "numbers");
     EXPECT_EQ(Listed("list"), "E:DEJAVRFW.FNT sent;R:digits.FNT sent;");
     EXPECT_TRUE(Holds("E:DEJAVRFW.FNT;"));
     EXPECT_EQ(Listed("verify"), "E:DEJAVRFW.FNT present;R:digits.FNT present;");
 
-    // Somebody else comes and goes.
+    // Another host adds and deletes objects.
     Send("~DGE:LOGO.GRF,1,1,FF~DUE:OTHER.FNT,4,00010000^XA^IDR:DIGITS.FNT^FS^XZ");
     EXPECT_EQ(Listed("verify"), "E:DEJAVRFW.FNT present;R:digits.FNT missing;E:OTHER.FNT present;");
     EXPECT_EQ(Listed("resend"), "E:DEJAVRFW.FNT sent;R:digits.FNT sent;E:OTHER.FNT sent;");
@@ -67,89 +66,10 @@ TEST_F(FontsThreads, AreSentListedVerifiedSentAgainAndDeleted) {
     EXPECT_TRUE(std::filesystem::is_empty(root() + "/spool"));
 }
 
-// The exports of the installed module, as a program calls them.
-TEST_F(FontsThreads, AreReachedByPrograms) {
-    Install("Dock3", Port());
-    WCHAR folder[MAX_PATH] = {};
-    DWORD needed = 0;
-    ASSERT_TRUE(GetPrinterDriverDirectoryW(nullptr, nullptr, 1, reinterpret_cast<BYTE*>(folder),
-                                           sizeof folder, &needed));
-    const HMODULE module = LoadLibraryW((OString(folder) + "\\3\\zplui.dll").wstring());
-    ASSERT_TRUE(module);
-#define EXPORT(name)                                                                               \
-    reinterpret_cast<decltype(&name)>(reinterpret_cast<void*>(GetProcAddress(module, #name)))
-    const auto list = EXPORT(DAL_Fonts_List);
-    const auto verify = EXPORT(DAL_Fonts_Verify);
-    const auto resend = EXPORT(DAL_Fonts_Resend);
-    const auto download = EXPORT(DAL_Font_Download);
-    const auto erase = EXPORT(DAL_Font_Delete);
-    const auto open = EXPORT(DAL_Printer_Open);
-    const auto close = EXPORT(DAL_Printer_Close);
-#undef EXPORT
-    ASSERT_TRUE(list && verify && resend && download && erase && open && close);
-    HANDLE printer = nullptr;
-    PRINTER_DEFAULTSW all = {nullptr, nullptr, PRINTER_ALL_ACCESS};
-    WCHAR name[] = TEXT("Dock3");
-    ASSERT_TRUE(OpenPrinterW(name, &printer, &all));
-    HANDLE settings = open(printer);
-
-    DAL_FONT whole = {};
-    whole.kind = DAL_FONT_TRUETYPE;
-    whole.memory = 'E';
-    whole.font.lfWeight = FW_NORMAL;
-    const WCHAR face[] = TEXT("DejaVu Sans");
-    std::copy(std::begin(face), std::end(face), whole.font.lfFaceName);
-    DAL_FONT numbers = whole;
-    numbers.kind = DAL_FONT_BITMAP;
-    numbers.point_size = 100;
-    numbers.characters = DAL_CHARACTERS_NUMBERS;
-    numbers.memory = 'R';
-    const WCHAR file[] = TEXT("digits");
-    std::copy(std::begin(file), std::end(file), numbers.file);
-    DAL_FONT again = numbers;
-    EXPECT_TRUE(download(settings, &whole));
-    EXPECT_TRUE(download(settings, &numbers));
-    EXPECT_TRUE(download(settings, &again)) << "the file takes the place of the first";
-    EXPECT_EQ(OString(whole.file), "DEJAVRFW.FNT");
-    EXPECT_GT(whole.bytes, numbers.bytes);
-
-    // The statuses of all fonts.
-    const auto statuses = [&] {
-        DAL_FONT fonts[4] = {};
-        const int count = list(settings, fonts, 4);
-        std::string told;
-        for (int i = 0; i < count && i < 4; ++i) told += std::to_string(fonts[i].status);
-        return told;
-    };
-    EXPECT_EQ(list(settings, nullptr, 0), 2);
-    EXPECT_EQ(statuses(), "00");
-    EXPECT_TRUE(verify(settings));
-    EXPECT_EQ(statuses(), "11");
-    Send("^XA^IDR:DIGITS.FNT^FS^XZ");
-    EXPECT_TRUE(verify(settings));
-    EXPECT_EQ(statuses(), "12");
-    EXPECT_TRUE(resend(settings));
-    EXPECT_TRUE(verify(settings));
-    EXPECT_EQ(statuses(), "11");
-    EXPECT_FALSE(erase(settings, 2));
-    EXPECT_TRUE(erase(settings, 0));
-    close(settings);
-    settings = open(printer);
-    EXPECT_EQ(statuses(), "0");
-    EXPECT_FALSE(Holds("E:DEJAVRFW.FNT;"));
-    EXPECT_TRUE(Holds("R:DIGITS.FNT;"));
-
-    const HANDLE none = nullptr;
-    EXPECT_EQ(list(none, nullptr, 0), 0);
-    EXPECT_FALSE(verify(none) || resend(none) || download(none, &whole) || erase(none, 0));
-    EXPECT_FALSE(download(settings, nullptr));
-    close(settings);
-    ClosePrinter(printer);
-    FreeLibrary(module);
-}
-
 TEST_F(FontsThreads, AreRefusedWithAReason) {
     Install("Dock3", "FILE:");
+    EXPECT_EQ(Run({"install", "Dock4", "--model", "Valdrick X4 600 dpi"}).status, 0);
+    EXPECT_EQ(Run({"fonts", "add", "Dock3", "DejaVu Sans", "--file", "mine"}).status, 0);
     const struct {
         std::vector<std::string> words;
         int status;
@@ -166,6 +86,7 @@ TEST_F(FontsThreads, AreRefusedWithAReason) {
         {{"forget", "Dock3"}, 2},
         {{"list", "Nowhere"}, 1},
         {{"verify", "Dock3"}, 1},
+        {{"add", "Dock4", "DejaVu Sans", "--bitmap", "144"}, 1},
     };
     for (const auto& c : cases) {
         std::vector<std::string> words = {"fonts"};
@@ -174,7 +95,8 @@ TEST_F(FontsThreads, AreRefusedWithAReason) {
         EXPECT_EQ(result.status, c.status) << c.words.back();
         EXPECT_EQ(std::count(result.errors.begin(), result.errors.end(), '\n'), 1) << result.errors;
     }
-    EXPECT_EQ(Listed("list"), "");
+    EXPECT_EQ(Listed("list"), "R:mine.FNT sent;") << "nobody could say that it is missing";
+    EXPECT_EQ(Run({"fonts", "list", "Dock4"}).output, "");
 }
 
 } // namespace

@@ -3,7 +3,6 @@
 #include "companions/emulator_test.h"
 
 #include <filesystem>
-#include <set>
 
 namespace {
 
@@ -12,7 +11,7 @@ protected:
     static constexpr int kClients = 5, kJobs = 3;
     static constexpr size_t kBytes = 50000;
 
-    // A graphic of a size of its own, whose every byte is the client's.
+    // A graphic of its own size, in which every byte is the client's.
     static std::string Label(int client, int job) {
         const std::string name = std::to_string(client) + std::to_string(job);
         const size_t size = kBytes + static_cast<size_t>(10 * client + job);
@@ -21,7 +20,7 @@ protected:
                "^FS^XZ";
     }
 
-    // Every client prints its labels, one after the other, each client in processes of its own.
+    // Every client prints its labels one after the other, and each client in processes of its own.
     void PrintAll(const std::string& printer) const {
         std::vector<std::thread> clients;
         for (int client = 0; client < kClients; ++client)
@@ -36,22 +35,6 @@ protected:
         for (std::thread& client : clients) client.join();
     }
 };
-
-TEST_F(PrintingThreads, LoseAndMixNothingInTheSpooler) {
-    Install("Dock3", "FILE:");
-    PrintAll("Dock3");
-    std::multiset<std::string> wanted, printed;
-    for (int client = 0; client < kClients; ++client)
-        for (int job = 0; job < kJobs; ++job) wanted.insert(Label(client, job));
-    const ProgramResult jobs = Run({"jobs", "Dock3", "--json"});
-    std::set<int> numbers;
-    for (const Json& job : Json::parse(jobs.output)) {
-        numbers.insert(job["id"].get<int>());
-        printed.insert(BytesOf(job["file"].get<std::string>()));
-    }
-    EXPECT_EQ(numbers.size(), wanted.size());
-    EXPECT_TRUE(printed == wanted);
-}
 
 TEST_F(PrintingThreads, LoseAndMixNothingOnTheWayToThePrinter) {
     Install("Dock3", Port());

@@ -1,4 +1,4 @@
-// The status monitor's parts: what it reads in jobs, requests, command lines and answers.
+// The status monitor's parts: its reading of jobs, requests, command lines and answers.
 
 #include "qstmon/command_line.h"
 #include "qstmon/conversation.h"

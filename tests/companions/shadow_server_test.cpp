@@ -40,7 +40,7 @@ protected:
         });
         const OString name = Printer(server);
         ASSERT_TRUE(AddPrinterConnectionW(const_cast<WCHAR*>(name.wstring())));
-        // The driver's monitor, which the made-up driver does without.
+        // The driver's monitor, which the made-up driver lacks.
         ORegistry().SetString("PRINT:Environments/Windows NT x86/Drivers/Version-3/Model 1/Monitor",
                               "qstmon");
         fs::copy_file(Built("/bin/qstmon.dll"),
@@ -51,7 +51,7 @@ protected:
         return OString("\\\\") << server.c_str() << "\\Dock3";
     }
 
-    // Values of the user's copy, and of the server's own settings.
+    // Values in the user's copy, and in the server's own settings.
     static int32_t Copied(const char* name, const std::string& server = "SRV1") {
         return prtreg(Printer(server)).GetInt(name, -1);
     }
@@ -67,25 +67,29 @@ protected:
         OnServer(server, [&] { prtreg("Dock3").SetInt(name, value); });
     }
 
-    // The keys in the data that lies ready on the server, by the ends of their names.
-    std::string Ready() {
-        std::string keys;
+    // The lines that lie ready on the server, and their keys by the ends of their names.
+    OStringArray Prepared() {
+        OStringArray lines;
         OnServer("SRV1", [&] {
             prtreg registry("Dock3");
             OBuffer<char> bytes(
                 static_cast<uint32_t>(std::max(registry.GetSize("DATA:Shadow Key Data"), 0)));
-            OStringArray lines;
             registry.GetBinary("DATA:Shadow Key Data", bytes.GetData(), bytes.GetSize());
             UnpackSharedKeys(bytes, lines);
-            for (int i = 0; i < lines.GetSize(); ++i) {
-                const std::string line = lines[i].nstring();
-                if (line.rfind('[', 0) == 0) keys += line.substr(line.rfind('\\') + 1);
-            }
         });
+        return lines;
+    }
+    std::string Ready() {
+        std::string keys;
+        const OStringArray lines = Prepared();
+        for (int i = 0; i < lines.GetSize(); ++i) {
+            const std::string line = lines[i].nstring();
+            if (line.rfind('[', 0) == 0) keys += line.substr(line.rfind('\\') + 1);
+        }
         return keys;
     }
 
-    // What a client leaves on the server, without asking for it to be taken over.
+    // Leaves lines on the server as a client does, without asking for the takeover.
     static void Leave(std::initializer_list<const char*> lines, int32_t more_size = 0) {
         OStringArray text;
         for (const char* line : lines) text.Add(line);
@@ -206,15 +210,7 @@ TEST_F(SharedSettings, AreNamedAsTheClientNamesItsPrinter) {
     Connect("SRV1");
     SetServed("Settings:v", 1);
     ASSERT_GT(Ask(ShadowRequest::EXPORT, "SHARE").value_or(0), 0u);
-    OBuffer<char> bytes(4096);
-    OStringArray lines;
-    OnServer("SRV1", [&] {
-        prtreg registry("Dock3");
-        ASSERT_TRUE(bytes.SetSize(static_cast<uint32_t>(registry.GetSize("DATA:Shadow Key Data"))));
-        registry.GetBinary("DATA:Shadow Key Data", bytes.GetData(), bytes.GetSize());
-    });
-    ASSERT_TRUE(UnpackSharedKeys(bytes, lines));
-    EXPECT_STREQ(lines[0].nstring(), "[" DATA_KEY("SHARE") "\\Settings]");
+    EXPECT_STREQ(Prepared()[0].nstring(), "[" DATA_KEY("SHARE") "\\Settings]");
     Leave({"[" DATA_KEY("SHARE") "\\Settings]", "\"v\"=hex:05,00,00,00", ""});
     EXPECT_EQ(Ask(ShadowRequest::IMPORT, "SHARE"), 1u);
     EXPECT_EQ(Served("Settings:v"), 5);

@@ -20,7 +20,7 @@ std::string Encoded(const std::string& bytes) {
     return std::string(out.GetData(), length);
 }
 
-std::string Decoded(const std::string& text) {
+std::string DecodedText(const std::string& text) {
     const OBuffer<char> in = Buffer(text);
     OBuffer<char> out(Base64::DecodeLength(in.GetSize()));
     uint32_t length = 99;
@@ -38,7 +38,7 @@ TEST(Base64Text, IsTheStandardOne) {
                                                          {"\xFB\xEF\xBE\xFF\xFF\xFF", "++++////"}};
     for (const auto& [bytes, text] : cases) {
         EXPECT_EQ(Encoded(bytes), text);
-        EXPECT_EQ(Decoded(text), bytes);
+        EXPECT_EQ(DecodedText(text), bytes);
         OBuffer<char> buffer = Buffer(bytes);
         ASSERT_TRUE(Base64::Encode(buffer));
         EXPECT_EQ(std::string(buffer.GetData(), buffer.GetSize()), text);
@@ -51,7 +51,7 @@ TEST(Base64Text, ComesBackForEveryLength) {
     std::mt19937 random(1);
     std::string bytes;
     for (int length = 0; length < 200; ++length) {
-        ASSERT_EQ(Decoded(Encoded(bytes)), bytes) << length;
+        ASSERT_EQ(DecodedText(Encoded(bytes)), bytes) << length;
         bytes.push_back(static_cast<char>(random()));
     }
 }
@@ -61,12 +61,13 @@ TEST(Base64Text, EndsAtPaddingAndToleratesTheRest) {
         {"TQ==TWFu", "M"}, {"TWE=TWFu", "Ma"}, {"TWFuTQ", "ManM"}, {"TWFuTWE", "ManMa"},
         {"TWFuT", "Man"},  {"T", ""},          {"TQ=A", "M"},      {"TWFu\n", "Man"},
         {"TQ", "M"},       {"T===", "L"}};
-    for (const auto& [text, bytes] : cases) EXPECT_EQ(Decoded(text), bytes) << text;
-    EXPECT_EQ(Decoded("T\xFF"
-                      "!u"),
-              Decoded("TAAu"))
+    for (const auto& [text, bytes] : cases) EXPECT_EQ(DecodedText(text), bytes) << text;
+    EXPECT_EQ(DecodedText("T\xFF"
+                          "!u"),
+              DecodedText("TAAu"))
         << "strangers count as zero";
-    EXPECT_EQ(Decoded("==Fu"), Decoded("AAFu")) << "padding ends the text in its places only";
+    EXPECT_EQ(DecodedText("==Fu"), DecodedText("AAFu"))
+        << "padding ends the text in its places only";
 }
 
 TEST(Base64Text, HasKnownLengthsUpToTheLargest) {

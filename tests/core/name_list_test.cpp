@@ -123,7 +123,6 @@ TEST(NameList, NumbersNamesThatAreTaken) {
         list.AddTail_UniqueName(new CountedNode(wanted), space);
         EXPECT_STREQ(list.GetPrev(nullptr)->GetName().nstring(), unique);
     }
-    EXPECT_FALSE(list.AddTail_UniqueName(nullptr, true));
 }
 
 TEST(NameList, FindsAFreeNameWhenTheNumbersRunOut) {

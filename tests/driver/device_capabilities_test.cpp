@@ -35,24 +35,25 @@ TEST_F(DeviceCapabilities, ComeFromTheModuleThatTheSpoolerLoads) {
         {DC_EXTRA, 1288}, {DC_COLORDEVICE, 1}};
     for (const auto& [capability, expected] : cases)
         EXPECT_EQ(Ask(capability), expected) << capability;
+}
 
-    // The user's stock alone.
-    WORD paper = 0;
-    EXPECT_EQ(Ask(DC_PAPERS, &paper), 1);
-    EXPECT_EQ(paper, 256);
-    POINT size = {};
-    EXPECT_EQ(Ask(DC_PAPERSIZE, &size), 1);
-    EXPECT_EQ(size.x, 25) << "liners without a label";
-    WCHAR name[64] = {};
-    EXPECT_EQ(Ask(DC_PAPERNAMES, name), 1);
-    EXPECT_EQ(Text(OString(name)), "USER");
-
-    int32_t pairs[4] = {};
-    EXPECT_EQ(Ask(DC_ENUMRESOLUTIONS, pairs), 2);
-    EXPECT_EQ(pairs[3], 600);
-    WCHAR files[2][64] = {};
-    EXPECT_EQ(Ask(DC_FILEDEPENDENCIES, files), 2);
-    EXPECT_EQ(Text(OString(files[1])), "zplvenu.dll");
+TEST_F(DeviceCapabilities, AreTheModulesWordForWord) {
+    Install({.model = "Resolution=203,300x600\nStock.Maximum.X=114 mm\n"});
+    const auto ask = Export<decltype(DrvDeviceCapabilities)>("DrvDeviceCapabilities");
+    WCHAR name[] = TEXT("Dock 3");
+    HANDLE printer = nullptr;
+    ASSERT_TRUE(ask && OpenPrinterW(name, &printer, nullptr));
+    for (WORD capability = 0; capability <= 35; ++capability) {
+        EXPECT_EQ(Ask(capability),
+                  static_cast<int>(ask(printer, name, capability, nullptr, nullptr)))
+            << capability;
+        std::vector<BYTE> output(1024, 0xEE), expected(1024, 0xEE);
+        EXPECT_EQ(Ask(capability, output.data()),
+                  static_cast<int>(ask(printer, name, capability, expected.data(), nullptr)))
+            << capability;
+        EXPECT_EQ(output, expected) << capability;
+    }
+    ClosePrinter(printer);
 }
 
 TEST_F(DeviceCapabilities, OfDocumentsFollowTheDevModeOfTheProgram) {

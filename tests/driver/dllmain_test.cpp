@@ -49,10 +49,7 @@ TEST_F(Attach, MakesTheCachesAndDetachFreesThem) {
     ModelDataCache().SetData(owner, "key", "data", 4);
     EXPECT_EQ(ModelDataCache().GetDataSize(owner, "key"), 4u);
 
-    const DWORD thread_attach = 2;
-    const DWORD thread_detach = 3;
-    EXPECT_TRUE(DllInitialize(module, thread_attach, nullptr));
-    EXPECT_TRUE(DllInitialize(module, thread_detach, nullptr));
+    for (const DWORD of_a_thread : {2, 3}) EXPECT_TRUE(DllInitialize(module, of_a_thread, nullptr));
     EXPECT_EQ(ModelDataCache().GetDataSize(owner, "key"), 4u);
 
     EXPECT_TRUE(DllInitialize(module, DLL_PROCESS_DETACH, nullptr));
@@ -68,8 +65,7 @@ TEST_F(Attach, KnowsThePlatformFromTheFolderThatTheModuleWasLoadedFrom) {
     ASSERT_TRUE(module);
     EXPECT_TRUE(DllInitialize(module, DLL_PROCESS_ATTACH, nullptr));
     EXPECT_EQ(DriverUtility::GetDriverDirectory(), DriverFolder());
-    EXPECT_TRUE(winNT);
-    EXPECT_TRUE(win2000);
+    EXPECT_TRUE(winNT && win2000);
     EXPECT_TRUE(DllInitialize(module, DLL_PROCESS_DETACH, nullptr));
     FreeLibrary(module);
 }

@@ -71,8 +71,7 @@ protected:
     }
 
     static void SetDefaultDevMode(DEVMODEW* mode) {
-        PrinterInfo info(OString("Dock 3"));
-        ASSERT_TRUE(info.SetDevMode(mode));
+        EXPECT_TRUE(PrinterInfo(OString("Dock 3")).SetDevMode(mode));
     }
     // Sets the printer data that tell whether an operation has done its work to other values.
     static void Spoil() {
@@ -90,21 +89,10 @@ protected:
     }
     static std::string Identifiers() {
         OStringArray ids;
-        prtreg registry = Registry();
-        registry.GetMultiString("DATA:Plug And Play IDs", ids);
+        Registry().GetMultiString("DATA:Plug And Play IDs", ids);
         return Text(ids);
     }
-    static bool IsMonitored() {
-        prtreg registry = Registry();
-        DriverSettings settings;
-        settings.Load(registry);
-        return settings.MonitorStatus();
-    }
-    static int DefaultCopies() {
-        const PrinterInfo info(OString("Dock 3"));
-        const DEVMODEW* mode = info.GetDevMode();
-        return mode ? mode->dmCopies : 0;
-    }
+    static int DefaultCopies() { return PrinterInfo(OString("Dock 3")).GetDevMode()->dmCopies; }
 };
 
 const std::string kDefaults = "USER Gr\xF6\xDF"
@@ -120,7 +108,10 @@ TEST_F(PrinterEvent, GivesPrintersTheirDefaultsOnceHoweverOftenTheyAreInstalled)
     EXPECT_TRUE(Raise(PRINTER_EVENT_INITIALIZE));
     EXPECT_EQ(Defaults(), kDefaults);
     EXPECT_EQ(Identifiers(), "ID1,ID2");
-    EXPECT_FALSE(IsMonitored());
+    prtreg registry = Registry();
+    DriverSettings settings;
+    settings.Load(registry);
+    EXPECT_FALSE(settings.MonitorStatus());
     EXPECT_EQ(DefaultCopies(), 500) << "the most that the model prints";
 
     Spoil();
@@ -130,25 +121,18 @@ TEST_F(PrinterEvent, GivesPrintersTheirDefaultsOnceHoweverOftenTheyAreInstalled)
     EXPECT_EQ(Defaults(), kDefaults);
 }
 
-TEST_F(PrinterEvent, OfAConnectionLeavesTheDevModeAlone) {
+TEST_F(PrinterEvent, OfAConnectionLeavesTheDevModeAloneAndAnUpgradeThePlugAndPlayIdentifiers) {
     WriteDefaults();
-    Spoil();
-    EXPECT_TRUE(Raise(PRINTER_EVENT_ADD_CONNECTION));
-    EXPECT_EQ(Defaults(), kDefaults);
-    EXPECT_EQ(Identifiers(), "ID1,ID2");
-    EXPECT_EQ(DefaultCopies(), 999);
+    for (const bool upgrade : {false, true}) {
+        Spoil();
+        EXPECT_TRUE(upgrade ? Upgrade() : Raise(PRINTER_EVENT_ADD_CONNECTION));
+        EXPECT_EQ(Defaults(), kDefaults);
+        EXPECT_EQ(Identifiers(), upgrade ? "" : "ID1,ID2");
+        EXPECT_EQ(DefaultCopies(), upgrade ? 500 : 999);
+    }
 }
 
-TEST_F(PrinterEvent, UpgradesAllButThePlugAndPlayIdentifiers) {
-    WriteDefaults();
-    Spoil();
-    EXPECT_TRUE(Upgrade());
-    EXPECT_EQ(Defaults(), kDefaults);
-    EXPECT_EQ(Identifiers(), "");
-    EXPECT_EQ(DefaultCopies(), 500);
-}
-
-TEST_F(PrinterEvent, MakesADefaultDevModeOfWhateverThereWas) {
+TEST_F(PrinterEvent, MakesADefaultDevModeOfWhateverThereWasWithoutDefaultSettings) {
     ForeignDevMode older(188, 40, "Dock 3");
     older->dmFields = DM_ORIENTATION | DM_COPIES;
     older->dmOrientation = DMORIENT_LANDSCAPE;
@@ -160,10 +144,6 @@ TEST_F(PrinterEvent, MakesADefaultDevModeOfWhateverThereWas) {
     EXPECT_EQ(info.GetDevMode()->dmSize + info.GetDevMode()->dmDriverExtra, 1508);
     EXPECT_EQ(info.GetDevMode()->dmOrientation, DMORIENT_LANDSCAPE);
     EXPECT_EQ(info.GetDevMode()->dmCopies, 3);
-}
-
-TEST_F(PrinterEvent, NeedsNoDefaultSettingsFile) {
-    EXPECT_TRUE(Raise(PRINTER_EVENT_INITIALIZE));
     EXPECT_EQ(Defaults(), "USER ");
     EXPECT_FALSE(OFile::Exists(DriverUtility::GetDriverDirectory() + "\\oqvxxenu.kds"));
 }
@@ -174,11 +154,16 @@ TEST_F(PrinterEvent, OfAnotherKindOrPrinterDoesNothing) {
     EXPECT_FALSE(Raise(PRINTER_EVENT_INITIALIZE, "Nowhere"));
     EXPECT_TRUE(Raise(PRINTER_EVENT_ADD_CONNECTION, "Nowhere"));
     EXPECT_FALSE(Raise(PRINTER_EVENT_INITIALIZE, ""));
-    EXPECT_FALSE(Upgrade("Nowhere"));
-    EXPECT_EQ(GetLastError(), DWORD{ERROR_INVALID_PARAMETER});
-    SetLastError(0);
-    EXPECT_FALSE(DrvUpgradePrinter(1, nullptr));
-    EXPECT_EQ(GetLastError(), DWORD{ERROR_INVALID_PARAMETER});
+    EXPECT_FALSE(DrvPrinterEvent(nullptr, PRINTER_EVENT_INITIALIZE, 0, 0));
+    EXPECT_TRUE(DrvPrinterEvent(nullptr, PRINTER_EVENT_ADD_CONNECTION, 0, 0));
+    DRIVER_UPGRADE_INFO_1W unnamed = {};
+    for (BYTE* info : {static_cast<BYTE*>(nullptr), reinterpret_cast<BYTE*>(&unnamed)}) {
+        EXPECT_FALSE(Upgrade("Nowhere"));
+        EXPECT_EQ(GetLastError(), DWORD{ERROR_INVALID_PARAMETER});
+        SetLastError(0);
+        EXPECT_FALSE(DrvUpgradePrinter(1, info));
+        EXPECT_EQ(GetLastError(), DWORD{ERROR_INVALID_PARAMETER});
+    }
     EXPECT_EQ(Defaults(), "USER ");
 }
 
@@ -203,7 +188,13 @@ TEST_F(PrinterEvent, RefusesASystemThatTheDriverDoesNotFit) {
         SetLastError(0);
         EXPECT_FALSE(c.call()) << c.what;
         EXPECT_TRUE(!c.error || GetLastError() == c.error) << c.what;
-        EXPECT_EQ(win32host::TakeMessageBoxes().size(), c.boxes) << c.what;
+        const auto boxes = win32host::TakeMessageBoxes();
+        EXPECT_EQ(boxes.size(), c.boxes) << c.what;
+        for (const auto& box : boxes) {
+            EXPECT_EQ(box.type, UINT{MB_ICONERROR | MB_OK});
+            EXPECT_EQ(box.caption, TEXT("Incorrect Driver Version"));
+        }
+        EXPECT_EQ(Registry().GetSize(mark) == 1, c.marks) << c.what;
         EXPECT_EQ(Registry().GetByte(mark, 0), c.marks ? 0xFF : 0) << c.what;
         EXPECT_EQ(Defaults(), "USER ") << c.what;
     }

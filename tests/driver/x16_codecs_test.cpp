@@ -9,17 +9,12 @@ namespace {
 TEST(ExportedCodecs, BringTheirInputBack) {
     const std::string text = "label label label label label";
     const uint32_t size = static_cast<uint32_t>(text.size());
-    char packed[100];
-    uint32_t packed_size = sizeof(packed);
+    char packed[100], encoded[200], decoded[200], unpacked[100];
+    uint32_t packed_size = sizeof packed, encoded_size = 0, decoded_size = 0;
+    uint32_t unpacked_size = sizeof unpacked;
     ASSERT_TRUE(X16_LZ77_Encode(text.data(), size, packed, &packed_size));
-    char encoded[200];
-    uint32_t encoded_size = 0;
     X16_Base64_Encode(packed, packed_size, encoded, &encoded_size);
-    char decoded[200];
-    uint32_t decoded_size = 0;
     X16_Base64_Decode(encoded, encoded_size, decoded, &decoded_size);
-    char unpacked[100];
-    uint32_t unpacked_size = sizeof(unpacked);
     ASSERT_TRUE(X16_LZ77_Decode(decoded, decoded_size, unpacked, &unpacked_size));
     EXPECT_EQ(std::string(unpacked, unpacked_size), text);
     EXPECT_EQ(X16_CRC16("123456789", 9, 0xFFFF), 0x29B1);

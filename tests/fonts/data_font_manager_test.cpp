@@ -73,20 +73,17 @@ protected:
 
     enum Kind { BAR_CODES, RFIDS, BINARY };
     int Imported(const std::string& bytes, Kind kind = BAR_CODES) {
-        WriteFile("in.kds", bytes);
-        OFile file(OString("C:\\in.kds"), OFILE_READ);
-        file.SetCodePage(1208);
-        return kind == BINARY  ? fonts_.ImportKBF1(file, model_.get())
-               : kind == RFIDS ? fonts_.ImportRFID(file, model_.get())
-                               : fonts_.ImportBarFont(file, model_.get());
+        return Taken(bytes, [&](OFile& file) {
+            return kind == BINARY  ? fonts_.ImportKBF1(file, model_.get())
+                   : kind == RFIDS ? fonts_.ImportRFID(file, model_.get())
+                                   : fonts_.ImportBarFont(file, model_.get());
+        });
     }
     std::string Exported() {
-        OFile file(OString("C:\\out.kds"), OFILE_WRITE);
-        file.SetCodePage(1208);
-        fonts_.ExportBarFont(file, model_.get());
-        fonts_.ExportRFID(file, model_.get());
-        file.Close();
-        return BytesOf(OnDriveC("out.kds"));
+        return Written([this](OFile& file) {
+            fonts_.ExportBarFont(file, model_.get());
+            fonts_.ExportRFID(file, model_.get());
+        });
     }
 
     std::unique_ptr<extmodel> model_;
@@ -110,27 +107,25 @@ TEST_F(DataFonts, OfOneNameReplaceEachOtherInPlace) {
 }
 
 TEST_F(DataFonts, AreStoredAsOneBlobEach) {
-    fonts_.AddTail(BarCode("50%/\\:", 0)); // sorted, as some registries list them
+    fonts_.AddTail(BarCode("50%/%5C:", 0)); // sorted, as some registries list them
+    fonts_.AddTail(BarCode("50%/\\:", 0));
     fonts_.AddTail(BarCode("QR", 18));
     fonts_.AddTail(Rfid("Tag"));
     fonts_.AddTail(BarCode(""));
     prtreg registry = Registry();
     registry.SetBinary("DATA:Data Fonts/Old/Data", "x", 1);
     EXPECT_TRUE(fonts_.IsModified());
-    EXPECT_TRUE(fonts_.Save(model_.get()));
+    EXPECT_EQ(fonts_.Save(model_.get()), SaveResult::STORED);
     EXPECT_FALSE(fonts_.IsModified());
     EXPECT_EQ(registry.GetSize("DATA:Data Fonts/QR/Data"), 168);
     EXPECT_EQ(registry.GetSize("DATA:Data Fonts/Tag/Data"), 228);
     EXPECT_EQ(registry.GetSize("DATA:Data Fonts/Old/Data"), -1) << "no longer in the list";
-    EXPECT_EQ(Stored(), "50%/\\::1 QR:2 Tag:3") << "one without a name has no key";
+    EXPECT_EQ(Stored(), "50%/%5C::1 50%/\\::1 QR:2 Tag:3") << "one without a name has no key";
 
-    std::string blobs = BarCodeBlob(18, "QR");
-    DataFontManager two;
-    two.AddTail(BarCode("QR", 18));
-    static_cast<DataFont_BarCode*>(two[0])->set_mils(10);
-    two.AddTail(Rfid("blob"));
-    blobs += RfidBlob(DataFont_RFID::EPC_64);
-    EXPECT_EQ(two.GetCRC32(5), CRC32(blobs.data(), static_cast<uint32_t>(blobs.size()), 5));
+    const std::string blob = RfidBlob(DataFont_RFID::EPC_64);
+    DataFontManager one;
+    one.AddTail(Rfid("blob"));
+    EXPECT_EQ(one.GetCRC32(5), CRC32(blob.data(), static_cast<uint32_t>(blob.size()), 5));
 
     DataFontManager copy;
     copy.AddTail(BarCode("gone"));
@@ -196,9 +191,7 @@ TEST_F(DataFonts, AreImportedFromBlocks) {
         {"plain Base64", Block(bar, good), BAR_CODES, 1, "blob:1"},
         {"a name behind the data", "<font type='Bar Code'>\n" + data + "Name=b\n</font>", BAR_CODES,
          1, "b:1"},
-        {"blanks", " <font type='Bar Code'>\t\n\n  Name=\"b\"\n </font> ", BAR_CODES, 1, "b:1"},
         {"a short blob", Block(bar, good.substr(1)), BAR_CODES, 1, "a:1"},
-        {"a long blob", Block(bar, good + "x"), BAR_CODES, 1, "a:1"},
         {"a record that is too long", Block(bar, long_record), BAR_CODES, 1, "a:1"},
         {"a blob of another type", Block(bar, not_bar_code), BAR_CODES, 1, "a:1"},
         {"a symbology that is not printed", Block(bar, BarCodeBlob(16)) + Block(bar, good),
@@ -207,34 +200,27 @@ TEST_F(DataFonts, AreImportedFromBlocks) {
         {"lines of no meaning",
          "Name=x\n</font>\n<font type='Bar Code'>\nName=b\nProtected=true\n=\nName\n</font>\n",
          BAR_CODES, 1, "b:1"},
-        {"the same twice", Block(bar, good) + Block(bar, good), BAR_CODES, 2, "blob:1"},
         {"the other kind", Block("RFID", RfidBlob(1)), BAR_CODES, 0, ""},
         {"RFID", Block("RFID", RfidBlob(8)) + Block(bar, good), RFIDS, 1, "blob:3"},
         {"RFID of another size", Block("RFID", good), RFIDS, 1, "a:3"},
         {"a tag that is not written", Block("RFID", RfidBlob(16)), RFIDS, 0, ""},
-        {"nothing", "", BAR_CODES, 0, ""},
+        {"no name", "<font type='Bar Code'>\nName=\"\"\n</font>\n", BAR_CODES, 0, ""},
     };
     for (const auto& c : cases) {
         fonts_.Clear();
         EXPECT_EQ(Imported(c.text, c.kind), c.count) << c.what;
         EXPECT_EQ(Order(fonts_), c.order) << c.what;
     }
+    ASSERT_EQ(Imported(Block(bar, good)), 1);
+    const auto* font = static_cast<const DataFont_BarCode*>(fonts_[0]);
+    EXPECT_EQ(font->resolution, 203);
+    EXPECT_EQ(font->get_x(), 2) << "3 dots of 300 dpi: the printed width stays";
     Replace({.model = "Resolution=203\n", .barcode = "Code128=yes\n"});
     model_ = Model();
     EXPECT_EQ(Imported(Block("RFID", RfidBlob(1)), RFIDS), 0) << "a printer without RFID";
 }
 
-TEST_F(DataFonts, KeepTheirPrintedWidthOnImport) {
-    ASSERT_EQ(Imported(Block("Bar Code", BarCodeBlob(3))), 1);
-    const auto* font = static_cast<const DataFont_BarCode*>(fonts_[0]);
-    EXPECT_EQ(font->resolution, 203);
-    EXPECT_EQ(font->get_x(), 2) << "3 dots of 300 dpi";
-}
-
 TEST_F(DataFonts, AreReadFromTheBinaryFilesOfOldDrivers) {
-    const auto number = [](uint32_t value) {
-        return std::string(reinterpret_cast<const char*>(&value), 4);
-    };
     const std::string one = BarCodeBlob(3, "one"), two = BarCodeBlob(18, "two");
     const struct {
         const char* what;
@@ -242,16 +228,14 @@ TEST_F(DataFonts, AreReadFromTheBinaryFilesOfOldDrivers) {
         int count;
         const char* order;
     } cases[] = {
-        {"two", "KBF1" + number(168) + one + two, 2, "one:1 two:2"},
-        {"longer records", "KBF1" + number(170) + one + "xx" + two + "xx", 2, "one:1 two:2"},
-        {"half a record", "KBF1" + number(168) + one + two.substr(1), 1, "one:1"},
-        {"one that is not printed", "KBF1" + number(168) + BarCodeBlob(16) + two, 1, "two:2"},
-        {"one that is none", "KBF1" + number(168) + std::string(168, 0) + two, 1, "two:2"},
-        {"short records", "KBF1" + number(167) + one, 0, ""},
-        {"records of no size", "KBF1" + number(0) + one, 0, ""},
-        {"records of all sizes", "KBF1" + number(0xFFFFFFFF) + one, 0, ""},
-        {"another signature", "KFM1" + number(168) + one, 0, ""},
-        {"a head only", "KBF1", 0, ""},
+        {"two", "KBF1" + Bytes4(168) + one + two, 2, "one:1 two:2"},
+        {"longer records", "KBF1" + Bytes4(170) + one + "xx" + two + "xx", 2, "one:1 two:2"},
+        {"half a record", "KBF1" + Bytes4(168) + one + two.substr(1), 1, "one:1"},
+        {"one that is not printed", "KBF1" + Bytes4(168) + BarCodeBlob(16) + two, 1, "two:2"},
+        {"one that is none", "KBF1" + Bytes4(168) + std::string(168, 0) + two, 1, "two:2"},
+        {"short records", "KBF1" + Bytes4(167) + one, 0, ""},
+        {"records of all sizes", "KBF1" + Bytes4(0xFFFFFFFF) + one, 0, ""},
+        {"another signature", "KFM1" + Bytes4(168) + one, 0, ""},
     };
     for (const auto& c : cases) {
         fonts_.Clear();
@@ -263,7 +247,7 @@ TEST_F(DataFonts, AreReadFromTheBinaryFilesOfOldDrivers) {
 TEST_F(DataFonts, OfTheDefaultSettingsFileJoinThePrinters) {
     fonts_.AddTail(BarCode("BLOB"));
     fonts_.AddTail(BarCode("mine"));
-    fonts_.Save(model_.get());
+    EXPECT_EQ(fonts_.Save(model_.get()), SaveResult::STORED);
     model_->InstallDefault_BarFonts();
     EXPECT_EQ(Stored(), "BLOB:1 mine:1") << "there is no such file";
     const std::string folder = Text(DriverUtility::GetDriverDirectory()).substr(3);

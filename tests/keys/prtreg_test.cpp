@@ -54,16 +54,16 @@ TEST_F(KeyMap, ExpandsItsRootsAndPlaceholders) {
     ASSERT_TRUE(AddPrinter("Dock3", "Model 1:x"));
     TestKeyMap map("Dock3");
 #define PRINT_KEY "2:SYSTEM/CurrentControlSet/Control/Print"
-#define DATA_KEY PRINT_KEY "/Printers/Dock3/PrinterDriverData"
+#define DOCK3_KEY PRINT_KEY "/Printers/Dock3/PrinterDriverData"
     const std::pair<const char*, const char*> cases[] = {
-        {"Settings:Network Sharing", DATA_KEY "/Settings | Network Sharing"},
-        {"SETTINGS:a/b", DATA_KEY "/Settings/a | b"},
-        {"DATA:v", DATA_KEY " | v"},
-        {"Cache:v", DATA_KEY "/Cache | v"},
-        {"Fonts:v", DATA_KEY "/Downloaded Fonts | v"},
-        {"Presets:v", DATA_KEY "/Presets | v"},
-        {"Debug:v", DATA_KEY "/Development | v"},
-        {"Model:v", DATA_KEY "/Model | v"},
+        {"Settings:Network Sharing", DOCK3_KEY "/Settings | Network Sharing"},
+        {"SETTINGS:a/b", DOCK3_KEY "/Settings/a | b"},
+        {"DATA:v", DOCK3_KEY " | v"},
+        {"Cache:v", DOCK3_KEY "/Cache | v"},
+        {"Fonts:v", DOCK3_KEY "/Downloaded Fonts | v"},
+        {"Presets:v", DOCK3_KEY "/Presets | v"},
+        {"Debug:v", DOCK3_KEY "/Development | v"},
+        {"Model:v", DOCK3_KEY "/Model | v"},
         {"Stock:v", "2:SOFTWARE/Valdrick/Drivers/Paper Sizes | v"},
         {"UserSettings:Language", "1:SOFTWARE/Valdrick/Drivers/Printers/Dock3/Settings | Language"},
         {"LOCAL:Printers/[PRINTER]/[PRINTER]/v",

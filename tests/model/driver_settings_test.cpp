@@ -172,9 +172,13 @@ TEST_F(DriverSettingsTest, AreWrittenOnlyWhenTheyWereSet) {
     settings.Save(prtreg("Dock3"));
     EXPECT_FALSE(HasSettings("Dock3"));
 
+    const uint32_t unchanged = settings.GetCRC32(0);
     settings.SetQueryInterval(settings.GetQueryInterval());
     EXPECT_FALSE(HasSettings("Dock3")) << "before Save";
-    settings.Save(prtreg("Dock3"));
+    DriverSettings copy(settings);
+    EXPECT_NE(copy.GetCRC32(0), unchanged);
+    EXPECT_EQ(copy.GetCRC32(0), settings.GetCRC32(0));
+    copy.Save(prtreg("Dock3"));
     EXPECT_EQ(prtreg("Dock3").GetDWORD("Settings:Status/Query Interval", 0), 1000u);
     EXPECT_EQ(prtreg("Dock3").GetSize("Settings:Status/System Tray Icon"), -1);
 

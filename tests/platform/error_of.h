@@ -3,7 +3,7 @@
 
 #include <windows.h>
 
-// 0 when a call went well, else the error that it left.
+// 0 if a call succeeded, else the error that it left.
 inline int ErrorOf(bool done) {
     return done ? 0 : static_cast<int>(GetLastError());
 }

@@ -2,24 +2,11 @@
 
 namespace {
 
-// A machine with the printer LABELS, whose driver notes all that it is told.
-class DeviceContexts : public SpoolerTest {
+class DeviceContexts : public LabelsTest {
 protected:
-    DeviceContexts() {
-        AddDriver();
-        AddPrinter(u"LABELS");
-        TakeNotes();
-    }
-
     static int Start(HDC dc, LPCWSTR name) {
         const DOCINFOW info = {sizeof info, name, nullptr, nullptr, 0};
         return StartDocW(dc, &info);
-    }
-
-    std::string JobFile(int job) const {
-        char name[32];
-        std::snprintf(name, sizeof name, "/spool/%05d.SPL", job);
-        return BytesOf(root() + name);
     }
 };
 
@@ -30,6 +17,7 @@ TEST_F(DeviceContexts, TellTheDriverAndTheRenderingModuleInTurn) {
     const HDC dc = CreateDCW(u"WINSPOOL", u"labels", nullptr, &settings);
     ASSERT_NE(dc, nullptr);
     EXPECT_EQ(TakeNotes(), u"event 1;enable LABELS;event 2;");
+    EXPECT_EQ(GetDeviceCaps(dc, HORZRES), 1016);
     EXPECT_EQ(Start(dc, u"Label"), 1);
     EXPECT_EQ(StartPage(dc), 1);
     EXPECT_EQ(ExtEscape(dc, 15001, 3, "abc", 0, nullptr), 15004);
@@ -39,21 +27,8 @@ TEST_F(DeviceContexts, TellTheDriverAndTheRenderingModuleInTurn) {
                            u"end doc;event 12;");
     EXPECT_TRUE(DeleteDC(dc));
     EXPECT_EQ(TakeNotes(), u"event 10;disable;");
-    EXPECT_EQ(JobFile(1), "abc");
+    EXPECT_EQ(Spooled(1), "abc");
     EXPECT_FALSE(DeleteDC(dc));
-}
-
-TEST_F(DeviceContexts, KnowWhatTheRenderingModuleSays) {
-    DEVMODEW settings = {};
-    settings.dmSize = sizeof settings;
-    settings.dmPaperWidth = 1016;
-    const HDC dc = CreateICW(nullptr, u"LABELS", u"FILE:", &settings);
-    const std::pair<int, int> caps[] = {{HORZRES, 1016},      {HORZSIZE, 102}, {VERTSIZE, 150},
-                                        {PHYSICALWIDTH, 832}, {LOGPIXELSX, 0}, {999, 0}};
-    for (const auto& [index, value] : caps) EXPECT_EQ(GetDeviceCaps(dc, index), value) << index;
-    EXPECT_EQ(GetDeviceCaps(nullptr, HORZRES), 0);
-    EXPECT_EQ(Start(dc, u"Not on an information context"), SP_ERROR);
-    EXPECT_TRUE(DeleteDC(dc));
 }
 
 TEST_F(DeviceContexts, DropDocumentsThatDoNotComeToTheirEnd) {
@@ -68,7 +43,7 @@ TEST_F(DeviceContexts, DropDocumentsThatDoNotComeToTheirEnd) {
     const int job = Start(dc, u"Left");
     EXPECT_GT(job, 0);
     EXPECT_TRUE(DeleteDC(dc));
-    EXPECT_EQ(JobFile(job), "");
+    EXPECT_EQ(Spooled(static_cast<DWORD>(job)), "");
     DWORD needed = 0, count = 1;
     EXPECT_TRUE(EnumJobsW(Open(u"LABELS"), 0, 100, 1, nullptr, 0, &needed, &count) && count == 0);
 }

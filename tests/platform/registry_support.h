@@ -9,7 +9,7 @@
 #include <string_view>
 #include <vector>
 
-// An open key, closed when it goes.
+// An open key that is closed with the object.
 class Key {
 public:
     explicit Key(HKEY handle = nullptr)
@@ -30,7 +30,7 @@ private:
     HKEY handle_;
 };
 
-// Where no base is given, paths are those of the machine.
+// Paths without a base key are those of the machine.
 inline LSTATUS TryMake(HKEY base, const Wide& path, HKEY* key, DWORD* disposition = nullptr,
                        DWORD options = 0, REGSAM access = KEY_ALL_ACCESS) {
     return RegCreateKeyExW(base, path.c_str(), 0, nullptr, options, access, nullptr, key,
@@ -46,7 +46,7 @@ inline Key Make(const Wide& path, REGSAM access = KEY_ALL_ACCESS) {
     return Make(HKEY_LOCAL_MACHINE, path, access);
 }
 
-// Answers the error code of opening a key, and closes it.
+// Opens a key, closes it and returns the error code.
 inline LSTATUS TryOpen(HKEY base, const Wide& path, REGSAM access = KEY_READ) {
     HKEY key = nullptr;
     const LSTATUS status = RegOpenKeyExW(base, path.c_str(), 0, access, &key);
@@ -62,7 +62,7 @@ inline LSTATUS Write(HKEY key, const Wide& name, std::string_view bytes, DWORD t
                           static_cast<DWORD>(bytes.size()));
 }
 
-// The bytes of a value, "(none)" when it cannot be read.
+// The bytes of a value, or "(none)" if it cannot be read.
 inline std::string Read(HKEY key, const Wide& name) {
     DWORD size = 0;
     std::string bytes;

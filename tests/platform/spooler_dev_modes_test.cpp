@@ -1,19 +1,11 @@
+#include "platform/registry_support.h"
 #include "platform/spooler_test.h"
 
 #include <cstring>
 
 namespace {
 
-// A machine with the driver and the printer LABELS.
-class SpoolerDevModes : public SpoolerTest {
-protected:
-    SpoolerDevModes() {
-        AddDriver();
-        AddPrinter(u"LABELS");
-        printer_ = Open(u"LABELS");
-    }
-    HANDLE printer_ = nullptr;
-};
+using SpoolerDevModes = LabelsTest;
 
 // Settings for that many copies, in the layout of the test driver unless told otherwise.
 std::vector<BYTE> Settings(short copies, WORD size = sizeof(DEVMODEW), WORD extra = 8) {
@@ -46,7 +38,7 @@ Answer<PRINTER_INFO_8W> Defaults(HANDLE printer, DWORD level) {
     });
 }
 
-// The copies that levels 2, 8 and 9 show; 0 where there are no settings.
+// The copies that levels 2, 8 and 9 show, 0 without settings.
 std::vector<int> Copies(HANDLE printer) {
     std::vector<int> all;
     const auto add = [&](PDEVMODEW settings) { all.push_back(settings ? settings->dmCopies : 0); };
@@ -66,9 +58,8 @@ TEST_F(SpoolerDevModes, AreEverybodysAndTheUsersOwn) {
     EXPECT_EQ(Copies(user), (All{3, 3, 5}));
     EXPECT_EQ(SetDefaults(printer_, 8, nullptr), ERROR_INVALID_PARAMETER);
     EXPECT_EQ(SetDefaults(user, 9, nullptr), 0);
-    EXPECT_EQ(SetDefaults(user, 9, nullptr), 0);
     EXPECT_EQ(Copies(user), (All{3, 3, 3}));
-    // They end with the printer.
+    // The settings are deleted with the printer.
     EXPECT_EQ(SetDefaults(user, 9, 5), 0);
     EXPECT_TRUE(DeletePrinter(printer_));
     AddPrinter(u"LABELS");
@@ -88,16 +79,11 @@ TEST_F(SpoolerDevModes, AreKeptWhereOtherProgramsLookForThem) {
         {HKEY_CURRENT_USER, u"Printers\\DevModePerUser", u"LABELS", 5},
     };
     for (const auto& place : places) {
-        HKEY key = nullptr;
-        ASSERT_EQ(RegOpenKeyExW(place.root, place.key, 0, KEY_ALL_ACCESS, &key), ERROR_SUCCESS);
-        BYTE bytes[300];
-        DWORD type = 0, size = sizeof bytes;
-        EXPECT_EQ(RegQueryValueExW(key, place.value, nullptr, &type, bytes, &size), ERROR_SUCCESS);
-        EXPECT_EQ(type, DWORD{REG_BINARY});
-        EXPECT_EQ(std::vector<BYTE>(bytes, bytes + size), Settings(place.copies));
-        // What is cut short there counts for nothing.
-        RegSetValueExW(key, place.value, 0, REG_BINARY, bytes, size - 1);
-        RegCloseKey(key);
+        const Key key = Make(place.root, place.key);
+        const std::string bytes = Read(key, place.value);
+        EXPECT_EQ(std::vector<BYTE>(bytes.begin(), bytes.end()), Settings(place.copies));
+        // Settings that were truncated there are ignored.
+        Write(key, place.value, bytes.substr(1));
     }
     EXPECT_EQ(Copies(printer_), (std::vector<int>{0, 0, 0}));
 }
@@ -138,43 +124,12 @@ TEST_F(SpoolerDevModes, AreRefusedWhenTheyAreNone) {
         std::vector<BYTE> none = Settings(3, size);
         for (DWORD level : {DWORD{8}, DWORD{9}})
             EXPECT_EQ(SetDefaults(printer_, level, In(none)), ERROR_INVALID_PARAMETER);
-        std::vector<BYTE> output(228);
-        EXPECT_EQ(DocumentPropertiesW(nullptr, printer_, nullptr, In(output), In(none),
-                                      DM_IN_BUFFER | DM_OUT_BUFFER),
-                  -1);
         EXPECT_FALSE(IsValidDevmodeW(In(none), none.size()));
     }
     std::vector<BYTE> good = Settings(3);
     EXPECT_TRUE(IsValidDevmodeW(In(good), good.size()));
     EXPECT_EQ(ErrorOf(IsValidDevmodeW(In(good), good.size() - 1)), ERROR_INVALID_DATA);
-    EXPECT_FALSE(IsValidDevmodeW(nullptr, 500));
     EXPECT_EQ(Copies(printer_), (std::vector<int>{0, 0, 0}));
-}
-
-TEST_F(SpoolerDevModes, AreMadeByTheDriver) {
-    std::vector<BYTE> input = Settings(4), room(300, 0xEE);
-    const auto ask = [&](PDEVMODEW output, DWORD mode, LPCWSTR device = nullptr) {
-        return DocumentPropertiesW(nullptr, printer_, Text(device), output, In(input), mode);
-    };
-    EXPECT_EQ(ask(nullptr, 0), 228);
-    EXPECT_EQ(ask(In(room), 0), 228);
-    EXPECT_EQ(ask(nullptr, DM_OUT_BUFFER), 228);
-    EXPECT_EQ(room, std::vector<BYTE>(300, 0xEE));
-
-    const DWORD mode = DM_IN_BUFFER | DM_OUT_BUFFER;
-    EXPECT_EQ(ask(In(room), mode), IDOK);
-    EXPECT_EQ(std::u16string(In(room)->dmDeviceName), u"LABELS");
-    EXPECT_EQ(In(room)->dmCopies, 4);
-    EXPECT_EQ(In(room)->dmFields, mode);
-    EXPECT_EQ(In(room)->dmPelsWidth, 228u);
-    EXPECT_EQ(ask(In(room), mode, u"Own name"), IDOK);
-    EXPECT_EQ(std::u16string(In(room)->dmDeviceName), u"Own name");
-
-    EXPECT_EQ(ask(In(room), mode | DM_IN_PROMPT), -1);
-    EXPECT_EQ(GetLastError(), DWORD{ERROR_NOT_SUPPORTED});
-    EXPECT_EQ(ask(In(room), mode, u"Broken"), -1);
-    EXPECT_EQ(DocumentPropertiesW(nullptr, nullptr, nullptr, In(room), nullptr, mode), -1);
-    EXPECT_EQ(GetLastError(), DWORD{ERROR_INVALID_HANDLE});
 }
 
 } // namespace

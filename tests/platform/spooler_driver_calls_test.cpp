@@ -4,35 +4,25 @@
 
 namespace {
 
-// A machine with the driver and the printer LABELS.
-class SpoolerDriverCalls : public SpoolerTest {
-protected:
-    SpoolerDriverCalls() {
-        AddDriver();
-        AddPrinter(u"LABELS");
-        EXPECT_EQ(TakeNotes(), u"3 LABELS;");
-    }
-};
+using SpoolerDriverCalls = LabelsTest;
 
-int Capability(LPCWSTR printer, WORD capability, LPWSTR output = nullptr,
-               const DEVMODEW* dev_mode = nullptr) {
-    return DeviceCapabilitiesW(printer, u"FILE:", capability, output, dev_mode);
+int Capability(LPCWSTR printer, WORD capability) {
+    return DeviceCapabilitiesW(printer, u"FILE:", capability, nullptr, nullptr);
 }
 
 TEST_F(SpoolerDriverCalls, TellTheDriverOfWhatHappensToItsPrinters) {
-    const HANDLE printer = Open(u"LABELS");
     PRINTER_INFO_2W info = Wanted(u"LABELS");
     info.pComment = Text(u"changed");
-    EXPECT_EQ(SetInfo(printer, info), 0);
+    EXPECT_EQ(SetInfo(printer_, info), 0);
     EXPECT_EQ(TakeNotes(), u"");
     info.Attributes = PRINTER_ATTRIBUTE_ENABLE_BIDI;
-    EXPECT_EQ(SetInfo(printer, info), 0);
+    EXPECT_EQ(SetInfo(printer_, info), 0);
     EXPECT_EQ(TakeNotes(), u"7 LABELS 64 2112;");
     AddDriver(u"Other Driver");
     info.pDriverName = Text(u"Other Driver");
-    EXPECT_EQ(SetInfo(printer, info), 0);
+    EXPECT_EQ(SetInfo(printer_, info), 0);
     EXPECT_EQ(TakeNotes(), u"3 LABELS;");
-    EXPECT_TRUE(DeletePrinter(printer));
+    EXPECT_TRUE(DeletePrinter(printer_));
     EXPECT_EQ(TakeNotes(), u"4 LABELS;");
 }
 
@@ -50,7 +40,7 @@ TEST_F(SpoolerDriverCalls, KeepAPrinterWhoseDriverFails) {
     AddPrinter(u"Broken 1");
     EXPECT_EQ(TakeNotes(), u"3 Broken 1;");
     EXPECT_TRUE(PrinterInfo2(Open(u"Broken 1")).good());
-    // A file that is no library at all.
+    // A file that is not a library.
     WriteFile("setup\\testdrv.dll", "not a library");
     AddDriver(u"Bad");
     PRINTER_INFO_2W info = Wanted(u"Broken 2");
@@ -61,24 +51,10 @@ TEST_F(SpoolerDriverCalls, KeepAPrinterWhoseDriverFails) {
     EXPECT_TRUE(DeletePrinter(broken));
 }
 
-TEST_F(SpoolerDriverCalls, AskTheDriverForCapabilities) {
-    WCHAR name[24] = {};
-    DEVMODEW dev_mode = {};
-    dev_mode.dmSpecVersion = 0x401;
-    EXPECT_EQ(Capability(u"labels", DC_VERSION, nullptr, &dev_mode), 0x401);
-    EXPECT_EQ(Capability(u"labels", DC_VERSION), 0);
-    EXPECT_EQ(Capability(u"labels", DC_BINNAMES, name), 1);
-    EXPECT_EQ(std::u16string(name), u"LABELS");
-    EXPECT_EQ(Capability(u"labels", DC_PERSONALITY), 2);
-    EXPECT_EQ(Capability(u"labels", DC_MANUFACTURER), -1);
-    for (LPCWSTR name_of_none : {u"NONE", u"", LPCWSTR{}})
-        EXPECT_EQ(Capability(name_of_none, DC_COPIES), -1);
-}
-
 TEST_F(SpoolerDriverCalls, KeepTheDriverLoadedUntilItChanges) {
     EXPECT_EQ(Capability(u"LABELS", DC_COPIES), 1);
     EXPECT_EQ(Capability(u"LABELS", DC_COPIES), 2);
-    AddDriver(); // the file is another one now
+    AddDriver(); // the file is a different one now
     EXPECT_EQ(Capability(u"LABELS", DC_COPIES), 1);
     AddPrinter(u"OTHER");
     EXPECT_TRUE(DeletePrinter(Open(u"OTHER")));
@@ -88,7 +64,6 @@ TEST_F(SpoolerDriverCalls, KeepTheDriverLoadedUntilItChanges) {
 using SpoolerThreads = SpoolerDriverCalls;
 
 TEST_F(SpoolerThreads, AskOpenAndChangeAtOnce) {
-    const HANDLE shared = Open(u"LABELS");
     std::vector<std::thread> threads;
     std::vector<int> failures(4);
     for (size_t i = 0; i < failures.size(); ++i) {
@@ -98,7 +73,8 @@ TEST_F(SpoolerThreads, AskOpenAndChangeAtOnce) {
                 PRINTER_INFO_2W info = Wanted(own);
                 const HANDLE printer = AddPrinterW(nullptr, 2, reinterpret_cast<LPBYTE>(&info));
                 failures[i] += Capability(own.c_str(), DC_PERSONALITY) != 2;
-                failures[i] += !PrinterInfo2(shared).good();
+                failures[i] += !PrinterInfo2(printer_).good();
+                failures[i] += Print(printer, u"x", "abc") == 0;
                 failures[i] += Capability(u"LABELS", DC_PERSONALITY) != 2;
                 failures[i] += !DeletePrinter(printer) || !ClosePrinter(printer);
             }

@@ -1,6 +1,7 @@
 #include "platform/spooler_test.h"
 #include "support/build_folders.h"
 
+#include <cstdio>
 #include <filesystem>
 
 namespace fs = std::filesystem;
@@ -10,10 +11,8 @@ SpoolerTest::SpoolerTest() {
     UseAdministrator();
     fs::create_directories(OnDriveC("setup"));
     fs::copy_file(Built("/bin/test_data/testdrv.dll"), OnDriveC("setup\\testdrv.dll"));
-    WriteFile("setup\\testzpl.ddt", "data");
-    WriteFile("setup\\testdrv.hlp", "help");
-    WriteFile("setup\\extra1.dat", "extra 1");
-    WriteFile("setup\\extra2.dat", "extra 2");
+    for (const std::string file : {"testzpl.ddt", "testdrv.hlp", "extra1.dat", "extra2.dat"})
+        WriteFile("setup\\" + file, file);
 }
 
 SpoolerTest::~SpoolerTest() {
@@ -32,23 +31,15 @@ void SpoolerTest::UseGuest() {
 }
 
 void SpoolerTest::AddDriver(const std::u16string& name) const {
-    DRIVER_INFO_6W info = {};
+    DRIVER_INFO_3W info = {};
     info.cVersion = 3;
     info.pName = Text(name);
-    info.pDriverPath = Text(u"C:\\setup\\testdrv.dll");
+    info.pDriverPath = info.pConfigFile = Text(u"C:\\setup\\testdrv.dll");
     info.pDataFile = Text(u"C:\\setup\\testzpl.ddt");
-    info.pConfigFile = Text(u"C:\\setup\\testdrv.dll");
     info.pHelpFile = Text(u"C:\\setup\\testdrv.hlp");
     info.pDependentFiles = const_cast<LPWSTR>(u"C:\\setup\\extra1.dat\0C:\\setup\\extra2.dat\0");
-    info.pMonitorName = Text(u"Test Monitor");
-    info.pDefaultDataType = Text(u"RAW");
-    info.ftDriverDate = {1, 2};
-    info.dwlDriverVersion = 0x0001000200030004;
-    info.pszMfgName = Text(u"Maker");
-    info.pszHardwareID = Text(u"LPTENUM\\Test");
-    info.pszProvider = Text(u"Provider");
     ASSERT_TRUE(
-        AddPrinterDriverExW(nullptr, 6, reinterpret_cast<LPBYTE>(&info), APD_COPY_ALL_FILES))
+        AddPrinterDriverExW(nullptr, 3, reinterpret_cast<LPBYTE>(&info), APD_COPY_ALL_FILES))
         << GetLastError();
 }
 
@@ -90,4 +81,36 @@ std::u16string SpoolerTest::TakeNotes() {
     RegDeleteValueW(key, u"Notes");
     RegCloseKey(key);
     return notes;
+}
+
+DWORD SpoolerTest::Start(HANDLE printer, LPCWSTR name) {
+    DOC_INFO_1W info = {Text(name), nullptr, nullptr};
+    return StartDocPrinterW(printer, 1, reinterpret_cast<LPBYTE>(&info));
+}
+
+DWORD SpoolerTest::Print(HANDLE printer, LPCWSTR name, std::string bytes) {
+    const DWORD job = Start(printer, name);
+    if (job == 0) return 0;
+    DWORD written = 0;
+    EXPECT_TRUE(StartPagePrinter(printer));
+    EXPECT_TRUE(WritePrinter(printer, bytes.data(), static_cast<DWORD>(bytes.size()), &written));
+    EXPECT_EQ(written, bytes.size());
+    EXPECT_TRUE(EndPagePrinter(printer));
+    EXPECT_TRUE(EndDocPrinter(printer));
+    return job;
+}
+
+std::string SpoolerTest::Spooled(DWORD job) const {
+    char name[32];
+    std::snprintf(name, sizeof name, "/spool/%05u.SPL", unsigned{job});
+    return BytesOf(root() + name);
+}
+
+std::string SpoolerTest::EnterServer(const std::string& name) const {
+    const std::string server = root() + "/servers/" + name;
+    fs::create_directories(server + "/drive_c");
+    fs::copy(root() + "/drive_c/setup", server + "/drive_c/setup", fs::copy_options::recursive);
+    win32host::SetRoot(server);
+    AddDriver();
+    return server;
 }

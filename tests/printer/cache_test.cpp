@@ -1,13 +1,11 @@
 // The object cache: its settings and the list of its objects.
 #include <algorithm>
 #include <cstring>
-#include <memory>
 
 #include "printer/cache_contents.h"
 #include "printer/cache_settings.h"
 #include "printer/prtstream.h"
 #include "support/job_test.h"
-#include "ui/prtui.h"
 
 namespace {
 
@@ -52,7 +50,14 @@ const std::vector<KVCacheItemInfo> kItems = {
     Item(4, KVCacheItemInfo::GRAPHIC, 4, 100, 2, 5, "a name of thirty-two characters!"),
 };
 
-class ObjectCache : public JobTest {};
+class ObjectCache : public JobTest {
+protected:
+    void SetUp() override {
+        Install({.model = "Resolution=203\n"});
+        ui = OpenUI();
+    }
+    std::unique_ptr<prtui> ui;
+};
 
 } // namespace
 
@@ -93,7 +98,7 @@ TEST(ObjectCacheList, ChangesWithTheDescriptionOnly) {
     const std::string all = Description(kItems);
     EXPECT_TRUE(Take(contents, all));
     EXPECT_FALSE(Take(contents, all));
-    EXPECT_FALSE(Take(contents, all + "what is behind its end"));
+    EXPECT_FALSE(Take(contents, all + "what comes after its end"));
     EXPECT_FALSE(Take(contents, all.substr(0, 15)));
     EXPECT_EQ(contents.GetSize(), 4);
     EXPECT_TRUE(Take(contents, all.substr(0, all.size() - 1))) << "the last object breaks off";
@@ -105,9 +110,6 @@ TEST(ObjectCacheList, ChangesWithTheDescriptionOnly) {
 }
 
 TEST_F(ObjectCache, ObjectsAreShownAndTreatedInTheirWays) {
-    Install({.model = "Resolution=203\n"});
-    std::unique_ptr<prtui> ui(prtui::new_ext());
-    ui->init(printer(), nullptr, 0);
     KVCacheItemInfo item = kItems[0];
     EXPECT_EQ(CacheItemKindText(item), 2511);
     EXPECT_EQ(CacheItemKindText(kItems[1]), 2512);
@@ -126,9 +128,6 @@ TEST_F(ObjectCache, ObjectsAreShownAndTreatedInTheirWays) {
 
 TEST_F(ObjectCache, SettingsStayWithinTheirLimitsAndInOrder) {
     NeedRenderingModule();
-    Install({.model = "Resolution=203\n"});
-    std::unique_ptr<prtui> ui(prtui::new_ext());
-    ui->init(printer(), nullptr, 0);
     CacheParameters limits;
     ui->GetCacheParameters(limits);
     KVCacheSettings settings = {};
@@ -153,9 +152,6 @@ TEST_F(ObjectCache, SettingsStayWithinTheirLimitsAndInOrder) {
 }
 
 TEST_F(ObjectCache, SizesAreShownInKilobytes) {
-    Install({.model = "Resolution=203\n"});
-    std::unique_ptr<prtui> ui(prtui::new_ext());
-    ui->init(printer(), nullptr, 0);
     const struct {
         uint32_t bytes;
         const char* text;

@@ -1,43 +1,10 @@
 // What the module makes of the status monitor's answers about the printer's port.
-#include <memory>
-
 #include "printer/prtstream.h"
-#include "support/job_test.h"
-#include "ui/prtui.h"
-#include "win32host/clock_control.h"
-#include "win32host/control.h"
+#include "support/monitor_test.h"
 
 namespace {
 
-class PrinterPort : public JobTest {
-protected:
-    PrinterPort() { win32host::SetTickCount(77); }
-    ~PrinterPort() override {
-        win32host::UseRealTickCount();
-        win32host::ResetControl();
-    }
-
-    // What the monitor answers when `element` is asked of it next.
-    void Answer(const std::string& element, const std::string& bytes) {
-        AnswerTo("<xpml>" + element + "<tick count='77'/></xpml>", bytes);
-    }
-    void AnswerTo(const std::string& name, const std::string& bytes) {
-        std::string copy = bytes;
-        OString wide = name.c_str();
-        ASSERT_EQ(SetPrinterDataW(printer(), const_cast<WCHAR*>(wide.wstring()), REG_BINARY,
-                                  reinterpret_cast<BYTE*>(copy.data()),
-                                  static_cast<DWORD>(copy.size())),
-                  0u);
-    }
-    void AnswerPort(const std::string& fact, const std::string& bytes) {
-        Answer("<port action='get' name='" + fact + "'/>", bytes);
-    }
-    std::unique_ptr<prtui> Made() {
-        std::unique_ptr<prtui> ui(prtui::new_ext());
-        ui->init(printer(), nullptr, 0);
-        return ui;
-    }
-};
+using PrinterPort = MonitorTest;
 
 } // namespace
 
@@ -59,7 +26,7 @@ TEST_F(PrinterPort, IsBidirectionalWhenMonitorSystemAndModelAre) {
     for (const auto& c : cases) {
         Replace({.model = std::string("Resolution=203\nPorts.Bidirectional=") + c.model + "\n"});
         win32host::SetVersion(VER_PLATFORM_WIN32_NT, c.major, 0, 1381);
-        const auto ui = Made();
+        const auto ui = OpenUI();
         if (c.type) AnswerPort("type", c.type + none);
         if (c.bidirectional) AnswerPort("bidirectional", c.bidirectional + none);
         EXPECT_EQ(ui->stream->is_bidirectional(), c.answer) << (c.type ? c.type : "-") << c.model;
@@ -68,7 +35,7 @@ TEST_F(PrinterPort, IsBidirectionalWhenMonitorSystemAndModelAre) {
 
 TEST_F(PrinterPort, TellsWhatTheMonitorKnows) {
     Install({.model = "Resolution=203\n"});
-    const auto ui = Made();
+    const auto ui = OpenUI();
     prtstream& stream = *ui->stream;
     EXPECT_EQ(Text(stream.GetPortType()), "");
     AnswerPort("type", "TCP/IP");
@@ -87,7 +54,7 @@ TEST_F(PrinterPort, TellsWhatTheMonitorKnows) {
 
 TEST_F(PrinterPort, IsWatchedWhenTheMonitorSaysSo) {
     Install({.model = "Resolution=203\n"});
-    const auto ui = Made();
+    const auto ui = OpenUI();
     const struct {
         std::string bytes;
         bool answer;

@@ -5,7 +5,6 @@
 #include <memory>
 
 #include "support/job_test.h"
-#include "ui/prtui.h"
 
 namespace {
 
@@ -27,8 +26,7 @@ protected:
         NeedRenderingModule();
         Install({.model = "Resolution=203\nStock.Default.X=4 in\n"
                           "Stock.Default.Y=6 in\n"});
-        ui_.reset(prtui::new_ext());
-        ui_->init(printer(), nullptr, 0);
+        ui_ = OpenUI();
         stream_.init(ui_.get());
     }
 
@@ -103,6 +101,8 @@ TEST_F(OutputStream, MakesAJobOfEachPacketThatLeavesOutsideOfOne) {
 }
 
 TEST_F(OutputStream, SendsDirectlyWithoutTouchingWhatIsGathered) {
+    stream_.StartJob("Not ended");
+    stream_.write_direct("lost", 4);
     stream_.StartJob("Job");
     stream_ << "later";
     stream_.write_direct("now ", 4);
@@ -124,15 +124,6 @@ TEST_F(OutputStream, MeasuresWithoutSending) {
     stream_ << "after";
     stream_.EndJob();
     EXPECT_EQ(TakeJobs(), (Jobs{{"Job", "before after"}}));
-}
-
-TEST_F(OutputStream, DropsAJobThatIsNotEndedBeforeTheNext) {
-    stream_.StartJob("One");
-    stream_.write_direct("lost", 4);
-    stream_.StartJob("Two");
-    stream_ << "2";
-    stream_.EndJob();
-    EXPECT_EQ(TakeJobs(), (Jobs{{"Two", "2"}}));
 }
 
 TEST_F(OutputStream, SendsFilesWhole) {
@@ -168,6 +159,9 @@ TEST_F(OutputStream, DropsEverythingWithoutAPrinter) {
         EXPECT_TRUE(stream->EndJob());
     }
     EXPECT_EQ(unowned.GetModel(), nullptr);
+    OBuffer<unsigned char> objects(1);
+    EXPECT_FALSE(unowned.GetCacheInformation(objects));
+    EXPECT_EQ(objects.GetSize(), 1u);
     EXPECT_EQ(TakeJobs(), Jobs{});
 }
 
@@ -210,42 +204,6 @@ TEST_F(OutputStream, DownloadsFonts) {
                                 {"Bitmap", "~DBE:ARIAL.FNT,N,24,16,20,9,1,,"
                                            "#0041.2.2.0.0.10.FFC01240\r\n"
                                            "^XA^IDE:ARIAL.FNT^FS^XZ\r\n"}}));
-}
-
-TEST_F(OutputStream, DrawsBars) {
-    const KVBar bars[] = {{24, 100, 50, 30, 4, 0, 0, {}}, {24, 100, 50, 30, 5, 0, 1, {}}};
-    stream_.StartJob("Bars");
-    for (const KVBar& bar : bars)
-        stream_.Escape(ESCAPE_BAR, sizeof bar, reinterpret_cast<const char*>(&bar), 0, nullptr);
-    stream_.EndJob();
-    EXPECT_EQ(TakeJobs(), (Jobs{{"Bars", "^XA\r\n^FO100,48^GB30,4,4^FS\r\n"
-                                         "^FO98,50^GB5,30,5^FS\r\n^XZ\r\n"}}));
-}
-
-TEST_F(OutputStream, ReadsAndWritesTheSettingsOfTheObjectCache) {
-    const auto read = [&] {
-        KVCacheSettings settings = {};
-        stream_.Escape(ESCAPE_READ_CACHE_SETTINGS, 0, nullptr, sizeof settings,
-                       reinterpret_cast<char*>(&settings));
-        return settings;
-    };
-    EXPECT_EQ(read().graphics_location, uint32_t{'R'});
-    const KVCacheSettings wanted = {1024, 1, 2, 3, 4, 'E', 'B'};
-    stream_.Escape(ESCAPE_WRITE_CACHE_SETTINGS, sizeof wanted,
-                   reinterpret_cast<const char*>(&wanted), 0, nullptr);
-    EXPECT_EQ(read().last_graphic, 4u);
-    stream_.CacheAction({KVCacheAction::RESET_SETTINGS, 0});
-    EXPECT_EQ(read().last_graphic, 0u);
-
-    OBuffer<unsigned char> objects;
-    EXPECT_TRUE(stream_.GetCacheInformation(objects));
-    ASSERT_EQ(objects.GetSize(), 16u);
-    EXPECT_EQ(objects[2], 16); // its own length
-    EXPECT_EQ(objects[4], 0);  // entries
-    prtstream unconnected;
-    EXPECT_FALSE(unconnected.GetCacheInformation(objects));
-    EXPECT_EQ(objects.GetSize(), 16u);
-    EXPECT_EQ(TakeJobs(), Jobs{}); // all of it without a job
 }
 
 // What a broken or hostile program could send.

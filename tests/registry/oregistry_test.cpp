@@ -263,7 +263,7 @@ TEST_F(RegistryValues, AreNotCreatedByReading) {
 }
 
 TEST_F(RegistryEnumeration, ListsInTheOrderOfCreation) {
-    if (!ListsByCreation()) GTEST_SKIP() << kOtherOrder;
+    SkipUnderWine("the registry lists names in another order");
     for (const char* name : {"zeta", "Alpha", "mid"}) {
         registry.SetInt(OString("USER:E/") << name, 1);
         registry.SetInt(OString("USER:E/k-") << name << "/v", 1);

@@ -1,13 +1,12 @@
 // Presets: stored, exchanged, ordered, and found again by settings.
 #include "settings/preset_list.h"
 
+#include <functional>
 #include <new>
-#include <random>
 #include <string>
 
 #include "core/crc.h"
 #include "support/dev_mode_test.h"
-#include "win32host/registry_control.h"
 #include "zpl/extconfig.h"
 
 namespace {
@@ -39,10 +38,7 @@ protected:
     }
 
     static std::string Order(const PresetList& list) {
-        std::string all;
-        for (const Preset* preset = list.GetNext(nullptr); preset; preset = list.GetNext(preset))
-            all += (all.empty() ? "" : " ") + Text(preset->GetName());
-        return all;
+        return Joined(list, [](const Preset& preset) { return Text(preset.GetName()); });
     }
 
     std::string Stored() {
@@ -52,32 +48,25 @@ protected:
     }
 
     std::string Exported() {
-        OFile file(OString("C:\\out.kds"), OFILE_WRITE);
-        file.SetCodePage(1208);
-        list_.Export(file);
-        file.Close();
-        return BytesOf(OnDriveC("out.kds"));
+        return Written([this](OFile& file) { list_.Export(file); });
     }
 
     int Imported(const std::string& bytes, const std::string& name = "in.kds") {
-        WriteFile(name, bytes);
-        OFile file(OString(("C:\\" + name).c_str()), OFILE_READ);
-        file.SetCodePage(1208);
-        return name == "in.kds" ? list_.Import(file, model_.get())
-                                : list_.ImportKPR1(file, model_.get());
+        const auto read = [&](OFile& file) {
+            return name == "in.kds" ? list_.Import(file, model_.get())
+                                    : list_.ImportKPR1(file, model_.get());
+        };
+        return Taken(bytes, read, name);
     }
 
     static std::string Block(const std::string& name, const std::string& record) {
         return "<preset>\r\nName=" + name + "\r\nDescription=of " + name +
                "\r\nData=" + Encoded(record.data(), record.size()) + "\r\n</preset>\r\n\r\n";
     }
-    static std::string Number(uint32_t number) {
-        return std::string(reinterpret_cast<const char*>(&number), 4);
-    }
     // A record of a DEVMODE, which is cut to `cut` bytes less than it tells.
     static std::string Record(const void* dev_mode, size_t size, const char* signature = "DM32",
                               size_t cut = 0) {
-        return signature + Number(static_cast<uint32_t>(size)) +
+        return signature + Bytes4(static_cast<uint32_t>(size)) +
                std::string(static_cast<const char*>(dev_mode), size - cut);
     }
     // The record of the model's defaults in landscape.
@@ -111,38 +100,11 @@ TEST_F(Presets, AreInOrderOfPriorityAndName) {
     EXPECT_EQ(list_.GetDefaultSettings(), Named("zz"));
 }
 
-// The order is that of moving, in front of the preset that is looked at, the first one behind it
-// that belongs there.
-TEST_F(Presets, OfEqualNamesKeepTheirOrder) {
-    std::mt19937 random(3);
-    for (int round = 0; round < 100; ++round) {
-        PresetList expected;
-        list_.Clear();
-        for (int i = 0; i < 12; ++i) {
-            const char name[] = {static_cast<char>('a' + random() % 4), 0};
-            for (PresetList* list : {&list_, &expected}) {
-                auto* preset = new (std::nothrow) Preset;
-                preset->SetName(name);
-                preset->SetDescription(OString() << i);
-                list->AddTail(preset);
-            }
-        }
-        for (Preset* at = expected.GetNext(nullptr); at;) {
-            Preset* smaller = expected.GetNext(at);
-            while (smaller && at->Collate(*smaller) <= 0) smaller = expected.GetNext(smaller);
-            if (smaller) expected.InsertBefore(smaller, at);
-            at = smaller ? smaller : expected.GetNext(at);
-        }
-        list_.Sort();
-        EXPECT_EQ(list_.GetCRC32(0), expected.GetCRC32(0));
-    }
-}
-
 TEST_F(Presets, AreStoredWithoutTheBuiltInOnes) {
     for (int i = 1; i <= 12; ++i) Add(("p" + std::to_string(100 + i)).c_str(), i % 4);
     AddBuiltIns();
     Named("p103")->SetDescription("third");
-    list_.Save(model_.get());
+    EXPECT_EQ(list_.Save(model_.get()), SaveResult::STORED);
     EXPECT_EQ(Stored(), "p101 p102 p103 p104 p105 p106 p107 p108 p109 p110 p111 p112");
     prtreg registry(model_->GetRegistry());
     EXPECT_EQ(registry.GetDWORD("Presets:Total", 0), 12u);
@@ -151,7 +113,7 @@ TEST_F(Presets, AreStoredWithoutTheBuiltInOnes) {
     EXPECT_EQ(Text(Preset::KeyName(123)), "Preset 123:: ");
 
     delete Named("p104");
-    list_.Save(model_.get());
+    EXPECT_EQ(list_.Save(model_.get()), SaveResult::STORED);
     EXPECT_EQ(registry.GetDWORD("Presets:Total", 0), 11u);
     EXPECT_EQ(Text(registry.GetString("Presets:Preset 11:: Name", "")), "p112");
     for (const char* name : {"Name", "Description", "DEVMODE"})
@@ -160,7 +122,7 @@ TEST_F(Presets, AreStoredWithoutTheBuiltInOnes) {
 
 TEST_F(Presets, AreWrittenOnlyWhenTheyHaveChanged) {
     Add("a");
-    list_.Save(model_.get());
+    EXPECT_EQ(list_.Save(model_.get()), SaveResult::STORED);
     PresetList list;
     list.Load(model_.get());
     auto* current = new (std::nothrow) Preset; // which is never stored
@@ -168,26 +130,14 @@ TEST_F(Presets, AreWrittenOnlyWhenTheyHaveChanged) {
     list.AddTail(current);
     prtreg registry(model_->GetRegistry());
     registry.Delete("Presets:", true);
-    list.Save(model_.get());
+    EXPECT_EQ(list.Save(model_.get()), SaveResult::UNCHANGED);
     EXPECT_EQ(registry.GetSize("Presets:Total"), -1);
+    PresetList copy;
+    copy = list;
+    EXPECT_EQ(copy.GetCRC32(0), list.GetCRC32(0));
     list.GetNext(nullptr)->SetDescription("changed");
-    list.Save(model_.get());
-    EXPECT_EQ(Stored(), "a");
-}
-
-TEST_F(Presets, ThatTheRegistryRefusedAreWrittenByTheNextSave) {
-    const auto lock = [](bool on) {
-        return win32host::SetKeyReadOnly(
-            HKEY_LOCAL_MACHINE,
-            TEXT("SYSTEM\\CurrentControlSet\\Control\\Print\\Printers\\Dock 3\\PrinterDriverData"),
-            on);
-    };
-    Add("a");
-    ASSERT_TRUE(lock(true));
-    list_.Save(model_.get());
-    EXPECT_EQ(Stored(), "");
-    ASSERT_TRUE(lock(false));
-    list_.Save(model_.get());
+    EXPECT_EQ(copy.Save(model_.get()), SaveResult::UNCHANGED) << "copies are deep";
+    EXPECT_EQ(list.Save(model_.get()), SaveResult::STORED);
     EXPECT_EQ(Stored(), "a");
 }
 
@@ -197,7 +147,7 @@ TEST_F(Presets, ThatCannotBeReadAreSkipped) {
     Add("c");
     Add("d", 2);
     Add("e");
-    list_.Save(model_.get());
+    EXPECT_EQ(list_.Save(model_.get()), SaveResult::STORED);
     prtreg registry(model_->GetRegistry());
     registry.Delete("Presets:Preset 02:: DEVMODE", false);
     registry.SetBinary("Presets:Preset 03:: DEVMODE",
@@ -209,11 +159,21 @@ TEST_F(Presets, ThatCannotBeReadAreSkipped) {
     EXPECT_EQ(Order(list_), "a") << "of two with one name the later is left";
     EXPECT_EQ(list_.GetNext(nullptr)->GetDevMode().GetOrientation(), 2);
 
-    // One without settings is not given those of the preset whose number it takes.
-    list_.Clear();
-    list_.AddTail(new (std::nothrow) Preset);
-    list_.Save(model_.get());
-    EXPECT_EQ(Stored(), "");
+    // They stay stored; others, except those without settings, are stored around them.
+    Add("f");
+    Add("g");
+    list_.GetNext(nullptr)->SetDevMode(nullptr);
+    EXPECT_EQ(list_.Save(model_.get()), SaveResult::STORED);
+    EXPECT_EQ(Stored(), "f g");
+    EXPECT_EQ(Text(registry.GetString("Presets:Preset 02:: Name", "")), "b");
+    EXPECT_EQ(registry.GetSize("Presets:Preset 03:: DEVMODE"), 1507);
+    EXPECT_EQ(Text(registry.GetString("Presets:Preset 04:: Name", "")), "g");
+    EXPECT_EQ(registry.GetSize("Presets:Preset 05:: DEVMODE"), 7);
+    EXPECT_EQ(registry.GetDWORD("Presets:Total", 0), 5u);
+    delete Named("g");
+    EXPECT_EQ(list_.Save(model_.get()), SaveResult::STORED);
+    EXPECT_EQ(registry.GetSize("Presets:Preset 04:: Name"), -1);
+    EXPECT_EQ(registry.GetDWORD("Presets:Total", 0), 5u);
 }
 
 TEST_F(Presets, LeaveTheFingerprintOfTheirNameInTheirSettings) {
@@ -234,27 +194,25 @@ TEST_F(Presets, LeaveTheFingerprintOfTheirNameInTheirSettings) {
              "Name=behind\n</preset>\n");
     EXPECT_EQ(Named("front")->GetDevMode().GetPresetCRC32(), a);
     EXPECT_EQ(Named("behind")->GetDevMode().GetPresetCRC32(), CRC32(TEXT("behind"), 12, 0));
+
+    list_.AddTail_UniqueName(new (std::nothrow) Preset(*preset), true);
+    EXPECT_EQ(Named("a 2")->GetDevMode().GetPresetCRC32(), CRC32(TEXT("a 2"), 6, 0));
 }
 
 TEST_F(Presets, CountEverythingInTheirChecksum) {
     Preset* preset = Add("a");
     uint32_t last = preset->GetCRC32(0);
-    const auto changed = [&](const char* what) {
-        EXPECT_NE(preset->GetCRC32(0), last) << what;
-        last = preset->GetCRC32(0);
-    };
-    preset->SetDescription("d");
-    changed("description");
-    preset->SetBuiltIn(1);
-    changed("built-in");
-    preset->SetPriority(1);
-    changed("priority");
-    preset->GetDevMode().GetDevMode()->dmDriverExtra--;
-    preset->GetDevMode().SetCopies(2);
-    changed("settings");
-    preset->SetDevMode(nullptr);
-    changed("none");
     EXPECT_NE(preset->GetCRC32(1), last);
+    const std::function<void()> changes[] = {
+        [=] { preset->SetDescription("d"); }, [=] { preset->SetBuiltIn(1); },
+        [=] { preset->SetPriority(1); },      [=] { preset->GetDevMode().SetCopies(2); },
+        [=] { preset->SetDevMode(nullptr); },
+    };
+    for (const auto& change : changes) {
+        change();
+        EXPECT_NE(preset->GetCRC32(0), last) << &change - changes;
+        last = preset->GetCRC32(0);
+    }
 }
 
 TEST_F(Presets, SurviveAFile) {
@@ -301,15 +259,17 @@ TEST_F(Presets, AreReadFromWhateverAFileHolds) {
         {"of a 16-bit driver", Block("b", record16), 1, 1, "a b"},
         {"of no DEVMODE", Block("b", "KDM32123" + Landscape()), 1, 0, "a b"},
         {"one that ends early", Block("a", Landscape(1)) + Block("b", Landscape()), 1, 1, "a b"},
-        {"a head only", Block("a", "DM32" + Number(1508)), 0, 2, "a"},
+        {"a head only", Block("a", "DM32" + Bytes4(1508)), 0, 2, "a"},
         {"less than a head", Block("a", "DM32"), 0, 2, "a"},
         {"a 16-bit record that ends early", Block("a", record16.substr(0, record16.size() - 1)), 0,
          2, "a"},
         {"nothing as data", Block("a", ""), 0, 2, "a"},
-        {"sizes of nothing", Block("a", "DM32" + Number(0) + std::string(400, '\0')), 0, 2, "a"},
+        {"sizes of nothing", Block("a", "DM32" + Bytes4(0) + std::string(400, '\0')), 0, 2, "a"},
         {"the same name", Block("a", Landscape()), 1, 1, "a"},
         {"the same name twice", Block("b", Landscape()) + Block("b", record16), 2, 1, "a b"},
         {"no end", Block("b", Landscape()) + "<preset>\nName=c\n", 1, 1, "a b"},
+        {"no data", "<preset>\nName=c\n</preset>\n", 0, 2, "a"},
+        {"a name that cannot be stored", Block(std::string(4096, 'n'), Landscape()), 0, 2, "a"},
         {"no blocks", "Name=b\n</preset>\n", 0, 2, "a"},
     };
     for (const auto& c : cases) {
@@ -325,8 +285,8 @@ TEST_F(Presets, AreReadFromWhateverAFileHolds) {
 
 TEST_F(Presets, AreReadFromTheBinaryFilesOfOldDrivers) {
     const auto named = [](const std::string& name, const std::string& description) {
-        return Number(static_cast<uint32_t>(name.size())) + name +
-               Number(static_cast<uint32_t>(description.size())) + description;
+        return Bytes4(static_cast<uint32_t>(name.size())) + name +
+               Bytes4(static_cast<uint32_t>(description.size())) + description;
     };
     const std::string record = Landscape();
     std::string lying = record;
@@ -341,13 +301,13 @@ TEST_F(Presets, AreReadFromTheBinaryFilesOfOldDrivers) {
         {"two", "f.kpr", record + named("b", "of b") + record + named("a", "of a"), 2, "a b"},
         {"one alone", "my label.v2.kpr", record, 1, "my label"},
         {"one alone in a file without an ending", "mine", record, 1, "mine"},
-        {"a name that is cut off", "f.kpr", record + Number(9000) + "abc", 1, "abc"},
-        {"a name that is as long as can be", "f.kpr", record + Number(0xFFFFFFFF) + "abc", 1,
+        {"a name that is cut off", "f.kpr", record + Bytes4(9000) + "abc", 1, "abc"},
+        {"a name that is as long as can be", "f.kpr", record + Bytes4(0xFFFFFFFF) + "abc", 1,
          "abc"},
         {"half a length", "f.kpr", record + "ab", 1, ""},
         {"a record that is cut off", "f.kpr", record.substr(0, 1000), 0, ""},
-        {"a record of any size", "f.kpr", "DM32" + Number(0xFFFFFFFF) + record, 0, ""},
-        {"a record of all but any size", "f.kpr", "DM32" + Number(0xFFFFFFF8) + record, 0, ""},
+        {"a record of any size", "f.kpr", "DM32" + Bytes4(0xFFFFFFFF) + record, 0, ""},
+        {"a record of all but any size", "f.kpr", "DM32" + Bytes4(0xFFFFFFF8) + record, 0, ""},
         {"sizes that lie", "f.kpr", lying + named("b", "") + record + named("a", ""), 1, "a"},
         {"something behind", "f.kpr", record + named("a", "") + "KPR1" + record, 1, "a"},
         {"a head only", "f.kpr", "DM32", 0, ""},

@@ -6,7 +6,7 @@
 
 #include "support/wide.h"
 
-// Text of up to 512 units or bytes, converted; empty when that fails.
+// Text of up to 512 units or bytes, converted. Empty on failure.
 inline Wide Decode(UINT code_page, const std::string& bytes, DWORD flags = 0) {
     WCHAR text[512];
     const int units = MultiByteToWideChar(code_page, flags, bytes.data(),

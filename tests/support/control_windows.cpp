@@ -1,5 +1,5 @@
-// The controls of the platform layer on Windows itself: what the system lets a program do is done,
-// and a test that asks for more is skipped there, with the reason.
+// The controls of the platform layer on Windows itself. Whatever the system lets a program do is
+// done; a test that asks for more is skipped, with the reason.
 #include <win32host/clock_control.h>
 #include <win32host/control.h>
 #include <win32host/registry_control.h>

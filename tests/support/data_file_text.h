@@ -20,7 +20,7 @@ inline std::string Container(const std::string& bytes) {
     return std::string(buffer.GetData(), buffer.GetSize());
 }
 
-// A record with that name and payload, as they are.
+// A record with that name and payload, unchanged.
 inline std::string RawRecord(const std::string& name, const std::string& payload) {
     const auto header = static_cast<uint32_t>(8 + name.size());
     const auto record = static_cast<uint32_t>(header + payload.size());
@@ -32,7 +32,7 @@ inline std::string Record(const std::string& name, const std::string& bytes) {
     return RawRecord(name, Container(bytes));
 }
 
-// What a resource holds, "(none)" when the file does not have it.
+// The contents of a resource, or "(none)" if the file does not have it.
 inline std::string Content(OResourceFile& file, const char* name) {
     const OResource* resource = file.Find(name);
     if (!resource) return "(none)";

@@ -1,4 +1,4 @@
-// What tests of DEVMODEs share: a model to make them for, and DEVMODEs of others.
+// The fixture of tests of DEVMODEs: a model to make them for, and DEVMODEs of other drivers.
 #pragma once
 
 #include <cstring>
@@ -7,7 +7,7 @@
 #include "settings/dev_mode.h"
 #include "support/model_test.h"
 
-// A DEVMODE of others in a block of exactly its own size, so that a look behind it is noticed.
+// A DEVMODE of another driver in a block of exactly its size, so that reading past it is noticed.
 struct ForeignDevMode {
     std::vector<char> bytes;
 
@@ -26,7 +26,7 @@ struct ForeignDevMode {
 
 class DevModeTest : public ModelTest {
 protected:
-    // A printer of 203 dpi and 203 x 406 dpi, black and white unless told otherwise.
+    // A printer of 203 dpi and 203 x 406 dpi, black and white by default.
     static ModelTables Tables(const std::string& more_of_model = "") {
         return {.model = "Resolution=203,203x406\nStock.Default.X=4 in\nStock.Default.Y=6 in\n" +
                          more_of_model,

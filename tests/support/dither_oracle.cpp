@@ -120,7 +120,7 @@ private:
                (((767 - mean) * static_cast<uint32_t>(db * db)) >> 8);
     }
 
-    // The two nearest entries, into the record.
+    // Stores the two nearest entries in the record.
     void Search(const uint8_t* p, uint32_t& d1, uint32_t& d2) {
         d1 = d2 = 0x0F000000;
         r_.nearest = r_.second_nearest = -1;

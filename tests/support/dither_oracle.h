@@ -1,11 +1,11 @@
-// The dithering engine's rules, written down one pixel after the other.
+// The rules of the dithering engine, written down pixel by pixel.
 #pragma once
 
 #include "imaging/image_dither.h"
 
-// What ImageDither::Dither() makes of the record's image. The record is within its ranges and the
-// image is packed.
+// Does with the record's image what ImageDither::Dither() does. The record is within its ranges and
+// the image is packed.
 void OracleDither(ImageDither& record);
 
-// What ImageDither::DitherSmooth() makes of it.
+// The same for ImageDither::DitherSmooth().
 void OracleDitherSmooth(ImageDither& record);

@@ -20,16 +20,11 @@ protected:
     // relative to C:, with either kind of slash ("spool\\drivers\\x.ddt").
     std::string OnDriveC(const std::string& windows_path) const;
 
-    // The bytes of a whole file (POSIX path), none when it cannot be read.
+    // The bytes of a whole file (POSIX path), empty if it cannot be read.
     static std::string BytesOf(const std::string& path);
 
-    // Writes a whole file below drive C, making its folders.
+    // Writes a whole file below drive C, and makes its folders.
     void WriteFile(const std::string& windows_path, const std::string& bytes) const;
-
-    // Whether the registry lists keys and values in the order of their creation. The order is the
-    // system's own choice; what is made here depends on it only where a test says so.
-    static bool ListsByCreation();
-    static constexpr const char* kOtherOrder = "the registry lists names in another order";
 
 private:
     std::string root_;

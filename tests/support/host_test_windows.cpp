@@ -23,7 +23,7 @@ constexpr const WCHAR* kMachine = TEXT("Software\\ZpluiTest\\Machine");
 constexpr const WCHAR* kUser = TEXT("Software\\ZpluiTest\\User");
 constexpr const WCHAR* kPrint = TEXT("System\\CurrentControlSet\\Control\\Print");
 
-// The names below a folder when the prefix was new.
+// The names below a folder in a new prefix.
 const std::set<std::string> kDriveC = {"Program Files", "Program Files (x86)", "ProgramData",
                                        "users", "windows"};
 
@@ -41,7 +41,7 @@ void RemoveFilesOfOthers() {
     const fs::path drivers = "C:\\windows\\system32\\spool\\drivers\\x64";
     RemoveStrangers(drivers, {"3"});
     RemoveStrangers(drivers / "3", {});
-    // The folder of the module, when a library of the system stands for it.
+    // The folder of the module if a library of the system stands for it.
     std::error_code ignored;
     for (const fs::directory_entry& entry :
          fs::directory_iterator("C:\\windows\\system32", ignored))
@@ -57,7 +57,7 @@ HKEY FreshKey(const WCHAR* path) {
     return key;
 }
 
-// Lets this process see an empty registry, but for what the spooler itself keeps there.
+// Lets this process see an empty registry, except for the spooler's own entries.
 void EnterFreshRegistry() {
     RegOverridePredefKey(HKEY_LOCAL_MACHINE, nullptr);
     RegOverridePredefKey(HKEY_CURRENT_USER, nullptr);
@@ -84,7 +84,7 @@ void EnterFreshRegistry() {
 } // namespace
 
 HostTest::HostTest() {
-    // The tests write where they like on drive C.
+    // The tests write anywhere on drive C.
     if (!std::getenv("ZPLUI_TEST_MACHINE")) {
         std::fputs("These tests need a machine of their own; ctest makes one.\n", stderr);
         std::exit(1);

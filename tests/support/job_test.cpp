@@ -4,6 +4,7 @@
 #include <filesystem>
 #include <ostream>
 
+#include "spooler/driver_utility.h"
 #include "support/build_folders.h"
 
 namespace fs = std::filesystem;
@@ -25,6 +26,17 @@ void JobTest::Install(const ModelTables& tables) {
     PRINTER_DEFAULTSW access = {nullptr, nullptr, PRINTER_ALL_ACCESS};
     WCHAR name[] = TEXT("Dock 3");
     ASSERT_TRUE(OpenPrinterW(name, &printer_, &access));
+}
+
+void JobTest::InstallLanguage() const {
+    const std::string folder = Text(DriverUtility::GetDriverDirectory()).substr(3);
+    fs::copy_file(Built("/product/zplvenu.dll"), OnDriveC(folder + "\\zplvenu.dll"));
+}
+
+std::unique_ptr<prtui> JobTest::OpenUI(const DEVMODEW* in, uint32_t mode) const {
+    std::unique_ptr<prtui> ui(prtui::new_ext());
+    ui->init(printer_, in, mode);
+    return ui;
 }
 
 JobTest::~JobTest() {

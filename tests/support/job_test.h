@@ -5,6 +5,7 @@
 #include <vector>
 
 #include "support/model_test.h"
+#include "ui/prtui.h"
 
 struct PrintedJob {
     std::string name, bytes;
@@ -16,13 +17,18 @@ class JobTest : public ModelTest {
 protected:
     // ModelTest's Install, with the rendering module of this build.
     void Install(const ModelTables& tables);
+    // Gives the driver its English texts.
+    void InstallLanguage() const;
+
+    // A UI object on the printer, as prtui::init makes it.
+    std::unique_ptr<prtui> OpenUI(const DEVMODEW* in = nullptr, uint32_t mode = 0) const;
 
     HANDLE printer() const { return printer_; }
 
-    // What a test must call that prints without looking at the jobs.
+    // To be called by a test that prints without looking at the jobs.
     static void NeedRenderingModule();
 
-    // The jobs that wait in the spooler, which are taken out of it.
+    // Takes the waiting jobs out of the spooler.
     std::vector<PrintedJob> TakeJobs() const { return TakeJobs(printer_); }
     std::vector<PrintedJob> TakeJobs(HANDLE printer) const;
 

@@ -4,6 +4,7 @@
 #include <memory>
 #include <string>
 
+#include "core/ofile.h"
 #include "model/model_data_cache.h"
 #include "support/printer_test.h"
 #include "zpl/extmodel.h"
@@ -24,7 +25,7 @@ struct ModelTables {
 // The bytes of a model data file in which the driver "Model 1" leads to these properties.
 std::string ModelDataFile(const ModelTables& tables);
 
-// Bytes in Base64, as tables and settings files hold them.
+// Bytes in Base64, as in tables and settings files.
 std::string Encoded(const void* data, size_t size);
 
 // The lines of table custom_data for this record.
@@ -39,8 +40,8 @@ protected:
     // end of the name of its data file.
     void Install(const ModelTables& tables, const std::string& oem = "qv");
 
-    // Gives the installed printer other tables and forgets what was read of the old ones, as if
-    // the module had been loaded anew.
+    // Gives the installed printer other tables and forgets the contents of the old ones, as if the
+    // module had been loaded again.
     void Replace(const ModelTables& tables);
 
     // The model of the installed printer, never null.
@@ -52,11 +53,41 @@ protected:
     // Whose records the cache has after it was made.
     static ModelDataOwner Records();
 
+    // The text of a settings file that `write(file)` writes.
+    template <class Write>
+    std::string Written(Write write) const {
+        OFile file("C:\\out.kds", OFILE_WRITE);
+        file.SetCodePage(1208);
+        write(file);
+        file.Close();
+        return BytesOf(OnDriveC("out.kds"));
+    }
+    // What `read(file)` answers for a file of these bytes.
+    template <class Read>
+    int Taken(const std::string& bytes, Read read, const std::string& name = "in.kds") const {
+        WriteFile(name, bytes);
+        OFile file(("C:\\" + name).c_str(), OFILE_READ);
+        file.SetCodePage(1208);
+        return read(file);
+    }
+
 private:
     void WriteDataFile(const ModelTables& tables);
 };
 
-// The 8-bit text of a string, to be compared.
+// The 8-bit text of a string, for comparison.
 std::string Text(const OString& text);
+// What `describe(node)` says of every node of a list, with blanks between.
+template <class List, class Describe>
+std::string Joined(const List& list, Describe describe) {
+    std::string all;
+    for (const auto* node = list.GetNext(nullptr); node; node = list.GetNext(node))
+        all += (all.empty() ? "" : " ") + describe(*node);
+    return all;
+}
+// The bytes of a number, as files of old drivers have them.
+inline std::string Bytes4(uint32_t number) {
+    return std::string(reinterpret_cast<const char*>(&number), sizeof number);
+}
 // The strings of an array with commas between them.
 std::string Text(const OStringArray& texts);

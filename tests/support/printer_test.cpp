@@ -10,7 +10,7 @@ namespace fs = std::filesystem;
 
 namespace {
 
-WCHAR* Text(const OString& text) {
+WCHAR* Writable(const OString& text) {
     return const_cast<WCHAR*>(text.wstring());
 }
 
@@ -50,11 +50,11 @@ bool PrinterTest::AddDriverFrom(const OString& folder, const OString& driver,
 
     DRIVER_INFO_6W info = {};
     info.cVersion = 3;
-    info.pName = Text(driver);
-    info.pDriverPath = Text(renderer);
-    info.pDataFile = Text(data);
-    info.pConfigFile = Text(module);
-    info.pHelpFile = Text(help);
+    info.pName = Writable(driver);
+    info.pDriverPath = Writable(renderer);
+    info.pDataFile = Writable(data);
+    info.pConfigFile = Writable(module);
+    info.pHelpFile = Writable(help);
     info.pDependentFiles = files.data();
     info.pDefaultDataType = raw;
     info.pszMfgName = manufacturer;
@@ -74,8 +74,8 @@ bool PrinterTest::AddPrinter(const OString& name, const OString& driver, DWORD a
     WCHAR share[] = TEXT("SHARE");
     WCHAR comment[] = TEXT("A comment");
     PRINTER_INFO_2W info = {};
-    info.pPrinterName = Text(name);
-    info.pDriverName = Text(driver);
+    info.pPrinterName = Writable(name);
+    info.pDriverName = Writable(driver);
     info.pPortName = port;
     info.pPrintProcessor = processor;
     info.pDatatype = raw;

@@ -21,7 +21,7 @@ protected:
     // "Provider".
     bool AddDriver(const OString& driver, const OString& data_file, DWORD level = 6);
 
-    // The same with files that are in `folder` already; without a folder they are in the one that
+    // The same with files that are in `folder` already. Without a folder they are in the one that
     // the spooler names for them, and the driver is added with their bare names.
     bool AddDriverFrom(const OString& folder, const OString& driver, const OString& data_file,
                        DWORD level = 6);
@@ -30,8 +30,8 @@ protected:
     bool AddPrinter(const OString& name, const OString& driver, DWORD attributes = 0,
                     DEVMODEW* dev_mode = nullptr);
 
-    // Makes another machine with a root folder of its own, "\\NAME", and does `work` there, as if
-    // this test ran on it. Then comes back.
+    // Makes another machine "\\NAME" with a root folder of its own and runs `work` there, as if
+    // this test ran on it. Then it returns to this one.
     template <typename Work>
     void OnServer(const std::string& name, Work work) {
         const std::string home = EnterServer(name);

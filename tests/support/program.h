@@ -1,16 +1,16 @@
-// Runs a program of the build and gives back what it said.
+// Runs a program of the build and returns its output.
 #pragma once
 
 #include <string>
 #include <vector>
 
 struct ProgramResult {
-    int status = -1; // exit status; -1 when the program did not end by itself
+    int status = -1; // exit status; -1 if the program did not end by itself
     std::string output, errors;
 };
 
-// The words by which labelhost works on the machine of a test, whose root folder this is; none
-// where it knows one machine only.
+// The words that make labelhost work on the machine of a test with this root folder. Empty where it
+// knows only one machine.
 std::vector<std::string> OnMachine(const std::string& root);
 
 // Runs build/.../bin/NAME with these arguments and waits for its end.

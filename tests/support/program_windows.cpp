@@ -12,7 +12,7 @@ namespace fs = std::filesystem;
 
 namespace {
 
-// A word of a command line as the C runtime reads it.
+// A word of a command line in the form that the C runtime reads.
 std::wstring Quoted(const std::string& word) {
     std::wstring text(word.size() + 1, L'\0');
     text.resize(static_cast<size_t>(MultiByteToWideChar(CP_UTF8, 0, word.data(),
@@ -34,7 +34,7 @@ HANDLE NewFile(const fs::path& path) {
                        FILE_ATTRIBUTE_NORMAL, nullptr);
 }
 
-// What a program wrote, with the line ends of C.
+// The output of a program, with the line ends of C.
 std::string TextOf(const fs::path& path) {
     std::ostringstream all;
     all << std::ifstream(path).rdbuf();
@@ -52,7 +52,7 @@ ProgramResult RunProgram(const std::string& name, const std::vector<std::string>
     std::wstring line = Quoted(program);
     for (const std::string& argument : arguments) line += L" " + Quoted(argument);
 
-    // A program of the system that came with an earlier one may still hold on to its files.
+    // A program of the system that came with an earlier one may still hold its files.
     static int number = 0;
     const fs::path scratch =
         fs::temp_directory_path() /

@@ -9,7 +9,7 @@
 template <class Info>
 class Answer {
 public:
-    // `ask(buffer, size, needed)` as the API wants it; empty when it fails.
+    // `ask(buffer, size, needed)` is as the API wants it. Empty on failure.
     template <class Ask>
     explicit Answer(const Ask& ask) {
         DWORD needed = 0;

@@ -5,13 +5,16 @@
 
 #include "support/model_test.h"
 
+// Bytes of the driver's DEVMODE, private part included.
+constexpr size_t DEV_MODE_SIZE = 1508;
+
 class StagedDriverTest : public PrinterTest {
 protected:
     // Installs the module as the driver "Model 1" with a model data file of these tables, and a
-    // printer "Dock 3" of it, as a set-up does: the files are put where the spooler says.
+    // printer "Dock 3" of it. As in a set-up, the files are put where the spooler says.
     void Install(const ModelTables& tables);
 
-    // An export of the installed module; null, a failure of the test, when there is none.
+    // An export of the installed module. Null, and a failure of the test, if there is none.
     template <class Function>
     static Function* Export(const char* name) {
         return reinterpret_cast<Function*>(Find(name));

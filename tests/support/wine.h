@@ -1,4 +1,4 @@
-// Where Wine is known to answer otherwise than Windows, a test says so and asks here.
+// A test that expects a known difference of Wine from Windows says so and asks here.
 #pragma once
 
 #include <windows.h>
@@ -8,7 +8,7 @@ inline bool RunsUnderWine() {
     return system && GetProcAddress(system, "wine_get_version");
 }
 
-// Ends the test that runs, which counts as skipped for this reason.
+// Ends the current test, which counts as skipped for this reason.
 [[noreturn]] void SkipTest(const char* reason);
 
 // The same under Wine only.

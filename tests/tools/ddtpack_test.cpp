@@ -1,4 +1,4 @@
-// ddtpack: what it packs it shows again, and it names what it does not understand.
+// ddtpack: it lists what it has packed, and names what it does not understand.
 
 #include "support/host_test.h"
 #include "support/program.h"
@@ -16,6 +16,21 @@ protected:
 
     ProgramResult Run(const std::vector<std::string>& words) const {
         return RunProgram("ddtpack", words);
+    }
+
+    // A text that cannot be packed, and the message about it.
+    struct BadText {
+        const char *text, *says;
+        const char* name = "a.keys";
+    };
+    void ExpectRefused(const char* command, const char* file,
+                       std::initializer_list<BadText> texts) {
+        for (const BadText& bad : texts) {
+            const ProgramResult result = Run({command, OnDriveC(file), Put(bad.name, bad.text)});
+            EXPECT_EQ(result.status, 1) << bad.text;
+            EXPECT_NE(result.errors.find(bad.says), std::string::npos) << result.errors;
+            EXPECT_FALSE(std::filesystem::exists(OnDriveC(file)));
+        }
     }
 };
 
@@ -50,25 +65,14 @@ TEST_F(Ddtpack, BuildsTheCustomDataFromItsKeys) {
 }
 
 TEST_F(Ddtpack, NamesWhatItDoesNotUnderstand) {
-    const struct {
-        const char* name;
-        const char* text;
-        const char* says;
-    } cases[] = {
-        {"a.keys", "[M]\nCuter=yes\n", "line 2: no such key"},
-        {"a.keys", "[M]\nCutter=maybe\n", "yes or no"},
-        {"a.keys", "[M]\nLabelTop.Min=3 mm\n", "whole number"},
-        {"a.keys", "[M]\nSpeed=4\n", "VALUE"},
-        {"a.keys", "[M]\nSpeed=4,\"ABC\"\n", "one or two characters"},
-        {"a.keys", "Cutter=yes\n", "before the first section"},
-        {"a.txt", "", "neither a table"},
-    };
-    for (const auto& c : cases) {
-        const ProgramResult result = Run({"pack", OnDriveC("x.ddt"), Put(c.name, c.text)});
-        EXPECT_EQ(result.status, 1) << c.text;
-        EXPECT_NE(result.errors.find(c.says), std::string::npos) << result.errors;
-        EXPECT_FALSE(std::filesystem::exists(OnDriveC("x.ddt")));
-    }
+    ExpectRefused("pack", "x.ddt",
+                  {{"[M]\nCuter=yes\n", "line 2: no such key"},
+                   {"[M]\nCutter=maybe\n", "yes or no"},
+                   {"[M]\nLabelTop.Min=3 mm\n", "whole number"},
+                   {"[M]\nSpeed=4\n", "VALUE"},
+                   {"[M]\nSpeed=4,\"ABC\"\n", "one or two characters"},
+                   {"Cutter=yes\n", "before the first section"},
+                   {"", "neither a table", "a.txt"}});
     EXPECT_EQ(Run({"pack"}).status, 2);
     EXPECT_EQ(Run({"list", OnDriveC("missing.ddt")}).status, 1);
 }
@@ -102,37 +106,27 @@ TEST_F(Ddtpack, MakesASettingsFileOfStocksAndPresetsInWords) {
 }
 
 TEST_F(Ddtpack, NamesTheSettingsThatItDoesNotUnderstand) {
-    const struct {
-        const char* text;
-        const char* says;
-    } cases[] = {
-        {"A=1 in,1 in,0 mm\n", "line 1: a key before"},
-        {"[Papers]\n", "[RFID fonts]"},
-        {"[Bar code fonts]\nA=Code39\n", "line 2: a bar code font is"},
-        {"[Bar code fonts]\nA=Code39,thin\n", "a bar code font is"},
-        {"[Bar code fonts]\nA=Code 39,13\n", "no such symbology"},
-        {"[Bar code fonts]\nA=Code39,13,left\n", "none, above or below"},
-        {"[Bar code fonts]\n=Code39,13\n", "a font has a name"},
-        {"[Bar code fonts]\nA=Code39,13\n[RFID fonts]\na=EPC64\n", "already"},
-        {"[RFID fonts]\n01234567890123456789012345678901=EPC64\n", "at most 31"},
-        {"[RFID fonts]\nA=EPC32\n", "no such tag"},
-        {"[RFID fonts]\nA=EPC96,SGTIN-64\n", "no such format"},
-        {"[Stocks]\n\nA=1 in,1 in\n", "line 3: a stock is"},
-        {"[Stocks]\nA=1,1 in,0 mm\n", "with units"},
-        {"[Stocks]\nA=1 in,1 in,-1 mm\n", "not negative"},
-        {"[Stocks]\nA=1 in,1 in,0 mm\nA=1 in,1 in,0 mm\n", "already"},
-        {"[Preset A]\nStock=B\n", "no stock of that name"},
-        {"[Preset A]\nDarkness=31\n", "-30 to 30"},
-        {"[Preset A]\nDarkness=high\n", "-30 to 30"},
-        {"[Preset A]\nOrientation=up\n", "portrait or landscape"},
-        {"[Preset A]\nColour=red\n", "no such key"},
-    };
-    for (const auto& c : cases) {
-        const ProgramResult result = Run({"settings", OnDriveC("x.kds"), Put("s.txt", c.text)});
-        EXPECT_EQ(result.status, 1) << c.text;
-        EXPECT_NE(result.errors.find(c.says), std::string::npos) << result.errors;
-        EXPECT_FALSE(std::filesystem::exists(OnDriveC("x.kds")));
-    }
+    ExpectRefused("settings", "x.kds",
+                  {{"A=1 in,1 in,0 mm\n", "line 1: a key before"},
+                   {"[Papers]\n", "[RFID fonts]"},
+                   {"[Bar code fonts]\nA=Code39\n", "line 2: a bar code font is"},
+                   {"[Bar code fonts]\nA=Code39,thin\n", "a bar code font is"},
+                   {"[Bar code fonts]\nA=Code 39,13\n", "no such symbology"},
+                   {"[Bar code fonts]\nA=Code39,13,left\n", "none, above or below"},
+                   {"[Bar code fonts]\n=Code39,13\n", "a font has a name"},
+                   {"[Bar code fonts]\nA=Code39,13\n[RFID fonts]\na=EPC64\n", "already"},
+                   {"[RFID fonts]\n01234567890123456789012345678901=EPC64\n", "at most 31"},
+                   {"[RFID fonts]\nA=EPC32\n", "no such tag"},
+                   {"[RFID fonts]\nA=EPC96,SGTIN-64\n", "no such format"},
+                   {"[Stocks]\n\nA=1 in,1 in\n", "line 3: a stock is"},
+                   {"[Stocks]\nA=1,1 in,0 mm\n", "with units"},
+                   {"[Stocks]\nA=1 in,1 in,-1 mm\n", "not negative"},
+                   {"[Stocks]\nA=1 in,1 in,0 mm\nA=1 in,1 in,0 mm\n", "already"},
+                   {"[Preset A]\nStock=B\n", "no stock of that name"},
+                   {"[Preset A]\nDarkness=31\n", "-30 to 30"},
+                   {"[Preset A]\nDarkness=high\n", "-30 to 30"},
+                   {"[Preset A]\nOrientation=up\n", "portrait or landscape"},
+                   {"[Preset A]\nColour=red\n", "no such key"}});
     EXPECT_EQ(Run({"settings", OnDriveC("x.kds")}).status, 2);
     EXPECT_EQ(Run({"settings", "/nowhere/x.kds", Put("s.txt", "")}).status, 1);
 }

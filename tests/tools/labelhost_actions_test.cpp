@@ -1,40 +1,34 @@
-// labelhost and the C example tell a printer what to do.
+// labelhost and the C example run printer actions.
 
-#include "support/host_test.h"
-#include "support/program.h"
+#include "support/labelhost_test.h"
 
 #include <algorithm>
 #include <cstdlib>
 
-#include <nlohmann/json.hpp>
-
 namespace {
 
-using Json = nlohmann::json;
-
-class LabelhostActions : public HostTest {
+class LabelhostActions : public Labelhost {
 protected:
-    LabelhostActions() { setenv("LABELHOST_ROOT", root().c_str(), 1); }
+    LabelhostActions() {
+        setenv("LABELHOST_ROOT", root().c_str(), 1); // for the example
+        Install("Dock3", "Valdrick X4 300 dpi");
+    }
     ~LabelhostActions() override { unsetenv("LABELHOST_ROOT"); }
 
-    static ProgramResult Run(const std::vector<std::string>& words) {
-        return RunProgram("labelhost", words);
-    }
     static ProgramResult Example(const std::vector<std::string>& words) {
         return RunProgram("printer_actions", words);
     }
     // The jobs, as "name:bytes".
-    static std::vector<std::string> Jobs() {
+    std::vector<std::string> Jobs() const {
         std::vector<std::string> jobs;
-        for (const Json& job : Json::parse(Run({"jobs", "Dock3", "--json"}).output))
+        for (const Json& job : RunJson({"jobs", "Dock3"}))
             jobs.push_back(job["name"].get<std::string>() + ":" + BytesOf(job["file"]));
         return jobs;
     }
 };
 
 TEST_F(LabelhostActions, DoesWhatItLists) {
-    ASSERT_EQ(Run({"install", "Dock3", "--model", "Valdrick X4 300 dpi"}).status, 0);
-    const Json actions = Json::parse(Run({"actions", "Dock3", "--json"}).output);
+    const Json actions = RunJson({"actions", "Dock3"});
     const auto offers = [&](const Json& action) {
         return std::find(actions.begin(), actions.end(), action) != actions.end();
     };
@@ -58,52 +52,15 @@ TEST_F(LabelhostActions, DoesWhatItLists) {
                                                 "Calibrate Media:~JC", "one.prn:^XA^FDone^XZ"}));
 }
 
-TEST_F(LabelhostActions, OffersQuestionsWhereThePrinterCanAnswer) {
-    const struct {
-        const char *port, *model, *offers;
-    } cases[] = {
-        {"FILE:", "Valdrick X4 300 dpi", ""},
-        {"IP_127.0.0.1:9", "Valdrick X4 300 dpi", "37:3 38:7 "},
-        {"IP_127.0.0.1:9", "Valdrick M2 Mobile", "37:3 38:7 46:7 "},
-    };
-    for (const auto& c : cases) {
-        ASSERT_EQ(Run({"install", "Dock3", "--model", c.model, "--port", c.port}).status, 0);
-        std::string offers;
-        for (const Json& action : Json::parse(Run({"actions", "Dock3", "--json"}).output))
-            for (const int question : {37, 38, 46})
-                if (action["action"] == question)
-                    offers += std::to_string(question) + ":" + action["flags"].dump() + " ";
-        EXPECT_EQ(offers, c.offers) << c.port;
-        Run({"remove", "Dock3"});
-    }
-}
-
 TEST_F(LabelhostActions, SaysWhyItDoesNot) {
-    ASSERT_EQ(Run({"install", "Dock3", "--model", "Valdrick X4 300 dpi"}).status, 0);
-    const struct {
-        std::vector<std::string> words;
-        int status;
-        const char* errors;
-    } cases[] = {
-        {{"3"}, 1, "labelhost: action 3 cannot be done: this printer does not offer it\n"},
-        {{"39"}, 1, "labelhost: action 39 cannot be done: it opens a dialog\n"},
-        {{"32", "format Q"},
-         1,
-         "labelhost: action 32 cannot be done: it does not take 'format Q', or is not for this "
-         "user\n"},
-        {{"22"}, 1, "labelhost: action 22 cannot be done: it needs a file\n"},
-        {{"22", "/no/file"},
-         1,
-         "labelhost: cannot read file '/no/file': No such file or directory\n"},
-        {{"12x"}, 2, "labelhost: '12x' is no number of an action (labelhost actions lists them)\n"},
-    };
-    for (const auto& c : cases) {
-        std::vector<std::string> words = {"action", "Dock3"};
-        words.insert(words.end(), c.words.begin(), c.words.end());
-        const ProgramResult result = Run(words);
-        EXPECT_EQ(result.status, c.status);
-        EXPECT_EQ(result.errors, c.errors);
-    }
+    ExpectRefused({
+        {{"action", "Dock3", "3"}, 1, "action 3 cannot be done: this printer does not offer it"},
+        {{"action", "Dock3", "39"}, 1, "action 39 cannot be done: it opens a dialog"},
+        {{"action", "Dock3", "32", "format Q"}, 1, "it does not take 'format Q'"},
+        {{"action", "Dock3", "22"}, 1, "action 22 cannot be done: it needs a file"},
+        {{"action", "Dock3", "22", "/no/file"}, 1, "cannot read file '/no/file'"},
+        {{"action", "Dock3", "12x"}, 2, "'12x' is no number of an action"},
+    });
     EXPECT_EQ(Example({"Dock3", "3"}).status, 1);
     EXPECT_EQ(Example({"Nowhere"}).status, 1);
     EXPECT_EQ(Jobs(), std::vector<std::string>());

@@ -1,6 +1,6 @@
-// labelhost with many printers: lists and patterns, work that is interrupted and done again.
+// labelhost with many printers: lists and patterns, work that is interrupted and repeated.
 
-#include "tools/labelhost_fixture.h"
+#include "support/labelhost_test.h"
 
 #include <csignal>
 #include <fcntl.h>
@@ -17,8 +17,8 @@ namespace {
 
 class LabelhostFleet : public Labelhost {
 protected:
-    // Runs labelhost, interrupts it when it has said its first word, and reads the rest. What it
-    // says does not fit into the pipe, so that it cannot be through by then.
+    // Runs labelhost, interrupts it after its first output, and reads the rest. Its output does not
+    // fit into the pipe, so it cannot have finished by then.
     ProgramResult Interrupt(const std::vector<std::string>& words) const {
         std::vector<std::string> all = {Built("/bin/labelhost"), "--root", root()};
         all.insert(all.end(), words.begin(), words.end());
@@ -59,7 +59,7 @@ size_t Lines(const std::string& text) {
 } // namespace
 
 TEST_F(LabelhostFleet, InstallsAListWhereItWasStopped) {
-    // Names as long as names may be, to fill the pipe.
+    // The longest possible names, to fill the pipe.
     constexpr int Printers = 24;
     std::string list = "# the hall\n\n";
     for (int i = 0; i < Printers; ++i)
@@ -82,7 +82,7 @@ TEST_F(LabelhostFleet, InstallsAListWhereItWasStopped) {
     ASSERT_EQ(printers.size(), size_t{Printers});
     EXPECT_EQ(printers[1]["port"], "IP_10.0.0.1");
     EXPECT_EQ(printers[2]["port"], "FILE:");
-    // One line before each printer and one behind the last.
+    // One line before each printer and one after the last.
     EXPECT_EQ(Lines(Run({"list", "--progress"}).errors), 25u);
 }
 
@@ -137,7 +137,7 @@ TEST_F(LabelhostFleet, SaysWhatWasWrongAndDoesTheRest) {
     // A list with a mistake installs nothing.
     EXPECT_EQ(RunJson({"list"}).size(), 2u);
 
-    // Printers are not told of a driver that another one brings along when it is the one they have.
+    // Printers are not told of a driver installed with another one if they have it already.
     const std::string presets = "HKLM\\SYSTEM\\CurrentControlSet\\Control\\Print\\Printers\\One\\"
                                 "PrinterDriverData\\Presets";
     ASSERT_EQ(Run({"registry", "delete", presets}).status, 0);

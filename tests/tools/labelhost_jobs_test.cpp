@@ -1,25 +1,19 @@
-// labelhost shows what programs have printed.
+// labelhost shows the jobs that programs have printed.
 
-#include "tools/labelhost_fixture.h"
+#include "support/labelhost_test.h"
 
 #include <windows.h>
 #include <winspool.h>
 
-#include <algorithm>
-
 namespace {
 
-class LabelhostJobs : public Labelhost {
-protected:
-    Json Jobs() const { return RunJson({"jobs", "Dock3"}); }
-};
+using LabelhostJobs = Labelhost;
 
 TEST_F(LabelhostJobs, ShowsWhatWasPrintedAndWhyItWaits) {
     ASSERT_EQ(
         Run({"install", "Dock3", "--model", "Valdrick X4 300 dpi", "--port", "C:\\no\\out"}).status,
         0);
-    EXPECT_EQ(Jobs(), Json::array());
-    // As a program does it that prints through the driver.
+    // As a program prints that uses the driver.
     const HDC dc = CreateDCW(TEXT("WINSPOOL"), TEXT("Dock3"), nullptr, nullptr);
     ASSERT_NE(dc, nullptr) << GetLastError();
     EXPECT_EQ(GetDeviceCaps(dc, LOGPIXELSX), 300);
@@ -30,7 +24,7 @@ TEST_F(LabelhostJobs, ShowsWhatWasPrintedAndWhyItWaits) {
     EXPECT_GT(EndDoc(dc), 0);
     DeleteDC(dc);
 
-    const Json jobs = Jobs();
+    const Json jobs = RunJson({"jobs", "Dock3"});
     ASSERT_EQ(jobs.size(), 1u);
     EXPECT_EQ(jobs[0]["id"], 1);
     EXPECT_EQ(jobs[0]["name"], "Größe");
@@ -55,36 +49,28 @@ TEST_F(LabelhostJobs, PrintsPagesOfTheSizesThatTheDriverKnows) {
     ASSERT_GT(count, 1);
     std::vector<WORD> numbers(static_cast<size_t>(count));
     std::vector<POINT> sizes(numbers.size());
-    std::vector<WCHAR> names(numbers.size() * 64);
     ask(DC_PAPERS, numbers.data());
     ask(DC_PAPERSIZE, sizes.data());
-    ask(DC_PAPERNAMES, names.data());
     const size_t last = numbers.size() - 1;
 
-    DEVMODEW by_number = {}, by_name = {}, by_size = {};
+    DEVMODEW by_number = {}, by_size = {};
     by_number.dmFields = DM_PAPERSIZE;
     by_number.dmPaperSize = static_cast<SHORT>(numbers[last]);
-    by_name.dmFields = DM_FORMNAME;
-    std::copy_n(&names[last * 64], CCHFORMNAME - 1, by_name.dmFormName);
     by_size.dmFields = DM_PAPERWIDTH | DM_PAPERLENGTH | DM_ORIENTATION | DM_PRINTQUALITY;
     by_size.dmPaperWidth = 254;
     by_size.dmPaperLength = 508;
     by_size.dmOrientation = DMORIENT_LANDSCAPE;
     by_size.dmPrintQuality = 100;
-    const auto dots = [](LONG tenths) { return (tenths * 300 + 127) / 254; };
-    struct {
-        DEVMODEW& settings;
-        int width, height;
-    } cases[] = {{by_number, dots(sizes[last].x), dots(sizes[last].y)},
-                 {by_name, dots(sizes[last].x), dots(sizes[last].y)},
-                 {by_size, 200, 100}};
-    for (auto& c : cases) {
-        c.settings.dmSize = sizeof c.settings;
-        const HDC dc = CreateICW(TEXT("WINSPOOL"), TEXT("Dock3"), nullptr, &c.settings);
-        EXPECT_EQ(GetDeviceCaps(dc, HORZRES), c.width);
-        EXPECT_EQ(GetDeviceCaps(dc, VERTRES), c.height);
+    const auto expect = [](DEVMODEW& settings, LONG width, LONG height) {
+        settings.dmSize = sizeof settings;
+        const HDC dc = CreateICW(TEXT("WINSPOOL"), TEXT("Dock3"), nullptr, &settings);
+        EXPECT_EQ(GetDeviceCaps(dc, HORZRES), width);
+        EXPECT_EQ(GetDeviceCaps(dc, VERTRES), height);
         DeleteDC(dc);
-    }
+    };
+    const auto dots = [](LONG tenths) { return (tenths * 300 + 127) / 254; };
+    expect(by_number, dots(sizes[last].x), dots(sizes[last].y));
+    expect(by_size, 200, 100);
 }
 
 } // namespace

@@ -1,6 +1,6 @@
 // labelhost on Windows, where it works on the machine that it runs on.
 
-#include "tools/labelhost_fixture.h"
+#include "support/labelhost_test.h"
 
 #include <gmock/gmock.h>
 

@@ -16,32 +16,13 @@ std::filesystem::path PathOf(const std::string& name) {
     return std::u8string(name.begin(), name.end());
 }
 
-std::string BigEndian(size_t number) {
-    std::string bytes;
-    for (int shift = 24; shift >= 0; shift -= 8) bytes += static_cast<char>(number >> shift & 255);
-    return bytes;
-}
-
 size_t NumberAt(const std::string& bytes, size_t at) {
     size_t number = 0;
     for (size_t i = at; i < at + 4; ++i) number = number << 8 | static_cast<uint8_t>(bytes[i]);
     return number;
 }
 
-// The rows of every `step_x`th pixel of every `step_y`th row, each behind the filter "none".
-std::string Rows(const Png& image, size_t x0, size_t y0, size_t step_x, size_t step_y) {
-    const size_t row_size = image.samples.size() / image.height;
-    const size_t pixel = step_x == 1 ? row_size : row_size / image.width; // or the whole row
-    std::string rows;
-    for (size_t y = y0; y < image.height; y += step_y) {
-        if (x0 * pixel < row_size) rows += '\0';
-        for (size_t at = x0 * pixel; at < row_size; at += step_x * pixel)
-            rows.append(reinterpret_cast<const char*>(&image.samples[y * row_size + at]), pixel);
-    }
-    return rows;
-}
-
-// What the filter of a row expected of a byte, from those to the left, above, and above left.
+// The prediction of a row's filter for a byte, from those to the left, above, and above left.
 int Expected(int filter, int left, int above, int corner) {
     const int guess = left + above - corner;
     const int to_left = std::abs(guess - left), to_above = std::abs(guess - above),
@@ -63,42 +44,6 @@ int Expected(int filter, int left, int above, int corner) {
 
 } // namespace
 
-std::string PngPart(const std::string& name, const std::string& data) {
-    const std::string summed = name + data;
-    const auto* bytes = reinterpret_cast<const Bytef*>(summed.data());
-    return BigEndian(data.size()) + summed +
-           BigEndian(crc32(0, bytes, static_cast<uInt>(summed.size())));
-}
-
-void SavePng(const std::string& file, const Png& image) {
-    std::string rows;
-    if (image.interlaced) {
-        const size_t passes[7][4] = {{0, 0, 8, 8}, {4, 0, 8, 8}, {0, 4, 4, 8}, {2, 0, 4, 4},
-                                     {0, 2, 2, 4}, {1, 0, 2, 2}, {0, 1, 1, 2}};
-        for (const auto& [x, y, step_x, step_y] : passes) rows += Rows(image, x, y, step_x, step_y);
-    } else {
-        rows = Rows(image, 0, 0, 1, 1);
-    }
-    uLongf size = compressBound(static_cast<uLong>(rows.size()));
-    std::string packed(size, 0);
-    compress(reinterpret_cast<Bytef*>(packed.data()), &size,
-             reinterpret_cast<const Bytef*>(rows.data()), static_cast<uLong>(rows.size()));
-    packed.resize(size);
-
-    std::ofstream out(PathOf(file), std::ios::binary);
-    out << kSignature
-        << PngPart("IHDR",
-                   BigEndian(image.width) + BigEndian(image.height) +
-                       std::string{static_cast<char>(image.depth), static_cast<char>(image.type), 0,
-                                   0, static_cast<char>(image.interlaced)});
-    std::string palette;
-    for (const auto& color : image.palette) palette.append(color.begin(), color.end());
-    if (!palette.empty()) out << PngPart("PLTE", palette);
-    if (!image.transparency.empty())
-        out << PngPart("tRNS", {image.transparency.begin(), image.transparency.end()});
-    out << PngPart("IDAT", packed) << PngPart("IEND", "");
-}
-
 Bytes PixelsOf(const std::string& file) {
     std::ifstream in(PathOf(file), std::ios::binary);
     const std::string bytes((std::istreambuf_iterator<char>(in)), {});
@@ -106,7 +51,11 @@ Bytes PixelsOf(const std::string& file) {
     for (size_t at = 8; at + 12 <= bytes.size(); at += 12 + NumberAt(bytes, at)) {
         const std::string name = bytes.substr(at + 4, 4);
         const std::string data = bytes.substr(at + 8, NumberAt(bytes, at));
-        if (bytes.substr(at, data.size() + 12) != PngPart(name, data)) return {};
+        const auto* summed = reinterpret_cast<const Bytef*>(&bytes[at + 4]);
+        if (data.size() < NumberAt(bytes, at) || at + data.size() + 12 > bytes.size() ||
+            crc32(0, summed, static_cast<uInt>(data.size() + 4)) !=
+                NumberAt(bytes, at + 8 + data.size()))
+            return {};
         if (name == "IHDR") header = data;
         if (name == "PLTE") palette = data;
         if (name == "IDAT") packed += data;
@@ -117,7 +66,7 @@ Bytes PixelsOf(const std::string& file) {
     const auto depth = static_cast<size_t>(header[8]);
     const size_t samples = header[9] == kColor ? 3 : 1;
     const size_t row_size = (width * depth * samples + 7) / 8;
-    const size_t pixel = depth * samples / 8 ? depth * samples / 8 : 1; // bytes, for the filters
+    const size_t pixel = depth * samples / 8 ? depth * samples / 8 : 1; // in bytes, for the filters
     uLongf size = static_cast<uLongf>((row_size + 1) * height);
     Bytes rows(size);
     if (depth > 8 || header[12] != 0 ||

@@ -1,4 +1,4 @@
-// The emulated printer: what it makes of bytes, what it answers, and how answers are spoilt.
+// The emulated printer: its reading of bytes, its answers, and spoilt answers.
 
 #include "emulator/answer_rules.h"
 #include "emulator/emulated_printer.h"

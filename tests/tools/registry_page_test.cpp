@@ -1,4 +1,4 @@
-// The page on the registry names whatever the driver leaves or looks for there, and nothing else.
+// The page on the registry names all that the driver stores or looks for there, and nothing else.
 
 #include <algorithm>
 #include <memory>
@@ -19,20 +19,20 @@
 #include "support/build_folders.h"
 #include "support/job_test.h"
 #include "support/program.h"
-#include "ui/prtui.h"
 #include "win32host/control.h"
+#include "zpl/extui.h"
 
 namespace {
 
 using Json = nlohmann::json;
 
 struct Name {
-    std::string text; // as the page has it
+    std::string text; // as on the page
     std::regex path;
     bool seen = false;
 };
 
-// The names in the first column of the page's tables of values, as patterns of whole paths.
+// The names in the first column of the page's tables of values, as patterns of full paths.
 std::vector<Name> NamesOf(const std::string& text) {
     std::istringstream page(text);
     const std::regex quoted("`([^`]+)`");
@@ -62,8 +62,8 @@ std::vector<Name> NamesOf(const std::string& text) {
     return names;
 }
 
-// The path of a value as the page writes it; empty for what belongs to the system. A user's tree
-// of keys of another machine holds the same names.
+// The path of a value as the page writes it, or empty for one of the system. The same names are in
+// a user's tree of keys of another machine.
 std::string Symbolic(const std::string& path) {
     const std::pair<const char*, const char*> roots[] = {
         {".*/PrinterDriverData/Settings/", "SETTINGS:"},
@@ -94,7 +94,7 @@ void Walk(const Json& key, const std::string& path, std::set<std::string>& value
 
 class RegistryPage : public JobTest {
 protected:
-    // Labelhost on a machine with that root.
+    // Runs labelhost on a machine with that root.
     static std::string On(const std::string& root, std::vector<std::string> words) {
         words.insert(words.begin(), {"--root", root});
         const ProgramResult result = RunProgram("labelhost", words);
@@ -107,7 +107,7 @@ protected:
                  values);
     }
 
-    // What no command of the host program leads to.
+    // Uses features that no command of the host program reaches.
     void UseTheRest() {
         Install({.model = "Resolution=203\nPorts.PNP.ID=X\n", .font = "Fonts=FontGroup:A.pfg\n"});
         SetDriverSettings();
@@ -118,10 +118,9 @@ protected:
         OStringArray groups;
         Model()->GetFontGroups(groups);
         WriteVersionError(printer());
-        const std::unique_ptr<prtui> ui(prtui::new_ext());
-        ui->init(printer(), nullptr, 0);
+        const auto ui = OpenUI();
         WriteCacheSettings(*ui->stream, {});
-        ui->RunChoice(ACTION_POWER_MANAGEMENT, "sleep=300 forced=yes low-voltage-pause=yes");
+        static_cast<extui&>(*ui).SetPowerSettings({});
         prtreg registry = Registry();
         ui->locale.Save(registry);
         auto* stock = new (std::nothrow) Stock;
@@ -129,7 +128,7 @@ protected:
         ui->stocks.AddTail(stock);
         ui->Settings_Save();
 
-        // The status monitor is started for a printer.
+        // Start the status monitor for a printer.
         const HMODULE monitor =
             LoadLibraryW(OString(("Z:" + Built("/bin/qstmon.dll")).c_str()).wstring());
         ASSERT_TRUE(monitor);
@@ -142,7 +141,7 @@ protected:
         FreeLibrary(monitor);
         SetWhatOnlyPeopleSet(registry);
 
-        // Nobody takes what is sent for a printer that is its own server.
+        // Data sent for a printer that is its own server is not taken by anyone.
         registry.SetByte("LOCAL:Printers/[PRINTER]/Shadow", 2);
         prtreg copy(OString("Dock 3"));
         copy.SetDWORD("PRINT:Printers/[PRINTER]/Attributes", PRINTER_ATTRIBUTE_ENABLE_BIDI);
@@ -176,7 +175,7 @@ protected:
         settings.Save(Registry());
     }
 
-    // The driver looks for these and writes none of them.
+    // The driver reads these and never writes them.
     static void SetWhatOnlyPeopleSet(prtreg& registry) {
         for (const char* limit : {"Connect", "Answer", "Quiet"})
             registry.SetDWORD(OString("LOCAL:Status Monitor/") << limit << " Time Limit", 1000);

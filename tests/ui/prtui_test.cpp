@@ -1,36 +1,19 @@
 // The UI object on a printer.
 #include "ui/prtui.h"
 
-#include <filesystem>
-#include <memory>
-
 #include "printer/prtstream.h"
-#include "spooler/driver_utility.h"
-#include "support/build_folders.h"
 #include "support/job_test.h"
 
-namespace {
-
-class UIObject : public JobTest {
-protected:
-    static std::unique_ptr<prtui> Made(HANDLE printer, const DEVMODEW* in, uint32_t mode) {
-        std::unique_ptr<prtui> ui(prtui::new_ext());
-        ui->init(printer, in, mode);
-        return ui;
-    }
-};
-
-} // namespace
+using UIObject = JobTest;
 
 TEST_F(UIObject, TakesThePrinterAndTheSettingsAskedFor) {
     Install({.model = "Resolution=203\n", .method = "Copies.Limit=500\n"});
-    const std::string folder = Text(DriverUtility::GetDriverDirectory()).substr(3);
-    std::filesystem::copy_file(Built("/product/zplvenu.dll"), OnDriveC(folder + "\\zplvenu.dll"));
+    InstallLanguage();
     DevMode wanted;
     wanted.CreateDefault(Model().get());
     wanted.SetCopies(7);
     for (const uint32_t mode : {0, DM_IN_BUFFER}) {
-        const auto ui = Made(printer(), wanted.GetDevMode(), mode);
+        const auto ui = OpenUI(wanted.GetDevMode(), mode);
         EXPECT_EQ(Text(ui->printer_name + "," + ui->driver_name + "," + ui->port_name),
                   "Dock 3,Model 1,FILE:");
         ASSERT_NE(ui->model, nullptr);
@@ -50,7 +33,9 @@ TEST_F(UIObject, TakesThePrinterAndTheSettingsAskedFor) {
 
 TEST_F(UIObject, KeepsItsListsForTheNextOne) {
     Install({.model = "Resolution=203\n"});
-    const auto first = Made(printer(), nullptr, 0), second = Made(printer(), nullptr, 0);
+    const auto first = OpenUI(), second = OpenUI();
+    EXPECT_NE(first->presets.GetCurrentSettings(), nullptr) << "nameless without a library";
+    EXPECT_NE(first->presets.GetDefaultSettings(), nullptr);
     auto* preset = new Preset;
     preset->SetToDefaultDevMode(first->model.get());
     preset->SetName("Draft");

@@ -2,6 +2,7 @@
 
 #include <cstring>
 #include <new>
+#include <sstream>
 #include <string>
 
 #include "fonts/data_font_bar_code.h"
@@ -81,28 +82,17 @@ protected:
     }
     // The names of stocks, presets and fonts.
     std::string Lists_() const {
-        std::string text;
-        for (const Stock* s = stocks_.GetNext(nullptr); s; s = stocks_.GetNext(s))
-            text += Text(s->GetName()) + ' ';
-        text += "| ";
-        for (const Preset* p = presets_.GetNext(nullptr); p; p = presets_.GetNext(p))
-            text += Text(p->GetName()) + ' ';
-        text += "| ";
+        const auto name = [](const NameNode& node) { return Text(node.GetName()); };
+        std::string text = Joined(stocks_, name) + "|" + Joined(presets_, name) + "|";
         for (int i = 0; i < fonts_.GetSize(); ++i) text += Text(fonts_[i]->GetFontName()) + ' ';
         return text;
     }
     // The tags and keys of a file.
     std::string Shape() const {
+        std::istringstream lines(BytesOf(OnDriveC("settings.kds")));
         std::string shape, line;
-        for (const char c : BytesOf(OnDriveC("settings.kds"))) {
-            if (c != '\n') {
-                line += c;
-                continue;
-            }
-            shape += line.substr(0, line.find_first_of("=\r")) + '|';
-            line.clear();
-        }
-        return shape + line;
+        while (std::getline(lines, line)) shape += line.substr(0, line.find_first_of("=\r")) + '|';
+        return shape;
     }
 
     std::unique_ptr<extmodel> model_;
@@ -114,6 +104,8 @@ protected:
 } // namespace
 
 TEST_F(SettingsFiles, HaveTheirHeadAndWhatWasAskedForInOrder) {
+    EXPECT_EQ(Imported(0x10F), "0 0 0 0 0");
+    EXPECT_FALSE(OFile::Exists(kFile)) << "one that is not there is not made";
     AddStock("4 x 6");
     AddStock("Tag");
     AddPreset("Draft");
@@ -148,10 +140,10 @@ TEST_F(SettingsFiles, BringBackWhatWasExported) {
     fonts_.Clear();
     SetOffset(9);
     EXPECT_EQ(Imported(SETTINGS_PRESETS), "0 1 0 0 0");
-    EXPECT_EQ(Lists_(), "| Draft | ");
+    EXPECT_EQ(Lists_(), "|Draft|");
     EXPECT_EQ(Offset(), 9);
     EXPECT_EQ(Imported(0x10F), "1 1 1 1 1");
-    EXPECT_EQ(Lists_(), "Caf\xE9 | Draft | Bars Tags ");
+    EXPECT_EQ(Lists_(), "Caf\xE9|Draft|Bars Tags ");
     EXPECT_EQ(Offset(), 7);
 }
 
@@ -181,23 +173,21 @@ TEST_F(SettingsFiles, ForAnotherModelBringNoDriverSettings) {
 }
 
 TEST_F(SettingsFiles, OfOtherKindsAreReadWhenTheirKindIsAskedFor) {
-    StockRecord record = {50000, 25000, 0, 0, 0, 0, 0};
-    std::string kfm1 = std::string("KFM1") + std::string("\x20\0\0\0", 4);
-    kfm1.append(reinterpret_cast<const char*>(&record), sizeof record).append("Tag\0", 4);
+    const auto bytes = [](const auto& record) {
+        return std::string(reinterpret_cast<const char*>(&record), sizeof record);
+    };
+    const StockRecord stock = {50000, 25000, 0, 0, 0, 0, 0};
+    const std::string kfm1 = "KFM1" + Bytes4(32) + bytes(stock) + std::string("Tag\0", 4);
     DevMode settings;
     settings.CreateDefault(model_.get());
-    const uint32_t size =
-        uint32_t{settings.GetDevMode()->dmSize} + settings.GetDevMode()->dmDriverExtra;
-    std::string kpr1 = std::string("DM32").append(reinterpret_cast<const char*>(&size), 4);
-    kpr1.append(reinterpret_cast<const char*>(settings.GetDevMode()), size);
-
-    DataFont_BarCode font;
-    font.SetFontName("Bars");
-    font.change_symbology(3);
+    const std::string kpr1 =
+        "DM32" + Bytes4(1508) +
+        std::string(reinterpret_cast<const char*>(settings.GetDevMode()), 1508);
+    AddFonts();
     DataFontStorage_BarCode blob;
-    font.Save(blob);
-    const std::string kbf1 =
-        std::string("KBF1\xA8\0\0\0", 8).append(reinterpret_cast<const char*>(&blob), sizeof blob);
+    static_cast<DataFont_BarCode*>(fonts_[0])->Save(blob);
+    fonts_.Clear();
+    const std::string kbf1 = "KBF1" + Bytes4(168) + bytes(blob);
 
     const struct {
         const char* what;
@@ -210,14 +200,12 @@ TEST_F(SettingsFiles, OfOtherKindsAreReadWhenTheirKindIsAskedFor) {
         {"presets", kpr1, 0x10F, "0 1 0 0 0"},
         {"fonts", kbf1, SETTINGS_BAR_FONTS, "0 0 1 0 0"},
         {"fonts for fonts of another kind", kbf1, SETTINGS_RFID_FONTS, "0 0 0 0 0"},
-        {"presets for stocks", kpr1, SETTINGS_STOCKS, "0 0 0 0 0"},
         {"no head", "\r\n<stock>\r\nName=a\r\n</stock>\r\n", 0x10F, "0 0 0 0 0"},
         {"three bytes", "<dr", 0x10F, "0 0 0 0 0"},
-        {"nothing", "", 0x10F, "0 0 0 0 0"},
     };
     for (const auto& c : cases) EXPECT_EQ(Imported(c.bytes, c.flags), c.result) << c.what;
     // One preset alone is named as its file.
-    EXPECT_EQ(Lists_(), "USER Tag | settings | Bars ");
+    EXPECT_EQ(Lists_(), "USER Tag|settings|Bars ");
 }
 
 TEST_F(SettingsFiles, OfAnyLengthWithAnyLineEndsAreRead) {
@@ -227,16 +215,10 @@ TEST_F(SettingsFiles, OfAnyLengthWithAnyLineEndsAreRead) {
     block = block.substr(block.find("<stock>"));
     std::string text = "<driver version='6.6'>\n<fish>\r\n<stock>\nName=not closed\r\r\n";
     for (int i = 0; i < 100000; ++i) text += i % 2 ? "Name=x\n" : "Weight=1\r\n";
-    text += "</fish>\r\n" + block;
-    text += block.substr(0, block.size() - 4); // the last line has no end
+    text += "</fish>\r\n" + block + block.substr(0, block.size() - 4); // without a last end
     stocks_.Clear();
     EXPECT_EQ(Imported(text, SETTINGS_STOCKS), "2 0 0 0 0");
-    EXPECT_EQ(Lists_(), "Tag | | ");
+    EXPECT_EQ(Lists_(), "Tag||");
     // Only the first bytes say what a file is.
     EXPECT_EQ(Imported("\xEF\xBB\xBF" + text, SETTINGS_STOCKS), "0 0 0 0 0");
-}
-
-TEST_F(SettingsFiles, ThatAreNotThereAreNotMade) {
-    EXPECT_EQ(Imported(0x10F), "0 0 0 0 0");
-    EXPECT_FALSE(OFile::Exists(kFile));
 }

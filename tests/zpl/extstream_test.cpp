@@ -5,7 +5,6 @@
 #include <memory>
 
 #include "support/job_test.h"
-#include "ui/prtui.h"
 
 namespace {
 
@@ -13,8 +12,7 @@ class ZplStream : public JobTest {
 protected:
     // What `write` sends to the installed printer.
     std::string Sent(const std::function<void(extstream&)>& write) {
-        const std::unique_ptr<prtui> ui(prtui::new_ext());
-        ui->init(printer(), nullptr, 0);
+        const auto ui = OpenUI();
         auto& stream = static_cast<extstream&>(*ui->stream);
         stream.StartJob("Job");
         write(stream);

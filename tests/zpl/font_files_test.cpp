@@ -4,7 +4,6 @@
 #include "fonts/font_settings.h"
 #include "model/record_text.h"
 #include "support/job_test.h"
-#include "ui/prtui.h"
 
 namespace {
 
@@ -60,8 +59,7 @@ TEST_F(FontFiles, GoWhereTheUserChoosesUnderALetterOfTheirOwn) {
     Install({.model = "Resolution=203\n",
              .font = "Download.TrueType=yes\n",
              .features = "~Memory.Options=B,E,Q\n~Memory.DefaultLocation=E\n"});
-    const std::unique_ptr<prtui> ui(prtui::new_ext());
-    ui->init(printer(), nullptr, 0);
+    const auto ui = OpenUI();
 
     CFontSettings settings(ui->model.get());
     ui->ChooseFontSettings(&settings);
@@ -76,7 +74,7 @@ TEST_F(FontFiles, GoWhereTheUserChoosesUnderALetterOfTheirOwn) {
     prtdttf_list stored;
     Add(stored, 'I');
     Add(stored, 'J');
-    stored.Save(ui->model.get());
+    EXPECT_EQ(stored.Save(ui->model.get()), SaveResult::STORED);
     const struct {
         const char *name, *file;
     } cases[] = {{"ARIALBFW", "ARIALBFW.FNT"},

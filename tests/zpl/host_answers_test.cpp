@@ -13,13 +13,15 @@ namespace {
 
 using Reader = void (*)(const char*, uint32_t, OPropertySet&);
 
-// What `read` makes of an answer: "name=value;" for the names that are asked for.
-std::string Read(Reader read, const std::string& answer, const std::vector<const char*>& names) {
+// What `read` makes of an answer: "value;" for each of the names, which commas part.
+std::string Read(Reader read, const std::string& answer, const char* names) {
     OPropertySet properties;
     read(answer.data(), static_cast<uint32_t>(answer.size()), properties);
+    OStringArray list;
+    list.Split(names, ",");
     std::string all;
-    for (const char* name : names)
-        all += std::string(properties.GetString(name, "-").nstring()) + ";";
+    for (int i = 0; i < list.GetSize(); ++i)
+        all += std::string(properties.GetString(list[i], "-").nstring()) + ";";
     return all;
 }
 
@@ -29,7 +31,7 @@ std::string Joined(const OStringArray& list) {
     return all;
 }
 
-const std::string kEnd = "\x03\r\n";
+const std::string kStart = "\x02", kEnd = "\x03\r\n";
 
 // A host status whose three texts have these fields.
 std::string Status(const std::string& first, const std::string& second, const std::string& third) {
@@ -41,8 +43,7 @@ const std::string kSecond = "064,0,0,0,0,2,6,0,00000000,1,000";
 const std::string kThird = "0000,0";
 
 TEST(HostIdentification, NeedsFourFieldsAndCutsTheEndMarkOfTheFifth) {
-    const std::vector<const char*> names = {"Model", "Firmware-Version", "Dots-Per-Millimeter",
-                                            "Host-Memory", "Options"};
+    const char* const names = "Model,Firmware-Version,Dots-Per-Millimeter,Host-Memory,Options";
     const struct {
         std::string answer, properties;
     } cases[] = {
@@ -61,36 +62,23 @@ TEST(HostIdentification, NeedsFourFieldsAndCutsTheEndMarkOfTheFifth) {
 }
 
 TEST(HostMemory, TellsWhatIsInUse) {
-    const std::vector<const char*> names = {"PhysicalMemory-Size", "PhysicalMemory-MaxAvaliable",
-                                            "PhysicalMemory-Avaliable"};
+    const char* const names =
+        "PhysicalMemory-Size,PhysicalMemory-MaxAvaliable,PhysicalMemory-Avaliable";
     const struct {
         std::string answer, properties;
     } cases[] = {
-        {"\x02"
-         "1024,780,700" +
-             kEnd,
-         "1024;780;80;"},
-        {"\x02"
-         "1024,0780,0700" +
-             kEnd,
-         "1024;0780;80;"},
-        {"\x02"
-         "1,9999999999,-9999999999" +
-             kEnd,
-         "1;9999999999;4000000000;"},
-        {"\x02"
-         "1024,780,7",
-         "1024;780;780;"},
-        {"\x02"
-         "1024,780",
-         "-;-;-;"},
+        {kStart + "1024,780,700" + kEnd, "1024;780;80;"},
+        {kStart + "1024,0780,0700" + kEnd, "1024;0780;80;"},
+        {kStart + "1,9999999999,-9999999999" + kEnd, "1;9999999999;4000000000;"},
+        {kStart + "1024,780,7", "1024;780;780;"},
+        {kStart + "1024,780", "-;-;-;"},
     };
     for (const auto& c : cases)
         EXPECT_EQ(Read(ReadHostMemory, c.answer, names), c.properties) << c.answer;
 }
 
 TEST(HostStatus, TakesTheCommunicationSettingsApart) {
-    const std::vector<const char*> names = {"Baud", "HandShake", "StopBits", "DataBits", "Parity"};
+    const char* const names = "Baud,HandShake,StopBits,DataBits,Parity";
     const struct {
         const char* settings;
         const char* properties;
@@ -109,23 +97,14 @@ TEST(HostStatus, TakesTheCommunicationSettingsApart) {
 }
 
 TEST(HostStatus, NamesEveryFieldAndSetsSomeOnlyInOneState) {
-    const std::vector<const char*> first = {"Paper-Out",
-                                            "Pause",
-                                            "Label-Length",
-                                            "Number-Of-Formats",
-                                            "Receive-Buffer-Full",
-                                            "Communication-Mode",
-                                            "Partial-Format",
-                                            "Corrupt-RAM",
-                                            "PrintHead-Temperature"};
-    const std::vector<const char*> second = {
-        "Media-Type",    "Sensor-Profile",   "Communication-Diagnostics",
-        "Transfer-Mode", "Head-Up",          "Ribbon-Out",
-        "Thermal-Mode",  "Print-Mode",       "Width-Mode",
-        "Label-Waiting", "Labels-Remaining", "Images"};
-    const std::vector<const char*> third = {"Password", "Static-Ram-Installed"};
+    const char* const first = "Paper-Out,Pause,Label-Length,Number-Of-Formats,Receive-Buffer-Full,"
+                              "Communication-Mode,Partial-Format,Corrupt-RAM,PrintHead-Temperature";
+    const char* const second =
+        "Media-Type,Sensor-Profile,Communication-Diagnostics,Transfer-Mode,Head-Up,Ribbon-Out,"
+        "Thermal-Mode,Print-Mode,Width-Mode,Label-Waiting,Labels-Remaining,Images";
+    const char* const third = "Password,Static-Ram-Installed";
     const struct {
-        const std::vector<const char*>& names;
+        const char* names;
         std::string answer, properties;
     } cases[] = {
         {first, Status(kFirst, kSecond, kThird),
@@ -161,13 +140,8 @@ TEST(PowerStatus, IsReadFromFixedColumns) {
     const struct {
         std::string answer, battery, head, temperature;
     } cases[] = {
-        {"\x02"
-         "15.60,15.38,27" +
-             kEnd,
-         "15.60", "15.38", "27"},
-        {"\x02"
-         "15.60,15.3",
-         "15.60", "15.3", ""},
+        {kStart + "15.60,15.38,27" + kEnd, "15.60", "15.38", "27"},
+        {kStart + "15.60,15.3", "15.60", "15.3", ""},
         {"\x02", "", "", ""},
         {"", "", "", ""},
     };

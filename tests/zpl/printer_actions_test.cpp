@@ -2,15 +2,11 @@
 #include "printer/printer_action.h"
 
 #include <algorithm>
-#include <filesystem>
 #include <functional>
 #include <memory>
 
-#include "spooler/driver_utility.h"
-#include "support/build_folders.h"
 #include "support/job_test.h"
 #include "zpl/extconfig.h"
-#include "zpl/extui.h"
 
 namespace {
 
@@ -42,26 +38,15 @@ protected:
             Replace(tables);
         } else {
             Install(tables);
-            const std::string folder = Text(DriverUtility::GetDriverDirectory()).substr(3);
-            std::filesystem::copy_file(Built("/product/zplvenu.dll"),
-                                       OnDriveC(folder + "\\zplvenu.dll"));
+            InstallLanguage();
         }
         installed_ = true;
-        ui_.reset(static_cast<extui*>(prtui::new_ext()));
-        ui_->init(printer(), nullptr, 0);
+        ui_ = OpenUI();
         if (change) change(*extconfig::get_cfg(ui_->devmode.GetDevMode()));
     }
     Jobs Run(int action) {
         ui_->PrinterAction(nullptr, static_cast<printer_action>(action));
         return TakeJobs();
-    }
-    std::string Offered() {
-        std::string offers;
-        for (int action = 0; action < 60; ++action)
-            if (const uint32_t flags =
-                    ui_->PrinterActionSupported(nullptr, static_cast<printer_action>(action)))
-                offers += std::to_string(action) + ":" + std::to_string(flags) + " ";
-        return offers;
     }
     // What the feed action sends of the configuration.
     std::string Block() {
@@ -72,46 +57,13 @@ protected:
         return jobs[0].bytes.substr(head.size(), jobs[0].bytes.size() - head.size() - tail.size());
     }
 
-    std::unique_ptr<extui> ui_;
+    std::unique_ptr<prtui> ui_;
 
 private:
     bool installed_ = false;
 };
 
 } // namespace
-
-TEST_F(PrinterActions, SendsAJobOfTheActionsName) {
-    Use({.model = kModel});
-    std::string bytes;
-    for (int byte = 0; byte < 256; ++byte) bytes += static_cast<char>(byte);
-    const std::string configured = "^XA\r\n^SZ2^JMA\r\n^MCY^PMN\r\n^PW832~JSN\r\n^JZY\r\n^XZ\r\n";
-    const auto format = [&](const std::string& command) {
-        return configured + "^XA\r\n" + command + "^XZ\r\n";
-    };
-    const struct {
-        int action;
-        PrintedJob job;
-    } cases[] = {
-        {5, {"Character Test", "~JD" + bytes + "~JE"}},
-        {6, {"Feed Label", configured + "~PH"}},
-        {8, {"Cut", "^XA\r\n^MMC^PH^XZ\r\n"}},
-        {10, {"Reset Printer", "~JR"}},
-        {11, {"Calibrate Media", "~JC"}},
-        {12, {"Configuration Label", "~WC"}},
-        {13, {"All Stored Objects", format("^WD*:*.*")}},
-        {14, {"Stored Fonts", format("^WD*:*.FNT")}},
-        {15, {"Stored Formats", format("^WD*:*.ZPL")}},
-        {16, {"Stored Graphics", format("^WD*:*.GRF")}},
-        {17, {"Built-in Fonts", format("^WDZ:*.FNT")}},
-        {18, {"Built-in Bar Codes", format("^WDZ:*.BAR")}},
-        {20, {"Sensor Profile", "~JG"}},
-        {23, {"Measure Label Length", "~JL"}},
-        {26, {"Clear Object Cache", ""}},
-        {28, {"Restore Factory Settings", format("^JUF")}},
-    };
-    for (const auto& c : cases) EXPECT_EQ(Run(c.action), Jobs{c.job}) << c.action;
-    for (const int unknown : {-1, 0, 3, 7, 48, 1000}) EXPECT_EQ(Run(unknown), Jobs{}) << unknown;
-}
 
 TEST_F(PrinterActions, PrintsATestPageWithBarsOrWithoutThem) {
     for (const char* drawing : {"Line=yes\n", ""}) {
@@ -129,96 +81,6 @@ TEST_F(PrinterActions, PrintsATestPageWithBarsOrWithoutThem) {
         EXPECT_EQ(std::count(jobs[0].bytes.begin(), jobs[0].bytes.end(), '\n'), 21 + 2);
         EXPECT_EQ(Run(ACTION_BLANK_LABEL), (Jobs{{"Printer Test", ""}}));
     }
-}
-
-TEST_F(PrinterActions, SendsAFileUnderItsOwnName) {
-    Use({.model = kModel});
-    WriteFile("labels\\one.prn", "^XA^FDone^XZ");
-    ui_->SendFile("C:\\labels\\one.prn");
-    ui_->SendFile("C:\\labels\\two.prn");
-    EXPECT_EQ(TakeJobs(), (Jobs{{"one.prn", "^XA^FDone^XZ"}, {"two.prn", ""}}));
-}
-
-TEST_F(PrinterActions, DoesWithoutADialogWhatIsChosenThere) {
-    Use({.model = kModel, .features = "~Memory.Options=E\n"});
-    prtreg registry = Registry();
-    const auto format = [](const std::string& command) {
-        return "^XA\r\n" + command + "\r\n^XZ\r\n";
-    };
-    const struct {
-        printer_action action;
-        const char* choice;
-        Jobs jobs; // none: it makes no sense
-    } cases[] = {
-        {ACTION_MEMORY, "format E", {{"Format Flash Memory", format("^JBE")}}},
-        {ACTION_MEMORY, " print  r ", {{"Print Memory Contents", format("^WDR:*.*")}}},
-        {ACTION_MEMORY, "erase E", {{"Print Memory Contents", format("^IDE:*.*")}}},
-        {ACTION_MEMORY, "reset E", {{"Reset Optional Memory", "~JB"}}},
-        {ACTION_MEMORY, "format B", {}},
-        {ACTION_MEMORY, "format", {}},
-        {ACTION_MEMORY, "format E R", {}},
-        {ACTION_MEMORY, "burn E", {}},
-        {ACTION_POWER_MANAGEMENT,
-         "sleep=300 forced=yes",
-         {{"Power Management", "~JFY\r\n^XA^ZZ300,Y^XZ\r\n"}}},
-        {ACTION_POWER_MANAGEMENT,
-         "low-voltage-pause=no forced=no",
-         {{"Power Management", "~JFN\r\n^XA^ZZ300,N^XZ\r\n"}}},
-        {ACTION_POWER_MANAGEMENT, "sleep=off", {{"Power Management", "~JFN\r\n^XA^ZZ0,N^XZ\r\n"}}},
-        {ACTION_POWER_MANAGEMENT, "discharge", {{"Discharge Battery", "~KB"}}},
-        {ACTION_POWER_MANAGEMENT, "sleep=1000000", {}},
-        {ACTION_POWER_MANAGEMENT, "sleep=", {}},
-        {ACTION_POWER_MANAGEMENT, "forced", {}},
-        {ACTION_POWER_MANAGEMENT, "nap=yes", {}},
-        {ACTION_PRINTER_OPTIONS, "format E", {}},
-        {ACTION_SEND_FILE, "", {}},
-    };
-    for (const auto& c : cases) {
-        EXPECT_EQ(ui_->RunChoice(c.action, c.choice), !c.jobs.empty()) << c.choice;
-        EXPECT_EQ(TakeJobs(), c.jobs) << c.choice;
-    }
-    // As they were set last.
-    EXPECT_EQ(registry.GetByte("Settings:Enable Sleep", 9), 0);
-    EXPECT_EQ(registry.GetByte("Settings:Forced Sleep", 9), 0);
-    EXPECT_EQ(registry.GetByte("Settings:Low Voltage Pause", 9), 0);
-    EXPECT_EQ(registry.GetInt("Settings:Timeout", 9), 300);
-}
-
-TEST_F(PrinterActions, WritesTheConfigurationInItsOrder) {
-    ModelTables tables = {.model = std::string(kModel) + "~RFID.TagTypes=EPC64\n",
-                          .custom_data =
-                              CustomDataLines(Data(CustomData::TEAR_OFF | CustomData::SLEW_SPEED |
-                                                   CustomData::BACKFEED_SPEED))};
-    const Change everything = [](extconfig& config) {
-        config.flags |= prtconfig::FLAG_MIRROR;
-        config.media_type = 0;
-        config.media_tracking = 2;
-        config.label_top = -1000;
-        config.tear_off = 1000;
-        config.backfeed = extconfig::BACKFEED_PERCENTAGE;
-        config.backfeed_percentage = 40;
-        config.print_mode = extconfig::PRINT_CUTTER;
-        config.print_speed = 12;
-        config.slew_speed = 5; // not in the table
-        config.backfeed_speed = 2;
-        config.relative_darkness = -5;
-        config.setting_flags = 0x1E;
-    };
-    Use(tables, everything);
-    prtreg registry = Registry();
-    registry.SetByte("Settings:Reprint After Error", 0);
-    registry.SetByte("Settings:Media Feed", 1);
-    registry.SetDWORD("Settings:Media Feed (Power Up)", 0);
-    registry.SetDWORD("Settings:Media Feed (Head Close)", 2);
-    registry.SetInt("Settings:RFID/Transponder Offset", 25400);
-    EXPECT_EQ(Block(), "^SZ2^JMA\r\n^MCY^PMY\r\n"
-                       "^PW832^MTD^MNW^LT-8~TA8~JS40^MMC\r\n"
-                       "^MD-5\r\n^PR12.,,2\r\n^JZN^MFF,L\r\n^RS,1,203\r\n");
-    tables.model = Pplz(tables.model);
-    Use(tables, everything);
-    EXPECT_EQ(Block(), "^MCY^PMY\r\n"
-                       "^PW832^MTD^MNY^LT-8~TA8~JSA^MMC\r\n"
-                       "^MD-5\r\n^PR12.,,2\r\n^JZN\r\n^RS,1,203\r\n");
 }
 
 TEST_F(PrinterActions, WritesEachSettingByItsValue) {
@@ -280,50 +142,6 @@ TEST_F(PrinterActions, WritesEachSettingByItsValue) {
     }
 }
 
-TEST_F(PrinterActions, WritesWideTearOffPositionsInThreeDigitsAndNoFixedMediaType) {
-    CustomData data = Data(CustomData::TEAR_OFF | CustomData::DIRECT_ONLY);
-    data.tear_off_max = 100;
-    for (const auto& [microns, text] : {std::pair{-1000, "~TA-008"}, {1000, "~TA008"}}) {
-        Use({.model = kModel, .custom_data = CustomDataLines(data)}, [&](extconfig& config) {
-            config.media_type = 0;
-            config.print_mode = extconfig::PRINT_TEAR_OFF;
-            config.tear_off = microns;
-            config.setting_flags = extconfig::SETTING_TEAR_OFF;
-        });
-        EXPECT_EQ(Block(),
-                  std::string("^SZ2^JMA\r\n^MCY^PMN\r\n^PW832") + text + "^MMT\r\n^JZY\r\n");
-    }
-}
-
-TEST_F(PrinterActions, OffersWhatThePrinterCanDo) {
-    const struct {
-        ModelTables tables;
-        int16_t print_mode;
-        const char* offers;
-    } cases[] = {
-        {{.model = kModel, .custom_data = CustomDataLines(Data(CustomData::CUTTER))},
-         extconfig::PRINT_AS_SET,
-         "1:1 2:1 5:1 6:1 10:5 11:5 12:1 13:1 14:1 15:1 16:1 17:1 18:1 20:5 22:7 23:1 28:1 36:7 "
-         "39:3 "
-         "41:7 "},
-        {{.model = std::string(kModel) + "~RFID.TagTypes=EPC64\n",
-          .method = "Cache.Format=yes\n",
-          .features = "~Command.JB=yes\n",
-          .custom_data = CustomDataLines(Data(CustomData::CUTTER))},
-         extconfig::PRINT_CUTTER,
-         "1:1 2:1 5:1 6:1 8:1 10:5 11:5 12:1 13:1 14:1 15:1 16:1 17:1 18:1 20:5 22:7 23:1 25:7 "
-         "26:1 28:1 "
-         "32:7 36:7 39:3 41:7 45:3 "},
-        {{.model = Pplz(kModel), .custom_data = CustomDataLines(Data(0))},
-         extconfig::PRINT_CUTTER,
-         "1:1 2:1 5:1 6:1 10:5 11:5 12:1 13:1 14:1 15:1 16:1 22:7 23:1 28:1 36:7 39:3 41:7 "},
-    };
-    for (const auto& c : cases) {
-        Use(c.tables, [&](extconfig& config) { config.print_mode = c.print_mode; });
-        EXPECT_EQ(Offered(), c.offers);
-    }
-}
-
 TEST_F(PrinterActions, TellsTheMemoriesThatObjectsAreKeptIn) {
     Use({.model = kModel, .features = "~Memory.Options=E,X\n"});
     CacheParameters parameters;
@@ -333,7 +151,4 @@ TEST_F(PrinterActions, TellsTheMemoriesThatObjectsAreKeptIn) {
     EXPECT_EQ(Text(parameters.graphics_location_names), "E: Flash memory,X,R: Working memory");
     ASSERT_EQ(parameters.format_locations.GetSize(), 3);
     EXPECT_EQ(parameters.format_locations[2], 'R');
-    ui_->prtui::GetCacheParameters(parameters);
-    EXPECT_EQ(parameters.largest_memory, 0);
-    EXPECT_EQ(parameters.format_locations.GetSize(), 0);
 }

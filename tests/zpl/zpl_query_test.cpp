@@ -2,13 +2,10 @@
 
 #include "zpl/zpl_query.h"
 
-#include <win32host/clock_control.h>
-
 #include "keys/prtreg.h"
 #include "printer/ui_printer.h"
 #include "registry/oregistry.h"
-#include "spooler/open_printer.h"
-#include "support/printer_test.h"
+#include "support/monitor_test.h"
 #include "zpl/extstream.h"
 
 namespace {
@@ -23,13 +20,19 @@ public:
     std::string sent;
 };
 
-class QueryStream : public PrinterTest {
+class QueryStream : public MonitorTest {
 protected:
-    QueryStream() {
-        EXPECT_TRUE(AddDriver("Model", "zplqv.ddt"));
-        EXPECT_TRUE(AddPrinter("Dock3", "Model"));
-        ui_.printer_name = "Dock3";
+    void SetUp() override {
+        Install({.model = "Resolution=203\n"});
+        ui_.printer_name = "Dock 3";
+        ui_.hprinter = printer();
+        ui_.model = Model();
         stream_.init(&ui_);
+    }
+    // The next question can be asked.
+    void OpenPort() {
+        AnswerPort("type", "TCP/IP");
+        AnswerPort("bidirectional", "1");
     }
 
     struct Printer : UIPrinter {};
@@ -58,17 +61,26 @@ TEST_F(QueryStream, WritesOneJobForAllQuestionsOfTheMask) {
          "<query name=\"Configuration Label\", response_estimate=\"500\">^XA^HH^XZ</query>"},
     };
     for (const auto& c : cases) {
+        OpenPort();
         stream_.sent.clear();
         EXPECT_FALSE(ZPLQuery(nullptr, &stream_).RunQuery(c.mask)) << "there is no status monitor";
         EXPECT_EQ(stream_.sent, "<xpml>" + c.questions + "<end/></xpml>") << c.mask;
+        EXPECT_TRUE(TakeJobs().empty()) << "nobody would take it";
     }
+    OpenPort();
     stream_.sent.clear();
     PowerReadings readings;
     EXPECT_FALSE(RunPowerQuery(nullptr, stream_, "Power Job", "Power 1", readings));
     EXPECT_EQ(stream_.sent,
               "<xpml><query name=\"Power 1\", response_length=\"12\">~HB</query><end/></xpml>");
-    stream_.sent.clear();
-    EXPECT_FALSE(ZPLQuery(nullptr, &stream_).RunQuery(0));
+}
+
+TEST_F(QueryStream, MakesNoJobWhenThereIsNobodyOrNothingToAsk) {
+    EXPECT_FALSE(ZPLQuery(nullptr, &stream_).RunQuery(1)) << "the port has no way back";
+    PowerReadings readings;
+    EXPECT_FALSE(RunPowerQuery(nullptr, stream_, "Power Job", "Power 1", readings));
+    OpenPort();
+    for (const int mask : {0, 1024}) EXPECT_FALSE(ZPLQuery(nullptr, &stream_).RunQuery(mask));
     EXPECT_FALSE(ZPLQuery(nullptr, nullptr).RunQuery(1));
     EXPECT_EQ(stream_.sent, "");
 }
@@ -86,7 +98,7 @@ TEST_F(QueryStream, OpensTheDocumentOnce) {
 
 TEST_F(QueryStream, ForgetsOldAnswersBeforeEveryJob) {
     ORegistry registry;
-    prtreg data(OString("Dock3"));
+    prtreg data = Registry();
     const char* const progress[] = {"Status", "Bytes Read", "Bytes Written",
                                     "Total",  "Complete",   "Current"};
     registry.SetDWORD("LOCAL:Global/Query/Query HostID Size", 3);
@@ -123,26 +135,20 @@ TEST_F(QueryStream, ReadsAnswersByTheNamesOfTheirQuestions) {
 TEST_F(QueryStream, AsksThePrinterDataOnceForEveryTick) {
     win32host::SetTickCount(4000000000u);
     const char* element = "<port action='get' name='type'/>";
-    WCHAR name[] = TEXT("<xpml><port action='get' name='type'/><tick count='4000000000'/></xpml>");
-    const auto store = [&](const char* text, DWORD size) {
-        const OpenPrinter printer("Dock3", PRINTER_ACCESS_ADMINISTER);
-        return SetPrinterDataW(printer.Get(), name, REG_BINARY,
-                               reinterpret_cast<BYTE*>(const_cast<char*>(text)), size);
-    };
     const struct {
         const char* text;
-        DWORD size;
+        size_t size;
         bool answered;
     } cases[] = {{"LPT", 4, true}, {"USB", 3, true}, {"TCP/IP", 7, false}, {"", 0, false}};
     for (const auto& c : cases) {
-        ASSERT_EQ(store(c.text, c.size), DWORD{ERROR_SUCCESS});
+        AnswerTo("<xpml><port action='get' name='type'/><tick count='4000000000'/></xpml>",
+                 std::string(c.text, c.size));
         char answer[4] = "old";
         EXPECT_EQ(stream_.XPML_Query(element, answer, sizeof answer), c.answered) << c.text;
         EXPECT_EQ(std::string(answer, 3), c.answered ? c.text : "old");
         EXPECT_FALSE(stream_.XPML_Query(element, answer, sizeof answer)) << "it was deleted";
     }
     EXPECT_FALSE(stream_.XPML_Query(element, nullptr, 4));
-    win32host::UseRealTickCount();
 }
 
 } // namespace

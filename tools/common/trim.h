@@ -1,4 +1,4 @@
-// What the tools share about words.
+// A text helper that the tools share.
 #pragma once
 
 #include <string>

@@ -65,7 +65,7 @@ public:
         for (size_t i = 0; i < 4; ++i) bytes_[offset + i] = static_cast<uint8_t>(value >> (8 * i));
     }
 
-    // False when the table is full.
+    // False if the table is full.
     bool AddSpeed(int32_t value, const std::string& letter, bool is_default) {
         if (speeds_ == kSpeedCount) return false;
         const size_t entry = kSpeeds + kSpeedSize * speeds_++;
@@ -89,7 +89,7 @@ private:
     size_t speeds_ = 0;
 };
 
-// "4,"4",default"; the reason when it is not understood.
+// Reads "4,"4",default". Answers the reason if it is not understood, else null.
 const char* ReadSpeed(const std::string& value, Blob& blob) {
     std::vector<std::string> parts;
     std::istringstream in(value);

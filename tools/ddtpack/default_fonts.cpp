@@ -18,7 +18,7 @@ std::vector<std::string> Parts(const std::string& value) {
     return parts;
 }
 
-// Names the font and adds it, unless the name is not free.
+// Names the font and adds it. Answers a reason if the name is taken.
 const char* Add(std::unique_ptr<DataFont> font, const std::string& name, DataFontManager& fonts) {
     font->SetFontName(OString(name.c_str()));
     if (font->GetFontName().IsEmpty()) return "a font has a name";
@@ -29,7 +29,7 @@ const char* Add(std::unique_ptr<DataFont> font, const std::string& name, DataFon
     return nullptr;
 }
 
-// -1 when there is none of that name.
+// -1 if there is no symbology of that name.
 int SymbologyOf(const std::string& name) {
     for (int number = 0; number <= SymbologyInfo::TELEPEN; ++number)
         if (SymbologyInfo(number).GetName() == name.c_str()) return number;

@@ -1,11 +1,12 @@
-// The data fonts of a driver's default settings, written in words.
+// The data fonts of a driver's default settings in text form.
 #pragma once
 
 #include <string>
 
 #include "fonts/data_font_manager.h"
 
-// Each adds the font that a line tells of. The reason when the line is not understood, else null.
+// Each adds the font that a line describes. Answers the reason if the line is not understood, else
+// null.
 //
 //   NAME=SYMBOLOGY,WIDTH[,none|above|below]   as the model tables call the symbology; the width of
 //                                             a module in thousandths of an inch, and where the

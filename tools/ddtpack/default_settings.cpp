@@ -30,9 +30,9 @@ OString FromUtf8(const std::string& text) {
     return string;
 }
 
-// The document settings of a preset. They ask for nothing but what the source says: the public part
-// ends in front of the paper unless there is a stock, and colour, resolution and the halftone block
-// are left to the printer.
+// The document settings of a preset. They set only what the source says: the public part ends
+// before the paper unless there is a stock, and colour, resolution and the halftone block are left
+// to the printer.
 class PresetSettings {
 public:
     PresetSettings() {
@@ -44,7 +44,7 @@ public:
         config_.Reset(nullptr);
     }
 
-    // The reason when the key or its value is not understood.
+    // Answers the reason if the key or its value is not understood, else null.
     const char* Read(const std::string& key, const std::string& value, const StockList& stocks) {
         static const std::vector<std::string> orientations = {"portrait", "landscape"};
         static const std::vector<std::string> media = {"direct", "transfer"};
@@ -78,7 +78,7 @@ public:
         return nullptr;
     }
 
-    // The DEVMODE: as much of the public part as counts, the configuration, the tail.
+    // The DEVMODE: as much of the public part as is used, the configuration, and the tail.
     std::vector<char> Bytes() const {
         DEVMODEW mode = mode_;
         mode.dmDriverExtra = static_cast<WORD>(prtconfig::GetTotalSize());
@@ -112,7 +112,7 @@ private:
         config_.setting_flags = static_cast<uint16_t>(config_.setting_flags | flag);
     }
 
-    // By its name alone: its number differs from printer to printer.
+    // Only by its name, as its number differs from printer to printer.
     const char* TakeStock(const OString& name, const StockList& stocks) {
         const auto* stock = static_cast<const Stock*>(stocks.NameList::Find(name));
         if (!stock) return "no stock of that name";
@@ -230,7 +230,7 @@ private:
     StockList stocks_;
     PresetList presets_;
     DataFontManager fonts_;
-    std::unique_ptr<Preset> preset_; // of the section that is being read
+    std::unique_ptr<Preset> preset_; // of the section being read
     OString preset_name_;
     PresetSettings settings_;
 };

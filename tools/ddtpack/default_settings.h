@@ -1,4 +1,4 @@
-// A driver's default settings, written in words, as the settings file that the driver imports.
+// A driver's default settings, from their text form to the settings file that the driver imports.
 #pragma once
 
 #include <string>

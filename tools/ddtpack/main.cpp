@@ -1,5 +1,5 @@
-// ddtpack: packs the text tables of printer models into a model data file, shows what is in one,
-// and makes the driver's default settings file.
+// ddtpack: packs the text tables of printer models into a model data file, lists one, and makes the
+// driver's default settings file.
 
 #include "custom_data.h"
 #include "data_file.h"
@@ -27,7 +27,7 @@ std::string ReadWhole(const std::string& name) {
     std::ifstream in(name, std::ios::binary);
     std::ostringstream all;
     if (!in || !(all << in.rdbuf())) {
-        // An empty file is no error: nothing was extracted, but it could be read.
+        // An empty file is no error: nothing was extracted, but the file could be read.
         std::error_code error;
         if (in && fs::is_regular_file(name, error) && fs::file_size(name, error) == 0) return "";
         throw ToolError("cannot read '" + name + "'");
@@ -35,7 +35,7 @@ std::string ReadWhole(const std::string& name) {
     return all.str();
 }
 
-// Writes beside the file and renames, so that a failure leaves the old file as it was.
+// Writes a file beside the old one and renames it, so that a failure leaves the old one as it was.
 void WriteWhole(const std::string& name, const std::string& bytes) {
     const std::string aside = name + ".new";
     std::ofstream out(aside, std::ios::binary | std::ios::trunc);

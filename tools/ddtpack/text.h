@@ -6,5 +6,5 @@
 
 #include "common/trim.h"
 
-// Reads a whole number; false when the text is anything else.
+// Reads a whole number. False if the text is anything else.
 bool ReadNumber(const std::string& text, int32_t& number);

@@ -7,7 +7,7 @@
 
 namespace {
 
-// Bytes without a pattern, the same in every run.
+// Bytes without a pattern that are the same in every run.
 std::string Garbage(size_t size) {
     std::string bytes(size, 0);
     uint32_t state = 12345;

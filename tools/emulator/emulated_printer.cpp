@@ -5,7 +5,7 @@
 
 namespace {
 
-// More than that nobody reads.
+// Nobody reads more than that.
 constexpr size_t kMaxNotes = 1000;
 constexpr uint32_t kMaxSize = 999999999;
 
@@ -101,7 +101,7 @@ void EmulatedPrinter::Download(const ZplCommand& command) {
     } else if (where.extension.empty()) {
         where.extension = kind == 'G' ? "GRF" : kind == 'E' ? "DAT" : "FNT";
     }
-    // A bitmap font does not say how long it is.
+    // A bitmap font does not give its length.
     Store(where, kind == 'B' ? command.data : size);
 }
 

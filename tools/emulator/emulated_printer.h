@@ -1,5 +1,5 @@
-// A ZPL II printer without paper: takes formats, downloads and settings, keeps objects, and answers
-// the host queries from what it was told.
+// A ZPL II printer without paper. It takes formats, downloads and settings, stores objects, and
+// answers host queries accordingly.
 #pragma once
 
 #include <cstdint>
@@ -16,14 +16,16 @@ struct EmulatedAnswer {
 
 class EmulatedPrinter {
 public:
-    // Takes bytes from the host, in any pieces. The answers to the queries in them, in their order.
+    // Takes bytes from the host, in any pieces. Returns the answers to the queries in them, in
+    // order.
     std::vector<EmulatedAnswer> Receive(const void* bytes, size_t size);
 
-    // The connection ended: what was still open is dropped, or done as far as it had come.
+    // To be called when the connection ends. An open command is dropped, or executed as far as it
+    // was received.
     void Disconnect();
 
-    // What happened since the last call, a line each: labels printed, objects stored or deleted,
-    // queries.
+    // What has happened since the last call, one line each: labels printed, objects stored or
+    // deleted, queries.
     std::vector<std::string> TakeNotes();
 
     const ObjectStore& objects() const { return objects_; }
@@ -48,7 +50,7 @@ private:
         bool open = false;
         bool prints = false;
         uint32_t quantity = 1;
-        std::string store_as; // ^DF: the format is kept and not printed
+        std::string store_as; // ^DF: the format is stored and not printed
         uint64_t bytes = 0;
     };
 

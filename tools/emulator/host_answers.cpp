@@ -7,7 +7,7 @@
 
 namespace {
 
-const std::string kStx = "\x02";
+const std::string kStart = "\x02";
 const std::string kEnd = "\x03\r\n";
 
 // At most a line of text.
@@ -30,13 +30,13 @@ const char* NameOf(char print_mode) {
     return kNames[DigitOf(print_mode)];
 }
 
-// A line of the configuration: the value in the first 22 columns, then what it is.
+// A line of the configuration: the value in the first 22 columns, then its label.
 std::string Line(const std::string& value, const char* label) {
     return Format("  %-20.20s%s\r\n", value.c_str(), label);
 }
 
-// A line of a directory; sizes have six columns. The flag is a font's letter, or P for what is part
-// of the printer.
+// A line of a directory; sizes have six columns. The flag is a font's letter, or P for an object
+// that is part of the printer.
 std::string Line(const StoredObject& object) {
     const char flag = object.letter == ' ' && object.resident ? 'P' : object.letter;
     return Format("* %c:%-8.8s.%-3.3s %6u   %c  \r\n", object.device, object.name.c_str(),
@@ -95,37 +95,37 @@ bool EmulatedPrinter::Ask(const ZplCommand& command, std::vector<EmulatedAnswer>
 
 // Model, firmware, dots per millimetre, memory, options.
 std::string EmulatedPrinter::Identification() const {
-    return kStx + "EMULATED-203,V1.0.0,8,8192KB,2" + kEnd;
+    return kStart + "EMULATED-203,V1.0.0,8,8192KB,2" + kEnd;
 }
 
 // 9600 baud, 8 bits, no parity, one stop bit, Xon/Xoff; then flags in three texts.
 std::string EmulatedPrinter::Status() const {
     const unsigned functions =
         (settings_.continuous ? 128u : 0u) | 64u | (settings_.thermal_transfer ? 1u : 0u);
-    return kStx +
+    return kStart +
            Format("030,0,%d,%04u,000,0,0,0,000,0,0,0", settings_.paused ? 1 : 0,
                   static_cast<unsigned>(settings_.label_length)) +
-           kEnd + kStx +
+           kEnd + kStart +
            Format("%03u,0,0,0,%d,%u,6,0,00000000,1,%03d", functions,
                   settings_.thermal_transfer ? 1 : 0, DigitOf(settings_.print_mode),
                   objects_.Count("GRF")) +
-           kEnd + kStx + settings_.password + ",0" + kEnd;
+           kEnd + kStart + settings_.password + ",0" + kEnd;
 }
 
 // Kilobytes: installed, available at most, available now.
 std::string EmulatedPrinter::Memory() const {
     const unsigned most = 8192;
     const unsigned now = static_cast<unsigned>(objects_.Free('R') / 1024);
-    return kStx + Format("%u,%u,%u", most, most, std::min(most, now)) + kEnd;
+    return kStart + Format("%u,%u,%u", most, most, std::min(most, now)) + kEnd;
 }
 
 // Battery voltage, head voltage, temperature.
 std::string EmulatedPrinter::Battery() const {
-    return kStx + "15.60,15.38,27" + kEnd;
+    return kStart + "15.60,15.38,27" + kEnd;
 }
 
 std::string EmulatedPrinter::Configuration() const {
-    return kStx + "  PRINTER CONFIGURATION\r\n" +
+    return kStart + "  PRINTER CONFIGURATION\r\n" +
            Line(std::to_string(settings_.darkness), "DARKNESS") +
            Line(settings_.speed + " IPS", "PRINT SPEED") +
            Line(Format("%+04d", static_cast<int>(settings_.tear_off)), "TEAR OFF") +
@@ -138,12 +138,12 @@ std::string EmulatedPrinter::Configuration() const {
            Line("XON/XOFF", "HOST HANDSHAKE") + Line("V1.0.0 <-", "FIRMWARE") + kEnd;
 }
 
-// One block for each device that matches; all devices are asked for with "*".
+// One block for each device that matches; "*" asks for all devices.
 std::string EmulatedPrinter::Directory(const std::string& pattern) const {
     ObjectName wanted(pattern);
     if (wanted.name.empty()) wanted.name = "*";
     if (wanted.extension.empty()) wanted.extension = "*";
-    std::string text = kStx + "\r\n";
+    std::string text = kStart + "\r\n";
     for (const char device : ObjectStore::Devices()) {
         if (wanted.device != device && wanted.device != '*' && wanted.device != '?') continue;
         ObjectName here = wanted;

@@ -1,4 +1,4 @@
-// What a printer keeps in its memories: graphics, fonts, stored formats.
+// The objects in a printer's memories: graphics, fonts, stored formats.
 #pragma once
 
 #include <cstdint>
@@ -11,11 +11,11 @@ struct StoredObject {
     std::string extension; // 1 to 3 characters, upper case
     uint32_t size = 0;     // bytes
     char letter = ' ';     // the letter that ^CW gave a font
-    bool resident = false; // part of the printer: cannot be replaced or deleted
+    bool resident = false; // part of the printer; cannot be replaced or deleted
 };
 
-// The name of an object as commands write it, "R:LOGO.GRF". Missing parts stay empty and the device
-// is R; names are cut to eight characters, extensions to three, and put in upper case.
+// The name of an object as in commands, "R:LOGO.GRF". Missing parts are empty, and a missing device
+// is R. Names are cut to eight characters, extensions to three, and both become upper case.
 struct ObjectName {
     explicit ObjectName(const std::string& text);
 
@@ -27,29 +27,30 @@ class ObjectStore {
 public:
     static constexpr size_t kMaxObjects = 1000;
 
-    // With the printer's resident fonts on device Z.
+    // Starts with the printer's resident fonts on device Z.
     ObjectStore();
 
     // Stores or replaces an object. False for a device that cannot be written (only R, E, B and A
-    // can), for an empty name, and when there are kMaxObjects.
+    // can), for an empty name, and if there are already kMaxObjects.
     bool Store(const ObjectName& where, uint32_t size);
 
-    // Deletes what matches: "*" and "?" in any part. The number of objects deleted.
+    // Deletes the objects that match; any part may have "*" and "?". Answers the number deleted.
     int Delete(const ObjectName& pattern);
 
-    // Gives a font a letter, which any other font loses. False when there is no such object.
+    // Gives a font a letter, taking it from any other font. False if there is no such object.
     bool SetLetter(const ObjectName& where, char letter);
 
-    // The objects that match, by device (R E B A Z), each device's in the order of their storing.
+    // The objects that match, by device (R E B A Z), and on each device in the order in which they
+    // were stored.
     std::vector<StoredObject> Find(const ObjectName& pattern) const;
 
-    // Bytes free on a device.
+    // The number of free bytes on a device.
     uint32_t Free(char device) const;
 
-    // How many objects of that extension there are.
+    // The number of objects with that extension.
     int Count(const std::string& extension) const;
 
-    // All devices that the printer has, in the order of directories.
+    // All devices of the printer, in the order of directories.
     static const std::string& Devices();
 
 private:

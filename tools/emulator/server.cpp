@@ -23,7 +23,7 @@ void EmulatorServer::Run() {
 
 void EmulatorServer::Stop() {
     stopped_ = true;
-    // Accept waits for a host.
+    // Accept waits for a host, so pretend to be one.
     net::Socket::Connect("127.0.0.1", Port(), kSendLimit);
 }
 

@@ -18,7 +18,7 @@ bool IsHexDigit(char c) {
     return (c >= '0' && c <= '9') || (upper >= 'A' && upper <= 'F');
 }
 
-bool IsOneOf(const std::string& name, const char* list) {
+bool IsAnyOf(const std::string& name, const char* list) {
     for (; *list; list += 3)
         if (name[0] == list[0] && name[1] == list[1]) return true;
     return false;
@@ -26,26 +26,26 @@ bool IsOneOf(const std::string& name, const char* list) {
 
 // Commands that are complete with their name. Each list holds names of two letters and a blank.
 bool HasNoParameters(const ZplCommand& command) {
-    return IsOneOf(command.name,
+    return IsAnyOf(command.name,
                    command.control ? "EG HB HD HI HM HS JA JC JD JE JG JL JP JR JX KB NR PH PL PP "
                                      "PR PS RO WC "
                                    : "EG FS HH PH PP XA XB XZ ");
 }
 
-// The parameters in front of the data of a command that carries some, 0 for every other.
+// The number of parameters before the data of a command that has data; 0 for all others.
 int HeaderFields(const ZplCommand& command) {
     if (!command.control) return command.name == "GF" ? 4 : 0;
     if (command.name == "DB") return 8;
     if (command.name == "DY") return 5;
     if (command.name == "DG") return 3;
-    return IsOneOf(command.name, "DE DS DT DU ") ? 2 : 0;
+    return IsAnyOf(command.name, "DE DS DT DU ") ? 2 : 0;
 }
 
 bool ChangesPrefix(const ZplCommand& command) {
-    return IsOneOf(command.name, "CC CD CT ");
+    return IsAnyOf(command.name, "CC CD CT ");
 }
 
-// How many raw bytes follow these parameters; 0 when the data is text.
+// The number of raw bytes that follow these parameters; 0 if the data is text.
 uint32_t RawBytes(const ZplCommand& command) {
     const std::vector<std::string> fields = SplitParameters(command.parameters, 5);
     if (command.name == "DY" && (fields[1] == "B" || fields[1] == "b"))
@@ -61,7 +61,7 @@ std::vector<ZplCommand> ZplScanner::Feed(const void* bytes, size_t size) {
     std::vector<ZplCommand> found;
     const char* next = static_cast<const char*>(bytes);
     while (size > 0) {
-        if (state_ == State::Bytes) {
+        if (state_ == State::Data) {
             const size_t taken = static_cast<size_t>(std::min<uint64_t>(size, bytes_left_));
             next += taken;
             size -= taken;
@@ -78,8 +78,8 @@ std::vector<ZplCommand> ZplScanner::Feed(const void* bytes, size_t size) {
 
 std::vector<ZplCommand> ZplScanner::Finish() {
     std::vector<ZplCommand> found;
-    if (state_ == State::Bytes) command_.whole = false;
-    if (state_ == State::Bytes || state_ == State::Parameters) Emit(found);
+    if (state_ == State::Data) command_.whole = false;
+    if (state_ == State::Data || state_ == State::Parameters) Emit(found);
     state_ = State::Text;
     return found;
 }
@@ -98,7 +98,7 @@ void ZplScanner::Take(char c, std::vector<ZplCommand>& found) {
     case State::Dump:
         TakeDump(c, found);
         break;
-    case State::Bytes:
+    case State::Data:
         break;
     }
 }
@@ -154,7 +154,7 @@ void ZplScanner::TakeParameter(char c, std::vector<ZplCommand>& found) {
     }
     if (header_fields_ && delimiters_ == header_fields_) {
         bytes_left_ = RawBytes(command_);
-        if (bytes_left_ > 0) state_ = State::Bytes;
+        if (bytes_left_ > 0) state_ = State::Data;
     } else if (command_.parameters.size() < kMaxParameters) {
         command_.parameters += c;
     }
@@ -192,7 +192,7 @@ void ZplScanner::ChangePrefix(char c) {
     char& prefix = command_.name == "CC"   ? format_prefix_
                    : command_.name == "CT" ? control_prefix_
                                            : delimiter_;
-    // A printer needs its three characters told apart, and from text.
+    // The three characters must differ from each other and from text.
     if (c > ' ' && c != format_prefix_ && c != control_prefix_ && c != delimiter_) prefix = c;
 }
 

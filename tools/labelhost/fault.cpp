@@ -7,14 +7,14 @@
 
 namespace {
 
-struct Reason {
+struct ErrorText {
     DWORD error;
     const char* text;
 };
 
-constexpr DWORD kServerUnavailable = 1722; // of the remote procedure calls
+constexpr DWORD kServerUnavailable = 1722; // an error of remote procedure calls
 
-constexpr Reason kReasons[] = {
+constexpr ErrorText kErrorTexts[] = {
     {ERROR_FILE_NOT_FOUND, "no such file or key"},
     {ERROR_PATH_NOT_FOUND, "no such folder"},
     {ERROR_ACCESS_DENIED, "access denied"},
@@ -31,7 +31,7 @@ constexpr Reason kReasons[] = {
 } // namespace
 
 Fault SystemFault(const std::string& what, DWORD error) {
-    for (const Reason& reason : kReasons)
+    for (const ErrorText& reason : kErrorTexts)
         if (reason.error == error) return Fault(what + ": " + reason.text);
     return Fault(what + ": error " + std::to_string(error));
 }

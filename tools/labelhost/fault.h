@@ -1,4 +1,4 @@
-// A fault that the user can put right: one line that names what was wrong and with which input.
+// A fault that the user can correct: one line that says what was wrong with which input.
 #pragma once
 
 #include <windows.h>

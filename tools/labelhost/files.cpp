@@ -34,7 +34,7 @@ std::string ReadBytes(const std::string& what, const std::string& file, size_t m
     std::ifstream in(PathOf(file), std::ios::binary);
     if (!in) throw FileFault(what, file);
     std::string bytes = ReadBytes(in, most);
-    if (in.bad()) throw FileFault(what, file); // a folder, for one
+    if (in.bad()) throw FileFault(what, file); // for example, a folder
     return bytes;
 }
 

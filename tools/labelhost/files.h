@@ -1,4 +1,4 @@
-// Files by their names as the command line has them, in UTF-8.
+// Files by the names that the command line has, in UTF-8.
 #pragma once
 
 #include <cstdint>
@@ -6,22 +6,22 @@
 #include <iosfwd>
 #include <string>
 
-// The path of a name, and the name of a path.
+// The path with a name, and the name of a path.
 std::filesystem::path PathOf(const std::string& name);
 std::string NameOf(const std::filesystem::path& path);
 
-// All bytes of a file. Throws the Fault `what` with the file's name and the reason when it cannot
-// be read. No more than `most` bytes are read; the file may be longer.
+// All bytes of a file. Throws the Fault `what` with the file's name and the reason if it cannot be
+// read. Reads at most `most` bytes; the file may be longer.
 std::string ReadBytes(const std::string& what, const std::string& file, size_t most = SIZE_MAX);
 
-// The same for an open file: bad() tells when it cannot be read.
+// The same for an open file; bad() says if it cannot be read.
 std::string ReadBytes(std::istream& in, size_t most = SIZE_MAX);
 
-// A file that is written aside, until it is complete and takes the place of another one; removed
-// with the object when it does not come to that, whoever wrote it.
+// A file that is written aside until it is complete and replaces another one. If it does not come
+// to that, the destructor removes it, whoever wrote it.
 class FileAside {
 public:
-    // Under the name of `file` with an ending of its own.
+    // Its name is that of `file` with a unique ending.
     explicit FileAside(const std::string& file);
     ~FileAside();
     FileAside(const FileAside&) = delete;
@@ -29,8 +29,7 @@ public:
 
     const std::string& name() const { return name_; }
 
-    // Takes the place of `file`. Throws the Fault `what` with the name of `file` and the reason
-    // when it cannot.
+    // Replaces `file`. Throws the Fault `what` with the name of `file` and the reason if it cannot.
     void Replace(const std::string& what, const std::string& file) const;
 
 private:

@@ -5,6 +5,6 @@
 
 using Json = nlohmann::ordered_json;
 
-// Prints `value` on standard output, indented, followed by a line end. Text that is no sound UTF-8
+// Prints `value` on standard output, indented, followed by a line end. Text that is not valid UTF-8
 // (a lone surrogate in a name, say) is shown with replacement characters.
 void PrintJson(const Json& value);

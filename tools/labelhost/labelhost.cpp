@@ -1,4 +1,4 @@
-// labelhost: installs label printers in a host of its own and shows what the driver's configuration
+// labelhost: installs label printers on its own host and shows what the driver's configuration
 // module answers about them, asking as the spooler and applications do.
 
 #include "labelhost.h"

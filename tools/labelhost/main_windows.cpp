@@ -1,4 +1,4 @@
-// The way in on Windows: words come as UTF-16, and what is said goes out as UTF-8.
+// The entry point on Windows: words come in as UTF-16, and output goes out as UTF-8.
 #include "labelhost.h"
 #include "text.h"
 
@@ -8,8 +8,8 @@
 
 namespace {
 
-// The words as they were typed: the C runtime would turn what their letters cannot express into
-// question marks and patterns into file names.
+// The words as they were typed. The C runtime would turn characters outside its code page into
+// question marks, and patterns into file names.
 Words WordsOf(const WCHAR* line) {
     Words words;
     int count = 0;

@@ -13,7 +13,7 @@ using WideString = std::basic_string<WCHAR>;
 
 WideString ToWide(const std::string& utf8);
 std::string ToUtf8(const WCHAR* text, size_t length);
-// Null is the empty text.
+// Null becomes the empty text.
 std::string ToUtf8(const WCHAR* text);
 
 // The text in a fixed slot of `size` units, which need not be terminated.
@@ -24,9 +24,9 @@ std::string ToHex(const std::vector<BYTE>& bytes);
 // skipped).
 bool FromHex(const std::string& hex, std::vector<BYTE>& bytes);
 
-// False unless the text is a whole number of at most 18 digits: decimal, with or without a minus,
-// or hexadecimal behind 0x.
+// False unless the text is a whole number of at most 18 digits: decimal, with or without a minus
+// sign, or hexadecimal after 0x.
 bool ToNumber(const std::string& text, int64_t& value);
 
-// Without regard to the case of the letters a to z.
+// Compares without regard to the case of the letters a to z.
 bool SameText(const std::string& a, const std::string& b);

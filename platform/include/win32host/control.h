@@ -1,6 +1,6 @@
 // Control of the host platform layer, for tests and host programs. The module never includes this.
 //
-// What is set here holds for the whole process until it is set again or ResetControl is called.
+// Settings hold for the whole process until they are set again or ResetControl is called.
 #pragma once
 
 #include <windows.h>
@@ -11,31 +11,30 @@
 #pragma GCC visibility push(default)
 namespace win32host {
 
-// The root folder: everything that the host keeps (drive_c/, registry.db, spool/, servers/) lies
-// below it. It is $LABELHOST_ROOT, else ~/.local/share/labelhost, until SetRoot names another.
+// The root folder, which holds everything that the host keeps (drive_c/, registry.db, spool/,
+// servers/). It is $LABELHOST_ROOT, else ~/.local/share/labelhost, until SetRoot names another. A
 // POSIX path without a trailing slash.
 std::string Root();
 
-// Moves the whole host to another root folder, which is created when it is missing. Open registry
-// connections are left behind with the old one. No handle of the old root may be used afterwards.
+// Moves the host to another root folder, which is created if it is missing. Open registry
+// connections stay with the old one. No handle of the old root may be used afterwards.
 void SetRoot(const std::string& folder);
 
-// Puts everything below back to what the host is by itself.
+// Resets everything below to the host's defaults.
 void ResetControl();
 
 // ---- System version -----------------------------------------------------------------------------
 
-// What GetVersionExW answers. By itself: platform VER_PLATFORM_WIN32_NT, version 5.0, build 2195.
+// What GetVersionExW answers. Default: platform VER_PLATFORM_WIN32_NT, version 5.0, build 2195.
 void SetVersion(DWORD platform, DWORD major, DWORD minor, DWORD build);
 
 // ---- Code pages and locale ----------------------------------------------------------------------
 
-// The code pages behind CP_ACP and CP_OEMCP; 1252 and 437 by themselves. They must be code pages
-// that the host has.
+// The code pages behind CP_ACP and CP_OEMCP, 1252 and 437 by default. The host must have them.
 void SetAnsiCodePage(UINT code_page);
 void SetOemCodePage(UINT code_page);
 
-// Code pages that the system is to lack: IsValidCodePage denies them and conversions fail.
+// Code pages that the system is to lack: IsValidCodePage answers FALSE and conversions fail.
 void SetMissingCodePages(const std::vector<UINT>& code_pages);
 
 // The user's locale as GetLocaleInfoW tells it.
@@ -48,7 +47,7 @@ struct LocaleFacts {
 };
 void SetLocaleFacts(const LocaleFacts& facts);
 
-// Takes the facts from the environment's locale (LC_ALL, LC_NUMERIC, LANG...) again, as it is now.
+// Takes the facts from the environment's current locale (LC_ALL, LC_NUMERIC, LANG...) again.
 void UseProcessLocale();
 
 // ---- User and groups ----------------------------------------------------------------------------
@@ -56,7 +55,7 @@ void UseProcessLocale();
 struct Group {
     enum Kind {
         Alias,      // local group of this computer
-        Builtin,    // local group that every computer has; `rid` 544 administrators, 545 users,
+        Builtin,    // local group that every computer has; `rid`: 544 administrators, 545 users,
                     // 546 guests, 547 power users
         DomainGroup // group of `domain`
     };
@@ -74,16 +73,16 @@ struct UserFacts {
     DWORD rid = 1000;                       // the last number of the user's identifier
 };
 
-// The user that runs the process, by itself the one that the machine knows: with the computer as
-// domain, the machine's groups as local groups, always in the users group, and in the
-// administrators group when root or a member of "sudo", "wheel" or "admin".
+// The user who runs the process. The default is the machine's own user, with the computer as domain
+// and the machine's groups as local groups; always in the users group, and in the administrators
+// group if root or a member of "sudo", "wheel" or "admin".
 void SetUser(const UserFacts& user);
 void UseProcessUser();
 
 // ---- Message boxes ------------------------------------------------------------------------------
 
-// What the user answers from now on. By itself a box is answered with IDOK when OK is its only
-// button, else with the careful choice: IDCANCEL, or IDNO and IDABORT where there is no Cancel.
+// What the user answers from now on. By default a box is answered with IDOK if OK is its only
+// button, else with the safe choice: IDCANCEL, or IDNO or IDABORT where there is no Cancel.
 void AnswerMessageBoxes(int answer);
 
 struct ShownMessageBox {

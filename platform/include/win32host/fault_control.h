@@ -1,4 +1,4 @@
-// Faults on demand: operations of the layer that fail, or end the process, at a chosen point. For
+// Faults on demand: makes operations of the layer fail, or end the process, at a chosen point. For
 // tests; the module never includes this.
 #pragma once
 
@@ -7,7 +7,7 @@
 #pragma GCC visibility push(default)
 namespace win32host {
 
-// What can fail. Kinds are added to name several.
+// What can fail. Several kinds are combined with `|`.
 enum FaultKind : DWORD {
     FAULT_FILE_OPEN = 0x0001,
     FAULT_FILE_READ = 0x0002,
@@ -15,7 +15,7 @@ enum FaultKind : DWORD {
     FAULT_FILE_NAME = 0x0008,     // deleting, moving and copying files
     FAULT_REGISTRY_READ = 0x0010, // opening and listing keys, reading values
     FAULT_REGISTRY_WRITE = 0x0020,
-    FAULT_REGISTRY_DELETE = 0x0040, // of a value or a key
+    FAULT_REGISTRY_DELETE = 0x0040, // deleting a value or a key
     FAULT_REGISTRY_KEY = 0x0080,    // making a key
     FAULT_REGISTRY_COMMIT = 0x0100, // the end of a transaction
     FAULT_SPOOL_WRITE = 0x0200,     // the bytes of a job on their way to the spooler's file
@@ -29,29 +29,28 @@ enum FaultKind : DWORD {
     FAULT_SPOOLER = 0x1E00
 };
 
-// What happens to the operations of some kinds, counted over all threads from the moment that the
-// plan is made.
+// What happens to operations of some kinds, counted over all threads from the moment the plan is
+// made.
 struct FaultPlan {
     DWORD kinds = 0;
-    DWORD point = 1;        // the operation that fails first, from 1
-    DWORD error = 0;        // a Win32 error code; for ports and jobs an error that fits is found
-    bool partly = false;    // what writes gets half of its bytes through first
-    bool from_then = false; // all operations behind the first fail as well
-    bool kills = false;     // the process ends there, as by SIGKILL; after half of the bytes when
-                            // `partly` is set
+    DWORD point = 1;        // the first operation to fail, counted from 1
+    DWORD error = 0;        // a Win32 error code; ports report one of their own
+    bool partly = false;    // half of a write is done first, even if the process then ends
+    bool from_then = false; // all operations after the first fail as well
+    bool kills = false;     // the process ends there, as by SIGKILL
 };
 
 // Replaces the plan. ResetControl drops it.
 void PlanFault(const FaultPlan& plan);
 void ForgetFaults();
 
-// Whether the point of the plan was reached.
+// True if the plan's point was reached.
 bool FaultHappened();
 
-// How many operations of the plan's kinds there were since it was made.
+// How many operations of the plan's kinds there have been since it was made.
 DWORD FaultPoints();
 
-// The handles and the registry keys that this process has open.
+// How many handles and registry keys this process has open.
 size_t OpenHandles();
 size_t OpenKeys();
 

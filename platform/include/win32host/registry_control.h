@@ -6,10 +6,9 @@
 #pragma GCC visibility push(default)
 namespace win32host {
 
-// Makes the key `path` below `root` and everything under it read-only (or writable again), for
-// every process: opening it for writing answers ERROR_ACCESS_DENIED, reading succeeds. Handles that
-// are open already keep their rights. The key is made when it is missing. Returns whether that
-// worked.
+// Makes the key `path` below `root` and everything under it read-only (or writable again) for every
+// process: opening it for writing answers ERROR_ACCESS_DENIED, reading succeeds. Handles that are
+// already open keep their rights. The key is made if it is missing. False on failure.
 bool SetKeyReadOnly(HKEY root, const WCHAR* path, bool read_only);
 
 } // namespace win32host

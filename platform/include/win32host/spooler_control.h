@@ -22,7 +22,7 @@ struct SpoolerQuestion {
 void RefuseSpoolerQuestions(std::function<DWORD(const SpoolerQuestion&)> refuse);
 
 // Shows every record that was written into a caller's buffer to `alter` before the caller gets it,
-// to make answers that a sound spooler does not give.
+// to make answers that no sound spooler gives.
 void AlterSpoolerAnswers(
     std::function<void(const SpoolerQuestion&, BYTE* buffer, DWORD size)> alter);
 

@@ -1,5 +1,5 @@
-// The SDK's header, which needs <windows.h> ahead of it. The macros for names without A or W would
-// rename functions and classes of our own that are called like that.
+// The SDK's header, which needs <windows.h> before it. The macros for names without A or W would
+// rename functions and classes of our own with the same names.
 #pragma once
 
 #include <windows.h>

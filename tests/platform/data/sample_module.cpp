@@ -1,5 +1,5 @@
-// A module for the tests of the module loader: it tells a listener what it is told, and refuses to
-// load while the environment says so.
+// A module for the tests of the module loader. It reports its notifications to a listener, and
+// refuses to load while the environment says so.
 #include <windows.h>
 
 #include <cstdlib>

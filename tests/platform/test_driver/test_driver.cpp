@@ -1,5 +1,5 @@
-// A printer driver that notes how it is called, for the tests of the spooler. Its notes are the
-// texts of HKEY_CURRENT_USER\TestDriver.
+// A printer driver that notes its calls, for the tests of the spooler. Its notes are the texts of
+// HKEY_CURRENT_USER\TestDriver.
 #include <winddi.h>
 #include <winddiui.h>
 #include <windows.h>
@@ -32,7 +32,7 @@ void Note(const std::u16string& line) {
     RegCloseKey(key);
 }
 
-// How many of the questions that a real driver asks about its printer were answered.
+// Asks what a real driver asks about its printer. Returns how many questions were answered.
 DWORD AskAboutPrinter(HANDLE printer) {
     DWORD good = 0, needed = 0;
     GetPrinterW(printer, 2, nullptr, 0, &needed);
@@ -44,18 +44,20 @@ DWORD AskAboutPrinter(HANDLE printer) {
     return good;
 }
 
+// Opens the printer with all rights, or notes in the line that it is not there.
+HANDLE Open(const std::u16string& name, std::u16string& line) {
+    PRINTER_DEFAULTSW defaults = {nullptr, nullptr, PRINTER_ALL_ACCESS};
+    HANDLE printer = nullptr;
+    if (!OpenPrinterW(const_cast<LPWSTR>(name.c_str()), &printer, &defaults))
+        line += u" (not there)";
+    return printer;
+}
+
 bool IsBroken(LPCWSTR printer) {
     return std::u16string(printer).starts_with(u"Broken");
 }
 
 constexpr WORD kPrivateSize = 8;
-
-// The header of this driver's settings.
-void PutLayout(DEVMODEW& settings) {
-    settings.dmSpecVersion = 0x401;
-    settings.dmSize = sizeof settings;
-    settings.dmDriverExtra = kPrivateSize;
-}
 
 std::atomic<DWORD> g_capability_calls = 0; // the spooler calls from every thread
 
@@ -65,11 +67,8 @@ DHPDEV WINAPI EnableDevice(DEVMODEW* dev_mode, LPWSTR, ULONG, HSURF*, ULONG, ULO
                            DEVINFO*, HDEV, LPWSTR name, HANDLE printer) {
     auto& info = *reinterpret_cast<GDIINFO*>(caps);
     info.ulHorzRes = dev_mode ? static_cast<ULONG>(dev_mode->dmPaperWidth) : 100;
-    info.ulHorzSize = static_cast<ULONG>(-101600);
-    info.ulVertSize = 150;
-    info.szlPhysSize.cx = 832;
     Note(u"enable " + std::u16string(name));
-    return static_cast<DHPDEV>(printer); // all that it needs to know
+    return static_cast<DHPDEV>(printer); // all that it needs
 }
 
 void WINAPI DisableDevice(DHPDEV) {
@@ -134,10 +133,8 @@ __declspec(dllexport) BOOL WINAPI DrvPrinterEvent(LPWSTR name, int event, DWORD,
         const auto& info = *reinterpret_cast<const PRINTER_EVENT_ATTRIBUTES_INFO*>(parameter);
         line += u' ' + Number(info.dwOldAttributes) + u' ' + Number(info.dwNewAttributes);
     }
-    // A printer is there while its driver is told of it, and may be changed.
-    PRINTER_DEFAULTSW defaults = {nullptr, nullptr, PRINTER_ALL_ACCESS};
-    HANDLE printer = nullptr;
-    if (!OpenPrinterW(name, &printer, &defaults)) line += u" (not there)";
+    // The printer exists and may be changed while its driver is told of it.
+    const HANDLE printer = Open(name, line);
     BYTE byte = 1;
     SetPrinterDataW(printer, const_cast<LPWSTR>(TEXT("Seen")), REG_BINARY, &byte, 1);
     ClosePrinter(printer);
@@ -147,22 +144,16 @@ __declspec(dllexport) BOOL WINAPI DrvPrinterEvent(LPWSTR name, int event, DWORD,
 
 __declspec(dllexport) BOOL WINAPI DrvUpgradePrinter(DWORD level, LPBYTE info) {
     const std::u16string name = reinterpret_cast<const DRIVER_UPGRADE_INFO_1W*>(info)->pPrinterName;
-    PRINTER_DEFAULTSW defaults = {nullptr, nullptr, PRINTER_ALL_ACCESS};
-    HANDLE printer = nullptr;
-    const bool opened =
-        OpenPrinterW(const_cast<LPWSTR>(name.c_str()), &printer, &defaults) != FALSE;
-    Note(u"upgrade " + Number(level) + u' ' + name + (opened ? u"" : u" (not there)"));
-    ClosePrinter(printer);
+    std::u16string line = u"upgrade " + Number(level) + u' ' + name;
+    ClosePrinter(Open(name, line));
+    Note(line);
     return !IsBroken(name.c_str());
 }
 
 __declspec(dllexport) DWORD WINAPI
-    DrvDeviceCapabilities(HANDLE printer, LPWSTR name, WORD capability, LPVOID output,
-                          DEVMODEW* dev_mode) {
+    DrvDeviceCapabilities(HANDLE printer, LPWSTR name, WORD capability, LPVOID output, DEVMODEW*) {
     ++g_capability_calls;
     switch (capability) {
-    case DC_VERSION:
-        return dev_mode ? dev_mode->dmSpecVersion : 0;
     case DC_BINNAMES:
         if (output) std::u16string(name).copy(static_cast<LPWSTR>(output), 23);
         return 1;
@@ -175,7 +166,7 @@ __declspec(dllexport) DWORD WINAPI
     }
 }
 
-// Keeps the public part, whose driver version becomes 7, and makes the private one anew.
+// Keeps the public part, sets its driver version to 7, and makes the private part new.
 __declspec(dllexport) BOOL WINAPI
     DrvConvertDevMode(LPWSTR name, PDEVMODEW in, PDEVMODEW out, PDWORD needed, DWORD mode) {
     const DWORD size = *needed;
@@ -187,28 +178,11 @@ __declspec(dllexport) BOOL WINAPI
     }
     std::memset(out, 0, *needed);
     if (mode == CDM_CONVERT) std::memcpy(out, in, std::min<size_t>(in->dmSize, sizeof *out));
-    PutLayout(*out);
+    out->dmSpecVersion = 0x401;
+    out->dmSize = sizeof *out;
+    out->dmDriverExtra = kPrivateSize;
     if (mode == CDM_CONVERT) out->dmDriverVersion = 7;
     return TRUE;
-}
-
-// Answers in the settings what it was asked: the size of their room as dmPelsWidth, the mode as
-// dmFields, and the copies of the input.
-__declspec(dllexport) LONG WINAPI
-    DrvDocumentPropertySheets(PPROPSHEETUI_INFO info, LPARAM parameter) {
-    auto& header = *reinterpret_cast<DOCUMENTPROPERTYHEADER*>(parameter);
-    if (info || header.cbSize != sizeof header || IsBroken(header.pszPrinterName)) return -1;
-    if (!header.fMode || !header.pdmOut) {
-        header.cbOut = sizeof(DEVMODEW) + kPrivateSize;
-        return static_cast<LONG>(header.cbOut);
-    }
-    *header.pdmOut = {};
-    PutLayout(*header.pdmOut);
-    std::u16string(header.pszPrinterName).copy(header.pdmOut->dmDeviceName, CCHDEVICENAME - 1);
-    header.pdmOut->dmPelsWidth = header.cbOut;
-    header.pdmOut->dmFields = header.fMode;
-    if (header.pdmIn) header.pdmOut->dmCopies = header.pdmIn->dmCopies;
-    return AskAboutPrinter(header.hPrinter) == 2 ? IDOK : -1;
 }
 
 } // extern "C"

@@ -1,4 +1,4 @@
-// labelhost actions, labelhost action: what the printer can be told to do.
+// labelhost actions, labelhost action: lists and runs the actions of a printer.
 #include "arguments.h"
 #include "commands/commands.h"
 #include "fault.h"
@@ -21,7 +21,7 @@ std::string NameOf(const OpenSettings& settings, int action) {
     return ToUtf8(name.c_str());
 }
 
-// What an action is called in the list: some sheets and dialogs have a title alone.
+// The name of an action in the list: some sheets and dialogs only have a title.
 std::string ShownName(int action, const std::string& name) {
     if (!name.empty()) return name;
     switch (action) {
@@ -41,7 +41,7 @@ DWORD OfferOf(const OpenSettings& settings, int action) {
                                                                                 action);
 }
 
-// Why an action was not done.
+// Why an action was not run.
 std::string Reason(const OpenSettings& settings, int action, const std::string& choice) {
     const DWORD offer = OfferOf(settings, action);
     if (!offer) return "this printer does not offer it";
@@ -95,7 +95,7 @@ void ActionCommand(const Words& words) {
     const int action = ActionNumber(arguments[1]);
     std::string choice = arguments.size() > 2 ? arguments[2] : "";
     if (action == DAL_ACTION_SEND_FILE && !choice.empty()) {
-        ReadBytes("cannot read file", choice, 1); // the module would send an empty job
+        ReadBytes("cannot read file", choice, 1); // says more than the module does
         choice = HostPath(choice);
     }
     const OpenSettings settings(arguments[0]);

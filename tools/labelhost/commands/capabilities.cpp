@@ -18,7 +18,7 @@ namespace {
 
 constexpr WORD kLastCapability = DC_NUP;
 
-// Texts come in slots of fixed length, in UTF-16 units.
+// Texts are in slots of fixed length, in UTF-16 units.
 constexpr size_t kPaperNameSlot = 64;
 constexpr size_t kBinNameSlot = 24;
 constexpr size_t kFileSlot = 64;
@@ -32,10 +32,10 @@ public:
         , wide_(ToWide(printer))
         , port_(ToWide(FactsOf(printer).port)) {}
 
-    // The answer without an output buffer: a value or a count, -1 for what is not supported.
+    // The answer without an output buffer: a value or a count, or -1 for an unsupported capability.
     int Value(WORD capability) const { return Ask(capability, nullptr); }
 
-    // The entries of a list capability, each of `entry_size` bytes; none when it is not supported.
+    // The entries of a list capability, each of `entry_size` bytes; empty if it is not supported.
     std::vector<std::vector<BYTE>> Entries(WORD capability, size_t entry_size) const {
         const int count = Value(capability);
         if (count <= 0) return {};
@@ -59,7 +59,7 @@ public:
         return list;
     }
 
-    // Each entry `count` numbers of type T: a plain number when there is one, else a list.
+    // Entries of `count` numbers of type T each: a plain number if `count` is 1, else a list.
     template <class T>
     Json Numbers(WORD capability, size_t count) const {
         Json list = Json::array();
@@ -135,7 +135,7 @@ Json AllCapabilities(const std::string& printer) {
 
 namespace {
 
-// What a person wants to read: sizes in millimetres, the rest as the driver gave it.
+// For people: sizes in millimetres, the rest as the driver gave it.
 std::string Described(WORD capability, int value) {
     if (value == -1) return "-";
     if (capability != DC_MINEXTENT && capability != DC_MAXEXTENT) return std::to_string(value);

@@ -5,6 +5,6 @@
 
 #include <string>
 
-// All of them in the form that "capabilities --json" prints. Throws Fault when there is no such
+// All of them in the form that "capabilities --json" prints. Throws Fault if there is no such
 // printer.
 Json AllCapabilities(const std::string& printer);

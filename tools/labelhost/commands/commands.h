@@ -1,5 +1,5 @@
-// The commands of labelhost. Each gets the words behind its name, prints what it found, and throws
-// Fault (exit status 1) or UsageFault (2) when it cannot do what it was asked.
+// The commands of labelhost. Each gets the words after its name, prints what it found, and throws
+// Fault (exit status 1) or UsageFault (2) if it cannot do what it was asked.
 #pragma once
 
 #include <string>

@@ -40,7 +40,7 @@ public:
         , driver_(printer)
         , function_(driver_.Export<Function>("DrvConvertDevMode")) {}
 
-    // `size` is the room in `out` and receives the size that it takes or took.
+    // `size` is the room in `out` and receives the size that is needed or used.
     bool Run(PDEVMODEW in, std::vector<BYTE>& out, DWORD& size, DWORD mode) {
         SetLastError(ERROR_SUCCESS);
         return function_(printer_.data(), in, reinterpret_cast<PDEVMODEW>(out.data()), &size,
@@ -71,7 +71,7 @@ void ConvertCommand(const Words& words) {
     Converter converter(printer);
     std::vector<BYTE> in, out(kLargest);
     if (!defaults) in = DevModeBytes::ReadFrom(arguments[1]).bytes();
-    // The layout that is asked for: the driver's own unless told otherwise.
+    // The layout to convert to: the driver's own unless told otherwise.
     DWORD size = static_cast<DWORD>(out.size());
     auto* layout = reinterpret_cast<PDEVMODEW>(out.data());
     if (mode == CDM_CONVERT && converter.Run(nullptr, out, size, CDM_DRIVER_DEFAULT)) {

@@ -1,4 +1,5 @@
-// labelhost demo: what driver and host can do, on two machines and a printer made for it.
+// labelhost demo: shows what the driver and the host can do, on two machines and a printer made for
+// it.
 #include "arguments.h"
 #include "commands/commands.h"
 #include "commands/story.h"
@@ -40,7 +41,7 @@ public:
 
     uint16_t Port() const { return server_.Port(); }
 
-    // Waits until it has printed a label; what it then says. Throws Fault when it does not.
+    // Waits until it has printed a label and answers its line. Throws Fault if it does not print.
     std::string Printed() {
         std::unique_lock lock(mutex_);
         if (!heard_.wait_for(lock, kPatience, [this] { return !printed_.empty(); }))
@@ -62,7 +63,7 @@ private:
     std::thread thread_;
 };
 
-// A new folder for the machines, which the story leaves for the reader to go on with.
+// A new folder for the machines, which stays for the reader to go on with.
 fs::path NewFolder(const Arguments& arguments) {
     if (arguments.size() == 0) {
         std::string name = (fs::temp_directory_path() / "labelhost-demo-XXXXXX").string();
@@ -76,7 +77,7 @@ fs::path NewFolder(const Arguments& arguments) {
     return fs::absolute(arguments[0]);
 }
 
-// Where this program lies.
+// The folder of this program.
 std::string ProgramFolder() {
     std::error_code error;
     return fs::read_symlink("/proc/self/exe", error).parent_path().string();
@@ -100,7 +101,7 @@ public:
 private:
     using Parts = std::vector<std::string>;
 
-    // Labelhost on the machine of that name.
+    // Runs labelhost on the machine of that name.
     static void On(const char* machine, Words words, const Parts& parts = {}) {
         words.insert(words.begin(), {"--root", machine});
         Story::Run(words, parts);

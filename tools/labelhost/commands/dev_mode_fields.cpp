@@ -9,6 +9,7 @@
 #include <cstdio>
 #include <cstring>
 #include <type_traits>
+#include <utility>
 
 namespace {
 
@@ -19,13 +20,14 @@ struct Field {
     size_t offset;
     size_t size;
     Kind kind;
-    DWORD bit = 0; // of dmFields
+    DWORD bit = 0; // in dmFields
     bool settable = true;
 };
 
 template <class T>
 constexpr Kind KindOf() {
-    return std::is_array_v<T> ? Kind::Wide : std::is_signed_v<T> ? Kind::Signed : Kind::Unsigned;
+    if (std::is_array_v<T>) return sizeof(std::remove_extent_t<T>) == 1 ? Kind::Narrow : Kind::Wide;
+    return std::is_signed_v<T> ? Kind::Signed : Kind::Unsigned;
 }
 
 template <class T>
@@ -73,46 +75,84 @@ constexpr Field kPublic[] = {
 };
 #undef PUBLIC
 
-// The settings stand as stored, at these places of the configuration. "a.b" is shown within "a".
-constexpr Field kConfiguration[] = {
-    {"user.0", 0, 256, Kind::Narrow},
-    {"user.1", 256, 256, Kind::Narrow},
-    {"user.2", 512, 256, Kind::Narrow},
-    {"user.3", 768, 256, Kind::Narrow},
-    {"preset_checksum", 1020, 4, Kind::Unsigned, 0, false},
-    {"length", 1024, 2, Kind::Unsigned, 0, false},
-    {"version", 1026, 2, Kind::Unsigned, 0, false},
-    {"flags", 1028, 2, Kind::Unsigned},
-    {"option_length", 1032, 4, Kind::Signed},
-    {"dither.algorithm", 1036, 2, Kind::Signed},
-    {"dither.brightness", 1038, 2, Kind::Signed},
-    {"dither.contrast", 1040, 2, Kind::Signed},
-    {"dither.red", 1042, 2, Kind::Signed},
-    {"dither.green", 1044, 2, Kind::Signed},
-    {"dither.blue", 1046, 2, Kind::Signed},
-    {"dither.dispersed_matrix", 1048, 2, Kind::Signed},
-    {"dither.clustered_matrix", 1050, 2, Kind::Signed},
-    {"dither.diffusion_kernel", 1052, 2, Kind::Signed},
-    {"dither.sequence", 1054, 2, Kind::Signed},
-    {"dither.flags", 1056, 2, Kind::Signed},
-    {"media_type", 1060, 2, Kind::Signed},
-    {"media_tracking", 1062, 2, Kind::Signed},
-    {"backfeed", 1064, 4, Kind::Signed},
-    {"backfeed_percentage", 1068, 4, Kind::Signed},
-    {"print_speed", 1072, 4, Kind::Signed},
-    {"slew_speed", 1076, 4, Kind::Signed},
-    {"backfeed_speed", 1080, 4, Kind::Signed},
-    {"label_top", 1084, 4, Kind::Signed},
-    {"tear_off", 1088, 4, Kind::Signed},
-    {"relative_darkness", 1092, 4, Kind::Signed},
-    {"absolute_darkness", 1096, 4, Kind::Signed},
-    {"print_mode", 1100, 2, Kind::Signed},
-    {"option", 1102, 2, Kind::Signed},
-    {"cut_variant", 1104, 2, Kind::Signed},
-    {"stock_option", 1106, 2, Kind::Signed},
-    {"stock_count", 1108, 4, Kind::Signed},
-    {"setting_flags", 1112, 2, Kind::Unsigned},
+// The configuration as it is stored.
+#pragma pack(push, 1)
+struct Dither {
+    int16_t algorithm, brightness, contrast, red, green, blue;
+    int16_t dispersed_matrix, clustered_matrix, diffusion_kernel, sequence, flags, reserved;
 };
+struct Configuration {
+    char user[4][256]; // a checksum takes up the end of the last one
+    uint16_t length, version, flags, reserved;
+    int32_t option_length;
+    Dither dither;
+    int16_t media_type, media_tracking;
+    int32_t backfeed, backfeed_percentage;
+    int32_t print_speed, slew_speed, backfeed_speed;
+    int32_t label_top, tear_off;
+    int32_t relative_darkness, absolute_darkness;
+    int16_t print_mode, option, cut_variant, stock_option;
+    int32_t stock_count;
+    uint16_t setting_flags, unused;
+};
+#pragma pack(pop)
+static_assert(sizeof(Configuration) == 1116);
+static_assert(offsetof(Configuration, media_type) == 1060);
+
+template <class T>
+constexpr Field Setting(const char* name, size_t offset, bool settable = true) {
+    return {name, offset, sizeof(T), KindOf<T>(), 0, settable};
+}
+#define TYPE(field) std::remove_reference_t<decltype((std::declval<Configuration&>().field))>
+#define SETTING(name, field) Setting<TYPE(field)>(name, offsetof(Configuration, field))
+#define FIXED(field) Setting<TYPE(field)>(#field, offsetof(Configuration, field), false)
+#define DITHER(field)                                                                              \
+    Setting<int16_t>("dither." #field, offsetof(Configuration, dither) + offsetof(Dither, field))
+
+// "a.b" is shown within "a".
+constexpr Field kConfiguration[] = {
+    SETTING("user.0", user[0]),
+    SETTING("user.1", user[1]),
+    SETTING("user.2", user[2]),
+    SETTING("user.3", user[3]),
+    Setting<uint32_t>("preset_checksum", offsetof(Configuration, length) - sizeof(uint32_t), false),
+    FIXED(length),
+    FIXED(version),
+    SETTING("flags", flags),
+    SETTING("option_length", option_length),
+    DITHER(algorithm),
+    DITHER(brightness),
+    DITHER(contrast),
+    DITHER(red),
+    DITHER(green),
+    DITHER(blue),
+    DITHER(dispersed_matrix),
+    DITHER(clustered_matrix),
+    DITHER(diffusion_kernel),
+    DITHER(sequence),
+    DITHER(flags),
+    SETTING("media_type", media_type),
+    SETTING("media_tracking", media_tracking),
+    SETTING("backfeed", backfeed),
+    SETTING("backfeed_percentage", backfeed_percentage),
+    SETTING("print_speed", print_speed),
+    SETTING("slew_speed", slew_speed),
+    SETTING("backfeed_speed", backfeed_speed),
+    SETTING("label_top", label_top),
+    SETTING("tear_off", tear_off),
+    SETTING("relative_darkness", relative_darkness),
+    SETTING("absolute_darkness", absolute_darkness),
+    SETTING("print_mode", print_mode),
+    SETTING("option", option),
+    SETTING("cut_variant", cut_variant),
+    SETTING("stock_option", stock_option),
+    SETTING("stock_count", stock_count),
+    SETTING("setting_flags", setting_flags),
+};
+#undef TYPE
+#undef SETTING
+#undef FIXED
+#undef DITHER
 constexpr size_t kLastCommandRoom = 251; // beyond which it takes up the checksum's place
 
 std::string NarrowText(const BYTE* at, size_t size) {
@@ -134,7 +174,7 @@ Json ValueAt(const Field& field, const BYTE* at) {
     return FromSlot(units.data(), units.size());
 }
 
-// `from` to `end` are the bytes in which the fields lie.
+// `from` to `end` are the bytes that contain the fields.
 template <size_t N>
 Json FieldsOf(const Field (&fields)[N], const DevModeBytes& settings, size_t from, size_t size) {
     Json all = Json::object();
@@ -191,10 +231,10 @@ void PutValue(const Field& field, BYTE* at, const std::string& value) {
     if (!field.settable) throw Fault(std::string(field.name) + " cannot be set");
     const bool is_text = field.kind == Kind::Wide || field.kind == Kind::Narrow;
     if (!is_text) return PutNumber(field, at, value);
-    // The checksum behind a shorter last command is not the command's.
+    // The checksum after a shorter last command is not part of the command.
     const bool last = std::string(field.name) == "user.3" && value.size() < kLastCommandRoom;
     Field place = field;
-    if (last) place.size -= sizeof(DWORD);
+    if (last) place.size -= sizeof(uint32_t);
     PutText(place, at, value);
 }
 

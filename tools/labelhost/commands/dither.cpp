@@ -28,7 +28,7 @@ struct DitherRecord {
 static_assert(sizeof(void*) != 4 || sizeof(DitherRecord) == 132);
 static_assert(offsetof(DitherRecord, algorithm) == sizeof(void*) + 104);
 
-constexpr int kMaxSide = 32767; // of the image that is screened
+constexpr int kMaxSide = 32767; // of the image that is dithered
 constexpr int32_t kPaletteMode = 1;
 
 // A value that has a name as well as a number.
@@ -57,7 +57,7 @@ int Number(const Arguments& arguments, const std::string& option, int otherwise,
     return static_cast<int>(number);
 }
 
-// "RRGGBB,RRGGBB,..." into the record's palette.
+// Reads "RRGGBB,RRGGBB,..." into the record's palette.
 void SetPalette(DitherRecord& record, const std::string& text) {
     for (size_t at = 0; at <= text.size(); at += 7) {
         const std::string color = text.substr(at, 6);
@@ -116,7 +116,7 @@ public:
 
     void Dither(DitherRecord& record, bool preview) const {
         const char* name = preview ? "X16_ImageDither_DitherSmooth" : "X16_ImageDither_Dither";
-        // Between unlike functions compilers warn of a cast, except through this type.
+        // Compilers warn about casts between unlike function types, except through this type.
         const auto dither = reinterpret_cast<decltype(&X16_ImageDither_Dither)>(
             reinterpret_cast<void (*)()>(GetProcAddress(module_, name)));
         if (!dither) throw Fault("'" + file_ + "' has no " + name);
@@ -141,7 +141,7 @@ void DitherCommand(const Words& words) {
     const bool preview = arguments.Has("preview");
     const Module module(arguments.Get("product", DefaultProductFolder()) + "/zplui.dll");
 
-    // A preview is screened at twice its size.
+    // A preview is dithered at twice its size.
     Picture picture = ReadPicture(arguments[0], preview ? kMaxSide / 2 : kMaxSide);
     record.pixels = picture.pixels.data();
     record.width = picture.width;

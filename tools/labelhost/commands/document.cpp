@@ -16,7 +16,7 @@
 
 namespace {
 
-// What the driver makes of these settings, or its defaults without any.
+// What the driver makes of these settings; its defaults if there are none.
 DevModeBytes Made(const OpenedPrinter& printer, const std::string& name, DevModeBytes* input) {
     const std::string what = "the driver of '" + name + "'";
     const LONG size = DocumentPropertiesW(nullptr, printer.handle(), nullptr, nullptr, nullptr, 0);
@@ -30,7 +30,7 @@ DevModeBytes Made(const OpenedPrinter& printer, const std::string& name, DevMode
     return DevModeBytes(std::move(bytes), what);
 }
 
-// Takes one of the printer's papers, as a program does when its user chooses one.
+// Sets one of the printer's papers, as a program does when its user chooses one.
 void SetStock(DevModeBytes& settings, const std::string& printer, const std::string& name) {
     const Json papers = AllCapabilities(printer);
     const Json& names = papers["paper_names"];
@@ -43,7 +43,7 @@ void SetStock(DevModeBytes& settings, const std::string& printer, const std::str
         const DWORD fields = settings.get()->dmFields;
         SetField(settings, "dmPaperWidth", size[0].dump());
         SetField(settings, "dmPaperLength", size[1].dump());
-        // Only the user's own paper is known by its size.
+        // Only the user's own paper is identified by its size.
         if (number != DMPAPER_USER) settings.get()->dmFields = fields;
         const WideString form = ToWide(paper).substr(0, CCHFORMNAME - 1);
         SetField(settings, "dmFormName", ToUtf8(form.data(), form.size()));

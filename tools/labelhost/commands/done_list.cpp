@@ -11,7 +11,7 @@ DoneList::DoneList(const std::string& path)
     file_.open(PathOf(path), std::ios::binary | std::ios::app);
     if (!file_) throw FileFault("cannot write", path);
     std::string line;
-    // A line without its end was being written when the program was killed: it is no printer's.
+    // A line without an end was being written when the program was killed, and is ignored.
     for (const char c : ReadBytes("cannot read", path)) {
         if (c == '\n')
             printers_.insert(std::exchange(line, {}));

@@ -1,4 +1,4 @@
-// A file with a line for each printer that some work has done, so that the work can go on later.
+// A file with a line for each printer that is done, so that interrupted work can be resumed later.
 #pragma once
 
 #include <fstream>
@@ -7,13 +7,13 @@
 
 class DoneList {
 public:
-    // Reads the file's lines; makes the file when there is none. Nothing is kept in a file when
-    // `path` is empty. Throws Fault when the file cannot be read or written.
+    // Reads the file's lines; makes the file if it is missing. Uses no file if `path` is empty.
+    // Throws Fault if the file cannot be read or written.
     explicit DoneList(const std::string& path);
 
     bool Has(const std::string& printer) const { return printers_.count(printer) != 0; }
 
-    // Is in the file when it returns. Throws Fault.
+    // The printer is in the file when this returns. Throws Fault.
     void Add(const std::string& printer);
 
 private:

@@ -14,7 +14,7 @@
 
 namespace {
 
-constexpr const char* kUsage =
+constexpr const char* kFontsUsage =
     "fonts list|verify|resend PRINTER, fonts add PRINTER FAMILY, fonts delete PRINTER FILE";
 
 constexpr struct {
@@ -141,9 +141,13 @@ void Add(const OpenSettings& settings, const Arguments& arguments) {
     Put(font.file, arguments.Get("file", ""), "the name");
 
     const auto download = settings.Export<decltype(&DAL_Font_Download)>("DAL_Font_Download");
-    if (!download(settings.handle(), &font))
-        throw Fault("font '" + arguments[2] + "' cannot be sent to '" + arguments[1] +
-                    "': is it installed, and does the printer take it so?");
+    SetLastError(ERROR_SUCCESS);
+    if (!download(settings.handle(), &font)) {
+        const bool too_large = GetLastError() == ERROR_BAD_LENGTH;
+        throw Fault("font '" + arguments[2] + "' cannot be sent to '" + arguments[1] + "': " +
+                    (too_large ? "its characters are too large in this size"
+                               : "is it installed, and does the printer take it so?"));
+    }
     if (arguments.Has("json"))
         PrintJson(JsonOf(font));
     else
@@ -160,7 +164,7 @@ void Delete(const OpenSettings& settings, const Arguments& arguments) {
                     "' (labelhost fonts list has their names)");
     const auto remove = settings.Export<decltype(&DAL_Font_Delete)>("DAL_Font_Delete");
     if (!remove(settings.handle(), static_cast<int>(found - fonts.begin())))
-        throw Fault("this user may not delete fonts of '" + arguments[1] + "'");
+        throw Fault("fonts of '" + arguments[1] + "' cannot be changed by this user");
 }
 
 } // namespace
@@ -168,21 +172,24 @@ void Delete(const OpenSettings& settings, const Arguments& arguments) {
 void FontsCommand(const Words& words) {
     const Arguments arguments(words, {"bitmap", "characters", "weight", "memory", "file"},
                               {"italic", "json"});
-    arguments.RequireCount(2, 3, kUsage);
+    arguments.RequireCount(2, 3, kFontsUsage);
     const std::string& what = arguments[0];
     const bool named = what == "add" || what == "delete";
     if (!named && what != "list" && what != "verify" && what != "resend")
         throw UsageFault("fonts are listed, verified, sent again, added or deleted, not '" + what +
                          "'");
-    arguments.RequireCount(named ? 3 : 2, named ? 3 : 2, kUsage);
+    arguments.RequireCount(named ? 3 : 2, named ? 3 : 2, kFontsUsage);
     const OpenSettings settings(arguments[1]);
     if (what == "add") return Add(settings, arguments);
     if (what == "delete") return Delete(settings, arguments);
     if (what == "verify" &&
         !settings.Export<decltype(&DAL_Fonts_Verify)>("DAL_Fonts_Verify")(settings.handle()))
         throw Fault("printer '" + arguments[1] + "' does not answer");
+    SetLastError(ERROR_SUCCESS);
     if (what == "resend" &&
         !settings.Export<decltype(&DAL_Fonts_Resend)>("DAL_Fonts_Resend")(settings.handle()))
-        throw Fault("this user may not send fonts to '" + arguments[1] + "'");
+        throw Fault(GetLastError() == ERROR_BAD_LENGTH
+                        ? "some fonts are too large to be sent to '" + arguments[1] + "'"
+                        : "fonts of '" + arguments[1] + "' cannot be changed by this user");
     Show(settings, arguments.Has("json"));
 }

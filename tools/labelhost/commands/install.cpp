@@ -18,7 +18,7 @@
 
 namespace {
 
-constexpr const char* kUsage =
+constexpr const char* kInstallUsage =
     "install PRINTER --model NAME | --list FILE  [--oem CODE] [--port PORT] [--product DIR] "
     "[--progress]";
 
@@ -39,7 +39,7 @@ void AddPrinter(const NewPrinter& printer, const Model& model, const DriverFiles
     info.pDriverName = driver.data();
     info.pPrintProcessor = processor.data();
     info.pDatatype = data_type.data();
-    // The port is one that the printer can answer on.
+    // The printer can answer on this port.
     info.Attributes = PRINTER_ATTRIBUTE_LOCAL | PRINTER_ATTRIBUTE_ENABLE_BIDI;
     info.Priority = 1;
     const HANDLE handle = AddPrinterW(nullptr, 2, reinterpret_cast<BYTE*>(&info));
@@ -57,10 +57,10 @@ public:
         : product_(arguments.Get("product", DefaultProductFolder()))
         , oem_(arguments.Get("oem", "")) {}
 
-    // Throws Fault when there is no such model, or none under that brand.
+    // Throws Fault if there is no such model, or no driver files for its brand.
     void Check(const std::string& model) const { FilesOf(product_.FindModel(model)); }
 
-    // The model's own spelling of its name.
+    // Answers the model's own spelling of its name.
     const std::string& Install(const NewPrinter& printer) {
         const Model& model = product_.FindModel(printer.model);
         const DriverFiles files = FilesOf(model);
@@ -79,8 +79,8 @@ private:
     std::set<std::string> drivers_; // installed so far
 };
 
-// A printer's line: its name, its model and, in place of the usual one, its port, with tabs between
-// them. Lines that are empty or begin with # say nothing.
+// A printer's line holds its name, its model and, optionally, its port in place of the usual one,
+// separated by tabs. Lines that are empty or start with # are skipped.
 std::vector<NewPrinter> ReadList(const std::string& file, const std::string& port) {
     std::ifstream in(PathOf(file), std::ios::binary);
     if (!in) throw FileFault("cannot read", file);
@@ -98,7 +98,7 @@ std::vector<NewPrinter> ReadList(const std::string& file, const std::string& por
         printers.push_back(
             {fields[0], fields[1], fields.size() > 2 && !fields[2].empty() ? fields[2] : port});
     }
-    if (in.bad()) throw FileFault("cannot read", file); // a folder, for one
+    if (in.bad()) throw FileFault("cannot read", file); // for example, a folder
     return printers;
 }
 
@@ -109,7 +109,7 @@ void InstallOne(Installer& installer, const NewPrinter& printer) {
     std::printf("%s: %s on %s\n", printer.name.c_str(), model.c_str(), printer.port.c_str());
 }
 
-// What is there already was installed by a run that was interrupted.
+// A printer that already exists was installed by an interrupted run.
 void InstallUnlessThere(Installer& installer, const NewPrinter& printer) {
     if (!PrinterExists(printer.name)) return InstallOne(installer, printer);
     const PrinterFacts facts = FactsOf(printer.name);
@@ -139,7 +139,7 @@ void InstallCommand(const Words& words) {
     const Arguments arguments(words, {"model", "list", "oem", "port", "product"}, {"progress"});
     const bool one = arguments.Has("model"), many = arguments.Has("list");
     if (one == many || arguments.size() != (one ? 1 : 0))
-        throw UsageFault(std::string("usage: labelhost ") + kUsage);
+        throw UsageFault(std::string("usage: labelhost ") + kInstallUsage);
 
     const std::string port = arguments.Get("port", "FILE:");
     Installer installer(arguments);

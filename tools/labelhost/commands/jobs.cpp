@@ -11,7 +11,7 @@
 
 namespace {
 
-// Where the spooler of the printer's machine keeps its jobs.
+// The folder in which the spooler of the printer's machine keeps its jobs.
 std::string SpoolFolder(const PrinterFacts& printer) {
     WideString server = ToWide(printer.server);
     HANDLE handle = nullptr;
@@ -67,7 +67,7 @@ void ControlJob(const OpenedPrinter& printer, const Arguments& arguments, const 
                           GetLastError());
 }
 
-// Sixteen bytes a line: where they are, their values, and the characters among them.
+// Prints sixteen bytes per line: their offset, their values, and the characters among them.
 void PrintBytes(const std::vector<BYTE>& bytes) {
     for (size_t at = 0; at < bytes.size(); at += 16) {
         std::string values, characters;

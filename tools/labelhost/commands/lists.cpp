@@ -21,7 +21,7 @@ void ListCommand(const Words& words) {
             printer = FactsOf(name);
         } catch (const Fault& fault) {
             if (PrinterExists(name)) progress.Failed(fault.what());
-            continue; // it was removed meanwhile
+            continue; // removed in the meantime
         }
         if (arguments.Has("json"))
             list.push_back({{"name", printer.name},

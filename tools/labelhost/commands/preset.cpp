@@ -18,7 +18,7 @@ constexpr size_t kContainerHeader = 12; // "ZLIB" and two lengths
 constexpr uint32_t kMostBytes = 0x100000;
 constexpr size_t kRecordHeader = 8; // "DM32" and the DEVMODE's size
 
-// The bytes behind blob text, unpacked by the driver; none when it is damaged.
+// The bytes of a blob's text, unpacked by the driver; empty if it is damaged.
 std::vector<BYTE> Unpacked(const OpenSettings& settings, const std::string& text) {
     const auto decode = settings.Export<decltype(&X16_Base64_Decode)>("X16_Base64_Decode");
     const auto unpack = settings.Export<decltype(&X16_LZ77_Decode)>("X16_LZ77_Decode");

@@ -5,10 +5,10 @@
 
 #include <string>
 
-// The document settings that a preset of the printer stands for; its name matches without regard to
-// case. Throws Fault when there is none of that name.
+// The document settings of a preset of the printer; its name matches without regard to case. Throws
+// Fault if there is no such preset.
 DevModeBytes PresetOf(const std::string& printer, const std::string& name);
 
-// Gives the printer a preset of that name, in place of one that it has. Throws Fault when the name
-// is none: empty, with blanks around it or with control characters in it.
+// Gives the printer a preset of that name, replacing an existing one. Throws Fault if the name is
+// invalid: empty, with blanks around it or with control characters in it.
 void SavePreset(const std::string& printer, const std::string& name, const DevModeBytes& settings);

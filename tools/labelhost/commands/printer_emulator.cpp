@@ -18,7 +18,7 @@ uint16_t PortFrom(const std::string& text) {
     return static_cast<uint16_t>(port);
 }
 
-// Whoever reads the output wants it while the emulator runs.
+// Readers want the output while the emulator runs.
 void Tell(const std::string& line) {
     std::printf("%s\n", line.c_str());
     std::fflush(stdout);

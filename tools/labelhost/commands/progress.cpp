@@ -17,7 +17,7 @@ Progress::~Progress() {
 }
 
 void Progress::Next() {
-    std::fflush(stdout); // what is done is told before the next one begins
+    std::fflush(stdout); // report what is done before the next one starts
     Show();
     if (Interruption::Came())
         throw Fault("interrupted: " + doing_ + ' ' + std::to_string(begun_) + " of " +
@@ -37,7 +37,7 @@ void Progress::Finish() {
                     " printers could not be done");
 }
 
-// A hundred lines are enough where nothing can be written over.
+// A hundred lines are enough if lines cannot be overwritten.
 void Progress::Show() {
     if (!shown_) return;
     const size_t step = terminal_ ? 1 : std::max<size_t>(1, total_ / 100);

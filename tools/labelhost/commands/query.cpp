@@ -12,7 +12,7 @@
 
 namespace {
 
-// What a person is shown of a printer: identification, status, memory, files, configuration.
+// The usual questions: identification, status, memory, files, configuration.
 constexpr const char* kUsualQuestions = "527";
 
 struct Answers {

@@ -126,7 +126,7 @@ std::string TypeText(DWORD type) {
     return std::to_string(type);
 }
 
-// Text and numbers as a person reads them, everything else in hexadecimal.
+// Texts and numbers in readable form, everything else in hexadecimal.
 std::string DataText(const Json& entry) {
     const DWORD type = entry["type"].get<DWORD>();
     const std::string hex = entry["data"].get<std::string>();

@@ -1,4 +1,4 @@
-// labelhost settings: settings files, written and read by the driver.
+// labelhost settings: has the driver write and read settings files.
 #include "arguments.h"
 #include "commands/commands.h"
 #include "commands/done_list.h"
@@ -18,7 +18,7 @@
 
 namespace {
 
-// What the printer has now.
+// The printer's current settings.
 SettingsText Now(const OpenSettings& settings, int contents) {
     return SettingsText(ExportedSettings(settings, contents & ~DAL_SETTINGS_OPTIONS));
 }
@@ -42,7 +42,7 @@ Json CountedJson(const SettingsText& text, int contents) {
 void ExportTo(const Arguments& arguments, int contents) {
     const std::string& printer = arguments[1];
     const std::string& file = arguments[2];
-    // Written aside: a file that is there stays until there is another.
+    // Written aside, so that an old file stays until the new one is complete.
     const FileAside aside(file);
     CallWithFile(OpenSettings(printer), "DAL_Settings_Export", aside.name(), contents);
     std::error_code error;
@@ -56,14 +56,14 @@ void ExportTo(const Arguments& arguments, int contents) {
         std::printf("%s: %s\n", file.c_str(), Counted(text, contents).c_str());
 }
 
-// A settings file that has something of what is wanted, which `text` counts.
+// A settings file that has something of what is wanted; `text` counts its contents.
 struct WantedSettings {
     const std::string& file;
     const SettingsText& text;
     int contents;
 };
 
-// Has the driver read the file, and tells what the printer had and has.
+// Has the driver read the file, and reports what the printer had before and has now.
 Json Import(const std::string& printer, const WantedSettings& wanted, bool json) {
     const auto& [file, text, contents] = wanted;
     const std::string model = FactsOf(printer).driver;
@@ -89,7 +89,7 @@ Json Import(const std::string& printer, const WantedSettings& wanted, bool json)
     return {};
 }
 
-// Keeps the drivers of all printers so far loaded, with what they know of the models.
+// Keeps the drivers of all printers so far loaded, with what they know about the models.
 class LoadedDrivers {
 public:
     void Keep(const std::string& printer) {

@@ -13,8 +13,6 @@ void CallWithFile(const OpenSettings& settings, const char* function, const std:
 
 void ImportSettings(const OpenSettings& settings, const std::string& file, int contents) {
     CallWithFile(settings, "DAL_Settings_Import", file, contents);
-    if (GetLastError() == ERROR_ACCESS_DENIED)
-        throw Fault("this user may not change the settings of '" + settings.printer() + "'");
     settings.Export<void(WINAPI*)(HANDLE)>("DAL_Settings_Save")(settings.handle());
     if (GetLastError() != NO_ERROR)
         throw Fault("cannot store the settings of '" + settings.printer() + "'");

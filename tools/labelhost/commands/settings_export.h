@@ -10,9 +10,9 @@
 void CallWithFile(const OpenSettings& settings, const char* function, const std::string& file,
                   int contents);
 
-// Has the driver import a settings file and store what it then has. Throws Fault when the user may
-// not and when it cannot be stored.
+// Has the driver import a settings file and store the result. Throws Fault if the user may not, or
+// if it cannot be stored.
 void ImportSettings(const OpenSettings& settings, const std::string& file, int contents);
 
-// What the printer has now: the text of a settings file.
+// The printer's current settings as the text of a settings file.
 std::string ExportedSettings(const OpenSettings& settings, int contents);

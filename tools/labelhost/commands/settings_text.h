@@ -1,4 +1,4 @@
-// What a settings file holds.
+// The contents of a settings file.
 #pragma once
 
 #include <string>
@@ -7,16 +7,16 @@
 struct SettingsKind {
     int content;           // its DAL_SETTINGS_ bit
     const char* name;      // as --only and JSON call it
-    const char* words;     // as people call several of them
-    const char* block;     // the line that begins one
-    const char* signature; // of a binary file of old drivers; empty when there is none
+    const char* words;     // the plural, for people
+    const char* block;     // the line that starts one
+    const char* signature; // of a binary file of old drivers; empty if there is no such file
 };
 
 inline constexpr int kSettingsKindCount = 5;
 extern const SettingsKind kSettingsKinds[kSettingsKindCount]; // options last
 
-// The contents that a list of names with commas between them asks for, all for an empty one. Throws
-// UsageFault for an unknown name.
+// The contents in a comma-separated list of names; all of them for an empty list. Throws UsageFault
+// for an unknown name.
 int ContentsOf(const std::string& names);
 
 class SettingsText {
@@ -26,14 +26,14 @@ public:
     // The contents that the file can have: any for text, one for a binary file, 0 for other files.
     int Contents() const { return contents_; }
 
-    // How many blocks of a kind are in the text.
+    // The number of blocks of a kind in the text.
     int Count(const SettingsKind& kind) const { return counts_[&kind - kSettingsKinds]; }
 
-    // Whether there are options, and whether they are a model's.
+    // True if there are options, and if they are a model's.
     bool HasOptions() const { return !models_.empty(); }
     bool HasOptionsOf(const std::string& model) const;
 
-    // Whether the file begins with the byte order mark of UTF-8.
+    // True if the file starts with the byte order mark of UTF-8.
     bool HasMark() const { return mark_; }
 
 private:

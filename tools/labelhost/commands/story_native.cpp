@@ -20,7 +20,7 @@ namespace {
 
 constexpr size_t kLineLength = 96;
 
-// A word as a shell takes it.
+// A word quoted for a shell.
 std::string Quoted(const std::string& word) {
     const bool plain = word.find_first_of(" \\'\"$*&;<>|()") == std::string::npos && !word.empty();
     return plain ? word : "'" + word + "'";
@@ -44,7 +44,7 @@ public:
         if (ends_[1] >= 0) close(ends_[1]);
         ends_[1] = -1;
     }
-    // Everything, until the other side is done.
+    // Reads everything until the other side is done.
     std::string ReadAll() const {
         std::string all;
         std::array<char, 65536> piece;
@@ -61,7 +61,7 @@ private:
     std::array<int, 2> ends_ = {-1, -1};
 };
 
-// What labelhost prints with these words. Throws Fault when it fails; it has said why itself.
+// What labelhost prints with these words. Throws Fault if it fails; it has said why itself.
 std::string OutputOf(std::vector<std::string> words) {
     words.insert(words.begin(), "labelhost");
     std::vector<char*> argv;

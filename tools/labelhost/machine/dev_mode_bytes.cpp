@@ -10,10 +10,10 @@
 
 namespace {
 
-constexpr size_t kLargest = 2 * size_t{0xFFFF};
+constexpr size_t kLargestDevMode = 2 * size_t{0xFFFF};
 constexpr size_t kTail = 8;
 constexpr size_t kUserCommands = 1024;
-constexpr size_t kLengthAt = 1024; // of the configuration, in itself
+constexpr size_t kLengthAt = 1024; // offset of the configuration's own length
 
 size_t Number16(const BYTE* at) {
     return at[0] | static_cast<size_t>(at[1]) << 8;
@@ -22,7 +22,7 @@ size_t Number16(const BYTE* at) {
 } // namespace
 
 DevModeBytes DevModeBytes::ReadFrom(const std::string& path) {
-    const std::string bytes = ReadBytes("cannot read", path, kLargest);
+    const std::string bytes = ReadBytes("cannot read", path, kLargestDevMode);
     return DevModeBytes(std::vector<BYTE>(bytes.begin(), bytes.end()), "'" + path + "'");
 }
 
@@ -47,9 +47,9 @@ DevModeBytes::Part DevModeBytes::Configuration() const {
     const DEVMODEW& mode = *get();
     if (!mode.dmSpecVersion || !mode.dmDriverVersion || mode.dmDriverExtra < kTail) return {};
     const BYTE* tail = bytes_.data() + bytes_.size() - kTail;
-    size_t size = Number16(tail + 6); // with the tail
+    size_t size = Number16(tail + 6); // including the tail
     if (std::memcmp(tail, "kvk", 3) != 0 || size < kTail || size > mode.dmDriverExtra) return {};
-    if (size < kUserCommands) size += kUserCommands; // which it does not count
+    if (size < kUserCommands) size += kUserCommands; // which it does not include
     if (size > mode.dmDriverExtra || size < kLengthAt + 2 + kTail) return {};
     const size_t offset = bytes_.size() - size;
     if (Number16(At(offset + kLengthAt)) > size - kTail) return {};

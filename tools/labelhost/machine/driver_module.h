@@ -1,18 +1,18 @@
-// The configuration module of a printer's driver, loaded for calls that the spooler has no function
-// for.
+// The configuration module of a printer's driver, loaded for calls for which the spooler has no
+// function.
 #pragma once
 
 #include "machine/printer.h"
 
 class DriverModule {
 public:
-    // Throws Fault when it cannot be loaded.
+    // Throws Fault if it cannot be loaded.
     explicit DriverModule(const std::string& printer);
     ~DriverModule();
     DriverModule(const DriverModule&) = delete;
     DriverModule& operator=(const DriverModule&) = delete;
 
-    // An exported function. Throws Fault when there is none of that name.
+    // An exported function. Throws Fault if there is no such function.
     template <class Function>
     Function Export(const char* name) const {
         return reinterpret_cast<Function>(reinterpret_cast<void (*)()>(Find(name)));

@@ -11,7 +11,7 @@
 
 namespace {
 
-// A machine that has no printers yet lacks the folder for drivers: each level is made in turn.
+// A machine without printers lacks the folder for drivers, so each level is made in turn.
 void MakeFolders(const WideString& path) {
     for (size_t at = path.find(TEXT('\\')); at != WideString::npos;
          at = path.find(TEXT('\\'), at + 1))
@@ -30,9 +30,9 @@ WideString DriverFolder() {
     return folder.data();
 }
 
-// Copies one file of the product into the driver folder: under a name of this process's own first,
-// then over its place, so that a copy that fails leaves the old file and another process that
-// installs at the same time is not disturbed. Answers the new file's path.
+// Copies one file of the product into the driver folder: first under a name unique to this process,
+// which is then renamed, so that a failed copy leaves the old file and does not disturb another
+// process that installs at the same time. Answers the new file's path.
 WideString StageFile(const std::string& product, const std::string& file,
                      const WideString& folder) {
     const std::string source = product + "/" + file;
@@ -92,7 +92,7 @@ void AddDriver(const Installation& product, const Model& model, const DriverFile
                                    APD_COPY_ALL_FILES | APD_COPY_FROM_DIRECTORY) != FALSE;
     };
     bool added = add();
-    // A spooler that does not take the status monitor for a language monitor does without.
+    // A spooler that does not accept the status monitor as a language monitor does without.
     if (!added && info.pMonitorName) {
         info.pMonitorName = nullptr;
         added = add();
@@ -100,7 +100,7 @@ void AddDriver(const Installation& product, const Model& model, const DriverFile
     if (!added) throw SystemFault("cannot add driver '" + model.name + "'", GetLastError());
 }
 
-// A file of the host or of this machine, read from its start; closed when it goes.
+// A file of the host or of this machine, read from its start; closed by the destructor.
 class ReadFrom {
 public:
     explicit ReadFrom(const WideString& path)
@@ -114,7 +114,7 @@ public:
 
     explicit operator bool() const { return file_ != INVALID_HANDLE_VALUE; }
 
-    // The next bytes into `piece`, none at the end. False when they cannot be read.
+    // Reads the next bytes into `piece`, which is empty at the end. False if they cannot be read.
     bool Next(std::vector<BYTE>& piece) {
         DWORD read = 0;
         piece.resize(kPiece);
@@ -138,7 +138,7 @@ bool SameBytes(const WideString& one, const WideString& other) {
     return true;
 }
 
-// Whether an installed file is this one of the product; none is none.
+// True if an installed file is the same as this one of the product, or if neither exists.
 bool SameFile(const Installation& product, const std::string& file, LPCWSTR installed) {
     const std::string path = ToUtf8(installed);
     if (file.empty() || path.empty()) return file.empty() && path.empty();

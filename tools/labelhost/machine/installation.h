@@ -1,5 +1,5 @@
-// The installation file of the product (zplui.inf): which printers there are and which files the
-// driver of each needs.
+// The installation file of the product (zplui.inf): the printers, and the files that the driver of
+// each needs.
 #pragma once
 
 #include <string>
@@ -7,8 +7,8 @@
 
 struct Model {
     std::string name;         // also the name of its driver
-    std::string manufacturer; // brand under which it is listed
-    std::string oem;          // OEM code of the brand's driver files
+    std::string manufacturer; // the brand under which it is listed
+    std::string oem;          // the OEM code of the brand's driver files
     std::string hardware_id;
 };
 
@@ -17,12 +17,12 @@ struct DriverFiles {
     std::string driver, config, data, help;
     std::vector<std::string> dependent;
     std::string default_data_type;
-    std::string monitor; // its library without the ending
+    std::string monitor; // its library without the extension
 };
 
 class Installation {
 public:
-    // Reads DIR/zplui.inf. Throws Fault when it cannot be read.
+    // Reads DIR/zplui.inf. Throws Fault if it cannot be read.
     explicit Installation(const std::string& product_folder);
 
     const std::string& folder() const { return folder_; }
@@ -31,10 +31,10 @@ public:
     // In the order of the file.
     const std::vector<Model>& models() const { return models_; }
 
-    // Throws Fault when the product has no such model; the name matches without regard to case.
+    // Throws Fault if the product has no such model. The name matches without regard to case.
     const Model& FindModel(const std::string& name) const;
 
-    // Throws Fault when the product has no driver files for that OEM code.
+    // Throws Fault if the product has no driver files for that OEM code.
     DriverFiles FilesOf(const std::string& oem) const;
 
 private:
@@ -52,6 +52,5 @@ private:
     std::vector<Model> models_;
 };
 
-// Where the product lies when --product does not say: the folder "product" beside the folder of
-// this program.
+// The product's folder if there is no --product: "product" beside the folder of this program.
 std::string DefaultProductFolder();

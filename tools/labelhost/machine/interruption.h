@@ -3,8 +3,8 @@
 
 #include <cstdio>
 
-// While it exists an interruption (Ctrl-C, or another way of asking a program to end) is only
-// noted; a second one ends the program at once. There is one at a time.
+// While this object exists, an interruption (Ctrl-C, or another request to end) is only noted; a
+// second one ends the program at once. Only one object may exist at a time.
 class Interruption {
 public:
     Interruption();
@@ -12,9 +12,9 @@ public:
     Interruption(const Interruption&) = delete;
     Interruption& operator=(const Interruption&) = delete;
 
-    // Whether there was one since this object was made.
+    // True if there was one since this object was made.
     static bool Came();
 };
 
-// Whether a stream is a terminal, where a line can be written over.
+// True if a stream is a terminal, where a line can be overwritten.
 bool IsTerminal(std::FILE* stream);

@@ -10,7 +10,7 @@ namespace {
 
 std::atomic<bool> g_interrupted = false;
 
-// The system calls this on a thread of its own; what is not handled ends the program.
+// The system calls this on a thread of its own. FALSE ends the program.
 BOOL WINAPI Note(DWORD) {
     return !g_interrupted.exchange(true);
 }

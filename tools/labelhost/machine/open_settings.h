@@ -1,4 +1,4 @@
-// A printer's settings, open in its driver; closing saves them.
+// A printer's settings, open in its driver. Closing saves them.
 #pragma once
 
 #include "fault.h"
@@ -22,7 +22,7 @@ public:
     HANDLE handle() const { return handle_; }
     const std::string& printer() const { return printer_; }
 
-    // An exported function of the driver. Throws Fault when there is none of that name.
+    // An exported function of the driver. Throws Fault if there is no such function.
     template <class Function>
     Function Export(const char* name) const {
         return driver_.Export<Function>(name);

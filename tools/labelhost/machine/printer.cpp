@@ -10,7 +10,7 @@ PrinterFacts FactsIn(const PRINTER_INFO_2W& info) {
             ToUtf8(info.pServerName)};
 }
 
-// With small letters a to z.
+// The text with the letters a to z in lower case.
 WideString Folded(WideString text) {
     for (WCHAR& unit : text)
         if (unit >= TEXT('A') && unit <= TEXT('Z')) unit += TEXT('a') - TEXT('A');
@@ -19,7 +19,7 @@ WideString Folded(WideString text) {
 
 bool Matches(const WideString& name, const WideString& pattern) {
     size_t at = 0, in = 0;
-    size_t star = WideString::npos, behind_star = 0; // the last * and where the name goes on
+    size_t star = WideString::npos, behind_star = 0; // the last *, and where the name goes on
     while (at < name.size()) {
         if (in < pattern.size() && pattern[in] == TEXT('*')) {
             star = in++;

@@ -11,8 +11,8 @@
 #include <string>
 #include <vector>
 
-// The record of a call with the spooler's two-step protocol: ask for the size, then for the record.
-// `call(buffer, size, needed)`; throws the Fault `what` when it fails.
+// The record from a call with the spooler's two-step protocol: ask for the size, then for the
+// record. `call(buffer, size, needed)` makes the call. Throws the Fault `what` if it fails.
 template <class Call>
 std::vector<BYTE> Record(const std::string& what, Call call) {
     DWORD needed = 0;
@@ -28,7 +28,7 @@ std::vector<BYTE> Record(const std::string& what, Call call) {
 
 class OpenedPrinter {
 public:
-    // Throws Fault when there is no such printer or `access` is denied.
+    // Throws Fault if there is no such printer or `access` is denied.
     OpenedPrinter(const std::string& name, ACCESS_MASK access);
     ~OpenedPrinter();
     OpenedPrinter(const OpenedPrinter&) = delete;
@@ -50,12 +50,12 @@ WideString ConfigFileOf(const OpenedPrinter& printer, const std::string& name);
 // The names of all printers of this machine and its connections, in the spooler's order.
 std::vector<std::string> PrinterNames();
 
-// The printer of that name or, when there is none and the name has * or ? in it, all printers whose
+// The printer of that name or, if there is none and the name contains * or ?, all printers whose
 // names match, without regard to the case of the letters a to z: * stands for any characters, ? for
-// one. Throws Fault when there is none.
+// one. Throws Fault if no printer matches.
 std::vector<std::string> PrintersNamed(const std::string& pattern);
 
 bool PrinterExists(const std::string& name);
 
-// Throws Fault when there is no such printer.
+// Throws Fault if there is no such printer.
 PrinterFacts FactsOf(const std::string& name);

@@ -9,20 +9,20 @@
 
 #include <memory>
 
-// An object of the component; given back with its owner.
+// An object of the component, released with its owner.
 struct Releaser {
     void operator()(IUnknown* object) const { object->Release(); }
 };
 template <class Interface>
 using ComObject = std::unique_ptr<Interface, Releaser>;
 
-// Throws the Fault `what` when a call of the component has failed.
+// Throws the Fault `what` if a call of the component has failed.
 inline void Require(HRESULT result, const char* what) {
     if (result == E_OUTOFMEMORY) throw Fault("not enough memory");
     if (FAILED(result)) throw Fault(what);
 }
 
-// The object that `make(&object)` delivers. Throws the Fault `what` when there is none.
+// The object that `make(&object)` delivers. Throws the Fault `what` if there is none.
 template <class Interface, class Make>
 ComObject<Interface> Made(const char* what, Make make) {
     Interface* object = nullptr;
@@ -30,10 +30,10 @@ ComObject<Interface> Made(const char* what, Make make) {
     return ComObject<Interface>(object);
 }
 
-// The component. Objects that it made are to be destroyed before it.
+// The component. Destroy the objects that it made before it.
 class Imaging {
 public:
-    // Throws Fault when the system has none.
+    // Throws Fault if the system does not have it.
     Imaging()
         : factory_(
               Made<IWICImagingFactory>("this system has no imaging component", [](auto** made) {
@@ -44,7 +44,7 @@ public:
     IWICImagingFactory* operator->() const { return factory_.get(); }
 
 private:
-    // The thread's use of components.
+    // Initializes components for the thread.
     struct Components {
         Components()
             : result(CoInitializeEx(nullptr, COINIT_MULTITHREADED)) {}

@@ -17,7 +17,7 @@ std::string Reason() {
     return errno == ENOENT ? "no such file" : std::generic_category().message(errno);
 }
 
-// The bytes of a file that begins like a PNG file: others may have no end.
+// The bytes of a file that starts like a PNG file. Other files, such as devices, may have no end.
 std::string BytesOf(const std::string& file) {
     std::ifstream in(PathOf(file), std::ios::binary);
     if (!in) throw Fault(Reason());
@@ -49,7 +49,7 @@ void WritePicture(const std::string& file, const Picture& picture) {
     const std::string what = "cannot write picture";
     std::error_code ignored;
     const auto kind = fs::status(PathOf(file), ignored).type();
-    // Renaming would put a file in the place of a device.
+    // Renaming would replace a device with a file.
     if (kind != fs::file_type::not_found && kind != fs::file_type::regular)
         throw Fault(what + " '" + file + "': not a plain file");
     const FileAside aside(file);

@@ -1,8 +1,8 @@
-// How the reader and the writer of PNG files leave libpng when something is wrong.
+// How the reader and the writer of PNG files get out of libpng when something is wrong.
 //
-// libpng jumps out of its depths, past everything between there and the last setjmp. So a function
-// that calls setjmp has nothing to destroy, nor has a callback when it calls png_error, and the
-// object that owns libpng's structures and everything else is made by the caller.
+// libpng jumps from its depths to the last setjmp, past everything in between. So neither a
+// function that calls setjmp nor a callback that calls png_error may have anything to destroy, and
+// the caller makes the object that owns libpng's structures and everything else.
 #pragma once
 
 #include <png.h>

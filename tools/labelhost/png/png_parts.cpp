@@ -10,7 +10,7 @@ namespace {
 constexpr size_t kMostColors = 256;
 constexpr uint32_t kBlack = 0, kWhite = 0xFFFFFF;
 
-// A deflated byte never stands for more.
+// A deflated byte never expands to more.
 constexpr uint64_t kMostInflation = 1032;
 
 uint32_t ColorAt(const uint8_t* pixel) {
@@ -30,7 +30,7 @@ void RequirePictureFits(uint32_t width, uint32_t height, uint64_t rows_size, siz
     if (std::max(width, height) > static_cast<uint32_t>(max_side))
         throw Fault(std::to_string(width) + " x " + std::to_string(height) + " pixels, more than " +
                     std::to_string(max_side) + " on a side");
-    // The header alone must not make us take memory.
+    // A header by itself must not make us allocate memory.
     if (rows_size > kMostInflation * file_size) throw Fault("the file ends early");
     if (uint64_t{width} * height > SIZE_MAX / 4) throw Fault("too large for this machine");
 }

@@ -7,7 +7,7 @@
 
 namespace {
 
-// A fuzzer does not find checksums.
+// A fuzzer cannot guess checksums.
 #ifdef FUZZING_BUILD_MODE_UNSAFE_FOR_PRODUCTION
 constexpr bool kFuzzing = true;
 #else
@@ -27,7 +27,7 @@ public:
     Decoder(const Decoder&) = delete;
     Decoder& operator=(const Decoder&) = delete;
 
-    // False when the file is not sound: Error() says why.
+    // False if the file is damaged; Error() says why.
     bool ReadHeader() {
         if (!info_ || setjmp(png_jmpbuf(png_))) return false;
         png_set_user_limits(png_, PNG_UINT_31_MAX, PNG_UINT_31_MAX);
@@ -41,7 +41,7 @@ public:
     uint32_t Height() const { return png_get_image_height(png_, info_); }
     uint64_t DecodedSize() const { return uint64_t{Height()} * png_get_rowbytes(png_, info_); }
 
-    // Reads the pixels as blue, green, red and alpha. False when the file is not sound.
+    // Reads the pixels as blue, green, red and alpha. False if the file is damaged.
     bool ReadRows(uint8_t** rows) {
         if (setjmp(png_jmpbuf(png_))) return false;
         png_set_expand(png_);

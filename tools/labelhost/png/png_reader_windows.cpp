@@ -9,7 +9,7 @@
 namespace {
 
 constexpr size_t kHeaderSize = 13;
-constexpr size_t kAtOnce = 0x40000000; // bytes of pixels that are asked for
+constexpr size_t kAtOnce = 0x40000000; // bytes of pixels to ask for
 constexpr const char* kDamaged = "the picture is damaged";
 
 uint32_t BigEndian(const uint8_t* at) {
@@ -19,11 +19,11 @@ uint32_t BigEndian(const uint8_t* at) {
 
 struct Header {
     uint32_t width, height;
-    uint64_t rows_size; // of all rows as they are before deflation
+    uint64_t rows_size; // of all rows before deflation
 };
 
 Header HeaderFrom(const uint8_t* data) {
-    static const uint8_t samples[] = {1, 0, 3, 1, 2, 0, 4}; // by the colour type
+    static const uint8_t samples[] = {1, 0, 3, 1, 2, 0, 4}; // by colour type
     const Header header = {BigEndian(data), BigEndian(data + 4), 0};
     const uint8_t depth = data[8], type = data[9];
     if (!header.width || !header.height || type >= sizeof samples || !samples[type] || depth > 16 ||
@@ -33,8 +33,8 @@ Header HeaderFrom(const uint8_t* data) {
     return {header.width, header.height, row_size * header.height};
 }
 
-// Walks through the parts of a file. The component is content with the first rows of a file, and
-// does not say what is wrong with one. Throws Fault when a part is cut off or its sum is wrong.
+// Checks all parts of a file, because the component accepts a file that only has its first rows and
+// does not say what is wrong with one. Throws Fault if a part is cut off or its checksum is wrong.
 Header CheckFile(const uint8_t* data, size_t size) {
     RequirePngSignature(data, size);
     Header header = {};
@@ -54,7 +54,7 @@ Header CheckFile(const uint8_t* data, size_t size) {
     }
 }
 
-// How many samples of 16 bits a pixel of that format has; 0 for other formats.
+// The number of 16-bit samples in a pixel of that format; 0 for other formats.
 size_t WideSamples(const GUID& format) {
     if (format == GUID_WICPixelFormat16bppGray) return 1;
     if (format == GUID_WICPixelFormat48bppRGB) return 3;
@@ -66,7 +66,7 @@ uint8_t Rounded(uint16_t sample) {
     return static_cast<uint8_t>((uint32_t{sample} * 255 + 32895) >> 16);
 }
 
-// Pixels of `samples` samples become blue, green, red and alpha of 8 bits.
+// Turns pixels of `samples` samples into blue, green, red and alpha of 8 bits.
 void Narrow(const std::vector<uint16_t>& wide, size_t samples, uint8_t* out) {
     for (size_t i = 0; i + samples <= wide.size(); i += samples) {
         for (size_t c = 0; c < 3; ++c) *out++ = Rounded(wide[samples == 1 ? i : i + 2 - c]);
@@ -74,7 +74,7 @@ void Narrow(const std::vector<uint16_t>& wide, size_t samples, uint8_t* out) {
     }
 }
 
-// The pixels of some rows, as many as `rows` takes of `row_size` bytes each.
+// Copies the pixels of `count` rows into `rows`, `row_size` bytes each.
 void CopyRows(IWICBitmapSource& source, const Picture& picture, int y, int count, void* rows,
               size_t row_size) {
     const WICRect part = {0, y, picture.width, count};
@@ -108,7 +108,7 @@ Picture DecodePicture(const uint8_t* data, size_t size, int max_side) {
     Require(frame->GetSize(&width, &height), kDamaged);
     if (width != header.width || height != header.height) throw Fault(kDamaged);
 
-    // What has 16 bits is brought to 8 here: the component would cut off the lower ones.
+    // 16 bits are reduced to 8 here, as the component would cut off the lower ones.
     const size_t samples = WideSamples(format);
     const auto narrow = Made<IWICBitmapSource>(kDamaged, [&](auto** made) {
         return WICConvertBitmapSource(samples ? format : GUID_WICPixelFormat32bppBGRA, frame.get(),

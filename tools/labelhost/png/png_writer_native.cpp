@@ -25,7 +25,7 @@ public:
     Encoder(const Encoder&) = delete;
     Encoder& operator=(const Encoder&) = delete;
 
-    // False when the stream takes no more or memory is short.
+    // False if the stream takes no more or memory is short.
     bool Write() {
         if (!info_ || setjmp(png_jmpbuf(png_))) return false;
         png_set_write_fn(png_, this, Take, Flush);

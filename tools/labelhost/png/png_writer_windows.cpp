@@ -23,7 +23,7 @@ const GUID& FormatOf(const PngColors& colors) {
     }
 }
 
-// Numbers of fewer bits than a byte share one, the first in the upper bits.
+// Packs numbers of fewer than 8 bits into bytes, the first in the upper bits.
 void Pack(std::vector<uint8_t>& row, size_t width, int depth) {
     const size_t in_byte = static_cast<size_t>(8 / depth);
     for (size_t at = 0; in_byte > 1 && at < width; at += in_byte) {
@@ -74,7 +74,7 @@ std::string EncodePicture(const std::string& file, const Picture& picture) try {
     Require(frame->Initialize(nullptr), kTakesNoMore);
     Require(frame->SetSize(static_cast<UINT>(picture.width), static_cast<UINT>(picture.height)),
             kTakesNoMore);
-    // The codec may have to choose another format than it is asked for.
+    // The codec may choose another format than the one asked for.
     const GUID wanted = FormatOf(colors);
     GUID format = wanted;
     Require(frame->SetPixelFormat(&format), kTakesNoMore);

@@ -1,0 +1,95 @@
+// The numbers of the texts in the language libraries that the module uses.
+#pragma once
+
+enum TextNumber : int {
+    TEXT_NONE = 0,
+
+    // ---- Units.
+    TEXT_CENTIMETRES = 471,
+    TEXT_DOTS_PER_INCH = 472,
+    TEXT_DOTS_PER_MILLIMETRE = 473,
+    TEXT_INCHES = 479,
+    TEXT_MILS = 481,
+    TEXT_MILLIMETRES = 482,
+    TEXT_POINTS = 484,
+
+    // ---- Languages that a system may not be able to show, and the question before one is chosen.
+    TEXT_JAPANESE = 1275,
+    TEXT_SIMPLIFIED_CHINESE = 1278,
+    TEXT_TRADITIONAL_CHINESE = 1279,
+    TEXT_CZECH = 1286,
+    TEXT_POLISH = 1287,
+    TEXT_KOREAN = 1288,
+    TEXT_THAI = 1289,
+    TEXT_HUNGARIAN = 1290,
+    TEXT_GREEK = 1291,
+    TEXT_TURKISH = 1292,
+    TEXT_LANGUAGE_WARNING = 1299,
+    TEXT_RUSSIAN = 1300,
+
+    // ---- What a font is downloaded as, and the sets of characters that it can be limited to.
+    TEXT_TRUETYPE_DOWNLOAD = 1901,
+    TEXT_BITMAP_DOWNLOAD = 1902,
+    TEXT_ALL_CHARACTERS = 1910,
+    TEXT_ASCII = 1911,
+    TEXT_CAPITALS_NUMBERS = 1912,
+    TEXT_CAPITALS_PUNCTUATION = 1913,
+    TEXT_CAPITALS = 1914,
+    TEXT_NUMBERS = 1915,
+    TEXT_AMOUNTS = 1916,
+    TEXT_CAPITALS_NUMBERS_PUNCTUATION = 1917,
+
+    // ---- Printer actions.
+    TEXT_TEST_LABEL = 2401,
+    TEXT_CHARACTER_TEST = 2404,
+    TEXT_BLANK_LABEL = 2405,
+    TEXT_CONFIGURATION_LABEL = 2406,
+    TEXT_LIST_FONTS = 2407,
+    TEXT_LIST_FORMATS = 2408,
+    TEXT_LIST_GRAPHICS = 2409,
+    TEXT_LIST_ALL = 2410,
+    TEXT_LIST_BUILT_IN_FONTS = 2411,
+    TEXT_LIST_BUILT_IN_BAR_CODES = 2412,
+    TEXT_SENSOR_PROFILE = 2413,
+    TEXT_INFORMATION = 2450,
+    TEXT_FEED = 2451,
+    TEXT_CUT = 2452,
+    TEXT_RESET = 2453,
+    TEXT_CALIBRATE = 2454,
+    TEXT_FACTORY_SETTINGS = 2457,
+    TEXT_LABEL_LENGTH = 2458,
+    TEXT_SEND_FILE = 2464,
+    TEXT_MEMORY = 2467,
+    TEXT_CACHE = 2483,
+    TEXT_CLEAR_CACHE = 2484,
+    TEXT_PRINTER_OPTIONS = 2485,
+    TEXT_RFID_OPTIONS = 2487,
+    TEXT_POWER_MANAGEMENT = 2488,
+
+    // ---- The kinds of objects that are kept in the printer.
+    TEXT_CACHED_FORMAT = 2511,
+    TEXT_CACHED_GRAPHIC = 2512,
+
+    // ---- The built-in presets.
+    TEXT_CURRENT_SETTINGS = 4102,
+    TEXT_DEFAULT_SETTINGS = 4103,
+    TEXT_ABOUT_CURRENT_SETTINGS = 4104,
+    TEXT_ABOUT_DEFAULT_SETTINGS = 4105,
+
+    // "Y" or "N": whether the properties open on their last page.
+    TEXT_START_ON_LAST_PAGE = 9990,
+
+    // ---- The memories of a printer, by their letters.
+    TEXT_MEMORY_R = 10430,
+    TEXT_MEMORY_E = 10431,
+    TEXT_MEMORY_B = 10432,
+    TEXT_MEMORY_A = 10433,
+
+    // ---- Jobs that concern a printer's battery, and the question that asks for its state.
+    TEXT_DISCHARGE_BATTERY = 10492,
+    TEXT_POWER_QUERY_JOB = 10494,
+    TEXT_POWER_QUERY = 10495,
+
+    // A font in the printer that this driver did not download.
+    TEXT_UNKNOWN_FONT = 10530,
+};
