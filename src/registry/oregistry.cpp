@@ -280,7 +280,7 @@ OString ORegistry::GetString(const OString& name, const OString& default_value) 
 
 bool ORegistry::CanStore(const OString& value) {
     value.wstring(); // the form that is stored
-    return (static_cast<uint32_t>(value.wlen()) + 1) * sizeof(WCHAR) <= MaxStringBytes;
+    return (static_cast<uint32_t>(value.wlen()) + 1) * sizeof(WCHAR) <= kMaxStringBytes;
 }
 
 bool ORegistry::SetMultiString(const OString& name, const OStringArray& values) {
