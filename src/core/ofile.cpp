@@ -1,5 +1,7 @@
 #include "core/ofile.h"
 
+#include <algorithm>
+
 #include "core/memory.h"
 
 OFile::OFile() = default;
@@ -112,11 +114,14 @@ bool OFile::ReadLine(OString& line) {
             if (count == 0) break;
             ahead_end_ = count;
         }
-        while (ahead_at_ < ahead_end_ && !line_ended) {
-            const char c = ahead_[ahead_at_++];
-            text << c;
-            line_ended = c == '\n';
-        }
+        // Up to the end of the line, or to a NUL, which no text can hold.
+        const char* const start = ahead_ + ahead_at_;
+        const char* const limit = ahead_ + ahead_end_;
+        const char* const end =
+            std::find_if(start, limit, [](char c) { return c == 0 || c == '\n'; });
+        line_ended = end != limit && *end == '\n';
+        text.Insert(text.nlen(), start, static_cast<int>(end - start) + (line_ended ? 1 : 0));
+        ahead_at_ = static_cast<int32_t>(end - ahead_) + (end != limit ? 1 : 0);
     }
     if (text.GetLength() == 0) return false;
     text.TrimRight("\r\n");

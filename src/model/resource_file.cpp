@@ -58,6 +58,7 @@ OResourceFile::~OResourceFile() {
 
 bool OResourceFile::Load(const OString& path) {
     OSingleLock lock(&lock_, true);
+    const AllocationWatch memory;
     // Opening a missing file would create it.
     if (!OFile::Exists(path)) return false;
     OFile file(path, OFILE_READ | OFILE_SHARE_READ);
@@ -74,10 +75,10 @@ bool OResourceFile::Load(const OString& path) {
             used += static_cast<uint32_t>(count);
         }
     }
-    whole_ = !file.HasFailed();
     Parse(bytes.GetData(), used);
     path_ = path.OwnCopy();
     modified_ = false;
+    whole_ = !file.HasFailed() && !memory.Failed();
     return true;
 }
 

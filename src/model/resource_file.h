@@ -72,7 +72,8 @@ public:
     // Appends a resource, which the file then owns. Null is ignored. Nothing is written to disk.
     void Add(OResource* resource);
 
-    // Whether the last Load could read everything. A missing file counts as read.
+    // Whether the last Load could read everything and had the memory for it. A missing file counts
+    // as read.
     bool WasReadWhole() const { return whole_; }
 
     // Whether resources were added since the file was loaded.

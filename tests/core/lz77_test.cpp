@@ -93,15 +93,4 @@ TEST(CompressedContainer, RespectsTheRoomThatTheCallerHas) {
     EXPECT_EQ(length, size);
 }
 
-TEST(CompressedContainer, FitsTheRoomThatIsPromisedToSuffice) {
-    std::mt19937 random(5);
-    for (uint32_t size = 0; size < 3000; size += 1 + size / 7) {
-        std::string bytes;
-        for (uint32_t i = 0; i < size; ++i) bytes.push_back(static_cast<char>(random()));
-        uint32_t length = size + (size + 999) / 1000 + 24;
-        OBuffer<char> out(length);
-        EXPECT_TRUE(LZ77::Encode(bytes.data(), size, out.GetData(), &length)) << size;
-    }
-}
-
 } // namespace

@@ -180,15 +180,4 @@ TEST_F(FileTest, SeeksOverWhatWasWritten) {
     EXPECT_EQ(Contents("data.bin"), "012x456789");
 }
 
-TEST_F(FileTest, KnowsItsNameAndDeletes) {
-    const OString path("C:\\dir\\list.txt");
-    WriteFile("dir\\list.txt", "");
-    EXPECT_STREQ(OFile(path, OFILE_READ).GetFileName().nstring(), "list.txt");
-    EXPECT_FALSE(OFile::Exists(OString("C:\\dir"))) << "a folder is no file";
-    EXPECT_TRUE(OFile::Exists(path));
-    EXPECT_TRUE(OFile::Delete(path));
-    EXPECT_FALSE(OFile::Delete(path));
-    EXPECT_FALSE(OFile::Exists(path));
-}
-
 } // namespace

@@ -87,17 +87,6 @@ TEST(DitherAdjustment, IsExactAtItsEnds) {
     }
 }
 
-TEST(DitherAdjustment, WeighsTheChannelsForGrey) {
-    const struct {
-        uint8_t blue, green, red, grey;
-    } cases[] = {{0, 0, 255, 76}, {0, 255, 0, 140}, {255, 0, 0, 38}, {255, 255, 255, 255}};
-    for (const auto& c : cases) {
-        Image image = Flat(1, 1, c.blue, c.green, c.red);
-        Record(image, 1, 1, ImageDither::MONOCHROME, true).Dither();
-        EXPECT_THAT(image, ElementsAre(c.grey >= 128 ? 1 : 0, c.grey, c.grey));
-    }
-}
-
 TEST(DitherAdjustment, MirrorsBeforeScreening) {
     // White where the pattern's threshold is below 100: in the first column of the first row and
     // the second column of the second row.
@@ -107,28 +96,6 @@ TEST(DitherAdjustment, MirrorsBeforeScreening) {
     record.config.flags = dithercfg::FLAG_MIRROR;
     record.Dither();
     EXPECT_THAT(FirstBytes(image), ElementsAre(255, 0, 0, 0));
-}
-
-TEST(DitherAdjustment, KeepsTheMiddleColumnAndRowWhereItMirrors) {
-    const auto mirrored = [](int16_t flags) {
-        Image image;
-        for (uint8_t i = 0; i < 9; ++i) image.insert(image.end(), {0, i, uint8_t(i + 100)});
-        ImageDither record = Record(image, 3, 3, ImageDither::COLOR, true);
-        record.config.flags = flags;
-        record.Dither();
-        Image green;
-        for (size_t i = 1; i < image.size(); i += 3) green.push_back(image[i]);
-        return green;
-    };
-    EXPECT_THAT(mirrored(1), ElementsAre(2, 1, 0, 5, 4, 3, 8, 7, 6));
-    EXPECT_THAT(mirrored(2), ElementsAre(6, 7, 8, 3, 4, 5, 0, 1, 2));
-    EXPECT_THAT(mirrored(3), ElementsAre(8, 7, 6, 5, 4, 3, 2, 1, 0));
-}
-
-TEST(DitherThresholding, TurnsTheMiddleOn) {
-    Image image = {127, 128, 255};
-    Record(image, 1, 1, ImageDither::COLOR).Dither();
-    EXPECT_THAT(image, ElementsAre(0, 255, 255));
 }
 
 TEST(DitherThresholding, NamesTheInksOfColors) {
@@ -167,27 +134,6 @@ TEST(DitherOrdered, MovesThePatternByTheOrigin) {
         record.Dither();
         EXPECT_EQ(FirstBytes(image), c.white) << c.x << " " << c.y;
     }
-}
-
-TEST(DitherOrdered, UsesEveryThresholdOfAMatrixOnce) {
-    // Of k * k pixels of one grey, as many are white as thresholds are below it.
-    const struct {
-        int16_t algorithm, matrix;
-        int size, scale;
-    } cases[] = {{1, 0, 2, 64}, {1, 1, 4, 16}, {1, 2, 8, 4}, {2, 0, 2, 64},
-                 {2, 1, 4, 16}, {2, 2, 6, 7},  {2, 3, 8, 4}};
-    for (const auto& c : cases)
-        for (int grey = 0; grey < 256; grey += 5) {
-            Image image = Grey(c.size, c.size, static_cast<uint8_t>(grey));
-            ImageDither record = Record(image, c.size, c.size, ImageDither::MONOCHROME, true);
-            record.config.algorithm = c.algorithm;
-            record.config.dispersed_matrix = record.config.clustered_matrix = c.matrix;
-            record.Dither();
-            int white = 0;
-            for (uint8_t byte : FirstBytes(image)) white += byte;
-            EXPECT_EQ(white, std::min((grey + c.scale - 1) / c.scale, c.size * c.size))
-                << c.algorithm << " " << c.matrix << " grey " << grey;
-        }
 }
 
 TEST(DitherAlgebraic, ComputesItsPatternFromTheSequence) {
@@ -231,29 +177,6 @@ TEST(DitherDiffusion, TruncatesEveryShareOfTheError) {
     EXPECT_THAT(green, ElementsAre(0, 100, 43, 18, 46, 39));
 }
 
-TEST(DitherDiffusion, SendsTheErrorStraightDownInOneColumn) {
-    Image image = {64, 64, 64, 0, 0, 0};
-    ImageDither record = Record(image, 1, 2, ImageDither::COLOR, true);
-    record.config.algorithm = dithercfg::ALGORITHM_DIFFUSION;
-    record.Dither();
-    EXPECT_EQ(image[4], 64 * 5 / 16);
-    Image other = {64, 64, 64, 0, 0, 0, 0, 0, 0};
-    ImageDither jarvis = Record(other, 1, 3, ImageDither::COLOR, true);
-    jarvis.config.algorithm = dithercfg::ALGORITHM_DEVICE;
-    jarvis.config.diffusion_kernel = 1;
-    jarvis.Dither();
-    EXPECT_EQ(other[4], 64 * 7 / 48);
-    EXPECT_EQ(other[7], 64 * 5 / 48 + (64 * 7 / 48) * 7 / 48);
-}
-
-TEST(DitherDiffusion, SpreadsOneByteOfAGreyPixel) {
-    Image image = Grey(3, 1, 100);
-    ImageDither record = Record(image, 3, 1, ImageDither::MONOCHROME, true);
-    record.config.algorithm = dithercfg::ALGORITHM_DIFFUSION;
-    record.Dither();
-    EXPECT_THAT(image, ElementsAre(0, 100, 100, 1, 100, 100, 0, 100, 100));
-}
-
 TEST(DitherPalette, TakesRedFirstAndGivesBlueFirst) {
     Image image = {10, 20, 240};
     ImageDither record = Record(image, 1, 1, ImageDither::PALETTE);
@@ -293,18 +216,6 @@ TEST(DitherPalette, PassesOverEntriesThatRepeatTheNearest) {
     }
 }
 
-TEST(DitherPalette, OfOneColorScreensToThatColor) {
-    for (int16_t algorithm = 0; algorithm <= 5; ++algorithm) {
-        Image image = Grey(20, 4, 200);
-        ImageDither record = Record(image, 20, 4, ImageDither::PALETTE);
-        const uint32_t entry = Rgb(7, 7, 7);
-        record.SetPalette(&entry, 1);
-        record.config.algorithm = algorithm;
-        record.Dither();
-        EXPECT_THAT(image, Each(7)) << algorithm;
-    }
-}
-
 TEST(DitherPalette, IgnoresCountsThatItHasNoRoomFor) {
     ImageDither record;
     const uint32_t entries[17] = {Rgb(1, 2, 3, 4)};
@@ -316,30 +227,6 @@ TEST(DitherPalette, IgnoresCountsThatItHasNoRoomFor) {
     record.SetPalette(Palette());
     EXPECT_EQ(record.palette_count, 16);
     EXPECT_THAT(record.palette[0], ElementsAre(1, 2, 3, 4));
-}
-
-TEST(DitherSmooth, ShowsTheTextureInFiveLevels) {
-    Image image = Grey(40, 30, 128);
-    ImageDither record = Record(image, 40, 30, ImageDither::MONOCHROME);
-    record.config.algorithm = dithercfg::ALGORITHM_DIFFUSION;
-    record.DitherSmooth();
-    EXPECT_THAT(image, Each(testing::AnyOf(0, 63, 127, 191, 255)));
-    int64_t sum = 0;
-    for (uint8_t byte : image) sum += byte;
-    EXPECT_NEAR(static_cast<double>(sum) / static_cast<double>(image.size()), 128, 4);
-}
-
-TEST(DitherSmooth, IgnoresOriginAndRowSize) {
-    Image image = Grey(4, 4, 100), moved = image;
-    ImageDither record = Record(image, 4, 4, ImageDither::MONOCHROME);
-    record.config.algorithm = dithercfg::ALGORITHM_DISPERSED;
-    record.DitherSmooth();
-    ImageDither other = record;
-    other.SetBitmap(moved.data(), 4, 4, INT32_MIN);
-    other.origin_x = other.origin_y = 1;
-    other.DitherSmooth();
-    EXPECT_THAT(image, Each(127)); // two of every four dots
-    EXPECT_EQ(moved, image);
 }
 
 TEST(DitherRecord, TakesSettingsThatNobodyChecked) {
@@ -425,29 +312,6 @@ TEST(DitherRecord, TakesTheLongestRowsAndColumns) {
         record.Dither();
         EXPECT_THAT(FirstBytes(high), Each(1));
     }
-}
-
-TEST(DitherRecord, IsSetUpByItsOperations) {
-    ImageDither record;
-    EXPECT_EQ(record.pixels, nullptr);
-    EXPECT_EQ(record.origin_x, 0);
-    EXPECT_EQ(record.origin_y, 0);
-    uint8_t pixel[3];
-    record.SetBitmap(pixel, 5, 7, 0);
-    EXPECT_EQ(record.row_size, 15);
-    record.SetBitmap(pixel, 5, 7, -16);
-    EXPECT_EQ(record.row_size, -16);
-    EXPECT_EQ(record.pixels, pixel);
-    EXPECT_EQ(record.width, 5);
-    EXPECT_EQ(record.height, 7);
-    record.SetColorMode(3, true);
-    EXPECT_EQ(record.color_mode, 3);
-    EXPECT_EQ(record.index_output, 1);
-    dithercfg config;
-    config.Reset();
-    config.reserved = 12;
-    record.SetDither(config);
-    EXPECT_EQ(std::memcmp(&record.config, &config, sizeof(config)), 0);
 }
 
 } // namespace

@@ -117,17 +117,6 @@ TEST_F(KeyMap, OfAnUnknownPrinterHasEmptyNames) {
     EXPECT_FALSE(map.SetPrinterDataW("v", REG_BINARY, &byte, 1));
 }
 
-TEST_F(KeyMap, IsCopiedWithItsPrinter) {
-    AddDock();
-    prtreg map(PrinterInfo("Dock3"));
-    map.SetShadow(true);
-    prtreg copy(map);
-    EXPECT_STREQ(copy.GetPrinterName().nstring(), "Dock3");
-    EXPECT_STREQ(copy.GetOEM().nstring(), "qv");
-    EXPECT_TRUE(copy.SetInt("Settings:v", 1));
-    EXPECT_EQ(map.GetInt("Settings:v", 0), 1);
-}
-
 TEST_F(ShadowTree, HoldsTheKeysOfAConnection) {
     Connect("SRV1");
     prtreg map("\\\\SRV1\\Dock3");

@@ -32,20 +32,10 @@ protected:
         return end;
     }
 
-    std::string Name(size_t slot, size_t room) const {
-        std::string text;
-        const auto* units = reinterpret_cast<const WCHAR*>(output_.data()) + slot * room;
-        size_t i = 0;
-        for (; i < room && units[i]; ++i) text += static_cast<char>(units[i]);
-        EXPECT_LT(i, room) << "not terminated";
-        for (; i < room; ++i) EXPECT_EQ(units[i], 0) << "not padded";
-        return text;
-    }
-
     template <class T>
-    T Value(size_t offset = 0) const {
+    T Value() const {
         T value;
-        std::memcpy(&value, output_.data() + offset, sizeof value);
+        std::memcpy(&value, output_.data(), sizeof value);
         return value;
     }
 
@@ -85,56 +75,5 @@ TEST_F(PrinterModelCapabilities, OfPaperStayWithinSixteenBits) {
         EXPECT_EQ(Ask(DC_MAXEXTENT), largest);
         EXPECT_EQ(Value<uint32_t>(), largest);
         EXPECT_EQ(AskForNumber(DC_MAXEXTENT), largest);
-    }
-}
-
-TEST_F(PrinterModelCapabilities, OfBinsSheetsAndNamesFillOneSlotEach) {
-    Install({});
-    EXPECT_EQ(Ask(DC_BINS), 1u);
-    EXPECT_EQ(Written(), 2u);
-    EXPECT_EQ(Value<uint16_t>(), DMBIN_USER);
-    EXPECT_EQ(Ask(DC_NUP), 1u);
-    EXPECT_EQ(Written(), 4u);
-    EXPECT_EQ(Value<uint32_t>(), 1u);
-    EXPECT_EQ(Ask(DC_BINNAMES), 1u);
-    EXPECT_EQ(Written(), 24 * sizeof(WCHAR));
-    EXPECT_EQ(Name(0, 24), "Internal Spool");
-    EXPECT_EQ(Ask(DC_PERSONALITY), 1u);
-    EXPECT_EQ(Written(), 32 * sizeof(WCHAR));
-    EXPECT_EQ(Name(0, 32), "ZPL");
-    EXPECT_EQ(Ask(DC_FILEDEPENDENCIES), 2u);
-    EXPECT_EQ(Written(), 2 * 64 * sizeof(WCHAR));
-    EXPECT_EQ(Name(0, 64), "zplrender.dll");
-    EXPECT_EQ(Name(1, 64), "zplvenu.dll");
-    for (WORD capability : {WORD{DC_BINS}, WORD{DC_NUP}, WORD{DC_BINNAMES}, WORD{DC_PERSONALITY}})
-        EXPECT_EQ(AskForNumber(capability), 1u);
-    EXPECT_EQ(AskForNumber(DC_FILEDEPENDENCIES), 2u);
-}
-
-TEST_F(PrinterModelCapabilities, OfResolutionsArePairs) {
-    Install({.model = "Resolution=203,300x600\n"});
-    EXPECT_EQ(AskForNumber(DC_ENUMRESOLUTIONS), 2u);
-    EXPECT_EQ(Ask(DC_ENUMRESOLUTIONS), 2u);
-    EXPECT_EQ(Written(), 16u);
-    const int32_t expected[] = {203, 203, 300, 600};
-    for (size_t i = 0; i < 4; ++i) EXPECT_EQ(Value<int32_t>(4 * i), expected[i]);
-}
-
-TEST_F(PrinterModelCapabilities, OfADevModeAreReadFromIt) {
-    Install({});
-    DEVMODEW dev_mode = {};
-    dev_mode.dmFields = 0x12345678;
-    dev_mode.dmSize = 220;
-    dev_mode.dmDriverExtra = 1000;
-    dev_mode.dmSpecVersion = 0x401;
-    dev_mode.dmDriverVersion = 0x607;
-    const std::pair<uint16_t, uint32_t> cases[] = {{DC_FIELDS, 0x12345678},
-                                                   {DC_SIZE, 220},
-                                                   {DC_EXTRA, 1000},
-                                                   {DC_VERSION, 0x401},
-                                                   {DC_DRIVER, 0x607}};
-    for (const auto& [capability, expected] : cases) {
-        EXPECT_EQ(Model()->DeviceCapabilitiesW(capability, nullptr, &dev_mode), expected);
-        EXPECT_EQ(AskForNumber(capability), NOT_SUPPORTED);
     }
 }

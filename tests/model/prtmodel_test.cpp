@@ -107,29 +107,6 @@ TEST_F(PrinterModel, AnswersWhetherItCan) {
     }
 }
 
-TEST_F(PrinterModel, AnswersNumbersAndMasks) {
-    Install({.model = "Color=yes\nColor.Spot=2\nColor.Spectrum=32\nColor.DefaultState=Color\n"
-                      "Resolution=300x600\n",
-             .drawing = "Transform.Orientation=270\nTransform.MapResolution=72\n"
-                        "Line.Thickness.Maximum=10\nBox.Thickness.Maximum=20\n",
-             .method = "Copies.Limit=99\n",
-             .font = "Download.Bitmap=yes\nDownload.Bitmap.Orientation=90\n"});
-    auto model = Model();
-    for (const uint32_t mask : {0x01u, 0x82u}) EXPECT_TRUE(model->ColorSupport(mask));
-    for (const uint32_t mask : {0x7Eu, 0xFFFFFF00u}) EXPECT_FALSE(model->ColorSupport(mask));
-    const int numbers[] = {model->GetDefaultColorState(), model->GetXResolution(),
-                           model->GetYResolution(),       model->GetNaturalOrientation(),
-                           model->GetMapResolution(),     model->GetMaxLineThickness(),
-                           model->GetMaxBoxThickness(),   model->GetMaxCopies()};
-    EXPECT_THAT(numbers, testing::ElementsAre(2, 300, 600, 3, 72, 10, 20, 99));
-    for (const int rotation : {-1, 0, 1, 2})
-        EXPECT_EQ(model->DownloadFontRotation(rotation), rotation == 1) << rotation;
-    DitherCapabilities dither = {9, 9};
-    model->GetDitherCapabilities(dither);
-    EXPECT_EQ(dither.own_dithering, 0u);
-    EXPECT_EQ(dither.algorithm, 2u);
-}
-
 TEST_F(PrinterModel, AddsAndRemovesFontGroupsAndKeepsTheList) {
     Install({.font = "Fonts=FontGroup:A.pfg,,FontGroup:B.pfg"});
     prtreg registry = Registry();

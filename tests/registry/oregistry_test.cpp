@@ -38,12 +38,6 @@ std::vector<std::string> Utf8(const OStringArray& names) {
     return result;
 }
 
-bool Has(const OStringArray& texts, const OString& text) {
-    for (int i = 0; i < texts.GetSize(); ++i)
-        if (texts[i] == text) return true;
-    return false;
-}
-
 using Names = std::vector<std::string>;
 
 } // namespace
@@ -115,32 +109,6 @@ TEST_F(RegistryNames, SubstitutionKnowsRootsAndPlaceholders) {
     }
 }
 
-TEST_F(RegistryNames, OfEveryKindComeBackAsTheyWere) {
-    const WCHAR* names[] = {
-        TEXT("plain"),        TEXT("a/b"),          TEXT("a//b"),
-        TEXT("a:b::c"),       TEXT("100%"),         TEXT("%2F"),
-        TEXT("%25/%3A:"),     TEXT("%252F%2F/"),    TEXT("\u0141\u20AC/\u65E5:%"),
-        TEXT("[x]"),          TEXT(" \"quoted\" "), TEXT("\xD83D\xDE00"),
-        TEXT("caf\u00E9%E9"),
-    };
-    const int count = static_cast<int>(sizeof names / sizeof *names);
-    for (int i = 0; i < count; ++i) {
-        const OString encoded = ORegistry::EncodeName(names[i]);
-        EXPECT_TRUE(registry.SetInt(OString("USER:Keys/") << encoded << "/" << encoded, i));
-        EXPECT_TRUE(registry.SetInt(OString("USER:Values/") << encoded, i));
-    }
-    OStringArray keys;
-    OStringArray values;
-    ASSERT_EQ(registry.EnumKeys("USER:Keys", keys), count);
-    ASSERT_EQ(registry.EnumValues("USER:Values", values), count);
-    for (int i = 0; i < count; ++i) {
-        EXPECT_TRUE(Has(keys, names[i])) << i;
-        EXPECT_TRUE(Has(values, names[i])) << i;
-        const OString encoded = ORegistry::EncodeName(names[i]);
-        EXPECT_EQ(registry.GetInt(OString("USER:Keys/") << encoded << "/" << encoded, -1), i);
-    }
-}
-
 TEST_F(RegistryNames, CanBeShownInWindowsNotation) {
     const std::pair<const char*, const char*> cases[] = {
         {"LOCAL:a//b", "HKEY_LOCAL_MACHINE\\SOFTWARE\\Valdrick\\Drivers\\a/b"},
@@ -163,31 +131,6 @@ TEST_F(RegistryValues, AreReadByTheirSizeWhateverTheirType) {
         EXPECT_EQ(registry.GetByte("USER:V", 9), size == 1 ? 1 : 9) << size;
         EXPECT_EQ(registry.GetSize("USER:V"), static_cast<int32_t>(size));
     }
-}
-
-TEST_F(RegistryValues, HaveTheTypeOfTheOperationThatWroteThem) {
-    OStringArray list;
-    list.Add("one");
-    registry.SetString("USER:T/String", "x");
-    registry.SetMultiString("USER:T/List", list);
-    registry.SetDWORD("USER:T/Number", 0x80000000);
-    registry.SetInt("USER:T/Int", -2);
-    registry.SetByte("USER:T/Byte", 200);
-    const std::tuple<const char*, uint32_t, uint32_t> cases[] = {{"USER:T/String", REG_SZ, 4},
-                                                                 {"USER:T/List", REG_MULTI_SZ, 10},
-                                                                 {"USER:T/Number", REG_DWORD, 4},
-                                                                 {"USER:T/Int", REG_BINARY, 4},
-                                                                 {"USER:T/Byte", REG_BINARY, 1}};
-    for (const auto& [name, expected_type, expected_size] : cases) {
-        uint32_t size = 0;
-        uint32_t type = 0;
-        ASSERT_TRUE(registry.GetInfo(name, &size, &type)) << name;
-        EXPECT_EQ(type, expected_type) << name;
-        EXPECT_EQ(size, expected_size) << name;
-    }
-    EXPECT_EQ(registry.GetInt("USER:T/Number", 0), INT32_MIN);
-    EXPECT_EQ(registry.GetInt("USER:T/Int", 0), -2);
-    EXPECT_EQ(registry.GetByte("USER:T/Byte", 0), 200);
 }
 
 TEST_F(RegistryValues, ThatAreStringsMayBeEmptyLackTheirTerminatorAndEndAt8192Bytes) {
@@ -382,13 +325,4 @@ TEST_F(RegistryDeletion, ByPatternKeepsTheKeyOfADefaultValue) {
     EXPECT_TRUE(registry.DeletePattern("1:Top/Key/*"));
     OStringArray names;
     EXPECT_EQ(registry.EnumValues("1:Top/Key", names), 0);
-}
-
-TEST(RegistryText, ReadsTwoHexadecimalCharactersAsAByte) {
-    const std::tuple<char, char, int> cases[] = {{'0', '0', 0},    {'9', 'f', 0x9F},
-                                                 {'A', 'F', 0xAF}, {'a', 'b', 0xAB},
-                                                 {'@', '0', 0x90}, {'0', 'o', 24}};
-    for (const auto& [high, low, byte] : cases) {
-        EXPECT_EQ(xtohex2(static_cast<WCHAR>(high), static_cast<WCHAR>(low)), byte) << high << low;
-    }
 }

@@ -161,18 +161,6 @@ TEST_F(RegistryTextForm, ReadsBackKeysWithTheirSubkeysLongNamesAndLongStrings) {
     EXPECT_EQ(registry.GetInt("1:T/end]/v", 0), 3);
 }
 
-TEST_F(RegistryImport, ReplacesAKeyWithAllBelowIt) {
-    registry.SetInt("1:T/old", 1);
-    registry.SetInt("1:T/sub/old", 1);
-    registry.SetInt("1:Other/v", 1);
-    Import({Head, "\"new\"=dword:00000002"});
-    OStringArray names;
-    EXPECT_EQ(registry.EnumKeys("1:T", names), 0);
-    ASSERT_EQ(registry.EnumValues("1:T", names), 1);
-    EXPECT_STREQ(names[0].nstring(), "new");
-    EXPECT_EQ(registry.GetInt("1:Other/v", 0), 1);
-}
-
 TEST_F(RegistryImport, DeletesTheKeyOfAHeaderWithADash) {
     registry.SetInt("1:T/sub/v", 1);
     registry.SetInt("1:Keep/v", 1);
@@ -216,24 +204,4 @@ TEST_F(RegistryImport, StoresEachTypeFromItsText) {
     EXPECT_EQ(ORegistry(registry).GetString("tail", ""), "x") << "the key stays the base";
     EXPECT_EQ(registry.GetSize("1:T/stray"), -1);
     EXPECT_EQ(registry.GetSize("1:T/after"), -1);
-}
-
-TEST_F(RegistryImport, SurvivesWhatIsNoRegistryText) {
-    const std::string long_name(10000, 'n');
-    Lines lines = {Head};
-    for (const char* line :
-         {"\"odd\"=hex:1", "\"odd2\"=hex:01,2", "\"bad\"=hex:zz,!!", "\"none\"=hex",
-          "\"short\"=dword:12", "\"\"", "\"", "=", "\"=", "\"x\"=", "\"x\"=\"", "\"x\"=\"\\",
-          "\"x\"=\"\\\"", "\"open", "hex:00", "\"list\"=hex(7):61", "\"list2\"=hex(7):", "\\\\\\"})
-        lines.emplace_back(line);
-    Import(lines);
-    EXPECT_EQ(registry.GetSize("1:T/odd"), 0) << "bytes that are not whole";
-    EXPECT_EQ(registry.GetSize("1:T/odd2"), 1);
-    Import({Head, "\"" + long_name + "\"=dword:00000001", "\"goes on\"=hex:01,"});
-    EXPECT_EQ(registry.GetInt(OString("1:T/") << long_name.c_str(), 0), 1);
-    EXPECT_EQ(registry.GetSize("1:T/goes on"), -1);
-    Import({"[", "[]", "\"2:SOFTWARE/v\"=\"x\"", "", "[HKEY_NOWHERE\\x]", "\"v\"=\"x\"", "",
-            "[HKEY_CURRENT_USER\\" + long_name + "]", "\"v\"=\"x\""});
-    EXPECT_EQ(registry.GetSize("2:SOFTWARE/v"), -1);
-    Import({});
 }

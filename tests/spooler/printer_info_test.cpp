@@ -172,14 +172,3 @@ TEST_F(PrinterInformation, NeedsFullAccessToSetTheDevMode) {
     EXPECT_EQ(printer.GetDevMode(), nullptr);
     ClosePrinter(handle);
 }
-
-TEST_F(PrinterInformation, TellsAConnectionFromALocalPrinter) {
-    OnServer("SRV1", [&] { AddDock(PRINTER_ATTRIBUTE_SHARED); });
-    WCHAR name[] = TEXT("\\\\SRV1\\Dock 3");
-    ASSERT_TRUE(AddPrinterConnectionW(name));
-    PrinterInfo printer((OString(name)));
-    EXPECT_FALSE(printer.IsLocal());
-    EXPECT_STREQ(printer.GetServerName().nstring(), "\\\\SRV1");
-    EXPECT_STREQ(printer.PrinterPart().nstring(), "Dock 3");
-    EXPECT_STREQ(printer.GetDataFile().nstring(), "ZPLQV.DDT");
-}
