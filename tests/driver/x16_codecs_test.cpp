@@ -21,7 +21,7 @@ TEST(ExportedCodecs, BringTheirInputBack) {
     EXPECT_EQ(X16_CRC32("6789", 4, X16_CRC32("12345", 5, 0)), 0xFC891918u);
 }
 
-TEST(ExportedCodecs, TolerateNullPointersOfNoLength) {
+TEST(ExportedHelpers, TolerateNullPointersOfNoLength) {
     uint32_t length = 7;
     X16_Base64_Encode(nullptr, 0, nullptr, &length);
     EXPECT_EQ(length, 0u);
@@ -38,6 +38,8 @@ TEST(ExportedCodecs, TolerateNullPointersOfNoLength) {
     EXPECT_TRUE(X16_LZ77_Decode(container, length, nullptr, &room));
     EXPECT_EQ(X16_CRC16(nullptr, 0, 3), 3);
     EXPECT_EQ(X16_CRC32(nullptr, 0, 3), 3u);
+    X16_ImageDither_Dither(nullptr);
+    X16_ImageDither_DitherSmooth(nullptr);
 }
 
 } // namespace
