@@ -7,9 +7,9 @@ target_compile_options(project_options INTERFACE
 # string, for overlapping copies.
 if(CMAKE_CXX_COMPILER_ID STREQUAL "GNU" AND CMAKE_CXX_COMPILER_VERSION VERSION_LESS 13)
     target_compile_options(project_options INTERFACE -Wno-restrict)
-    # It does not see that the last of several owners is the one who deletes, where it inlines two
-    # releases of one string.
-    target_compile_options(project_options INTERFACE -Wuse-after-free=1)
+    # Where it inlines two releases of one string it does not see that only the last owner deletes.
+    # AddressSanitizer, under which all tests run, reports what is really used after it was deleted.
+    target_compile_options(project_options INTERFACE -Wno-use-after-free)
 endif()
 
 if(ZPLUI_SANITIZER)
