@@ -33,6 +33,7 @@ void GetNotUnderstood(prtreg& registry, int last, OTypedArray<int>& numbers) {
 PresetList& PresetList::operator=(const PresetList& other) {
     NameList::operator=(other);
     StoredList::operator=(other);
+    some_unread_ = other.some_unread_;
     if (!CopyNodes(other)) KeepStored();
     return *this;
 }
@@ -42,9 +43,13 @@ void PresetList::Load(const prtmodel* model) {
     prtreg registry(model->GetRegistry());
     const ORegistryTransaction one_moment(registry, ORegistryTransaction::READING);
     PresetList stored;
+    some_unread_ = false;
     ForEachEntry(registry, kPresetsKey, 1, StoredTotal(registry), Preset::KeyName, [&](int i) {
         std::unique_ptr<Preset> preset(new (kCounted) Preset);
-        if (preset && preset->Load(registry, i)) stored.AddTail(preset.release());
+        if (preset && preset->Load(registry, i))
+            stored.AddTail(preset.release());
+        else
+            some_unread_ = true;
     });
     AddTail_ReplaceNames(stored);
     Sort();
@@ -53,10 +58,10 @@ void PresetList::Load(const prtmodel* model) {
 
 SaveResult PresetList::Save(const prtmodel* model) const {
     prtreg registry(model->GetRegistry());
-    return SaveChanges(registry, GetStoredCRC32(), [&] {
+    OTypedArray<int> kept;
+    const SaveResult result = SaveChanges(registry, GetStoredCRC32(), [&] {
         const int stored = StoredTotal(registry);
-        OTypedArray<int> kept;
-        GetNotUnderstood(registry, stored, kept);
+        if (some_unread_) GetNotUnderstood(registry, stored, kept);
         const auto is_kept = [&](int number) {
             return std::binary_search(kept.GetData(), kept.GetData() + kept.GetSize(), number);
         };
@@ -73,6 +78,8 @@ SaveResult PresetList::Save(const prtmodel* model) const {
             if (!is_kept(i)) Preset::Delete(registry, OString(kPresetsKey) << Preset::KeyName(i));
         });
     });
+    if (result == SaveResult::STORED) some_unread_ = kept.GetSize() > 0;
+    return result;
 }
 
 uint32_t PresetList::GetStoredCRC32() const {

@@ -69,4 +69,6 @@ private:
     // is no reason to write the others.
     uint32_t GetStoredCRC32() const;
     Preset* FindBuiltIn(uint32_t flag) const;
+
+    mutable bool some_unread_ = true; // stored presets may be there that are not in the list
 };
