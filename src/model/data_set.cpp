@@ -15,10 +15,13 @@ void ODataSet::SetTable(const OString& name) {
 
 ODataTable* ODataSet::CurrentTable() {
     if (current_) return current_;
+    const AllocationWatch memory;
     const OString key = table_ + ":" + section_;
     if (tables_.Lookup(key, current_)) return current_;
     auto* table = new (kCounted) ODataTable(file_, table_, section_);
-    if (table && !tables_.Set(key, table)) {
+    // Without memory the table may be incomplete, or there already under a key that could not be
+    // compared.
+    if (table && (memory.Failed() || !tables_.Set(key, table))) {
         delete table;
         table = nullptr;
     }

@@ -18,12 +18,14 @@ OString OPropertySet::GetString(const OString& name, const OString& default_valu
 }
 
 void OPropertySet::SetString(const OString& name, const OString& value) {
+    const AllocationWatch memory;
     if (OProperty* property = Find(name)) {
         property->value = value;
         return;
     }
+    // Without memory it may be there all the same.
     auto* property = new (kCounted) OProperty{value};
-    if (property && !properties_.Set(name, property)) delete property;
+    if (property && (memory.Failed() || !properties_.Set(name, property))) delete property;
 }
 
 int32_t OPropertySet::GetInt(const OString& name, int32_t default_value) const {

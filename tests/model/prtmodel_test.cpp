@@ -17,19 +17,6 @@ class PrinterModel : public ModelTest {};
 
 } // namespace
 
-TEST_F(PrinterModel, KnowsItsPrinterAndItsNames) {
-    Install({.manufacturer = "CompanyName=Maker\nProductName=Product\n"});
-    auto model = Model();
-    EXPECT_EQ(Text(model->GetPrinterName()), "Dock 3");
-    EXPECT_EQ(Text(model->GetModelName()), "Model 1");
-    EXPECT_STREQ(model->GetOEM(), "oqv");
-    EXPECT_STREQ(model->GetPrefix(), "zpl");
-    EXPECT_EQ(Text(model->GetManufacturerName()), "Maker");
-    EXPECT_EQ(Text(model->GetDriverName()), "Product");
-    EXPECT_EQ(Text(model->GetRegistry().GetPrinterName()), "Dock 3");
-    EXPECT_NE(model->GetCodePages().GetHead(), nullptr);
-}
-
 TEST_F(PrinterModel, OfAnUnknownPrinterAnswersDefaults) {
     std::unique_ptr<prtmodel> model(prtmodel::new_ext(PrinterInfo(nullptr)));
     ASSERT_TRUE(model);
