@@ -75,16 +75,6 @@ TEST_F(DeviceCapabilities, OfDocumentsFollowTheDevModeOfTheProgram) {
             << c.capability;
 }
 
-TEST_F(DeviceCapabilities, FollowAFlushOfAnotherProcess) {
-    Install({.method = "Copies.Limit=9999\n"});
-    EXPECT_EQ(Ask(DC_COPIES), 9999);
-    prtreg registry(OString("Dock 3"));
-    registry.SetByte("Settings:Disable Copies Limit", 1);
-    EXPECT_EQ(Ask(DC_COPIES), 9999) << "the record of the process";
-    registry.SetDWORD("DATA:Model Synchronization", 1234);
-    EXPECT_EQ(Ask(DC_COPIES), 32767);
-}
-
 TEST_F(DeviceCapabilities, OfNoPrinterAreDefaults) {
     EXPECT_EQ(DrvDeviceCapabilities(nullptr, nullptr, DC_COPIES, nullptr, nullptr), 32767u);
     EXPECT_EQ(DrvDeviceCapabilities(nullptr, nullptr, DC_ENUMRESOLUTIONS, nullptr, nullptr), 0u);

@@ -1,8 +1,5 @@
 // Attaching and detaching the module.
 
-#include <memory>
-#include <tuple>
-
 #include "model/model_data_cache.h"
 #include "model/resource_cache.h"
 #include "spooler/driver_utility.h"
@@ -19,23 +16,6 @@ protected:
 };
 
 } // namespace
-
-TEST(PlatformFlags, FollowTheVersionFolderOfTheDriver) {
-    const std::tuple<const char*, bool, bool> cases[] = {
-        {"C:\\WINDOWS\\system32\\spool\\drivers\\w32x86\\3", true, true},
-        {"C:\\drivers\\4", true, true},
-        {"C:\\drivers\\2", true, false},
-        {"C:\\drivers\\33", false, false},
-        {"C:\\WINDOWS\\SYSTEM", false, false},
-        {"\\3", true, true},
-        {"3", false, false},
-        {"", false, false}};
-    for (const auto& [folder, nt, user_mode] : cases) {
-        SetPlatformFlags(folder);
-        EXPECT_EQ(winNT, nt) << folder;
-        EXPECT_EQ(win2000, user_mode) << folder;
-    }
-}
 
 TEST_F(Attach, MakesTheCachesAndDetachFreesThem) {
     const HINSTANCE module = GetModuleHandleW(TEXT("kernel32.dll"));

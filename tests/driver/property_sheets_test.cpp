@@ -2,7 +2,6 @@
 #include "driver/property_sheets.h"
 
 #include <algorithm>
-#include <utility>
 #include <vector>
 
 #include "spooler/printer_info.h"
@@ -183,15 +182,4 @@ TEST_F(PropertySheets, MergeIntoAShortBufferOfAnOlderProgramAndIntoNone) {
     header_.pdmIn = header_.pdmOut = nullptr;
     for (const LRESULT result : {CPSUI_OK, CPSUI_CANCEL}) EXPECT_EQ(SetResult(result), 1);
     Documents(PROPSHEETUI_REASON_DESTROY);
-}
-
-TEST(SheetsOfThePrintersFolder, AreKnownByThePathOfTheProgram) {
-    const std::pair<const char*, bool> cases[] = {{"C:\\WINDOWS\\EXPLORER.EXE", true},
-                                                  {"explorer.exe", true},
-                                                  {"C:\\x\\Explorer.exe.bak", true},
-                                                  {"C:\\explorer.exe\\word.exe", true},
-                                                  {"C:\\WINDOWS\\explorer", false},
-                                                  {"C:\\iexplore.exe", false},
-                                                  {"", false}};
-    for (const auto& [path, is] : cases) EXPECT_EQ(IsExplorer(path), is) << path;
 }

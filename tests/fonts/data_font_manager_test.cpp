@@ -79,12 +79,6 @@ protected:
                                    : fonts_.ImportBarFont(file, model_.get());
         });
     }
-    std::string Exported() {
-        return Written([this](OFile& file) {
-            fonts_.ExportBarFont(file, model_.get());
-            fonts_.ExportRFID(file, model_.get());
-        });
-    }
 
     std::unique_ptr<extmodel> model_;
     DataFontManager fonts_;
@@ -155,24 +149,6 @@ TEST_F(DataFonts, AreLoadedFromWhatIsAFontInTheRegistry) {
     EXPECT_TRUE(fonts_.Load(model_.get()));
     EXPECT_EQ(Order(fonts_), "gOOD:1 MATRIX:2") << "supported or not";
     EXPECT_FALSE(fonts_.IsModified());
-}
-
-TEST_F(DataFonts, SurviveAnExport) {
-    fonts_.AddTail(BarCode("Code \u00A9"));
-    fonts_.AddTail(Rfid("Tag", DataFont_RFID::ISO_15693));
-    fonts_.AddTail(BarCode("QR", 18));
-    static_cast<DataFont_BarCode*>(fonts_[0])->resolution = 203;
-    static_cast<DataFont_BarCode*>(fonts_[2])->resolution = 203;
-    const std::string text = Exported();
-    EXPECT_EQ(text.find("<font type='Bar Code'>\r\nName=Code "), 0u);
-    EXPECT_EQ(text.find("\r\nData=WkxJQ"), text.find("\r\nData=")) << "a container in Base64";
-    EXPECT_NE(text.find("\r\n</font>\r\n\r\n<font type='RFID'>\r\nName=Tag\r\n"),
-              std::string::npos);
-    fonts_.Clear();
-    EXPECT_EQ(Imported(text), 2);
-    EXPECT_EQ(Imported(text, RFIDS), 1);
-    EXPECT_EQ(Order(fonts_), "Code \u00A9:1 QR:2 Tag:3");
-    EXPECT_EQ(Exported(), text);
 }
 
 TEST_F(DataFonts, AreImportedFromBlocksAndBinaryFiles) {

@@ -8,20 +8,6 @@
 #include "fonts/data_font_rfid.h"
 #include "support/model_test.h"
 
-namespace {
-
-DataFont_BarCode Changed(int from, int to) {
-    DataFont_BarCode font;
-    font.change_symbology(from);
-    font.set_rotation(2);
-    font.set_mils(20);
-    font.set_hr(DataFont_BarCode::HR_ABOVE);
-    font.change_symbology(to);
-    return font;
-}
-
-} // namespace
-
 TEST(DataFontName, IsCutAndCleaned) {
     const std::pair<const char*, std::string> cases[] = {
         {"Code 128", "Code 128"},
@@ -87,41 +73,6 @@ TEST(DataFontBlob, HasAsManyBytesOfTheRecordAsItsSizeSays) {
     }
 }
 
-TEST(DataFontBlob, OfAnRfidFontComesBack) {
-    DataFont_RFID font, loaded;
-    font.SetFontName("Tag");
-    font.SetDefaults(DataFont_RFID::PICOTAG);
-    font.SetEncoding(1);
-    font.SetWriteProtect(true);
-    font.SetFormatMask(OString(std::string(200, '8').c_str()));
-    DataFontStorage_RFID blob, again;
-    font.Save(blob);
-    EXPECT_EQ(blob.record.size, 156);
-    EXPECT_EQ(blob.record.starting_block, 3);
-    blob.record.mask[127] = '8';
-    ASSERT_TRUE(loaded.Load(&blob, sizeof blob));
-    EXPECT_EQ(loaded.GetFormatMask().nlen(), 127) << "always ends";
-    loaded.Save(again);
-    blob.record.mask[127] = 0;
-    EXPECT_EQ(std::memcmp(&blob, &again, sizeof blob), 0);
-    EXPECT_FALSE(loaded.Load(&blob, sizeof blob - 1));
-    blob.font.type = 1;
-    EXPECT_FALSE(loaded.Load(&blob, sizeof blob));
-}
-
-TEST(BarCodeFont, KeepsWhatTheUserSetThroughAChangeOfSymbology) {
-    for (const int from : {0, 9, 16})
-        for (int to = 0; to <= 36; ++to) {
-            const DataFont_BarCode font = Changed(from, to);
-            EXPECT_EQ(font.get_symbology(), to);
-            const bool two = DataFont_BarCode::is_2D(to);
-            EXPECT_EQ(NumberList({font.GetType(), font.GetField(0), font.get_rotation(),
-                                  font.get_mils(), font.get_hr()}),
-                      NumberList({two ? 2 : 1, two ? 72 : 96, 2, 20, 1}))
-                << to;
-        }
-}
-
 TEST(BarCodeFont, BeginsASymbologyWithItsOwnFields) {
     // One-dimensional ones keep the other fields, two-dimensional ones reset them.
     const struct {
@@ -141,8 +92,11 @@ TEST(BarCodeFont, BeginsASymbologyWithItsOwnFields) {
         for (const auto& [offset, value] : c.fields)
             EXPECT_EQ(font.GetField(offset), value) << c.symbology << " at " << offset;
     }
-    const DataFont_BarCode font = Changed(16, 0);
-    EXPECT_EQ(font.GetField(28), 20);
+    DataFont_BarCode font;
+    font.change_symbology(16);
+    font.set_mils(20);
+    font.change_symbology(0);
+    EXPECT_EQ(font.get_mils(), 20);
     EXPECT_EQ(font.GetField(74), 1);
 }
 
@@ -289,17 +243,5 @@ TEST_F(DataFontSupport, OfRfidFontsIsTheModelsAndOthersAreBroughtInLine) {
                   c.then)
             << c.what;
         EXPECT_EQ(Text(font.GetFormatMask()), c.mask_then) << c.what;
-    }
-}
-
-TEST(RfidFont, TakesTheMaskOfItsFormat) {
-    const std::pair<uint32_t, const char*> cases[] = {
-        {257, "2:2;3;14;20;25"}, {258, "8:8;3;14;39"}, {259, "8:9;3;14;20;19"}, {0, "1;2;3"}};
-    for (const auto& [format, mask] : cases) {
-        DataFont_RFID font;
-        font.SetFormatMask("1;2;3");
-        font.SetFormat(format);
-        EXPECT_EQ(font.UpdateFormatMask(), format == 0) << format;
-        EXPECT_EQ(Text(font.GetFormatMask()), mask);
     }
 }

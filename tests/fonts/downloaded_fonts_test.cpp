@@ -126,24 +126,6 @@ TEST_F(DownloadedFonts, AreNamedAfterTheirFaceAndNotLikeAnother) {
     }
 }
 
-TEST_F(DownloadedFonts, AskForWhatThePrinterTakes) {
-    const struct {
-        const char* font_table;
-        std::vector<int> kinds;
-        int first;
-    } cases[] = {{"Download.TrueType=yes\nDownload.Bitmap=yes\n", {1901, 1902}, 1},
-                 {"Download.Bitmap=yes\n", {1902}, 2},
-                 {"", {}, 2}};
-    for (const auto& c : cases) {
-        Replace({.font = c.font_table});
-        FontDownloadKind kinds[2];
-        std::vector<int> texts;
-        for (int i = 0; i < GetDownloadKinds(*Model(), kinds); ++i) texts.push_back(kinds[i].text);
-        EXPECT_EQ(texts, c.kinds);
-        EXPECT_EQ(CFontSettings(Model().get()).download_type, c.first);
-    }
-}
-
 TEST_F(DownloadedFonts, KeepNumbersWithinTheirRange) {
     CFontSettings settings(nullptr);
     EXPECT_EQ(Text(settings.IdentifierLabel()), "(101 - 999)");
@@ -205,26 +187,4 @@ TEST_F(DownloadedFonts, TakeOverTheChoices) {
                   NumberList({c.stored_subset, c.charset, 120}));
         EXPECT_EQ(font.IsCharacterDownloaded('A'), c.subset != 1915);
     }
-}
-
-TEST(CharacterSubsets, HaveTheCharactersOfTheirPurpose) {
-    const std::string digits = "0123456789", capitals = "ABCDEFGHIJKLMNOPQRSTUVWXYZ";
-    const std::pair<uint16_t, std::string> cases[] = {
-        {1915, " ,-." + digits},
-        {1916, " \"#$%()*+,-./0123456789:<=>"},
-        {1914, " @" + capitals},
-        {1913, " !\"#$&'*,-.:;?" + capitals + "_`"},
-        {1912, " ,-." + digits + "@" + capitals},
-        {1917, " !\"#$%&'()*+,-./0123456789:;<=>?" + capitals + "_`"},
-    };
-    for (const auto& [text, characters] : cases) {
-        std::string found;
-        for (int c = 0; c < 256; ++c)
-            if (FindCharMask(text).characters[c / 32] >> c % 32 & 1) found += static_cast<char>(c);
-        EXPECT_EQ(found, characters) << text;
-    }
-    ASSERT_EQ(CharMasks().size(), 8u);
-    EXPECT_EQ(CharMasks()[6].characters[3], 0xFFFFFFFFu);
-    EXPECT_EQ(CharMasks()[6].characters[4], 0u) << "ASCII";
-    EXPECT_EQ(FindCharMask(0).text, ALL_CHARACTERS);
 }

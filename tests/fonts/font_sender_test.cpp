@@ -61,19 +61,6 @@ const std::string kNamed = "^XA^CWK,E:SANS.FNT^FS^XZ\r\n";
 
 } // namespace
 
-TEST_F(FontSender, SendsTheFileOfATrueTypeFont) {
-    DownloadedFont font(Font(DownloadedFont::TRUETYPE, ""));
-    const std::string job = JobOf(font, DownloadTTFFont);
-    const std::string head = "~DUE:SANS.FNT," + std::to_string(font.info.data_size) + ",";
-    EXPECT_EQ(job.substr(0, head.size()), head);
-    EXPECT_GT(font.info.data_size, 100000u);
-    EXPECT_EQ(job.size(), head.size() + 2 * font.info.data_size + 2 + kNamed.size());
-    EXPECT_EQ(job.substr(head.size(), 8), "00010000");
-    EXPECT_EQ(job.substr(job.size() - kNamed.size()), kNamed);
-    EXPECT_GT(font.info.max_char_width, font.info.ave_char_width);
-    EXPECT_EQ(font.info.height, font.info.ascent + font.info.descent);
-}
-
 TEST_F(FontSender, SendsPicturesInTheRotationsOfThePrinter) {
     DownloadedFont font(Font(DownloadedFont::BITMAP, "iI~"));
     const std::string job = JobOf(font, DownloadBitmapFont);
@@ -144,12 +131,6 @@ TEST_F(FontSender, SendsAgainWhatMayBeMissing) {
     ui_->Settings_Load();
     EXPECT_EQ(Joined(ui_->fonts, [](const DownloadedFont& f) { return std::to_string(f.status); }),
               "0 0 0");
-}
-
-TEST_F(FontSender, ErasesAFontInAJobOfItsOwn) {
-    DownloadedFont font(Font(DownloadedFont::TRUETYPE, ""));
-    font.Erase(ui_->stream);
-    EXPECT_EQ(TakeJobs(), (std::vector<PrintedJob>{{"Delete Font", "^XA^IDE:SANS.FNT^FS^XZ\r\n"}}));
 }
 
 TEST(BitmapCharacters, AreUprightOrTurnedClockwise) {

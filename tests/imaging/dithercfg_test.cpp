@@ -22,13 +22,6 @@ void ExpectFields(const dithercfg& record, const Fields& expected, const char* w
 
 } // namespace
 
-TEST(DitherSettings, StartWithClusteredDotsAndNothingAdjusted) {
-    dithercfg record;
-    std::memset(&record, 0x5A, sizeof record);
-    record.Reset();
-    ExpectFields(record, {2, 0, 0, 0, 0, 0, 2, 2, 0, 18, 16, 0}, "reset");
-}
-
 TEST(DitherSettings, AreBroughtIntoTheirRanges) {
     const struct {
         const char* what;
@@ -53,13 +46,4 @@ TEST(DitherSettings, AreBroughtIntoTheirRanges) {
         record.Validate();
         ExpectFields(record, c.after, c.what);
     }
-}
-
-TEST(DitherSettings, ClusterMoreDotsTheFinerThePrinter) {
-    const struct {
-        int dpi;
-        int matrix;
-    } cases[] = {{0, 1}, {152, 1}, {179, 1}, {180, 2}, {203, 2}, {399, 2}, {400, 3}, {600, 3}};
-    for (const auto& c : cases)
-        EXPECT_EQ(dithercfg::_DefaultClusterMatrix(c.dpi), c.matrix) << c.dpi;
 }

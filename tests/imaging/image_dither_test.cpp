@@ -3,9 +3,7 @@
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
-#include <algorithm>
 #include <cstring>
-#include <initializer_list>
 #include <string>
 #include <vector>
 
@@ -13,7 +11,6 @@
 
 namespace {
 
-using testing::Each;
 using testing::ElementsAre;
 using Image = std::vector<uint8_t>;
 
@@ -48,13 +45,6 @@ constexpr uint32_t Rgb(uint32_t red, uint32_t green, uint32_t blue, uint32_t unu
     return red | green << 8 | blue << 16 | unused << 24;
 }
 
-// The first byte of every pixel.
-Image FirstBytes(const Image& image) {
-    Image bytes;
-    for (size_t i = 0; i < image.size(); i += 3) bytes.push_back(image[i]);
-    return bytes;
-}
-
 TEST(DitherAdjustment, IsExactAtItsEnds) {
     // The second byte of index output shows the result of a grey pixel's channel.
     const struct {
@@ -87,17 +77,6 @@ TEST(DitherAdjustment, IsExactAtItsEnds) {
     }
 }
 
-TEST(DitherAdjustment, MirrorsBeforeScreening) {
-    // White where the pattern's threshold is below 100: in the first column of the first row and
-    // the second column of the second row.
-    Image image = {0, 0, 0, 100, 100, 100, 0, 0, 0, 0, 0, 0};
-    ImageDither record = Record(image, 2, 2, ImageDither::MONOCHROME);
-    record.config.algorithm = dithercfg::ALGORITHM_DISPERSED;
-    record.config.flags = dithercfg::FLAG_MIRROR;
-    record.Dither();
-    EXPECT_THAT(FirstBytes(image), ElementsAre(255, 0, 0, 0));
-}
-
 TEST(DitherThresholding, NamesTheInksOfColors) {
     const struct {
         const char* color;
@@ -115,53 +94,6 @@ TEST(DitherThresholding, NamesTheInksOfColors) {
         }
 }
 
-TEST(DitherOrdered, MovesThePatternByTheOrigin) {
-    const struct {
-        int32_t x, y;
-        Image white;
-    } cases[] = {
-        {0, 0, {255, 0, 0, 255}},         {1, 0, {0, 255, 255, 0}},
-        {0, 1, {0, 255, 255, 0}},         {1, 1, {255, 0, 0, 255}},
-        {-1, 0, {0, 255, 255, 0}},        {-2, -2, {255, 0, 0, 255}},
-        {INT32_MIN, 0, {255, 0, 0, 255}}, {INT32_MAX, 0, {0, 255, 255, 0}},
-    };
-    for (const auto& c : cases) {
-        Image image = Grey(2, 2, 100);
-        ImageDither record = Record(image, 2, 2, ImageDither::MONOCHROME);
-        record.config.algorithm = dithercfg::ALGORITHM_DISPERSED;
-        record.origin_x = c.x;
-        record.origin_y = c.y;
-        record.Dither();
-        EXPECT_EQ(FirstBytes(image), c.white) << c.x << " " << c.y;
-    }
-}
-
-TEST(DitherAlgebraic, ComputesItsPatternFromTheSequence) {
-    const struct {
-        int n, a, b, c;
-    } cases[] = {{0, 1, 1, 2},           {4, 4, 6, 9},  {18, 872, 1278, 1873},
-                 {19, 1278, 1873, 2745}, {-1, 1, 1, 2}, {20, 1278, 1873, 2745}};
-    for (const auto& expected : cases) {
-        int a, b, c;
-        ImageDither::GetAlgebraicSequence(expected.n, a, b, c);
-        EXPECT_THAT((std::vector<int>{a, b, c}), ElementsAre(expected.a, expected.b, expected.c));
-
-        Image image = Grey(40, 3, 90);
-        ImageDither record = Record(image, 40, 3, ImageDither::MONOCHROME, true);
-        record.config.algorithm = dithercfg::ALGORITHM_ALGEBRAIC;
-        record.config.sequence = static_cast<int16_t>(expected.n);
-        record.origin_x = 3;
-        record.origin_y = -2;
-        record.Dither();
-        for (int y = 0; y < 3; ++y)
-            for (int x = 0; x < 40; ++x) {
-                const int t = (((y - 2) * a + (x + 3) * b) % c + c) % c;
-                ASSERT_EQ(image[static_cast<size_t>(y * 40 + x) * 3], 90 * c > t * 256 ? 1 : 0)
-                    << expected.n << " at " << x << " " << y;
-            }
-    }
-}
-
 TEST(DitherDiffusion, TruncatesEveryShareOfTheError) {
     // 100 becomes black, its error -100: 43 of 43.75 to the right, 31 below, 18 to the left and 6
     // to the right of that.
@@ -175,45 +107,6 @@ TEST(DitherDiffusion, TruncatesEveryShareOfTheError) {
     // The pixels that get something become black as well: of 43, 8 and 13 go to the second row; of
     // 18 there, 7 go on; of the 46 that meet in its middle, 20.
     EXPECT_THAT(green, ElementsAre(0, 100, 43, 18, 46, 39));
-}
-
-TEST(DitherPalette, TakesRedFirstAndGivesBlueFirst) {
-    Image image = {10, 20, 240};
-    ImageDither record = Record(image, 1, 1, ImageDither::PALETTE);
-    const uint32_t entries[] = {Rgb(0, 0, 255), Rgb(250, 30, 5)};
-    record.SetPalette(entries, 2);
-    record.Dither();
-    EXPECT_THAT(image, ElementsAre(5, 30, 250));
-    EXPECT_EQ(record.nearest, 1);
-    EXPECT_EQ(record.second_nearest, 0);
-}
-
-TEST(DitherPalette, PassesOverEntriesThatRepeatTheNearest) {
-    const struct {
-        const char* what;
-        std::vector<uint32_t> entries;
-        int nearest, second;
-    } cases[] = {
-        {"alone", {Rgb(9, 9, 9)}, 0, -1},
-        {"all alike", {Rgb(9, 9, 9), Rgb(9, 9, 9)}, 0, -1},
-        {"a repeated one before another", {Rgb(9, 9, 9), Rgb(9, 9, 9), Rgb(99, 9, 9)}, 0, 2},
-        {"the unused byte makes another value", {Rgb(9, 9, 9), Rgb(9, 9, 9, 1)}, 0, 1},
-        {"the first of two that are as near", {Rgb(99, 9, 9), Rgb(9, 9, 9), Rgb(99, 9, 9)}, 1, 0},
-    };
-    for (const auto& c : cases) {
-        Image image = Grey(1, 1, 9);
-        ImageDither record = Record(image, 1, 1, ImageDither::PALETTE);
-        Palette palette;
-        for (uint32_t entry : c.entries) palette.Add(entry);
-        record.SetPalette(palette);
-        for (const int16_t algorithm : std::initializer_list<int16_t>{0, 2, 3, 4}) {
-            record.nearest = record.second_nearest = -2;
-            record.config.algorithm = algorithm;
-            record.Dither();
-            EXPECT_EQ(record.nearest, c.nearest) << c.what << ", algorithm " << algorithm;
-            EXPECT_EQ(record.second_nearest, c.second) << c.what << ", algorithm " << algorithm;
-        }
-    }
 }
 
 TEST(DitherPalette, IgnoresCountsThatItHasNoRoomFor) {
@@ -257,16 +150,7 @@ TEST(DitherRecord, TakesSettingsThatNobodyChecked) {
     for (const auto& c : cases) EXPECT_EQ(screen(c.wild), screen(c.valid)) << c.wild.algorithm;
 }
 
-TEST(DitherRecord, WithImpossibleSizesLeavesTheImageAlone) {
-    const int32_t sizes[][2] = {{0, 1},     {1, 0},         {-1, 1},        {1, -1},
-                                {32768, 1}, {1, INT32_MAX}, {INT32_MIN, 1}, {INT32_MAX, INT32_MAX}};
-    for (const auto& size : sizes) {
-        Image image = Grey(1, 1, 77);
-        ImageDither record = Record(image, size[0], size[1], ImageDither::COLOR);
-        X16_ImageDither_Dither(&record);
-        X16_ImageDither_DitherSmooth(&record);
-        EXPECT_THAT(image, Each(77)) << size[0] << " x " << size[1];
-    }
+TEST(DitherRecord, WithoutPixelsIsLeftAlone) {
     ImageDither record;
     record.SetBitmap(nullptr, 100, 100, 0);
     X16_ImageDither_Dither(&record);
@@ -289,29 +173,6 @@ TEST(DitherRecord, WithoutPaletteEntriesIsOnlyAdjusted) {
             EXPECT_EQ(record.nearest, -1);
             EXPECT_EQ(record.second_nearest, -1);
         }
-}
-
-TEST(DitherRecord, HasNoMoreThanSixteenPaletteEntries) {
-    Image image = Grey(5, 1, 200);
-    ImageDither record = Record(image, 5, 1, ImageDither::PALETTE, true);
-    for (auto& entry : record.palette) entry[0] = 0;
-    record.palette[15][1] = 200;
-    record.palette_count = INT32_MAX;
-    X16_ImageDither_Dither(&record);
-    EXPECT_THAT(FirstBytes(image), Each(15));
-}
-
-TEST(DitherRecord, TakesTheLongestRowsAndColumns) {
-    for (const int16_t algorithm : std::initializer_list<int16_t>{2, 3, 4}) {
-        Image wide = Grey(32767, 1, 255), high = wide;
-        ImageDither record = Record(wide, 32767, 1, ImageDither::MONOCHROME, true);
-        record.config.algorithm = algorithm;
-        record.Dither();
-        EXPECT_THAT(FirstBytes(wide), Each(1));
-        record.SetBitmap(high.data(), 1, 32767, 0);
-        record.Dither();
-        EXPECT_THAT(FirstBytes(high), Each(1));
-    }
 }
 
 } // namespace

@@ -80,19 +80,6 @@ TEST(ObjectCacheList, IsSortedByAColumnAndTheOtherWayRound) {
     }
 }
 
-TEST(ObjectCacheList, AlwaysShowsOneKind) {
-    CacheContents contents;
-    Take(contents, Description(kItems));
-    contents.Toggle(CacheContents::VIEW_GRAPHICS);
-    EXPECT_EQ(Ids(contents), "31");
-    EXPECT_EQ(contents.Find(1), 1);
-    EXPECT_EQ(contents.Find(4), -1);
-    contents.Toggle(CacheContents::VIEW_FORMATS);
-    EXPECT_EQ(Ids(contents), "42");
-    contents.Toggle(CacheContents::VIEW_FORMATS);
-    EXPECT_EQ(Ids(contents), "4231");
-}
-
 TEST(ObjectCacheList, ChangesWithTheDescriptionOnly) {
     CacheContents contents;
     const std::string all = Description(kItems);
@@ -149,14 +136,4 @@ TEST_F(ObjectCache, SettingsStayWithinTheirLimitsAndInOrder) {
     EXPECT_EQ(read.last_graphic, 0u);
     EXPECT_TRUE(ResetCacheSettings(*ui->stream, read));
     EXPECT_EQ(std::memcmp(&read, &original, sizeof read), 0);
-}
-
-TEST_F(ObjectCache, SizesAreShownInKilobytes) {
-    const struct {
-        uint32_t bytes;
-        const char* text;
-    } cases[] = {
-        {0, "0 K"},         {1, "0.0 K"},      {512, "0.5 K"},    {1536, "1.5 K"},
-        {101887, "99.5 K"}, {101888, "100 K"}, {102400, "100 K"}, {UINT32_MAX, "4194304 K"}};
-    for (const auto& c : cases) EXPECT_EQ(Text(ui->locale.FormatK(c.bytes)), c.text) << c.bytes;
 }

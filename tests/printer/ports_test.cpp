@@ -51,16 +51,3 @@ TEST_F(PrinterPort, TellsWhatTheMonitorKnows) {
     EXPECT_EQ(Text(stream.GetPortProtocol()), std::string(260, 'x'));
     EXPECT_EQ(Text(stream.GetPortDescription()), "");
 }
-
-TEST_F(PrinterPort, IsWatchedWhenTheMonitorSaysSo) {
-    Install({.model = "Resolution=203\n"});
-    const auto ui = OpenUI();
-    const struct {
-        std::string bytes;
-        bool answer;
-    } cases[] = {{"", false}, {std::string(1, '\0'), false}, {"\1", true}, {"\1\1", false}};
-    for (const auto& c : cases) {
-        if (!c.bytes.empty()) AnswerTo("Monitoring Supported77", c.bytes);
-        EXPECT_EQ(ui->stream->IsMonitorSupported(), c.answer);
-    }
-}

@@ -126,30 +126,6 @@ TEST_F(OutputStream, MeasuresWithoutSending) {
     EXPECT_EQ(TakeJobs(), (Jobs{{"Job", "before after"}}));
 }
 
-TEST_F(OutputStream, SendsFilesWhole) {
-    const std::string bytes = Pattern(50000);
-    WriteFile("label.zpl", bytes);
-    stream_.StartJob("label.zpl");
-    stream_.write_file("C:\\label.zpl");
-    stream_.write_file("C:\\no folder\\label.zpl");
-    stream_.EndJob();
-    EXPECT_EQ(TakeJobs(), (Jobs{{"label.zpl", bytes}}));
-}
-
-TEST_F(OutputStream, KnowsThePageWhileItIsConnected) {
-    EXPECT_EQ(stream_.GetPageWidth(), 0);
-    EXPECT_EQ(stream_.GetDPI(), 203);
-    stream_.StartJob("Job");
-    const DEVMODEW* settings = ui_->devmode.GetDevMode();
-    const auto dots = [](int tenths) { return (tenths * 203 + 127) / 254; };
-    EXPECT_EQ(stream_.GetPageWidth(), dots(settings->dmPaperWidth));
-    EXPECT_EQ(stream_.GetPageHeight(), dots(settings->dmPaperLength));
-    EXPECT_EQ(GetDeviceCaps(stream_.GetDC(), LOGPIXELSY), 203);
-    EXPECT_EQ(GetDeviceCaps(stream_.GetDC(), HORZSIZE), (settings->dmPaperWidth + 5) / 10);
-    stream_.EndJob();
-    EXPECT_EQ(stream_.GetDC(), nullptr);
-}
-
 TEST_F(OutputStream, DropsEverythingWithoutAPrinter) {
     prtstream unowned;
     ui_->printer_name = "Nowhere";

@@ -192,16 +192,3 @@ TEST_F(DevModeMerge, TakesHalftonesOfTheSameVersion) {
         EXPECT_NE(merged.mode.GetConfiguration(), nullptr) << c.what;
     }
 }
-
-TEST_F(DevModeMerge, TakesTheConfigurationOfItsOwnFamily) {
-    Install(Tables());
-    DevMode source;
-    for (const size_t changed : {size_t{0}, size_t{1500}, size_t{1503}, size_t{384 + 1026}}) {
-        source.CreateDefault(Model().get());
-        source.SetNegative(true);
-        reinterpret_cast<char*>(source.GetDevMode())[changed] ^= 1; // 0: of the device name
-        Merged merged(source.GetDevMode());
-        EXPECT_EQ(merged.mode.GetNegative(), changed == 0) << changed;
-        merged.mode.Merge(nullptr, nullptr);
-    }
-}

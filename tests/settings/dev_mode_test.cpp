@@ -3,7 +3,6 @@
 
 #include <string>
 
-#include "core/crc.h"
 #include "settings/common_private_dm.h"
 #include "spooler/platform_flags.h"
 #include "spooler/printer_info.h"
@@ -101,22 +100,6 @@ TEST_F(DriverDevMode, LeavesColourManagementToSystemsThatHaveIt) {
     win2000 = w2000;
 }
 
-TEST(HalftonePattern, GrowsWithTheLowerResolution) {
-    const int cases[][4] = {{152, 152, 152, 3},     {179, 600, 179, 3},     {180, 180, 180, 5},
-                            {300, 300, 300, 5},     {400, 400, 400, 7},     {1200, 899, 899, 7},
-                            {900, 900, 900, 9},     {1200, 1200, 1200, 11}, {1800, 2400, 1800, 13},
-                            {2400, 2400, 2400, 15}, {-4, 203, 0, 3}};
-    for (const auto& [x, y, dpi, pattern] : cases) {
-        DEVMODEW mode = {};
-        mode.dmPrintQuality = static_cast<SHORT>(x);
-        mode.dmYResolution = static_cast<SHORT>(y);
-        DEVHTINFO info;
-        DefaultDevHTInfo(&info, &mode);
-        EXPECT_EQ(info.DevPelsDPI, static_cast<DWORD>(dpi)) << x << " x " << y;
-        EXPECT_EQ(info.HTPatternSize, static_cast<DWORD>(pattern)) << x << " x " << y;
-    }
-}
-
 TEST_F(DriverDevMode, TurnsThePageInItsConfiguration) {
     Install(Tables());
     DevMode mode;
@@ -130,35 +113,6 @@ TEST_F(DriverDevMode, TurnsThePageInItsConfiguration) {
     mode.SetOrientation(3);
     mode.GetDevMode()->dmFields &= ~DWORD(DM_ORIENTATION);
     EXPECT_EQ(mode.GetOrientation(), 2) << "dmOrientation does not count";
-}
-
-TEST_F(DriverDevMode, KeepsItsSettings) {
-    Install(Tables());
-    DevMode mode;
-    mode.CreateDefault(Model().get());
-    DEVMODEW& raw = *mode.GetDevMode();
-    mode.SetMirror(true);
-    mode.SetNegative(true);
-    EXPECT_EQ(mode.GetConfiguration()->flags, 6);
-    mode.SetMirror(false);
-    EXPECT_TRUE(!mode.GetMirror() && mode.GetNegative());
-
-    raw.dmFields = 0;
-    raw.dmCopies = 7;
-    EXPECT_EQ(mode.GetCopies(), 1);
-    mode.SetCopies(9);
-    EXPECT_EQ(mode.GetCopies(), 9);
-    mode.SetColor(2);
-    mode.SetPaperSize(258);
-    EXPECT_EQ(raw.dmFields, DWORD(DM_COPIES | DM_COLOR | DM_PAPERSIZE));
-    mode.SetResolutionID(0x8000012C);
-    EXPECT_EQ(raw.dmPrintQuality, 300);
-    EXPECT_EQ(raw.dmYResolution, -32768);
-    EXPECT_EQ(mode.GetResolutionID(), 0x8000012Cu);
-    mode.SetPresetName(TEXT("Fast"));
-    EXPECT_EQ(mode.GetPresetCRC32(), CRC32("F\0a\0s\0t\0", 8, 0));
-    mode.SetPresetName(nullptr);
-    EXPECT_EQ(mode.GetPresetCRC32(), 0u);
 }
 
 TEST(DevModeSettings, AreNeutralWithoutBufferOrConfiguration) {
@@ -254,27 +208,6 @@ TEST_F(DriverDevMode, AssignsSettingsAndKeepsWhoseItIs) {
     a = none;
     none = a;
     EXPECT_EQ(none.GetDevMode(), nullptr);
-}
-
-TEST_F(DriverDevMode, OwnsOnlyWhatItMade) {
-    Install(Tables());
-    const auto model = Model();
-    DevMode mode;
-    mode.CreateDefault(model.get());
-    std::vector<char> copy(1508);
-    auto* raw = reinterpret_cast<DEVMODEW*>(copy.data());
-    mode.CopyTo(raw);
-    EXPECT_EQ(std::memcmp(raw, mode.GetDevMode(), 1508), 0);
-    mode.GetConfiguration();
-    mode.SetDevMode(raw);
-    EXPECT_EQ(static_cast<void*>(mode.GetConfiguration()), copy.data() + 384);
-    mode.Create();
-    EXPECT_EQ(mode.GetConfiguration(), nullptr) << "all zeros";
-    mode.Reset(model.get());
-    EXPECT_NE(mode.GetConfiguration(), nullptr);
-    mode.Free();
-    EXPECT_EQ(mode.GetDevMode(), nullptr);
-    EXPECT_EQ(mode.GetConfiguration(), nullptr);
 }
 
 TEST_F(DriverDevMode, TakesOverTheSettingsOf16BitPrograms) {

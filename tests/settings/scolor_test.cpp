@@ -67,18 +67,6 @@ TEST(SpotColor, ChoosesInksByModeAndHeads) {
     }
 }
 
-TEST(SpotColor, SetsAModeAgainOnlyByForce) {
-    SCOLOR record = WithHeads(4, SPOT_COLOR_HEADS);
-    record.SetColorPlane(1, 0x123456);
-    record.SetColorUsed(2, false);
-    record.SetMode(SPOT_COLOR_HEADS, false);
-    EXPECT_EQ(record.GetColor(1), 0x123456u);
-    EXPECT_EQ(record.GetColor(2), 0xFFFFFFu);
-    record.SetMode(SPOT_COLOR_HEADS, true);
-    EXPECT_EQ(record.GetColor(1), 0xFF0000u);
-    EXPECT_EQ(record.GetColor(2), 0x0000FFu);
-}
-
 TEST(SpotColor, KeepsToItsFourPlanesWhateverWasStored) {
     SCOLOR record;
     std::memset(&record, 0xFF, sizeof(record));

@@ -1,7 +1,6 @@
 // A printer's stocks: order, storage, exchange and the system's view of them.
 #include "settings/stock_list.h"
 
-#include <iterator>
 #include <new>
 #include <string>
 #include <vector>
@@ -43,10 +42,6 @@ protected:
         return Order(list);
     }
 
-    std::string Exported() {
-        return Written([this](OFile& file) { list_.Export(file); });
-    }
-
     int Imported(const std::string& bytes, bool binary = false) {
         return Taken(bytes, [&](OFile& file) {
             return binary ? list_.ImportKFM1(file) : list_.Import(file, 0);
@@ -82,13 +77,6 @@ protected:
 };
 
 } // namespace
-
-TEST_F(Stocks, BeginWithTheUsersInTheSizeOfTheDefaultLabel) {
-    list_.Validate();
-    EXPECT_EQ(Order(list_), "USER:256");
-    const StockRecord user = {101600, 152400, 1270, 1270, 0, 0, Stock::USER};
-    EXPECT_EQ(std::memcmp(&list_.GetNext(nullptr)->GetRecord(), &user, sizeof user), 0);
-}
 
 TEST_F(Stocks, AreSortedByCaseAndNumberedWhereThePrinterCanPrintThem) {
     for (const char* name : {"b", "a", "B", "wide", "c"})
@@ -214,22 +202,6 @@ TEST_F(Stocks, WithoutANameOrARecordAreNotLoaded) {
     EXPECT_EQ(Stored(), "USER:256 good:257");
     EXPECT_EQ(registry.GetSize("Stock:Form 40000:: Name"), -1) << "no longer in use";
     EXPECT_GT(registry.GetSize("Stock:Form 007:: Name"), 0) << "not the list's";
-}
-
-TEST_F(Stocks, SurviveAnExport) {
-    Add("4 x 6 \u00A9", Stock::GLOBAL | Stock::PREDEFINED, 77000);
-    list_.Validate();
-    const std::string text = Exported();
-    EXPECT_EQ(text.find("<stock>\r\nName=4 x 6"), 0u) << "without the user's";
-    EXPECT_EQ(text.find("\r\nData=WkxJQ"), text.find("\r\nData=")) << "a container in Base64";
-    EXPECT_EQ(text.substr(text.size() - 14), "\r\n</stock>\r\n\r\n");
-    list_.Clear();
-    list_.init(model_.get());
-    EXPECT_EQ(Imported(text), 1);
-    ASSERT_NE(list_.Find(int16_t{257}), nullptr);
-    EXPECT_EQ(list_.Find(int16_t{257})->width, 77000);
-    EXPECT_EQ(list_.Find(int16_t{257})->flags, uint32_t{Stock::GLOBAL | Stock::PREDEFINED});
-    EXPECT_EQ(Exported(), text);
 }
 
 TEST_F(Stocks, AreImportedFromBlocks) {

@@ -3,7 +3,6 @@
 
 #include <cstring>
 #include <string>
-#include <vector>
 
 #include "support/dev_mode_test.h"
 
@@ -11,23 +10,16 @@ namespace {
 
 class StockOfModel : public DevModeTest {
 protected:
+    void SetUp() override { Install({}); }
+
     // A printer of 203 x 406 dpi whose head reaches 104 mm, with labels up to 990 mm.
     void Use(const std::string& tracking, int unprintable, int natural_degrees = 0,
              int printable = 104) {
-        const ModelTables tables = {
-            .model = "Resolution=203x406\nStock.Printable.X=" + std::to_string(printable) +
-                     " mm\nStock.Maximum.Y=990 mm\nStock.UnprintableWidth=" +
-                     std::to_string(unprintable) + " mm\nStock.Tracking=" + tracking + "\n",
-            .drawing = "Transform.Orientation=" + std::to_string(natural_degrees) + "\n"};
-        if (installed_)
-            Replace(tables);
-        else
-            Install(tables);
-        installed_ = true;
+        Replace({.model = "Resolution=203x406\nStock.Printable.X=" + std::to_string(printable) +
+                          " mm\nStock.Maximum.Y=990 mm\nStock.UnprintableWidth=" +
+                          std::to_string(unprintable) + " mm\nStock.Tracking=" + tracking + "\n",
+                 .drawing = "Transform.Orientation=" + std::to_string(natural_degrees) + "\n"});
     }
-
-private:
-    bool installed_ = false;
 };
 
 // 100 x 150 mm with 2 and 3 mm of liner, 1 and 0.5 mm of gap.
@@ -131,7 +123,7 @@ TEST_F(StockOfModel, PlacesThePageByTrackingAndTurn) {
 }
 
 TEST_F(StockOfModel, BecomesThePaperOfADevMode) {
-    Install(Tables());
+    Replace(Tables());
     const auto model = Model();
     const DWORD extent = DM_PAPERLENGTH | DM_PAPERWIDTH;
     for (const bool user : {true, false}) {
@@ -156,28 +148,6 @@ TEST_F(StockOfModel, BecomesThePaperOfADevMode) {
     DevMode none;
     Stock stock = Label();
     none.SetStock(&stock);
-}
-
-TEST(StockRecords, AreTakenWholeOrNotAtAll) {
-    Stock stock = Label();
-    const char bytes[29] = {1};
-    for (const size_t size : {size_t{0}, size_t{27}, size_t{29}}) {
-        EXPECT_FALSE(stock.SetRecord(bytes, size)) << size;
-        EXPECT_EQ(stock.width, 100000) << size;
-    }
-    EXPECT_TRUE(stock.SetRecord(bytes, 28));
-    EXPECT_EQ(stock.width, 1);
-    EXPECT_EQ(Stock().flags, uint32_t{StockRecord::GLOBAL});
-}
-
-TEST(StockRecords, RoundFormsToTenthsOfAMillimetre) {
-    Stock stock;
-    stock.liner_left = stock.liner_right = 1000;
-    const int32_t cases[][2] = {{100000, 1020}, {100049, 1020}, {100050, 1021}, {-2000, 0}};
-    for (const auto& [width, form] : cases) {
-        stock.width = width;
-        EXPECT_EQ(stock.GetFormSize().cx, form) << width;
-    }
 }
 
 TEST(StockRecords, AreFingerprintedWithTheName) {

@@ -1,10 +1,9 @@
-// The UI object beside the installed module: version resource, capabilities.
+// The UI object beside the installed module: its version resource.
 #include "ui/version_info.h"
 
 #include <filesystem>
 
 #include "spooler/driver_utility.h"
-#include "spooler/open_printer.h"
 #include "support/build_folders.h"
 #include "support/staged_driver_test.h"
 #include "ui/prtui.h"
@@ -43,31 +42,4 @@ TEST_F(UIObjectOfTheModule, ReadsItsVersionResource) {
     EXPECT_GT(ui->GetCopyrightStart(), 2000);
     EXPECT_EQ(ui->GetCopyrightEnd(), ui->GetCopyrightStart());
     FreeLibrary(module);
-}
-
-TEST_F(UIObjectOfTheModule, AsksTheSystemForCapabilities) {
-    Install({.method = "Copies.Limit=500\n"});
-    const OpenPrinter printer("Dock 3", PRINTER_ACCESS_USE);
-    const std::unique_ptr<prtui> ui(prtui::new_ext());
-    ui->init(printer.Get(), nullptr, 0);
-    EXPECT_EQ(ui->DeviceCapabilitiesW(DC_COPIES, nullptr), 500u);
-}
-
-TEST(CopyrightNotice, TellsItsYears) {
-    const struct {
-        const char* text;
-        int32_t start, end;
-    } cases[] = {{"(c) 2001-2004 Maker", 2001, 2004},
-                 {"(c) 2004 Maker", 2004, 2004},
-                 {"1999-20", 1999, 20},
-                 {"2004-", 2004, 0},
-                 {"19", 19, 19},
-                 {"Maker", 0, 0},
-                 {"", 0, 0},
-                 {"v3 1998, 2004", 1998, 1998}};
-    for (const auto& c : cases) {
-        const CopyrightYears years = ReadCopyrightYears(c.text);
-        EXPECT_EQ(years.start, c.start) << c.text;
-        EXPECT_EQ(years.end, c.end) << c.text;
-    }
 }

@@ -30,18 +30,3 @@ TEST_F(UIObject, TakesThePrinterAndTheSettingsAskedFor) {
         EXPECT_EQ(ui->stream->GetModel(), ui->model.get());
     }
 }
-
-TEST_F(UIObject, KeepsItsListsForTheNextOne) {
-    Install({.model = "Resolution=203\n"});
-    const auto first = OpenUI(), second = OpenUI();
-    EXPECT_NE(first->presets.GetCurrentSettings(), nullptr) << "nameless without a library";
-    EXPECT_NE(first->presets.GetDefaultSettings(), nullptr);
-    auto* preset = new Preset;
-    preset->SetToDefaultDevMode(first->model.get());
-    preset->SetName("Draft");
-    first->presets.AddTail(preset);
-    first->Settings_Save();
-    second->Settings_Load();
-    ASSERT_EQ(second->presets.GetHead(), second->presets.GetTail());
-    EXPECT_EQ(Text(second->presets.GetNext(nullptr)->GetName()), "Draft");
-}

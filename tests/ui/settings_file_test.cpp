@@ -137,17 +137,6 @@ TEST_F(SettingsFiles, BringBackWhatWasExported) {
     EXPECT_EQ(Offset(), 7u);
 }
 
-TEST_F(SettingsFiles, HaveNoRfidFontsWhereThePrinterHasNoRfid) {
-    AddFonts();
-    Exported(SETTINGS_RFID_FONTS);
-    const std::string with = BytesOf(OnDriveC("settings.kds"));
-    Replace(Model1(""));
-    model_ = Model();
-    stocks_.init(model_.get());
-    EXPECT_EQ(Exported(SETTINGS_RFID_FONTS), "0 0 0 0 0");
-    EXPECT_EQ(Imported(with, 0x10F), "0 0 0 0 0");
-}
-
 TEST_F(SettingsFiles, ForAnotherModelBringNoDriverSettings) {
     const uint32_t mark = Registry().GetDWORD("DATA:Model Synchronization", 0);
     const std::string head = "<driver version='6.6'>\r\n\r\n<options model='";

@@ -14,13 +14,10 @@ using Field = std::variant<int16_t extconfig::*, uint16_t extconfig::*, int32_t 
 
 class ZplConfiguration : public ModelTest {
 protected:
+    void SetUp() override { Install({}); }
+
     void Use(const CustomData& data, const std::string& model = "Resolution=203") {
-        const ModelTables tables = {.model = model, .custom_data = CustomDataLines(data)};
-        if (installed_)
-            Replace(tables);
-        else
-            Install(tables);
-        installed_ = true;
+        Replace({.model = model, .custom_data = CustomDataLines(data)});
     }
 
     // A field of the default configuration after it was set and validated.
@@ -36,9 +33,6 @@ protected:
             },
             field);
     }
-
-private:
-    bool installed_ = false;
 };
 
 CustomData WithSpeeds(std::vector<CustomData::Speed> speeds, uint32_t flags = 0) {
@@ -49,25 +43,6 @@ CustomData WithSpeeds(std::vector<CustomData::Speed> speeds, uint32_t flags = 0)
 }
 
 } // namespace
-
-TEST_F(ZplConfiguration, StartsWithTheDefaultsInTheirPlaces) {
-    Use(WithSpeeds({{2, "A", 0}, {4, "C", 1}, {6, "E", 1}}));
-    extconfig config;
-    std::memset(&config, 0x5A, sizeof config);
-    prtconfig::Reset(&config, Model().get());
-
-    const struct {
-        size_t offset;
-        uint16_t value;
-    } words[] = {{1024, 1116}, {1026, 1028}, {1032, 6350}, {1036, 2},     {1048, 2},
-                 {1050, 2},    {1054, 18},   {1056, 16},   {1060, 65535}, {1062, 65535},
-                 {1072, 4},    {1076, 4},    {1080, 4},    {1096, 12},    {1100, 65535}};
-    std::vector<char> expected(1116);
-    for (const auto& word : words) std::memcpy(&expected[word.offset], &word.value, 2);
-    const auto* bytes = reinterpret_cast<const char*>(&config);
-    for (size_t i = 0; i < expected.size(); ++i) EXPECT_EQ(bytes[i], expected[i]) << "byte " << i;
-    EXPECT_EQ(prtconfig::GetTotalSize(), 1124);
-}
 
 TEST_F(ZplConfiguration, BringsEachSettingIntoTheLimitsOfTheModel) {
     constexpr uint32_t kOnlyTransfer = CustomData::TRANSFER_ONLY;
@@ -159,20 +134,6 @@ TEST_F(ZplConfiguration, BringsSpeedsIntoTheTable) {
     }
 }
 
-TEST(ZplSpeeds, HaveTheLetterOfTheirFirstEntry) {
-    CustomData data = WithSpeeds({{2, "A", 0}, {4, "C", 1}, {4, "D", 1}, {6, "", 0}});
-    std::memcpy(data.speeds[4].letter, "xyz", 3);
-    data.speeds[4].value = 12;
-    const struct {
-        int32_t speed;
-        const char* letter;
-    } cases[] = {{2, "A"}, {4, "C"}, {6, ""}, {5, ""}, {0, ""}, {12, "xyz"}};
-    for (const auto& c : cases)
-        EXPECT_EQ(Text(extconfig::FindSpdLetter(c.speed, data)), c.letter) << c.speed;
-    EXPECT_EQ(extconfig::GetDefaultSpeed(data), 4);
-    EXPECT_EQ(extconfig::GetDefaultSpeed({}), 0);
-}
-
 TEST(ZplSettings, AreThoseInForce) {
     extconfig config = {};
     config.setting_flags = extconfig::SETTING_SPEEDS;
@@ -191,12 +152,4 @@ TEST(ZplSettings, AreThoseInForce) {
     EXPECT_FALSE(config.get_pauseaftercut());
     config.print_mode = extconfig::PRINT_CUTTER;
     EXPECT_TRUE(config.get_pauseaftercut());
-}
-
-TEST(ZplMediaFeed, HasALetterForEachAction) {
-    const struct {
-        int action;
-        const char* letter;
-    } cases[] = {{0, "F"}, {1, "N"}, {2, "L"}, {3, "C"}, {4, "N"}, {-1, "N"}};
-    for (const auto& c : cases) EXPECT_STREQ(extconfig::mediafeed(c.action), c.letter);
 }

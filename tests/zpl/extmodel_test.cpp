@@ -3,7 +3,6 @@
 #include "zpl/extmodel.h"
 
 #include <cstring>
-#include <utility>
 
 #include "core/memory.h"
 #include "model/model_data_cache.h"
@@ -13,53 +12,14 @@ namespace {
 
 class ZplModel : public ModelTest {
 protected:
-    void LoadBlob(const std::string& length, const std::string& text) {
-        ModelTables tables = {.custom_data = "Data.Length=" + length + "\nData=" + text + "\n"};
-        if (installed_)
-            Replace(tables);
-        else
-            Install(tables);
-        installed_ = true;
-    }
+    void SetUp() override { Install({}); }
 
-private:
-    bool installed_ = false;
+    void LoadBlob(const std::string& length, const std::string& text) {
+        Replace({.custom_data = "Data.Length=" + length + "\nData=" + text + "\n"});
+    }
 };
 
 } // namespace
-
-TEST_F(ZplModel, HasFeatures) {
-    const struct {
-        ModelTables tables;
-        bool (extmodel::*has)() const;
-    } cases[] = {
-        {{.model = "~ArgoxPPLZ=yes"}, &extmodel::IsPPLZ},
-        {{.features = "~Options.Power=yes"}, &extmodel::HasPowerOptions},
-        {{.features = "~Mode.Applicator=yes"}, &extmodel::HasApplicatorMode},
-        {{.features = "~Mode.PeelOff=yes"}, &extmodel::HasPeelOffMode},
-        {{.features = "~Command.JB=yes"}, &extmodel::HasMemoryInitializeCommand},
-        {{.features = "~Command.HH=yes"}, &extmodel::HasConfigurationLabelCommand},
-    };
-    Install({});
-    for (const auto& c : cases) {
-        Replace({});
-        EXPECT_FALSE((*Model().*c.has)());
-        Replace(c.tables);
-        EXPECT_TRUE((*Model().*c.has)());
-    }
-}
-
-TEST_F(ZplModel, AlwaysHasItsWorkingMemory) {
-    Install({.features = "~Memory.Options=E,B\n~Memory.DefaultLocation=E\n"});
-    OStringArray locations;
-    Model()->GetMemoryLocations(locations);
-    EXPECT_EQ(Text(locations), "E,B,R");
-    EXPECT_EQ(Text(Model()->GetDefaultMemoryLocation()), "E");
-    Replace({});
-    Model()->GetMemoryLocations(locations);
-    EXPECT_EQ(Text(locations), "R");
-    EXPECT_EQ(Text(Model()->GetDefaultMemoryLocation()), "R");
-}
 
 TEST_F(ZplModel, TellsItsRfidTagTypesInBits) {
     const struct {
@@ -67,7 +27,6 @@ TEST_F(ZplModel, TellsItsRfidTagTypesInBits) {
         uint32_t bits;
     } cases[] = {
         {"EPC64", 1}, {"EPC96,TagIt", 6}, {"ISO15693,ICode1,Picotag", 0x38}, {"epc64,New", 0}};
-    Install({});
     for (const auto& c : cases) {
         Replace({.model = std::string("~RFID.TagTypes=") + c.types});
         auto model = Model();
@@ -83,7 +42,6 @@ TEST_F(ZplModel, TellsItsRfidTagTypesInBits) {
 }
 
 TEST_F(ZplModel, TakesALongerRfidRecordFromTheCache) {
-    Install({});
     uint32_t longer[9] = {36 << 16 | 28, 1};
     ModelDataCache().Synchronize(Records());
     ModelDataCache().SetData(Records(), "RFIDCapabilities", longer, sizeof longer);
@@ -95,7 +53,6 @@ TEST_F(ZplModel, TakesALongerRfidRecordFromTheCache) {
 }
 
 TEST_F(ZplModel, DescribesTemplatesAndTheClock) {
-    Install({});
     auto* templates = static_cast<KVTemplateCapabilities*>(___calloc(1, 24));
     templates->size = 20;
     Model()->GetTemplateCapabilities(templates);
@@ -115,42 +72,6 @@ TEST_F(ZplModel, DescribesTemplatesAndTheClock) {
     const uint32_t expected[6] = {0, 0x1010F, 0x2502EA, 0x1011A, 0, 119};
     EXPECT_EQ(std::memcmp(clock, expected, sizeof expected), 0);
     ___free(clock);
-}
-
-TEST_F(ZplModel, LeavesRecordsAloneThatAreTooShortOrMissing) {
-    Install({.model = "~RFID.TagTypes=EPC96"});
-    KVTemplateCapabilities* no_templates = nullptr;
-    KVClockCapabilities* no_clock = nullptr;
-    KVRFIDCapabilities* no_rfid = nullptr;
-    Model()->GetTemplateCapabilities(no_templates);
-    Model()->GetClockCapabilities(no_clock);
-    Model()->GetRFIDCapabilities(no_rfid);
-    EXPECT_FALSE(no_templates || no_clock || no_rfid);
-    auto* clock = static_cast<KVClockCapabilities*>(___calloc(1, 8));
-    Model()->GetClockCapabilities(clock);
-    EXPECT_EQ(clock->value4, 0u);
-    ___free(clock);
-}
-
-TEST_F(ZplModel, KnowsItsLimits) {
-    CustomData data = {};
-    data.flags = CustomData::TEAR_OFF | CustomData::CUTTER;
-    data.label_top_min = -120;
-    data.label_top_max = 121;
-    data.tear_off_min = -64;
-    data.tear_off_max = 100;
-    data.speeds[19] = {12, "C", 1};
-    LoadBlob("196", Encoded(&data, sizeof data));
-    auto model = Model();
-    EXPECT_EQ(std::memcmp(model->GetCustomData(), &data, sizeof data), 0);
-    EXPECT_TRUE(model->TearOff() && model->RequiresFixedTearOffAdjustment());
-    EXPECT_EQ(std::pair(model->GetLabelTopMin(), model->GetLabelTopMax()), std::pair(-120, 121));
-    EXPECT_EQ(std::pair(model->GetTearOffMin(), model->GetTearOffMax()), std::pair(-64, 100));
-
-    data.flags = 0;
-    data.tear_off_max = 99;
-    LoadBlob("196", Encoded(&data, sizeof data));
-    EXPECT_FALSE(Model()->TearOff() || Model()->RequiresFixedTearOffAdjustment());
 }
 
 TEST_F(ZplModel, TrustsTheLengthOfItsCustomDataOnlyAsFarAsTheTextGoes) {

@@ -21,18 +21,6 @@ class FontFiles : public JobTest {};
 
 } // namespace
 
-TEST(FontIdentifiers, AreTheFirstThatNoListedFontHas) {
-    const std::string all = "IJKLMNOPQRSTUVWXYZ123456789ABCDEF0";
-    prtdttf_list fonts;
-    for (size_t i = 0; i < all.size(); ++i) {
-        EXPECT_EQ(FreeFontIdentifier(fonts), all[i]);
-        Add(fonts, all[i]);
-    }
-    EXPECT_EQ(FreeFontIdentifier(fonts), 'I');
-    delete fonts.GetHead()->GetNext();
-    EXPECT_EQ(FreeFontIdentifier(fonts), 'J');
-}
-
 TEST(FontFileLists, TellWhatIsPresentAndAddWhatIsNew) {
     prtdttf_list fonts;
     Add(fonts, 'I', "E", "ARIAL.FNT");

@@ -1,7 +1,6 @@
 // Printer actions, from the offer to the bytes of the job.
 #include "printer/printer_action.h"
 
-#include <algorithm>
 #include <functional>
 #include <memory>
 
@@ -32,15 +31,14 @@ CustomData Data(uint32_t flags) {
 
 class PrinterActions : public JobTest {
 protected:
+    void SetUp() override {
+        Install({});
+        InstallLanguage();
+    }
+
     void Use(const ModelTables& tables, const Change& change = {}) {
         ui_.reset();
-        if (installed_) {
-            Replace(tables);
-        } else {
-            Install(tables);
-            InstallLanguage();
-        }
-        installed_ = true;
+        Replace(tables);
         ui_ = OpenUI();
         if (change) change(*extconfig::get_cfg(ui_->devmode.GetDevMode()));
     }
@@ -58,30 +56,9 @@ protected:
     }
 
     std::unique_ptr<prtui> ui_;
-
-private:
-    bool installed_ = false;
 };
 
 } // namespace
-
-TEST_F(PrinterActions, PrintsATestPageWithBarsOrWithoutThem) {
-    for (const char* drawing : {"Line=yes\n", ""}) {
-        Use({.model = "Resolution=203x406\nStock.Default.X=4 in\nStock.Default.Y=6 in\n",
-             .drawing = drawing});
-        const Jobs jobs = Run(ACTION_TEST_LABEL);
-        ASSERT_EQ(jobs.size(), 1u);
-        EXPECT_EQ(jobs[0].name, "Printer Test");
-        // The outer frame's first two sides, and the last letter's stem.
-        EXPECT_TRUE(
-            jobs[0].bytes.starts_with("^XA\r\n^FO0,0^GB406,4,4^FS\r\n^FO404,0^GB2,406,2^FS\r\n"))
-            << jobs[0].bytes;
-        EXPECT_TRUE(jobs[0].bytes.ends_with("^FO340,81^GB10,244,10^FS\r\n^XZ\r\n"))
-            << jobs[0].bytes;
-        EXPECT_EQ(std::count(jobs[0].bytes.begin(), jobs[0].bytes.end(), '\n'), 21 + 2);
-        EXPECT_EQ(Run(ACTION_BLANK_LABEL), (Jobs{{"Printer Test", ""}}));
-    }
-}
 
 TEST_F(PrinterActions, WritesEachSettingByItsValue) {
     struct Case {

@@ -85,17 +85,6 @@ TEST_F(QueryStream, MakesNoJobWhenThereIsNobodyOrNothingToAsk) {
     EXPECT_EQ(stream_.sent, "");
 }
 
-TEST_F(QueryStream, OpensTheDocumentOnce) {
-    stream_.XPML_xpml(true);
-    stream_.QueryStart("job");
-    stream_.Query("a", 0);
-    stream_.Query("b", INT32_MIN);
-    stream_.QueryEnd();
-    EXPECT_EQ(stream_.sent, "<xpml><query name=\"a\", response_length=\"0\"></query>"
-                            "<query name=\"b\", response_estimate=\"2147483648\"></query><end/>"
-                            "</xpml>");
-}
-
 TEST_F(QueryStream, ForgetsOldAnswersBeforeEveryJob) {
     ORegistry registry;
     prtreg data = Registry();
