@@ -2,12 +2,9 @@
 
 #include <gtest/gtest.h>
 
-#include <random>
 #include <string>
-#include <tuple>
 #include <utility>
 
-#include "core/lz77.h"
 #include "core/text.h"
 
 namespace {
@@ -59,21 +56,6 @@ TEST(Base64Text, EndsAtPaddingAndToleratesTheRest) {
         << "strangers count as zero";
     EXPECT_EQ(DecodedText("==Fu"), DecodedText("AAFu"))
         << "padding ends the text in its places only";
-}
-
-TEST(BlobText, ComesBackFromAString) {
-    std::mt19937 random(2);
-    for (const uint32_t size : {0u, 1u, 28u, 5000u}) {
-        OBuffer<char> blob(size);
-        for (uint32_t i = 0; i < size; ++i) blob[i] = static_cast<char>(random());
-        OString text = InCodePage(1208, "old");
-        EXPECT_TRUE(Base64::BufferToString(blob, text));
-        EXPECT_EQ(text.Left(5), "WkxJQ") << "the text of \"ZLIB\"";
-        EXPECT_EQ(text.GetCodePage(), 1208u);
-        OBuffer<char> back(3);
-        EXPECT_TRUE(Base64::StringToBuffer(OString(text.wstring()), back));
-        EXPECT_EQ(Contents(back), Contents(blob));
-    }
 }
 
 TEST(BlobText, IsRefusedWhenItIsNone) {

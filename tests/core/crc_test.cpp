@@ -65,18 +65,4 @@ TEST(Checksum, IsTheDefinedOneForEveryLengthAlignmentAndSeed) {
     }
 }
 
-TEST(ChecksumCalculator, TakesValuesLeastSignificantByteFirst) {
-    CRC32_Calculator crc(7);
-    EXPECT_EQ(crc.GetValue(), 7u);
-    crc.CRC32(int32_t{1});
-    crc.CRC32(int16_t{-2});
-    crc.CRC32('c');
-    crc.CRC32(OString("d\xE9"));
-    crc.CRC32(OString());
-    crc.CRC32("e", 1);
-    const char bytes[] = "\1\0\0\0\xFE\xFF"
-                         "cd\0\xE9\0\0\0\0\0e";
-    EXPECT_EQ(crc.GetValue(), CRC32(bytes, sizeof(bytes) - 1, 7));
-}
-
 } // namespace

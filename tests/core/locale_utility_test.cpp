@@ -40,14 +40,6 @@ TEST(UTF8, CodesEveryUnitByItself) {
     }
 }
 
-TEST(UTF8, EndsAtTheTerminatorAndDropsASequenceThatIsCutShort) {
-    EXPECT_EQ(Encoded(WideText{'a', 0, 'b'}), std::string("a\0", 2));
-    for (const std::string bytes : {"a\xC3", "a\xE2", "a\xE2\x82", "a\xF0\x9F"})
-        EXPECT_EQ(Decoded(bytes), (WideText{'a', 0})) << bytes;
-    EXPECT_EQ(Decoded(std::string("a\0b", 3)), (WideText{'a', 0}));
-    EXPECT_EQ(Decoded(std::string("a\xE2\x82\0\xAC", 5)), (WideText{'a', 0}));
-}
-
 TEST(UTF8, TakesMalformedBytesByTheirLowBits) {
     const std::pair<const char*, WideText> cases[] = {{"\xC3"
                                                        "A",
@@ -57,20 +49,6 @@ TEST(UTF8, TakesMalformedBytesByTheirLowBits) {
                                                        "x",
                                                        {0x07D8, 'x'}}};
     for (const auto& [bytes, units] : cases) EXPECT_EQ(Decoded(bytes), units + kEnd);
-}
-
-TEST(CodePages, AreFoundByTheirCharacterSetAndBack) {
-    const std::pair<uint32_t, unsigned char> cases[] = {
-        {874, 222}, {932, 128}, {1252, 0}, {1361, 130}, {2, 2}};
-    for (const auto& [code_page, charset] : cases) {
-        EXPECT_EQ(LocaleUtility::CharSetToCodePage(charset), code_page);
-        EXPECT_EQ(LocaleUtility::CodePageToCharSet(code_page), charset);
-    }
-    EXPECT_EQ(LocaleUtility::CharSetToCodePage(255), 0u);
-    EXPECT_EQ(LocaleUtility::CodePageToCharSet(0), 255);
-    EXPECT_EQ(LocaleUtility::CodePageToCharSet(1208), 255);
-    EXPECT_TRUE(LocaleUtility::IsMultiByteCodePage(949));
-    EXPECT_FALSE(LocaleUtility::IsMultiByteCodePage(1252));
 }
 
 } // namespace

@@ -3,7 +3,6 @@
 #include <gtest/gtest.h>
 
 #include <cstring>
-#include <random>
 #include <string>
 #include <utility>
 
@@ -26,22 +25,6 @@ uint32_t Field(const std::string& container, size_t offset) {
     uint32_t value;
     std::memcpy(&value, container.data() + offset, sizeof(value));
     return value;
-}
-
-TEST(CompressedContainer, BringsEveryContentBack) {
-    std::mt19937 random(1);
-    std::string noise;
-    for (int i = 0; i < 100000; ++i) noise.push_back(static_cast<char>(random()));
-    for (const std::string& bytes : {std::string(), std::string("a"), noise,
-                                     std::string(1 << 20, '\0'), std::string(1 << 20, 'x') + "y"}) {
-        const std::string container = Container(bytes);
-        EXPECT_EQ(container.substr(0, 4), "ZLIB");
-        EXPECT_EQ(Field(container, 4), bytes.size());
-        EXPECT_EQ(Field(container, 8), container.size() - 12);
-        OBuffer<char> buffer = Buffer(container);
-        ASSERT_TRUE(LZ77::Decode(buffer));
-        EXPECT_EQ(Contents(buffer), bytes);
-    }
 }
 
 TEST(CompressedContainer, IsRefusedWhenAnythingIsWrongWithIt) {

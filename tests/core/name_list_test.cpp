@@ -92,13 +92,6 @@ TEST(List, LosesTheNodesThatAreTakenOutOrDestroyed) {
     EXPECT_EQ(CountedNode::alive, 0) << "a list owns its nodes";
 }
 
-TEST(NameNode, SortsByPriorityAndThenByName) {
-    const CountedNode high("z", 10), low("a", 0), low_too("b", 0);
-    EXPECT_EQ(high.Collate(low), -1);
-    EXPECT_EQ(low.Collate(high), 1);
-    EXPECT_EQ(low.Collate(low_too), -1);
-}
-
 TEST(NameList, ReplacesNodesOfTheSameName) {
     CountedList list;
     for (const char* name : {"A", "a", "A", "b"}) list.AddTail(new CountedNode(name));
@@ -123,23 +116,6 @@ TEST(NameList, NumbersNamesThatAreTaken) {
         list.AddTail_UniqueName(new CountedNode(wanted), space);
         EXPECT_STREQ(list.GetPrev(nullptr)->GetName().nstring(), unique);
     }
-}
-
-TEST(NameList, FindsAFreeNameWhenTheNumbersRunOut) {
-    for (const bool space : {true, false}) {
-        CountedList list;
-        for (int i = 0; i < 3; ++i) list.AddTail_UniqueName(new CountedNode("x2000000001"), space);
-        EXPECT_EQ(Names(list), "x2000000001;x2000000001 2;x2000000001 3;") << space;
-    }
-}
-
-TEST(NameList, CopiesItsNameOnly) {
-    CountedList list, other;
-    list.SetName(OString("list"));
-    list.AddTail(new CountedNode("a"));
-    static_cast<NameList&>(other) = list;
-    EXPECT_STREQ(other.GetName().nstring(), "list");
-    EXPECT_EQ(Names(other), "");
 }
 
 TEST(NameList, ChainsTheChecksumsOfItsNodes) {

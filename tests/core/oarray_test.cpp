@@ -2,7 +2,6 @@
 
 #include <gtest/gtest.h>
 
-#include <tuple>
 #include <vector>
 
 namespace {
@@ -10,31 +9,6 @@ namespace {
 template <class T>
 std::vector<T> Contents(const OTypedArray<T>& array) {
     return std::vector<T>(array.GetData(), array.GetData() + array.GetSize());
-}
-
-TEST(Array, GrowsByAnEighthWithinFourAndAThousand) {
-    const std::tuple<int, int, int> cases[] = {
-        {10, 11, 14}, {80, 81, 90}, {10000, 10001, 11024}, {10, 100, 100}, {1, 2, 5}};
-    for (const auto& [first, second, capacity] : cases) {
-        OBaseArray<4> array;
-        array.SetSize(first);
-        EXPECT_EQ(array.GetCapacity(), first);
-        array.SetSize(second);
-        EXPECT_EQ(array.GetCapacity(), capacity) << first;
-    }
-}
-
-TEST(Array, GrowsByTheStepOfItsOwnerNeverShrinksAndClearsWhatComesBack) {
-    OTypedArray<uint16_t> array;
-    array.SetSize(1, 100);
-    array.Add(7);
-    EXPECT_EQ(array.GetCapacity(), 101);
-    array.SetSize(1);
-    EXPECT_EQ(array.GetCapacity(), 101);
-    array.SetSize(2);
-    EXPECT_EQ(Contents(array), (std::vector<uint16_t>{0, 0}));
-    array.SetSize(0);
-    EXPECT_EQ(array.GetCapacity(), 0);
 }
 
 TEST(Array, OpensGaps) {

@@ -27,18 +27,6 @@ protected:
     }
 };
 
-TEST(Stream, HandsOnFullBuffersOrEveryWriteWithoutOne) {
-    SinkStream stream;
-    const std::string block(3000, 'x');
-    EXPECT_EQ(stream.Write(block.data(), 3000), 3000u);
-    EXPECT_EQ(stream.calls, (std::vector<uint32_t>{1024, 1024}));
-    EXPECT_EQ(stream.Flush(), 952u);
-    EXPECT_EQ(stream.Flush(), 0u);
-    stream.SetBufferSize(0);
-    stream.Write("c", 1);
-    EXPECT_EQ(stream.bytes, block + "c");
-}
-
 TEST(Stream, ReportsASinkThatTakesLessThanAFullBuffer) {
     SinkStream stream;
     stream.room = 1000;
@@ -47,21 +35,6 @@ TEST(Stream, ReportsASinkThatTakesLessThanAFullBuffer) {
     EXPECT_EQ(stream.Write("y", 1), 1u) << "the buffer was emptied all the same";
     stream.Flush();
     EXPECT_EQ(stream.calls, (std::vector<uint32_t>{1024, 1}));
-}
-
-TEST(Stream, WritesTextInItsCodePage) {
-    const WCHAR text[] = {0xE9, 0};
-    const std::pair<uint32_t, const char*> cases[] = {{1208, "\xC3\xA9"}, {1252, "\xE9"}};
-    for (const auto& [code_page, bytes] : cases) {
-        SinkStream stream;
-        stream.SetCodePage(code_page);
-        const OString source(text);
-        stream << source << "=" << -12 << static_cast<const char*>(nullptr);
-        stream << OCore::endl;
-        stream.Flush();
-        EXPECT_EQ(stream.bytes, std::string(bytes) + "=-12\r\n") << code_page;
-        EXPECT_EQ(source.GetCodePage(), 0u);
-    }
 }
 
 class FileTest : public HostTest {
@@ -137,19 +110,6 @@ TEST_F(FileTest, ReadsLinesWhateverEndsThem) {
     }
 }
 
-TEST_F(FileTest, ReadsOnBehindALineAndConvertsItsText) {
-    WriteFile("mixed.txt", "\xC3\xA9\nrest of the file");
-    OFile file(OString("C:\\mixed.txt"), OFILE_READ);
-    file.SetCodePage(1208);
-    OString line;
-    line.SetCodePage(1252);
-    ASSERT_TRUE(file.ReadLine(line));
-    EXPECT_STREQ(line.nstring(), "\xE9");
-    char rest[5] = {};
-    EXPECT_EQ(file.Read(rest, 4), 4);
-    EXPECT_STREQ(rest, "rest");
-}
-
 TEST_F(FileTest, WritesAndSeeksFromWhereALineEnds) {
     WriteFile("lines.txt", "one\ntwo\nthree\n");
     OFile file(OString("C:\\lines.txt"), OFILE_WRITE | OFILE_APPEND);
@@ -162,22 +122,6 @@ TEST_F(FileTest, WritesAndSeeksFromWhereALineEnds) {
     file.Write("T", 1);
     file.Close();
     EXPECT_EQ(Contents("lines.txt"), "one\ntwo\nThree\n");
-}
-
-TEST_F(FileTest, SeeksOverWhatWasWritten) {
-    OFile file(OString("C:\\data.bin"), OFILE_WRITE);
-    file.Write("0123456789", 10);
-    EXPECT_EQ(file.GetLength(), 0u) << "still in the buffer";
-    file.Seek(-3, 2);
-    EXPECT_EQ(file.GetLength(), 10u);
-    char tail[4] = {};
-    EXPECT_EQ(file.Read(tail, 4), 3);
-    EXPECT_STREQ(tail, "789");
-    file.Seek(2, 0);
-    file.Seek(1, 1);
-    file.Write("x", 1);
-    file.Close();
-    EXPECT_EQ(Contents("data.bin"), "012x456789");
 }
 
 } // namespace

@@ -155,19 +155,6 @@ TEST(StringRemove, LosesNoCharacterThatTheCodePageLacks) {
     EXPECT_EQ(WideText(text.wstring()), (WideText{0x0416, 'x'}));
 }
 
-TEST(StringTrim, RemovesOnlyWhatTheSetNames) {
-    OString text("  xax  ");
-    text.TrimLeft("");
-    text.TrimRight(static_cast<const char*>(nullptr));
-    EXPECT_STREQ(text.nstring(), "  xax  ");
-    text.TrimLeft(' ');
-    text.TrimRight(" x");
-    EXPECT_STREQ(text.nstring(), "xa");
-    text.TrimLeft("ax");
-    text.TrimRight('x');
-    EXPECT_TRUE(text.IsEmpty());
-}
-
 TEST(StringCase, ChangesAsciiLettersOnly) {
     OString text = InCodePage(1252, "aZ\xE9{`");
     text.wstring();
@@ -215,19 +202,6 @@ TEST(StringPath, IsCutAtItsLastBackslash) {
     const OString japanese = InCodePage(932, "\x83\x5C\x5C\x83\x5C");
     EXPECT_STREQ(japanese.PathPart().nstring(), "\x83\x5C");
     EXPECT_STREQ(japanese.FilePart().nstring(), "\x83\x5C");
-}
-
-TEST(StringHex, GoesForwardOrBackward) {
-    const unsigned char bytes[] = {0x01, 0xAB, 0xFF};
-    OString text("old");
-    for (const auto& [size, hex] :
-         {std::pair(3, "01ABFF"), std::pair(-2, "AB01"), std::pair(0, "")}) {
-        text.Hex(bytes, size);
-        EXPECT_STREQ(text.nstring(), hex);
-    }
-    text = "J";
-    text.Hex(text.nstring(), 1);
-    EXPECT_STREQ(text.nstring(), "4A");
 }
 
 TEST(StringNumbering, CountsUpTheNumberAtTheEnd) {

@@ -2,7 +2,6 @@
 
 #include <gtest/gtest.h>
 
-#include <string>
 #include <utility>
 
 namespace {
@@ -30,21 +29,6 @@ TEST(HashMap, OrdersByHashTheLargestFirst) {
     EXPECT_EQ(map.HashStart(0), 5);
 }
 
-TEST(StringMap, FindsEveryKeyOfMany) {
-    OStringMap<int*> map;
-    int numbers[3000];
-    for (int i = 0; i < 3000; ++i) EXPECT_TRUE(map.Set(OString("key") + FormatInt(i), &numbers[i]));
-    for (int i = 0; i < 3000; ++i) {
-        int* value = nullptr;
-        ASSERT_TRUE(map.Lookup(OString("key") + FormatInt(i), value));
-        EXPECT_EQ(value, &numbers[i]);
-    }
-    for (int i = 1; i < map.GetSize(); ++i) EXPECT_GE(map.HashAt(i - 1), map.HashAt(i));
-    int* value = numbers;
-    EXPECT_FALSE(map.Lookup(OString("Key1"), value)) << "keys differ by case";
-    EXPECT_EQ(value, numbers);
-}
-
 TEST(StringMap, ReplacesTheValueOfAKey) {
     OStringMap<int> map;
     map.Set(OString("a"), 1);
@@ -60,11 +44,6 @@ TEST(StringMap, ReplacesTheValueOfAKey) {
     map.RemoveAll();
     EXPECT_EQ(map.GetSize(), 0);
     EXPECT_FALSE(map.Lookup(OString("a"), value));
-}
-
-TEST(StringMap, HashesTheKeyWithItsTerminator) {
-    EXPECT_EQ(OStringMap<int>::HashCalculate(OString("abc")), CRC32("abc", 4, 0));
-    EXPECT_EQ(OStringMap<int>::HashCalculate(OString()), CRC32("", 1, 0));
 }
 
 } // namespace

@@ -32,7 +32,9 @@ TEST_F(DeviceCapabilities, ComeFromTheModuleThatTheSpoolerLoads) {
         {21, -1},         {DC_DRIVER, 0x607},     {DC_MAXEXTENT, 32767 << 16 | 1140},
         {DC_SIZE, 220},   {DC_VERSION, 0x401},    {DC_ENUMRESOLUTIONS, 2},
         {34, -1},         {DC_COPIES, 9999},      {DC_FILEDEPENDENCIES, 2},
-        {DC_EXTRA, 1288}, {DC_COLORDEVICE, 1}};
+        {DC_EXTRA, 1288}, {DC_COLORDEVICE, 1},    {DC_ORIENTATION, 90},
+        {DC_DUPLEX, 0},   {DC_TRUETYPE, 1},       {DC_BINADJUST, 2},
+        {DC_COLLATE, 0},  {DC_EMF_COMPLIANT, 1},  {DC_STAPLE, 0}};
     for (const auto& [capability, expected] : cases)
         EXPECT_EQ(Ask(capability), expected) << capability;
 }

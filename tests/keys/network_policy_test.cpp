@@ -59,26 +59,6 @@ TEST_F(CurrentUser, HasTheLevelOfHisMightiestGroup) {
     }
 }
 
-TEST_F(CurrentUser, HasHisLocalGroupsListedFirst) {
-    win32host::SetUser(User({{Group::DomainGroup, TEXT("Clerks"), TEXT("SALES"), 1200},
-                             Builtin(TEXT("Users"), 545),
-                             {Group::Alias, TEXT("Packers"), TEXT(""), 1005}}));
-    const UserInfo user;
-    EXPECT_EQ(user.GetUser() + user.GetDomain() + user.GetComputer(), "annSALESDESK7");
-    const char* const groups[] = {"DESK7\\Users", "DESK7\\Packers", "SALES\\Clerks"};
-    ASSERT_EQ(user.GetGroups().GetSize(), 3);
-    for (int i = 0; i < 3; ++i) EXPECT_STREQ(user.GetGroups()[i].nstring(), groups[i]);
-}
-
-TEST_F(CurrentUser, IsAPlainUserWithoutNT) {
-    SetPlatformFlags("C:\\WINDOWS\\SYSTEM");
-    win32host::SetUser(User({Builtin(TEXT("Administrators"), 544)}));
-    const UserInfo user;
-    EXPECT_EQ(user.GetLevel(), 1);
-    ASSERT_EQ(user.GetGroups().GetSize(), 1);
-    EXPECT_STREQ(user.GetGroups()[0].nstring(), "DESK7\\Users");
-}
-
 TEST_F(NetworkSharing, OfALocalPrinterNeedsTheSwitchAndABidirectionalPort) {
     AddLocal(PRINTER_ATTRIBUTE_ENABLE_BIDI);
     ASSERT_TRUE(AddPrinter("One way", "Model 1"));
@@ -97,15 +77,6 @@ TEST_F(NetworkSharing, OfALocalPrinterNeedsTheSwitchAndABidirectionalPort) {
         EXPECT_FALSE(policy.CanShareNetwork() || policy.IsNetworkShared());
         SetPlatformFlags("C:\\3");
     }
-}
-
-TEST_F(NetworkSharing, OfAConnectionIsOffWhenTheServerDoesNotAnswer) {
-    Connect();
-    NetworkPolicy policy(Remote);
-    EXPECT_FALSE(policy.IsNetworkShared());
-    EXPECT_FALSE(policy.CanShareNetwork());
-    // Everybody may change his own copy.
-    EXPECT_EQ(policy.GetAccessLevel(), 0);
 }
 
 TEST_F(NetworkSharing, OfAConnectionIsWhatTheServerAnswersAndTheUserFollows) {

@@ -1,14 +1,9 @@
 #include "keys/prtreg.h"
 
-#include <set>
-#include <string>
 #include <tuple>
 #include <utility>
 
-#include <win32host/registry_control.h>
-
 #include "spooler/platform_flags.h"
-#include "spooler/printer_info.h"
 #include "support/printer_test.h"
 
 namespace {
@@ -105,18 +100,6 @@ TEST_F(KeyMap, KeepsAPrinterNameOneKey) {
     EXPECT_EQ(ORegistry().EnumKeys("PRINT:Printers", printers), 3);
 }
 
-TEST_F(KeyMap, OfAnUnknownPrinterHasEmptyNames) {
-    prtreg map("Nowhere");
-    EXPECT_TRUE(map.GetPrinterName().IsEmpty());
-    EXPECT_TRUE(map.GetPrinterPart().IsEmpty());
-    EXPECT_FALSE(map.IsRemote());
-    EXPECT_FALSE(map.IsShadow());
-    EXPECT_EQ(map.GetInt("Settings:v", 3), 3);
-    unsigned char byte = 0;
-    EXPECT_FALSE(map.GetPrinterDataW("v", REG_BINARY, &byte, 1));
-    EXPECT_FALSE(map.SetPrinterDataW("v", REG_BINARY, &byte, 1));
-}
-
 TEST_F(ShadowTree, HoldsTheKeysOfAConnection) {
     Connect("SRV1");
     prtreg map("\\\\SRV1\\Dock3");
@@ -151,19 +134,6 @@ TEST_F(ShadowTree, FollowsThePrintersShadowMode) {
     }
 }
 
-TEST_F(ShadowTree, OfALocalPrinterHasNoServerAndIsLeftAtOnceWhenTheFlagIsCleared) {
-    AddDock();
-    prtreg map("Dock3");
-    map.SetInt("Settings:v", 1);
-    map.SetShadow(true);
-    EXPECT_EQ(map.GetInt("Settings:v", 0), 0);
-    map.SetInt("Settings:v", 2);
-    EXPECT_EQ(
-        Raw("1:Software/Valdrick/Drivers/PRINT::/Printers/Dock3/PrinterDriverData/Settings/v"), 2);
-    map.SetShadow(false);
-    EXPECT_EQ(map.GetInt("Settings:v", 0), 1);
-}
-
 TEST_F(ShadowTree, IsExportedUnderTheNamesOfTheRealKeys) {
     AddDock();
     prtreg map("Dock3");
@@ -178,25 +148,6 @@ TEST_F(ShadowTree, IsExportedUnderTheNamesOfTheRealKeys) {
     EXPECT_EQ(Raw("LOCAL:k/v"), -1);
     EXPECT_TRUE(map.Delete("LOCAL:k", true));
     EXPECT_EQ(map.GetInt("LOCAL:k/v", 0), 0);
-}
-
-TEST_F(ShadowTree, CoversTheDriverDataAndTheMachinesKeys) {
-    AddDock();
-    prtreg map("Dock3");
-    for (const char* name : {"DATA:Settings/v", "DATA:(Shadow)/v", "DATA:a//b/v",
-                             "LOCAL:Paper Sizes/v", "LOCAL:Printers/v"}) {
-        ASSERT_TRUE(map.SetInt(name, 1));
-    }
-    OStringArray keys;
-    keys.Add("old");
-    map.EnumShadowKeys(keys);
-    const char* const expected[] = {"DATA:Settings", "DATA:a%2Fb", "LOCAL:Paper Sizes",
-                                    "LOCAL:Printers"};
-    ASSERT_EQ(keys.GetSize(), 4);
-    // Each system lists keys in an order of its own.
-    std::multiset<std::string> listed;
-    for (int i = 0; i < 4; ++i) listed.insert(keys[i].nstring());
-    EXPECT_EQ(listed, std::multiset<std::string>(std::begin(expected), std::end(expected)));
 }
 
 TEST_F(KeyMap, ReachesPrinterDataThroughTheSpooler) {
@@ -227,23 +178,4 @@ TEST_F(KeyMap, DeletesADriverDataKeyByItsWholeName) {
     EXPECT_EQ(map.GetInt("DATA:a//b/v", 0), 0);
     EXPECT_EQ(map.GetInt("DATA:a/b/v", 0), 2);
     EXPECT_FALSE(map.DeletePrinterDataKey("a"));
-}
-
-TEST_F(RegistryAccess, OfAReadOnlyKeyReadsAndDoesNotWrite) {
-    ORegistry().SetInt("LOCAL:Locked/v", 7);
-    ASSERT_TRUE(win32host::SetKeyReadOnly(HKEY_LOCAL_MACHINE,
-                                          TEXT("SOFTWARE\\Valdrick\\Drivers\\Locked"), true));
-    ORegistry registry;
-    EXPECT_EQ(registry.GetInt("LOCAL:Locked/v", 0), 7);
-    EXPECT_FALSE(registry.SetInt("LOCAL:Locked/v", 8));
-    EXPECT_FALSE(registry.SetInt("LOCAL:Locked/new/v", 8));
-    EXPECT_FALSE(registry.Delete("LOCAL:Locked/v", false));
-    OStringArray names;
-    EXPECT_EQ(registry.EnumValues("LOCAL:Locked", names), 1);
-    OStringArray lines;
-    lines.Add("[HKEY_LOCAL_MACHINE\\SOFTWARE\\Valdrick\\Drivers\\Locked]");
-    lines.Add("\"v\"=hex:01,00,00,00");
-    registry.Import(lines);
-    EXPECT_EQ(registry.GetInt("LOCAL:Locked/v", 0), 7);
-    EXPECT_TRUE(registry.SetInt("LOCAL:Other/v", 8));
 }

@@ -166,23 +166,6 @@ TEST_F(ShadowKeys, AreSentWhenTheyAreCommittedUnlessTheirTextWouldBeLost) {
     for (int i = 0; i < 6; ++i) EXPECT_STREQ(lines[i].nstring(), expected[i]);
 }
 
-TEST_F(ShadowKeys, StayOutOfTheExchangeOfLocalAndUnsharedPrinters) {
-    // The server is not asked, as it does not offer sharing.
-    CreateShadow(kRemote);
-    CommitShadow(kRemote);
-    EXPECT_EQ(OnServerSize("Shadow Key Data"), -1);
-    EXPECT_EQ(prtreg(kRemote).GetDWORD("DATA:Settings CRC32", 0), 0u);
-
-    ASSERT_TRUE(AddPrinter("Here", "Model 1", PRINTER_ATTRIBUTE_ENABLE_BIDI));
-    prtreg("Here").SetInt("Settings:v", 1);
-    CreateShadow("Here");
-    CommitShadow("Here");
-    EXPECT_EQ(prtreg("Here").GetSize("DATA:Settings CRC32"), -1);
-    EXPECT_EQ(prtreg("Here").GetSize("DATA:Shadow Key Data"), -1);
-    CreateShadow("Nowhere");
-    CommitShadow("");
-}
-
 TEST_F(ShadowKeyFailures, LeaveTheCopyAsItIs) {
     Share();
     OBuffer<char> damaged = Packed({"[" DATA_KEY "\\Settings]", ""});

@@ -27,36 +27,6 @@ TEST(ShadowRequest, WritesChecksumsAsTheyLieInMemory) {
     EXPECT_STREQ(request.Text().nstring(), kDocument);
 }
 
-TEST(ShadowRequest, ReadsWhatItWritesWhateverTheNames) {
-    const struct {
-        ShadowRequest::Action action;
-        const char* printer;
-        const char* key;
-    } cases[] = {
-        {ShadowRequest::EXPORT, "Dock3", "DATA:Settings"},
-        {ShadowRequest::IMPORT, "Ann's tick='", "LOCAL:\",\"00000000;"},
-        {ShadowRequest::IMPORT, "", "DATA:a%2Fb</registry></xpml>"},
-    };
-    for (const auto& c : cases) {
-        ShadowRequest written;
-        written.action = c.action;
-        written.printer = c.printer;
-        written.tick = -5;
-        written.Add(c.key, 0x01020304);
-        written.Add("DATA:Presets", 0);
-        const OString text = written.Text();
-        ShadowRequest read;
-        ASSERT_TRUE(read.Parse(text.nstring(), std::strlen(text.nstring()))) << text.nstring();
-        EXPECT_EQ(read.action, c.action);
-        EXPECT_STREQ(read.printer.nstring(), c.printer);
-        EXPECT_EQ(read.tick, -5);
-        ASSERT_EQ(read.keys.GetSize(), 2);
-        ASSERT_EQ(read.checksums.GetSize(), 2);
-        EXPECT_STREQ(read.keys[0].nstring(), c.key);
-        EXPECT_EQ(read.checksums[0], 0x01020304u);
-    }
-}
-
 TEST(ShadowRequest, IsNoOtherText) {
     const std::string document = kDocument;
     EXPECT_TRUE(Parses(document));

@@ -79,39 +79,6 @@ TEST_F(UnitTexts, TheSeparatorAndTheZeroAheadOfAFractionAreTheSystemsChoice) {
               ",25 ");
 }
 
-TEST_F(UnitTexts, BarWidthsAreInMilsOrMillimetres) {
-    EXPECT_EQ(Locale(prtlocale::INCHES).xdimension_to_string(2, 203), "9.9 ");
-    EXPECT_EQ(Locale(prtlocale::MILLIMETRES).xdimension_to_string(2, 203), "0.25 ");
-    EXPECT_EQ(Locale(prtlocale::CENTIMETRES).xdimension_to_string(10, 300), "0.84 ");
-    EXPECT_EQ(Locale(prtlocale::MILLIMETRES).xdimension_to_string(300, 300), "25.40 ");
-    EXPECT_EQ(Locale(prtlocale::INCHES).xdimension_to_string(1, 0), "0.0 ");
-}
-
-TEST_F(UnitTexts, ResolutionsAreInDotsPerInchOrMillimetre) {
-    const std::tuple<int, int, const char*> cases[] = {{prtlocale::INCHES, 203, "203 "},
-                                                       {prtlocale::MILLIMETRES, 203, "8.0 "},
-                                                       {prtlocale::CENTIMETRES, 300, "11.8 "}};
-    for (const auto& [units, dpi, text] : cases) EXPECT_EQ(Locale(units).dpi_to_string(dpi), text);
-    EXPECT_EQ(Locale(prtlocale::INCHES).dpi_to_string(203, 300), "203  x 300 ");
-}
-
-TEST_F(UnitTexts, UnitsFollowTheSystemUntilTheUserChooses) {
-    win32host::LocaleFacts facts;
-    facts.inches = true;
-    win32host::SetLocaleFacts(facts);
-    prtlocale locale;
-    locale.LoadSystem();
-    EXPECT_FALSE(locale.is_metric());
-    locale.SetNewUnits(prtlocale::CENTIMETRES);
-    EXPECT_TRUE(locale.is_cm());
-    EXPECT_TRUE(locale.is_metric());
-    locale.SetNewUnits(prtlocale::SYSTEM_UNITS);
-    EXPECT_FALSE(locale.is_metric());
-    win32host::SetLocaleFacts({});
-    locale.LoadSystem();
-    EXPECT_TRUE(locale.is_mm());
-}
-
 class SystemLanguage : public HostTest {};
 
 TEST_F(SystemLanguage, IsTheNearestThatTheDriverHas) {

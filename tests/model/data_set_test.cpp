@@ -4,7 +4,6 @@
 
 #include <string>
 #include <tuple>
-#include <utility>
 
 #include "support/data_file_text.h"
 
@@ -52,23 +51,6 @@ TEST(DataTable, SetsAndAppendsProperties) {
     for (const auto& [lines, key, value] : cases) {
         TableSet table(std::string("[M]\n") + lines);
         EXPECT_EQ(Get(table.set, key), value) << lines;
-    }
-}
-
-TEST(DataSet, SelectsTablesAndSections) {
-    OResourceFile file("");
-    const std::string bytes =
-        Record("Model.d", "[A]\nk=model a\n[B]\nk=model b\n") + Record("Font.d", "[A]\nk=font a\n");
-    file.Parse(bytes.data(), bytes.size());
-    ODataSet set(&file);
-    EXPECT_EQ(Get(set, "k"), "(default)");
-    const std::pair<const char*, const char*> steps[] = {
-        {"Model:A", "model a"},   {"B", "model b"},       {"Font:A", "font a"},
-        {"B", "(default)"},       {"MODEL:B", "model b"}, {"None:A", "(default)"},
-        {"Model:a", "(default)"}, {"Model:A", "model a"}};
-    for (const auto& [select, value] : steps) {
-        set.SetTable(select);
-        EXPECT_EQ(Get(set, "k"), value) << select;
     }
 }
 

@@ -1,12 +1,9 @@
 #include "model/driver_settings.h"
 
-#include <gmock/gmock.h>
-
 #include <fstream>
 #include <iterator>
 #include <string>
 
-#include "spooler/printer_info.h"
 #include "support/printer_test.h"
 
 namespace {
@@ -50,28 +47,6 @@ protected:
 };
 
 } // namespace
-
-TEST_F(DriverSettingsTest, OfAFreshPrinterAreTheDefaults) {
-    EXPECT_EQ(settings.GetEscapeCharacter(), '^');
-    EXPECT_STREQ(settings.GetLogDir().nstring(), "");
-    EXPECT_TRUE(settings.GetFixBarFontsInOffice() && settings.ShowIcon());
-    EXPECT_FALSE(settings.GetDisableCopiesLimit() || settings.OverrideSpecifications() ||
-                 settings.MonitorStatus() || settings.ShowOnError());
-    const int32_t numbers[] = {settings.GetXResolution(),          settings.GetWriteTimeout(),
-                               settings.GetJobCompleteTimeout(),   settings.GetQueryInterval(),
-                               settings.GetTransponderOffset(),    settings.GetRetriesPerLabel(),
-                               settings.GetMaximumInvalidLabels(), settings.GetActionOnError()};
-    EXPECT_THAT(numbers, testing::ElementsAre(0, 30000, 30000, 1000, 0, 5, 0, 1));
-    for (const bool monitored : {false, true}) {
-        settings.SetMonitorStatus(monitored);
-        EXPECT_EQ(settings.QueryBeforeJob(), monitored);
-        EXPECT_FALSE(settings.VerifyJobComplete());
-    }
-    settings.SetVerifyJobComplete(true);
-    EXPECT_TRUE(settings.VerifyJobComplete());
-    settings.SetMonitorStatus(false);
-    EXPECT_FALSE(settings.VerifyJobComplete()) << "what is not monitored is not queried";
-}
 
 TEST_F(DriverSettingsTest, KeepEveryNumberUnderItsName) {
     const struct {
@@ -148,23 +123,6 @@ TEST_F(DriverSettingsTest, KeepEveryFlagUnderItsName) {
     }
 }
 
-TEST_F(DriverSettingsTest, KeepTexts) {
-    settings.SetEscapeCharacter('+');
-    settings.SetLogDir("C:\\Logs");
-    settings.SetLogFile(TEXT("\x20AC.log"));
-    settings.Save(prtreg("Dock3"));
-    settings.Load(prtreg("Dock3"));
-    EXPECT_EQ(settings.GetEscapeCharacter(), '+');
-    EXPECT_STREQ(settings.GetLogDir().nstring(), "C:\\Logs");
-    EXPECT_TRUE(settings.GetLogFile() == OString(TEXT("\x20AC.log")));
-
-    // An empty text is no character, so the default is used, however often it is read.
-    prtreg("Dock3").SetString("Settings:Function Character", "");
-    settings.Load(prtreg("Dock3"));
-    EXPECT_EQ(settings.GetEscapeCharacter(), '^');
-    EXPECT_EQ(settings.GetEscapeCharacter(), '^');
-}
-
 TEST_F(DriverSettingsTest, AreWrittenOnlyWhenTheyWereSet) {
     EXPECT_EQ(settings.GetQueryInterval(), 1000);
     settings.ShowIcon();
@@ -203,18 +161,6 @@ TEST_F(DriverSettingsTest, AreSavedToThePrinterTheyWereLoadedFor) {
     settings.Save(prtreg("Dock4"));
     EXPECT_EQ(prtreg("Dock3").GetDWORD("Settings:RFID/Retries Per Label", 0), 9u);
     EXPECT_FALSE(HasSettings("Dock4"));
-}
-
-TEST_F(DriverSettingsTest, WithoutAPrinterAreTheDefaults) {
-    DriverSettings none;
-    EXPECT_EQ(none.GetQueryInterval(), 1000);
-    none.SetQueryInterval(5);
-    EXPECT_EQ(none.GetQueryInterval(), 5);
-    none.Save(prtreg("Dock3"));
-    EXPECT_FALSE(HasSettings("Dock3"));
-    OFile file("C:\\none.txt", OFILE_WRITE);
-    EXPECT_FALSE(none.Export(file, "Model 1"));
-    EXPECT_FALSE(none.Import(file, "Model 1"));
 }
 
 TEST_F(DriverSettingsTest, TravelToAnotherPrinterOfTheModel) {

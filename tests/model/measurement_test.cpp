@@ -72,12 +72,6 @@ TEST(MeasurementUnits, AreTenthsOfMicrometresAndSaturate) {
     EXPECT_FALSE(Measurement(25400) == Measurement(25401));
 }
 
-TEST(MeasurementUnits, AddUpAndSaturate) {
-    EXPECT_EQ(Units(OfUnits(12954) + OfUnits(-7)), 12947);
-    EXPECT_EQ(Units(OfUnits(INT32_MAX) + OfUnits(1)), INT32_MAX);
-    EXPECT_EQ(Units(OfUnits(INT32_MIN) + OfUnits(-1)), INT32_MIN);
-}
-
 TEST(MeasurementUnits, RoundToNearestAwayFromZero) {
     const std::tuple<int32_t, int32_t, int32_t, int32_t> cases[] = {
         {5, 1, 0, 0},   {1016000, 101600, 1016, 812}, {-1016500, -101650, -1017, -812},

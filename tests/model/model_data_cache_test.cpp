@@ -38,23 +38,6 @@ using ModelDataCacheThreads = ModelDataCacheTest;
 
 } // namespace
 
-TEST_F(ModelDataCacheTest, KeepsACopyOfTheLatestRecordAndDoesNotReadBeyondIt) {
-    EXPECT_EQ(Get(kOwner, 4), "(none)");
-    EXPECT_EQ(cache.GetDataSize(kOwner, "R"), 0u);
-    std::string data = "first";
-    Set(kOwner, data);
-    data = "other";
-    EXPECT_EQ(Get(kOwner, 5), "first");
-    Set(kOwner, "second one");
-    EXPECT_EQ(ModelDataCache().GetDataSize(kOwner, "R"), 10u);
-    EXPECT_EQ(Get(kOwner, 6), "second");
-    EXPECT_EQ(Get(kOwner, 11), "(none)");
-    EXPECT_EQ(Get(kOwner, 6, "r"), "(none)");
-    Set(kOwner, "");
-    EXPECT_EQ(Get(kOwner, 0), "");
-    EXPECT_EQ(Get(kOwner, 1), "(none)");
-}
-
 TEST_F(ModelDataCacheTest, HasOneOwnerForAPrinterAndNoneWithoutAStore) {
     const ModelDataOwner neighbour{"Q", "A", 7};
     cache.Synchronize(neighbour);

@@ -7,7 +7,6 @@
 
 #include "model/driver_settings.h"
 #include "model/model_data_cache.h"
-#include "support/data_file_text.h"
 #include "support/model_test.h"
 
 namespace {
@@ -65,15 +64,6 @@ constexpr auto method = &ModelTables::method;
 constexpr auto font = &ModelTables::font;
 
 } // namespace
-
-TEST_F(ModelData, HasLengthsInTenthsOfAMicrometre) {
-    Load({.model = "Stock.UnprintableWidth=1 mm\nStock.Printable.X=2 mm\nStock.Printable.Y=3 mm\n"
-                   "Stock.Default.X=4 in\nStock.Default.Y=5 mm\nStock.Minimum.Y=6 mm\n"
-                   "Stock.Maximum.Y=7 mm\nStock.Minimum.X=8 mm\nStock.Maximum.X=9 mm\n"});
-    const int32_t expected[] = {10000, 10000, 20000, 30000, 1016000,
-                                50000, 60000, 70000, 80000, 90000};
-    for (size_t i = 0; i < 10; ++i) EXPECT_EQ(At(76 + 4 * i, 4), expected[i]) << 76 + 4 * i;
-}
 
 TEST_F(ModelData, HasNamesCutToTheirFields) {
     Load({.manufacturer = "CompanyName=A company whose name goes on and on and on\n"
@@ -150,37 +140,6 @@ TEST_F(ModelData, KnowsWhatThePrinterDraws) {
            {drawing, "Text.Rotation=90,Any", 138, 2, 3},
            {drawing, "Transform.MapResolution=600", 140, 2, 600},
            {drawing, "Text.Scaling=Anisotropic", 138, 2, 5}});
-}
-
-TEST_F(ModelData, KnowsCopiesDownloadsAndPorts) {
-    Check({{method, "Copies.Limit=99", 142, 2, 99},
-           {font, "Download.Bitmap=yes\nDownload.Bitmap.Orientation=0,90", 144, 2, 14},
-           {method, "Copies.Limit=0", 142, 2, 32767},
-           {font, "Download.Bitmap=no\nDownload.Bitmap.Orientation=0,90", 144, 2, 0},
-           {method, "Copies.Limit=99999", 142, 2, 32767},
-           {model, "Ports.Bidirectional=Parallel", 146, 2, 2},
-           {font, "Download.TrueType=yes", 144, 2, 1},
-           {model, "Ports.Bidirectional=usb", 146, 2, 4},
-           {font, "Download.Bitmap=yes", 144, 2, 2}});
-}
-
-TEST_F(ModelData, HasUpToEightResolutions) {
-    const struct {
-        const char* text;
-        uint16_t expected[16];
-    } cases[] = {{"203,300x600", {203, 203, 300, 600}},
-                 {"1,2,3,4,5,6,7,8,9", {1, 1, 2, 2, 3, 3, 4, 4, 5, 5, 6, 6, 7, 7, 8, 8}},
-                 {"203,,300", {203, 203, 0, 0, 300, 300}},
-                 {"70000,-1", {4464, 4464, 65535, 65535}},
-                 {"300x", {300, 0}},
-                 {"", {}}};
-    Install({});
-    for (const auto& c : cases) {
-        Replace({.model = std::string("Resolution=") + c.text});
-        Load();
-        for (size_t i = 0; i < 16; ++i)
-            EXPECT_EQ(At(148 + 2 * i, 2) & 0xFFFF, c.expected[i]) << c.text << " number " << i;
-    }
 }
 
 TEST_F(ModelData, TakesTheOemsValueBeforeTheCommonOne) {
@@ -276,14 +235,4 @@ TEST_F(ModelData, OfTheWrongSizeInTheCacheIsBuiltAnew) {
         Load();
         EXPECT_EQ(At(148, 2), 203) << size;
     }
-}
-
-TEST_F(ModelData, IsFoundThroughSectionsOfOneTable) {
-    Install({});
-    WriteFile("WINDOWS\\system32\\zpl.ddt",
-              Record("Driver.d", "[Model 1]\nModel=Other\n[Other]\nResolution=300\n"
-                                 "Drawing=Lines\n[Lines]\nTransform.MapResolution=7\n"));
-    Load();
-    EXPECT_EQ(At(148, 2), 300);
-    EXPECT_EQ(At(140, 2), 7);
 }

@@ -21,18 +21,6 @@ uint16_t Word(const void* record, size_t offset) {
 
 } // namespace
 
-TEST_F(ModelRecords, OfCapabilitiesDescribeTheirOwnLayout) {
-    Install({});
-    auto model = Model();
-    const KVCapabilitiesData* record = model->GetCapabilitiesData();
-    const std::pair<size_t, uint16_t> fields[] = {{0, 1900}, {2, 48}, {4, 52},  {6, 37},
-                                                  {8, 0},    {40, 2}, {42, 36}, {44, 1828},
-                                                  {46, 0},   {48, 0}, {50, 0}};
-    for (const auto& [offset, expected] : fields)
-        EXPECT_EQ(Word(record, offset), expected) << offset;
-    EXPECT_EQ(model->GetCapabilitiesData(), record) << "made once";
-}
-
 TEST_F(ModelRecords, OfCapabilitiesTellWhatThePrinterDrawsAndHowItRepeats) {
     const std::tuple<std::string ModelTables::*, const char*, size_t, uint16_t> cases[] = {
         {&ModelTables::drawing, "Line=yes", 10, 1},
@@ -70,28 +58,6 @@ TEST_F(ModelRecords, OfCapabilitiesTellWhatThePrinterDrawsAndHowItRepeats) {
         EXPECT_EQ(Word(Model()->GetCapabilitiesData(), offset), expected)
             << lines << " at " << offset;
     }
-}
-
-TEST_F(ModelRecords, OfCapabilitiesNameTheDefaultFonts) {
-    Install({.font = "DefaultFont.Text.Name=Font 0\nDefaultFont.Text.Size=12\n"
-                     "DefaultFont.BarCode.Name=A face name that is far too long\n"
-                     "DefaultFont.BarCode.Size=36\nDefaultFont.BarCode.Weight=700\n",
-             .manufacturer = "Fonts.Prefix=AB\n"});
-    auto model = Model();
-    const auto* fonts = model->GetCapabilitiesData()->fonts;
-    EXPECT_STREQ(fonts[0].name, "AB Font 0");
-    EXPECT_EQ(fonts[0].size, 12);
-    EXPECT_EQ(fonts[0].weight, 400);
-    EXPECT_STREQ(fonts[1].name, "AB A face name that is far too ");
-    EXPECT_EQ(fonts[1].size, 36);
-    EXPECT_EQ(fonts[1].weight, 700);
-}
-
-TEST_F(ModelRecords, OfTheDriverHasItsVersions) {
-    Install({});
-    const unsigned char expected[24] = {24,  0,   6,   0, 7, 0,    4, 0, 1, 0, 2, 0,
-                                        'z', 'p', 'l', 0, 0, 0x80, 0, 0, 0, 0, 0, 0};
-    EXPECT_EQ(std::memcmp(Model()->GetDriverInfo(), expected, sizeof expected), 0);
 }
 
 TEST_F(ModelRecords, OfTheMakerFollowsTheOemCode) {

@@ -2,13 +2,9 @@
 
 #include "model/prtmodel.h"
 
-#include <gmock/gmock.h>
-
 #include <utility>
 #include <vector>
 
-#include "model/driver_settings.h"
-#include "spooler/printer_info.h"
 #include "support/model_test.h"
 
 namespace {
@@ -16,20 +12,6 @@ namespace {
 class PrinterModel : public ModelTest {};
 
 } // namespace
-
-TEST_F(PrinterModel, OfAnUnknownPrinterAnswersDefaults) {
-    std::unique_ptr<prtmodel> model(prtmodel::new_ext(PrinterInfo(nullptr)));
-    ASSERT_TRUE(model);
-    EXPECT_STREQ(model->GetPrefix(), "");
-    EXPECT_EQ(model->GetXResolution(), 0);
-    EXPECT_EQ(model->GetMaxCopies(), 32767);
-    EXPECT_FALSE(model->HasBarCodes());
-    EXPECT_FALSE(model->HasRFID());
-    EXPECT_FALSE(model->HasDeviceFonts());
-    EXPECT_EQ(model->GetCustomData()->flags, 0u);
-    ASSERT_TRUE(model->GetManufacturerInfo());
-    EXPECT_STREQ(model->GetManufacturerInfo()->oem, "");
-}
 
 TEST_F(PrinterModel, MeasuresPaper) {
     Install({.model = "Stock.UnprintableWidth=1 mm\nStock.Printable.X=2 mm\n"
@@ -131,17 +113,6 @@ TEST_F(PrinterModel, RecordsPlugAndPlayIdentifiersOnlyWhenThereAreSome) {
     Model()->RecordDataToReg();
     EXPECT_TRUE(Registry().GetMultiString("DATA:Plug And Play IDs", ids));
     EXPECT_EQ(Text(ids), "First,Second");
-}
-
-TEST_F(PrinterModel, OfANewPrinterIsNotWatched) {
-    Install({});
-    DriverSettings settings;
-    settings.Load(Registry());
-    settings.SetMonitorStatus(true);
-    settings.Save(Registry());
-    Model()->InitializeDriverSettings();
-    settings.Load(Registry());
-    EXPECT_FALSE(settings.MonitorStatus());
 }
 
 TEST_F(PrinterModel, FindsTheLabelDesignProgramByItsDocuments) {

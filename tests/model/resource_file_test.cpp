@@ -31,28 +31,6 @@ TEST_F(ResourceFile, FindsTheFirstResourceOfANameInEitherCase) {
     EXPECT_FALSE(std::filesystem::exists(OnDriveC("driver\\none.ddt"))) << "made by loading it";
 }
 
-TEST_F(ResourceFile, IsModifiedUntilItIsLoaded) {
-    WriteFile("zpl.ddt", Record("A", "a"));
-    const std::string container = Container("b");
-    OResourceFile file("C:\\zpl.ddt");
-    file.Add(new OResource("B", container.data(), static_cast<uint32_t>(container.size())));
-    EXPECT_TRUE(file.IsModified());
-    EXPECT_EQ(Content(file, "B"), "b");
-    ASSERT_TRUE(file.Load("C:\\zpl.ddt"));
-    EXPECT_FALSE(file.IsModified());
-    EXPECT_EQ(Content(file, "A") + Content(file, "B"), "ab");
-}
-
-TEST(ResourceFileRecords, MayHaveOddNamesAndEndAtALengthOfZero) {
-    OResourceFile file("");
-    Parse(file, Record(std::string("A.d\0", 4), "a") + Record("", "nameless") + Record("B", "b") +
-                    LittleEndian(0) + Record("C", "c"));
-    EXPECT_EQ(Content(file, "A.d"), "a");
-    EXPECT_EQ(Content(file, ""), "nameless");
-    EXPECT_EQ(Content(file, "B"), "b");
-    EXPECT_EQ(Content(file, "C"), "(none)");
-}
-
 TEST(ResourceFileRecords, ReadAsEmptyWhenTheirContainerIsNotSound) {
     const std::string sound = Container("0123456789");
     std::string huge = sound;

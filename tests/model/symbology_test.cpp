@@ -8,34 +8,6 @@
 
 #include "support/model_test.h"
 
-TEST(SymbologyInfo, NamesNumbersAndTheirKeys) {
-    const std::pair<int, std::string> cases[] = {
-        {0, "Code39"},         {1, "Code39"},     {5, "I-2/5"},
-        {11, "Supplemental2"}, {19, "RoyalMail"}, {30, "AztecMesa"},
-        {36, "Telepen"},       {37, ""},          {-1, ""}};
-    for (const auto& [number, name] : cases) {
-        EXPECT_EQ(SymbologyInfo(number).GetName().nstring(), name) << number;
-        EXPECT_EQ(SymbologyInfo(number).CreateKey("HR").nstring(), name + ".HR") << number;
-    }
-}
-
-TEST(SymbologyInfo, KnowsWhatEachSymbologyOffers) {
-    const auto numbers = [](bool (SymbologyInfo::*offers)() const) {
-        std::vector<int> found;
-        for (int i = 0; i <= 36; ++i)
-            if ((SymbologyInfo(i).*offers)()) found.push_back(i);
-        return found;
-    };
-    using Numbers = std::vector<int>;
-    EXPECT_EQ(numbers(&SymbologyInfo::Ratios_Supported), (Numbers{0, 2, 4, 5, 6, 24}));
-    EXPECT_EQ(numbers(&SymbologyInfo::ShowCheckDigit_Supported),
-              (Numbers{0, 2, 5, 6, 7, 8, 9, 10, 24}));
-    EXPECT_EQ(numbers(&SymbologyInfo::NumberSystem_Supported), (Numbers{8}));
-    EXPECT_EQ(numbers(&SymbologyInfo::HR_Supported),
-              (Numbers{0,  1,  2,  3,  4,  5,  6,  7,  8,  9,  10, 11, 12, 13,
-                       19, 20, 21, 22, 23, 24, 25, 26, 27, 31, 32, 33, 36}));
-}
-
 namespace {
 
 class Symbologies : public ModelTest {
@@ -155,19 +127,6 @@ TEST_F(Symbologies, HaveHumanReadableTextWhereItCanBe) {
         EXPECT_EQ(Record(number).hr_mode, mode) << number << " " << options;
         EXPECT_EQ(Record(number).hr_bits, bits) << number << " " << options;
     }
-}
-
-TEST_F(Symbologies, NameTheFontOfTheirText) {
-    Load("Code39=yes\nCode39.Color=yes\nCode39.HR=On\nCode39.HR.Font.Name=OCR\nCode39.HR.Font.Size="
-         "12\n"
-         "Code93=yes\nCode93.HR=On\nCode93.HR.Font.Name=A face name that is far too long\n"
-         "Code93.HR.Font.Weight=700\n");
-    EXPECT_STREQ(Record(0).font_name, "AB OCR");
-    EXPECT_EQ(Record(0).font_size, 12);
-    EXPECT_EQ(Record(0).font_weight, 400);
-    EXPECT_EQ(Record(0).flags, 3);
-    EXPECT_STREQ(Record(2).font_name, "AB A face name that is far too ");
-    EXPECT_EQ(Record(2).font_weight, 700);
 }
 
 TEST_F(Symbologies, ThatSupplementOthersAreReadEvenWhenTheyDoNotStandAlone) {

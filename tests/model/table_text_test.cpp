@@ -49,30 +49,3 @@ TEST(TableText, ReadsASectionWithTheDefaultSectionInTheOrderOfTheText) {
     for (const auto& [what, text, section, lines] : cases)
         EXPECT_EQ(Section(Parsed(text), section), lines) << what;
 }
-
-TEST(TableText, FindsEachOfManySectionsWhateverTheirOrder) {
-    std::string text;
-    for (int i = 0; i < 500; ++i) {
-        const std::string name = "S" + std::to_string(i * 7919 % 500);
-        text.append("[").append(name).append("]\n").append(name).append("\n");
-    }
-    const TableText table = Parsed(text + "[.default]\nd\n");
-    for (int i = 0; i < 500; ++i) {
-        const std::string name = "S" + std::to_string(i);
-        EXPECT_EQ(Section(table, name.c_str()), name + "|d|");
-    }
-    // Names that would sort directly before and after the default section.
-    EXPECT_EQ(Section(table, ".defaul"), "d|");
-    EXPECT_EQ(Section(table, ".default^"), "d|");
-}
-
-TEST(TableText, KeepsEveryLine) {
-    const TableText table = Parsed("!c\r\n\n[A]\nkey = \xE4\nlast");
-    const char* const lines[] = {"!c", "", "[A]", "key = \xE4", "last"};
-    ASSERT_EQ(table.GetLineCount(), std::size(lines));
-    for (uint32_t i = 0; i < std::size(lines); ++i)
-        EXPECT_STREQ(table.GetLine(i).nstring(), lines[i]);
-    EXPECT_EQ(Parsed("a\n").GetLineCount(), 1u);
-    EXPECT_EQ(Parsed("").GetLineCount(), 0u);
-    EXPECT_EQ(Section(Parsed(std::string(4, '\0')), ""), "");
-}

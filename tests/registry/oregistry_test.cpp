@@ -95,44 +95,6 @@ TEST_F(RegistryNames, WithoutARootAndABaseAreNoNames) {
     }
 }
 
-TEST_F(RegistryNames, SubstitutionKnowsRootsAndPlaceholders) {
-    const std::tuple<const char*, const char*, const char*, const char*> cases[] = {
-        {"root:", "ROOT:", "1:Key", "1:Key"},    {"Root:a", "ROOT:", "1:Key", "1:Key/a"},
-        {"ROOT:a", "ROOT:", "1:", "1:a"},        {"ROOT:a", "ROOT:", "1:Key/", "1:Key/a"},
-        {"x/ROOT:a", "ROOT:", "1:", "x/ROOT:a"}, {"a/[P]/[P]", "[P]", "x[P]", "a/x[P]/x[P]"},
-        {"a/[p]", "[P]", "x", "a/[p]"},          {"[p]", "[P]", "x", "x"},
-        {"a/[P]/b", "[P]", "", "a//b"}};
-    for (const auto& [original, from, to, result] : cases) {
-        OString text = original;
-        TestRegistry::Substitute(text, from, to);
-        EXPECT_STREQ(text.nstring(), result) << original;
-    }
-}
-
-TEST_F(RegistryNames, CanBeShownInWindowsNotation) {
-    const std::pair<const char*, const char*> cases[] = {
-        {"LOCAL:a//b", "HKEY_LOCAL_MACHINE\\SOFTWARE\\Valdrick\\Drivers\\a/b"},
-        {"user:", "HKEY_CURRENT_USER\\SOFTWARE\\Valdrick\\Drivers"},
-        {"0:.zpl/50%%", "HKEY_CLASSES_ROOT\\.zpl\\50%"},
-        {"3:S-1::2", "HKEY_USERS\\S-1:2"},
-        {"nothing", ""},
-        {"", ""}};
-    for (const auto& [key, windows] : cases) {
-        EXPECT_STREQ(registry.SubstituteWindowsSyntax(key).nstring(), windows) << key;
-    }
-}
-
-TEST_F(RegistryValues, AreReadByTheirSizeWhateverTheirType) {
-    const unsigned char bytes[] = {1, 2, 3, 4, 5};
-    for (uint32_t size = 0; size <= 5; ++size) {
-        ASSERT_EQ(registry.SetData("USER:V", bytes, size, REG_BINARY), static_cast<int32_t>(size));
-        EXPECT_EQ(registry.GetDWORD("USER:V", 9), size == 4 ? 0x04030201u : 9u) << size;
-        EXPECT_EQ(registry.GetInt("USER:V", 9), size == 4 ? 0x04030201 : 9) << size;
-        EXPECT_EQ(registry.GetByte("USER:V", 9), size == 1 ? 1 : 9) << size;
-        EXPECT_EQ(registry.GetSize("USER:V"), static_cast<int32_t>(size));
-    }
-}
-
 TEST_F(RegistryValues, ThatAreStringsMayBeEmptyLackTheirTerminatorAndEndAt8192Bytes) {
     const auto read = [this] { return registry.GetString("USER:S", "default"); };
     EXPECT_EQ(read(), "default");
@@ -195,35 +157,6 @@ TEST_F(RegistryValues, ComeFromTheNewKeyAfterAnotherObjectReplacedIt) {
     ASSERT_TRUE(other.Delete("USER:K", true));
     EXPECT_TRUE(registry.SetInt("USER:K/V", 3));
     EXPECT_EQ(other.GetInt("USER:K/V", 0), 3);
-}
-
-TEST_F(RegistryValues, AreNotCreatedByReading) {
-    registry.GetInt("USER:A/B/C", 0);
-    registry.GetInfo("USER:A/B/C", nullptr, nullptr);
-    OStringArray names;
-    EXPECT_EQ(registry.EnumValues("USER:A/B", names), -1);
-    EXPECT_FALSE(registry.GetKeyInfo("USER:A", nullptr, nullptr));
-}
-
-TEST_F(RegistryEnumeration, ListsInTheOrderOfCreation) {
-    SkipUnderWine("the registry lists names in another order");
-    for (const char* name : {"zeta", "Alpha", "mid"}) {
-        registry.SetInt(OString("USER:E/") << name, 1);
-        registry.SetInt(OString("USER:E/k-") << name << "/v", 1);
-    }
-    OStringArray names;
-    names.Add("old");
-    EXPECT_EQ(registry.EnumValues("USER:E", names), 3);
-    EXPECT_EQ(Utf8(names), (Names{"zeta", "Alpha", "mid"}));
-    EXPECT_EQ(registry.EnumKeys("USER:E/", names), 3);
-    EXPECT_EQ(registry.EnumMatchingValues("USER:E", names), 3) << "without wildcards all";
-    EXPECT_EQ(registry.EnumMatchingKeys("USER:E/", names), 3);
-    EXPECT_EQ(Utf8(names), (Names{"k-zeta", "k-Alpha", "k-mid"}));
-    uint32_t keys = 0, values = 0;
-    EXPECT_TRUE(registry.GetKeyInfo("USER:E", &keys, &values));
-    EXPECT_EQ(keys + values, 6u);
-    EXPECT_EQ(registry.EnumKeys("USER:Missing", names), -1);
-    EXPECT_EQ(names.GetSize(), 3);
 }
 
 TEST_F(RegistryEnumeration, MatchesPatternsInTheLastComponentOnly) {

@@ -4,7 +4,6 @@
 
 #include <cstddef>
 #include <cstring>
-#include <functional>
 #include <string>
 #include <string_view>
 #include <tuple>
@@ -137,31 +136,6 @@ TEST_F(SpoolerAnswers, AreLookedForInTheBestLevelFirst) {
         EXPECT_STREQ(printer.GetManufacturer().nstring(), manufacturer);
         EXPECT_STREQ(printer.GetDataFile().nstring(), data_file);
         EXPECT_EQ(asked, questions);
-    }
-}
-
-TEST_F(SpoolerAnswers, AreAskedForOnceEvenWhenThereAreNone) {
-    Install();
-    for (const bool refused : {false, true}) {
-        Refuse(refused ? std::vector<std::string_view>{"Get"} : std::vector<std::string_view>{});
-        PrinterInfo printer(name);
-        EXPECT_TRUE(asked.empty()) << "before the first getter";
-        printer.GetDevMode();
-        const Questions of_printer =
-            refused ? Questions{"GetPrinterW 2", "GetPrinterA 2"} : Questions{"GetPrinterW 2"};
-        EXPECT_EQ(asked, of_printer);
-        asked.clear();
-        EXPECT_EQ(printer.IsKnown(), !refused);
-        EXPECT_EQ(printer.GetComment().IsEmpty(), refused);
-        EXPECT_EQ(printer.GetDevMode() == nullptr, refused);
-        EXPECT_EQ(printer.GetPrinterName(), name);
-        EXPECT_TRUE(asked.empty());
-        EXPECT_EQ(printer.GetDataFile().IsEmpty(), refused);
-        EXPECT_EQ(asked.size(), refused ? 3u : 1u);
-        asked.clear();
-        EXPECT_EQ(printer.GetOEM().IsEmpty(), refused);
-        EXPECT_EQ(printer.GetDependentFiles().GetSize() == 0, refused);
-        EXPECT_TRUE(asked.empty());
     }
 }
 

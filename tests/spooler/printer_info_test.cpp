@@ -1,7 +1,6 @@
 #include "spooler/printer_info.h"
 
 #include <cstring>
-#include <tuple>
 #include <utility>
 #include <vector>
 
@@ -79,45 +78,6 @@ TEST_F(PrinterInformation, HasTheMakerOfTheDriverAndNoDevModeOfItsOwn) {
     EXPECT_EQ(printer.GetDevMode(), nullptr);
 }
 
-TEST_F(PrinterInformation, IsTheSameThroughAHandleWhichStaysOpen) {
-    AddDock();
-    WCHAR name[] = TEXT("dock 3");
-    HANDLE handle = nullptr;
-    ASSERT_TRUE(OpenPrinterW(name, &handle, nullptr));
-    EXPECT_STREQ(PrinterInfo(handle).GetDataFile().nstring(), "ZPLQV.DDT");
-    EXPECT_STREQ(PrinterInfo(handle).GetPrinterName().nstring(), "Dock 3");
-    EXPECT_TRUE(ClosePrinter(handle));
-}
-
-TEST_F(PrinterInformation, OfAnUnknownPrinterIsEmpty) {
-    PrinterInfo by_name("Nowhere");
-    PrinterInfo no_handle(nullptr);
-    for (const PrinterInfo* printer : {&by_name, &no_handle}) {
-        EXPECT_FALSE(printer->IsKnown());
-        EXPECT_TRUE(printer->IsLocal());
-        EXPECT_EQ(printer->GetDevMode(), nullptr);
-        EXPECT_TRUE(printer->GetDriverName().IsEmpty());
-        EXPECT_TRUE(printer->GetDataFile().IsEmpty());
-        EXPECT_TRUE(printer->GetPrefix().IsEmpty());
-        EXPECT_EQ(printer->GetDependentFiles().GetSize(), 0);
-    }
-    TestDevMode dev_mode;
-    EXPECT_FALSE(by_name.SetDevMode(&dev_mode.public_part));
-    EXPECT_FALSE(no_handle.SetDevMode(&dev_mode.public_part));
-}
-
-TEST_F(PrinterInformation, CutsShortDataFileNames) {
-    const std::tuple<const char*, const char*, const char*> cases[] = {
-        {"ABCDE.DDT", "abc", "de"}, {"ab", "ab", ""}, {"abcd", "abc", "d"}};
-    for (const auto& [file, prefix, oem] : cases) {
-        ASSERT_TRUE(AddDriver(file, file));
-        ASSERT_TRUE(AddPrinter(file, file));
-        PrinterInfo printer((OString(file)));
-        EXPECT_STREQ(printer.GetPrefix().nstring(), prefix);
-        EXPECT_STREQ(printer.GetOEM().nstring(), oem);
-    }
-}
-
 TEST_F(PrinterInformation, SplitsTheServerFromTheName) {
     const std::pair<const char*, const char*> cases[] = {
         {"\\\\SERVER\\LABELS", "LABELS"}, {"LABELS", "LABELS"},     {"a\\b", "a\\b"}, {"", ""},
@@ -157,18 +117,4 @@ TEST_F(PrinterInformation, IsReadWhateverItsLength) {
     ASSERT_TRUE(printer.GetDevMode());
     EXPECT_EQ(std::memcmp(printer.GetDevMode(), bytes.data(), bytes.size()), 0);
     EXPECT_STREQ(printer.GetComment().nstring(), "A comment");
-}
-
-TEST_F(PrinterInformation, NeedsFullAccessToSetTheDevMode) {
-    SkipUnderWine("a handle gives every access");
-    AddDock();
-    WCHAR name[] = TEXT("Dock 3");
-    PRINTER_DEFAULTSW use = {nullptr, nullptr, PRINTER_ACCESS_USE};
-    HANDLE handle = nullptr;
-    ASSERT_TRUE(OpenPrinterW(name, &handle, &use));
-    TestDevMode dev_mode;
-    PrinterInfo printer(handle);
-    EXPECT_FALSE(printer.SetDevMode(&dev_mode.public_part));
-    EXPECT_EQ(printer.GetDevMode(), nullptr);
-    ClosePrinter(handle);
 }
