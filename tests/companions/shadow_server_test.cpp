@@ -33,13 +33,7 @@ protected:
 
     // A server with the printer Dock3, which this user is connected to.
     void Connect(const std::string& server) {
-        OnServer(server, [&] {
-            ASSERT_TRUE(AddDriver("Model 1", "zplqv.ddt"));
-            ASSERT_TRUE(AddPrinter("Dock3", "Model 1",
-                                   PRINTER_ATTRIBUTE_SHARED | PRINTER_ATTRIBUTE_ENABLE_BIDI));
-        });
-        const OString name = Printer(server);
-        ASSERT_TRUE(AddPrinterConnectionW(const_cast<WCHAR*>(name.wstring())));
+        ConnectToDock3(server, PRINTER_ATTRIBUTE_SHARED | PRINTER_ATTRIBUTE_ENABLE_BIDI);
         // The driver's monitor, which the made-up driver lacks.
         ORegistry().SetString("PRINT:Environments/Windows NT x86/Drivers/Version-3/Model 1/Monitor",
                               "qstmon");

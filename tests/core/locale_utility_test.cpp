@@ -51,4 +51,18 @@ TEST(UTF8, TakesMalformedBytesByTheirLowBits) {
     for (const auto& [bytes, units] : cases) EXPECT_EQ(Decoded(bytes), units + kEnd);
 }
 
+TEST(CodePages, AreFoundByTheirCharacterSetAndBack) {
+    const std::pair<uint32_t, unsigned char> cases[] = {
+        {874, 222}, {932, 128}, {1252, 0}, {1361, 130}, {2, 2}};
+    for (const auto& [code_page, charset] : cases) {
+        EXPECT_EQ(LocaleUtility::CharSetToCodePage(charset), code_page);
+        EXPECT_EQ(LocaleUtility::CodePageToCharSet(code_page), charset);
+    }
+    EXPECT_EQ(LocaleUtility::CharSetToCodePage(255), 0u);
+    EXPECT_EQ(LocaleUtility::CodePageToCharSet(0), 255);
+    EXPECT_EQ(LocaleUtility::CodePageToCharSet(1208), 255);
+    EXPECT_TRUE(LocaleUtility::IsMultiByteCodePage(949));
+    EXPECT_FALSE(LocaleUtility::IsMultiByteCodePage(1252));
+}
+
 } // namespace

@@ -6,28 +6,6 @@
 
 namespace {
 
-class CountingLock : public OSynchronizer {
-public:
-    int locks = 0, unlocks = 0;
-    void Lock() override { ++locks; }
-    void Unlock() override { ++unlocks; }
-};
-
-TEST(SingleLock, UnlocksOnlyWhatItLocked) {
-    CountingLock lock;
-    {
-        OSingleLock never(&lock, false);
-        OSingleLock held(&lock, true);
-        EXPECT_TRUE(held.Unlock());
-        EXPECT_FALSE(held.Unlock());
-        OSingleLock later(&lock, false);
-        EXPECT_TRUE(later.Lock());
-        EXPECT_EQ(lock.unlocks, 1);
-    }
-    EXPECT_EQ(lock.locks, 2);
-    EXPECT_EQ(lock.unlocks, 2);
-}
-
 TEST(CriticalSectionThreads, LetsOneThreadInAndTheSameThreadAgain) {
     OCriticalSection section;
     int counter = 0;

@@ -42,6 +42,16 @@ TEST(AllocationWatch, NoticesWhatFailsOnItsOwnThreadOnly) {
     EXPECT_FALSE(AllocationWatch().Failed()) << "a new one starts anew";
 }
 
+TEST(MemoryFunctions, CopyForwardOrAsIfThroughACopyAndCompareUnsignedBytes) {
+    char forward[] = "abcdef";
+    __memcpy(forward + 2, forward, 4);
+    EXPECT_STREQ(forward, "ababab");
+    char moved[] = "abcdef";
+    __memmove(moved + 2, moved, 4);
+    EXPECT_STREQ(moved, "ababcd");
+    EXPECT_EQ(__memcmp("\x80", "\x7F", 1), 1);
+}
+
 TEST(MemoryFunctions, TolerateNullPointers) {
     char byte = 'x';
     EXPECT_EQ(__memcpy(&byte, nullptr, 1), &byte);

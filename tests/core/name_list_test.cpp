@@ -3,7 +3,6 @@
 #include <gtest/gtest.h>
 
 #include <string>
-#include <tuple>
 #include <vector>
 
 #include "core/crc.h"
@@ -103,19 +102,6 @@ TEST(NameList, ReplacesNodesOfTheSameName) {
     EXPECT_EQ(Names(list), "a;b;A;");
     EXPECT_EQ(list.Find(OString("B")), nullptr);
     EXPECT_FALSE(list.AddTail_ReplaceName(nullptr));
-}
-
-TEST(NameList, NumbersNamesThatAreTaken) {
-    CountedList list;
-    for (const char* name : {"Preset", "Preset 2", "File009"}) list.AddTail(new CountedNode(name));
-    const std::tuple<const char*, bool, const char*> cases[] = {{"Preset", true, "Preset 3"},
-                                                                {"Preset", false, "Preset2"},
-                                                                {"preset", true, "preset"},
-                                                                {"File009", true, "File10"}};
-    for (const auto& [wanted, space, unique] : cases) {
-        list.AddTail_UniqueName(new CountedNode(wanted), space);
-        EXPECT_STREQ(list.GetPrev(nullptr)->GetName().nstring(), unique);
-    }
 }
 
 TEST(NameList, ChainsTheChecksumsOfItsNodes) {

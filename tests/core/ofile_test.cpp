@@ -2,8 +2,6 @@
 
 #include "support/host_test.h"
 
-#include <fstream>
-#include <sstream>
 #include <string>
 #include <tuple>
 #include <utility>
@@ -37,15 +35,7 @@ TEST(Stream, ReportsASinkThatTakesLessThanAFullBuffer) {
     EXPECT_EQ(stream.calls, (std::vector<uint32_t>{1024, 1}));
 }
 
-class FileTest : public HostTest {
-protected:
-    std::string Contents(const std::string& name) const {
-        std::ifstream in(OnDriveC(name), std::ios::binary);
-        std::ostringstream all;
-        all << in.rdbuf();
-        return all.str();
-    }
-};
+using FileTest = HostTest;
 
 TEST_F(FileTest, OpensExistingFilesByTheModeAndCreatesMissingOnes) {
     const std::pair<uint32_t, const char*> cases[] = {
@@ -59,7 +49,7 @@ TEST_F(FileTest, OpensExistingFilesByTheModeAndCreatesMissingOnes) {
         ASSERT_TRUE(file.is_open()) << mode;
         file << "new";
         file.Close();
-        EXPECT_EQ(Contents("list.txt"), after_writing_new) << mode;
+        EXPECT_EQ(BytesOf(OnDriveC("list.txt")), after_writing_new) << mode;
     }
     OFile missing;
     EXPECT_TRUE(missing.Open(OString("C:\\missing.txt"), OFILE_READ));
@@ -121,7 +111,7 @@ TEST_F(FileTest, WritesAndSeeksFromWhereALineEnds) {
     EXPECT_STREQ(line.nstring(), "wo");
     file.Write("T", 1);
     file.Close();
-    EXPECT_EQ(Contents("lines.txt"), "one\ntwo\nThree\n");
+    EXPECT_EQ(BytesOf(OnDriveC("lines.txt")), "one\ntwo\nThree\n");
 }
 
 } // namespace

@@ -30,12 +30,6 @@ protected:
         ASSERT_TRUE(AddDriver("Model 1", "zplqv.ddt"));
         ASSERT_TRUE(AddPrinter("Dock3", "Model 1", attributes));
     }
-
-    void Connect() {
-        OnServer("SRV1", [&] { AddLocal(PRINTER_ATTRIBUTE_SHARED); });
-        WCHAR name[] = TEXT("\\\\SRV1\\Dock3");
-        ASSERT_TRUE(AddPrinterConnectionW(name));
-    }
 };
 
 using AccessLevels = NetworkSharing;
@@ -59,6 +53,17 @@ TEST_F(CurrentUser, HasTheLevelOfHisMightiestGroup) {
     }
 }
 
+TEST_F(CurrentUser, HasHisLocalGroupsListedFirst) {
+    win32host::SetUser(User({{Group::DomainGroup, TEXT("Clerks"), TEXT("SALES"), 1200},
+                             Builtin(TEXT("Users"), 545),
+                             {Group::Alias, TEXT("Packers"), TEXT(""), 1005}}));
+    const UserInfo user;
+    EXPECT_EQ(user.GetUser() + user.GetDomain() + user.GetComputer(), "annSALESDESK7");
+    const char* const groups[] = {"DESK7\\Users", "DESK7\\Packers", "SALES\\Clerks"};
+    ASSERT_EQ(user.GetGroups().GetSize(), 3);
+    for (int i = 0; i < 3; ++i) EXPECT_STREQ(user.GetGroups()[i].nstring(), groups[i]);
+}
+
 TEST_F(NetworkSharing, OfALocalPrinterNeedsTheSwitchAndABidirectionalPort) {
     AddLocal(PRINTER_ATTRIBUTE_ENABLE_BIDI);
     ASSERT_TRUE(AddPrinter("One way", "Model 1"));
@@ -80,7 +85,7 @@ TEST_F(NetworkSharing, OfALocalPrinterNeedsTheSwitchAndABidirectionalPort) {
 }
 
 TEST_F(NetworkSharing, OfAConnectionIsWhatTheServerAnswersAndTheUserFollows) {
-    Connect();
+    ConnectToDock3("SRV1");
     // The question carries the tick count, so the answer is never an old one.
     win32host::SetTickCount(3000000000u);
     const struct {

@@ -21,16 +21,9 @@ public:
 
 class KeyMap : public PrinterTest {
 protected:
-    void AddDock(DWORD attributes = 0) {
+    void AddDock() {
         ASSERT_TRUE(AddDriver("Model 1", "zplqv.ddt"));
-        ASSERT_TRUE(AddPrinter("Dock3", "Model 1", attributes));
-    }
-
-    // Connects to the printer Dock3 of a server.
-    void Connect(const char* server) {
-        OnServer(server, [&] { AddDock(PRINTER_ATTRIBUTE_SHARED); });
-        OString name = OString("\\\\") << server << "\\Dock3";
-        ASSERT_TRUE(AddPrinterConnectionW(const_cast<WCHAR*>(name.wstring())));
+        ASSERT_TRUE(AddPrinter("Dock3", "Model 1"));
     }
 };
 
@@ -101,7 +94,7 @@ TEST_F(KeyMap, KeepsAPrinterNameOneKey) {
 }
 
 TEST_F(ShadowTree, HoldsTheKeysOfAConnection) {
-    Connect("SRV1");
+    ConnectToDock3("SRV1");
     prtreg map("\\\\SRV1\\Dock3");
     EXPECT_TRUE(map.IsRemote());
     EXPECT_TRUE(map.IsShadow());
@@ -124,7 +117,7 @@ TEST_F(ShadowTree, HoldsTheKeysOfAConnection) {
 
 TEST_F(ShadowTree, FollowsThePrintersShadowMode) {
     AddDock();
-    Connect("SRV1");
+    ConnectToDock3("SRV1");
     const std::tuple<unsigned char, bool, bool> cases[] = {
         {0, false, true}, {1, false, false}, {2, true, true}, {3, false, false}};
     for (const auto& [mode, local, remote] : cases) {
@@ -132,22 +125,6 @@ TEST_F(ShadowTree, FollowsThePrintersShadowMode) {
         EXPECT_EQ(prtreg("Dock3").IsShadow(), local) << int{mode};
         EXPECT_EQ(prtreg("\\\\SRV1\\Dock3").IsShadow(), remote) << int{mode};
     }
-}
-
-TEST_F(ShadowTree, IsExportedUnderTheNamesOfTheRealKeys) {
-    AddDock();
-    prtreg map("Dock3");
-    map.SetShadow(true);
-    map.SetInt("LOCAL:k/v", 1);
-    OStringArray lines;
-    ASSERT_TRUE(map.Export("LOCAL:k", lines));
-    EXPECT_STREQ(lines[0].nstring(), "[HKEY_LOCAL_MACHINE\\SOFTWARE\\Valdrick\\Drivers\\k]");
-    map.SetInt("LOCAL:k/v", 2);
-    map.Import(lines);
-    EXPECT_EQ(map.GetInt("LOCAL:k/v", 0), 1);
-    EXPECT_EQ(Raw("LOCAL:k/v"), -1);
-    EXPECT_TRUE(map.Delete("LOCAL:k", true));
-    EXPECT_EQ(map.GetInt("LOCAL:k/v", 0), 0);
 }
 
 TEST_F(KeyMap, ReachesPrinterDataThroughTheSpooler) {
@@ -164,7 +141,7 @@ TEST_F(KeyMap, ReachesPrinterDataThroughTheSpooler) {
     ASSERT_TRUE(map.SetPrinterDataW("empty", REG_BINARY, bytes, 0));
     EXPECT_FALSE(map.GetPrinterDataW("empty", REG_BINARY, buffer, 3));
 
-    Connect("SRV1");
+    ConnectToDock3("SRV1");
     ASSERT_TRUE(prtreg("\\\\SRV1\\Dock3").SetPrinterDataW("v", REG_BINARY, bytes + 1, 1));
     OnServer("SRV1", [&] { EXPECT_EQ(prtreg("Dock3").GetByte("DATA:v", 0), 2); });
 }

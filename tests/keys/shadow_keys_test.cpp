@@ -25,12 +25,7 @@ class ShadowKeys : public PrinterTest {
 protected:
     ShadowKeys() {
         win32host::SetTickCount(77);
-        OnServer("SRV1", [&] {
-            AddDriver("Model 1", "zplqv.ddt");
-            AddPrinter("Dock3", "Model 1", PRINTER_ATTRIBUTE_SHARED);
-        });
-        WCHAR name[] = TEXT("\\\\SRV1\\Dock3");
-        EXPECT_TRUE(AddPrinterConnectionW(name));
+        ConnectToDock3("SRV1");
         // The user's copy, with one key of each kind.
         prtreg copy(kRemote);
         copy.SetInt("Settings:v", 1);

@@ -70,22 +70,3 @@ TEST(DataSet, ReadsFlagsAndNumbersFromText) {
         EXPECT_EQ(table.set.PropertyExists("k"), *text != 0) << text;
     }
 }
-
-TEST(DataSet, FindsFlagsInListsAndNothingWithoutAFile) {
-    TableSet table("[M]\nk=A,b,C c\n");
-    EXPECT_TRUE(table.set.GetFlag("k", "B"));
-    EXPECT_TRUE(table.set.GetFlag("k", "c C"));
-    EXPECT_FALSE(table.set.GetFlag("k", "C"));
-    EXPECT_FALSE(table.set.GetFlag("k", "A,b"));
-    EXPECT_FALSE(table.set.GetFlag("none", ""));
-    OStringArray values;
-    table.set.GetStringArray("k", values);
-    ASSERT_EQ(values.GetSize(), 3);
-    EXPECT_STREQ(values[2].nstring(), "C c");
-    ODataSet none;
-    none.SetTable("Model:A");
-    none.GetStringArray("k", values);
-    EXPECT_EQ(values.GetSize(), 0);
-    EXPECT_EQ(Get(none, "k"), "(default)");
-    EXPECT_EQ(none.GetInt("k", 7), 7);
-}

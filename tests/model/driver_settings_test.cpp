@@ -1,7 +1,5 @@
 #include "model/driver_settings.h"
 
-#include <fstream>
-#include <iterator>
 #include <string>
 
 #include "support/printer_test.h"
@@ -38,22 +36,20 @@ protected:
         return target.Import(file, model);
     }
 
-    std::string ReadFile(const char* path) {
-        std::ifstream file(OnDriveC(path), std::ios::binary);
-        return std::string(std::istreambuf_iterator<char>(file), {});
-    }
-
     DriverSettings settings;
+};
+
+template <class T>
+struct Setting {
+    const char* path;
+    void (DriverSettings::*set)(T);
+    T (DriverSettings::*get)();
 };
 
 } // namespace
 
-TEST_F(DriverSettingsTest, KeepEveryNumberUnderItsName) {
-    const struct {
-        const char* path;
-        void (DriverSettings::*set)(int32_t);
-        int32_t (DriverSettings::*get)();
-    } numbers[] = {
+TEST_F(DriverSettingsTest, KeepEveryValueUnderItsName) {
+    const Setting<int32_t> numbers[] = {
 #define NUMBER(path, name) {path, &DriverSettings::Set##name, &DriverSettings::Get##name}
         NUMBER("Specifications/X Resolution", XResolution),
         NUMBER("Specifications/Y Resolution", YResolution),
@@ -72,28 +68,7 @@ TEST_F(DriverSettingsTest, KeepEveryNumberUnderItsName) {
         NUMBER("RFID/Failure Action", ActionOnError)
 #undef NUMBER
     };
-    for (int32_t i = 0; i < static_cast<int32_t>(std::size(numbers)); ++i)
-        (settings.*numbers[i].set)(-100 - i);
-    settings.Save(prtreg("Dock3"));
-
-    prtreg registry("Dock3");
-    DriverSettings fresh;
-    fresh.Load(registry);
-    for (int32_t i = 0; i < static_cast<int32_t>(std::size(numbers)); ++i) {
-        EXPECT_EQ((settings.*numbers[i].get)(), -100 - i) << numbers[i].path;
-        EXPECT_EQ((fresh.*numbers[i].get)(), -100 - i) << numbers[i].path;
-        uint32_t type = 0;
-        EXPECT_TRUE(registry.GetInfo(OString("Settings:") << numbers[i].path, nullptr, &type));
-        EXPECT_EQ(type, static_cast<uint32_t>(REG_DWORD)) << numbers[i].path;
-    }
-}
-
-TEST_F(DriverSettingsTest, KeepEveryFlagUnderItsName) {
-    const struct {
-        const char* path;
-        void (DriverSettings::*set)(bool);
-        bool (DriverSettings::*get)();
-    } flags[] = {
+    const Setting<bool> flags[] = {
 #define FLAG(path, set, get) {path, &DriverSettings::set, &DriverSettings::get}
         FLAG("Disable Copies Limit", SetDisableCopiesLimit, GetDisableCopiesLimit),
         FLAG("Data Fonts/Office Compatibility", SetFixBarFontsInOffice, GetFixBarFontsInOffice),
@@ -107,18 +82,24 @@ TEST_F(DriverSettingsTest, KeepEveryFlagUnderItsName) {
         FLAG("Status/System Tray Icon", SetShowIcon, ShowIcon)
 #undef FLAG
     };
+    const auto value_of = [&](const auto& number) {
+        return static_cast<int32_t>(&number - numbers) - 100;
+    };
     settings.SetMonitorStatus(true);
+    for (const auto& number : numbers) (settings.*number.set)(value_of(number));
     for (const bool on : {true, false}) {
         for (const auto& flag : flags) (settings.*flag.set)(on);
         settings.Save(prtreg("Dock3"));
         prtreg registry("Dock3");
         DriverSettings fresh;
         fresh.Load(registry);
+        for (const auto& number : numbers) {
+            EXPECT_EQ((fresh.*number.get)(), value_of(number)) << number.path;
+            EXPECT_EQ(registry.GetInt(OString("Settings:") << number.path, 0), value_of(number));
+        }
         for (const auto& flag : flags) {
             EXPECT_EQ((fresh.*flag.get)(), on) << flag.path;
-            uint32_t size = 0;
-            EXPECT_TRUE(registry.GetInfo(OString("Settings:") << flag.path, &size, nullptr));
-            EXPECT_EQ(size, 1u) << flag.path;
+            EXPECT_EQ(registry.GetByte(OString("Settings:") << flag.path, 9), on) << flag.path;
         }
     }
 }
@@ -172,7 +153,7 @@ TEST_F(DriverSettingsTest, TravelToAnotherPrinterOfTheModel) {
     prtreg("Dock4").SetDWORD("Settings:Status/Query Interval", 5);
 
     Export("Dock3", "C:\\options.txt");
-    const std::string text = ReadFile("options.txt");
+    const std::string text = BytesOf(OnDriveC("options.txt"));
     EXPECT_EQ(text.find("Dock3"), std::string::npos);
     EXPECT_EQ(text.rfind("<options model='Model 1'>\r\n[DATA:\\Settings]\r\n", 0), 0u) << text;
     EXPECT_NE(text.find("\r\n</options>\r\n\r\n"), std::string::npos);
@@ -198,7 +179,7 @@ TEST_F(DriverSettingsTest, OfAPrinterWithAnUnusualNameTravelToo) {
     ASSERT_TRUE(AddPrinter(name, "Model 1"));
     prtreg(name).SetDWORD("Settings:Status/Query Interval", 77);
     Export(name, "C:\\options.txt");
-    const std::string text = ReadFile("options.txt");
+    const std::string text = BytesOf(OnDriveC("options.txt"));
     EXPECT_EQ(text.rfind("<options model='Model 1'>\r\n[DATA:\\Settings]", 0), 0u) << text;
     prtreg(name).SetDWORD("Settings:Status/Query Interval", 1);
     for (const OString& target : {OString("Dock4"), name}) {

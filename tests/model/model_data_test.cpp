@@ -150,18 +150,6 @@ TEST_F(ModelData, TakesTheOemsValueBeforeTheCommonOne) {
     EXPECT_EQ(Model()->GetCapabilitiesData()->method_bits, 1);
 }
 
-TEST_F(ModelData, TakesTheUnprintableWidthOfThePrinterFromTheRegistry) {
-    Install({.model = "Stock.UnprintableWidth=0.051 in\n"});
-    Load();
-    EXPECT_EQ(At(76, 4), 12954) << "nothing set: exactly the model's";
-    prtreg registry = Registry();
-    registry.SetDWORD("Settings:Unprintable Width", 2500);
-    Model()->FlushDataCache();
-    Load();
-    EXPECT_EQ(At(76, 4), 25000);
-    EXPECT_EQ(At(80, 4), 12954);
-}
-
 TEST_F(ModelData, FollowsTheDriverSettingsWhenTheyOverrideIt) {
     Install({.model = "Resolution=203,600\nStock.Minimum.X=20 mm\nStock.Printable.X=100 mm\n"
                       "Stock.Tracking=Right\n",

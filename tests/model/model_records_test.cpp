@@ -2,7 +2,6 @@
 
 #include <cstring>
 #include <tuple>
-#include <utility>
 
 #include "model/model_data_cache.h"
 #include "spooler/printer_info.h"
@@ -57,25 +56,6 @@ TEST_F(ModelRecords, OfCapabilitiesTellWhatThePrinterDrawsAndHowItRepeats) {
         Replace(tables);
         EXPECT_EQ(Word(Model()->GetCapabilitiesData(), offset), expected)
             << lines << " at " << offset;
-    }
-}
-
-TEST_F(ModelRecords, OfTheMakerFollowsTheOemCode) {
-    const std::pair<const char*, const char*> cases[] = {{"in", "Intermec Corporation"},
-                                                         {"tt", "Toshiba TEC Corporation"},
-                                                         {"dt", "Datamax Corporation"},
-                                                         {"qv", "Valdrick"}};
-    const std::string company = "CompanyName=A company whose name goes on and on and on\n";
-    Install({.manufacturer = company});
-    for (const auto& [oem, maker] : cases) {
-        ASSERT_TRUE(AddDriver("Model 1", (std::string("zpl") + oem + ".ddt").c_str()));
-        Replace({.manufacturer = company});
-        auto model = Model();
-        const KVManufacturerInfo* record = model->GetManufacturerInfo();
-        EXPECT_EQ(record->size, 78);
-        EXPECT_STREQ(record->manufacturer, maker);
-        EXPECT_STREQ(record->oem, oem);
-        EXPECT_STREQ(record->company_name, "A company whose name goes on an");
     }
 }
 

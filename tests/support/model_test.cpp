@@ -54,6 +54,10 @@ void ModelTest::WriteDataFile(const ModelTables& tables) {
 
 void ModelTest::Replace(const ModelTables& tables) {
     WriteDataFile(tables);
+    Forget();
+}
+
+void ModelTest::Forget() {
     OResourceCache::Free();
     OResourceCache::Initialize();
     ModelDataCache::Free();

@@ -45,6 +45,9 @@ protected:
     // module had been loaded again.
     void Replace(const ModelTables& tables);
 
+    // Forgets what was read of all data files and models.
+    static void Forget();
+
     // The model of the installed printer, never null.
     static std::unique_ptr<extmodel> Model();
 

@@ -88,6 +88,15 @@ bool PrinterTest::AddPrinter(const OString& name, const OString& driver, DWORD a
     return printer != nullptr;
 }
 
+void PrinterTest::ConnectToDock3(const std::string& server, DWORD attributes) {
+    OnServer(server, [&] {
+        EXPECT_TRUE(AddDriver("Model 1", "zplqv.ddt"));
+        EXPECT_TRUE(AddPrinter("Dock3", "Model 1", attributes));
+    });
+    const OString name = OString("\\\\") << server.c_str() << "\\Dock3";
+    EXPECT_TRUE(AddPrinterConnectionW(Writable(name)));
+}
+
 std::string PrinterTest::EnterServer(const std::string& name) {
     const std::string home = win32host::Root();
     const fs::path machine = fs::path(home) / "machines" / name;

@@ -39,6 +39,10 @@ protected:
         LeaveServer(home);
     }
 
+    // Makes that server with the shared printer "Dock3" of the driver "Model 1", and connects this
+    // user to it.
+    void ConnectToDock3(const std::string& server, DWORD attributes = PRINTER_ATTRIBUTE_SHARED);
+
 private:
     std::string EnterServer(const std::string& name);
     void LeaveServer(const std::string& home);

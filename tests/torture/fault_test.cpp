@@ -7,8 +7,6 @@
 #include <numeric>
 #include <span>
 
-#include "model/model_data_cache.h"
-#include "model/resource_cache.h"
 #include "support/torture_rounds.h"
 #include "torture/memory_faults.h"
 
@@ -46,14 +44,6 @@ void EnterRoot(const std::string& root) {
     if (key) RegCloseKey(key);
 }
 
-std::string Lines(prtreg& registry, const char* key) {
-    OStringArray lines;
-    registry.Export(key, lines);
-    std::string text;
-    for (int i = 0; i < lines.GetSize(); ++i) text.append(Text(lines[i])) += '\n';
-    return text;
-}
-
 } // namespace
 
 void FaultTest::InstallPrinter() {
@@ -73,8 +63,16 @@ std::vector<std::string> FaultTest::StoredSettings() {
     prtreg registry("Dock 3");
     std::vector<std::string> parts;
     for (const char* key : {"Presets:", "STOCK:", "Fonts:", "DATA:Data Fonts", "Settings:"})
-        parts.push_back(Lines(registry, key));
+        parts.push_back(Exported(registry, key));
     return parts;
+}
+
+std::string FaultTest::Exported(ORegistry& registry, const char* key) {
+    OStringArray lines;
+    registry.Export(key, lines);
+    std::string text;
+    for (int i = 0; i < lines.GetSize(); ++i) text.append(Text(lines[i])) += '\n';
+    return text;
 }
 
 std::vector<std::string> FaultTest::FilesIn(const std::string& folder) const {
@@ -110,10 +108,7 @@ std::vector<std::string> FaultTest::OnCopy(const std::function<std::vector<std::
     CopyRoot(root(), copy);
     EnterRoot(copy);
     // A run without memory may have left something in them.
-    OResourceCache::Free();
-    OResourceCache::Initialize();
-    ModelDataCache::Free();
-    ModelDataCache::Initialize();
+    Forget();
     const auto result = work();
     EnterRoot(root());
     fs::remove_all(copy);

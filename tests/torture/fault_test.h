@@ -12,6 +12,7 @@
 #include <vector>
 
 #include "support/job_test.h"
+#include "zplui.h"
 
 // The faults of a run.
 struct FaultKindOfRun {
@@ -46,6 +47,9 @@ protected:
     // The stored lists and settings of the printer, one text each.
     static std::vector<std::string> StoredSettings();
 
+    // The text form of a key and those below it.
+    static std::string Exported(ORegistry& registry, const char* key);
+
     // The names and bytes of the files in a folder of drive C, as one text.
     std::vector<std::string> FilesIn(const std::string& folder) const;
 
@@ -54,6 +58,18 @@ protected:
     static std::vector<std::string> SpooledJobs();
 
     static HANDLE OpenDock3(ACCESS_MASK access = PRINTER_ALL_ACCESS);
+
+    // Calls `call(settings)` with the open settings of the printer, unless they cannot be opened.
+    // Closing them stores them.
+    template <class Call>
+    static void WithSettings(const Call& call) {
+        const HANDLE printer = OpenDock3();
+        if (const HANDLE settings = DAL_Printer_Open(printer)) {
+            call(settings);
+            DAL_Printer_Close(settings);
+        }
+        ClosePrinter(printer);
+    }
 
     // Runs `work` on a copy of the root folder, then goes back. Returns its result.
     std::vector<std::string> OnCopy(const std::function<std::vector<std::string>()>& work);

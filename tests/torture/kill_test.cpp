@@ -7,7 +7,6 @@
 #include "support/torture_rounds.h"
 #include "torture/fault_test.h"
 #include "torture/sample_lists.h"
-#include "zplui.h"
 
 namespace {
 
@@ -15,11 +14,7 @@ class KilledSaver : public FaultTest {
 protected:
     void SetUp() override {
         InstallPrinter();
-        const HANDLE printer = OpenDock3();
-        const HANDLE settings = DAL_Printer_Open(printer);
-        MakeLists(*static_cast<prtui*>(settings), 0);
-        DAL_Printer_Close(settings);
-        ClosePrinter(printer);
+        WithSettings([](HANDLE settings) { MakeLists(*static_cast<prtui*>(settings), 0); });
     }
 
     // The state that the saver leaves, and how it ended.

@@ -2,9 +2,7 @@
 #include <memory>
 #include <utility>
 
-#include "model/model_data_cache.h"
 #include "model/prtmodel.h"
-#include "model/resource_cache.h"
 #include "spooler/printer_info.h"
 #include "torture/fault_test.h"
 #include "torture/memory_faults.h"
@@ -18,13 +16,6 @@ protected:
         const std::unique_ptr<prtmodel> model(prtmodel::new_ext(PrinterInfo("Dock 3")));
         if (!model) return {};
         return {model->GetUnprintableWidth().Microns(), model->GetXResolution()};
-    }
-
-    static void Forget() {
-        OResourceCache::Free();
-        OResourceCache::Initialize();
-        ModelDataCache::Free();
-        ModelDataCache::Initialize();
     }
 };
 

@@ -2,7 +2,6 @@
 #include "torture/fault_test.h"
 #include "torture/memory_faults.h"
 #include "torture/sample_lists.h"
-#include "zplui.h"
 
 namespace {
 
@@ -17,26 +16,12 @@ protected:
     }
 
     static void Save(int version) {
-        const HANDLE printer = OpenDock3();
-        if (const HANDLE settings = DAL_Printer_Open(printer)) {
+        WithSettings([version](HANDLE settings) {
             auto& ui = *static_cast<prtui*>(settings);
-            if (ui.model) {
-                const NoAllocationFaults edited;
-                MakeLists(ui, version);
-            }
-            DAL_Printer_Close(settings);
-        }
-        ClosePrinter(printer);
-    }
-
-    template <class Call>
-    static void WithSettings(const Call& call) {
-        const HANDLE printer = OpenDock3();
-        if (const HANDLE settings = DAL_Printer_Open(printer)) {
-            call(settings);
-            DAL_Printer_Close(settings);
-        }
-        ClosePrinter(printer);
+            if (!ui.model) return;
+            const NoAllocationFaults edited;
+            MakeLists(ui, version);
+        });
     }
 };
 
@@ -112,14 +97,9 @@ TEST_F(SettingsFaults, ApplyARegistryTextWholeOrNotAtAll) {
     ORegistry().SetString("LOCAL_MACHINE:SOFTWARE/Torture/old", "1");
     ORegistry().SetString("LOCAL_MACHINE:SOFTWARE/Tortured/Below/old", "1");
     const auto state = [] {
-        std::string text;
-        for (const char* key :
-             {"LOCAL_MACHINE:SOFTWARE/Torture", "LOCAL_MACHINE:SOFTWARE/Tortured"}) {
-            OStringArray stored;
-            ORegistry().Export(key, stored);
-            for (int i = 0; i < stored.GetSize(); ++i) text.append(Text(stored[i])) += '\n';
-        }
-        return std::vector{text};
+        ORegistry registry;
+        return std::vector{Exported(registry, "LOCAL_MACHINE:SOFTWARE/Torture") +
+                           Exported(registry, "LOCAL_MACHINE:SOFTWARE/Tortured")};
     };
     AtEveryPoint(kStoreFaults, work, state);
 }

@@ -15,16 +15,12 @@ using namespace win32host;
 class ShadowFaults : public FaultTest {
 protected:
     void SetUp() override {
-        OnServer("SRV1", [&] {
-            ASSERT_TRUE(AddDriver("Model 1", "zplqv.ddt"));
-            ASSERT_TRUE(AddPrinter("Dock3", "Model 1",
-                                   PRINTER_ATTRIBUTE_SHARED | PRINTER_ATTRIBUTE_ENABLE_BIDI));
+        ConnectToDock3("SRV1", PRINTER_ATTRIBUTE_SHARED | PRINTER_ATTRIBUTE_ENABLE_BIDI);
+        OnServer("SRV1", [] {
             prtreg("Dock3").SetInt("Presets:v", 1);
             prtreg("Dock3").SetInt("Presets:w", 2);
             prtreg("Dock3").SetInt("STOCK:v", 3);
         });
-        WCHAR name[] = TEXT("\\\\SRV1\\Dock3");
-        ASSERT_TRUE(AddPrinterConnectionW(name));
         ORegistry().SetString("PRINT:Environments/Windows NT x86/Drivers/Version-3/Model 1/Monitor",
                               "qstmon");
         fs::copy_file(Built("/bin/qstmon.dll"),
@@ -45,12 +41,7 @@ protected:
 
     static void AddKeys(const char* printer, std::vector<std::string>& parts) {
         prtreg registry{OString(printer)};
-        for (const char* key : {"Presets:", "STOCK:"}) {
-            OStringArray lines;
-            registry.Export(key, lines);
-            std::string& text = parts.emplace_back();
-            for (int i = 0; i < lines.GetSize(); ++i) text.append(::Text(lines[i])) += '\n';
-        }
+        for (const char* key : {"Presets:", "STOCK:"}) parts.push_back(Exported(registry, key));
     }
 };
 

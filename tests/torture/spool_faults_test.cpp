@@ -1,7 +1,5 @@
 // Jobs whose printing fails somewhere.
-#include <win32host/control.h>
 
-#include <filesystem>
 #include <netinet/in.h>
 #include <sys/socket.h>
 #include <thread>
