@@ -28,7 +28,6 @@ protected:
 };
 
 using ShadowTree = KeyMap;
-using RegistryAccess = KeyMap;
 
 // Reads, without a key map, a value that was written through one.
 int32_t Raw(const char* path) {

@@ -24,9 +24,9 @@ protected:
     }
 
     // "(none)" if GetData refuses.
-    std::string Get(const ModelDataOwner& owner, uint32_t size, const char* name = "R") {
+    std::string Get(const ModelDataOwner& owner, uint32_t size) {
         std::string data(size, '?');
-        if (cache.GetData(owner, name, data.data(), size)) return data;
+        if (cache.GetData(owner, "R", data.data(), size)) return data;
         EXPECT_EQ(data, std::string(size, '?')) << "a refused read wrote to the buffer";
         return "(none)";
     }

@@ -1,4 +1,4 @@
-// The model data record: every field, by its offset in the record.
+// The model data record, by the offsets of its fields.
 
 #include <win32host/clock_control.h>
 

@@ -1,4 +1,4 @@
-// The other records of a model: capabilities, versions, makers.
+// The other records of a model, and how long they are kept.
 
 #include <cstring>
 #include <tuple>

@@ -12,9 +12,6 @@ namespace {
 class TestRegistry : public ORegistry {
 public:
     using ORegistry::GetKeyAndValue;
-    using ORegistry::OpenKey;
-    using ORegistry::Substitute;
-    using ORegistry::SubstituteKey;
 };
 
 class RegistryStore : public HostTest {

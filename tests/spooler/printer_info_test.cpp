@@ -13,7 +13,7 @@ struct TestDevMode {
     DEVMODEW public_part = {};
     unsigned char private_part[16] = {};
 
-    explicit TestDevMode(SHORT copies = 1) {
+    explicit TestDevMode(SHORT copies) {
         public_part.dmSize = sizeof(DEVMODEW);
         public_part.dmDriverExtra = sizeof private_part;
         public_part.dmFields = DM_COPIES;
