@@ -106,6 +106,14 @@ TEST(StringAppending, AndAssignmentTakePartsOfTheOwnText) {
     EXPECT_STREQ(text.nstring(), "bab-12");
 }
 
+TEST(StringAppending, TakesNumbersCharactersAndManipulators) {
+    OString text = "a" + OString("b") + 'c';
+    text << tab << -12 << endl;
+    EXPECT_STREQ(text.nstring(), "abc\t-12\r\n");
+    text << clear << "again";
+    EXPECT_STREQ(text.nstring(), "again");
+}
+
 TEST(StringOrder, GoesBySignedBytesOrByUnits) {
     const std::tuple<const char*, const char*, int, int, int> cases[] = {
         {"a", "B", 1, -1, 1}, {"a", "A", 1, 0, 1},      {"ab", "a", 1, 1, 1}, {"", "a", -1, -1, -1},

@@ -15,6 +15,7 @@
 #include <filesystem>
 #include <memory>
 #include <string>
+#include <tuple>
 #include <utility>
 
 namespace {
@@ -207,6 +208,24 @@ TEST_F(LanguageLibraries, AskBeforeALanguageThatTheSystemMayNotShow) {
     }
     EXPECT_FALSE(locale.SetNewLanguage(nullptr, nullptr));
     EXPECT_TRUE(win32host::TakeMessageBoxes().empty()) << "the system's and the Western ones";
+}
+
+TEST_F(LanguageLibraries, SignsFollowTheCodePageOfTheLanguage) {
+    const std::tuple<const char*, uint32_t, const WCHAR*, const WCHAR*, const WCHAR*> cases[] = {
+        {"deu", 1252, TEXT("\u00A9"), TEXT("\u2122"), TEXT("\u00AE")},
+        {"RUS", 1251, TEXT("\u00A9"), TEXT("\u2122"), TEXT("\u00AE")},
+        {"jpn", 932, TEXT("(C)"), TEXT("(TM)"), TEXT("(R)")},
+        {"tha", 874, TEXT("(C)"), TEXT("(TM)"), TEXT("(R)")},
+        {"qqq", 0, TEXT("(C)"), TEXT("(TM)"), TEXT("(R)")}};
+    for (const auto& [language, code_page, copyright, trademark, registered] : cases) {
+        reg_->SetString("UserSettings:Language", language);
+        prtlocale locale;
+        locale.Load(*reg_, model_.get());
+        EXPECT_EQ(locale.GetCurrentCP(), code_page) << language;
+        EXPECT_EQ(WideText(locale.GetCopyright().tstring()), copyright) << language;
+        EXPECT_EQ(WideText(locale.GetTrademark().tstring()), trademark) << language;
+        EXPECT_EQ(WideText(locale.GetRegistered().tstring()), registered) << language;
+    }
 }
 
 } // namespace
