@@ -247,7 +247,8 @@ ZPLUI_API BOOL WINAPI DAL_Action_Run(HANDLE settings, int action, LPCWSTR choice
 #define DAL_QUERY_FILES 8           // every stored file
 #define DAL_QUERY_FONTS 16          // stored fonts
 #define DAL_QUERY_CONFIGURATION 512 // the lines of the printer's configuration label
-// Asked for, and left in the registry as received: the printer's settings and files as XML.
+// Asked for, and left in the registry as received: the printer's settings and files as XML. They
+// stay only until the next query of any program on this machine.
 #define DAL_QUERY_XML_FORMAT 32
 #define DAL_QUERY_XML_DIRECTORY 64
 #define DAL_QUERY_XML_STATUS 128

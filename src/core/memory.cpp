@@ -1,6 +1,11 @@
 #include "core/memory.h"
 
+#include <windows.h>
+
+#include <processthreadsapi.h>
+
 #include <algorithm>
+#include <atomic>
 #include <cstdint>
 #include <cstring>
 #include <functional>
@@ -13,7 +18,37 @@ constexpr size_t kHeader = alignof(std::max_align_t);
 constexpr size_t kLargestBlock = UINT32_MAX - kHeader;
 static_assert(kHeader >= sizeof(uint32_t));
 
-thread_local uint32_t t_failures = 0;
+// How many allocations have failed on this thread. The number itself is the value of the thread, so
+// nothing has to be allocated for it, which thread_local does on some systems.
+class FailureCount {
+public:
+    FailureCount()
+        : slot_(TlsAlloc()) {}
+    ~FailureCount() {
+        if (slot_ != TLS_OUT_OF_INDEXES) TlsFree(slot_);
+        slot_ = TLS_OUT_OF_INDEXES;
+    }
+
+    uint32_t Get() const {
+        if (slot_ == TLS_OUT_OF_INDEXES) return of_all_threads_;
+        const DWORD error = GetLastError(); // which TlsGetValue clears
+        const void* value = TlsGetValue(slot_);
+        SetLastError(error);
+        return static_cast<uint32_t>(reinterpret_cast<uintptr_t>(value));
+    }
+    void Increase() {
+        if (slot_ == TLS_OUT_OF_INDEXES)
+            ++of_all_threads_;
+        else
+            TlsSetValue(slot_, reinterpret_cast<void*>(uintptr_t{Get() + 1}));
+    }
+
+private:
+    DWORD slot_;
+    std::atomic<uint32_t> of_all_threads_{0}; // in a process that has no slot left
+};
+
+FailureCount g_failures;
 
 char* SizeWord(const void* block) {
     return static_cast<char*>(const_cast<void*>(block)) - sizeof(uint32_t);
@@ -22,14 +57,14 @@ char* SizeWord(const void* block) {
 } // namespace
 
 AllocationWatch::AllocationWatch()
-    : failures_(t_failures) {}
+    : failures_(g_failures.Get()) {}
 
 bool AllocationWatch::Failed() const {
-    return t_failures != failures_;
+    return g_failures.Get() != failures_;
 }
 
 void NoteAllocationFailure() {
-    ++t_failures;
+    g_failures.Increase();
 }
 
 void* operator new(size_t size, CountedAllocation) noexcept {

@@ -68,6 +68,7 @@ DataFont* CopyOf(const DataFont& font) {
 DataFontManager& DataFontManager::operator=(const DataFontManager& other) {
     if (this == &other) return *this;
     StoredList::operator=(other);
+    unmodified_ = other.unmodified_;
     const AllocationWatch memory;
     Clear();
     for (int i = 0; i < other.GetSize(); ++i) {
@@ -115,13 +116,14 @@ bool DataFontManager::Load(const prtmodel* model) {
         if (size > 0) AddTail(FontOf(blob, static_cast<size_t>(size)));
     }
     NoteLoaded(GetCRC32(0), registry);
+    SetUnmodified();
     return true;
 }
 
 SaveResult DataFontManager::Save(const prtmodel* model) {
     const OSingleLock guard(&lock_, true);
     prtreg registry(model->GetRegistry());
-    return SaveChanges(registry, GetCRC32(0), [&] {
+    const SaveResult result = SaveChanges(registry, GetCRC32(0), [&] {
         registry.DeletePattern(OString(kFonts) << "/*");
         for (int i = 0; i < fonts_.GetSize(); ++i) {
             const OString key = KeyOf(*fonts_[i]);
@@ -131,6 +133,8 @@ SaveResult DataFontManager::Save(const prtmodel* model) {
             });
         }
     });
+    if (result != SaveResult::FAILED) SetUnmodified();
+    return result;
 }
 
 uint32_t DataFontManager::GetCRC32(uint32_t seed) const {

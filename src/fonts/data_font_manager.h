@@ -54,8 +54,9 @@ public:
     uint32_t GetCRC32(uint32_t seed) const;
 
     // Load and Save mark the list as unmodified, and so does this. For pages that edit the list.
-    void SetUnmodified() { NoteStored(GetCRC32(0)); }
-    bool IsModified() const { return HasChanged(GetCRC32(0)); }
+    // What Save writes does not depend on it.
+    void SetUnmodified() { unmodified_ = GetCRC32(0); }
+    bool IsModified() const { return GetCRC32(0) != unmodified_; }
 
     // ---- Exchange -------------------------------------------------------------------------------
 
@@ -82,5 +83,6 @@ public:
 
 private:
     OPointerArray<DataFont*> fonts_;
+    uint32_t unmodified_ = 0; // checksum of the list when it was marked
     OCriticalSection lock_;
 };

@@ -67,10 +67,11 @@ void ModelDataCache::Free() {
 void ModelDataCache::Synchronize(const ModelDataOwner& owner) {
     if (!storage) return;
     const AllocationWatch memory;
-    // Strings in the store must share nothing with the caller's.
+    // Strings in the store must share nothing with the caller's, nor with those here once the lock
+    // is released.
+    OSingleLock lock(&storage->lock, true);
     const OString printer = owner.printer.OwnCopy();
     OString model = owner.model.OwnCopy();
-    OSingleLock lock(&storage->lock, true);
     PrinterRecords* records = storage->Find(owner.printer);
     if (records && records->BelongTo(owner)) return;
     if (!records) {
@@ -108,9 +109,9 @@ void ModelDataCache::SetData(const ModelDataOwner& owner, const OString& name, c
     const AllocationWatch memory;
     void* record = ___malloc(size);
     __memcpy(record, data, size);
-    const OString own_name = name.OwnCopy();
 
     OSingleLock lock(&storage->lock, true);
+    const OString own_name = name.OwnCopy();
     PrinterRecords* records = storage->Find(owner);
     void* old = nullptr;
     if (records) records->records.Lookup(own_name, old);

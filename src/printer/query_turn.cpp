@@ -10,8 +10,9 @@ HANDLE OpenTurns() {
     OpenToAll security;
     const HANDLE turns =
         CreateMutexW(security.Get(), FALSE, TEXT("Global\\Valdrick Printer Query"));
+    if (turns || GetLastError() != ERROR_PATH_NOT_FOUND) return turns;
     // Systems without sessions do not know such a name.
-    return turns ? turns : CreateMutexW(security.Get(), FALSE, TEXT("Valdrick Printer Query"));
+    return CreateMutexW(security.Get(), FALSE, TEXT("Valdrick Printer Query"));
 }
 
 } // namespace

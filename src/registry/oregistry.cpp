@@ -284,9 +284,11 @@ bool ORegistry::CanStore(const OString& value) {
 }
 
 bool ORegistry::SetMultiString(const OString& name, const OStringArray& values) {
+    const AllocationWatch memory;
     OBuffer<WCHAR> packed;
+    const uint32_t length = values.Pack(packed, OPACK_LIST);
     // Without memory there is nothing to replace the old value with.
-    if (const uint32_t length = values.Pack(packed, OPACK_LIST))
+    if (length != 0 && !memory.Failed())
         SetData(name, packed.GetData(), length * static_cast<uint32_t>(sizeof(WCHAR)),
                 REG_MULTI_SZ);
     return true;

@@ -79,6 +79,10 @@ bool Preset::Load(prtreg& registry, int index) {
     return true;
 }
 
+bool Preset::IsStored(prtreg& registry, int index) {
+    return registry.GetSize(OString(kKey) << KeyName(index) << "DEVMODE") > 0;
+}
+
 bool Preset::Save(prtreg& registry, int index) const {
     const OString prefix = OString(kKey) << KeyName(index);
     const OString value = OString(prefix) << "DEVMODE";

@@ -53,6 +53,8 @@ public:
     // DEVMODE, and for one that is shorter than its own sizes claim. Save is false if a value
     // cannot be written.
     bool Load(prtreg& registry, int index);
+    // Whether settings are stored under that number, readable or not.
+    static bool IsStored(prtreg& registry, int index);
     bool Save(prtreg& registry, int index) const;
     // `prefix` is the path of the key and the start of the values' names.
     static void Delete(prtreg& registry, const OString& prefix);

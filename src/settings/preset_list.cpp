@@ -20,12 +20,13 @@ int StoredTotal(prtreg& registry) {
     return static_cast<int>(std::min<uint32_t>(registry.GetDWORD(kTotal, 0), kMostPresets));
 }
 
-// Fills `numbers` with the stored presets that this driver cannot read, in order.
+// Fills `numbers` with the stored presets whose settings this driver cannot read, in order.
 void GetNotUnderstood(prtreg& registry, int last, OTypedArray<int>& numbers) {
     OTypedArray<int> stored;
     GetStoredEntries(registry, kPresetsKey, 1, last, Preset::KeyName, stored);
     for (int i = 0; i < stored.GetSize(); ++i)
-        if (!Preset().Load(registry, stored[i])) numbers.Add(stored[i]);
+        if (Preset::IsStored(registry, stored[i]) && !Preset().Load(registry, stored[i]))
+            numbers.Add(stored[i]);
 }
 
 } // namespace

@@ -47,7 +47,7 @@ PowerSettings extui::GetPowerSettings() const {
 }
 
 void extui::SetPowerSettings(const PowerSettings& settings) {
-    prtreg& registry = model->GetRegistry();
+    prtreg registry(model->GetRegistry()); // its failures are not the model's
     registry.SetByte(kSleep, settings.sleep);
     registry.SetByte(kLowVoltagePause, settings.low_voltage_pause);
     registry.SetByte(kForcedSleep, settings.forced_sleep);

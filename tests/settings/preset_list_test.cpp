@@ -164,14 +164,15 @@ TEST_F(Presets, ThatCannotBeReadAreSkipped) {
     list_.GetNext(nullptr)->SetDevMode(nullptr);
     EXPECT_EQ(list_.Save(model_.get()), SaveResult::STORED);
     EXPECT_EQ(Stored(), "f g");
-    EXPECT_EQ(Text(registry.GetString("Presets:Preset 02:: Name", "")), "b");
+    EXPECT_EQ(Text(registry.GetString("Presets:Preset 02:: Name", "")), "g")
+        << "a name without settings is no preset";
     EXPECT_EQ(registry.GetSize("Presets:Preset 03:: DEVMODE"), 1507);
-    EXPECT_EQ(Text(registry.GetString("Presets:Preset 04:: Name", "")), "g");
+    EXPECT_EQ(registry.GetSize("Presets:Preset 04:: Name"), -1);
     EXPECT_EQ(registry.GetSize("Presets:Preset 05:: DEVMODE"), 7);
     EXPECT_EQ(registry.GetDWORD("Presets:Total", 0), 5u);
     delete Named("g");
     EXPECT_EQ(list_.Save(model_.get()), SaveResult::STORED);
-    EXPECT_EQ(registry.GetSize("Presets:Preset 04:: Name"), -1);
+    EXPECT_EQ(registry.GetSize("Presets:Preset 02:: Name"), -1);
     EXPECT_EQ(registry.GetDWORD("Presets:Total", 0), 5u);
 }
 
