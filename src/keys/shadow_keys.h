@@ -19,5 +19,6 @@
 // Brings the copy up to date by replacing every key whose text on the server is different.
 void CreateShadow(const OString& printer_name);
 
-// Sends the copy to the server, which takes it over.
+// Sends the copy to the server, which takes it over. Values with characters that the code page
+// lacks are left out, and the server then has none of that name.
 void CommitShadow(const OString& printer_name);
