@@ -30,3 +30,10 @@ TEST_F(UIObject, TakesThePrinterAndTheSettingsAskedFor) {
         EXPECT_EQ(ui->stream->GetModel(), ui->model.get());
     }
 }
+
+TEST_F(UIObject, HasBothBuiltInPresetsWithoutALanguageLibrary) {
+    Install({.model = "Resolution=203\n"});
+    const auto ui = OpenUI();
+    EXPECT_NE(ui->presets.GetCurrentSettings(), nullptr) << "it has no name";
+    EXPECT_NE(ui->presets.GetDefaultSettings(), nullptr);
+}
