@@ -35,7 +35,8 @@ protected:
     template <class Write>
     SaveResult SaveChanges(ORegistry& registry, uint32_t checksum, Write write) const {
         if (!HasChanged(checksum)) return SaveResult::UNCHANGED;
-        if (!whole_) return SaveResult::FAILED;
+        // Without memory the checksum is not that of the list.
+        if (!whole_ || registry.HasFailed()) return SaveResult::FAILED;
         ORegistryTransaction changes(registry);
         write();
         if (!changes.Commit()) return SaveResult::FAILED;
