@@ -1,7 +1,5 @@
 #include "registry/oregistry_text.h"
 
-#include <cstring>
-
 #include "registry/oregistry.h"
 
 namespace {
@@ -36,8 +34,7 @@ uint32_t PackMultiString(const unsigned char* data, uint32_t size, OBuffer<WCHAR
     text.Add(WCHAR(0));
     text.Add(WCHAR(0));
     OBuffer<WCHAR> list;
-    if (!list.SetSize(static_cast<uint32_t>(text.Length()))) return 0;
-    std::memcpy(list.GetData(), text.Text(), text.Length() * sizeof(WCHAR));
+    if (!list.Assign(text.Text(), static_cast<uint32_t>(text.Length()))) return 0;
     OStringArray strings;
     strings.Unpack(list, OPACK_LIST);
     return strings.Pack(packed, OPACK_LIST) * static_cast<uint32_t>(sizeof(WCHAR));
