@@ -42,13 +42,8 @@ int CompareNames(const OString& a, const OString& b) {
     return a.Collate(b);
 }
 
-bool SortsBefore(const Stock* a, const Stock* b) {
-    return a->is_user() != b->is_user() ? a->is_user()
-                                        : CompareNames(a->GetName(), b->GetName()) < 0;
-}
-
 // By names, the user's stock before others of its name.
-bool NameSortsBefore(const Stock* a, const Stock* b) {
+bool SortsBefore(const Stock* a, const Stock* b) {
     const int order = CompareNames(a->GetName(), b->GetName());
     return order != 0 ? order < 0 : a->is_user() && !b->is_user();
 }
@@ -143,7 +138,7 @@ void StockList::RemoveDuplicates() {
     for (Stock* stock = GetNext(nullptr); stock; stock = GetNext(stock)) stocks[end++] = stock;
 
     Stock** const first = stocks.get();
-    std::stable_sort(first, first + end, NameSortsBefore);
+    std::stable_sort(first, first + end, SortsBefore);
     size_t kept = 0;
     for (size_t i = 0; i < end; ++i) {
         if (kept == 0 || CompareNames(first[kept - 1]->GetName(), first[i]->GetName()) != 0) {
@@ -155,7 +150,7 @@ void StockList::RemoveDuplicates() {
             delete first[i];
         }
     }
-    std::stable_sort(first, first + kept, SortsBefore);
+    std::stable_partition(first, first + kept, [](const Stock* s) { return s->is_user(); });
     for (size_t i = 0; i < kept; ++i) AddTail(first[i]);
 }
 
