@@ -1,11 +1,12 @@
 # The test program of a folder.
 #
-#   test_program(NAME [NATIVE_ONLY] [ONLY regex...] [EXCLUDE regex...] [LABELS label...]
+#   test_program(NAME [NATIVE_ONLY] [ALONE] [ONLY regex...] [EXCLUDE regex...] [LABELS label...]
 #                [LIBRARIES library...] [DEPENDS target...])
 #
 # makes the program test_NAME of the sources in the current folder and lists its tests. On Windows
 # there is none of a folder that is NATIVE_ONLY, and with ThreadSanitizer only of folders that have
-# tests with threads. Ask `if(TARGET test_NAME)` after it.
+# tests with threads. Ask `if(TARGET test_NAME)` after it. A program that is ALONE needs neither the
+# driver nor the fixtures.
 # Sources whose paths match one of EXCLUDE are left out; where ONLY is given, the others are.
 # Programs, modules and data that the tests load are named in DEPENDS, as far as this build has them.
 
@@ -27,7 +28,7 @@ function(find_threaded_tests variable)
 endfunction()
 
 function(test_program name)
-    cmake_parse_arguments(PARSE_ARGV 1 arg "NATIVE_ONLY" "" "ONLY;EXCLUDE;LABELS;LIBRARIES;DEPENDS")
+    cmake_parse_arguments(PARSE_ARGV 1 arg "NATIVE_ONLY;ALONE" "" "ONLY;EXCLUDE;LABELS;LIBRARIES;DEPENDS")
     if(WIN32 AND arg_NATIVE_ONLY)
         return()
     endif()
@@ -51,8 +52,14 @@ function(test_program name)
     # Where several files are compiled at a time, a fixture of an unnamed namespace seems to be another
     # file's.
     target_compile_options(${program} PRIVATE $<$<CXX_COMPILER_ID:GNU>:-Wno-subobject-linkage>)
-    target_link_libraries(${program} PRIVATE test_support ${arg_LIBRARIES} GTest::gtest_main)
-    foreach(target zplui zplrender ${arg_DEPENDS})
+    set(driver zplui zplrender)
+    set(fixtures test_support)
+    if(arg_ALONE)
+        set(driver "")
+        set(fixtures project_options win32host)
+    endif()
+    target_link_libraries(${program} PRIVATE ${fixtures} ${arg_LIBRARIES} GTest::gtest_main)
+    foreach(target ${driver} ${arg_DEPENDS})
         if(TARGET ${target})
             add_dependencies(${program} ${target})
         endif()
