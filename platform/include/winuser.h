@@ -2,6 +2,9 @@
 #pragma once
 
 #include <winuser/resources.h>
+#include <winuser/message.h>
 #include <winuser/window.h>
+#include <winuser/input.h>
+#include <winuser/dialog.h>
 #include <winuser/menu.h>
 #include <winuser/message_box.h>
