@@ -45,18 +45,6 @@ BOOL InvalidParameter() {
 
 extern "C" {
 
-HDC WINAPI GetDC(HWND window) {
-    return Guarded(HDC{}, [&]() -> HDC {
-        if (!window) return NewContext(DrawingContext::ScreenCaps(), false);
-        SetLastError(ERROR_INVALID_WINDOW_HANDLE);
-        return nullptr;
-    });
-}
-
-int WINAPI ReleaseDC(HWND, HDC dc) {
-    return Guarded(0, [&] { return Close<DrawingContext>(dc) ? 1 : 0; });
-}
-
 HDC WINAPI CreateCompatibleDC(HDC dc) {
     return Guarded(HDC{}, [&]() -> HDC {
         if (!dc) return NewContext(DrawingContext::ScreenCaps(), true);

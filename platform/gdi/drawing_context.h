@@ -46,4 +46,8 @@ private:
     HGDIOBJ bitmap_handle_ = nullptr;
 };
 
+class Surface;
+HDC NewSurfaceContext(std::shared_ptr<Surface> surface, POINT origin, RECT clip);
+BOOL ReleaseSurfaceContext(HDC dc);
+
 } // namespace win32host

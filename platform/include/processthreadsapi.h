@@ -1,7 +1,7 @@
 // Values that every thread has for itself. processthreadsapi.h of the SDK has more.
 #pragma once
 
-#include <windows.h>
+#include <windef.h>
 
 #define TLS_OUT_OF_INDEXES ((DWORD)0xFFFFFFFF)
 
@@ -14,6 +14,10 @@ BOOL WINAPI TlsFree(DWORD index);
 // The value of this thread. Clears the last error unless the index is not in use.
 LPVOID WINAPI TlsGetValue(DWORD index);
 BOOL WINAPI TlsSetValue(DWORD index, LPVOID value);
+
+// Numbers that no two running threads or processes of the machine share.
+DWORD WINAPI GetCurrentThreadId();
+DWORD WINAPI GetCurrentProcessId();
 
 WIN32HOST_END_C
 #pragma GCC visibility pop

@@ -229,6 +229,10 @@ BOOL WINAPI HeapFree(HANDLE heap, DWORD flags, LPVOID memory);
 
 // ---- Time ---------------------------------------------------------------------------------------
 
+// number * numerator / denominator with 64 bits in between, rounded to nearest, halves away from
+// zero; -1 if the denominator is 0 or the result has more than 32 bits.
+int WINAPI MulDiv(int number, int numerator, int denominator);
+
 // Milliseconds since the machine started; starts again at 0 after 49.7 days.
 DWORD WINAPI GetTickCount();
 void WINAPI Sleep(DWORD milliseconds);

@@ -7,4 +7,5 @@
 #include <winuser/input.h>
 #include <winuser/dialog.h>
 #include <winuser/menu.h>
+#include <winuser/system.h>
 #include <winuser/message_box.h>

@@ -68,19 +68,7 @@ void RegisterControl(LPCWSTR name, UINT style) {
     RegisterClassW(&window_class);
 }
 
-// Each is defined beside its control.
-void RegisterStatic();
-void RegisterButton();
-void RegisterEdit();
-void RegisterComboBox();
-void RegisterListBox();
-void RegisterScrollBar();
-void RegisterListView();
-void RegisterHeader();
-void RegisterUpDown();
-void RegisterTrackBar();
-void RegisterTab();
-void RegisterProgressBar();
-void RegisterRichEdit();
+// Registers the classes of all controls; control_classes.cpp lists them.
+void RegisterControls();
 
 } // namespace win32host

@@ -1,5 +1,7 @@
 #include "window/menu_template.h"
 
+#include "window/template_reader.h"
+
 namespace win32host {
 namespace {
 
@@ -10,51 +12,10 @@ constexpr uint16_t kPopup = 0x10;
 constexpr uint16_t kLast = 0x80;
 constexpr uint16_t kPopupEx = 0x01;
 
-class Reader {
-public:
-    explicit Reader(std::span<const uint8_t> bytes)
-        : bytes_(bytes) {}
-
-    bool Good() const { return good_; }
-    void Fail() { good_ = false; }
-
-    uint16_t Word() {
-        if (!Has(2)) return 0;
-        at_ += 2;
-        return static_cast<uint16_t>(bytes_[at_ - 2] | bytes_[at_ - 1] << 8);
-    }
-
-    uint32_t Dword() {
-        const uint32_t low = Word();
-        return low | static_cast<uint32_t>(Word()) << 16;
-    }
-
-    std::u16string Text() {
-        std::u16string text;
-        for (uint16_t unit = Word(); unit != 0 && good_; unit = Word())
-            text += static_cast<char16_t>(unit);
-        return text;
-    }
-
-    void Skip(size_t count) {
-        if (Has(count)) at_ += count;
-    }
-
-    // Moves on to the next multiple of four from the template's start.
-    void Align() { Skip((4 - at_ % 4) % 4); }
-
-private:
-    bool Has(size_t count) { return good_ = good_ && bytes_.size() - at_ >= count; }
-
-    std::span<const uint8_t> bytes_;
-    size_t at_ = 0;
-    bool good_ = true;
-};
-
-std::vector<MenuItem> ReadItems(Reader& reader, bool extended, int depth);
+std::vector<MenuItem> ReadItems(TemplateReader& reader, bool extended, int depth);
 
 // True if the item was its menu's last.
-bool ReadItem(Reader& reader, MenuItem& item, int depth) {
+bool ReadItem(TemplateReader& reader, MenuItem& item, int depth) {
     const uint16_t flags = reader.Word();
     item.is_popup = (flags & kPopup) != 0;
     if (!item.is_popup) item.id = reader.Word();
@@ -63,7 +24,7 @@ bool ReadItem(Reader& reader, MenuItem& item, int depth) {
     return (flags & kLast) != 0;
 }
 
-bool ReadItemEx(Reader& reader, MenuItem& item, int depth) {
+bool ReadItemEx(TemplateReader& reader, MenuItem& item, int depth) {
     reader.Align();
     reader.Skip(8); // type and state
     item.id = reader.Dword();
@@ -78,7 +39,7 @@ bool ReadItemEx(Reader& reader, MenuItem& item, int depth) {
     return (flags & kLast) != 0;
 }
 
-std::vector<MenuItem> ReadItems(Reader& reader, bool extended, int depth) {
+std::vector<MenuItem> ReadItems(TemplateReader& reader, bool extended, int depth) {
     std::vector<MenuItem> items;
     if (depth > kDeepestMenu) {
         reader.Fail();
@@ -95,7 +56,7 @@ std::vector<MenuItem> ReadItems(Reader& reader, bool extended, int depth) {
 } // namespace
 
 std::optional<std::vector<MenuItem>> ReadMenuTemplate(std::span<const uint8_t> bytes) {
-    Reader reader(bytes);
+    TemplateReader reader(bytes);
     const uint16_t version = reader.Word();
     reader.Skip(reader.Word()); // to the first item
     if (version > 1) return std::nullopt;

@@ -272,13 +272,13 @@ LRESULT WINAPI DefWindowProcW(HWND window, UINT message, WPARAM first, LPARAM se
 UINT_PTR WINAPI SetTimer(HWND window, UINT_PTR id, UINT milliseconds, TIMERPROC procedure);
 BOOL WINAPI KillTimer(HWND window, UINT_PTR id);
 
-// Hooks of this thread: WH_CALLWNDPROC is told of messages that are sent, WH_GETMESSAGE of those that
-// are taken from the queue. `thread` is the own one or 0. Others are not supported: null.
+// Hooks of this thread: WH_CALLWNDPROC is told of messages that are sent, WH_GETMESSAGE of those
+// that are taken from the queue. `thread` is the own one or 0. Others are not supported: null.
 HHOOK WINAPI SetWindowsHookExW(int kind, HOOKPROC procedure, HINSTANCE module, DWORD thread);
 BOOL WINAPI UnhookWindowsHookEx(HHOOK hook);
 LRESULT WINAPI CallNextHookEx(HHOOK hook, int code, WPARAM first, LPARAM second);
 
-// A number for a name, the same in every process of this root folder's machine: 0xC000 to 0xFFFF.
+// A number for a name, 0xC000 to 0xFFFF: the same for the same name in this process.
 UINT WINAPI RegisterWindowMessageW(LPCWSTR name);
 
 WIN32HOST_END_C

@@ -293,8 +293,8 @@ BOOL WINAPI AdjustWindowRectEx(LPRECT rect, DWORD style, BOOL menu, DWORD extend
 
 // ---- State --------------------------------------------------------------------------------------
 
-BOOL WINAPI ShowWindow(HWND window, int show); // answers whether it was visible
-BOOL WINAPI IsWindowVisible(HWND window);      // it and everything that it is in
+BOOL WINAPI ShowWindow(HWND window, int show);      // answers whether it was visible
+BOOL WINAPI IsWindowVisible(HWND window);           // it and everything that it is in
 BOOL WINAPI EnableWindow(HWND window, BOOL enable); // answers whether it was disabled
 BOOL WINAPI IsWindowEnabled(HWND window);
 BOOL WINAPI IsWindowUnicode(HWND window);

@@ -1,0 +1,48 @@
+// What dialogs know besides what every window knows.
+#pragma once
+
+#include "window/dialog_template.h"
+#include "window/window.h"
+
+namespace win32host {
+
+struct DialogState {
+    HFONT font = nullptr; // made for it; null if its template names none
+    int base_x = 0;       // pixels of four horizontal units
+    int base_y = 0;       // pixels of eight vertical units
+    HWND saved_focus = nullptr;
+    UINT default_id = 0;
+    bool modal = false;
+    bool ended = false;
+    INT_PTR result = 0;
+
+    ~DialogState();
+};
+
+// The state of a window that is a dialog; it is made at the first question. Null for no window.
+std::shared_ptr<DialogState> StateOf(HWND dialog);
+
+// The pixels of four horizontal and eight vertical dialog units in a font (null: the system's).
+SIZE BaseUnitsOf(HFONT font);
+
+// The template's dialog with its controls, after WM_INITDIALOG, visible if it says so. `owner` is
+// disabled first if the dialog is modal.
+HWND MakeDialog(HINSTANCE module, const DialogTemplate& dialog_template, HWND owner,
+                DLGPROC procedure, LPARAM parameter, bool modal);
+
+// Runs a modal dialog until it has ended, and destroys it.
+INT_PTR RunModal(HWND dialog, HWND owner);
+
+// Sets the focus as the keyboard does: text of edit fields is selected.
+void FocusControl(HWND control);
+
+// The control that Enter presses: the button with the focus, else the default one. 0 for none.
+UINT DefaultButtonOf(HWND dialog);
+
+// The first control that Tab reaches; null for none.
+HWND FirstTabItem(HWND dialog);
+
+// Draws another button as the default one (null: none).
+void ShowDefaultButton(HWND dialog, HWND from, HWND to);
+
+} // namespace win32host
