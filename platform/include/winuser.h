@@ -6,6 +6,7 @@
 #include <winuser/window.h>
 #include <winuser/input.h>
 #include <winuser/dialog.h>
+#include <winuser/letter_case.h>
 #include <winuser/menu.h>
 #include <winuser/system.h>
 #include <winuser/message_box.h>
