@@ -10,3 +10,7 @@
 #include <winuser/menu.h>
 #include <winuser/system.h>
 #include <winuser/message_box.h>
+#include <winuser/owner_draw.h>
+#include <winuser/scrollbar.h>
+#include <winuser/listbox.h>
+#include <winuser/combobox.h>
