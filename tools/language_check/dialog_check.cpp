@@ -40,6 +40,7 @@ enum class Kind {
     LIST,
     COMBO,
     UP_DOWN,
+    TAB,
     OTHER
 };
 
@@ -83,6 +84,7 @@ Kind KindOf(const DialogItem& item) {
     case kComboBox:
         return Kind::COMBO;
     default:
+        if (name == u"SYSTABCONTROL32") return Kind::TAB;
         return name == u"MSCTLS_UPDOWN32" ? Kind::UP_DOWN : Kind::OTHER;
     }
 }
@@ -177,14 +179,18 @@ private:
         }
     }
 
+    // Whether others may lie in a control.
+    static bool IsFrame(const DialogItem& item) {
+        return KindOf(item) == Kind::GROUP_BOX || KindOf(item) == Kind::TAB;
+    }
+
     bool Collide(size_t first, size_t second) const {
         if (!Overlap(places_[first], places_[second])) return false;
         const DialogItem &one = dialog_.items[first], &other = dialog_.items[second];
         if (hints_.turns.contains({one.id, other.id})) return false;
         if (KindOf(other) == Kind::UP_DOWN && second == first + 1) return false;
-        if (KindOf(one) == Kind::GROUP_BOX && Contains(places_[first], places_[second]))
-            return false;
-        return KindOf(other) != Kind::GROUP_BOX || !Contains(places_[second], places_[first]);
+        return !(IsFrame(one) && Contains(places_[first], places_[second])) &&
+               !(IsFrame(other) && Contains(places_[second], places_[first]));
     }
 
     void CheckIdentifiers() {

@@ -1,13 +1,8 @@
 #include "texts.h"
 
-namespace {
+#include <windows.h>
 
-// Upper case of the letters of western languages.
-char16_t Upper(char16_t unit) {
-    const bool is_lower = (unit >= u'a' && unit <= u'z') ||
-                          (unit >= u'\u00E0' && unit <= u'\u00FE' && unit != u'\u00F7');
-    return is_lower ? static_cast<char16_t>(unit - 0x20) : unit;
-}
+namespace {
 
 // The longest form that the sign of copyright takes, with both years.
 constexpr char16_t kCopyright[] = u"\u00A9 2000-2029";
@@ -31,7 +26,10 @@ size_t EndOfPlaceholder(const std::u16string& text, size_t start) {
 char16_t AccessKey(const std::u16string& text) {
     for (size_t i = 0; i + 1 < text.size(); ++i) {
         if (text[i] != u'&') continue;
-        if (text[i + 1] != u'&') return Upper(text[i + 1]);
+        if (text[i + 1] != u'&') {
+            const LPWSTR key = CharUpperW(reinterpret_cast<LPWSTR>(uintptr_t{text[i + 1]}));
+            return static_cast<char16_t>(reinterpret_cast<uintptr_t>(key));
+        }
         ++i;
     }
     return 0;
