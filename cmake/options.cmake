@@ -30,7 +30,8 @@ endif()
 
 # One folder of the module: an object library with every source file of the folder.
 function(zplui_folder name)
-    file(GLOB sources CONFIGURE_DEPENDS ${CMAKE_CURRENT_SOURCE_DIR}/${name}/*.cpp)
+    file(GLOB sources CONFIGURE_DEPENDS ${CMAKE_CURRENT_SOURCE_DIR}/${name}/*.cpp
+                                        ${CMAKE_CURRENT_SOURCE_DIR}/${name}/*/*.cpp)
     if(sources)
         add_library(zplui_${name} OBJECT ${sources})
         target_include_directories(zplui_${name} PUBLIC ${PROJECT_SOURCE_DIR}/src

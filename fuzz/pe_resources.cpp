@@ -16,6 +16,7 @@ FUZZ_TARGET(pe_resources)(const uint8_t* data, size_t size) {
     for (const uint16_t type : {uint16_t{4}, uint16_t{6}, uint16_t{10}}) {
         ResourceName type_name;
         type_name.number = type;
+        static_cast<void>(image->Names(type_name));
         for (uint16_t number = 0; number < 32; ++number) {
             ResourceName name;
             name.number = number;

@@ -350,6 +350,12 @@ HRSRC WINAPI FindResourceExW(HMODULE module, LPCWSTR type, LPCWSTR name, WORD la
 HGLOBAL WINAPI LoadResource(HMODULE module, HRSRC resource);
 LPVOID WINAPI LockResource(HGLOBAL resource);
 DWORD WINAPI SizeofResource(HMODULE module, HRSRC resource);
+// Names every resource of a type, as MAKEINTRESOURCEW(123) or a text, until the function answers
+// FALSE. FALSE if it did, and if there is no resource of the type.
+typedef BOOL(CALLBACK* ENUMRESNAMEPROCW)(HMODULE module, LPCWSTR type, LPWSTR name,
+                                         LONG_PTR parameter);
+BOOL WINAPI EnumResourceNamesW(HMODULE module, LPCWSTR type, ENUMRESNAMEPROCW function,
+                               LONG_PTR parameter);
 
 // ---- Serial ports and programs ------------------------------------------------------------------
 

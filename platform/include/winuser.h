@@ -6,6 +6,11 @@
 #include <winuser/window.h>
 #include <winuser/input.h>
 #include <winuser/dialog.h>
+#include <winuser/letter_case.h>
 #include <winuser/menu.h>
 #include <winuser/system.h>
 #include <winuser/message_box.h>
+#include <winuser/owner_draw.h>
+#include <winuser/scrollbar.h>
+#include <winuser/listbox.h>
+#include <winuser/combobox.h>

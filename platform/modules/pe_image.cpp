@@ -178,6 +178,27 @@ std::optional<size_t> PeImage::FindEntry(const ResourceName& type, const Resourc
     return static_cast<size_t>(bytes.data() - file_.data());
 }
 
+std::vector<PeImage::Listed> PeImage::Names(const ResourceName& type) const {
+    std::vector<Listed> names;
+    const auto directory = FindName(0, type);
+    if (!directory) return names;
+    const auto entries = Directory(*directory);
+    for (size_t at = 0; at < entries.size(); at += kEntrySize) {
+        const uint32_t field = Dword(entries, at);
+        if (!(field & kIsText)) {
+            names.push_back({static_cast<uint16_t>(field), {}});
+            continue;
+        }
+        const auto text = win32host::From(tree_, field & ~kIsText);
+        Listed name{0, {}};
+        const size_t length = std::min<size_t>(Word(text, 0), text.size() / 2);
+        for (size_t i = 0; i < length; ++i)
+            name.text += static_cast<char16_t>(Word(text, 2 + 2 * i));
+        names.push_back(name);
+    }
+    return names;
+}
+
 std::optional<std::span<const uint8_t>> PeImage::Data(size_t entry) const {
     if (win32host::From(file_, entry).size() < kDataEntrySize) return std::nullopt;
     const uint32_t size = Dword(file_, entry + 4);

@@ -9,7 +9,9 @@
 #include <cstdint>
 #include <optional>
 #include <span>
+#include <string>
 #include <string_view>
+#include <vector>
 
 namespace win32host {
 
@@ -37,6 +39,14 @@ public:
     // forms only.
     std::optional<size_t> FindEntry(const ResourceName& type, const ResourceName& name,
                                     uint16_t language, uint16_t user_language, DWORD& error) const;
+
+    // The names of all resources of a type, in the order of the file. Numbers are in `number`; a
+    // text is in `text` and has the number 0.
+    struct Listed {
+        uint16_t number;
+        std::u16string text;
+    };
+    std::vector<Listed> Names(const ResourceName& type) const;
 
     // The bytes that a data entry names; nothing if the entry or any of its bytes is outside the
     // file.

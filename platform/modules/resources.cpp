@@ -74,6 +74,24 @@ DWORD WINAPI SizeofResource(HMODULE module, HRSRC resource) {
     return bytes ? static_cast<DWORD>(bytes->size()) : 0;
 }
 
+BOOL WINAPI EnumResourceNamesW(HMODULE handle, LPCWSTR type, ENUMRESNAMEPROCW function,
+                               LONG_PTR parameter) {
+    std::vector<win32host::PeImage::Listed> names;
+    {
+        std::lock_guard guard(LoaderLock());
+        Module* module = FindModule(handle);
+        if (!module) return FALSE;
+        if (const ResourceFile* file = module->Resources())
+            names = file->image->Names(ResourceName::From(type));
+    }
+    if (names.empty()) SetLastError(ERROR_RESOURCE_TYPE_NOT_FOUND);
+    for (auto& [number, text] : names) {
+        LPWSTR name = text.empty() ? MAKEINTRESOURCEW(number) : text.data();
+        if (!function(handle, type, name, parameter)) return FALSE;
+    }
+    return !names.empty();
+}
+
 int WINAPI LoadStringW(HINSTANCE module, UINT id, LPWSTR buffer, int size) {
     if (!buffer || size < 0) return 0;
     std::lock_guard guard(LoaderLock());

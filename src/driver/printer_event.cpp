@@ -16,12 +16,15 @@ std::unique_ptr<prtmodel> ModelOf(HANDLE printer) {
     return std::unique_ptr<prtmodel>(prtmodel::new_ext(PrinterInfo(printer)));
 }
 
-// Brings the printer's default DEVMODE into the current layout and within the model's limits.
+// Brings the printer's default DEVMODE into the current layout and within the model's limits. These
+// are not known of a model that could not be read whole: the DEVMODE then stays as it is, and the
+// answer is FALSE.
 BOOL UpgradeDefaultDevMode(HANDLE printer, const prtmodel* model) {
     PrinterInfo info(printer);
     DevMode settings;
     settings.CreateDefault(model);
     settings.Merge(info.GetDevMode(), model);
+    if (!model->WasReadWhole()) return FALSE;
     info.SetDevMode(settings.GetDevMode());
     return TRUE;
 }

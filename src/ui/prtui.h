@@ -117,7 +117,8 @@ public:
     // Ends a sheet as the user did. With `header` (of document settings), the caller gets its
     // settings: after OK, pdmOut gets the edited ones, merged into it if it is also pdmIn, and with
     // DM_UPDATE the printer gets them as its defaults; after Cancel with DM_COPY, pdmOut gets those
-    // last applied. Nothing is stored if pdmOut has no room. Always 1.
+    // last applied. pdmOut gets nothing if it has no room, and the printer nothing unless
+    // `is_whole`. Always 1.
     LONG ReasonSetResult(PROPSHEETUI_INFO* info, const SETRESULT_INFO* result,
                          const DOCUMENTPROPERTYHEADER* header);
 

@@ -56,7 +56,7 @@ LONG prtui::ReasonSetResult(PROPSHEETUI_INFO* info, const SETRESULT_INFO* result
                 else if (has_room)
                     devmode.CopyTo(header->pdmOut);
             }
-            if (header->fMode & DM_UPDATE) PrinterInfo(hprinter).SetDevMode(settings);
+            if (header->fMode & DM_UPDATE && is_whole) PrinterInfo(hprinter).SetDevMode(settings);
         } else if (result->Result == CPSUI_CANCEL && header->fMode & DM_COPY) {
             if (has_room) devmode_saved.CopyTo(header->pdmOut);
         }

@@ -37,6 +37,23 @@ TEST_F(ModulesResources, TellWhatIsMissing) {
               ERROR_RESOURCE_DATA_NOT_FOUND);
 }
 
+TEST_F(ModulesResources, AreListedByType) {
+    std::string names;
+    const auto list = [](HMODULE, LPCWSTR, LPWSTR name, LONG_PTR to) -> BOOL {
+        const bool is_number = reinterpret_cast<uintptr_t>(name) <= 0xFFFF;
+        *reinterpret_cast<std::string*>(to) +=
+            is_number ? std::to_string(reinterpret_cast<uintptr_t>(name)) : std::string("text");
+        return !is_number;
+    };
+    const auto parameter = reinterpret_cast<LONG_PTR>(&names);
+    EXPECT_FALSE(EnumResourceNamesW(module, RT_RCDATA, list, parameter)); // stopped at the number
+    EXPECT_EQ(names, "texttext7");
+    EXPECT_TRUE(EnumResourceNamesW(
+        module, RT_RCDATA, [](HMODULE, LPCWSTR, LPWSTR, LONG_PTR) -> BOOL { return TRUE; }, 0));
+    EXPECT_FALSE(EnumResourceNamesW(module, RT_BITMAP, list, parameter));
+    EXPECT_EQ(GetLastError(), DWORD{ERROR_RESOURCE_TYPE_NOT_FOUND});
+}
+
 TEST_F(ModulesResources, HoldTextsInBlocksOfSixteen) {
     EXPECT_EQ(Text(module, 16), TEXT("First text"));
     EXPECT_EQ(Text(module, 17), TEXT("Gr\u00F6\u00DFe: 5 \u00B5m"));

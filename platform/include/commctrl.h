@@ -1,0 +1,9 @@
+// Common controls; a header per control.
+#pragma once
+
+#include <winuser.h>
+
+#include <commctrl/notify.h>
+#include <commctrl/header.h>
+#include <commctrl/listview.h>
+#include <commctrl/tab.h>

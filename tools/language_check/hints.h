@@ -1,0 +1,23 @@
+// What a check of dialogs cannot see in the dialogs: the texts that pages put into controls, and
+// the controls that take turns in one place.
+//
+//   texts DIALOG CONTROL NUMBER ...    the control shows one of these texts
+//   turns DIALOG CONTROL CONTROL       the two are never visible together
+//
+// DIALOG is a name as in the library; lines that begin with "#" and empty lines are none.
+#pragma once
+
+#include <cstdint>
+#include <map>
+#include <set>
+#include <string>
+#include <utility>
+#include <vector>
+
+struct DialogHints {
+    std::map<uint32_t, std::vector<uint32_t>> texts; // by control
+    std::set<std::pair<uint32_t, uint32_t>> turns;   // in both orders
+};
+
+// By dialog. Throws std::runtime_error if the file cannot be read or a line is not of its form.
+std::map<std::u16string, DialogHints> ReadHints(const std::string& path);

@@ -1,0 +1,52 @@
+// Checks language libraries: usage: language_check HINTS ORIGINAL TRANSLATION ...
+#include <cstdio>
+#include <exception>
+
+#include "comparison.h"
+#include "dialog_check.h"
+
+namespace {
+
+constexpr size_t kLongestText = 511; // the module reads no more
+
+int Check(int count, char** arguments) {
+    const auto hints = ReadHints(arguments[1]);
+    std::vector<Library> libraries;
+    for (int i = 2; i < count; ++i) libraries.push_back(ReadLibrary(arguments[i]));
+
+    Faults faults;
+    for (const auto& [name, of_dialog] : hints)
+        if (!libraries[0].dialogs.contains(name)) faults.Add(Utf8(name), "hints for no dialog");
+    for (const Library& library : libraries) {
+        for (const auto& [name, dialog] : library.dialogs) {
+            const auto of_dialog = hints.find(name);
+            CheckDialog(library, name, of_dialog == hints.end() ? DialogHints() : of_dialog->second,
+                        faults);
+        }
+        for (const auto& [number, text] : library.texts)
+            if (text.size() > kLongestText)
+                faults.Add(library.file + ": text " + std::to_string(number), "is too long");
+        if (&library != &libraries[0]) Compare(libraries[0], library, faults);
+    }
+    for (const std::string& line : faults.Lines())
+        std::fprintf(stderr, "check-languages: %s\n", line.c_str());
+    if (!faults.Lines().empty()) return 1;
+    std::printf("check-languages: %zu libraries with %zu dialogs and %zu texts are sound\n",
+                libraries.size(), libraries[0].dialogs.size(), libraries[0].texts.size());
+    return 0;
+}
+
+} // namespace
+
+int main(int count, char** arguments) {
+    if (count < 3) {
+        std::fprintf(stderr, "usage: %s HINTS ORIGINAL TRANSLATION ...\n", arguments[0]);
+        return 2;
+    }
+    try {
+        return Check(count, arguments);
+    } catch (const std::exception& fault) {
+        std::fprintf(stderr, "check-languages: %s\n", fault.what());
+        return 2;
+    }
+}
