@@ -3,6 +3,10 @@
 
 namespace win32host {
 
-void RegisterControls() {}
+void RegisterMenuWindow();
+
+void RegisterControls() {
+    RegisterMenuWindow();
+}
 
 } // namespace win32host
