@@ -8,6 +8,7 @@
 #include <commctrl.h>
 #include <prsht.h>
 
+#include <functional>
 #include <list>
 #include <map>
 #include <string>
@@ -48,6 +49,8 @@ public:
     void Note(const std::string& what) { noted_ += what + " "; }
 
     std::map<char, HWND> windows;
+    // Called once with the sheet, when its message loop runs.
+    std::function<void(HWND sheet)> when_shown;
     // What a page answers to a notification or message; 0 if it is not here.
     std::map<std::pair<char, UINT>, LONG_PTR> answers;
 
@@ -79,7 +82,10 @@ private:
             const auto* page = reinterpret_cast<const PROPSHEETPAGEW*>(second);
             SetWindowLongPtrW(window, GWLP_USERDATA, page->lParam);
             current->windows[static_cast<char>(page->lParam)] = window;
+            PostMessageW(window, WM_APP, 0, 0);
         }
+        if (message == WM_APP && current->when_shown)
+            std::exchange(current->when_shown, nullptr)(GetParent(window));
         const auto letter = static_cast<char>(GetWindowLongPtrW(window, GWLP_USERDATA));
         if (!letter || !current) return FALSE;
         std::string name;
