@@ -291,7 +291,7 @@ LRESULT CALLBACK MenuOwner(HWND window, UINT message, WPARAM first, LPARAM secon
         break;
     case WM_MENUCHAR:
         Hear("char %u %x", low, high, second);
-        if (low == 'x') return MAKELRESULT(1, MNC_EXECUTE);
+        if (low == 'x') return MAKELONG(1, MNC_EXECUTE);
         break;
     default:
         break;
