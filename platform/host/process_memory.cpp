@@ -1,6 +1,8 @@
 // Global, local and heap memory: blocks of the C library with a header in front.
 #include <windows.h>
 
+#include <objbase.h>
+
 #include <cstdlib>
 #include <cstring>
 #include <mutex>
@@ -107,6 +109,14 @@ LPVOID WINAPI HeapAlloc(HANDLE, DWORD flags, SIZE_T size) {
 BOOL WINAPI HeapFree(HANDLE, DWORD, LPVOID memory) {
     Release(memory);
     return TRUE;
+}
+
+LPVOID WINAPI CoTaskMemAlloc(SIZE_T size) {
+    return Allocate(size, false, false);
+}
+
+void WINAPI CoTaskMemFree(LPVOID memory) {
+    Release(memory);
 }
 
 } // extern "C"

@@ -7,3 +7,6 @@
 #include <commctrl/header.h>
 #include <commctrl/listview.h>
 #include <commctrl/tab.h>
+#include <commctrl/updown.h>
+#include <commctrl/trackbar.h>
+#include <commctrl/progress.h>

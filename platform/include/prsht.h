@@ -8,7 +8,7 @@
 
 // ---- Pages --------------------------------------------------------------------------------------
 
-typedef struct PSP* HPROPSHEETPAGE;
+DECLARE_HANDLE(HPROPSHEETPAGE);
 
 // PROPSHEETPAGEW::dwFlags.
 #define PSP_DEFAULT 0x00000000
@@ -80,11 +80,10 @@ typedef const PROPSHEETPAGEW* LPCPROPSHEETPAGEW;
 
 typedef int(CALLBACK* PFNPROPSHEETCALLBACK)(HWND sheet, UINT message, LPARAM parameter);
 
-// What the callback is told: the sheet's dialog template, before the sheet is made; the sheet,
-// before its first page is made; the identifier of a button that was pressed.
+// What the callback is told: the head of the sheet's dialog template (DLGTEMPLATE), whose styles and
+// place it may change; the sheet, before its first page is made.
 #define PSCB_INITIALIZED 1
 #define PSCB_PRECREATE 2
-#define PSCB_BUTTONPRESSED 3
 
 typedef struct PROPSHEETHEADERW {
     DWORD dwSize;

@@ -12,5 +12,8 @@
 #include <winuser/message_box.h>
 #include <winuser/owner_draw.h>
 #include <winuser/scrollbar.h>
+#include <winuser/static.h>
+#include <winuser/button.h>
+#include <winuser/edit.h>
 #include <winuser/listbox.h>
 #include <winuser/combobox.h>

@@ -28,7 +28,9 @@ std::vector<std::unique_ptr<Module>>& Modules() {
 
 // The system's libraries whose functions this library provides.
 constexpr std::u16string_view kSystemLibraries[] = {
-    u"kernel32.dll", u"user32.dll", u"gdi32.dll", u"advapi32.dll", u"winspool.drv", u"ktmw32.dll"};
+    u"kernel32.dll", u"user32.dll", u"gdi32.dll",    u"advapi32.dll",
+    u"winspool.drv", u"ktmw32.dll", u"comdlg32.dll", u"shell32.dll",
+    u"ole32.dll",    u"hhctrl.ocx", u"riched20.dll", u"riched32.dll"};
 
 std::string RealPath(const std::string& path) {
     std::unique_ptr<char, void (*)(void*)> real(realpath(path.c_str(), nullptr), std::free);

@@ -2,6 +2,8 @@
 // messages.
 #pragma once
 
+#include "host/guarded.h"
+
 #include <windows.h>
 
 #include <new>
@@ -16,9 +18,9 @@ public:
     Control(const Control&) = delete;
     Control& operator=(const Control&) = delete;
 
-    // The control's window procedure. Called for every message from WM_NCCREATE to WM_NCDESTROY;
-    // the object is deleted after the latter. Messages that the control does not know go to
-    // DefWindowProcW.
+    // The control's window procedure. Called for every message from WM_NCCREATE to WM_NCDESTROY.
+    // Messages that the control does not know go to DefWindowProcW. Whoever is notified may destroy
+    // the window: the object stays until the last message that it is handling is done.
     virtual LRESULT Handle(UINT message, WPARAM first, LPARAM second) = 0;
 
 protected:
@@ -34,7 +36,13 @@ protected:
     }
 
 private:
+    template <class T>
+    friend LRESULT CALLBACK ControlProcedure(HWND window, UINT message, WPARAM first,
+                                             LPARAM second);
+
     HWND window_;
+    int running_ = 0; // messages that are being handled
+    bool gone_ = false;
 };
 
 // The window procedure of a class whose windows are controls of type T. The class has room for one
@@ -48,11 +56,14 @@ LRESULT CALLBACK ControlProcedure(HWND window, UINT message, WPARAM first, LPARA
         if (!control) return FALSE;
         SetWindowLongPtrW(window, 0, reinterpret_cast<LONG_PTR>(control));
     }
-    const LRESULT answer = control->Handle(message, first, second);
+    ++control->running_;
+    const LRESULT answer =
+        Guarded(LRESULT(0), [&] { return control->Handle(message, first, second); });
     if (message == WM_NCDESTROY) {
         SetWindowLongPtrW(window, 0, 0);
-        delete control;
+        control->gone_ = true;
     }
+    if (--control->running_ == 0 && control->gone_) delete control;
     return answer;
 }
 

@@ -3,6 +3,12 @@
 
 namespace win32host {
 
-void RegisterControls() {}
+void RegisterMenuWindow();
+void RegisterTabControl();
+
+void RegisterControls() {
+    RegisterMenuWindow();
+    RegisterTabControl();
+}
 
 } // namespace win32host

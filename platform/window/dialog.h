@@ -25,6 +25,14 @@ std::shared_ptr<DialogState> StateOf(HWND dialog);
 // The pixels of four horizontal and eight vertical dialog units in a font (null: the system's).
 SIZE BaseUnitsOf(HFONT font);
 
+// The template with this name in a module, or at this address. Nothing if there is none or it is no
+// template.
+std::optional<DialogTemplate> TemplateNamed(HINSTANCE module, LPCWSTR name);
+std::optional<DialogTemplate> TemplateAt(const void* address);
+
+// The same as BaseUnitsOf in the font that the template names.
+SIZE BaseUnitsOf(const DialogTemplate& dialog_template);
+
 // The template's dialog with its controls, after WM_INITDIALOG, visible if it says so. `owner` is
 // disabled first if the dialog is modal.
 HWND MakeDialog(HINSTANCE module, const DialogTemplate& dialog_template, HWND owner,

@@ -17,21 +17,6 @@ constexpr size_t kLargestDialogTemplate = 0x40000;
 constexpr char16_t kAlphabet[] = u"ABCDEFGHIJKLMNOPQRSTUVWXYZabcdefghijklmnopqrstuvwxyz";
 constexpr int kLetters = 52;
 
-std::optional<DialogTemplate> TemplateAt(const void* address) {
-    if (!address) return std::nullopt;
-    auto bytes = ResourceBytesFrom(address);
-    if (bytes.empty()) bytes = {static_cast<const uint8_t*>(address), kLargestDialogTemplate};
-    return ReadDialogTemplate(bytes);
-}
-
-std::optional<DialogTemplate> TemplateNamed(HINSTANCE module, LPCWSTR name) {
-    const HRSRC found = FindResourceW(module, name, RT_DIALOG);
-    const HGLOBAL loaded = found ? LoadResource(module, found) : nullptr;
-    const void* bytes = loaded ? LockResource(loaded) : nullptr;
-    if (!bytes) return std::nullopt;
-    return ReadDialogTemplate({static_cast<const uint8_t*>(bytes), SizeofResource(module, found)});
-}
-
 HFONT MakeFont(const DialogTemplate& from) {
     LOGFONTW font = {};
     const HDC screen = GetDC(nullptr);
@@ -137,6 +122,21 @@ DialogState::~DialogState() {
     if (font) DeleteObject(font);
 }
 
+std::optional<DialogTemplate> TemplateAt(const void* address) {
+    if (!address) return std::nullopt;
+    auto bytes = ResourceBytesFrom(address);
+    if (bytes.empty()) bytes = {static_cast<const uint8_t*>(address), kLargestDialogTemplate};
+    return ReadDialogTemplate(bytes);
+}
+
+std::optional<DialogTemplate> TemplateNamed(HINSTANCE module, LPCWSTR name) {
+    const HRSRC found = FindResourceW(module, name, RT_DIALOG);
+    const HGLOBAL loaded = found ? LoadResource(module, found) : nullptr;
+    const void* bytes = loaded ? LockResource(loaded) : nullptr;
+    if (!bytes) return std::nullopt;
+    return ReadDialogTemplate({static_cast<const uint8_t*>(bytes), SizeofResource(module, found)});
+}
+
 std::shared_ptr<DialogState> StateOf(HWND dialog) {
     const auto window = FindWindowObject(dialog);
     if (!window) return nullptr;
@@ -160,6 +160,14 @@ SIZE BaseUnitsOf(HFONT font) {
     if (font) SelectObject(screen, before);
     ReleaseDC(nullptr, screen);
     return {(extent.cx / (kLetters / 2) + 1) / 2, metrics.tmHeight};
+}
+
+SIZE BaseUnitsOf(const DialogTemplate& from) {
+    if (!from.has_font) return BaseUnitsOf(nullptr);
+    const HFONT font = MakeFont(from);
+    const SIZE units = BaseUnitsOf(font);
+    if (font) DeleteObject(font);
+    return units;
 }
 
 HWND MakeDialog(HINSTANCE module, const DialogTemplate& from, HWND owner, DLGPROC procedure,

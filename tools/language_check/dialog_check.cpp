@@ -16,6 +16,7 @@ using win32host::DialogItem;
 using win32host::DialogTemplate;
 
 // Styles by their values: the check needs no other declaration of the controls.
+constexpr uint32_t kInside = 0x0400; // DS_CONTROL
 constexpr uint32_t kChild = 0x40000000, kTabStop = 0x00010000, kGroup = 0x00020000;
 constexpr uint32_t kButtonType = 0xF, kPushButton = 0, kDefaultButton = 1, kGroupBox = 7,
                    kRadioButton = 4, kAutoRadioButton = 9, kOwnerDrawn = 11, kMultiLine = 0x2000;
@@ -105,6 +106,7 @@ public:
         : library_(library)
         , dialog_(library.dialogs.at(name))
         , hints_(hints)
+        , name_(name)
         , where_(library.file + ": " + Utf8(name))
         , faults_(faults)
         , ruler_(dialog_) {
@@ -243,6 +245,8 @@ private:
                             std::to_string(height));
     }
 
+    bool IsPage() const { return (dialog_.style & kChild) && !(dialog_.style & kInside); }
+
     static bool HasAccessKey(const DialogItem& item) {
         switch (KindOf(item)) {
         case Kind::BUTTON:
@@ -258,7 +262,7 @@ private:
     }
 
     void CheckAccessKeys() {
-        std::map<char16_t, const DialogItem*> owners;
+        std::map<char16_t, const DialogItem*> owners = KeysAround();
         for (const DialogItem& item : dialog_.items) {
             if (!HasAccessKey(item)) continue;
             std::set<char16_t> keys;
@@ -268,13 +272,25 @@ private:
                 const auto [owner, is_new] = owners.emplace(key, &item);
                 if (!is_new)
                     Fault(item, "the access key of " + Called(*owner->second) + " is used again");
-                if ((dialog_.style & kChild) && key == KeyOfApply())
+                if (IsPage() && key == KeyOfApply())
                     Fault(item, "the access key is that of the sheet's Apply button");
             }
             const bool is_label = KindOf(item) == Kind::TEXT || KindOf(item) == Kind::GROUP_BOX;
             if (!keys.empty() && is_label && !LeadsSomewhere(item))
                 Fault(item, "the access key leads to no control");
         }
+    }
+
+    // The access keys of the dialog that this one lies in. Its name is the beginning of this one's.
+    std::map<char16_t, const DialogItem*> KeysAround() const {
+        std::map<char16_t, const DialogItem*> owners;
+        if (!(dialog_.style & kInside)) return owners;
+        const auto outer = library_.dialogs.find(name_.substr(0, name_.find_last_of(u'/')));
+        if (outer == library_.dialogs.end()) return owners;
+        for (const DialogItem& item : outer->second.items)
+            if (HasAccessKey(item)) owners.emplace(AccessKey(item.title.text), &item);
+        owners.erase(0);
+        return owners;
     }
 
     char16_t KeyOfApply() const { return library_.file.ends_with("deu.dll") ? u'B' : u'A'; }
@@ -321,6 +337,7 @@ private:
     const Library& library_;
     const DialogTemplate& dialog_;
     const DialogHints& hints_;
+    const std::u16string name_;
     const std::string where_;
     Faults& faults_;
     const Ruler ruler_;

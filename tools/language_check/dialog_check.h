@@ -13,7 +13,8 @@
 //   that take turns;
 // - texts that are cut, measured in the dialog's font at 96 dpi, those included that pages show by
 //   the hints; drop-down lists have room for each of theirs;
-// - access keys that are used twice or lead to no control, and on pages the key of the sheet's Apply
+// - access keys that are used twice, also by a dialog around this one, or lead to no control, and
+// on pages the key of the sheet's Apply
 //   button, A ("&Apply") or in German B ("Ü&bernehmen");
 // - controls that TAB does not reach from top left to bottom right, column by column;
 // - groups of radio buttons without a start or an end, and controls with the same identifier.

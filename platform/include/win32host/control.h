@@ -81,7 +81,10 @@ void UseProcessUser();
 
 // ---- Message boxes ------------------------------------------------------------------------------
 
-// What the user answers from now on. By default a box is answered with IDOK if OK is its only
+// While the thread has a user (win32host/user.h), boxes are shown as windows and answered there.
+// Otherwise they are answered at once.
+
+// What the answer is from now on. By default a box is answered with IDOK if OK is its only
 // button, else with the safe choice: IDCANCEL, or IDNO or IDABORT where there is no Cancel.
 void AnswerMessageBoxes(int answer);
 
@@ -104,6 +107,22 @@ struct StartedProgram {
 
 // What WinExec was told to run since the last call, oldest first.
 std::vector<StartedProgram> TakeStartedPrograms();
+
+// What programs asked the system to open.
+struct SystemAct {
+    enum Kind {
+        Open,  // a file or an address
+        Run,   // a program
+        Help,  // a topic of a help file
+        Folder // a folder
+    };
+    Kind kind = Open;
+    std::basic_string<WCHAR> what;       // the file, address, program, help file or folder
+    std::basic_string<WCHAR> parameters; // of a program; the topic
+};
+
+// What WinExec, ShellExecuteW and HtmlHelpW were told since the last call, oldest first.
+std::vector<SystemAct> TakeSystemActs();
 
 } // namespace win32host
 #pragma GCC visibility pop

@@ -7,6 +7,11 @@ typedef LRESULT(CALLBACK* WNDPROC)(HWND window, UINT message, WPARAM first, LPAR
 typedef void(CALLBACK* TIMERPROC)(HWND window, UINT message, UINT_PTR timer, DWORD time);
 typedef LRESULT(CALLBACK* HOOKPROC)(int code, WPARAM first, LPARAM second);
 
+// Two words in one parameter.
+#define MAKEWPARAM(low, high) ((WPARAM)(DWORD)MAKELONG(low, high))
+#define MAKELPARAM(low, high) ((LPARAM)(DWORD)MAKELONG(low, high))
+#define MAKELRESULT(low, high) ((LRESULT)(DWORD)MAKELONG(low, high))
+
 #define WM_NULL 0x0000
 #define WM_CREATE 0x0001
 #define WM_DESTROY 0x0002
