@@ -4,9 +4,11 @@
 namespace win32host {
 
 void RegisterMenuWindow();
+void RegisterTabControl();
 
 void RegisterControls() {
     RegisterMenuWindow();
+    RegisterTabControl();
 }
 
 } // namespace win32host

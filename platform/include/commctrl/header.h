@@ -111,24 +111,23 @@ typedef struct NMHEADERW {
 typedef NMHEADERW NMHEADER;
 typedef NMHEADERW* LPNMHEADERW;
 
-#define Header_GetItemCount(header) ((int)SendMessageW((header), HDM_GETITEMCOUNT, 0, 0))
+#define Header_GetItemCount(header) SendControlMessage((header), HDM_GETITEMCOUNT, 0, 0)
 #define Header_InsertItem(header, item, data)                                                      \
-    ((int)SendMessageW((header), HDM_INSERTITEMW, (WPARAM)(int)(item),                             \
-                       (LPARAM)(const HDITEMW*)(data)))
+    SendControlMessage((header), HDM_INSERTITEMW, (WPARAM)(int)(item),                             \
+                       (LPARAM)(const HDITEMW*)(data))
 #define Header_DeleteItem(header, item)                                                            \
-    ((BOOL)SendMessageW((header), HDM_DELETEITEM, (WPARAM)(int)(item), 0))
+    SendControlMessage((header), HDM_DELETEITEM, (WPARAM)(int)(item), 0)
 #define Header_GetItem(header, item, data)                                                         \
-    ((BOOL)SendMessageW((header), HDM_GETITEMW, (WPARAM)(int)(item), (LPARAM)(HDITEMW*)(data)))
+    SendControlMessage((header), HDM_GETITEMW, (WPARAM)(int)(item), (LPARAM)(HDITEMW*)(data))
 #define Header_SetItem(header, item, data)                                                         \
-    ((BOOL)SendMessageW((header), HDM_SETITEMW, (WPARAM)(int)(item),                               \
-                        (LPARAM)(const HDITEMW*)(data)))
+    SendControlMessage((header), HDM_SETITEMW, (WPARAM)(int)(item), (LPARAM)(const HDITEMW*)(data))
 #define Header_GetItemRect(header, item, rect)                                                     \
-    ((BOOL)SendMessageW((header), HDM_GETITEMRECT, (WPARAM)(int)(item), (LPARAM)(RECT*)(rect)))
+    SendControlMessage((header), HDM_GETITEMRECT, (WPARAM)(int)(item), (LPARAM)(RECT*)(rect))
 #define Header_Layout(header, layout)                                                              \
-    ((BOOL)SendMessageW((header), HDM_LAYOUT, 0, (LPARAM)(HDLAYOUT*)(layout)))
+    SendControlMessage((header), HDM_LAYOUT, 0, (LPARAM)(HDLAYOUT*)(layout))
 #define Header_OrderToIndex(header, place)                                                         \
-    ((int)SendMessageW((header), HDM_ORDERTOINDEX, (WPARAM)(place), 0))
+    SendControlMessage((header), HDM_ORDERTOINDEX, (WPARAM)(place), 0)
 #define Header_GetOrderArray(header, count, items)                                                 \
-    ((BOOL)SendMessageW((header), HDM_GETORDERARRAY, (WPARAM)(count), (LPARAM)(int*)(items)))
+    SendControlMessage((header), HDM_GETORDERARRAY, (WPARAM)(count), (LPARAM)(int*)(items))
 #define Header_SetOrderArray(header, count, items)                                                 \
-    ((BOOL)SendMessageW((header), HDM_SETORDERARRAY, (WPARAM)(count), (LPARAM)(const int*)(items)))
+    SendControlMessage((header), HDM_SETORDERARRAY, (WPARAM)(count), (LPARAM)(const int*)(items))

@@ -274,61 +274,61 @@ typedef int(CALLBACK* PFNLVCOMPARE)(LPARAM first, LPARAM second, LPARAM paramete
 // A message each. Items and columns are counted from 0; -1 is no item, and for states all items.
 #define ListView_GetBkColor(view) ((COLORREF)SendMessageW((view), LVM_GETBKCOLOR, 0, 0))
 #define ListView_SetBkColor(view, color)                                                           \
-    ((BOOL)SendMessageW((view), LVM_SETBKCOLOR, 0, (LPARAM)(COLORREF)(color)))
+    SendControlMessage((view), LVM_SETBKCOLOR, 0, (LPARAM)(COLORREF)(color))
 #define ListView_GetTextColor(view) ((COLORREF)SendMessageW((view), LVM_GETTEXTCOLOR, 0, 0))
 #define ListView_SetTextColor(view, color)                                                         \
-    ((BOOL)SendMessageW((view), LVM_SETTEXTCOLOR, 0, (LPARAM)(COLORREF)(color)))
+    SendControlMessage((view), LVM_SETTEXTCOLOR, 0, (LPARAM)(COLORREF)(color))
 #define ListView_SetTextBkColor(view, color)                                                       \
-    ((BOOL)SendMessageW((view), LVM_SETTEXTBKCOLOR, 0, (LPARAM)(COLORREF)(color)))
-#define ListView_GetItemCount(view) ((int)SendMessageW((view), LVM_GETITEMCOUNT, 0, 0))
+    SendControlMessage((view), LVM_SETTEXTBKCOLOR, 0, (LPARAM)(COLORREF)(color))
+#define ListView_GetItemCount(view) SendControlMessage((view), LVM_GETITEMCOUNT, 0, 0)
 #define ListView_GetItem(view, item)                                                               \
-    ((BOOL)SendMessageW((view), LVM_GETITEMW, 0, (LPARAM)(LVITEMW*)(item)))
+    SendControlMessage((view), LVM_GETITEMW, 0, (LPARAM)(LVITEMW*)(item))
 #define ListView_SetItem(view, item)                                                               \
-    ((BOOL)SendMessageW((view), LVM_SETITEMW, 0, (LPARAM)(const LVITEMW*)(item)))
+    SendControlMessage((view), LVM_SETITEMW, 0, (LPARAM)(const LVITEMW*)(item))
 #define ListView_InsertItem(view, item)                                                            \
-    ((int)SendMessageW((view), LVM_INSERTITEMW, 0, (LPARAM)(const LVITEMW*)(item)))
+    SendControlMessage((view), LVM_INSERTITEMW, 0, (LPARAM)(const LVITEMW*)(item))
 #define ListView_DeleteItem(view, item)                                                            \
-    ((BOOL)SendMessageW((view), LVM_DELETEITEM, (WPARAM)(int)(item), 0))
-#define ListView_DeleteAllItems(view) ((BOOL)SendMessageW((view), LVM_DELETEALLITEMS, 0, 0))
+    SendControlMessage((view), LVM_DELETEITEM, (WPARAM)(int)(item), 0)
+#define ListView_DeleteAllItems(view) SendControlMessage((view), LVM_DELETEALLITEMS, 0, 0)
 #define ListView_GetNextItem(view, item, flags)                                                    \
-    ((int)SendMessageW((view), LVM_GETNEXTITEM, (WPARAM)(int)(item), MAKELPARAM((flags), 0)))
+    SendControlMessage((view), LVM_GETNEXTITEM, (WPARAM)(int)(item), MAKELPARAM((flags), 0))
 #define ListView_FindItem(view, start, info)                                                       \
-    ((int)SendMessageW((view), LVM_FINDITEMW, (WPARAM)(int)(start),                                \
-                       (LPARAM)(const LVFINDINFOW*)(info)))
+    SendControlMessage((view), LVM_FINDITEMW, (WPARAM)(int)(start),                                \
+                       (LPARAM)(const LVFINDINFOW*)(info))
 #define ListView_GetItemRect(view, item, rect, part)                                               \
-    ((BOOL)SendMessageW((view), LVM_GETITEMRECT, (WPARAM)(int)(item),                              \
-                        ((rect) ? (((RECT*)(rect))->left = (part), (LPARAM)(RECT*)(rect)) : 0)))
+    SendControlMessage((view), LVM_GETITEMRECT, (WPARAM)(int)(item),                               \
+                       ((rect) ? (((RECT*)(rect))->left = (part), (LPARAM)(RECT*)(rect)) : 0))
 #define ListView_GetSubItemRect(view, item, sub_item, part, rect)                                  \
-    ((BOOL)SendMessageW((view), LVM_GETSUBITEMRECT, (WPARAM)(int)(item),                           \
-                        ((rect) ? (((RECT*)(rect))->top = (sub_item),                              \
-                                   ((RECT*)(rect))->left = (part), (LPARAM)(RECT*)(rect))          \
-                                : 0)))
+    SendControlMessage((view), LVM_GETSUBITEMRECT, (WPARAM)(int)(item),                            \
+                       ((rect) ? (((RECT*)(rect))->top = (sub_item),                               \
+                                  ((RECT*)(rect))->left = (part), (LPARAM)(RECT*)(rect))           \
+                               : 0))
 #define ListView_HitTest(view, info)                                                               \
-    ((int)SendMessageW((view), LVM_HITTEST, 0, (LPARAM)(LVHITTESTINFO*)(info)))
+    SendControlMessage((view), LVM_HITTEST, 0, (LPARAM)(LVHITTESTINFO*)(info))
 #define ListView_SubItemHitTest(view, info)                                                        \
-    ((int)SendMessageW((view), LVM_SUBITEMHITTEST, 0, (LPARAM)(LVHITTESTINFO*)(info)))
+    SendControlMessage((view), LVM_SUBITEMHITTEST, 0, (LPARAM)(LVHITTESTINFO*)(info))
 #define ListView_EnsureVisible(view, item, partly)                                                 \
-    ((BOOL)SendMessageW((view), LVM_ENSUREVISIBLE, (WPARAM)(int)(item), MAKELPARAM((partly), 0)))
+    SendControlMessage((view), LVM_ENSUREVISIBLE, (WPARAM)(int)(item), MAKELPARAM((partly), 0))
 #define ListView_RedrawItems(view, first, last)                                                    \
-    ((BOOL)SendMessageW((view), LVM_REDRAWITEMS, (WPARAM)(int)(first), (LPARAM)(int)(last)))
+    SendControlMessage((view), LVM_REDRAWITEMS, (WPARAM)(int)(first), (LPARAM)(int)(last))
 #define ListView_GetColumn(view, column, data)                                                     \
-    ((BOOL)SendMessageW((view), LVM_GETCOLUMNW, (WPARAM)(int)(column), (LPARAM)(LVCOLUMNW*)(data)))
+    SendControlMessage((view), LVM_GETCOLUMNW, (WPARAM)(int)(column), (LPARAM)(LVCOLUMNW*)(data))
 #define ListView_SetColumn(view, column, data)                                                     \
-    ((BOOL)SendMessageW((view), LVM_SETCOLUMNW, (WPARAM)(int)(column),                             \
-                        (LPARAM)(const LVCOLUMNW*)(data)))
+    SendControlMessage((view), LVM_SETCOLUMNW, (WPARAM)(int)(column),                              \
+                       (LPARAM)(const LVCOLUMNW*)(data))
 #define ListView_InsertColumn(view, column, data)                                                  \
-    ((int)SendMessageW((view), LVM_INSERTCOLUMNW, (WPARAM)(int)(column),                           \
-                       (LPARAM)(const LVCOLUMNW*)(data)))
+    SendControlMessage((view), LVM_INSERTCOLUMNW, (WPARAM)(int)(column),                           \
+                       (LPARAM)(const LVCOLUMNW*)(data))
 #define ListView_DeleteColumn(view, column)                                                        \
-    ((BOOL)SendMessageW((view), LVM_DELETECOLUMN, (WPARAM)(int)(column), 0))
+    SendControlMessage((view), LVM_DELETECOLUMN, (WPARAM)(int)(column), 0)
 #define ListView_GetColumnWidth(view, column)                                                      \
-    ((int)SendMessageW((view), LVM_GETCOLUMNWIDTH, (WPARAM)(int)(column), 0))
+    SendControlMessage((view), LVM_GETCOLUMNWIDTH, (WPARAM)(int)(column), 0)
 #define ListView_SetColumnWidth(view, column, width)                                               \
-    ((BOOL)SendMessageW((view), LVM_SETCOLUMNWIDTH, (WPARAM)(int)(column), MAKELPARAM((width), 0)))
+    SendControlMessage((view), LVM_SETCOLUMNWIDTH, (WPARAM)(int)(column), MAKELPARAM((width), 0))
 #define ListView_GetHeader(view) ((HWND)SendMessageW((view), LVM_GETHEADER, 0, 0))
-#define ListView_GetTopIndex(view) ((int)SendMessageW((view), LVM_GETTOPINDEX, 0, 0))
-#define ListView_GetCountPerPage(view) ((int)SendMessageW((view), LVM_GETCOUNTPERPAGE, 0, 0))
-#define ListView_Update(view, item) ((BOOL)SendMessageW((view), LVM_UPDATE, (WPARAM)(item), 0))
+#define ListView_GetTopIndex(view) SendControlMessage((view), LVM_GETTOPINDEX, 0, 0)
+#define ListView_GetCountPerPage(view) SendControlMessage((view), LVM_GETCOUNTPERPAGE, 0, 0)
+#define ListView_Update(view, item) SendControlMessage((view), LVM_UPDATE, (WPARAM)(item), 0)
 #define ListView_SetItemState(view, item, bits, mask)                                              \
     do {                                                                                           \
         LVITEMW list_view_item = {};                                                               \
@@ -361,22 +361,22 @@ typedef int(CALLBACK* PFNLVCOMPARE)(LPARAM first, LPARAM second, LPARAM paramete
 #define ListView_SetItemCount(view, count)                                                         \
     SendMessageW((view), LVM_SETITEMCOUNT, (WPARAM)(int)(count), 0)
 #define ListView_SortItems(view, compare, parameter)                                               \
-    ((BOOL)SendMessageW((view), LVM_SORTITEMS, (WPARAM)(LPARAM)(parameter),                        \
-                        (LPARAM)(PFNLVCOMPARE)(compare)))
+    SendControlMessage((view), LVM_SORTITEMS, (WPARAM)(LPARAM)(parameter),                         \
+                       (LPARAM)(PFNLVCOMPARE)(compare))
 #define ListView_SortItemsEx(view, compare, parameter)                                             \
-    ((BOOL)SendMessageW((view), LVM_SORTITEMSEX, (WPARAM)(LPARAM)(parameter),                      \
-                        (LPARAM)(PFNLVCOMPARE)(compare)))
+    SendControlMessage((view), LVM_SORTITEMSEX, (WPARAM)(LPARAM)(parameter),                       \
+                       (LPARAM)(PFNLVCOMPARE)(compare))
 #define ListView_GetSelectedCount(view) ((UINT)SendMessageW((view), LVM_GETSELECTEDCOUNT, 0, 0))
-#define ListView_GetSelectionMark(view) ((int)SendMessageW((view), LVM_GETSELECTIONMARK, 0, 0))
+#define ListView_GetSelectionMark(view) SendControlMessage((view), LVM_GETSELECTIONMARK, 0, 0)
 #define ListView_SetSelectionMark(view, item)                                                      \
-    ((int)SendMessageW((view), LVM_SETSELECTIONMARK, 0, (LPARAM)(item)))
+    SendControlMessage((view), LVM_SETSELECTIONMARK, 0, (LPARAM)(item))
 #define ListView_SetExtendedListViewStyle(view, styles)                                            \
-    ((DWORD)SendMessageW((view), LVM_SETEXTENDEDLISTVIEWSTYLE, 0, (styles)))
+    SendControlMessage((view), LVM_SETEXTENDEDLISTVIEWSTYLE, 0, (styles))
 #define ListView_SetExtendedListViewStyleEx(view, mask, styles)                                    \
-    ((DWORD)SendMessageW((view), LVM_SETEXTENDEDLISTVIEWSTYLE, (mask), (styles)))
+    SendControlMessage((view), LVM_SETEXTENDEDLISTVIEWSTYLE, (mask), (styles))
 #define ListView_GetExtendedListViewStyle(view)                                                    \
     ((DWORD)SendMessageW((view), LVM_GETEXTENDEDLISTVIEWSTYLE, 0, 0))
 #define ListView_SetColumnOrderArray(view, count, columns)                                         \
-    ((BOOL)SendMessageW((view), LVM_SETCOLUMNORDERARRAY, (WPARAM)(count), (LPARAM)(int*)(columns)))
+    SendControlMessage((view), LVM_SETCOLUMNORDERARRAY, (WPARAM)(count), (LPARAM)(int*)(columns))
 #define ListView_GetColumnOrderArray(view, count, columns)                                         \
-    ((BOOL)SendMessageW((view), LVM_GETCOLUMNORDERARRAY, (WPARAM)(count), (LPARAM)(int*)(columns)))
+    SendControlMessage((view), LVM_GETCOLUMNORDERARRAY, (WPARAM)(count), (LPARAM)(int*)(columns))

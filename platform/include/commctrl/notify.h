@@ -58,5 +58,10 @@ WIN32HOST_BEGIN_C
 BOOL WINAPI InitCommonControlsEx(const INITCOMMONCONTROLSEX* wanted);
 void WINAPI InitCommonControls();
 
+// Sends a message whose answer is an int, which may be ignored. For the macros of controls.
+static inline int SendControlMessage(HWND control, UINT message, WPARAM first, LPARAM second) {
+    return (int)SendMessageW(control, message, first, second); // NOLINT
+}
+
 WIN32HOST_END_C
 #pragma GCC visibility pop

@@ -95,31 +95,30 @@ typedef struct NMTCKEYDOWN {
 #pragma pack(pop)
 
 // A message each. Items are counted from 0; -1 is no item, and the answer when there is none.
-#define TabCtrl_GetItemCount(tab) ((int)SendMessageW((tab), TCM_GETITEMCOUNT, 0, 0))
+#define TabCtrl_GetItemCount(tab) SendControlMessage((tab), TCM_GETITEMCOUNT, 0, 0)
 #define TabCtrl_GetItem(tab, item, data)                                                           \
-    ((BOOL)SendMessageW((tab), TCM_GETITEMW, (WPARAM)(int)(item), (LPARAM)(TCITEMW*)(data)))
+    SendControlMessage((tab), TCM_GETITEMW, (WPARAM)(int)(item), (LPARAM)(TCITEMW*)(data))
 #define TabCtrl_SetItem(tab, item, data)                                                           \
-    ((BOOL)SendMessageW((tab), TCM_SETITEMW, (WPARAM)(int)(item), (LPARAM)(TCITEMW*)(data)))
+    SendControlMessage((tab), TCM_SETITEMW, (WPARAM)(int)(item), (LPARAM)(TCITEMW*)(data))
 #define TabCtrl_InsertItem(tab, item, data)                                                        \
-    ((int)SendMessageW((tab), TCM_INSERTITEMW, (WPARAM)(int)(item), (LPARAM)(const TCITEMW*)(data)))
+    SendControlMessage((tab), TCM_INSERTITEMW, (WPARAM)(int)(item), (LPARAM)(const TCITEMW*)(data))
 #define TabCtrl_DeleteItem(tab, item)                                                              \
-    ((BOOL)SendMessageW((tab), TCM_DELETEITEM, (WPARAM)(int)(item), 0))
-#define TabCtrl_DeleteAllItems(tab) ((BOOL)SendMessageW((tab), TCM_DELETEALLITEMS, 0, 0))
+    SendControlMessage((tab), TCM_DELETEITEM, (WPARAM)(int)(item), 0)
+#define TabCtrl_DeleteAllItems(tab) SendControlMessage((tab), TCM_DELETEALLITEMS, 0, 0)
 #define TabCtrl_GetItemRect(tab, item, rect)                                                       \
-    ((BOOL)SendMessageW((tab), TCM_GETITEMRECT, (WPARAM)(int)(item), (LPARAM)(RECT*)(rect)))
-#define TabCtrl_GetCurSel(tab) ((int)SendMessageW((tab), TCM_GETCURSEL, 0, 0))
-#define TabCtrl_SetCurSel(tab, item) ((int)SendMessageW((tab), TCM_SETCURSEL, (WPARAM)(item), 0))
+    SendControlMessage((tab), TCM_GETITEMRECT, (WPARAM)(int)(item), (LPARAM)(RECT*)(rect))
+#define TabCtrl_GetCurSel(tab) SendControlMessage((tab), TCM_GETCURSEL, 0, 0)
+#define TabCtrl_SetCurSel(tab, item) SendControlMessage((tab), TCM_SETCURSEL, (WPARAM)(item), 0)
 #define TabCtrl_HitTest(tab, info)                                                                 \
-    ((int)SendMessageW((tab), TCM_HITTEST, 0, (LPARAM)(TCHITTESTINFO*)(info)))
+    SendControlMessage((tab), TCM_HITTEST, 0, (LPARAM)(TCHITTESTINFO*)(info))
 // From the display area to the window around it (`larger`), or the other way.
 #define TabCtrl_AdjustRect(tab, larger, rect)                                                      \
-    ((int)SendMessageW((tab), TCM_ADJUSTRECT, (WPARAM)(BOOL)(larger), (LPARAM)(RECT*)(rect)))
+    SendControlMessage((tab), TCM_ADJUSTRECT, (WPARAM)(BOOL)(larger), (LPARAM)(RECT*)(rect))
 #define TabCtrl_SetItemSize(tab, width, height)                                                    \
-    ((DWORD)SendMessageW((tab), TCM_SETITEMSIZE, 0, MAKELPARAM((width), (height))))
+    SendControlMessage((tab), TCM_SETITEMSIZE, 0, MAKELPARAM((width), (height)))
 #define TabCtrl_SetPadding(tab, width, height)                                                     \
     ((void)SendMessageW((tab), TCM_SETPADDING, 0, MAKELPARAM((width), (height))))
-#define TabCtrl_GetRowCount(tab) ((int)SendMessageW((tab), TCM_GETROWCOUNT, 0, 0))
-#define TabCtrl_GetCurFocus(tab) ((int)SendMessageW((tab), TCM_GETCURFOCUS, 0, 0))
+#define TabCtrl_GetRowCount(tab) SendControlMessage((tab), TCM_GETROWCOUNT, 0, 0)
+#define TabCtrl_GetCurFocus(tab) SendControlMessage((tab), TCM_GETCURFOCUS, 0, 0)
 #define TabCtrl_SetCurFocus(tab, item) ((void)SendMessageW((tab), TCM_SETCURFOCUS, (item), 0))
-#define TabCtrl_SetMinTabWidth(tab, width)                                                         \
-    ((int)SendMessageW((tab), TCM_SETMINTABWIDTH, 0, (width)))
+#define TabCtrl_SetMinTabWidth(tab, width) SendControlMessage((tab), TCM_SETMINTABWIDTH, 0, (width))
