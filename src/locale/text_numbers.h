@@ -66,6 +66,12 @@ enum TextNumber : int {
     TEXT_RFID_OPTIONS = 2487,
     TEXT_POWER_MANAGEMENT = 2488,
 
+    // ---- Colours on the page about graphics. The intents of colour matching follow each other.
+    TEXT_NO_COLOR_MATCHING = 494,
+    TEXT_MONOCHROME = 1401,
+    TEXT_COLOR = 1402,
+    TEXT_FIRST_INTENT = 1411,
+
     // ---- The kinds of objects that are kept in the printer.
     TEXT_CACHED_FORMAT = 2511,
     TEXT_CACHED_GRAPHIC = 2512,

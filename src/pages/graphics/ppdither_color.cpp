@@ -7,8 +7,8 @@ constexpr int kAdjustmentStep = 10;
 
 // A slider, the text that shows its value, and what it edits.
 const struct {
-    unsigned short slider;
-    unsigned short label;
+    uint16_t slider;
+    uint16_t label;
     int16_t dithercfg::*value;
 } kAdjustments[] = {{345, 347, &dithercfg::brightness},
                     {346, 348, &dithercfg::contrast},
@@ -17,16 +17,12 @@ const struct {
                     {351, 354, &dithercfg::blue}};
 
 const struct {
-    unsigned short id;
+    uint16_t id;
     int16_t flag;
 } kFlagBoxes[] = {
     {544, dithercfg::FLAG_MIRROR}, {545, dithercfg::FLAG_FLIP}, {546, dithercfg::FLAG_INVERT}};
 
 } // namespace
-
-INT_PTR CALLBACK ppDitherColor::WinProc(HWND window, UINT message, WPARAM first, LPARAM second) {
-    return MakePage<ppDitherColor>(window, message, first, second);
-}
 
 void ppDitherColor::Init() {
     prtpage::Init();
@@ -46,12 +42,12 @@ void ppDitherColor::Init() {
                        settings.flags & box.flag ? BST_CHECKED : BST_UNCHECKED);
 }
 
-bool ppDitherColor::Command(unsigned short id, unsigned short code, LPARAM parameter) {
+bool ppDitherColor::Command(uint16_t id, uint16_t code, LPARAM value) {
     if (!config_) return true;
     dithercfg& settings = config_->dither;
     for (const auto& adjustment : kAdjustments) {
         if (adjustment.slider != id) continue;
-        settings.*adjustment.value = static_cast<int16_t>(parameter);
+        settings.*adjustment.value = static_cast<int16_t>(value);
         return false;
     }
     for (const auto& box : kFlagBoxes) {
@@ -61,5 +57,5 @@ bool ppDitherColor::Command(unsigned short id, unsigned short code, LPARAM param
             static_cast<int16_t>(checked ? settings.flags | box.flag : settings.flags & ~box.flag);
         return false;
     }
-    return prtpage::Command(id, code, parameter);
+    return prtpage::Command(id, code, value);
 }

@@ -8,9 +8,9 @@
 // takes that back when the user cancels.
 class ppDitherColor : public prtpage {
 public:
-    static INT_PTR CALLBACK WinProc(HWND window, UINT message, WPARAM first, LPARAM second);
+    static constexpr DLGPROC WinProc = prtpage::WinProcOf<ppDitherColor>;
 
-    bool Command(unsigned short id, unsigned short code, LPARAM parameter) override;
+    bool Command(uint16_t id, uint16_t code, LPARAM value) override;
     void Init() override;
     const char* HelpTopic() override { return "/base/Graphics_Color.html"; }
 

@@ -4,14 +4,10 @@
 
 namespace {
 
-constexpr unsigned short kPatternList = 545;
+constexpr uint16_t kPatternList = 545;
 constexpr int kSequences = 20;
 
 } // namespace
-
-INT_PTR CALLBACK ppDitherSetup::WinProc(HWND window, UINT message, WPARAM first, LPARAM second) {
-    return MakePage<ppDitherSetup>(window, message, first, second);
-}
 
 int16_t* ppDitherSetup::Field() {
     if (!config_) return nullptr;
@@ -68,10 +64,10 @@ void ppDitherSetup::Refresh(bool all) {
     CB_SetCurSelData(kPatternList, *field);
 }
 
-bool ppDitherSetup::Command(unsigned short id, unsigned short code, LPARAM parameter) {
+bool ppDitherSetup::Command(uint16_t id, uint16_t code, LPARAM value) {
     int16_t* const field = Field();
     if (id != kPatternList || code != CBN_SELCHANGE || !field)
-        return prtpage::Command(id, code, parameter);
+        return prtpage::Command(id, code, value);
     *field = static_cast<int16_t>(CB_GetCurSelData(kPatternList));
     return false;
 }

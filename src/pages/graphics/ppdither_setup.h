@@ -5,10 +5,10 @@
 
 class ppDitherSetup : public prtpage {
 public:
-    static INT_PTR CALLBACK WinProc(HWND window, UINT message, WPARAM first, LPARAM second);
+    static constexpr DLGPROC WinProc = prtpage::WinProcOf<ppDitherSetup>;
 
     void Refresh(bool all) override;
-    bool Command(unsigned short id, unsigned short code, LPARAM parameter) override;
+    bool Command(uint16_t id, uint16_t code, LPARAM value) override;
     const char* HelpTopic() override { return "/base/Graphics_Dithering.html"; }
 
 private:

@@ -11,7 +11,7 @@
 
 namespace {
 
-enum : unsigned short {
+enum : uint16_t {
     kColorList = 309,
     kPreview = 319,
     kColorAdjustment = 339,
@@ -28,10 +28,12 @@ enum : unsigned short {
 constexpr int kSamplePicture = 110;
 
 // The method of each button, by its identifier from kFirstMethod on.
-constexpr unsigned short kMethods[] = {
-    dithercfg::ALGORITHM_NONE,      dithercfg::ALGORITHM_CLUSTERED, dithercfg::ALGORITHM_DISPERSED,
-    dithercfg::ALGORITHM_ALGEBRAIC, dithercfg::ALGORITHM_DIFFUSION, dithercfg::ALGORITHM_DEVICE};
+constexpr uint16_t kMethods[] = {dithercfg::ALGORITHM_NONE,      dithercfg::ALGORITHM_CLUSTERED,
+                                 dithercfg::ALGORITHM_DISPERSED, dithercfg::ALGORITHM_ALGEBRAIC,
+                                 dithercfg::ALGORITHM_DIFFUSION, dithercfg::ALGORITHM_DEVICE};
 static_assert(kLastMethod - kFirstMethod + 1 == sizeof(kMethods) / sizeof(kMethods[0]));
+
+constexpr uint32_t kAnyColor = 255;
 
 constexpr int kNoMatching = 1;     // DMICMMETHOD_NONE
 constexpr int kSystemMatching = 2; // DMICMMETHOD_SYSTEM
@@ -46,10 +48,6 @@ int HeadsInUse(const SCOLOR& inks) {
 }
 
 } // namespace
-
-INT_PTR CALLBACK ppGraphics::WinProc(HWND window, UINT message, WPARAM first, LPARAM second) {
-    return MakePage<ppGraphics>(window, message, first, second);
-}
 
 void ppGraphics::Init() {
     prtpage::Init();
@@ -76,18 +74,21 @@ void ppGraphics::FillLists() {
 
 void ppGraphics::FillResolutions() {
     CB_ResetContent(kResolutionList);
-    for (int i = 0; i < GetModel()->GetResolutionCount(); ++i) {
-        const SIZE resolution = GetModel()->GetResolution(i);
-        CB_AddString(kResolutionList, dpi_to_string(resolution.cx, resolution.cy),
-                     resolution.cy * 65536 + resolution.cx);
+    OTypedArray<int> resolutions;
+    GetModel()->GetResolutions(resolutions);
+    for (int i = 0; i + 1 < resolutions.GetSize(); i += 2) {
+        const int x = resolutions[i];
+        const int y = resolutions[i + 1];
+        CB_AddString(kResolutionList, ui_->locale.dpi_to_string(x, y), y * 65536 + x);
     }
-    CB_SetCurSelData(kResolutionList, static_cast<int32_t>(devmode_.GetResolutionID()));
+    CB_SetCurSelData(kResolutionList, static_cast<LPARAM>(devmode_.GetResolutionID()));
 }
 
 void ppGraphics::FillColors() {
     CB_ResetContent(kColorList);
     CB_AddString(kColorList, GetString(TEXT_MONOCHROME), DMCOLOR_MONOCHROME);
-    if (GetModel()->SupportsColor()) CB_AddString(kColorList, GetString(TEXT_COLOR), DMCOLOR_COLOR);
+    if (GetModel()->ColorSupport(kAnyColor))
+        CB_AddString(kColorList, GetString(TEXT_COLOR), DMCOLOR_COLOR);
     CB_SetCurSelData(kColorList, devmode_.GetColor());
 }
 
@@ -108,7 +109,7 @@ void ppGraphics::EnableControls() {
     WM_Enable(kColorMatchingLabel, matching);
     WM_Enable(kDitherSetup, algorithm != dithercfg::ALGORITHM_NONE);
     WM_Enable(kColorAdjustment, algorithm != dithercfg::ALGORITHM_DEVICE);
-    WM_Enable(kLastMethod, capabilities_.device != 0);
+    WM_Enable(kLastMethod, capabilities_.own_dithering != 0);
     int selected = -1;
     for (int i = 0; i < method_values_.GetSize(); ++i)
         if (method_values_[i] == algorithm) selected = i;
@@ -124,7 +125,7 @@ void ppGraphics::EnableControls() {
 }
 
 void ppGraphics::ShowPreview() {
-    const auto* sample = static_cast<const BITMAPINFO*>(ui()->locale.LockBitmap(kSamplePicture));
+    const auto* sample = static_cast<const BITMAPINFO*>(ui_->locale.LockBitmap(kSamplePicture));
     SCOLOR inks = {};
     inks.Init(GetModel());
     inks.Load(registry_);
@@ -132,7 +133,7 @@ void ppGraphics::ShowPreview() {
                         preview_.Make(sample, config_->dither, PrintsInColor() ? &inks : nullptr));
 }
 
-bool ppGraphics::Command(unsigned short id, unsigned short code, LPARAM parameter) {
+bool ppGraphics::Command(uint16_t id, uint16_t code, LPARAM value) {
     if (!config_) return true;
     if (id >= kFirstMethod && id <= kLastMethod && code == BN_CLICKED) {
         SelectMethod();
@@ -168,19 +169,19 @@ bool ppGraphics::Command(unsigned short id, unsigned short code, LPARAM paramete
         PrinterAction(kColorSetupAction);
         return false;
     default:
-        return prtpage::Command(id, code, parameter);
+        return prtpage::Command(id, code, value);
     }
 }
 
 void ppGraphics::SelectColor() {
-    devmode_.SetColor(CB_GetCurSelData(kColorList));
+    devmode_.SetColor(static_cast<int>(CB_GetCurSelData(kColorList)));
     devmode_.SetICMMethod(kNoMatching);
     // The matching list then shows that there is none.
     CB_SetCurSelData(kColorMatchingList, 0);
 }
 
 void ppGraphics::SelectColorMatching() {
-    const int intent = CB_GetCurSelData(kColorMatchingList);
+    const auto intent = static_cast<int>(CB_GetCurSelData(kColorMatchingList));
     if (intent < 1) {
         devmode_.SetICMMethod(kNoMatching);
         return;
@@ -206,18 +207,17 @@ bool ppGraphics::UsesSystemHalftones() const {
 
 int ppGraphics::ColorAdjustment() {
     if (UsesSystemHalftones())
-        return EditSystemColorAdjustment(devmode_.GetDevMode(), ui()->printer_name,
-                                         PrintsInColor());
+        return EditSystemColorAdjustment(devmode_.GetDevMode(), ui_->printer_name, PrintsInColor());
     return DialogModal("*:GRAPHICS/^COLOR_ADJUSTMENT", ppDitherColor::WinProc);
 }
 
 int ppGraphics::DitherSetup() {
     if (UsesSystemHalftones()) {
         const uint32_t resolution = devmode_.GetResolutionID();
-        return EditSystemHalftone(devmode_.GetDevMode(), ui()->printer_name,
+        return EditSystemHalftone(devmode_.GetDevMode(), ui_->printer_name,
                                   static_cast<int>(resolution & 0xFFFF),
                                   static_cast<int>(resolution >> 16), PrintsInColor());
     }
-    if (config_->is_24bit_device()) return ui()->DeviceDitherSetup(this, config_->dither);
+    if (config_->is_24bit_device()) return ui_->DeviceDitherSetup(this, config_->dither);
     return DialogModal("*:GRAPHICS/^DITHERING_SETUP", ppDitherSetup::WinProc);
 }

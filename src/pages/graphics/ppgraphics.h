@@ -11,10 +11,10 @@
 // looks like.
 class ppGraphics : public prtpage {
 public:
-    static INT_PTR CALLBACK WinProc(HWND window, UINT message, WPARAM first, LPARAM second);
+    static constexpr DLGPROC WinProc = prtpage::WinProcOf<ppGraphics>;
 
     void Refresh(bool all) override;
-    bool Command(unsigned short id, unsigned short code, LPARAM parameter) override;
+    bool Command(uint16_t id, uint16_t code, LPARAM value) override;
     void Init() override;
     bool PaletteChange(UINT message, WPARAM first, LPARAM second) override;
     const char* HelpTopic() override { return "/base/Graphics.html"; }
@@ -38,7 +38,7 @@ private:
     bool PrintsInColor() const { return devmode_.GetColor() != DMCOLOR_MONOCHROME; }
 
     URadioButton method_;
-    OTypedArray<unsigned short> method_values_; // of the buttons of `method_`
+    OTypedArray<uint16_t> method_values_; // of the buttons of `method_`
     DitherCapabilities capabilities_ = {};
     DitherPreview preview_;
 };
