@@ -1,13 +1,20 @@
 #include "ui/prtui.h"
 
+#include <commctrl.h>
+
 #include "core/crc.h"
 #include "core/memory.h"
 #include "keys/network_policy.h"
 #include "keys/shadow_keys.h"
 #include "locale/text_numbers.h"
 #include "spooler/printer_info.h"
+#include "ui/prtbitmap.h"
+#include "ui/window_hook.h"
 
-prtui::~prtui() = default;
+prtui::~prtui() {
+    WindowHook_Remove(this);
+    if (uses_controls_) prtbitmap::Unregister();
+}
 
 void prtui::GetVersionInfo(OString& version) {
     version = version_.GetText("ProductVersion");
@@ -33,6 +40,15 @@ void prtui::init(HANDLE printer, const DEVMODEW* in, uint32_t mode) {
     if (mode & DM_IN_BUFFER) devmode.Merge(in, model.get());
     InitEx();
     is_whole = model->WasReadWhole() && !memory.Failed();
+    LoadControls();
+}
+
+void prtui::LoadControls() {
+    INITCOMMONCONTROLSEX classes = {sizeof classes, ICC_DATE_CLASSES | ICC_INTERNET_CLASSES};
+    InitCommonControlsEx(&classes);
+    LoadLibraryW(TEXT("riched20.dll")); // stays for the process
+    prtbitmap::Register();
+    uses_controls_ = true;
 }
 
 void prtui::InitEx() {
