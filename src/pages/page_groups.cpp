@@ -1,10 +1,20 @@
 // What a sheet has: the pages of each group, in their order. Defines prtui::AddPages and
 // AddAboutPage, which belong to the UI object but need the pages.
+#include "pages/graphics/pp_graphics.h"
 #include "pages/pp_about.h"
 #include "ui/prtui.h"
 
-int32_t prtui::AddPages(uint32_t) {
-    return 0;
+namespace {
+
+// Groups of pages, as AddPages takes them.
+constexpr uint32_t kGraphicsGroup = 2;
+
+} // namespace
+
+int32_t prtui::AddPages(uint32_t groups) {
+    int32_t pages = 0;
+    if (groups & kGraphicsGroup) pages += AddPropertyPage("*:GRAPHICS", ppGraphics::WinProc);
+    return pages;
 }
 
 bool prtui::AddAboutPage() {

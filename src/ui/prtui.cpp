@@ -68,6 +68,10 @@ void prtui::InitEx() {
     start_on_last = locale.GetString(TEXT_START_ON_LAST_PAGE) == "Y";
 }
 
+int prtui::DeviceDitherSetup(prtpage*, dithercfg&) {
+    return IDCANCEL;
+}
+
 void prtui::ChooseFontSettings(CFontSettings*) {}
 
 bool prtui::VerifyFonts(prtpage*) {

@@ -25,6 +25,7 @@
 class prtpage;
 class prtstream;
 struct ActionRow;
+struct dithercfg;
 struct CFontSettings;
 
 // Made by new_ext for one property sheet or one user of the settings interface, filled by init and
@@ -61,6 +62,9 @@ public:
 
     // The settings on the page of the object cache. Here none, for a language without such objects.
     virtual void GetCacheParameters(CacheParameters& parameters) const;
+
+    // The setup of a printer's own dithering. IDCANCEL where there is none, as here.
+    virtual int DeviceDitherSetup(prtpage* page, dithercfg& settings);
 
     // The questions of the dialog for a font's download. Without a printer language there are none,
     // and nothing is changed here.

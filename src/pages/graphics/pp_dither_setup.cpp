@@ -1,4 +1,4 @@
-#include "pages/graphics/ppdither_setup.h"
+#include "pages/graphics/pp_dither_setup.h"
 
 #include "imaging/image_dither.h"
 

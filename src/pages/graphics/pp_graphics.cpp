@@ -1,9 +1,9 @@
-#include "pages/graphics/ppgraphics.h"
+#include "pages/graphics/pp_graphics.h"
 
 #include "locale/text_numbers.h"
 #include "model/prtmodel.h"
-#include "pages/graphics/ppdither_color.h"
-#include "pages/graphics/ppdither_setup.h"
+#include "pages/graphics/pp_dither_color.h"
+#include "pages/graphics/pp_dither_setup.h"
 #include "pages/graphics/system_halftone.h"
 #include "settings/scolor.h"
 #include "spooler/platform_flags.h"

@@ -1,4 +1,4 @@
-#include "pages/graphics/ppdither_color.h"
+#include "pages/graphics/pp_dither_color.h"
 
 namespace {
 
