@@ -44,7 +44,8 @@ void prtui::init(HANDLE printer, const DEVMODEW* in, uint32_t mode) {
 }
 
 void prtui::LoadControls() {
-    INITCOMMONCONTROLSEX classes = {sizeof classes, ICC_DATE_CLASSES | ICC_INTERNET_CLASSES};
+    constexpr DWORD kDateAndInternetClasses = 0x900;
+    const INITCOMMONCONTROLSEX classes = {sizeof(INITCOMMONCONTROLSEX), kDateAndInternetClasses};
     InitCommonControlsEx(&classes);
     LoadLibraryW(TEXT("riched20.dll")); // stays for the process
     prtbitmap::Register();
