@@ -123,6 +123,20 @@ enum TextNumber : int {
     TEXT_MEMORY_B = 10432,
     TEXT_MEMORY_A = 10433,
 
+    // ---- What the rendering module makes of a page.
+    TEXT_MODE_STANDARD = 10581,
+    TEXT_MODE_ALTERNATIVE_1 = 10582,
+    TEXT_MODE_ALTERNATIVE_2 = 10583,
+    TEXT_MODE_EXTENDED_1 = 10584,
+    TEXT_MODE_EXTENDED_2 = 10585,
+
+    // What the printer does with its media, in the order of the numbers 0 to 3.
+    TEXT_FIRST_MEDIA_FEED = 10502,
+
+    // ---- The message that a battery's state is not known.
+    TEXT_POWER_TITLE = 10486,
+    TEXT_NO_POWER_READINGS = 10491,
+
     // ---- Jobs that concern a printer's battery, and the question that asks for its state.
     TEXT_DISCHARGE_BATTERY = 10492,
     TEXT_POWER_QUERY_JOB = 10494,

@@ -52,6 +52,10 @@ public:
     // stored there. Makes no job.
     void ClearCachedObjects(int32_t location);
 
+    // The display name of the memory with this letter, or the letter if the library has no text
+    // for it.
+    OString MemoryName(const OString& letter) const;
+
     // The user names the file, in the eight characters that a printer allows, and chooses a memory;
     // the model's default one comes first.
     void ChooseFontSettings(CFontSettings* settings) override;
@@ -65,9 +69,5 @@ protected:
     const ActionRow* FindAction(printer_action action) const override;
 
 private:
-    // The display name of the memory with this letter, or the letter if the library has no text
-    // for it.
-    OString MemoryName(const OString& letter) const;
-
     extstream stream_;
 };
