@@ -140,8 +140,6 @@ typedef INT_PTR(WINAPI* PROC)();
 #define HIWORD(l) ((WORD)(((DWORD_PTR)(l) >> 16) & 0xFFFF))
 #define MAKEWORD(low, high) ((WORD)(LOBYTE(low) | (LOBYTE(high) << 8)))
 #define MAKELONG(low, high) ((LONG)(LOWORD(low) | ((DWORD)LOWORD(high) << 16)))
-#define MAKELPARAM(low, high) ((LPARAM)(DWORD)MAKELONG(low, high))
-#define MAKEWPARAM(low, high) ((WPARAM)(DWORD)MAKELONG(low, high))
 
 typedef struct POINT {
     LONG x;
