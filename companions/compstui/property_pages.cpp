@@ -57,6 +57,24 @@ void TakeIcon(const PROPSHEETUI_INFO_HEADER& from, PROPSHEETHEADERW& to) {
     }
 }
 
+// Asks the functions below for the title and what goes with it, up to the first that has one.
+bool AskBelow(PageGroup& group, PROPSHEETUI_INFO_HEADER& header) {
+    for (PageItem& item : group.Items()) {
+        if (!item.group) continue;
+        PROPSHEETUI_INFO_HEADER asked = {};
+        asked.cbSize = sizeof asked;
+        asked.hWndParent = header.hWndParent;
+        if (item.group->Call(PROPSHEETUI_REASON_GET_INFO_HEADER, reinterpret_cast<LPARAM>(&asked)) >
+                0 &&
+            asked.pTitle) {
+            header = asked;
+            return true;
+        }
+        if (AskBelow(*item.group, header)) return true;
+    }
+    return false;
+}
+
 // Where a handle is in a part of the tree.
 std::optional<PropertyPages::Place> FindIn(PageGroup& group, HANDLE handle) {
     auto& items = group.Items();
@@ -91,6 +109,7 @@ LONG PropertyPages::Show(HWND owner, DWORD& result) {
     asked.hWndParent = owner;
     if (root_.Call(PROPSHEETUI_REASON_GET_INFO_HEADER, reinterpret_cast<LPARAM>(&asked)) <= 0)
         return ERR_CPSUI_GETLASTERROR;
+    if (!asked.pTitle) AskBelow(root_, asked);
     std::vector<HPROPSHEETPAGE> pages = Pages();
     if (pages.empty()) return ERR_CPSUI_NO_PROPSHEETPAGE;
 

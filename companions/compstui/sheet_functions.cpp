@@ -161,7 +161,7 @@ LONG_PTR Do(PageGroup& caller, UINT function, LPARAM first, LPARAM second) {
     case CPSFUNC_GET_PAGECOUNT:
         return static_cast<LONG_PTR>(all.Pages().size());
     case CPSFUNC_SET_RESULT:
-        return all.SetResult(handle, second);
+        return all.SetResult(handle ? handle : &caller, second);
     case CPSFUNC_GET_HPSUIPAGES:
         return CopyPages(all, reinterpret_cast<HANDLE*>(first), second);
     case CPSFUNC_LOAD_CPSUI_STRINGW:

@@ -89,7 +89,7 @@ typedef SETRESULT_INFO* PSETRESULT_INFO;
 // A page, or 0 and a position or title, or a page function and a position among its pages.
 #define CPSFUNC_SET_HSTARTPAGE 7
 #define CPSFUNC_GET_PAGECOUNT 8            // of the whole sheet
-#define CPSFUNC_SET_RESULT 9               // handle, CPSUI_
+#define CPSFUNC_SET_RESULT 9               // handle or 0, CPSUI_
 #define CPSFUNC_GET_HPSUIPAGES 10          // HANDLE*, how many it has room for; of the whole sheet
 #define CPSFUNC_LOAD_CPSUI_STRINGW 12      // LPWSTR, MAKELONG(units, IDS_CPSUI_)
 #define CPSFUNC_GET_PFNPROPSHEETUI_ICON 14 // handle, MAKELONG(width, height)

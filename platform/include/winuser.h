@@ -8,7 +8,9 @@
 #include <winuser/dialog.h>
 #include <winuser/letter_case.h>
 #include <winuser/menu.h>
+#include <winuser/rect.h>
 #include <winuser/system.h>
+#include <winuser/drawing.h>
 #include <winuser/message_box.h>
 #include <winuser/owner_draw.h>
 #include <winuser/scrollbar.h>

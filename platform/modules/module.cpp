@@ -185,15 +185,23 @@ Module* Program() {
     return program;
 }
 
+// The folder of this library, where libraries of the system's are that are files of their own.
+std::u16string LibraryFolder() {
+    Dl_info self = {};
+    if (!dladdr(reinterpret_cast<const void*>(&LibraryFolder), &self)) return {};
+    const std::u16string file = WindowsPath(RealPath(self.dli_fname));
+    return file.substr(0, file.size() - FileNameOf(file).size());
+}
+
 // The places to look for a bare name: the program's folder, the system and Windows folders, that of
-// the spooler's drivers and the working folder.
+// the spooler's drivers, the working folder and this library's folder.
 std::vector<std::u16string> SearchFolders() {
     std::u16string program = Program()->file_name;
     program.resize(program.size() - FileNameOf(program).size());
     WCHAR current[MAX_PATH] = {};
     GetCurrentDirectoryW(MAX_PATH, current);
-    return {program, kSystemFolder, kWindowsFolder, kDriversFolder + std::u16string(u"\\3"),
-            current};
+    return {program, kSystemFolder,  kWindowsFolder, kDriversFolder + std::u16string(u"\\3"),
+            current, LibraryFolder()};
 }
 
 Module* Load(std::u16string_view given, DWORD flags) {

@@ -124,7 +124,11 @@ LONG DriverLibrary::DocumentProperties(DOCUMENTPROPERTYHEADER& header) const {
         SetLastError(ERROR_PROC_NOT_FOUND);
         return -1;
     }
-    return As<PFNPROPSHEETUI>(document_sheets_)(nullptr, reinterpret_cast<LPARAM>(&header));
+    return DocumentSheets()(nullptr, reinterpret_cast<LPARAM>(&header));
+}
+
+PFNPROPSHEETUI DriverLibrary::DocumentSheets() const {
+    return As<PFNPROPSHEETUI>(document_sheets_);
 }
 
 int DriverLibrary::DocumentEvent(HANDLE printer, HDC dc, int event, ULONG input_size, void* input,

@@ -45,6 +45,10 @@ public:
     // Calls DrvDocumentPropertySheets without property sheets; -1 if the driver has none.
     LONG DocumentProperties(DOCUMENTPROPERTYHEADER& header) const;
 
+    // DrvDocumentPropertySheets itself, for the common property sheets; null if the driver has
+    // none.
+    PFNPROPSHEETUI DocumentSheets() const;
+
     // Calls DrvDocumentEvent; DOCUMENTEVENT_UNSUPPORTED if the driver has none.
     int DocumentEvent(HANDLE printer, HDC dc, int event, ULONG input_size, void* input,
                       ULONG output_size, void* output) const;

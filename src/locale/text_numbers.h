@@ -13,6 +13,33 @@ enum TextNumber : int {
     TEXT_MILLIMETRES = 482,
     TEXT_POINTS = 484,
 
+    // ---- A component of the system is missing: which one, what to do, the title.
+    TEXT_HELP_VIEWER_MISSING = 495,
+    TEXT_UPDATE_COMPONENT = 496,
+    TEXT_COMPONENT_REQUIRED = 500,
+
+    // ---- Settings could not be stored: the title, what is before their names, and the names.
+    TEXT_NOT_STORED_TITLE = 497,
+    TEXT_NOT_STORED = 498,
+    TEXT_PRESETS = 508,
+    TEXT_LABEL_SIZES = 1958,
+
+    // ---- Names of character sets.
+    TEXT_WESTERN = 1241,
+    TEXT_CENTRAL_EUROPEAN = 1242,
+    TEXT_CYRILLIC = 1243,
+    TEXT_GREEK_LETTERS = 1244,
+    TEXT_TURKISH_LETTERS = 1245,
+    TEXT_HEBREW = 1246,
+    TEXT_ARABIC = 1247,
+    TEXT_BALTIC = 1248,
+    TEXT_VIETNAMESE = 1249,
+    TEXT_THAI_LETTERS = 1250,
+    TEXT_JAPANESE_LETTERS = 1251,
+    TEXT_SIMPLIFIED_CHINESE_LETTERS = 1252,
+    TEXT_KOREAN_LETTERS = 1253,
+    TEXT_TRADITIONAL_CHINESE_LETTERS = 1254,
+
     // ---- Languages that a system may not be able to show, and the question before one is chosen.
     TEXT_JAPANESE = 1275,
     TEXT_SIMPLIFIED_CHINESE = 1278,
@@ -38,6 +65,11 @@ enum TextNumber : int {
     TEXT_NUMBERS = 1915,
     TEXT_AMOUNTS = 1916,
     TEXT_CAPITALS_NUMBERS_PUNCTUATION = 1917,
+
+    // ---- Files that are sent to the printer unchanged: the dialog's title, and its filters.
+    TEXT_FILES_TO_SEND = 2317,
+    TEXT_ALL_FILES = 2330,
+    TEXT_PRINTER_FILES = 2337,
 
     // ---- Printer actions.
     TEXT_TEST_LABEL = 2401,
@@ -65,6 +97,12 @@ enum TextNumber : int {
     TEXT_PRINTER_OPTIONS = 2485,
     TEXT_RFID_OPTIONS = 2487,
     TEXT_POWER_MANAGEMENT = 2488,
+
+    // ---- Colours on the page about graphics. The intents of colour matching follow each other.
+    TEXT_NO_COLOR_MATCHING = 494,
+    TEXT_MONOCHROME = 1401,
+    TEXT_COLOR = 1402,
+    TEXT_FIRST_INTENT = 1411,
 
     // ---- The kinds of objects that are kept in the printer.
     TEXT_CACHED_FORMAT = 2511,

@@ -17,6 +17,17 @@ void CommonSheet::Open(const PROPSHEETUI_INFO& info) {
     sheet_ = info.hComPropSheet;
 }
 
+bool CommonSheet::InsertPage(void* after, unsigned char mode, HPROPSHEETPAGE page) const {
+    if (!call_) return false;
+    INSERTPSUIPAGE_INFO info = {};
+    info.cbSize = sizeof info;
+    info.Type = PSUIPAGEINSERT_HPROPSHEETPAGE;
+    info.Mode = mode;
+    info.dwData1 = reinterpret_cast<ULONG_PTR>(page);
+    return call_(sheet_, CPSFUNC_INSERT_PSUIPAGEW, reinterpret_cast<LPARAM>(after),
+                 reinterpret_cast<LPARAM>(&info)) > 0;
+}
+
 void CommonSheet::ReadPages() {
     if (!call_) return;
     const auto count = static_cast<int32_t>(call_(sheet_, CPSFUNC_GET_PAGECOUNT, 0, 0));

@@ -3,6 +3,7 @@
 
 #include <windows.h>
 
+#include <prsht.h>
 #include <winddiui.h>
 
 #include <cstddef>
@@ -15,6 +16,10 @@ class CommonSheet {
 public:
     // Takes the connection from the sheet's call.
     void Open(const PROPSHEETUI_INFO& info);
+
+    // Adds a page: after another one, or with INSPSUIPAGE_MODE_LAST_CHILD and null at the end. The
+    // sheet then owns it. False if it does not take the page, and outside of a sheet.
+    bool InsertPage(void* after, unsigned char mode, HPROPSHEETPAGE page) const;
 
     // Takes the handles of the current pages, those of the system too.
     void ReadPages();

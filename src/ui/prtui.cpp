@@ -1,13 +1,20 @@
 #include "ui/prtui.h"
 
+#include <commctrl.h>
+
 #include "core/crc.h"
 #include "core/memory.h"
 #include "keys/network_policy.h"
 #include "keys/shadow_keys.h"
 #include "locale/text_numbers.h"
 #include "spooler/printer_info.h"
+#include "ui/prtbitmap.h"
+#include "ui/window_hook.h"
 
-prtui::~prtui() = default;
+prtui::~prtui() {
+    WindowHook_Remove(this);
+    if (uses_controls_) prtbitmap::Unregister();
+}
 
 void prtui::GetVersionInfo(OString& version) {
     version = version_.GetText("ProductVersion");
@@ -33,6 +40,16 @@ void prtui::init(HANDLE printer, const DEVMODEW* in, uint32_t mode) {
     if (mode & DM_IN_BUFFER) devmode.Merge(in, model.get());
     InitEx();
     is_whole = model->WasReadWhole() && !memory.Failed();
+    LoadControls();
+}
+
+void prtui::LoadControls() {
+    constexpr DWORD kDateAndInternetClasses = 0x900;
+    const INITCOMMONCONTROLSEX classes = {sizeof(INITCOMMONCONTROLSEX), kDateAndInternetClasses};
+    InitCommonControlsEx(&classes);
+    LoadLibraryW(TEXT("riched20.dll")); // stays for the process
+    prtbitmap::Register();
+    uses_controls_ = true;
 }
 
 void prtui::InitEx() {
@@ -50,6 +67,10 @@ void prtui::InitEx() {
     fonts.Load(model.get());
     data_fonts.Load(model.get());
     start_on_last = locale.GetString(TEXT_START_ON_LAST_PAGE) == "Y";
+}
+
+int prtui::DeviceDitherSetup(prtpage*, dithercfg&) {
+    return IDCANCEL;
 }
 
 void prtui::ChooseFontSettings(CFontSettings*) {}

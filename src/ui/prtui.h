@@ -17,6 +17,7 @@
 #include "settings/dev_mode.h"
 #include "settings/preset_list.h"
 #include "settings/stock_list.h"
+#include "ui/activation_context.h"
 #include "ui/common_sheet.h"
 #include "ui/settings_file.h"
 #include "ui/version_info.h"
@@ -24,6 +25,7 @@
 class prtpage;
 class prtstream;
 struct ActionRow;
+struct dithercfg;
 struct CFontSettings;
 
 // Made by new_ext for one property sheet or one user of the settings interface, filled by init and
@@ -60,6 +62,9 @@ public:
 
     // The settings on the page of the object cache. Here none, for a language without such objects.
     virtual void GetCacheParameters(CacheParameters& parameters) const;
+
+    // The setup of a printer's own dithering. IDCANCEL where there is none, as here.
+    virtual int DeviceDitherSetup(prtpage* page, dithercfg& settings);
 
     // The questions of the dialog for a font's download. Without a printer language there are none,
     // and nothing is changed here.
@@ -102,11 +107,29 @@ public:
     // object.
     void init(HANDLE printer, const DEVMODEW* in, uint32_t mode);
 
-    // ---- Property sheets. The driver has no pages of its own yet: a sheet has those of the
-    // system.
+    // ---- Property sheets ------------------------------------------------------------------------
+
+    // The groups of pages of AddPages.
+    enum PageGroup : uint32_t {
+        PRINTER_PAGES = 1,  // fonts and tools
+        DOCUMENT_PAGES = 2, // graphics
+        PAGE_SETUP = 4,
+        CACHE_PAGES = 8 // only for printers with an object cache
+    };
+    // Adds the pages of some groups to the sheet. Returns their number. Defined, like AddAboutPage,
+    // with the pages (pages/page_groups.cpp).
+    virtual int32_t AddPages(uint32_t groups);
+    // Adds the page that every sheet ends with.
+    bool AddAboutPage();
+    // Adds one page at the end, by the name of its template. False if there is none.
+    bool AddPropertyPage(const OString& name, DLGPROC procedure);
+    bool AddPage(const OString& name, DLGPROC procedure) {
+        return AddPropertyPage(name, procedure);
+    }
 
     // Take over the sheet that the common property sheets make: the arguments of their call, and
-    // the current pages. From then on `info` keeps this object. Always 1.
+    // the pages that it then has. From then on `info` keeps this object. Always 1. The sheet of a
+    // device has a General page of the system's, whose test page becomes the test label.
     LONG InitDevSheets(PROPSHEETUI_INFO* info, const DEVICEPROPERTYHEADER* header);
     LONG InitDocSheets(PROPSHEETUI_INFO* info, const DOCUMENTPROPERTYHEADER* header);
 
@@ -164,6 +187,11 @@ public:
     DataFontManager data_fonts;
 
     uint32_t fmode = 0;
+    // What pages are made with.
+    ActivationContext actctx;
+    // For the dialog that edits a stock: the one that it edits, while it is open.
+    Stock* edit_stock = nullptr;
+
     // The user may look at the settings but not change them.
     bool no_permission = false;
 
@@ -189,7 +217,9 @@ protected:
 
 private:
     void AddBuiltInPresets();
-    LONG TakeSheet(PROPSHEETUI_INFO* info);
+    void LoadControls();
+    LONG TakeSheet(PROPSHEETUI_INFO* info, uint32_t groups);
 
     VersionInfo version_;
+    bool uses_controls_ = false; // the window class of pictures has this user
 };

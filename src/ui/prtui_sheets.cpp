@@ -2,9 +2,15 @@
 #include "core/crc.h"
 #include "spooler/platform_flags.h"
 #include "spooler/printer_info.h"
+#include "ui/prtpage.h"
 #include "ui/prtui.h"
+#include "ui/window_hook.h"
 
 namespace {
+
+// Where other programs leave which pages of a device the user wants to see next.
+constexpr char kWantedPages[] = "DATA:FW Message";
+constexpr uint32_t kCacheWanted = 4;
 
 // Bits of a sheet's mode that some headers lack.
 constexpr uint32_t kNoPermission = 0x20; // documents: view only
@@ -15,8 +21,14 @@ constexpr ULONG_PTR kPrinterIcon = 64082;
 
 } // namespace
 
-LONG prtui::TakeSheet(PROPSHEETUI_INFO* info) {
+bool prtui::AddPropertyPage(const OString& name, DLGPROC procedure) {
+    return prtpage::InsertPage(this, nullptr, INSPSUIPAGE_MODE_LAST_CHILD, name, procedure);
+}
+
+LONG prtui::TakeSheet(PROPSHEETUI_INFO* info, uint32_t groups) {
     sheet.Open(*info);
+    AddPages(groups);
+    AddAboutPage();
     sheet.ReadPages();
     info->UserData = reinterpret_cast<ULONG_PTR>(this);
     info->Result = 0;
@@ -25,13 +37,24 @@ LONG prtui::TakeSheet(PROPSHEETUI_INFO* info) {
 
 LONG prtui::InitDevSheets(PROPSHEETUI_INFO* info, const DEVICEPROPERTYHEADER* header) {
     no_permission = (header->Flags & DPS_NOPERMISSION) != 0;
-    return TakeSheet(info);
+    uint32_t groups = PRINTER_PAGES;
+    prtreg registry(model->GetRegistry()); // its failures are not the model's
+    if (const uint32_t wanted = registry.GetDWORD(kWantedPages, 0)) {
+        if (wanted == kCacheWanted) {
+            groups = CACHE_PAGES;
+            start_on_last = false;
+        }
+        registry.SetDWORD(kWantedPages, 0);
+    }
+    const LONG result = TakeSheet(info, groups);
+    WindowHook_Install(this);
+    return result;
 }
 
 LONG prtui::InitDocSheets(PROPSHEETUI_INFO* info, const DOCUMENTPROPERTYHEADER* header) {
     no_permission = (header->fMode & kNoPermission) != 0;
     if (!is_default_dm()) start_on_last = false;
-    return TakeSheet(info);
+    return TakeSheet(info, PAGE_SETUP | DOCUMENT_PAGES);
 }
 
 LONG prtui::ReasonGetInfoHeader(PROPSHEETUI_INFO*, PROPSHEETUI_INFO_HEADER* header,

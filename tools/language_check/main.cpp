@@ -31,8 +31,9 @@ int Check(int count, char** arguments) {
     for (const std::string& line : faults.Lines())
         std::fprintf(stderr, "check-languages: %s\n", line.c_str());
     if (!faults.Lines().empty()) return 1;
-    std::printf("check-languages: %zu libraries with %zu dialogs and %zu texts are sound\n",
-                libraries.size(), libraries[0].dialogs.size(), libraries[0].texts.size());
+    for (const Library& library : libraries)
+        std::printf("check-languages: %s is sound: %zu dialogs, %zu texts\n", library.file.c_str(),
+                    library.dialogs.size(), library.texts.size());
     return 0;
 }
 

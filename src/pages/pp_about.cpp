@@ -1,0 +1,46 @@
+#include "pages/pp_about.h"
+
+#include "model/prtmodel.h"
+#include "ui/prtui.h"
+
+namespace {
+
+constexpr int kLogo = 100;
+constexpr int kCopyright = 102;
+constexpr int kSymbol = 103;
+constexpr int kLicense = 110;
+
+constexpr int kLogoBitmap = 901;
+constexpr int kSymbolBitmap = 902;
+
+// The maker's own brand, which shows the module's copyright; others have their own text.
+constexpr char kOwnBrand[] = "oqv";
+
+} // namespace
+
+void ppAbout::Init() {
+    prtpage::Init();
+    if (GetModel() && OString(GetModel()->GetOEM()) == kOwnBrand)
+        EM_SetText(kCopyright, GetUI()->GetCopyright());
+}
+
+void ppAbout::Refresh(bool) {
+    if (shown_) return;
+    shown_ = true;
+    for (HWND child = ::GetWindow(GetWindow(), GW_CHILD); child;
+         child = ::GetWindow(child, GW_HWNDNEXT))
+        ReplaceSpecialStrings(child);
+    BMM_SetBitmap(kLogo, kLogoBitmap, true);
+    BMM_SetBitmap(kSymbol, kSymbolBitmap, true);
+}
+
+bool ppAbout::Command(uint16_t id, uint16_t code, LPARAM) {
+    if (code != BN_CLICKED || id != kLicense) return true;
+    ShowHelp("/base/License.html");
+    return false;
+}
+
+bool ppAbout::PaletteChange(UINT message, WPARAM first, LPARAM second) {
+    Forward(kLogo, message, first, second);
+    return false;
+}
