@@ -3,10 +3,12 @@
 
 namespace win32host {
 
+void RegisterListBox();
 void RegisterMenuWindow();
 void RegisterTabControl();
 
 void RegisterControls() {
+    RegisterListBox();
     RegisterMenuWindow();
     RegisterTabControl();
 }

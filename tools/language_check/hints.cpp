@@ -1,8 +1,22 @@
 #include "hints.h"
 
 #include <fstream>
+#include <regex>
 #include <sstream>
 #include <stdexcept>
+
+std::set<uint32_t> ReadTextNumbers(const std::string& path) {
+    std::ifstream file(path);
+    if (!file) throw std::runtime_error(path + ": cannot be read");
+    const std::regex named(R"(^\s*TEXT_\w+ = (\d+),.*)");
+    std::set<uint32_t> numbers;
+    std::smatch found;
+    for (std::string line; std::getline(file, line);)
+        if (std::regex_match(line, found, named))
+            numbers.insert(static_cast<uint32_t>(std::stoul(found[1])));
+    numbers.erase(0);
+    return numbers;
+}
 
 std::map<std::u16string, DialogHints> ReadHints(const std::string& path) {
     std::ifstream file(path);

@@ -19,5 +19,9 @@ struct DialogHints {
     std::set<std::pair<uint32_t, uint32_t>> turns;   // in both orders
 };
 
+// The numbers of the texts that the module asks for, from the header that names them: lines such as
+// "TEXT_INCHES = 479,". Throws std::runtime_error if the file cannot be read.
+std::set<uint32_t> ReadTextNumbers(const std::string& path);
+
 // By dialog. Throws std::runtime_error if the file cannot be read or a line is not of its form.
 std::map<std::u16string, DialogHints> ReadHints(const std::string& path);
