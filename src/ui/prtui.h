@@ -84,7 +84,8 @@ public:
 
     // Runs an action, offered or not, in a job named after the action ("Printer Test" for pages
     // that are printed through the driver). Failures to reach the printer are not reported. An
-    // action that is unknown or opens a dialog does nothing.
+    // action that opens a dialog does so over the page, and nothing without one. An unknown action
+    // does nothing.
     virtual void PrinterAction(prtpage* page, printer_action action);
     // How an action is offered for the printer as set up: ACTION_OFFERED and the others.
     virtual uint32_t PrinterActionSupported(prtpage* page, printer_action action);
