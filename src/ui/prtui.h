@@ -190,8 +190,10 @@ public:
     uint32_t fmode = 0;
     // What pages are made with.
     ActivationContext actctx;
-    // For the dialog that edits a stock: the one that it edits, while it is open.
+    // For the dialog that edits a stock, while it is open: the copy that it edits, and the one of
+    // the list that this is a copy of, or null for a new one.
     Stock* edit_stock = nullptr;
+    const Stock* edit_stock_original = nullptr;
 
     // The user may look at the settings but not change them.
     bool no_permission = false;
@@ -213,6 +215,10 @@ public:
     prtstream* stream = nullptr;
 
 protected:
+    // Brings the settings into the form in which the pages show them: within the model's limits,
+    // with a stock that exists. So showing the pages changes nothing.
+    virtual void Settle();
+
     // Everything that is known about an action, or null for an unknown number.
     virtual const ActionRow* FindAction(printer_action action) const;
 

@@ -1,10 +1,13 @@
-// What the sheets of ZPL II printers have besides the framework's pages.
+// What a sheet has besides the pages of all printers. Defines extui::AddPages.
 #include "zpl/extui.h"
 #include "zpl/pages/pp_options.h"
+#include "zpl/pages/pp_stock.h"
 
 int32_t extui::AddPages(uint32_t groups) {
-    constexpr uint32_t kDocumentGroup = 2;
     int32_t pages = prtui::AddPages(groups);
-    if (groups & kDocumentGroup) pages += AddPropertyPage("PAGE_OPTIONS", ppOptions::WinProc);
+    if (groups & DOCUMENT_PAGES) {
+        pages += AddPropertyPage("PAGE_STOCK", ppStock::WinProc);
+        pages += AddPropertyPage("PAGE_OPTIONS", ppOptions::WinProc);
+    }
     return pages;
 }
