@@ -154,6 +154,9 @@ enum TextNumber : int {
     TEXT_CACHED_FORMAT = 2511,
     TEXT_CACHED_GRAPHIC = 2512,
 
+    // ---- What the printer does about an RFID label that cannot be written, numbers 1 to 3.
+    TEXT_FIRST_RFID_FAILURE = 3000,
+
     // ---- The built-in presets.
     TEXT_CURRENT_SETTINGS = 4102,
     TEXT_DEFAULT_SETTINGS = 4103,

@@ -1,5 +1,6 @@
 // The actions of ZPL II printers.
 #include "locale/text_numbers.h"
+#include "pages/options/pp_rfid_options.h"
 #include "ui/action_row.h"
 #include "zpl/extconfig.h"
 #include "zpl/extmodel.h"
@@ -112,6 +113,10 @@ void ShowPowerManagement(prtpage& page) {
     page.DialogModal("DLG_POWERMANAGEMENT", ppPowerManagement::WinProc);
 }
 
+void ShowRFIDOptions(prtpage& page) {
+    page.DialogModal("*:FONTS/^RFID_OPTIONS", ppRFIDOptions::WinProc);
+}
+
 constexpr uint32_t kOffered = ACTION_OFFERED;
 constexpr uint32_t kAdministrative = ACTION_OFFERED | ACTION_ADMINISTRATIVE;
 constexpr uint32_t kDialog = ACTION_OFFERED | ACTION_OPENS_DIALOG;
@@ -139,7 +144,8 @@ constexpr ActionRow kActions[] = {
     {ACTION_INFORMATION, TEXT_INFORMATION, kDialog, CanAnswer},
     {ACTION_PRINTER_OPTIONS, TEXT_PRINTER_OPTIONS, kDialog, nullptr, nullptr, nullptr,
      ShowPrinterOptions},
-    {ACTION_RFID_OPTIONS, TEXT_RFID_OPTIONS, kDialog, HasRFIDOptions},
+    {ACTION_RFID_OPTIONS, TEXT_RFID_OPTIONS, kDialog, HasRFIDOptions, nullptr, nullptr,
+     ShowRFIDOptions},
     {ACTION_POWER_MANAGEMENT, TEXT_POWER_MANAGEMENT, kAdministrative | kDialog, HasPowerOptions,
      nullptr, nullptr, ShowPowerManagement},
 };
