@@ -16,15 +16,16 @@ int Check(int count, char** arguments) {
     for (int i = 3; i < count; ++i) libraries.push_back(ReadLibrary(arguments[i]));
 
     Faults faults;
-    for (const auto& [name, of_dialog] : hints)
+    for (const auto& [name, of_dialog] : hints.dialogs)
         if (!libraries[0].dialogs.contains(name)) faults.Add(Utf8(name), "hints for no dialog");
     for (uint32_t number : numbers)
-        if (!libraries[0].texts.contains(number))
+        if (!libraries[0].texts.contains(number) && !hints.optional_texts.contains(number))
             faults.Add(libraries[0].file + ": text " + std::to_string(number), "is missing");
     for (const Library& library : libraries) {
         for (const auto& [name, dialog] : library.dialogs) {
-            const auto of_dialog = hints.find(name);
-            CheckDialog(library, name, of_dialog == hints.end() ? DialogHints() : of_dialog->second,
+            const auto of_dialog = hints.dialogs.find(name);
+            CheckDialog(library, name,
+                        of_dialog == hints.dialogs.end() ? DialogHints() : of_dialog->second,
                         faults);
         }
         for (const auto& [number, text] : library.texts)
