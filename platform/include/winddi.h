@@ -40,6 +40,18 @@ typedef struct DEVHTINFO {
 } DEVHTINFO;
 static_assert(sizeof(DEVHTINFO) == 132, "layout");
 
+// What the system's dialog for a device's halftones edits.
+#define DEVHTADJF_COLOR_DEVICE 0x00000001
+#define DEVHTADJF_ADDITIVE_DEVICE 0x00000002
+
+typedef struct DEVHTADJDATA {
+    DWORD DeviceFlags; // DEVHTADJF_ bits
+    DWORD DeviceXDPI;
+    DWORD DeviceYDPI;
+    DEVHTINFO* pDefHTInfo;
+    DEVHTINFO* pAdjHTInfo;
+} DEVHTADJDATA;
+
 #define HT_FLAG_HAS_BLACK_DYE 0x00000002
 
 // Halftone patterns, of which each size has a plain and a modified one.

@@ -5,20 +5,22 @@ namespace win32host {
 
 void RegisterButton();
 void RegisterEdit();
+void RegisterListBox();
 void RegisterMenuWindow();
-void RegisterTabControl();
 void RegisterProgressBar();
 void RegisterStatic();
+void RegisterTabControl();
 void RegisterTrackBar();
 void RegisterUpDown();
 
 void RegisterControls() {
     RegisterButton();
     RegisterEdit();
+    RegisterListBox();
     RegisterMenuWindow();
-    RegisterTabControl();
     RegisterProgressBar();
     RegisterStatic();
+    RegisterTabControl();
     RegisterTrackBar();
     RegisterUpDown();
 }

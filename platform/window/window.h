@@ -3,6 +3,7 @@
 
 #include "host/handles.h"
 #include "window/queue.h"
+#include "window/scroll_bars.h"
 
 #include <windows.h>
 
@@ -59,6 +60,8 @@ public:
     bool needs_erase = false;
     RECT update = {}; // in the client area
     bool frame_active = false;
+    ScrollBar horizontal;
+    ScrollBar vertical;
     std::shared_ptr<struct DialogState> dialog; // of a dialog
 
     bool Has(DWORD bits) const { return (style & bits) == bits; }

@@ -60,7 +60,18 @@ int CheckComponentVersion(const OString& file, const OString& required, bool fro
 int CheckExplorerVersion(const OString& required);
 int CheckFablewickVersion(const OString& required);
 
-// What GetOSInformation says of a system of this description. `extended` if it fills in the product
-// type and the suites; without that, the registry tells the edition.
-void DescribeSystem(const OSVERSIONINFOEXW& system, bool extended, OString& name, OString& edition,
+// The system's version with its product and suites, as GetVersionExW fills it in.
+struct ExtendedVersion {
+    OSVERSIONINFOW basic;
+    uint16_t service_pack_major;
+    uint16_t service_pack_minor;
+    uint16_t suites;
+    uint8_t product;
+    uint8_t reserved;
+};
+static_assert(sizeof(ExtendedVersion) == 284);
+
+// What GetOSInformation says of such a system. Without `extended` the last fields are not known,
+// and the registry tells the edition.
+void DescribeSystem(const ExtendedVersion& system, bool extended, OString& name, OString& edition,
                     OString& service_pack);

@@ -94,7 +94,8 @@ void prtbitmap::SetColor(COLORREF color) {
 }
 
 prtbitmap* prtbitmap::GetObjectW(HWND window) {
-    if (!window || GetClassLongPtrW(window, GCLP_WNDPROC) != reinterpret_cast<ULONG_PTR>(WndProc))
+    WCHAR name[16] = {};
+    if (!window || !GetClassNameW(window, name, 16) || !(OString(name) == OString(kClass)))
         return nullptr;
     return reinterpret_cast<prtbitmap*>(GetWindowLongPtrW(window, 0));
 }

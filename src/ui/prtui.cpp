@@ -44,7 +44,8 @@ void prtui::init(HANDLE printer, const DEVMODEW* in, uint32_t mode) {
 }
 
 void prtui::LoadControls() {
-    INITCOMMONCONTROLSEX classes = {sizeof classes, ICC_DATE_CLASSES | ICC_INTERNET_CLASSES};
+    constexpr DWORD kDateAndInternetClasses = 0x900;
+    const INITCOMMONCONTROLSEX classes = {sizeof(INITCOMMONCONTROLSEX), kDateAndInternetClasses};
     InitCommonControlsEx(&classes);
     LoadLibraryW(TEXT("riched20.dll")); // stays for the process
     prtbitmap::Register();
@@ -66,6 +67,10 @@ void prtui::InitEx() {
     fonts.Load(model.get());
     data_fonts.Load(model.get());
     start_on_last = locale.GetString(TEXT_START_ON_LAST_PAGE) == "Y";
+}
+
+int prtui::DeviceDitherSetup(prtpage*, dithercfg&) {
+    return IDCANCEL;
 }
 
 void prtui::ChooseFontSettings(CFontSettings*) {}

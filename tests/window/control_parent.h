@@ -16,8 +16,8 @@ public:
     // `names` are of codes: those of WM_COMMAND, and those of WM_NOTIFY, which are negative. Others
     // are not written down.
     ControlParent(LPCWSTR window_class, DWORD style, int width, int height, Names names)
-        : parent_({})
-        , names_(std::move(names)) {
+        : names_(std::move(names))
+        , parent_({}) {
         INITCOMMONCONTROLSEX wanted = {sizeof(wanted), ICC_WIN95_CLASSES};
         InitCommonControlsEx(&wanted);
         parent_.handler = [this](UINT message, WPARAM first, LPARAM second, LRESULT& answer) {
@@ -108,8 +108,8 @@ private:
         if (name != names_.end()) parent_.Note(name->second + detail);
     }
 
-    Recorder parent_;
     Names names_;
+    Recorder parent_;
     HWND control_ = nullptr;
     int held_ = 0;
 };

@@ -1,6 +1,7 @@
 #include "pages/reports/report_formats.h"
 
 #include "core/locale_utility.h"
+#include "pages/reports/report_line_reader.h"
 
 namespace {
 

@@ -3,7 +3,7 @@
 
 #include "core/oarray.h"
 #include "core/ofile.h"
-#include "pages/reports/text_panel.h"
+#include "ui/text_panel.h"
 
 using ReportPanels = OPointerArray<TextPanel*>;
 

@@ -1,24 +1,10 @@
-// One tab of a report, and the marks in its lines.
+// The marks in the lines of a report.
 #pragma once
 
-#include "core/oarray.h"
-#include "core/ostring_array.h"
+#include "core/ostring.h"
 
-// The elements are the lines. "[b]" and "[/b]" enclose bold text, "[i]" and "[/i]" italic text, in
-// any case of letters; anything else between square brackets is never shown. A tab character
-// separates a label from its value.
-class TextPanel : public OStringArray {
-public:
-    OString title;
-    OTypedArray<int> tab_stops; // in the display's tab-stop units
-
-    // Where the display was when the user left this tab.
-    int32_t selection_start = 0;
-    int32_t selection_end = 0;
-    int32_t scroll_position = 0;
-};
-
-// Reads a line mark by mark and character by character.
+// Reads a line of a TextPanel mark by mark and character by character. The letters of marks may be
+// capitals.
 class ReportLineReader {
 public:
     enum Kind { kCharacter, kBold, kEndBold, kItalic, kEndItalic, kUnknownMark };

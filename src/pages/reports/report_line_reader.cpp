@@ -1,4 +1,4 @@
-#include "pages/reports/text_panel.h"
+#include "pages/reports/report_line_reader.h"
 
 bool ReportLineReader::Next() {
     at_ = next_;
