@@ -3,14 +3,26 @@
 
 namespace win32host {
 
+void RegisterButton();
+void RegisterEdit();
 void RegisterListBox();
 void RegisterMenuWindow();
+void RegisterProgressBar();
+void RegisterStatic();
 void RegisterTabControl();
+void RegisterTrackBar();
+void RegisterUpDown();
 
 void RegisterControls() {
+    RegisterButton();
+    RegisterEdit();
     RegisterListBox();
     RegisterMenuWindow();
+    RegisterProgressBar();
+    RegisterStatic();
     RegisterTabControl();
+    RegisterTrackBar();
+    RegisterUpDown();
 }
 
 } // namespace win32host
