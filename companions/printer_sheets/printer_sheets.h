@@ -20,8 +20,9 @@ enum class Ended {
 
 // A program's document settings (DocumentPropertiesW with the prompt). `input` may be null: the
 // printer's defaults. `output` becomes the settings, of the size that the driver needs: those
-// confirmed, or those that were applied before the user cancelled; empty if there are none.
-// `printer` was opened for use.
+// confirmed, or what the driver makes of a cancelled sheet, which are those that were applied last
+// or those that it began with; empty if it makes nothing. `printer` was opened for use. Wine's
+// spooler calls every sheet confirmed: who must know watches the sheet.
 Ended ShowDocument(HWND owner, HANDLE printer, const Text& name, DEVMODEW* input,
                    std::vector<BYTE>& output);
 

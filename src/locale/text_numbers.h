@@ -13,6 +13,52 @@ enum TextNumber : int {
     TEXT_MILLIMETRES = 482,
     TEXT_POINTS = 484,
 
+    // ---- The page for label size, orientation and preset, and the dialog for a label size.
+    TEXT_VIEW_STOCK = 488,
+    TEXT_EDIT_STOCK = 489,
+    TEXT_DELETE_STOCK = 1325,
+    TEXT_NEW_STOCK = 1326,
+    TEXT_STOCK_NAME = 4159,
+    TEXT_STOCK_NAME_RESERVED = 4160,
+    TEXT_STOCK_WITHOUT_NAME = 4161,
+    TEXT_STOCK_NAME_TAKEN = 4162,
+    TEXT_PAGE_SETUP_NOTICE = 9002,
+
+    // ---- The dialog for presets.
+    TEXT_NEW_PRESET = 4101,
+    TEXT_UPDATE_PRESET = 4106,
+    TEXT_UPDATE_PRESET_TITLE = 4107,
+    TEXT_SAME_PRESET_NAMES_TITLE = 4108,
+    TEXT_SAME_PRESET_NAMES = 4109,
+
+    // ---- The page for the label material.
+    TEXT_AS_SET = 10519,
+    TEXT_DIRECT_THERMAL = 486,
+    TEXT_THERMAL_TRANSFER = 487,
+    TEXT_CONTINUOUS = 10482,
+    TEXT_GAP = 10483,
+    TEXT_GAP_OR_MARK = 10484,
+    TEXT_MARK = 10485,
+    TEXT_TEAR_OFF = 10487,
+    TEXT_PEEL_OFF = 10488,
+    TEXT_REWIND = 10489,
+    TEXT_CUTTER = 10490,
+    TEXT_APPLICATOR = 10496,
+    TEXT_BACKFEED_NORMAL = 10498,
+    TEXT_BACKFEED_OFF = 10499,
+    TEXT_BACKFEED_BEFORE = 10500,
+    TEXT_BACKFEED_AFTER = 10501,
+    TEXT_BACKFEED_PERCENTAGE = 10511,
+    TEXT_CUT_AFTER_JOB = 10508,
+    TEXT_CUT_SEVERAL = 10510,
+    TEXT_CUT_EACH_LABEL = 10512,
+    TEXT_PAUSE_NEVER = 10513,
+    TEXT_PAUSE_EACH_LABEL = 10514,
+    TEXT_PAUSE_AFTER_JOB = 10515,
+    TEXT_PAUSE_SEVERAL = 10516,
+    TEXT_PAUSE_OPTIONS = 10517,
+    TEXT_CUT_OPTIONS = 10518,
+
     // ---- A component of the system is missing: which one, what to do, the title.
     TEXT_HELP_VIEWER_MISSING = 495,
     TEXT_UPDATE_COMPONENT = 496,
@@ -108,6 +154,9 @@ enum TextNumber : int {
     TEXT_CACHED_FORMAT = 2511,
     TEXT_CACHED_GRAPHIC = 2512,
 
+    // ---- What the printer does about an RFID label that cannot be written, numbers 1 to 3.
+    TEXT_FIRST_RFID_FAILURE = 3000,
+
     // ---- The built-in presets.
     TEXT_CURRENT_SETTINGS = 4102,
     TEXT_DEFAULT_SETTINGS = 4103,
@@ -122,6 +171,20 @@ enum TextNumber : int {
     TEXT_MEMORY_E = 10431,
     TEXT_MEMORY_B = 10432,
     TEXT_MEMORY_A = 10433,
+
+    // ---- What the rendering module makes of a page.
+    TEXT_MODE_STANDARD = 10581,
+    TEXT_MODE_ALTERNATIVE_1 = 10582,
+    TEXT_MODE_ALTERNATIVE_2 = 10583,
+    TEXT_MODE_EXTENDED_1 = 10584,
+    TEXT_MODE_EXTENDED_2 = 10585,
+
+    // What the printer does with its media, in the order of the numbers 0 to 3.
+    TEXT_FIRST_MEDIA_FEED = 10502,
+
+    // ---- The message that a battery's state is not known.
+    TEXT_POWER_TITLE = 10486,
+    TEXT_NO_POWER_READINGS = 10491,
 
     // ---- Jobs that concern a printer's battery, and the question that asks for its state.
     TEXT_DISCHARGE_BATTERY = 10492,

@@ -1,19 +1,16 @@
 // What a sheet has: the pages of each group, in their order. Defines prtui::AddPages and
 // AddAboutPage, which belong to the UI object but need the pages.
 #include "pages/graphics/pp_graphics.h"
+#include "pages/page_setup/pp_page_setup.h"
 #include "pages/pp_about.h"
+#include "pages/tools/pp_tools.h"
 #include "ui/prtui.h"
-
-namespace {
-
-// Groups of pages, as AddPages takes them.
-constexpr uint32_t kGraphicsGroup = 2;
-
-} // namespace
 
 int32_t prtui::AddPages(uint32_t groups) {
     int32_t pages = 0;
-    if (groups & kGraphicsGroup) pages += AddPropertyPage("*:GRAPHICS", ppGraphics::WinProc);
+    if (groups & PAGE_SETUP) pages += AddPropertyPage("*:PAGE_SETUP", ppPageSetup::WinProc);
+    if (groups & DOCUMENT_PAGES) pages += AddPropertyPage("*:GRAPHICS", ppGraphics::WinProc);
+    if (groups & PRINTER_PAGES) pages += AddPropertyPage("*:TOOLS", ppTools::WinProc);
     return pages;
 }
 

@@ -5,6 +5,7 @@
 
 #include "printer/printer_action.h"
 
+class prtpage;
 class prtui;
 
 struct ActionRow {
@@ -20,6 +21,8 @@ struct ActionRow {
     void (*run)(prtui& ui, const ActionRow& row) = nullptr;
     // The command that `run` sends, if several actions share `run`.
     const char* command = nullptr;
+    // Opens the action's dialog over a page, or null if it has none.
+    void (*show)(prtpage& page) = nullptr;
 };
 
 // The row of an action in a table, or null.

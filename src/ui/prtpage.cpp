@@ -183,7 +183,7 @@ void prtpage::InitDialog(const PROPSHEETPAGEW* record) {
     initializing_ = true;
     Init();
     initializing_ = false;
-    if (config_) WM_Refresh(true);
+    WM_Refresh(true);
     if (IsPropertyPage()) applied_crc_ = GetCurrentCRC32();
 }
 
@@ -254,7 +254,7 @@ void prtpage::WM_SetChanged(bool changed) {
 }
 
 void prtpage::WM_Refresh(bool all) {
-    if (refreshing_ || destroyed_) return;
+    if (refreshing_ || destroyed_ || !config_) return;
     refreshing_ = true;
     Refresh(all);
     UDialog::Refresh();

@@ -54,7 +54,8 @@ public:
     OString GetString(int id) override;
     bool OnDrawItem(const DRAWITEMSTRUCT& item) override;
 
-    // Brings the controls up to date: all of them, or those that the page has marks for.
+    // Brings the controls up to date: all of them, or those that the page has marks for. Only
+    // called while `config_` exists.
     virtual void Refresh(bool all);
     // A command or a notification of a control. True if nothing was done with it, false if the page
     // acted. `value` is the control's window, or what the control sent in place of it.

@@ -84,7 +84,8 @@ public:
 
     // Runs an action, offered or not, in a job named after the action ("Printer Test" for pages
     // that are printed through the driver). Failures to reach the printer are not reported. An
-    // action that is unknown or opens a dialog does nothing.
+    // action that opens a dialog does so over the page, and nothing without one. An unknown action
+    // does nothing.
     virtual void PrinterAction(prtpage* page, printer_action action);
     // How an action is offered for the printer as set up: ACTION_OFFERED and the others.
     virtual uint32_t PrinterActionSupported(prtpage* page, printer_action action);
@@ -189,8 +190,10 @@ public:
     uint32_t fmode = 0;
     // What pages are made with.
     ActivationContext actctx;
-    // For the dialog that edits a stock: the one that it edits, while it is open.
+    // For the dialog that edits a stock, while it is open: the copy that it edits, and the one of
+    // the list that this is a copy of, or null for a new one.
     Stock* edit_stock = nullptr;
+    const Stock* edit_stock_original = nullptr;
 
     // The user may look at the settings but not change them.
     bool no_permission = false;
@@ -212,6 +215,10 @@ public:
     prtstream* stream = nullptr;
 
 protected:
+    // Brings the settings into the form in which the pages show them: within the model's limits,
+    // with a stock that exists. So showing the pages changes nothing.
+    virtual void Settle();
+
     // Everything that is known about an action, or null for an unknown number.
     virtual const ActionRow* FindAction(printer_action action) const;
 

@@ -89,9 +89,13 @@ uint32_t prtui::PrinterActionSupported(prtpage*, printer_action action) {
     return row->offer;
 }
 
-void prtui::PrinterAction(prtpage*, printer_action action) {
+void prtui::PrinterAction(prtpage* page, printer_action action) {
     const ActionRow* row = FindAction(action);
-    if (stream && row && row->run) row->run(*this, *row);
+    if (!row) return;
+    if (stream && row->run)
+        row->run(*this, *row);
+    else if (page && row->show)
+        row->show(*page);
 }
 
 void prtui::GetCacheParameters(CacheParameters& parameters) const {

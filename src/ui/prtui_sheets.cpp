@@ -27,12 +27,18 @@ bool prtui::AddPropertyPage(const OString& name, DLGPROC procedure) {
 
 LONG prtui::TakeSheet(PROPSHEETUI_INFO* info, uint32_t groups) {
     sheet.Open(*info);
+    Settle();
     AddPages(groups);
     AddAboutPage();
     sheet.ReadPages();
     info->UserData = reinterpret_cast<ULONG_PTR>(this);
     info->Result = 0;
     return 1;
+}
+
+void prtui::Settle() {
+    if (prtconfig* const config = devmode.GetConfiguration()) config->Validate(model.get());
+    if (!stocks.Find(devmode.GetDevMode())) devmode.SetStock(stocks.Find(int16_t{DMPAPER_USER}));
 }
 
 LONG prtui::InitDevSheets(PROPSHEETUI_INFO* info, const DEVICEPROPERTYHEADER* header) {

@@ -58,7 +58,7 @@ void extconfig::Validate(const prtmodel* model) {
     if (print_mode == PRINT_REWIND && AsZpl(*model).IsPPLZ()) print_mode = PRINT_AS_SET;
     if (has(CustomData::TEAR_OFF))
         tear_off = LimitedOffset(tear_off, data.tear_off_min, data.tear_off_max, dpi);
-    stock_count = Limited(stock_count, 1, 9999);
+    stock_count = Limited(stock_count, 1, MOST_LABELS);
     label_top = LimitedOffset(label_top, data.label_top_min, data.label_top_max, dpi);
     absolute_darkness = Limited(absolute_darkness, 0, 30);
     relative_darkness = Limited(relative_darkness, -30, 30);
@@ -105,6 +105,14 @@ void extconfig::SetDarkness(int darkness) {
 void extconfig::SetAbsoluteDarkness(bool absolute) {
     const int others = setting_flags & ~SETTING_ABSOLUTE_DARKNESS;
     setting_flags = static_cast<uint16_t>(others | (absolute ? SETTING_ABSOLUTE_DARKNESS : 0));
+}
+
+void extconfig::SettlePrintMode() {
+    if (print_mode >= PRINT_PEEL_OFF && print_mode <= PRINT_APPLICATOR)
+        setting_flags = static_cast<uint16_t>(setting_flags & ~SETTING_TEAR_OFF);
+    const bool each_label =
+        print_mode == PRINT_CUTTER ? cut_variant != 1 && cut_variant != 2 : stock_option == 1;
+    if (each_label) stock_count = 1;
 }
 
 bool extconfig::get_pauseaftercut() const {

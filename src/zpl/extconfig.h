@@ -26,7 +26,7 @@ struct extconfig : prtconfig {
     int16_t option;      // of the options page, 0 to 4
     int16_t cut_variant; // 0 to 2, for PRINT_CUTTER
     int16_t stock_option;
-    int32_t stock_count; // 1 to 9999
+    int32_t stock_count; // 1 to MOST_LABELS
     uint16_t setting_flags;
     uint16_t reserved2;
 
@@ -40,6 +40,7 @@ struct extconfig : prtconfig {
         PRINT_APPLICATOR = 4
     };
     enum : int32_t { BACKFEED_PERCENTAGE = 4 };
+    static constexpr int32_t MOST_LABELS = 9999;
     enum : uint16_t {
         SETTING_PAUSE_AFTER_CUT = 1,
         SETTING_LABEL_TOP = 2, // this and the next three: the setting is sent
@@ -58,6 +59,10 @@ struct extconfig : prtconfig {
     // are reset. The limits of the label top and tear-off offsets are in dots of the printer. A
     // model without a resolution has no such limits, and they stay as they are.
     void Validate(const prtmodel* model);
+
+    // Brings in line what follows from the print mode: only the modes without a motion of their own
+    // send a tear-off position, and choices that mean each label count one.
+    void SettlePrintMode();
 
     // For the page of the options: the darkness in force, the absolute one (0 to 30) or the
     // relative one (-30 to 30).

@@ -1,4 +1,5 @@
 #include "zpl/extui.h"
+#include "zpl/extconfig.h"
 
 #include "core/memory.h"
 #include "locale/text_numbers.h"
@@ -14,6 +15,14 @@ void extui::InitEx() {
     prtui::InitEx();
     stream = &stream_;
     stream->init(this);
+}
+
+void extui::Settle() {
+    prtui::Settle();
+    extconfig* const config = extconfig::get_cfg(devmode.GetDevMode());
+    if (!config) return;
+    config->Validate(model.get());
+    config->SettlePrintMode();
 }
 
 OString extui::MemoryName(const OString& letter) const {

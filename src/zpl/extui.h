@@ -29,6 +29,7 @@ public:
 
     void InitEx() override;
 
+
     // 8192 KB, numbers 0 to 999, and all memories of the model.
     void GetCacheParameters(CacheParameters& parameters) const override;
 
@@ -36,6 +37,9 @@ public:
     bool EnableVerifyFonts(prtstream& stream) override;
 
     void PrinterAction(prtpage* page, printer_action action) override;
+
+    // The pages of all printers, then those of ZPL II printers.
+    int32_t AddPages(uint32_t groups) override;
 
     // ---- The work of the dialogs, and of programs in their place, for a model that exists.
 
@@ -52,6 +56,10 @@ public:
     // stored there. Makes no job.
     void ClearCachedObjects(int32_t location);
 
+    // The display name of the memory with this letter, or the letter if the library has no text
+    // for it.
+    OString MemoryName(const OString& letter) const;
+
     // The user names the file, in the eight characters that a printer allows, and chooses a memory;
     // the model's default one comes first.
     void ChooseFontSettings(CFontSettings* settings) override;
@@ -61,13 +69,11 @@ public:
     void AdjustFontInfo(DownloadedFontInfo* font) override;
 
 protected:
+    void Settle() override;
+
     // The actions of ZPL II printers, then those of all printers.
     const ActionRow* FindAction(printer_action action) const override;
 
 private:
-    // The display name of the memory with this letter, or the letter if the library has no text
-    // for it.
-    OString MemoryName(const OString& letter) const;
-
     extstream stream_;
 };

@@ -1,9 +1,13 @@
 // The actions of ZPL II printers.
 #include "locale/text_numbers.h"
+#include "pages/options/pp_rfid_options.h"
 #include "ui/action_row.h"
 #include "zpl/extconfig.h"
 #include "zpl/extmodel.h"
 #include "zpl/extui.h"
+#include "zpl/pages/pp_memory_format.h"
+#include "zpl/pages/pp_power_management.h"
+#include "zpl/pages/pp_printer_options.h"
 
 namespace {
 
@@ -95,6 +99,24 @@ void Reset(prtui& ui, const ActionRow& row) {
     static_cast<extui&>(ui).ClearCachedObjects('R');
 }
 
+// ---- Dialogs ------------------------------------------------------------------------------------
+
+void ShowMemory(prtpage& page) {
+    page.DialogModal("DLG_MEMORYFORMAT", ppMemoryFormat::WinProc);
+}
+
+void ShowPrinterOptions(prtpage& page) {
+    page.DialogModal("DLG_PRINTEROPTIONS", ppPrinterOptions::WinProc);
+}
+
+void ShowPowerManagement(prtpage& page) {
+    page.DialogModal("DLG_POWERMANAGEMENT", ppPowerManagement::WinProc);
+}
+
+void ShowRFIDOptions(prtpage& page) {
+    page.DialogModal("*:FONTS/^RFID_OPTIONS", ppRFIDOptions::WinProc);
+}
+
 constexpr uint32_t kOffered = ACTION_OFFERED;
 constexpr uint32_t kAdministrative = ACTION_OFFERED | ACTION_ADMINISTRATIVE;
 constexpr uint32_t kDialog = ACTION_OFFERED | ACTION_OPENS_DIALOG;
@@ -117,11 +139,15 @@ constexpr ActionRow kActions[] = {
     {ACTION_SENSOR_PROFILE, TEXT_SENSOR_PROFILE, kAdministrative, IsNotPPLZ, Control, "JG"},
     {ACTION_LABEL_LENGTH, TEXT_LABEL_LENGTH, kOffered, nullptr, Control, "JL"},
     {ACTION_FACTORY_SETTINGS, TEXT_FACTORY_SETTINGS, kOffered, nullptr, Configured, "JUF"},
-    {ACTION_MEMORY, TEXT_MEMORY, kAdministrative | kDialog, CanInitializeMemory},
+    {ACTION_MEMORY, TEXT_MEMORY, kAdministrative | kDialog, CanInitializeMemory, nullptr, nullptr,
+     ShowMemory},
     {ACTION_INFORMATION, TEXT_INFORMATION, kDialog, CanAnswer},
-    {ACTION_PRINTER_OPTIONS, TEXT_PRINTER_OPTIONS, kDialog},
-    {ACTION_RFID_OPTIONS, TEXT_RFID_OPTIONS, kDialog, HasRFIDOptions},
-    {ACTION_POWER_MANAGEMENT, TEXT_POWER_MANAGEMENT, kAdministrative | kDialog, HasPowerOptions},
+    {ACTION_PRINTER_OPTIONS, TEXT_PRINTER_OPTIONS, kDialog, nullptr, nullptr, nullptr,
+     ShowPrinterOptions},
+    {ACTION_RFID_OPTIONS, TEXT_RFID_OPTIONS, kDialog, HasRFIDOptions, nullptr, nullptr,
+     ShowRFIDOptions},
+    {ACTION_POWER_MANAGEMENT, TEXT_POWER_MANAGEMENT, kAdministrative | kDialog, HasPowerOptions,
+     nullptr, nullptr, ShowPowerManagement},
 };
 
 } // namespace

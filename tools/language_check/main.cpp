@@ -1,4 +1,4 @@
-// Checks language libraries: usage: language_check HINTS ORIGINAL TRANSLATION ...
+// Checks language libraries: usage: language_check HINTS NUMBERS ORIGINAL TRANSLATION ...
 #include <cstdio>
 #include <exception>
 
@@ -12,15 +12,20 @@ constexpr size_t kLongestText = 511; // the module reads no more
 int Check(int count, char** arguments) {
     const auto hints = ReadHints(arguments[1]);
     std::vector<Library> libraries;
-    for (int i = 2; i < count; ++i) libraries.push_back(ReadLibrary(arguments[i]));
+    const auto numbers = ReadTextNumbers(arguments[2]);
+    for (int i = 3; i < count; ++i) libraries.push_back(ReadLibrary(arguments[i]));
 
     Faults faults;
-    for (const auto& [name, of_dialog] : hints)
+    for (const auto& [name, of_dialog] : hints.dialogs)
         if (!libraries[0].dialogs.contains(name)) faults.Add(Utf8(name), "hints for no dialog");
+    for (uint32_t number : numbers)
+        if (!libraries[0].texts.contains(number) && !hints.optional_texts.contains(number))
+            faults.Add(libraries[0].file + ": text " + std::to_string(number), "is missing");
     for (const Library& library : libraries) {
         for (const auto& [name, dialog] : library.dialogs) {
-            const auto of_dialog = hints.find(name);
-            CheckDialog(library, name, of_dialog == hints.end() ? DialogHints() : of_dialog->second,
+            const auto of_dialog = hints.dialogs.find(name);
+            CheckDialog(library, name,
+                        of_dialog == hints.dialogs.end() ? DialogHints() : of_dialog->second,
                         faults);
         }
         for (const auto& [number, text] : library.texts)
@@ -40,8 +45,8 @@ int Check(int count, char** arguments) {
 } // namespace
 
 int main(int count, char** arguments) {
-    if (count < 3) {
-        std::fprintf(stderr, "usage: %s HINTS ORIGINAL TRANSLATION ...\n", arguments[0]);
+    if (count < 4) {
+        std::fprintf(stderr, "usage: %s HINTS NUMBERS ORIGINAL TRANSLATION ...\n", arguments[0]);
         return 2;
     }
     try {
