@@ -3,11 +3,13 @@
 
 namespace win32host {
 
+void RegisterComboBox();
 void RegisterListBox();
 void RegisterMenuWindow();
 void RegisterTabControl();
 
 void RegisterControls() {
+    RegisterComboBox();
     RegisterListBox();
     RegisterMenuWindow();
     RegisterTabControl();
