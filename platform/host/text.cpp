@@ -97,13 +97,26 @@ std::u16string Utf16(std::string_view text) {
     return units;
 }
 
+// The letters of all languages.
+static locale_t LetterLocale() {
+    static const locale_t locale = newlocale(LC_CTYPE_MASK, "C.UTF-8", nullptr);
+    return locale;
+}
+
 char16_t UpperOf(char16_t unit) {
     if (unit < 0x80)
         return unit >= u'a' && unit <= u'z' ? static_cast<char16_t>(unit - 0x20) : unit;
-    static const locale_t locale = newlocale(LC_CTYPE_MASK, "C.UTF-8", nullptr);
-    if (!locale) return unit;
-    const wint_t upper = towupper_l(unit, locale);
+    if (!LetterLocale()) return unit;
+    const wint_t upper = towupper_l(unit, LetterLocale());
     return upper < 0x10000 ? static_cast<char16_t>(upper) : unit;
+}
+
+char16_t LowerOf(char16_t unit) {
+    if (unit < 0x80)
+        return unit >= u'A' && unit <= u'Z' ? static_cast<char16_t>(unit + 0x20) : unit;
+    if (!LetterLocale()) return unit;
+    const wint_t lower = towlower_l(unit, LetterLocale());
+    return lower < 0x10000 ? static_cast<char16_t>(lower) : unit;
 }
 
 bool SameName(std::u16string_view a, std::u16string_view b) {

@@ -20,6 +20,8 @@ std::u16string CopyOf(LPCWSTR text);
 // The upper case of one UTF-16 unit, as used to compare names: the same in every locale, and always
 // one unit.
 char16_t UpperOf(char16_t unit);
+// The lower case, in the same way.
+char16_t LowerOf(char16_t unit);
 
 bool SameName(std::u16string_view a, std::u16string_view b);
 

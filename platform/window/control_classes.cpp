@@ -4,15 +4,27 @@
 namespace win32host {
 
 void RegisterComboBox();
+void RegisterButton();
+void RegisterEdit();
 void RegisterListBox();
 void RegisterMenuWindow();
+void RegisterProgressBar();
+void RegisterStatic();
 void RegisterTabControl();
+void RegisterTrackBar();
+void RegisterUpDown();
 
 void RegisterControls() {
     RegisterComboBox();
+    RegisterButton();
+    RegisterEdit();
     RegisterListBox();
     RegisterMenuWindow();
+    RegisterProgressBar();
+    RegisterStatic();
     RegisterTabControl();
+    RegisterTrackBar();
+    RegisterUpDown();
 }
 
 } // namespace win32host

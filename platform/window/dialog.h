@@ -41,7 +41,8 @@ HWND MakeDialog(HINSTANCE module, const DialogTemplate& dialog_template, HWND ow
 // Runs a modal dialog until it has ended, and destroys it.
 INT_PTR RunModal(HWND dialog, HWND owner);
 
-// Sets the focus as the keyboard does: text of edit fields is selected.
+// Sets the focus as the keyboard does: text of edit fields is selected, and a push button becomes
+// the default one.
 void FocusControl(HWND control);
 
 // The control that Enter presses: the button with the focus, else the default one. 0 for none.
@@ -51,6 +52,6 @@ UINT DefaultButtonOf(HWND dialog);
 HWND FirstTabItem(HWND dialog);
 
 // Draws another button as the default one (null: none).
-void ShowDefaultButton(HWND dialog, HWND from, HWND to);
+void ShowDefaultButton(HWND from, HWND to);
 
 } // namespace win32host

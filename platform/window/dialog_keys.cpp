@@ -9,6 +9,10 @@ LRESULT CodeOf(HWND control, WPARAM key, const MSG* message) {
     return SendMessageW(control, WM_GETDLGCODE, key, reinterpret_cast<LPARAM>(message));
 }
 
+bool IsPushButton(HWND control) {
+    return (CodeOf(control, 0, nullptr) & (DLGC_DEFPUSHBUTTON | DLGC_UNDEFPUSHBUTTON)) != 0;
+}
+
 // The letter after the first single "&" of a control's text; 0 for none.
 char16_t AccessKeyOf(HWND control) {
     WCHAR text[256];
@@ -73,10 +77,24 @@ bool PressByAccessKey(HWND dialog, HWND from, char16_t key) {
     return false;
 }
 
+// The default button is the one with the focus, if that is a push button.
+void MoveDefaultButton(HWND focus) {
+    const HWND root = GetAncestor(focus, GA_ROOT);
+    const UINT id = DefaultButtonOf(root);
+    const HWND usual = id ? GetDlgItem(root, static_cast<int>(id)) : nullptr;
+    const HWND next = IsPushButton(focus) ? focus : usual;
+    std::vector<HWND> controls;
+    CollectUsable(root, controls);
+    for (HWND control : controls)
+        if (control != next && CodeOf(control, 0, nullptr) & DLGC_DEFPUSHBUTTON)
+            ShowDefaultButton(control, nullptr);
+    ShowDefaultButton(nullptr, next);
+}
+
 void PressEnter(HWND dialog) {
     const UINT id = DefaultButtonOf(dialog);
     const HWND focus = GetFocus();
-    if (focus && IsChild(dialog, focus) && CodeOf(focus, 0, nullptr) & DLGC_DEFPUSHBUTTON) {
+    if (focus && IsChild(dialog, focus) && IsPushButton(focus)) {
         // The button may lie in a dialog inside this one, which is then told.
         SendMessageW(GetParent(focus), WM_COMMAND,
                      static_cast<WPARAM>(MAKELONG(GetDlgCtrlID(focus), 0)),
@@ -125,12 +143,19 @@ bool OnKey(HWND dialog, const MSG& message) {
 
 } // namespace
 
+void FocusControl(HWND control) {
+    constexpr UINT kSelect = 0x00B1; // EM_SETSEL
+    if (CodeOf(control, 0, nullptr) & DLGC_HASSETSEL) SendMessageW(control, kSelect, 0, -1);
+    SetFocus(control);
+    if (IsWindow(control) && GetFocus() == control) MoveDefaultButton(control);
+}
+
 UINT DefaultButtonOf(HWND dialog) {
     const LRESULT answer = SendMessageW(dialog, DM_GETDEFID, 0, 0);
     return HIWORD(answer) == DC_HASDEFID ? LOWORD(answer) : 0;
 }
 
-void ShowDefaultButton(HWND, HWND from, HWND to) {
+void ShowDefaultButton(HWND from, HWND to) {
     constexpr UINT kSetStyle = 0x00F4; // BM_SETSTYLE
     constexpr WPARAM kPush = 0;        // BS_PUSHBUTTON
     constexpr WPARAM kDefault = 1;     // BS_DEFPUSHBUTTON

@@ -38,9 +38,6 @@ public:
 
     void PrinterAction(prtpage* page, printer_action action) override;
 
-    // The pages of all printers, then those of ZPL II printers.
-    int32_t AddPages(uint32_t groups) override;
-
     // ---- The work of the dialogs, and of programs in their place, for a model that exists.
 
     // Runs in a job named after the work. `memory` is the letter of the memory. Except for PRINT,

@@ -65,8 +65,8 @@ WIN32HOST_BEGIN_C
 // A button's BST_ state by its identifier in a dialog; 0 if there is no such control.
 UINT WINAPI IsDlgButtonChecked(HWND dialog, int id);
 BOOL WINAPI CheckDlgButton(HWND dialog, int id, UINT check);
-// Checks one radio button and takes the check from the others with identifiers from `first` to
-// `last`. Other controls in this range are left alone.
+// Checks one radio button and takes the check from all other buttons with identifiers from `first`
+// to `last`.
 BOOL WINAPI CheckRadioButton(HWND dialog, int first, int last, int check);
 
 WIN32HOST_END_C

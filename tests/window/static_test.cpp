@@ -1,0 +1,85 @@
+// Static controls: texts and pictures.
+#include "parent_window.h"
+
+#include <gtest/gtest.h>
+
+namespace {
+
+TEST(Statics, TellOfClicksIfTheyAreAskedTo) {
+    ParentWindow parent({{STN_CLICKED, "clicked"},
+                         {STN_DBLCLK, "double"},
+                         {STN_ENABLE, "enabled"},
+                         {STN_DISABLE, "disabled"}});
+    const HWND silent = parent.Make(TEXT("Static"), TEXT("&a text"), SS_LEFT);
+    act::Click(5, 5)(silent);
+    EnableWindow(silent, FALSE);
+    EXPECT_EQ(parent.Take(), "");
+    EXPECT_EQ(SendMessageW(silent, WM_NCHITTEST, 0, 0), HTTRANSPARENT);
+    EXPECT_EQ(SendMessageW(silent, WM_GETDLGCODE, 0, 0), DLGC_STATIC);
+
+    const HWND speaking = parent.Make(TEXT("Static"), TEXT("&a text"), SS_LEFT | SS_NOTIFY, 2);
+    act::Click(5, 5)(speaking);
+    act::Send(WM_LBUTTONDBLCLK, 0, MAKELONG(5, 5))(speaking);
+    EnableWindow(speaking, FALSE);
+    EnableWindow(speaking, TRUE);
+    EXPECT_EQ(parent.Take(), "clicked2 double2 disabled2 enabled2");
+    EXPECT_EQ(SendMessageW(speaking, WM_NCHITTEST, 0, 0), HTCLIENT);
+    EXPECT_EQ(TextOf(speaking), TEXT("&a text"));
+}
+
+TEST(Statics, ShowPicturesInTheirSize) {
+    const struct {
+        DWORD style;
+        LONG width;
+    } cases[] = {{SS_BITMAP, 40},
+                 {SS_BITMAP | SS_REALSIZECONTROL, 100},
+                 {SS_BITMAP | SS_CENTERIMAGE, 100},
+                 {SS_LEFT, 100}};
+    for (const auto& c : cases) {
+        SCOPED_TRACE(c.style);
+        ParentWindow parent({});
+        const HWND picture = parent.Make(TEXT("Static"), nullptr, c.style);
+        const HBITMAP bitmap = CreateBitmap(40, 20, 1, 1, nullptr);
+        const auto set = [&](HBITMAP to) {
+            return SendMessageW(picture, STM_SETIMAGE, IMAGE_BITMAP, reinterpret_cast<LPARAM>(to));
+        };
+        const LRESULT kept = c.style == SS_LEFT ? 0 : reinterpret_cast<LRESULT>(bitmap);
+        EXPECT_EQ(set(bitmap), 0);
+        EXPECT_EQ(SendMessageW(picture, STM_GETIMAGE, IMAGE_BITMAP, 0), kept);
+        RECT rect;
+        GetWindowRect(picture, &rect);
+        EXPECT_EQ(rect.right - rect.left, c.width);
+        EXPECT_EQ(set(nullptr), kept);
+        EXPECT_EQ(SendMessageW(picture, STM_GETIMAGE, IMAGE_BITMAP, 0), 0);
+        DeleteObject(bitmap);
+    }
+}
+
+TEST(Statics, AskTheirParentForColoursOrForTheirPicture) {
+    ParentWindow parent({});
+    parent.handler = [&](UINT message, WPARAM first, LPARAM second, LRESULT&) {
+        if (message == WM_CTLCOLORSTATIC) parent.Note("colours");
+        if (message == WM_DRAWITEM) {
+            const auto* item = reinterpret_cast<const DRAWITEMSTRUCT*>(second);
+            EXPECT_EQ(item->CtlType, static_cast<UINT>(ODT_STATIC));
+            parent.Note("draw" + std::to_string(first) + ":" + std::to_string(item->itemState));
+        }
+        return false;
+    };
+    const struct {
+        DWORD style;
+        const char* asks;
+    } cases[] = {{SS_LEFT, "colours"},      {SS_LEFTNOWORDWRAP | SS_NOPREFIX, "colours"},
+                 {SS_BLACKRECT, "colours"}, {SS_ETCHEDHORZ, "colours"},
+                 {SS_BITMAP, "colours"},    {SS_OWNERDRAW, "colours draw1:0"}};
+    for (const auto& c : cases) {
+        const HWND text = parent.Make(TEXT("Static"), TEXT("text"), c.style);
+        parent.Take();
+        InvalidateRect(text, nullptr, TRUE);
+        UpdateWindow(text);
+        EXPECT_EQ(parent.Take(), c.asks) << c.style;
+        DestroyWindow(text);
+    }
+}
+
+} // namespace
