@@ -1,4 +1,6 @@
 // The pages of document settings in a sheet: page setup and label material.
+#include <windows.h>
+
 #include <compstui.h>
 
 #include <string>
@@ -253,12 +255,12 @@ TEST_F(DocumentPages, EditACopyOfThePresets) {
     EXPECT_EQ(Shown(dialog, kName), "Labels 2");
     click(kDelete);
     EXPECT_TRUE(count() == 3 && !enabled(kDelete));
-    EXPECT_EQ(ui->presets.Find("Labels"), nullptr);
+    EXPECT_EQ(ui->presets.NameList::Find("Labels"), nullptr);
     SendMessageW(dialog, WM_COMMAND, MAKEWPARAM(IDOK, BN_CLICKED), 0);
-    EXPECT_NE(ui->presets.Find("Labels"), nullptr);
+    EXPECT_NE(ui->presets.NameList::Find("Labels"), nullptr);
     DestroyWindow(dialog);
     SendMessageW(sheet->window(), PSM_QUERYSIBLINGS, prtpage::REFRESH_ALL, 0);
     EXPECT_NE(Items(PRESETS).find("(Labels)"), std::string::npos);
     EXPECT_TRUE(sheet->Apply());
-    EXPECT_NE(OpenUI()->presets.Find("Labels"), nullptr);
+    EXPECT_NE(OpenUI()->presets.NameList::Find("Labels"), nullptr);
 }
