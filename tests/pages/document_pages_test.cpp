@@ -54,7 +54,7 @@ protected:
                           "Stock.Maximum.X=104 mm\nStock.Maximum.Y=500 mm\n"
                           "Stock.Default.X=100 mm\nStock.Default.Y=150 mm\n"
                           "Stock.Printable.X=104 mm\nStock.Tracking=Center\n",
-                 .drawing = "Mirror=1\n",
+                 .drawing = "Transform.Mirror=1\n",
                  .method = "Copies.Limit=500\n",
                  .custom_data = CustomDataLines(data)});
         InstallLanguage();
