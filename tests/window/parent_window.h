@@ -4,7 +4,6 @@
 
 #include "recorder.h"
 
-#include <algorithm>
 #include <map>
 
 using Text = std::basic_string<WCHAR>;
@@ -106,7 +105,8 @@ inline void Perform(HWND control, const std::string& acts,
             const auto key = static_cast<WPARAM>(keys.at(name));
             SendMessageW(control, WM_KEYDOWN, key, 1);
             if (!hold) SendMessageW(control, WM_KEYUP, key, static_cast<LPARAM>(0xC0000001));
-            SetKeyboardState(std::fill_n(held, 256, BYTE{0}) - 256);
+            held[VK_SHIFT] = held[VK_CONTROL] = 0;
+            SetKeyboardState(held);
         }
     }
 }
