@@ -6,6 +6,9 @@
 
 #include <algorithm>
 #include <cstring>
+#include <map>
+#include <mutex>
+#include <tuple>
 
 namespace win32host {
 namespace {
@@ -164,9 +167,20 @@ SIZE BaseUnitsOf(HFONT font) {
 
 SIZE BaseUnitsOf(const DialogTemplate& from) {
     if (!from.has_font) return BaseUnitsOf(nullptr);
+    // Opening a font takes longer than making a dialog, and dialogs have few different ones.
+    using Font = std::tuple<std::u16string, int, int, bool, int>;
+    static std::mutex* lock = new std::mutex;
+    static auto* known = new std::map<Font, SIZE>;
+    const HDC screen = GetDC(nullptr);
+    const Font wanted = {from.face, from.points, from.weight, from.italic,
+                         GetDeviceCaps(screen, LOGPIXELSY)};
+    ReleaseDC(nullptr, screen);
+    std::lock_guard guard(*lock);
+    if (const auto found = known->find(wanted); found != known->end()) return found->second;
     const HFONT font = MakeFont(from);
     const SIZE units = BaseUnitsOf(font);
     if (font) DeleteObject(font);
+    known->emplace(wanted, units);
     return units;
 }
 
@@ -175,7 +189,7 @@ HWND MakeDialog(HINSTANCE module, const DialogTemplate& from, HWND owner, DLGPRO
     auto state = std::make_shared<DialogState>();
     state->modal = modal;
     if (from.has_font) state->font = MakeFont(from);
-    const SIZE base = BaseUnitsOf(state->font);
+    const SIZE base = BaseUnitsOf(from);
     state->base_x = base.cx;
     state->base_y = base.cy;
 

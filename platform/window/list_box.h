@@ -17,7 +17,6 @@ protected:
     // The window that is notified and draws: the parent, or the combo box that the list belongs to.
     virtual HWND Owner() const { return Parent(); }
     virtual LRESULT HandleMouse(UINT message, LPARAM point);
-    virtual void PaintBorder(HDC) {}
 
     bool IsMultiple() const { return Style() & (LBS_MULTIPLESEL | LBS_EXTENDEDSEL); }
     bool IsOwnerDrawn() const { return Style() & (LBS_OWNERDRAWFIXED | LBS_OWNERDRAWVARIABLE); }
@@ -26,7 +25,6 @@ protected:
     int ItemAt(POINT point) const;
     void SelectOnly(int at);
     void Notify(int code) const;
-    const ListItems& Items() const { return items_; }
     int Current() const { return current_; }
 
 private:

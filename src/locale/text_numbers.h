@@ -157,6 +157,12 @@ enum TextNumber : int {
     // ---- What the printer does about an RFID label that cannot be written, numbers 1 to 3.
     TEXT_FIRST_RFID_FAILURE = 3000,
 
+    // ---- Saving a report: the dialog, and kinds of files.
+    TEXT_SAVE_REPORT = 2312,
+    TEXT_PLAIN_TEXT = 2333,
+    TEXT_RICH_TEXT = 2334,
+    TEXT_WEB_PAGE = 2335,
+
     // ---- The built-in presets.
     TEXT_CURRENT_SETTINGS = 4102,
     TEXT_DEFAULT_SETTINGS = 4103,

@@ -1,4 +1,6 @@
 // ppPageSetup: what the page shows.
+#include <windows.h>
+
 #include <commctrl.h>
 
 #include "locale/text_numbers.h"

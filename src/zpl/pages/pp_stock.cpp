@@ -1,5 +1,7 @@
 #include "zpl/pages/pp_stock.h"
 
+#include <windows.h>
+
 #include <commctrl.h>
 
 #include "locale/text_numbers.h"
