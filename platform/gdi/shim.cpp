@@ -47,3 +47,14 @@ BOOL WINAPI StretchBlt(HDC, int, int, int, int, HDC, int, int, int, int, DWORD) 
 HBITMAP WINAPI LoadBitmapW(HINSTANCE, LPCWSTR) { return nullptr; }
 int WINAPI GetObjectW(HGDIOBJ, int, LPVOID) { return 0; }
 }
+extern "C" {
+HBRUSH WINAPI CreateSolidBrush(COLORREF) { return nullptr; }
+HGDIOBJ WINAPI GetStockObject(int) { return nullptr; }
+int WINAPI IntersectClipRect(HDC, int, int, int, int) { return 1; }
+int WINAPI SaveDC(HDC) { return 1; }
+BOOL WINAPI RestoreDC(HDC, int) { return TRUE; }
+}
+namespace win32host::look {
+COLORREF FieldColor(State) { return 0; }
+void DrawSelection(HDC, const RECT&, State) {}
+}

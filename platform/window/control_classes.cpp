@@ -9,6 +9,7 @@ void RegisterListBox();
 void RegisterMenuWindow();
 void RegisterProgressBar();
 void RegisterStatic();
+void RegisterRichEdit();
 void RegisterTabControl();
 void RegisterTrackBar();
 void RegisterUpDown();
@@ -20,6 +21,7 @@ void RegisterControls() {
     RegisterMenuWindow();
     RegisterProgressBar();
     RegisterStatic();
+    RegisterRichEdit();
     RegisterTabControl();
     RegisterTrackBar();
     RegisterUpDown();
