@@ -1,7 +1,7 @@
 // Combo boxes (ComboBox) and their lists (ComboLBox).
 //
-// A combo box is put together of a list box (identifier 1000) and, but for CBS_DROPDOWNLIST, an edit
-// field (1001). A list that drops down is a window at the top, hidden while it is closed.
+// A combo box is put together of a list box (identifier 1000) and, but for CBS_DROPDOWNLIST, an
+// edit field (1001). A list that drops down is a window at the top, hidden while it is closed.
 #pragma once
 
 #include "window/control.h"

@@ -93,8 +93,8 @@ void ComboBox::RollUp(bool ok) {
 void ComboBox::MatchList(bool select) {
     const std::u16string text = TextOfEdit(edit_);
     if (text.empty()) return;
-    const LRESULT at = FromList(LB_FINDSTRING, static_cast<WPARAM>(-1),
-                                reinterpret_cast<LPARAM>(text.c_str()));
+    const LRESULT at =
+        FromList(LB_FINDSTRING, static_cast<WPARAM>(-1), reinterpret_cast<LPARAM>(text.c_str()));
     if (at == LB_ERR) return;
     FromList(LB_SETTOPINDEX, static_cast<WPARAM>(at), 0);
     FromList(select ? LB_SETCURSEL : LB_SETCARETINDEX, static_cast<WPARAM>(at), 0);
@@ -140,8 +140,9 @@ bool ComboBox::TakesKey(UINT message, WPARAM key) {
     }
     if (message != WM_KEYDOWN) return false;
     if (key == VK_RETURN || key == VK_ESCAPE) {
-        if (dropped_) RollUp(key == VK_RETURN);
-        return !HasEdit() || dropped_;
+        const bool was_dropped = dropped_;
+        if (was_dropped) RollUp(key == VK_RETURN);
+        return was_dropped;
     }
     if (!moves && key != VK_PRIOR && key != VK_NEXT) return false;
     FromList(WM_KEYDOWN, key, 1);
@@ -186,8 +187,7 @@ LRESULT ComboBox::ForwardOwnerDraw(UINT message, LPARAM item) const {
 
 LRESULT ComboList::Handle(UINT message, WPARAM first, LPARAM second) {
     if (message == WM_NCCREATE)
-        combo_ = static_cast<HWND>(
-            reinterpret_cast<const CREATESTRUCTW*>(second)->lpCreateParams);
+        combo_ = static_cast<HWND>(reinterpret_cast<const CREATESTRUCTW*>(second)->lpCreateParams);
     if (message == WM_MOUSEACTIVATE) return MA_NOACTIVATE;
     return ListBox::Handle(message, first, second);
 }

@@ -9,7 +9,7 @@ namespace {
 
 constexpr int kListId = 1000;
 constexpr int kEditId = 1001;
-constexpr int kFieldEdge = 3;   // around the text
+constexpr int kFieldEdge = 3; // around the text
 constexpr int kButtonWidth = 17;
 constexpr int kDefaultRows = 30; // of a list that was given no height
 
@@ -65,9 +65,9 @@ bool ComboBox::Create(const CREATESTRUCTW& create) {
     if (HasEdit() && !CreateEdit()) return false;
     if (!CreateList()) return false;
     if (wanted & (WS_VSCROLL | WS_HSCROLL))
-        SetWindowLongPtrW(Self(), GWL_STYLE,
-                          static_cast<LONG_PTR>(wanted & ~static_cast<DWORD>(WS_VSCROLL |
-                                                                             WS_HSCROLL)));
+        SetWindowLongPtrW(
+            Self(), GWL_STYLE,
+            static_cast<LONG_PTR>(wanted & ~static_cast<DWORD>(WS_VSCROLL | WS_HSCROLL)));
     made_ = true;
     const int height = IsSimple() ? create.cy : ClosedHeight();
     SetWindowPos(Self(), nullptr, 0, 0, create.cx, height,
@@ -84,12 +84,12 @@ bool ComboBox::CreateEdit() {
     if (Style() & CBS_UPPERCASE) style |= ES_UPPERCASE;
     if (Style() & CBS_LOWERCASE) style |= ES_LOWERCASE;
     if (Style() & WS_DISABLED) style |= WS_DISABLED;
-    edit_ = CreateWindowExW(0, TEXT("Edit"), nullptr, style, 0, 0, 0, 0, Self(),
-                            reinterpret_cast<HMENU>(static_cast<INT_PTR>(kEditId)), nullptr,
-                            nullptr);
+    edit_ =
+        CreateWindowExW(0, TEXT("Edit"), nullptr, style, 0, 0, 0, 0, Self(),
+                        reinterpret_cast<HMENU>(static_cast<INT_PTR>(kEditId)), nullptr, nullptr);
     if (!edit_) return false;
-    edit_procedure_ = reinterpret_cast<WNDPROC>(SetWindowLongPtrW(
-        edit_, GWLP_WNDPROC, reinterpret_cast<LONG_PTR>(&ComboEditProcedure)));
+    edit_procedure_ = reinterpret_cast<WNDPROC>(
+        SetWindowLongPtrW(edit_, GWLP_WNDPROC, reinterpret_cast<LONG_PTR>(&ComboEditProcedure)));
     return true;
 }
 

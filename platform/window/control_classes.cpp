@@ -3,6 +3,7 @@
 
 namespace win32host {
 
+void RegisterComboBox();
 void RegisterButton();
 void RegisterEdit();
 void RegisterListBox();
@@ -15,6 +16,7 @@ void RegisterTrackBar();
 void RegisterUpDown();
 
 void RegisterControls() {
+    RegisterComboBox();
     RegisterButton();
     RegisterEdit();
     RegisterListBox();

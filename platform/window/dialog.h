@@ -55,6 +55,12 @@ UINT DefaultButtonOf(HWND dialog);
 HWND FirstTabItem(HWND dialog);
 
 // Draws another button as the default one (null: none).
-void ShowDefaultButton(HWND dialog, HWND from, HWND to);
+void ShowDefaultButton(HWND from, HWND to);
+
+// FocusControl in a dialog, whose default button is drawn as that only while no other push button
+// has the focus.
+void FocusInDialog(HWND dialog, HWND control);
+// The same for a focus that has moved already; `before` is where it was.
+void FollowFocus(HWND dialog, HWND before);
 
 } // namespace win32host

@@ -114,7 +114,7 @@ void Initialise(HWND dialog, LPARAM parameter) {
     if (!window || !sets_focus || state->ended || window->style & DS_CONTROL) return;
     const HWND control = first && IsWindow(first) ? FirstTabItem(dialog) : nullptr;
     if (control)
-        FocusControl(control);
+        FocusInDialog(dialog, control);
     else if (!window->IsChildWindow())
         SetFocus(dialog);
 }

@@ -54,7 +54,7 @@ HWND FirstTabItem(HWND dialog) {
 
 void FocusControl(HWND control) {
     if (SendMessageW(control, WM_GETDLGCODE, 0, 0) & DLGC_HASSETSEL)
-        SendMessageW(control, 0x00B1 /* EM_SETSEL */, 0, -1);
+        SendMessageW(control, EM_SETSEL, 0, -1);
     SetFocus(control);
 }
 

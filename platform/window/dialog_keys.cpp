@@ -25,8 +25,7 @@ char16_t AccessKeyOf(HWND control) {
 bool HasAccessKeys(HWND control) {
     const LRESULT code = CodeOf(control, 0, nullptr);
     if (code & (DLGC_WANTCHARS | DLGC_HASSETSEL)) return false;
-    constexpr LONG_PTR kNoPrefix = 0x80; // SS_NOPREFIX
-    return !(code & DLGC_STATIC) || !(GetWindowLongPtrW(control, GWL_STYLE) & kNoPrefix) ||
+    return !(code & DLGC_STATIC) || !(GetWindowLongPtrW(control, GWL_STYLE) & SS_NOPREFIX) ||
            code & DLGC_BUTTON;
 }
 
@@ -44,16 +43,15 @@ void CollectUsable(HWND outer, std::vector<HWND>& controls) {
 
 void Press(HWND dialog, HWND control) {
     const LRESULT code = CodeOf(control, 0, nullptr);
-    constexpr UINT kClick = 0x00F5; // BM_CLICK
     if (code & DLGC_BUTTON || code & (DLGC_DEFPUSHBUTTON | DLGC_UNDEFPUSHBUTTON)) {
-        FocusControl(control);
-        if (IsWindow(control)) SendMessageW(control, kClick, 0, 0);
+        FocusInDialog(dialog, control);
+        if (IsWindow(control)) SendMessageW(control, BM_CLICK, 0, 0);
     } else if (code & DLGC_STATIC) {
         // A label stands for the control after it.
         const HWND next = GetNextDlgTabItem(dialog, control, FALSE);
-        if (next) FocusControl(next);
+        if (next) FocusInDialog(dialog, next);
     } else {
-        FocusControl(control);
+        FocusInDialog(dialog, control);
     }
 }
 
@@ -108,7 +106,12 @@ bool OnKey(HWND dialog, const MSG& message) {
         const HWND focus = GetFocus();
         if (!focus || !IsChild(dialog, focus)) return true;
         const HWND next = GetNextDlgGroupItem(dialog, focus, back);
-        if (next && next != focus) FocusControl(next);
+        if (!next || next == focus) return true;
+        FocusInDialog(dialog, next);
+        // Radio buttons that change by themselves are chosen by going to them.
+        if (CodeOf(next, 0, nullptr) & DLGC_RADIOBUTTON &&
+            (GetWindowLongPtrW(next, GWL_STYLE) & BS_TYPEMASK) == BS_AUTORADIOBUTTON)
+            SendMessageW(next, BM_CLICK, 0, 0);
         return true;
     }
     case VK_ESCAPE:
@@ -130,14 +133,28 @@ UINT DefaultButtonOf(HWND dialog) {
     return HIWORD(answer) == DC_HASDEFID ? LOWORD(answer) : 0;
 }
 
-void ShowDefaultButton(HWND, HWND from, HWND to) {
-    constexpr UINT kSetStyle = 0x00F4; // BM_SETSTYLE
-    constexpr WPARAM kPush = 0;        // BS_PUSHBUTTON
-    constexpr WPARAM kDefault = 1;     // BS_DEFPUSHBUTTON
+void ShowDefaultButton(HWND from, HWND to) {
     if (from && from != to && CodeOf(from, 0, nullptr) & DLGC_DEFPUSHBUTTON)
-        SendMessageW(from, kSetStyle, kPush, TRUE);
+        SendMessageW(from, BM_SETSTYLE, BS_PUSHBUTTON, TRUE);
     if (to && CodeOf(to, 0, nullptr) & DLGC_UNDEFPUSHBUTTON)
-        SendMessageW(to, kSetStyle, kDefault, TRUE);
+        SendMessageW(to, BM_SETSTYLE, BS_DEFPUSHBUTTON, TRUE);
+}
+
+void FollowFocus(HWND dialog, HWND before) {
+    const HWND focus = GetFocus();
+    if (!focus || focus == before || !IsChild(dialog, focus)) return;
+    const UINT id = DefaultButtonOf(dialog);
+    const HWND usual = id ? GetDlgItem(dialog, static_cast<int>(id)) : nullptr;
+    const bool push = CodeOf(focus, 0, nullptr) & (DLGC_DEFPUSHBUTTON | DLGC_UNDEFPUSHBUTTON);
+    const HWND now = push ? focus : usual;
+    if (before && IsChild(dialog, before)) ShowDefaultButton(before, now);
+    ShowDefaultButton(usual, now);
+}
+
+void FocusInDialog(HWND dialog, HWND control) {
+    const HWND before = GetFocus();
+    FocusControl(control);
+    FollowFocus(dialog, before);
 }
 
 } // namespace win32host
@@ -165,7 +182,9 @@ extern "C" BOOL WINAPI IsDialogMessageW(HWND dialog, LPMSG message) {
     default:
         break;
     }
+    const HWND before = GetFocus();
     TranslateMessage(message);
     DispatchMessageW(message);
+    if (message->message == WM_LBUTTONDOWN && IsWindow(dialog)) FollowFocus(dialog, before);
     return TRUE;
 }

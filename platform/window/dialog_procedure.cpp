@@ -44,7 +44,7 @@ void SetDefaultId(HWND dialog, DialogState& state, UINT id) {
     const HWND before =
         state.default_id ? GetDlgItem(dialog, static_cast<int>(state.default_id)) : nullptr;
     state.default_id = id;
-    ShowDefaultButton(dialog, before, id ? GetDlgItem(dialog, static_cast<int>(id)) : nullptr);
+    ShowDefaultButton(before, id ? GetDlgItem(dialog, static_cast<int>(id)) : nullptr);
 }
 
 // To the next control, the previous one, or `first` if `is_control`.
@@ -56,7 +56,7 @@ void MoveToControl(HWND dialog, WPARAM first, bool is_control) {
                    ? GetNextDlgTabItem(dialog, before == dialog ? nullptr : before, first != 0)
                    : FirstTabItem(dialog);
     }
-    if (next) FocusControl(next);
+    if (next) FocusInDialog(dialog, next);
 }
 
 LRESULT ByDefault(HWND dialog, UINT message, WPARAM first, LPARAM second) {

@@ -154,10 +154,17 @@ TEST(Buttons, OfARadioGroupAreCheckedOneAtATime) {
     EXPECT_EQ(parent.Take(), "");
     EXPECT_TRUE(CheckDlgButton(parent.Window(), 4, BST_CHECKED));
     EXPECT_EQ(IsDlgButtonChecked(parent.Window(), 4), static_cast<UINT>(BST_CHECKED));
-    // The focus checks a radio button that a person goes to by the keyboard.
-    SetFocus(buttons[2]);
-    EXPECT_EQ(parent.Take(), "");
     EXPECT_EQ(states(), "001t101t");
+    // Going to a radio button by an arrow key chooses it.
+    SetFocus(buttons[1]);
+    EXPECT_EQ(states(), "001t101t");
+    MSG key = {};
+    key.hwnd = buttons[1];
+    key.message = WM_KEYDOWN;
+    key.wParam = VK_UP;
+    EXPECT_TRUE(IsDialogMessageW(parent.Window(), &key));
+    EXPECT_EQ(parent.Take(), "clicked");
+    EXPECT_EQ(states(), "1t00101t");
 }
 
 TEST(Buttons, KeepWhatProgramsSet) {

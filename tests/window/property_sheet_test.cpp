@@ -16,12 +16,12 @@ namespace {
 
 constexpr int kApply = 0x3021;
 
-using Act = std::pair<UINT, WPARAM>;
+using PostedMessage = std::pair<UINT, WPARAM>;
 
-Act Press(WPARAM button) {
+PostedMessage Press(WPARAM button) {
     return {PSM_PRESSBUTTON, button};
 }
-Act Turn(WPARAM page) {
+PostedMessage Turn(WPARAM page) {
     return {PSM_SETCURSEL, page};
 }
 
@@ -29,7 +29,7 @@ class PropertySheets : public testing::Test {
 protected:
     // Opens a sheet of these pages; a modal one after posting it the acts.
     INT_PTR Open(const std::string& letters, DWORD flags = 0, UINT start = 0,
-                 std::vector<Act> acts = {}, DWORD page_flags = 0) {
+                 std::vector<PostedMessage> acts = {}, DWORD page_flags = 0) {
         std::vector<HPROPSHEETPAGE> handles;
         for (char letter : letters) handles.push_back(pages_.Page(letter, page_flags));
         (void)pages_.Take();
@@ -41,7 +41,8 @@ protected:
         header.nStartPage = start;
         header.phpage = handles.data();
         header.pfnCallback = [](HWND sheet, UINT message, LPARAM) {
-            for (const Act& act : message == PSCB_INITIALIZED ? posted : std::vector<Act>())
+            for (const PostedMessage& act :
+                 message == PSCB_INITIALIZED ? posted : std::vector<PostedMessage>())
                 PostMessageW(sheet, act.first, act.second, 0);
             return 0;
         };
@@ -69,7 +70,7 @@ protected:
         if (sheet_) DestroyWindow(sheet_);
     }
 
-    static inline std::vector<Act> posted;
+    static inline std::vector<PostedMessage> posted;
     NotingPages pages_;
     HWND sheet_ = nullptr;
 };
@@ -82,7 +83,7 @@ constexpr char kGoneAtB[] = "A.destroy A.released B.hide B.destroy B.released";
 TEST_F(PropertySheets, TellPagesWhatHappensInTheOrderOfTheSystem) {
     const struct {
         const char* name;
-        std::vector<Act> acts;
+        std::vector<PostedMessage> acts;
         std::map<std::pair<char, UINT>, LONG_PTR> answers;
         std::string told; // after the first page
         INT_PTR result;
