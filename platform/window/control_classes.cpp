@@ -10,6 +10,7 @@ void RegisterListBox();
 void RegisterMenuWindow();
 void RegisterProgressBar();
 void RegisterStatic();
+void RegisterRichEdit();
 void RegisterTabControl();
 void RegisterTrackBar();
 void RegisterUpDown();
@@ -22,6 +23,7 @@ void RegisterControls() {
     RegisterMenuWindow();
     RegisterProgressBar();
     RegisterStatic();
+    RegisterRichEdit();
     RegisterTabControl();
     RegisterTrackBar();
     RegisterUpDown();

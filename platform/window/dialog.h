@@ -41,6 +41,10 @@ HWND MakeDialog(HINSTANCE module, const DialogTemplate& dialog_template, HWND ow
 // Runs a modal dialog until it has ended, and destroys it.
 INT_PTR RunModal(HWND dialog, HWND owner);
 
+// Both, with the owner's window disabled meanwhile; -1 if the dialog cannot be made.
+INT_PTR ShowModal(HINSTANCE module, const DialogTemplate& dialog_template, HWND owner,
+                  DLGPROC procedure, LPARAM parameter);
+
 // Sets the focus as the keyboard does: text of edit fields is selected.
 void FocusControl(HWND control);
 
