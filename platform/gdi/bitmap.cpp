@@ -1,48 +1,137 @@
 #include "gdi/bitmap.h"
 
 #include <algorithm>
+#include <bit>
 #include <cstdint>
+#include <cstring>
 #include <iterator>
+#include <utility>
 
 namespace win32host {
 namespace {
 
 constexpr int64_t kLargest = int64_t{256} << 20; // bytes
 
+// The part of a pixel that a mask selects, stretched to 8 bits.
+uint32_t Extracted(uint32_t value, uint32_t mask) {
+    if (!mask) return 0;
+    const int shift = std::countr_zero(mask);
+    const uint64_t largest = mask >> shift;
+    return static_cast<uint32_t>(((value & mask) >> shift) * uint64_t{255} / largest);
+}
+
+uint32_t Inserted(uint32_t part, uint32_t mask) {
+    if (!mask) return 0;
+    const int shift = std::countr_zero(mask);
+    const uint64_t largest = mask >> shift;
+    return static_cast<uint32_t>((part * largest + 127) / 255 << shift) & mask;
+}
+
 } // namespace
 
-size_t Bitmap::Stride(int width, int bits_per_pixel) {
-    return (static_cast<size_t>(width) * static_cast<size_t>(bits_per_pixel) + 15) / 16 * 2;
+int Distance(COLORREF a, COLORREF b) {
+    const int red = GetRValue(a) - GetRValue(b);
+    const int green = GetGValue(a) - GetGValue(b);
+    const int blue = GetBValue(a) - GetBValue(b);
+    return red * red + green * green + blue * blue;
+}
+
+COLORREF StandardColor(int index) {
+    if (index == 7) return RGB(192, 192, 192);
+    if (index == 8) return RGB(128, 128, 128);
+    const int strength = index > 8 ? 255 : 128;
+    return RGB(index & 1 ? strength : 0, index & 2 ? strength : 0, index & 4 ? strength : 0);
+}
+
+size_t PixelLayout::Stride() const {
+    const auto unit = static_cast<size_t>(alignment);
+    return (static_cast<size_t>(width) * static_cast<size_t>(bits_per_pixel) + unit - 1) / unit *
+           (unit / 8);
+}
+
+void PixelLayout::SetDefaultMasks() {
+    const bool small = bits_per_pixel == 16;
+    masks[0] = small ? 0x7C00 : 0xFF0000;
+    masks[1] = small ? 0x03E0 : 0x00FF00;
+    masks[2] = small ? 0x001F : 0x0000FF;
+}
+
+uint32_t PixelLayout::Read(const BYTE* row, int x) const {
+    const auto column = static_cast<size_t>(x);
+    if (bits_per_pixel < 8) {
+        const size_t bit = column * static_cast<size_t>(bits_per_pixel);
+        const size_t shift = 8 - static_cast<size_t>(bits_per_pixel) - bit % 8;
+        return (row[bit / 8] >> shift) & ((1u << bits_per_pixel) - 1);
+    }
+    uint32_t value = 0;
+    const auto size = static_cast<size_t>(bits_per_pixel / 8);
+    for (size_t i = 0; i < size; ++i) value |= uint32_t{row[column * size + i]} << 8 * i;
+    return value;
+}
+
+void PixelLayout::Write(BYTE* row, int x, uint32_t value) const {
+    const auto column = static_cast<size_t>(x);
+    if (bits_per_pixel < 8) {
+        const size_t bit = column * static_cast<size_t>(bits_per_pixel);
+        const size_t shift = 8 - static_cast<size_t>(bits_per_pixel) - bit % 8;
+        const uint32_t mask = ((1u << bits_per_pixel) - 1) << shift;
+        row[bit / 8] = static_cast<BYTE>((row[bit / 8] & ~mask) | (value << shift & mask));
+        return;
+    }
+    const auto size = static_cast<size_t>(bits_per_pixel / 8);
+    for (size_t i = 0; i < size; ++i) row[column * size + i] = static_cast<BYTE>(value >> 8 * i);
+}
+
+COLORREF PixelLayout::ColorOf(uint32_t value) const {
+    if (bits_per_pixel <= 8) return value < table.size() ? table[value] : 0;
+    return RGB(Extracted(value, masks[0]), Extracted(value, masks[1]), Extracted(value, masks[2]));
+}
+
+uint32_t PixelLayout::ValueOf(COLORREF color) const {
+    if (bits_per_pixel > 8)
+        return Inserted(GetRValue(color), masks[0]) | Inserted(GetGValue(color), masks[1]) |
+               Inserted(GetBValue(color), masks[2]);
+    const auto nearest =
+        std::min_element(table.begin(), table.end(), [color](COLORREF a, COLORREF b) {
+            return Distance(a, color) < Distance(b, color);
+        });
+    return static_cast<uint32_t>(nearest - table.begin());
 }
 
 bool Bitmap::Possible(int width, int height, int bits_per_pixel) {
     constexpr int kDepths[] = {1, 4, 8, 16, 24, 32};
-    return width > 0 && height > 0 &&
-           std::find(std::begin(kDepths), std::end(kDepths), bits_per_pixel) != std::end(kDepths) &&
-           static_cast<int64_t>(Stride(width, bits_per_pixel)) <= kLargest / height;
+    if (width <= 0 || height <= 0 ||
+        std::find(std::begin(kDepths), std::end(kDepths), bits_per_pixel) == std::end(kDepths))
+        return false;
+    const int64_t stride = (int64_t{width} * bits_per_pixel + 31) / 32 * 4;
+    return stride <= kLargest / height;
 }
 
 Bitmap::Bitmap(int width, int height, int bits_per_pixel)
-    : width_(width)
-    , height_(height)
-    , bits_per_pixel_(bits_per_pixel)
-    , bits_(Stride(width, bits_per_pixel) * static_cast<size_t>(height)) {}
-
-void Bitmap::Set(int x, int y, bool white) {
-    if (x < 0 || y < 0 || x >= width_ || y >= height_) return;
-    BYTE* const row = bits_.data() + Stride(width_, bits_per_pixel_) * static_cast<size_t>(y);
-    const size_t first = static_cast<size_t>(x) * static_cast<size_t>(bits_per_pixel_);
-    for (size_t bit = first; bit < first + static_cast<size_t>(bits_per_pixel_); ++bit) {
-        const auto mask = static_cast<BYTE>(0x80 >> bit % 8);
-        row[bit / 8] = static_cast<BYTE>(white ? row[bit / 8] | mask : row[bit / 8] & ~mask);
-    }
+    : layout_{width, height, bits_per_pixel, 16, false, {}, {}}
+    , section_(false)
+    , bits_(layout_.Size()) {
+    layout_.SetDefaultMasks();
+    if (bits_per_pixel == 1) layout_.table = {RGB(0, 0, 0), RGB(255, 255, 255)};
+    if (bits_per_pixel == 4)
+        for (int i = 0; i < 16; ++i) layout_.table.push_back(StandardColor(i));
+    if (bits_per_pixel == 8)
+        // Three bits of red and green and two of blue.
+        for (int i = 0; i < 256; ++i)
+            layout_.table.push_back(RGB((i & 7) * 255 / 7, (i >> 3 & 7) * 255 / 7, (i >> 6) * 85));
 }
 
-void Bitmap::Fill(int x, int y, int width, int height, bool white) {
-    const int64_t right = std::min<int64_t>(width_, int64_t{x} + width);
-    const int64_t bottom = std::min<int64_t>(height_, int64_t{y} + height);
-    for (int row = std::max(y, 0); row < bottom; ++row)
-        for (int column = std::max(x, 0); column < right; ++column) Set(column, row, white);
+Bitmap::Bitmap(PixelLayout layout)
+    : layout_(std::move(layout))
+    , section_(true)
+    , bits_(layout_.Size()) {}
+
+COLORREF Bitmap::Get(int x, int y) const {
+    return layout_.ColorOf(layout_.Read(Row(y), x));
+}
+
+void Bitmap::Set(int x, int y, COLORREF color) {
+    layout_.Write(Row(y), x, layout_.ValueOf(color));
 }
 
 } // namespace win32host

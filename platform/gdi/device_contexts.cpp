@@ -101,10 +101,4 @@ int WINAPI SetMapMode(HDC dc, int mode) {
     });
 }
 
-BOOL WINAPI PatBlt(HDC dc, int x, int y, int width, int height, DWORD operation) {
-    return WithPrinter(dc, FALSE, [&](DeviceContext& context) {
-        return BOOL{context.PatBlt(x, y, width, height, operation)};
-    });
-}
-
 } // extern "C"

@@ -20,10 +20,19 @@ FT_Library TheLibrary() {
     return library;
 }
 
+// The font of dialogs and its bold form, where Debian's package fonts-wine has put them, which is
+// no place where fontconfig looks.
+constexpr const char* kDialogFonts[] = {"/usr/share/wine/fonts/tahoma.ttf",
+                                        "/usr/share/wine/fonts/tahomabd.ttf"};
+
 // Initializes fontconfig at the first question and ends it with the process. It initializes itself
 // again if something is asked after that.
 struct Fontconfig {
-    Fontconfig() { FcInit(); }
+    Fontconfig() {
+        FcInit();
+        for (const char* file : kDialogFonts)
+            FcConfigAppFontAddFile(nullptr, reinterpret_cast<const FcChar8*>(file));
+    }
     ~Fontconfig() { FcFini(); }
 };
 
@@ -37,10 +46,17 @@ std::u16string FamilyOf(const LOGFONTW& description) {
     return {name, std::find(name, name + LF_FACESIZE, 0)};
 }
 
+// The names by which dialogs and the system ask for their font, and the family that it belongs to.
+std::u16string RealFamily(const std::u16string& name) {
+    for (const char16_t* alias : {u"MS Shell Dlg", u"MS Shell Dlg 2", u"System"})
+        if (SameName(name.c_str(), alias)) return u"Tahoma";
+    return name;
+}
+
 Pattern Wanted(const LOGFONTW& description) {
     Pattern pattern(FcPatternCreate());
     if (!pattern) return pattern;
-    const std::string family = Utf8(FamilyOf(description));
+    const std::string family = Utf8(RealFamily(FamilyOf(description)));
     if (!family.empty())
         FcPatternAddString(pattern.get(), FC_FAMILY,
                            reinterpret_cast<const FcChar8*>(family.c_str()));
@@ -66,7 +82,7 @@ int Number(const Pattern& pattern, const char* object, int fallback) {
 // A face has its family's name in several languages, and perhaps that of a narrower family. Any of
 // them will do; the first is taken otherwise.
 std::u16string FamilyOf(const Pattern& match, const std::u16string& wanted) {
-    const std::string name = Utf8(wanted);
+    const std::string name = Utf8(RealFamily(wanted));
     FcChar8* family = nullptr;
     for (int i = 0; FcPatternGetString(match.get(), FC_FAMILY, i, &family) == FcResultMatch; ++i)
         if (FcStrCmpIgnoreCase(family, reinterpret_cast<const FcChar8*>(name.c_str())) == 0)

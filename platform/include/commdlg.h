@@ -47,6 +47,13 @@ typedef struct OPENFILENAMEW {
 } OPENFILENAMEW;
 typedef OPENFILENAMEW* LPOPENFILENAMEW;
 
+// To a file dialog: the name in its field, the full path of it, or the folder that is shown. The
+// first parameter is the room in the second, in units; the answer is the room that is needed.
+#define CDM_FIRST (WM_USER + 100)
+#define CDM_GETSPEC (CDM_FIRST + 0)
+#define CDM_GETFILEPATH (CDM_FIRST + 1)
+#define CDM_GETFOLDERPATH (CDM_FIRST + 2)
+
 // ---- Fonts --------------------------------------------------------------------------------------
 
 #define CF_SCREENFONTS 0x00000001
@@ -96,6 +103,13 @@ typedef struct CHOOSEFONTW {
     INT nSizeMax;
 } CHOOSEFONTW;
 typedef CHOOSEFONTW* LPCHOOSEFONTW;
+
+// ---- Searches -----------------------------------------------------------------------------------
+
+// How a text is looked for (EM_FINDTEXTW).
+#define FR_DOWN 0x00000001
+#define FR_WHOLEWORD 0x00000002
+#define FR_MATCHCASE 0x00000004
 
 // ---- Answers ------------------------------------------------------------------------------------
 

@@ -73,7 +73,7 @@ typedef struct TEXTRANGEW {
 } TEXTRANGEW;
 
 typedef struct FINDTEXTW {
-    CHARRANGE chrg; // from cpMin towards cpMax, or back with FR_DOWN left out
+    CHARRANGE chrg; // from cpMin towards cpMax, or back without FR_DOWN (commdlg.h)
     LPCWSTR lpstrText;
 } FINDTEXTW;
 
@@ -82,10 +82,6 @@ typedef struct FINDTEXTEXW {
     LPCWSTR lpstrText;
     CHARRANGE chrgText; // receives where it is; -1, -1 if nowhere
 } FINDTEXTEXW;
-
-#define FR_DOWN 0x00000001
-#define FR_WHOLEWORD 0x00000002
-#define FR_MATCHCASE 0x00000004
 
 // EM_SELECTIONTYPE.
 #define SEL_EMPTY 0x0000

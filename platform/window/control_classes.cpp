@@ -12,6 +12,7 @@ void RegisterListView();
 void RegisterMenuWindow();
 void RegisterProgressBar();
 void RegisterStatic();
+void RegisterRichEdit();
 void RegisterTabControl();
 void RegisterTrackBar();
 void RegisterUpDown();
@@ -26,6 +27,7 @@ void RegisterControls() {
     RegisterMenuWindow();
     RegisterProgressBar();
     RegisterStatic();
+    RegisterRichEdit();
     RegisterTabControl();
     RegisterTrackBar();
     RegisterUpDown();

@@ -41,8 +41,11 @@ HWND MakeDialog(HINSTANCE module, const DialogTemplate& dialog_template, HWND ow
 // Runs a modal dialog until it has ended, and destroys it.
 INT_PTR RunModal(HWND dialog, HWND owner);
 
-// Sets the focus as the keyboard does: text of edit fields is selected, and a push button becomes
-// the default one.
+// Both, with the owner's window disabled meanwhile; -1 if the dialog cannot be made.
+INT_PTR ShowModal(HINSTANCE module, const DialogTemplate& dialog_template, HWND owner,
+                  DLGPROC procedure, LPARAM parameter);
+
+// Sets the focus as the keyboard does: text of edit fields is selected.
 void FocusControl(HWND control);
 
 // The control that Enter presses: the button with the focus, else the default one. 0 for none.
@@ -53,5 +56,11 @@ HWND FirstTabItem(HWND dialog);
 
 // Draws another button as the default one (null: none).
 void ShowDefaultButton(HWND from, HWND to);
+
+// FocusControl in a dialog, whose default button is drawn as that only while no other push button
+// has the focus.
+void FocusInDialog(HWND dialog, HWND control);
+// The same for a focus that has moved already; `before` is where it was.
+void FollowFocus(HWND dialog, HWND before);
 
 } // namespace win32host

@@ -114,7 +114,7 @@ void Initialise(HWND dialog, LPARAM parameter) {
     if (!window || !sets_focus || state->ended || window->style & DS_CONTROL) return;
     const HWND control = first && IsWindow(first) ? FirstTabItem(dialog) : nullptr;
     if (control)
-        FocusControl(control);
+        FocusInDialog(dialog, control);
     else if (!window->IsChildWindow())
         SetFocus(dialog);
 }
@@ -251,6 +251,23 @@ INT_PTR RunModal(HWND dialog, HWND owner) {
     return result;
 }
 
+INT_PTR ShowModal(HINSTANCE module, const DialogTemplate& from, HWND owner, DLGPROC procedure,
+                  LPARAM parameter) {
+    const HWND root = owner ? GetAncestor(owner, GA_ROOT) : nullptr;
+    const HWND focus = GetFocus();
+    const bool enabled = root && IsWindowEnabled(root);
+    if (enabled) EnableWindow(root, FALSE);
+    const HWND dialog = MakeDialog(module, from, root, procedure, parameter, true);
+    INT_PTR result = -1;
+    if (dialog) {
+        result = RunModal(dialog, root);
+    } else if (enabled && IsWindow(root)) {
+        EnableWindow(root, TRUE);
+        if (focus && IsWindow(focus)) SetFocus(focus);
+    }
+    return result;
+}
+
 } // namespace win32host
 
 using namespace win32host;
@@ -265,20 +282,7 @@ HWND Modeless(HINSTANCE module, const std::optional<DialogTemplate>& from, HWND 
 INT_PTR Modal(HINSTANCE module, const std::optional<DialogTemplate>& from, HWND owner,
               DLGPROC procedure, LPARAM parameter) {
     if (owner && !IsWindow(owner)) return 0;
-    if (!from) return -1;
-    const HWND root = owner ? GetAncestor(owner, GA_ROOT) : nullptr;
-    const HWND focus = GetFocus();
-    const bool enabled = root && IsWindowEnabled(root);
-    if (enabled) EnableWindow(root, FALSE);
-    const HWND dialog = MakeDialog(module, *from, root, procedure, parameter, true);
-    INT_PTR result = -1;
-    if (dialog) {
-        result = RunModal(dialog, root);
-    } else if (enabled && IsWindow(root)) {
-        EnableWindow(root, TRUE);
-        if (focus && IsWindow(focus)) SetFocus(focus);
-    }
-    return result;
+    return from ? ShowModal(module, *from, owner, procedure, parameter) : -1;
 }
 
 } // namespace

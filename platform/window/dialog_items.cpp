@@ -52,6 +52,12 @@ HWND FirstTabItem(HWND dialog) {
     return GetNextDlgTabItem(dialog, nullptr, FALSE);
 }
 
+void FocusControl(HWND control) {
+    if (SendMessageW(control, WM_GETDLGCODE, 0, 0) & DLGC_HASSETSEL)
+        SendMessageW(control, EM_SETSEL, 0, -1);
+    SetFocus(control);
+}
+
 } // namespace win32host
 
 using namespace win32host;

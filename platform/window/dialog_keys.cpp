@@ -9,10 +9,6 @@ LRESULT CodeOf(HWND control, WPARAM key, const MSG* message) {
     return SendMessageW(control, WM_GETDLGCODE, key, reinterpret_cast<LPARAM>(message));
 }
 
-bool IsPushButton(HWND control) {
-    return (CodeOf(control, 0, nullptr) & (DLGC_DEFPUSHBUTTON | DLGC_UNDEFPUSHBUTTON)) != 0;
-}
-
 // The letter after the first single "&" of a control's text; 0 for none.
 char16_t AccessKeyOf(HWND control) {
     WCHAR text[256];
@@ -29,8 +25,7 @@ char16_t AccessKeyOf(HWND control) {
 bool HasAccessKeys(HWND control) {
     const LRESULT code = CodeOf(control, 0, nullptr);
     if (code & (DLGC_WANTCHARS | DLGC_HASSETSEL)) return false;
-    constexpr LONG_PTR kNoPrefix = 0x80; // SS_NOPREFIX
-    return !(code & DLGC_STATIC) || !(GetWindowLongPtrW(control, GWL_STYLE) & kNoPrefix) ||
+    return !(code & DLGC_STATIC) || !(GetWindowLongPtrW(control, GWL_STYLE) & SS_NOPREFIX) ||
            code & DLGC_BUTTON;
 }
 
@@ -48,16 +43,15 @@ void CollectUsable(HWND outer, std::vector<HWND>& controls) {
 
 void Press(HWND dialog, HWND control) {
     const LRESULT code = CodeOf(control, 0, nullptr);
-    constexpr UINT kClick = 0x00F5; // BM_CLICK
     if (code & DLGC_BUTTON || code & (DLGC_DEFPUSHBUTTON | DLGC_UNDEFPUSHBUTTON)) {
-        FocusControl(control);
-        if (IsWindow(control)) SendMessageW(control, kClick, 0, 0);
+        FocusInDialog(dialog, control);
+        if (IsWindow(control)) SendMessageW(control, BM_CLICK, 0, 0);
     } else if (code & DLGC_STATIC) {
         // A label stands for the control after it.
         const HWND next = GetNextDlgTabItem(dialog, control, FALSE);
-        if (next) FocusControl(next);
+        if (next) FocusInDialog(dialog, next);
     } else {
-        FocusControl(control);
+        FocusInDialog(dialog, control);
     }
 }
 
@@ -77,24 +71,10 @@ bool PressByAccessKey(HWND dialog, HWND from, char16_t key) {
     return false;
 }
 
-// The default button is the one with the focus, if that is a push button.
-void MoveDefaultButton(HWND focus) {
-    const HWND root = GetAncestor(focus, GA_ROOT);
-    const UINT id = DefaultButtonOf(root);
-    const HWND usual = id ? GetDlgItem(root, static_cast<int>(id)) : nullptr;
-    const HWND next = IsPushButton(focus) ? focus : usual;
-    std::vector<HWND> controls;
-    CollectUsable(root, controls);
-    for (HWND control : controls)
-        if (control != next && CodeOf(control, 0, nullptr) & DLGC_DEFPUSHBUTTON)
-            ShowDefaultButton(control, nullptr);
-    ShowDefaultButton(nullptr, next);
-}
-
 void PressEnter(HWND dialog) {
     const UINT id = DefaultButtonOf(dialog);
     const HWND focus = GetFocus();
-    if (focus && IsChild(dialog, focus) && IsPushButton(focus)) {
+    if (focus && IsChild(dialog, focus) && CodeOf(focus, 0, nullptr) & DLGC_DEFPUSHBUTTON) {
         // The button may lie in a dialog inside this one, which is then told.
         SendMessageW(GetParent(focus), WM_COMMAND,
                      static_cast<WPARAM>(MAKELONG(GetDlgCtrlID(focus), 0)),
@@ -126,7 +106,12 @@ bool OnKey(HWND dialog, const MSG& message) {
         const HWND focus = GetFocus();
         if (!focus || !IsChild(dialog, focus)) return true;
         const HWND next = GetNextDlgGroupItem(dialog, focus, back);
-        if (next && next != focus) FocusControl(next);
+        if (!next || next == focus) return true;
+        FocusInDialog(dialog, next);
+        // Radio buttons that change by themselves are chosen by going to them.
+        if (CodeOf(next, 0, nullptr) & DLGC_RADIOBUTTON &&
+            (GetWindowLongPtrW(next, GWL_STYLE) & BS_TYPEMASK) == BS_AUTORADIOBUTTON)
+            SendMessageW(next, BM_CLICK, 0, 0);
         return true;
     }
     case VK_ESCAPE:
@@ -143,26 +128,33 @@ bool OnKey(HWND dialog, const MSG& message) {
 
 } // namespace
 
-void FocusControl(HWND control) {
-    constexpr UINT kSelect = 0x00B1; // EM_SETSEL
-    if (CodeOf(control, 0, nullptr) & DLGC_HASSETSEL) SendMessageW(control, kSelect, 0, -1);
-    SetFocus(control);
-    if (IsWindow(control) && GetFocus() == control) MoveDefaultButton(control);
-}
-
 UINT DefaultButtonOf(HWND dialog) {
     const LRESULT answer = SendMessageW(dialog, DM_GETDEFID, 0, 0);
     return HIWORD(answer) == DC_HASDEFID ? LOWORD(answer) : 0;
 }
 
 void ShowDefaultButton(HWND from, HWND to) {
-    constexpr UINT kSetStyle = 0x00F4; // BM_SETSTYLE
-    constexpr WPARAM kPush = 0;        // BS_PUSHBUTTON
-    constexpr WPARAM kDefault = 1;     // BS_DEFPUSHBUTTON
     if (from && from != to && CodeOf(from, 0, nullptr) & DLGC_DEFPUSHBUTTON)
-        SendMessageW(from, kSetStyle, kPush, TRUE);
+        SendMessageW(from, BM_SETSTYLE, BS_PUSHBUTTON, TRUE);
     if (to && CodeOf(to, 0, nullptr) & DLGC_UNDEFPUSHBUTTON)
-        SendMessageW(to, kSetStyle, kDefault, TRUE);
+        SendMessageW(to, BM_SETSTYLE, BS_DEFPUSHBUTTON, TRUE);
+}
+
+void FollowFocus(HWND dialog, HWND before) {
+    const HWND focus = GetFocus();
+    if (!focus || focus == before || !IsChild(dialog, focus)) return;
+    const UINT id = DefaultButtonOf(dialog);
+    const HWND usual = id ? GetDlgItem(dialog, static_cast<int>(id)) : nullptr;
+    const bool push = CodeOf(focus, 0, nullptr) & (DLGC_DEFPUSHBUTTON | DLGC_UNDEFPUSHBUTTON);
+    const HWND now = push ? focus : usual;
+    if (before && IsChild(dialog, before)) ShowDefaultButton(before, now);
+    ShowDefaultButton(usual, now);
+}
+
+void FocusInDialog(HWND dialog, HWND control) {
+    const HWND before = GetFocus();
+    FocusControl(control);
+    FollowFocus(dialog, before);
 }
 
 } // namespace win32host
@@ -190,7 +182,9 @@ extern "C" BOOL WINAPI IsDialogMessageW(HWND dialog, LPMSG message) {
     default:
         break;
     }
+    const HWND before = GetFocus();
     TranslateMessage(message);
     DispatchMessageW(message);
+    if (message->message == WM_LBUTTONDOWN && IsWindow(dialog)) FollowFocus(dialog, before);
     return TRUE;
 }

@@ -56,7 +56,7 @@ void MoveToControl(HWND dialog, WPARAM first, bool is_control) {
                    ? GetNextDlgTabItem(dialog, before == dialog ? nullptr : before, first != 0)
                    : FirstTabItem(dialog);
     }
-    if (next) FocusControl(next);
+    if (next) FocusInDialog(dialog, next);
 }
 
 LRESULT ByDefault(HWND dialog, UINT message, WPARAM first, LPARAM second) {

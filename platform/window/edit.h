@@ -81,6 +81,7 @@ private:
     LRESULT Scroll(WORD code, int position);
     LRESULT LineLength(WPARAM position) const;
     LRESULT CopyLine(WPARAM line, LPWSTR buffer) const;
+    void ShowScrollBar() const;
 
     // edit_paint.cpp
     void Paint(WPARAM context) const;

@@ -161,6 +161,7 @@ void EditField::ScrollTo(int64_t line) {
         static_cast<size_t>(std::clamp<int64_t>(line, 0, std::max<int64_t>(0, most)));
     if (limited != first_line_) Redraw();
     first_line_ = limited;
+    ShowScrollBar();
 }
 
 LRESULT EditField::Scroll(WORD code, int position) {
@@ -193,6 +194,17 @@ LRESULT EditField::Scroll(WORD code, int position) {
         return FALSE;
     }
     return MAKELONG(static_cast<int64_t>(first_line_) - before, TRUE);
+}
+
+void EditField::ShowScrollBar() const {
+    if (!(Style() & WS_VSCROLL)) return;
+    SCROLLINFO info = {};
+    info.cbSize = sizeof(info);
+    info.fMask = SIF_ALL | SIF_DISABLENOSCROLL;
+    info.nMax = static_cast<int>(layout_.Count()) - 1;
+    info.nPage = static_cast<UINT>(VisibleLines());
+    info.nPos = static_cast<int>(first_line_);
+    SetScrollInfo(Self(), SB_VERT, &info, TRUE);
 }
 
 } // namespace win32host

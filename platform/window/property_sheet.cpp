@@ -94,7 +94,7 @@ bool PropertySheet::TurnTo(size_t position, bool backwards) {
             ShowPage(now);
             if (had_focus && IsWindow(page->Window())) {
                 const HWND first = GetNextDlgTabItem(page->Window(), nullptr, FALSE);
-                FocusControl(first ? first : tab_);
+                FocusInDialog(window_, first ? first : tab_);
             }
             return true;
         }

@@ -205,7 +205,7 @@ RECT PropertySheet::PagePlace() const {
 void PropertySheet::Show() {
     if (!window_) return;
     ShowWindow(window_, SW_SHOW);
-    if (const HWND first = window_ ? FirstTabItem(window_) : nullptr) FocusControl(first);
+    if (const HWND first = window_ ? FirstTabItem(window_) : nullptr) FocusInDialog(window_, first);
 }
 
 } // namespace win32host

@@ -8,8 +8,8 @@
 #include <utility>
 
 #include "locale/text_numbers.h"
-#include "sheet_of_pages.h"
 #include "support/job_test.h"
+#include "support/sheet_of_pages.h"
 #include "ui/ucombo_box.h"
 #include "ui/uedit.h"
 #include "ui/ulist_box.h"

@@ -22,6 +22,7 @@
 #define MB_DEFBUTTON1 0x00000000
 #define MB_DEFBUTTON2 0x00000100
 #define MB_DEFBUTTON3 0x00000200
+#define MB_DEFMASK 0x00000F00
 #define MB_APPLMODAL 0x00000000
 #define MB_SYSTEMMODAL 0x00001000
 #define MB_TASKMODAL 0x00002000
@@ -39,8 +40,9 @@
 #pragma GCC visibility push(default)
 WIN32HOST_BEGIN_C
 
-// Shows a box and answers the button that was chosen. As the host has no screen, the box is
-// recorded and answered as win32host/control.h describes.
+// Shows a box and answers the button that was chosen; 0 on failure. Esc chooses Cancel, or OK where
+// that is the only button, and nothing in other boxes. A thread without a user (win32host/user.h)
+// shows nothing: the box is noted and answered as win32host/control.h describes.
 int WINAPI MessageBoxW(HWND owner, LPCWSTR text, LPCWSTR caption, UINT type);
 
 WIN32HOST_END_C

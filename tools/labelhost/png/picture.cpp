@@ -45,7 +45,7 @@ Picture ReadPicture(const std::string& file, int max_side) {
     }
 }
 
-void WritePicture(const std::string& file, const Picture& picture) {
+void WritePicture(const std::string& file, const Picture& picture, PngForm form) {
     const std::string what = "cannot write picture";
     std::error_code ignored;
     const auto kind = fs::status(PathOf(file), ignored).type();
@@ -53,7 +53,7 @@ void WritePicture(const std::string& file, const Picture& picture) {
     if (kind != fs::file_type::not_found && kind != fs::file_type::regular)
         throw Fault(what + " '" + file + "': not a plain file");
     const FileAside aside(file);
-    if (const std::string reason = EncodePicture(aside.name(), picture); !reason.empty())
+    if (const std::string reason = EncodePicture(aside.name(), picture, form); !reason.empty())
         throw Fault(what + " '" + file + "': " + reason);
     aside.Replace(what, file);
 }

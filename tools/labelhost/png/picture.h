@@ -21,7 +21,11 @@ Picture DecodePicture(const uint8_t* data, size_t size, int max_side);
 // The same for a file; the Fault names it.
 Picture ReadPicture(const std::string& file, int max_side);
 
+// How a PNG file stores colours. Small: black and white take one bit per pixel, and up to 256
+// colours become a palette. Plain: always red, green and blue of eight bits each.
+enum class PngForm { Small, Plain };
+
 // Writes a PNG file under another name and renames it when it is complete, so that `file` is never
-// half a picture. Black and white take one bit per pixel; up to 256 colours become a palette.
-// Throws Fault on failure, leaving `file` as it was. A device or a folder is refused.
-void WritePicture(const std::string& file, const Picture& picture);
+// half a picture. Throws Fault on failure, leaving `file` as it was. A device or a folder is
+// refused.
+void WritePicture(const std::string& file, const Picture& picture, PngForm form = PngForm::Small);

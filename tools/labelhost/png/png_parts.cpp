@@ -47,8 +47,9 @@ void PutOnWhite(std::vector<uint8_t>& pixels) {
     pixels.resize(3 * count);
 }
 
-PngColors::PngColors(const Picture& picture)
+PngColors::PngColors(const Picture& picture, PngForm form)
     : picture_(picture) {
+    if (form == PngForm::Plain) return;
     uint32_t last = UINT32_MAX;
     for (size_t i = 0; i < picture.pixels.size(); i += 3) {
         const uint32_t color = ColorAt(&picture.pixels[i]);

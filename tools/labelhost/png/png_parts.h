@@ -21,7 +21,7 @@ void PutOnWhite(std::vector<uint8_t>& pixels);
 // How a picture is stored: in grey (black and white only), with a palette, or in colour.
 class PngColors {
 public:
-    explicit PngColors(const Picture& picture);
+    PngColors(const Picture& picture, PngForm form);
 
     bool grey() const { return grey_; }
     // The colours, blue in the low byte, with their numbers; empty for a picture in colour.
@@ -40,4 +40,4 @@ private:
 };
 
 // Writes a PNG file, replacing one of that name. Answers why that failed, or an empty text.
-std::string EncodePicture(const std::string& file, const Picture& picture);
+std::string EncodePicture(const std::string& file, const Picture& picture, PngForm form);

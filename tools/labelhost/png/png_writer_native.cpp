@@ -9,10 +9,10 @@ namespace {
 
 class Encoder {
 public:
-    Encoder(const Picture& picture, std::ofstream& out)
+    Encoder(const Picture& picture, PngForm form, std::ofstream& out)
         : picture_(picture)
         , out_(out)
-        , colors_(picture)
+        , colors_(picture, form)
         , type_(colors_.grey()              ? PNG_COLOR_TYPE_GRAY
                 : colors_.numbers().empty() ? PNG_COLOR_TYPE_RGB
                                             : PNG_COLOR_TYPE_PALETTE)
@@ -74,10 +74,10 @@ private:
 
 } // namespace
 
-std::string EncodePicture(const std::string& file, const Picture& picture) {
+std::string EncodePicture(const std::string& file, const Picture& picture, PngForm form) {
     std::ofstream out(PathOf(file), std::ios::binary);
     if (!out) return "cannot create a file there";
-    Encoder encoder(picture, out);
+    Encoder encoder(picture, form, out);
     if (!encoder.Write()) return encoder.Error();
     out.close();
     return out ? "" : "the file takes no more";

@@ -57,9 +57,9 @@ void WriteRows(IWICBitmapFrameEncode& frame, const PngColors& colors, const Pict
 
 } // namespace
 
-std::string EncodePicture(const std::string& file, const Picture& picture) try {
+std::string EncodePicture(const std::string& file, const Picture& picture, PngForm form) try {
     const Imaging imaging;
-    const PngColors colors(picture);
+    const PngColors colors(picture, form);
     const auto stream =
         Made<IWICStream>(kTakesNoMore, [&](auto** made) { return imaging->CreateStream(made); });
     Require(stream->InitializeFromFilename(ToWide(file).c_str(), GENERIC_WRITE),

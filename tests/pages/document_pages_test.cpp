@@ -1,0 +1,267 @@
+// The pages of document settings in a sheet: page setup and label material.
+#include <windows.h>
+
+#include <compstui.h>
+
+#include <string>
+#include <vector>
+
+#include "pages/page_setup/pp_paper_stock.h"
+#include "pages/page_setup/pp_presets.h"
+#include "support/job_test.h"
+#include "support/sheet_of_pages.h"
+#include "ui/prtpage.h"
+#include "ui/uwindow.h"
+#include "zpl/extconfig.h"
+
+namespace {
+
+std::vector<HPROPSHEETPAGE> g_inserted;
+
+// Common property sheets that only take the pages.
+LONG_PTR CALLBACK TakePages(HANDLE, UINT function, LPARAM, LPARAM second) {
+    if (function != CPSFUNC_INSERT_PSUIPAGEW) return 0;
+    g_inserted.push_back(reinterpret_cast<HPROPSHEETPAGE>(
+        reinterpret_cast<const INSERTPSUIPAGE_INFO*>(second)->dwData1));
+    return static_cast<LONG_PTR>(g_inserted.size());
+}
+
+// Page setup, and a page of ZPL II printers, with the controls that are used here.
+enum : int {
+    STOCKS = 512,
+    PRESETS = 514,
+    LANDSCAPE = 356,
+    DELETE_STOCK = 383,
+    MIRROR = 352,
+    PREVIEW = 362
+};
+enum : int {
+    PRINT_MODE = 1045,
+    TEAR_OFF_SENT = 1096,
+    TEAR_OFF = 1072,
+    OPTION = 1075,
+    COUNT = 1078
+};
+
+class DocumentPages : public JobTest {
+protected:
+    void SetUp() override {
+        CustomData data = {};
+        data.flags = CustomData::CUTTER | CustomData::TEAR_OFF | CustomData::BACKFEED_PERCENTAGE;
+        data.label_top_min = data.tear_off_min = -100;
+        data.label_top_max = data.tear_off_max = 100;
+        Install({.model = "Resolution=203\nStock.Minimum.X=4 mm\nStock.Minimum.Y=10 mm\n"
+                          "Stock.Maximum.X=104 mm\nStock.Maximum.Y=500 mm\n"
+                          "Stock.Default.X=100 mm\nStock.Default.Y=150 mm\n"
+                          "Stock.Printable.X=104 mm\nStock.Tracking=Center\n",
+                 .drawing = "Transform.Mirror=1\n",
+                 .method = "Copies.Limit=500\n",
+                 .custom_data = CustomDataLines(data)});
+        InstallLanguage();
+    }
+    void Open(const DEVMODEW* in = nullptr) {
+        ui = OpenUI(in, DM_UPDATE | (in ? DM_IN_BUFFER : 0));
+        ui->locale.SetNewUnits(prtlocale::MILLIMETRES);
+        info_.pfnComPropSheet = TakePages;
+        header_.fMode = ui->fmode;
+        g_inserted.clear();
+        ASSERT_EQ(ui->InitDocSheets(&info_, &header_), 1);
+        sheet = std::make_unique<SheetOfPages>(g_inserted);
+    }
+    // Opens a dialog over the current page that does not wait.
+    HWND OpenDialog(const char* name, DLGPROC procedure) const {
+        auto* const page = reinterpret_cast<prtpage*>(GetWindowLongPtrW(sheet->Page(), DWLP_USER));
+        return page->DialogModeless(name, procedure);
+    }
+    static void Type(HWND dialog, int id, const WCHAR* text) {
+        SetDlgItemTextW(dialog, id, text);
+        SendMessageW(dialog, WM_COMMAND, MAKEWPARAM(id, EN_KILLFOCUS),
+                     reinterpret_cast<LPARAM>(GetDlgItem(dialog, id)));
+    }
+    static std::string Shown(HWND dialog, int id) {
+        return Text(TextOfWindow(GetDlgItem(dialog, id)));
+    }
+    // Goes to the page with this control.
+    void GoTo(int control) const {
+        for (int page = 0; page < sheet->PageCount(); ++page) {
+            sheet->Show(page);
+            if (sheet->Item(control)) return;
+        }
+        FAIL() << "no control " << control;
+    }
+    std::string Shown(int id) const { return Text(TextOfWindow(sheet->Item(id))); }
+    bool IsEnabled(int id) const { return IsWindowEnabled(sheet->Item(id)) != FALSE; }
+    // The items of a combo box, the selected one in brackets.
+    std::string Items(int id) const {
+        const HWND list = sheet->Item(id);
+        const auto selected = SendMessageW(list, CB_GETCURSEL, 0, 0);
+        std::string all;
+        for (WPARAM i = 0; i < static_cast<WPARAM>(SendMessageW(list, CB_GETCOUNT, 0, 0)); ++i) {
+            WCHAR text[200] = {};
+            SendMessageW(list, CB_GETLBTEXT, i, reinterpret_cast<LPARAM>(text));
+            const std::string item = Text(OString(text));
+            all += static_cast<LRESULT>(i) == selected ? "[" + item + "]" : "(" + item + ")";
+        }
+        return all;
+    }
+    extconfig& config() const { return *extconfig::get_cfg(ui->devmode.GetDevMode()); }
+
+    std::unique_ptr<prtui> ui;
+    std::unique_ptr<SheetOfPages> sheet;
+
+private:
+    PROPSHEETUI_INFO info_ = {};
+    DOCUMENTPROPERTYHEADER header_ = {};
+};
+
+} // namespace
+
+TEST_F(DocumentPages, AreUnchangedHoweverTheyAreLookedAt) {
+    DevMode odd;
+    odd.CreateDefault(Model().get());
+    odd.GetDevMode()->dmPaperSize = DMPAPER_USER;
+    odd.GetDevMode()->dmPaperWidth = 572; // in whole tenths of a millimetre, unlike a stock
+    odd.GetDevMode()->dmFields |= DM_PAPERWIDTH | DM_PAPERLENGTH | DM_PAPERSIZE;
+    extconfig& settings = *extconfig::get_cfg(odd.GetDevMode());
+    settings.print_mode = extconfig::PRINT_REWIND;
+    settings.setting_flags |= extconfig::SETTING_TEAR_OFF;
+    settings.stock_count = 0;
+    settings.stock_option = 1;
+    Open(odd.GetDevMode());
+    ASSERT_GE(sheet->PageCount(), 5);
+    for (int round = 0; round < 2; ++round)
+        for (int page = sheet->PageCount() - 1; page >= 0; --page) {
+            sheet->Show(page);
+            EXPECT_FALSE(sheet->CanApply()) << round << " " << page;
+        }
+    EXPECT_TRUE(sheet->Apply());
+    sheet->Close();
+}
+
+TEST_F(DocumentPages, ShowThePrintModeAndWhatFollowsFromIt) {
+    Open();
+    GoTo(PRINT_MODE);
+    EXPECT_EQ(Items(PRINT_MODE), "[As set in the printer](Tear off)(Rewind)(Cut)");
+    EXPECT_EQ(Items(OPTION), "[Never](After each label)(After the job)(After several labels)");
+    EXPECT_TRUE(Shown(COUNT) == "0" && !IsEnabled(COUNT));
+
+    sheet->Click(TEAR_OFF_SENT);
+    EXPECT_TRUE(sheet->CanApply() && IsEnabled(TEAR_OFF));
+    sheet->Type(TEAR_OFF, TEXT("3.004 mm"));
+    EXPECT_EQ(Shown(TEAR_OFF), "3.004 mm") << "the field is the user's while he types";
+    EXPECT_EQ(config().tear_off, 3004);
+    sheet->Command(TEAR_OFF, EN_KILLFOCUS);
+    EXPECT_EQ(Shown(TEAR_OFF), Text(ui->locale.microns_to_string(3004)));
+
+    sheet->Choose(PRINT_MODE, 2);
+    EXPECT_FALSE(IsEnabled(TEAR_OFF_SENT) || IsEnabled(TEAR_OFF));
+    EXPECT_EQ(config().setting_flags & extconfig::SETTING_TEAR_OFF, 0);
+    sheet->Choose(OPTION, 3);
+    EXPECT_TRUE(Shown(COUNT) == "1" && IsEnabled(COUNT));
+    sheet->Type(COUNT, TEXT("70000"));
+    sheet->Command(COUNT, EN_KILLFOCUS);
+    EXPECT_EQ(Shown(COUNT), "9999");
+    sheet->Choose(PRINT_MODE, 3);
+    EXPECT_EQ(Items(OPTION), "[After each label](After the job)(After several labels)");
+    EXPECT_EQ(config().stock_count, 1);
+    sheet->Choose(OPTION, 1);
+    EXPECT_EQ(Shown(COUNT), "");
+    EXPECT_EQ(config().cut_variant, 1);
+}
+
+TEST_F(DocumentPages, ChooseStockAndOrientation) {
+    Open();
+    GoTo(STOCKS);
+    const auto preview = [&] { return GetPropW(sheet->Item(PREVIEW), TEXT("bitmap")); };
+    EXPECT_EQ(preview(), reinterpret_cast<HANDLE>(INT_PTR{208}));
+    sheet->Click(LANDSCAPE);
+    sheet->Click(MIRROR);
+    EXPECT_EQ(preview(), reinterpret_cast<HANDLE>(INT_PTR{208 + 1 + 4}));
+    EXPECT_EQ(ui->devmode.GetOrientation(), 1);
+    EXPECT_EQ(Items(PRESETS), "[Current Settings](Default Settings)");
+    EXPECT_TRUE(sheet->CanApply());
+    sheet->Choose(PRESETS, 1);
+    EXPECT_EQ(ui->devmode.GetOrientation(), 0);
+    EXPECT_EQ(Items(PRESETS), "(Current Settings)[Default Settings]");
+    sheet->Choose(PRESETS, 0);
+    EXPECT_EQ(ui->devmode.GetOrientation(), 1) << "the settings of the moment come back";
+    sheet->Click(LANDSCAPE - 1);
+    sheet->Click(MIRROR);
+
+    // A stock is added and chosen.
+    auto* const stock = new Stock;
+    stock->SetName("Shelf");
+    stock->width = stock->length = 50000;
+    ui->stocks.AddTail(stock);
+    ui->stocks.Validate();
+    EXPECT_TRUE(sheet->Show(1));
+    GoTo(STOCKS);
+    SendMessageW(sheet->window(), PSM_QUERYSIBLINGS, prtpage::REFRESH_ALL, 0);
+    EXPECT_NE(Items(STOCKS).find("(Shelf (50.0 mm x 50.0 mm))"), std::string::npos)
+        << Items(STOCKS);
+    sheet->Choose(STOCKS, 1);
+    EXPECT_EQ(ui->devmode.GetDevMode()->dmPaperSize, stock->paper_id);
+    EXPECT_TRUE(IsEnabled(DELETE_STOCK));
+    EXPECT_TRUE(sheet->Apply());
+    EXPECT_FALSE(sheet->CanApply());
+    EXPECT_NE(OpenUI()->stocks.Find("Shelf"), nullptr) << "it was stored";
+}
+
+TEST_F(DocumentPages, KeepStocksWithinTheModelsLimits) {
+    Open();
+    GoTo(STOCKS);
+    Stock stock;
+    stock.SetName("Shelf");
+    stock.width = stock.length = 50000;
+    ui->edit_stock = &stock;
+    const HWND dialog = OpenDialog("*:PAGE_SETUP/^EDIT_STOCK", ppPaperStock::WinProc);
+    ASSERT_NE(dialog, nullptr);
+    Type(dialog, 388, TEXT("1.5 mm"));
+    EXPECT_EQ(Shown(dialog, 392), "1.5 mm") << "both liners of a centred label are equal";
+    EXPECT_TRUE(stock.liner_left == 1500 && stock.liner_right == 1500);
+    const struct {
+        int field;
+        const WCHAR* text;
+        int32_t Stock::*size;
+        int32_t microns;
+    } cases[] = {{393, TEXT("110 mm"), &Stock::width, 101000},
+                 {393, TEXT("1 mm"), &Stock::width, 4000},
+                 {386, TEXT("1 mm"), &Stock::length, 6350},
+                 {388, TEXT("90 mm"), &Stock::liner_left, 50000}};
+    for (const auto& c : cases) {
+        Type(dialog, c.field, c.text);
+        EXPECT_EQ(stock.*c.size, c.microns) << c.field;
+        EXPECT_EQ(Shown(dialog, c.field), Text(ui->locale.microns_to_string(c.microns)));
+    }
+    Type(dialog, 389, TEXT("  Shelf 2 "));
+    EXPECT_EQ(Text(stock.GetName()), "Shelf 2");
+    DestroyWindow(dialog);
+}
+
+TEST_F(DocumentPages, EditACopyOfThePresets) {
+    Open();
+    GoTo(PRESETS);
+    const HWND dialog = OpenDialog("*:PAGE_SETUP/^PRESETS", ppPresets::WinProc);
+    ASSERT_NE(dialog, nullptr);
+    constexpr int kList = 589, kNew = 590, kDelete = 591, kName = 593;
+    const auto click = [&](int id) { SendMessageW(GetDlgItem(dialog, id), BM_CLICK, 0, 0); };
+    const auto enabled = [&](int id) { return IsWindowEnabled(GetDlgItem(dialog, id)) != FALSE; };
+    const auto count = [&] { return SendDlgItemMessageW(dialog, kList, LB_GETCOUNT, 0, 0); };
+    EXPECT_TRUE(count() == 2 && enabled(kNew) && !enabled(kDelete) && !enabled(kName));
+    click(kNew);
+    EXPECT_TRUE(count() == 3 && enabled(kDelete) && enabled(kName));
+    EXPECT_EQ(Shown(dialog, kName), "New Preset");
+    Type(dialog, kName, TEXT(" Labels  "));
+    click(kNew);
+    EXPECT_EQ(Shown(dialog, kName), "Labels 2");
+    click(kDelete);
+    EXPECT_TRUE(count() == 3 && !enabled(kDelete));
+    EXPECT_EQ(ui->presets.NameList::Find("Labels"), nullptr);
+    SendMessageW(dialog, WM_COMMAND, MAKEWPARAM(IDOK, BN_CLICKED), 0);
+    EXPECT_NE(ui->presets.NameList::Find("Labels"), nullptr);
+    DestroyWindow(dialog);
+    SendMessageW(sheet->window(), PSM_QUERYSIBLINGS, prtpage::REFRESH_ALL, 0);
+    EXPECT_NE(Items(PRESETS).find("(Labels)"), std::string::npos);
+    EXPECT_TRUE(sheet->Apply());
+    EXPECT_NE(OpenUI()->presets.NameList::Find("Labels"), nullptr);
+}

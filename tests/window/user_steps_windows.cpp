@@ -1,0 +1,3 @@
+#include "user_steps.h"
+
+void SetUserPresent(bool) {}
