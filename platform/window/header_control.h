@@ -44,7 +44,7 @@ private:
     Title& At(int at) { return titles_[static_cast<size_t>(at)]; }
     const Title& At(int at) const { return titles_[static_cast<size_t>(at)]; }
     RECT RectOf(int at) const;
-    void Paint(HDC dc) const; // header_painting.cpp
+    void Paint(WPARAM context) const; // header_painting.cpp
 
     std::vector<Title> titles_;
     std::vector<int> order_; // from left to right

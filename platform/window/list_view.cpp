@@ -2,6 +2,7 @@
 #include "window/list_view.h"
 
 #include "host/guarded.h"
+#include "window/field_frame.h"
 #include "window/scroll_bars.h"
 #include "window/text_measure.h"
 
@@ -82,14 +83,12 @@ LRESULT ListView::Handle(UINT message, WPARAM first, LPARAM second) {
         return 0;
     case WM_ERASEBKGND:
         return TRUE;
-    case WM_PAINT: {
-        PAINTSTRUCT paint;
-        Paint(BeginPaint(Self(), &paint));
-        EndPaint(Self(), &paint);
+    case WM_NCPAINT:
+        PaintFieldFrame(Self(), has_focus_);
         return 0;
-    }
+    case WM_PAINT:
     case WM_PRINTCLIENT:
-        Paint(reinterpret_cast<HDC>(first));
+        Paint(first);
         return 0;
     default:
         return DefWindowProcW(Self(), message, first, second);

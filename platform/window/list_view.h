@@ -108,8 +108,11 @@ private:
     bool Show(int at);
 
     // list_view_painting.cpp
-    void Paint(HDC dc);
-    void PaintRow(HDC dc, int at, const RECT& client);
+    void Paint(WPARAM context);
+    void PaintRow(HDC dc, int at);
+    void PaintCell(HDC dc, int at, int column);
+    RECT SelectionRect(HDC dc, int at);
+    void PaintGrid(HDC dc, const RECT& client) const;
 
     bool Has(int at) const { return at >= 0 && at < Count(); }
     int Count() const { return static_cast<int>(items_.size()); }
