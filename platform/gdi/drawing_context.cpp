@@ -43,7 +43,7 @@ BYTE Mixed(unsigned from, unsigned to, unsigned coverage) {
 
 } // namespace
 
-int ScreenDpi() {
+int ScreenResolution() {
     return screen_dpi;
 }
 
@@ -52,7 +52,7 @@ void SetScreenDpi(int dpi) {
 }
 
 DrawingContext::Caps DrawingContext::ScreenCaps() {
-    const int dpi = ScreenDpi();
+    const int dpi = ScreenResolution();
     Caps caps = {};
     caps[TECHNOLOGY] = DT_RASDISPLAY;
     caps[HORZRES] = kScreenWidth * dpi / kDefaultDpi;

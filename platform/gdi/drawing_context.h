@@ -133,6 +133,6 @@ Answer WithDrawing(HDC dc, Answer failure, const Work& work) {
 }
 
 // The dots per inch of the screen.
-int ScreenDpi();
+int ScreenResolution();
 
 } // namespace win32host

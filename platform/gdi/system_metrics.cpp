@@ -34,6 +34,6 @@ extern "C" int WINAPI GetSystemMetrics(int index) {
     for (const Metric& metric : kFixed)
         if (metric.index == index) return metric.size;
     for (const Metric& metric : kScaled)
-        if (metric.index == index) return (metric.size * win32host::ScreenDpi() + 48) / 96;
+        if (metric.index == index) return (metric.size * win32host::ScreenResolution() + 48) / 96;
     return 0;
 }

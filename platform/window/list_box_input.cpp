@@ -134,7 +134,10 @@ void ListBox::Character(WCHAR character) {
 void ListBox::SelectOnly(int at) {
     Redraw(current_);
     current_ = at;
-    if (at == -1) return;
+    if (at == -1) {
+        caret_ = 0;
+        return;
+    }
     anchor_ = at;
     SetCaret(at);
     Redraw(at);

@@ -7,6 +7,7 @@
 #include "zpl/extui.h"
 #include "zpl/pages/pp_memory_format.h"
 #include "zpl/pages/pp_power_management.h"
+#include "zpl/pages/pp_printer_information.h"
 #include "zpl/pages/pp_printer_options.h"
 
 namespace {
@@ -117,6 +118,10 @@ void ShowRFIDOptions(prtpage& page) {
     page.DialogModal("*:FONTS/^RFID_OPTIONS", ppRFIDOptions::WinProc);
 }
 
+void ShowInformation(prtpage& page) {
+    page.DialogModal("*:^INFORMATION", ppPrinterInformation::WinProc);
+}
+
 constexpr uint32_t kOffered = ACTION_OFFERED;
 constexpr uint32_t kAdministrative = ACTION_OFFERED | ACTION_ADMINISTRATIVE;
 constexpr uint32_t kDialog = ACTION_OFFERED | ACTION_OPENS_DIALOG;
@@ -141,7 +146,7 @@ constexpr ActionRow kActions[] = {
     {ACTION_FACTORY_SETTINGS, TEXT_FACTORY_SETTINGS, kOffered, nullptr, Configured, "JUF"},
     {ACTION_MEMORY, TEXT_MEMORY, kAdministrative | kDialog, CanInitializeMemory, nullptr, nullptr,
      ShowMemory},
-    {ACTION_INFORMATION, TEXT_INFORMATION, kDialog, CanAnswer},
+    {ACTION_INFORMATION, TEXT_INFORMATION, kDialog, CanAnswer, nullptr, nullptr, ShowInformation},
     {ACTION_PRINTER_OPTIONS, TEXT_PRINTER_OPTIONS, kDialog, nullptr, nullptr, nullptr,
      ShowPrinterOptions},
     {ACTION_RFID_OPTIONS, TEXT_RFID_OPTIONS, kDialog, HasRFIDOptions, nullptr, nullptr,

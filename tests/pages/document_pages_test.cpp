@@ -61,6 +61,7 @@ protected:
     }
     void Open(const DEVMODEW* in = nullptr) {
         ui = OpenUI(in, DM_UPDATE | (in ? DM_IN_BUFFER : 0));
+        ui->locale.SetNewUnits(prtlocale::MILLIMETRES);
         info_.pfnComPropSheet = TakePages;
         header_.fMode = ui->fmode;
         g_inserted.clear();

@@ -41,7 +41,7 @@ TEST(Buttons, TakeTheStateOfTheirKindWhenClicked) {
         const HWND button = parent.Make(TEXT("Button"), TEXT("a button"), c.style);
         EXPECT_EQ(SendMessageW(button, WM_GETDLGCODE, 0, 0), c.dialog_code);
         for (int i = 0; i < 3; ++i) {
-            act::Click(5, 5)(button);
+            Perform(button, "press 5, release 5");
             if (i == 0) {
                 EXPECT_EQ(parent.Take(), c.told);
             }
@@ -51,71 +51,40 @@ TEST(Buttons, TakeTheStateOfTheirKindWhenClicked) {
 }
 
 TEST(Buttons, AreHeldDownByMouseAndSpace) {
+    const std::map<std::string, UINT> messages = {
+        {"cancel", WM_CANCELMODE}, {"click", BM_CLICK}, {"state", BM_SETSTATE}};
     const struct {
-        const char* what;
         DWORD style;
-        std::vector<Act> acts;
+        const char* acts;
         const char* told;
         LRESULT state; // afterwards
     } cases[] = {
-        {"press", 0, {act::Press(5, 5)}, "", BST_PUSHED | BST_FOCUS},
-        {"press and leave", 0, {act::Press(5, 5), act::MoveTo(500, 5)}, "", BST_FOCUS},
-        {"press, leave, come back",
-         0,
-         {act::Press(5, 5), act::MoveTo(500, 5), act::MoveTo(5, 5)},
-         "",
-         BST_PUSHED | BST_FOCUS},
-        {"release outside",
-         0,
-         {act::Press(5, 5), act::MoveTo(500, 5), act::Release(500, 5)},
-         "",
-         BST_FOCUS},
-        {"release without a press", 0, {act::Release(5, 5)}, "", 0},
-        {"space down",
-         0,
-         {act::Focus(), act::Send(WM_KEYDOWN, VK_SPACE)},
-         "",
-         BST_PUSHED | BST_FOCUS},
-        {"space", 0, {act::Focus(), act::Key(VK_SPACE)}, "clicked", BST_FOCUS},
-        {"space on a box",
-         BS_AUTOCHECKBOX,
-         {act::Focus(), act::Key(VK_SPACE)},
-         "clicked",
-         BST_CHECKED | BST_FOCUS},
-        {"space up elsewhere",
-         0,
-         {act::Focus(), act::Send(WM_KEYDOWN, VK_SPACE), act::Leave()},
-         "",
-         0},
-        {"enter", 0, {act::Focus(), act::Key(VK_RETURN)}, "", BST_FOCUS},
-        {"mode cancelled", 0, {act::Press(5, 5), act::Send(WM_CANCELMODE)}, "", BST_FOCUS},
-        {"BM_CLICK", BS_AUTOCHECKBOX, {act::Send(BM_CLICK)}, "clicked", BST_CHECKED | BST_FOCUS},
-        {"BM_SETSTATE", 0, {act::Send(BM_SETSTATE, TRUE)}, "", BST_PUSHED},
-        {"double click",
-         0,
-         {act::Click(5, 5), act::Send(WM_LBUTTONDBLCLK, 0, 0x50005), act::Release(5, 5)},
-         "clicked clicked",
-         BST_FOCUS},
-        {"double click of a radio button",
-         BS_RADIOBUTTON,
-         {act::Click(5, 5), act::Send(WM_LBUTTONDBLCLK, 0, 0x50005), act::Release(5, 5)},
-         "clicked double",
-         BST_FOCUS},
-        {"double click of an owner-drawn one",
-         BS_OWNERDRAW,
-         {act::Click(5, 5), act::Send(WM_LBUTTONDBLCLK, 0, 0x50005), act::Release(5, 5)},
-         "clicked double",
-         BST_FOCUS},
-        {"focus comes and goes", BS_NOTIFY, {act::Focus(), act::Leave()}, "focused left", 0},
+        {0, "press 5", "", BST_PUSHED | BST_FOCUS},
+        {0, "press 5, move 500", "", BST_FOCUS},
+        {0, "press 5, move 500, move 5", "", BST_PUSHED | BST_FOCUS},
+        {0, "press 5, move 500, release 500", "", BST_FOCUS},
+        {0, "release 5", "", 0},
+        {0, "focus, hold space", "", BST_PUSHED | BST_FOCUS},
+        {0, "focus, space", "clicked", BST_FOCUS},
+        {BS_AUTOCHECKBOX, "focus, space", "clicked", BST_CHECKED | BST_FOCUS},
+        {0, "focus, hold space, leave", "", 0},
+        {0, "focus, enter", "", BST_FOCUS},
+        {0, "press 5, cancel", "", BST_FOCUS},
+        {BS_AUTOCHECKBOX, "click", "clicked", BST_CHECKED | BST_FOCUS},
+        {0, "state 1", "", BST_PUSHED},
+        {0, "press 5, release 5, double 5, release 5", "clicked clicked", BST_FOCUS},
+        {BS_RADIOBUTTON, "press 5, release 5, double 5, release 5", "clicked double", BST_FOCUS},
+        {BS_OWNERDRAW, "press 5, release 5, double 5, release 5", "clicked double", BST_FOCUS},
+        {BS_NOTIFY, "focus, leave", "focused left", 0},
     };
     for (const auto& c : cases) {
-        SCOPED_TRACE(c.what);
+        SCOPED_TRACE(c.acts);
         ParentWindow parent(kButtonCodes);
         const HWND button = parent.Make(TEXT("Button"), TEXT("a button"), c.style);
-        for (const Act& act : c.acts) act(button);
+        Perform(button, c.acts, messages);
         EXPECT_EQ(parent.Take(), c.told);
         EXPECT_EQ(SendMessageW(button, BM_GETSTATE, 0, 0) & kStates, c.state);
-        if (GetCapture() == button) ReleaseCapture();
+        ReleaseCapture();
     }
 }
 
@@ -136,14 +105,14 @@ TEST(Buttons, OfARadioGroupAreCheckedOneAtATime) {
         }
         return text;
     };
-    act::Click(5, 5)(buttons[1]);
+    Perform(buttons[1], "press 5, release 5");
     EXPECT_EQ(parent.Take(), "clicked2");
     EXPECT_EQ(states(), "01t0000t");
-    act::Click(5, 5)(buttons[3]);
+    Perform(buttons[3], "press 5, release 5");
     EXPECT_EQ(states(), "01t0100t");
-    act::Click(5, 5)(buttons[4]);
+    Perform(buttons[4], "press 5, release 5");
     EXPECT_EQ(states(), "00011t0t");
-    act::Click(5, 5)(buttons[5]);
+    Perform(buttons[5], "press 5, release 5");
     EXPECT_EQ(states(), "00011t1t");
     // A program's own setting leaves the others alone.
     SendMessageW(buttons[0], BM_SETCHECK, BST_CHECKED, 0);
@@ -226,35 +195,6 @@ TEST(Buttons, ThatTheirOwnerDrawsAskForItWithTheirState) {
     SendMessageW(button, BM_SETSTATE, FALSE, 0);
     EnableWindow(button, FALSE);
     EXPECT_EQ(drawn(), std::to_string(ODS_DISABLED));
-}
-
-TEST(Buttons, AskTheirParentForTheirColours) {
-    const struct {
-        DWORD style;
-        UINT asks;
-    } cases[] = {{BS_PUSHBUTTON, WM_CTLCOLORBTN},
-                 {BS_OWNERDRAW, WM_CTLCOLORBTN},
-                 {BS_AUTOCHECKBOX, WM_CTLCOLORSTATIC},
-                 {BS_AUTORADIOBUTTON, WM_CTLCOLORSTATIC},
-                 {BS_GROUPBOX, WM_CTLCOLORSTATIC}};
-    for (const auto& c : cases) {
-        SCOPED_TRACE(c.style);
-        ParentWindow parent({});
-        HWND button = nullptr;
-        bool asked = false;
-        parent.handler = [&](UINT message, WPARAM, LPARAM second, LRESULT&) {
-            if (message >= WM_CTLCOLORMSGBOX && message <= WM_CTLCOLORSTATIC) {
-                EXPECT_EQ(message, c.asks);
-                EXPECT_EQ(reinterpret_cast<HWND>(second), button);
-                asked = true;
-            }
-            return false;
-        };
-        button = parent.Make(TEXT("Button"), TEXT("a button"), c.style);
-        InvalidateRect(button, nullptr, TRUE);
-        UpdateWindow(button);
-        EXPECT_TRUE(asked);
-    }
 }
 
 } // namespace

@@ -6,7 +6,6 @@
 #include <gtest/gtest.h>
 
 #include <functional>
-#include <vector>
 
 namespace {
 
@@ -17,9 +16,8 @@ protected:
 
     CommonPropertySheets() { current = this; }
 
-    // Opens the sheet. It is closed by `acts`, messages that are posted to it.
-    LONG Open(std::vector<std::pair<UINT, WPARAM>> acts = {{PSM_PRESSBUTTON, PSBTN_OK}}) {
-        acts_ = std::move(acts);
+    // Opens the sheet, which is closed with OK.
+    LONG Open() {
         noted_.clear();
         result_ = 99;
         pages_.when_shown = [this](HWND sheet) { Act(sheet); };
@@ -35,25 +33,20 @@ protected:
             Ask(info, CPSFUNC_ADD_PROPSHEETPAGEW, reinterpret_cast<LPARAM>(&page)));
     }
     template <int number>
-    static HANDLE AddFunction(const Info* info, LPARAM parameter) {
+    static HANDLE AddFunction(const Info* info) {
         return reinterpret_cast<HANDLE>(Ask(info, CPSFUNC_ADD_PFNPROPSHEETUIW,
-                                            reinterpret_cast<LPARAM>(Function<number>), parameter));
+                                            reinterpret_cast<LPARAM>(Function<number>),
+                                            70 + number));
     }
-    HANDLE Insert(const Info* info, BYTE mode, HANDLE where, BYTE type, ULONG_PTR first,
-                  ULONG_PTR second = 0) {
+    void Insert(const Info* info, BYTE mode, HANDLE where, char letter) {
         INSERTPSUIPAGE_INFO asked = {};
         asked.cbSize = sizeof asked;
-        asked.Type = type;
+        asked.Type = PSUIPAGEINSERT_HPROPSHEETPAGE;
         asked.Mode = mode;
-        asked.dwData1 = first;
-        asked.dwData2 = second;
-        return reinterpret_cast<HANDLE>(Ask(info, CPSFUNC_INSERT_PSUIPAGEW,
-                                            reinterpret_cast<LPARAM>(where),
-                                            reinterpret_cast<LPARAM>(&asked)));
-    }
-    HANDLE InsertPage(const Info* info, BYTE mode, HANDLE where, char letter) {
-        return Insert(info, mode, where, PSUIPAGEINSERT_HPROPSHEETPAGE,
-                      reinterpret_cast<ULONG_PTR>(pages_.Page(letter)));
+        asked.dwData1 = reinterpret_cast<ULONG_PTR>(pages_.Page(letter));
+        EXPECT_EQ(Ask(info, CPSFUNC_INSERT_PSUIPAGEW, reinterpret_cast<LPARAM>(where),
+                      reinterpret_cast<LPARAM>(&asked)),
+                  static_cast<LONG_PTR>(asked.dwData1));
     }
 
     // The titles of the tabs.
@@ -76,15 +69,13 @@ protected:
     // What the functions do besides; by their number.
     std::map<int, std::function<void(Info*)>> build; // at INIT
     std::map<std::pair<int, WORD>, LONG> answers;    // 1 if it is not here
-    std::function<void(HWND)> when_shown;            // before the acts
+    std::function<void(HWND)> when_shown;            // before it is closed
     WORD header_flags = PSUIHDRF_PROPTITLE;
 
     NotingPages pages_;
     std::string noted_;
     DWORD result_ = 0;
     std::string title_;
-
-    HANDLE start_ = nullptr;
 
     template <int number>
     static LONG CALLBACK Function(Info* info, LPARAM parameter) {
@@ -99,7 +90,7 @@ private:
         const int length = GetWindowTextW(sheet, text, 100);
         title_.assign(text, text + length);
         if (when_shown) when_shown(sheet);
-        for (const auto& [message, first] : acts_) PostMessageW(sheet, message, first, 0);
+        PostMessageW(sheet, PSM_PRESSBUTTON, PSBTN_OK, 0);
     }
 
     LONG Called(int number, Info* info, LPARAM parameter) {
@@ -107,7 +98,7 @@ private:
         std::string what = std::to_string(number) + "." + kReasons[info->Reason];
         switch (info->Reason) {
         case PROPSHEETUI_REASON_INIT:
-            what += ":" + std::to_string(info->lParamInit);
+            EXPECT_EQ(info->lParamInit, 70 + number);
             info->UserData = static_cast<ULONG_PTR>(number) + 1;
             break;
         case PROPSHEETUI_REASON_GET_INFO_HEADER: {
@@ -132,102 +123,69 @@ private:
         const auto answer = answers.find({number, info->Reason});
         return answer == answers.end() ? 1 : answer->second;
     }
-
-    std::vector<std::pair<UINT, WPARAM>> acts_;
 };
 
-TEST_F(CommonPropertySheets, AskFunctionsForPagesAndLetThemEnd) {
-    build[0] = [this](Info* info) {
-        Add(info, 'A');
-        AddFunction<1>(info, 71);
-    };
-    build[1] = [this](Info* info) { Add(info, 'B'); };
-    when_shown = [](HWND sheet) { EXPECT_EQ(Tabs(sheet), "AB"); };
-    EXPECT_EQ(Open(), 1);
-    EXPECT_EQ(noted_, "0.init:70 1.init:71 0.header 1.destroy:shown 0.destroy:shown ");
-    EXPECT_EQ(title_, "Printer Properties");
-    EXPECT_EQ(result_, static_cast<DWORD>(CPSUI_CANCEL)) << "nobody said otherwise";
-    header_flags = PSUIHDRF_EXACT_PTITLE | PSUIHDRF_PROPTITLE | PSUIHDRF_NOAPPLYNOW;
-    when_shown = [](HWND sheet) { EXPECT_FALSE(IsWindowVisible(GetDlgItem(sheet, 0x3021))); };
-    EXPECT_EQ(Open({{PSM_REBOOTSYSTEM, 0}, {PSM_PRESSBUTTON, PSBTN_OK}}), 1);
-    EXPECT_EQ(title_, "Printer");
-    EXPECT_EQ(result_, static_cast<DWORD>(CPSUI_REBOOTSYSTEM));
-}
-
-TEST_F(CommonPropertySheets, EndWhatHasBegunWhenSomethingFails) {
+TEST_F(CommonPropertySheets, AskFunctionsForPagesAndEndWhatHasBegun) {
     const struct {
-        const char* name;
-        std::map<std::pair<int, WORD>, LONG> answers;
+        int refusing; // this function answers this reason with 0; -1: none
+        WORD reason;
         bool pages;
         LONG answer;
         const char* told;
     } cases[] = {
-        {"root",
-         {{{0, 0}, -1}},
-         true,
-         ERR_CPSUI_GETLASTERROR,
-         "0.init:70 1.init:71 1.destroy 0.destroy "},
-        {"child",
-         {{{1, 0}, 0}},
-         true,
-         1,
-         "0.init:70 1.init:71 1.destroy 0.header 0.destroy:shown "},
-        {"header",
-         {{{0, 1}, 0}},
-         true,
-         ERR_CPSUI_GETLASTERROR,
-         "0.init:70 1.init:71 0.header 1.destroy 0.destroy "},
-        {"pages",
-         {},
-         false,
-         ERR_CPSUI_NO_PROPSHEETPAGE,
-         "0.init:70 1.init:71 0.header 1.destroy 0.destroy "},
+        {-1, 0, true, 1, "0.init 1.init 0.header 1.destroy:shown 0.destroy:shown "},
+        {0, 0, true, ERR_CPSUI_GETLASTERROR, "0.init 1.init 1.destroy 0.destroy "},
+        {1, 0, true, 1, "0.init 1.init 1.destroy 0.header 0.destroy:shown "},
+        {0, 1, true, ERR_CPSUI_GETLASTERROR, "0.init 1.init 0.header 1.destroy 0.destroy "},
+        {-1, 0, false, ERR_CPSUI_NO_PROPSHEETPAGE, "0.init 1.init 0.header 1.destroy 0.destroy "},
     };
     for (const auto& each : cases) {
-        answers = each.answers;
+        answers = {{{each.refusing, each.reason}, 0}};
         build[0] = [&](Info* info) {
             if (each.pages) Add(info, 'A');
-            const HANDLE child = AddFunction<1>(info, 71);
-            EXPECT_EQ(child != nullptr, answers.count({1, 0}) == 0) << each.name;
+            EXPECT_EQ(AddFunction<1>(info) == nullptr, each.refusing == 1);
         };
         build[1] = [&](Info* info) {
             if (each.pages) Add(info, 'B');
         };
-        when_shown = [](HWND sheet) { EXPECT_EQ(Tabs(sheet), "A") << "of a child that failed"; };
-        EXPECT_EQ(Open(), each.answer) << each.name;
-        EXPECT_EQ(noted_, each.told) << each.name;
-        EXPECT_EQ(result_, static_cast<DWORD>(CPSUI_CANCEL)) << each.name;
+        when_shown = [&](HWND sheet) { EXPECT_EQ(Tabs(sheet), each.refusing == 1 ? "A" : "AB"); };
+        EXPECT_EQ(Open(), each.answer) << each.told;
+        EXPECT_EQ(noted_, each.told);
+        EXPECT_EQ(result_, static_cast<DWORD>(CPSUI_CANCEL)) << "nobody said otherwise";
     }
-    EXPECT_LT(CommonPropertySheetUIW(nullptr, nullptr, 0, nullptr), 0);
+    EXPECT_EQ(title_, "Printer Properties");
+    header_flags = PSUIHDRF_EXACT_PTITLE | PSUIHDRF_PROPTITLE | PSUIHDRF_NOAPPLYNOW;
+    build.erase(1);
+    build[0] = [this](Info* info) { Add(info, 'A'); };
+    when_shown = [](HWND sheet) {
+        EXPECT_FALSE(IsWindowVisible(GetDlgItem(sheet, 0x3021)));
+        SendMessageW(sheet, PSM_REBOOTSYSTEM, 0, 0);
+    };
+    answers.clear();
+    EXPECT_EQ(Open(), 1);
+    EXPECT_EQ(title_, "Printer");
+    EXPECT_EQ(result_, static_cast<DWORD>(CPSUI_REBOOTSYSTEM));
 }
 
-TEST_F(CommonPropertySheets, InsertPagesWhereTheyAreWanted) {
-    build[0] = [this](Info* info) {
+TEST_F(CommonPropertySheets, PutPagesWhereTheyAreWanted) {
+    Info* root = nullptr;
+    HANDLE child = nullptr;
+    HANDLE handles[9] = {};
+    build[0] = [&](Info* info) {
+        root = info;
         const HANDLE b = Add(info, 'B');
-        const HANDLE child = AddFunction<1>(info, 0);
-        InsertPage(info, INSPSUIPAGE_MODE_FIRST_CHILD, nullptr, 'A');
-        InsertPage(info, INSPSUIPAGE_MODE_AFTER, b, 'C');
-        InsertPage(info, INSPSUIPAGE_MODE_BEFORE, child, 'D');
-        InsertPage(info, INSPSUIPAGE_MODE_FIRST_CHILD, child, 'E');
-        InsertPage(info, INSPSUIPAGE_MODE_LAST_CHILD, child, 'G');
-        InsertPage(info, INSPSUIPAGE_MODE_LAST_CHILD, nullptr, 'I');
-        Insert(info, INSPSUIPAGE_MODE_AFTER, child, PSUIPAGEINSERT_PFNPROPSHEETUI,
-               reinterpret_cast<ULONG_PTR>(&Function<2>), 5);
-        // Neither of these has a place.
-        const HPROPSHEETPAGE x = pages_.Page('X');
-        for (const BYTE mode : {BYTE{INSPSUIPAGE_MODE_AFTER}, BYTE{INSPSUIPAGE_MODE_FIRST_CHILD}})
-            EXPECT_EQ(Insert(info, mode, &result_, PSUIPAGEINSERT_HPROPSHEETPAGE,
-                             reinterpret_cast<ULONG_PTR>(x)),
-                      nullptr);
-        DestroyPropertySheetPage(x);
-
+        child = AddFunction<1>(info);
+        Insert(info, INSPSUIPAGE_MODE_FIRST_CHILD, nullptr, 'A');
+        Insert(info, INSPSUIPAGE_MODE_AFTER, b, 'C');
+        Insert(info, INSPSUIPAGE_MODE_BEFORE, child, 'D');
+        Insert(info, INSPSUIPAGE_MODE_FIRST_CHILD, child, 'E');
+        Insert(info, INSPSUIPAGE_MODE_LAST_CHILD, child, 'G');
+        Insert(info, INSPSUIPAGE_MODE_LAST_CHILD, nullptr, 'I');
+        AddFunction<2>(info);
         EXPECT_EQ(Ask(info, CPSFUNC_GET_PAGECOUNT), 9);
-        HANDLE handles[9] = {};
-        EXPECT_EQ(Ask(info, CPSFUNC_GET_HPSUIPAGES, reinterpret_cast<LPARAM>(handles), 4), 4);
-        EXPECT_EQ(handles[1], b);
-        EXPECT_EQ(handles[4], nullptr);
+        EXPECT_EQ(Ask(info, CPSFUNC_GET_HPSUIPAGES, reinterpret_cast<LPARAM>(handles), 2), 2);
+        EXPECT_TRUE(handles[1] == b && !handles[2]);
         EXPECT_EQ(Ask(info, CPSFUNC_GET_HPSUIPAGES, reinterpret_cast<LPARAM>(handles), 9), 9);
-        start_ = handles[5];
         EXPECT_EQ(Ask(info, CPSFUNC_SET_HSTARTPAGE, reinterpret_cast<LPARAM>(child), 1), 1);
         EXPECT_EQ(Ask(info, CPSFUNC_SET_HSTARTPAGE, 0, 99), 0);
         EXPECT_EQ(Ask(info, CPSFUNC_SET_PSUIPAGE_TITLEW, reinterpret_cast<LPARAM>(b),
@@ -235,17 +193,19 @@ TEST_F(CommonPropertySheets, InsertPagesWhereTheyAreWanted) {
                   1);
     };
     build[1] = [this](Info* info) { Add(info, 'F'); };
-    build[2] = [this](Info* info) {
-        EXPECT_EQ(info->lParamInit, 5);
-        InsertPage(info, INSPSUIPAGE_MODE_INDEX, nullptr, 'H');
-    };
-    when_shown = [this](HWND sheet) {
-        EXPECT_EQ(Tabs(sheet), "AbCDEFGHI");
+    build[2] = [this](Info* info) { Insert(info, INSPSUIPAGE_MODE_INDEX, nullptr, 'H'); };
+    when_shown = [&](HWND sheet) {
+        EXPECT_EQ(Tabs(sheet), "AbCDEFGIH");
         // The handles are those of the sheet's pages.
-        EXPECT_EQ(SendMessageW(sheet, PSM_HWNDTOINDEX,
-                               reinterpret_cast<WPARAM>(PropSheet_GetCurrentPageHwnd(sheet)), 0),
-                  5);
-        EXPECT_EQ(SendMessageW(sheet, PSM_INDEXTOPAGE, 5, 0), reinterpret_cast<LRESULT>(start_));
+        EXPECT_EQ(SendMessageW(sheet, PSM_INDEXTOPAGE, 5, 0),
+                  reinterpret_cast<LRESULT>(handles[5]));
+        EXPECT_EQ(PropSheet_GetCurrentPageHwnd(sheet), pages_.windows['F']);
+        // Pages come and go while it is shown.
+        Insert(root, INSPSUIPAGE_MODE_LAST_CHILD, child, 'X');
+        EXPECT_EQ(Tabs(sheet), "AbCDEFGXIH");
+        EXPECT_EQ(Ask(root, CPSFUNC_DELETE_HCOMPROPSHEET, reinterpret_cast<LPARAM>(child)), 1);
+        EXPECT_EQ(Ask(root, CPSFUNC_DELETE_HCOMPROPSHEET, reinterpret_cast<LPARAM>(child)), 0);
+        EXPECT_EQ(Tabs(sheet), "AbCDIH");
     };
     EXPECT_EQ(Open(), 1);
 }
@@ -253,76 +213,26 @@ TEST_F(CommonPropertySheets, InsertPagesWhereTheyAreWanted) {
 TEST_F(CommonPropertySheets, PassTheUsersAnswerUpAsLongAsFunctionsAgree) {
     HANDLE page = nullptr;
     const Info* sheet = nullptr;
-    build[0] = [](Info* info) { AddFunction<1>(info, 0); };
+    build[0] = [](Info* info) { AddFunction<1>(info); };
     build[1] = [&](Info* info) {
         page = Add(info, 'A');
         sheet = info;
     };
-    const auto told = [&](LPARAM about, LRESULT answer) {
-        when_shown = [&, about, answer](HWND) {
+    const auto told = [&](bool unknown, LRESULT answer) {
+        when_shown = [&, unknown, answer](HWND) {
             noted_.clear();
-            EXPECT_EQ(Ask(sheet, CPSFUNC_SET_RESULT, about ? about : reinterpret_cast<LPARAM>(page),
-                          CPSUI_OK),
-                      answer);
+            const auto about = reinterpret_cast<LPARAM>(unknown ? &page : page);
+            EXPECT_EQ(Ask(sheet, CPSFUNC_SET_RESULT, about, CPSUI_OK), answer);
         };
         EXPECT_EQ(Open(), 1);
         return noted_.substr(0, noted_.find("1.destroy"));
     };
-    EXPECT_EQ(told(0, 2), "1.result:1 0.result:1 ");
+    EXPECT_EQ(told(false, 2), "1.result:1 0.result:1 ");
     EXPECT_EQ(result_, static_cast<DWORD>(CPSUI_OK));
+    EXPECT_EQ(told(true, 0), "");
     answers[{1, PROPSHEETUI_REASON_SET_RESULT}] = 0;
-    EXPECT_EQ(told(0, 0), "1.result:1 ");
+    EXPECT_EQ(told(false, 0), "1.result:1 ");
     EXPECT_EQ(result_, static_cast<DWORD>(CPSUI_CANCEL));
-    EXPECT_EQ(told(1, 0), "") << "no page has this handle";
-}
-
-TEST_F(CommonPropertySheets, ChangeWhileTheyAreShown) {
-    Info* root = nullptr;
-    HANDLE child = nullptr;
-    build[0] = [&](Info* info) {
-        root = info;
-        Add(info, 'A');
-        child = AddFunction<1>(info, 0);
-        Add(info, 'D');
-    };
-    build[1] = [this](Info* info) {
-        Add(info, 'B');
-        Add(info, 'C');
-    };
-    when_shown = [&](HWND sheet) {
-        InsertPage(root, INSPSUIPAGE_MODE_LAST_CHILD, child, 'X');
-        EXPECT_EQ(Tabs(sheet), "ABCXD");
-        EXPECT_EQ(Ask(root, CPSFUNC_DELETE_HCOMPROPSHEET, reinterpret_cast<LPARAM>(child)), 1);
-        EXPECT_EQ(Tabs(sheet), "AD");
-        EXPECT_EQ(noted_, "0.init:70 1.init:0 0.header 1.destroy ");
-        EXPECT_EQ(Ask(root, CPSFUNC_DELETE_HCOMPROPSHEET, reinterpret_cast<LPARAM>(child)), 0);
-    };
-    EXPECT_EQ(Open(), 1);
-}
-
-TEST_F(CommonPropertySheets, KeepDataAndTexts) {
-    build[0] = [this](Info* info) {
-        Add(info, 'A');
-        BYTE bytes[] = {1, 2, 3};
-        CPSUIDATABLOCK block = {sizeof bytes, bytes};
-        const auto parameter = reinterpret_cast<LPARAM>(&block);
-        EXPECT_EQ(Ask(info, CPSFUNC_SET_DATABLOCK, parameter), 1);
-        bytes[0] = bytes[2] = 9;
-        block.cbData = 2;
-        EXPECT_EQ(Ask(info, CPSFUNC_QUERY_DATABLOCK, parameter), 3);
-        EXPECT_EQ(bytes[0] * 10 + bytes[2], 19);
-        WCHAR text[5];
-        EXPECT_EQ(Ask(info, CPSFUNC_LOAD_CPSUI_STRINGW, reinterpret_cast<LPARAM>(text),
-                      MAKELONG(5, 64717)),
-                  4);
-        EXPECT_EQ(std::basic_string<WCHAR>(text), TEXT("Prin"));
-        EXPECT_EQ(Ask(info, 99), ERR_CPSUI_FUNCTION_NOT_IMPLEMENTED);
-    };
-    when_shown = [this](HWND) {
-        EXPECT_TRUE(SetCPSUIUserData(pages_.windows['A'], 7));
-        EXPECT_EQ(GetCPSUIUserData(pages_.windows['A']), 7u);
-    };
-    EXPECT_EQ(Open(), 1);
 }
 
 } // namespace

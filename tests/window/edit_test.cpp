@@ -12,49 +12,16 @@ const std::map<int, const char*> kEditCodes = {
 constexpr DWORD kLine = ES_AUTOHSCROLL;
 constexpr DWORD kLines = ES_MULTILINE | ES_AUTOVSCROLL | ES_AUTOHSCROLL | ES_WANTRETURN;
 
-Text Wide(const std::string& text) {
-    Text wide;
-    for (char character : text) wide += static_cast<WCHAR>(static_cast<unsigned char>(character));
-    return wide;
-}
-
-void SendWith(HWND edit, UINT message, const std::string& text) {
-    SendMessageW(edit, message, 0, reinterpret_cast<LPARAM>(Wide(text).c_str()));
-}
-
-// Acts by name, separated by commas; what is not a number or a key is text.
-void Perform(HWND edit, const std::string& acts) {
-    const std::map<std::string, UINT> messages = {{"cut", WM_CUT},     {"copy", WM_COPY},
-                                                  {"paste", WM_PASTE}, {"clear", WM_CLEAR},
-                                                  {"undo", EM_UNDO},   {"unlock", EM_SETREADONLY}};
-    const std::map<std::string, int> keys = {
-        {"left", VK_LEFT}, {"right", VK_RIGHT}, {"home", VK_HOME},    {"end", VK_END},
-        {"up", VK_UP},     {"down", VK_DOWN},   {"delete", VK_DELETE}};
-    std::istringstream list(acts);
-    for (std::string item; std::getline(list, item, ',');) {
-        std::istringstream words(item.substr(item.find_first_not_of(' ')));
-        std::string name, rest;
-        words >> name;
-        std::getline(words >> std::ws, rest);
-        if (messages.count(name)) SendMessageW(edit, messages.at(name), 0, 0);
-        if (keys.count(name))
-            act::Key(keys.at(name), rest.find("shift") != std::string::npos ? VK_SHIFT : 0,
-                     rest.find("control") != std::string::npos ? VK_CONTROL : 0)(edit);
-        if (name == "type") act::Type(Wide(rest).c_str())(edit);
-        if (name == "set") SendWith(edit, WM_SETTEXT, rest);
-        if (name == "replace") SendWith(edit, EM_REPLACESEL, rest);
-        if (name == "focus") SetFocus(edit);
-        if (name == "leave") SetFocus(GetParent(edit));
-        if (name == "limit")
-            SendMessageW(edit, EM_SETLIMITTEXT, static_cast<WPARAM>(std::stoi(rest)), 0);
-        if (name == "sel") {
-            const size_t blank = rest.find(' ');
-            SendMessageW(edit, EM_SETSEL,
-                         static_cast<WPARAM>(static_cast<INT_PTR>(std::stoi(rest))),
-                         std::stoi(rest.substr(blank)));
-        }
-    }
-}
+const std::map<std::string, UINT> kEditActs = {{"cut", WM_CUT},
+                                               {"copy", WM_COPY},
+                                               {"paste", WM_PASTE},
+                                               {"clear", WM_CLEAR},
+                                               {"undo", EM_UNDO},
+                                               {"set", WM_SETTEXT},
+                                               {"replace", EM_REPLACESEL},
+                                               {"sel", EM_SETSEL},
+                                               {"limit", EM_SETLIMITTEXT},
+                                               {"unlock", EM_SETREADONLY}};
 
 std::string SelectionOf(HWND edit) {
     DWORD from = 0;
@@ -122,7 +89,7 @@ TEST(EditFields, TellWhatHappensAndKeepTheText) {
         ParentWindow parent(kEditCodes);
         const HWND edit = parent.Make(TEXT("Edit"), Wide(c.start).c_str(), c.style, 1, 10, 10, 100,
                                       c.style & ES_MULTILINE ? 100 : 25);
-        Perform(edit, c.acts);
+        Perform(edit, c.acts, kEditActs);
         const std::string told = parent.Take();
         if (c.told != any) {
             EXPECT_EQ(told, c.told);
@@ -171,7 +138,7 @@ TEST(EditFields, MoveTheCaretByKeys) {
         const HWND edit =
             parent.Make(TEXT("Edit"), Wide(c.text).c_str(), c.style, 1, 10, 10, 200, 80);
         SetFocus(edit);
-        Perform(edit, c.acts);
+        Perform(edit, c.acts, kEditActs);
         EXPECT_EQ(SelectionOf(edit), c.selection);
     }
 }
@@ -279,14 +246,13 @@ TEST(EditFields, MarkTextByMouse) {
         return static_cast<int16_t>(
             LOWORD(SendMessageW(edit, EM_POSFROMCHAR, static_cast<WPARAM>(at), 0)));
     };
-    act::Click(x_of(7), 5)(edit);
+    const auto at = [&](int position) { return std::to_string(x_of(position)) + " 5"; };
+    Perform(edit, "press " + at(7) + ", release " + at(7));
     EXPECT_EQ(SelectionOf(edit), "7-7");
     EXPECT_EQ(GetFocus(), edit);
-    act::Press(x_of(2), 5)(edit);
-    act::MoveTo(x_of(9), 5)(edit);
-    act::Release(x_of(9), 5)(edit);
+    Perform(edit, "press " + at(2) + ", move " + at(9) + ", release " + at(9));
     EXPECT_EQ(SelectionOf(edit), "2-9");
-    act::Send(WM_LBUTTONDBLCLK, 0, MAKELONG(x_of(7), 5))(edit);
+    Perform(edit, "double " + at(7));
     EXPECT_EQ(SelectionOf(edit), "5-11");
     EXPECT_EQ(LOWORD(SendMessageW(edit, EM_CHARFROMPOS, 0, MAKELONG(x_of(4), 5))), 4);
 }

@@ -58,23 +58,13 @@ private:
     static inline NotingPages* current = nullptr;
 
     static std::string NameOf(UINT code, LPARAM parameter) {
-        const std::string with = parameter ? "(1)" : "(0)";
-        switch (code) {
-        case PSN_SETACTIVE:
-            return "active";
-        case PSN_KILLACTIVE:
-            return "leave";
-        case PSN_APPLY:
-            return "apply" + with;
-        case PSN_RESET:
-            return "reset" + with;
-        case PSN_HELP:
-            return "help";
-        case PSN_QUERYCANCEL:
-            return "cancel?";
-        default:
-            return "";
-        }
+        static const std::map<UINT, const char*> kNames = {
+            {PSN_SETACTIVE, "active"}, {PSN_KILLACTIVE, "leave"}, {PSN_APPLY, "apply"},
+            {PSN_RESET, "reset"},      {PSN_HELP, "help"},        {PSN_QUERYCANCEL, "cancel?"}};
+        const auto found = kNames.find(code);
+        if (found == kNames.end()) return "";
+        if (code != PSN_APPLY && code != PSN_RESET) return found->second;
+        return found->second + std::string(parameter ? "(1)" : "(0)");
     }
 
     static INT_PTR CALLBACK Procedure(HWND window, UINT message, WPARAM first, LPARAM second) {

@@ -52,63 +52,61 @@ inline Text TextOf(HWND window) {
     return text;
 }
 
-// Something that happens to a control.
-using Act = std::function<void(HWND)>;
-
-namespace act {
-
-inline Act Send(UINT message, WPARAM first = 0, LPARAM second = 0) {
-    return [=](HWND control) { SendMessageW(control, message, first, second); };
+// Latin-1 to UTF-16.
+inline Text Wide(const std::string& text) {
+    Text wide;
+    for (char character : text) wide += static_cast<WCHAR>(static_cast<unsigned char>(character));
+    return wide;
 }
 
-inline Act Focus() {
-    return [](HWND control) { SetFocus(control); };
+// Does what a person or a program does with a control: acts by name, separated by commas. "focus"
+// and "leave" move the focus; "type TEXT"; a key's name presses it, "hold" before it presses only,
+// and "shift" or "control" after it hold these; "press", "move", "release" and "double X [Y]" are
+// the mouse's; other names are of `messages`, with two numbers at most or, for "set" and "replace",
+// a text.
+inline void Perform(HWND control, const std::string& acts,
+                    const std::map<std::string, UINT>& messages = {}) {
+    static const std::map<std::string, int> keys = {
+        {"left", VK_LEFT},     {"right", VK_RIGHT}, {"up", VK_UP},       {"down", VK_DOWN},
+        {"home", VK_HOME},     {"end", VK_END},     {"prior", VK_PRIOR}, {"next", VK_NEXT},
+        {"delete", VK_DELETE}, {"space", VK_SPACE}, {"enter", VK_RETURN}};
+    static const std::map<std::string, UINT> mouse = {{"press", WM_LBUTTONDOWN},
+                                                      {"move", WM_MOUSEMOVE},
+                                                      {"release", WM_LBUTTONUP},
+                                                      {"double", WM_LBUTTONDBLCLK}};
+    std::istringstream list(acts);
+    for (std::string item; std::getline(list, item, ',');) {
+        std::istringstream words(item);
+        std::string name, rest;
+        words >> name;
+        const bool hold = name == "hold";
+        if (hold) words >> name;
+        std::getline(words >> std::ws, rest);
+        std::istringstream numbers(rest);
+        int first = 0, second = 0;
+        if (numbers >> first) numbers >> second;
+        if (name == "focus") SetFocus(control);
+        if (name == "leave") SetFocus(GetParent(control));
+        if (name == "type")
+            for (WCHAR unit : Wide(rest)) SendMessageW(control, WM_CHAR, unit, 1);
+        if (mouse.count(name))
+            SendMessageW(control, mouse.at(name), name == "release" ? 0 : MK_LBUTTON,
+                         MAKELONG(first, second));
+        if (messages.count(name))
+            SendMessageW(
+                control, messages.at(name), static_cast<WPARAM>(static_cast<INT_PTR>(first)),
+                name == "set" || name == "replace" ? reinterpret_cast<LPARAM>(Wide(rest).c_str())
+                                                   : second);
+        if (keys.count(name)) {
+            BYTE held[256] = {};
+            if (rest.find("shift") != std::string::npos) held[VK_SHIFT] = 0x80;
+            if (rest.find("control") != std::string::npos) held[VK_CONTROL] = 0x80;
+            SetKeyboardState(held);
+            const auto key = static_cast<WPARAM>(keys.at(name));
+            SendMessageW(control, WM_KEYDOWN, key, 1);
+            if (!hold) SendMessageW(control, WM_KEYUP, key, static_cast<LPARAM>(0xC0000001));
+            held[VK_SHIFT] = held[VK_CONTROL] = 0;
+            SetKeyboardState(held);
+        }
+    }
 }
-
-inline Act Leave() {
-    return [](HWND control) { SetFocus(GetParent(control)); };
-}
-
-inline Act Type(LPCWSTR text) {
-    return [=](HWND control) {
-        for (LPCWSTR at = text; *at; ++at) SendMessageW(control, WM_CHAR, *at, 1);
-    };
-}
-
-inline void HoldKey(int key, bool down) {
-    BYTE keys[256];
-    GetKeyboardState(keys);
-    keys[key] = down ? 0x80 : 0;
-    SetKeyboardState(keys);
-}
-
-// Presses and releases a key, with VK_SHIFT or VK_CONTROL or both (`first_held`, `second_held`)
-// held down.
-inline Act Key(int key, int first_held = 0, int second_held = 0) {
-    return [=](HWND control) {
-        for (int held : {first_held, second_held})
-            if (held) HoldKey(held, true);
-        SendMessageW(control, WM_KEYDOWN, static_cast<WPARAM>(key), 1);
-        SendMessageW(control, WM_KEYUP, static_cast<WPARAM>(key), static_cast<LPARAM>(0xC0000001));
-        for (int held : {first_held, second_held})
-            if (held) HoldKey(held, false);
-    };
-}
-
-inline Act Press(int x, int y) {
-    return Send(WM_LBUTTONDOWN, MK_LBUTTON, MAKELONG(x, y));
-}
-inline Act MoveTo(int x, int y) {
-    return Send(WM_MOUSEMOVE, MK_LBUTTON, MAKELONG(x, y));
-}
-inline Act Release(int x, int y) {
-    return Send(WM_LBUTTONUP, 0, MAKELONG(x, y));
-}
-inline Act Click(int x, int y) {
-    return [=](HWND control) {
-        Press(x, y)(control);
-        Release(x, y)(control);
-    };
-}
-
-} // namespace act

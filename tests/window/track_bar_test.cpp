@@ -6,9 +6,9 @@
 
 namespace {
 
-class TrackBar {
+class Slider {
 public:
-    explicit TrackBar(DWORD style)
+    explicit Slider(DWORD style)
         : parent({}) {
         INITCOMMONCONTROLSEX needed = {sizeof(needed), ICC_BAR_CLASSES | ICC_PROGRESS_CLASS};
         InitCommonControlsEx(&needed);
@@ -38,51 +38,50 @@ public:
 TEST(TrackBars, MoveByKeys) {
     const struct {
         DWORD style;
-        int key;
+        const char* key;
         const char* told;
         LRESULT position; // from 50
     } cases[] = {
-        {TBS_HORZ, VK_RIGHT, "h1 h8", 51}, {TBS_HORZ, VK_LEFT, "h0 h8", 49},
-        {TBS_HORZ, VK_DOWN, "h1 h8", 51},  {TBS_HORZ, VK_UP, "h0 h8", 49},
-        {TBS_HORZ, VK_NEXT, "h3 h8", 70},  {TBS_HORZ, VK_PRIOR, "h2 h8", 30},
-        {TBS_HORZ, VK_HOME, "h6 h8", 0},   {TBS_HORZ, VK_END, "h7 h8", 100},
-        {TBS_VERT, VK_DOWN, "v1 v8", 51},  {TBS_VERT, VK_END, "v7 v8", 100},
-        {TBS_HORZ, VK_RETURN, "", 50},
+        {TBS_HORZ, "right", "h1 h8", 51}, {TBS_HORZ, "left", "h0 h8", 49},
+        {TBS_HORZ, "down", "h1 h8", 51},  {TBS_HORZ, "up", "h0 h8", 49},
+        {TBS_HORZ, "next", "h3 h8", 70},  {TBS_HORZ, "prior", "h2 h8", 30},
+        {TBS_HORZ, "home", "h6 h8", 0},   {TBS_HORZ, "end", "h7 h8", 100},
+        {TBS_VERT, "down", "v1 v8", 51},  {TBS_VERT, "end", "v7 v8", 100},
+        {TBS_HORZ, "enter", "", 50},
     };
     for (const auto& c : cases) {
-        TrackBar bar(c.style);
+        Slider bar(c.style);
         bar.Ask(TBM_SETPOS, TRUE, 50);
         EXPECT_EQ(bar.parent.Take(), "");
-        act::Key(c.key)(bar.control);
+        Perform(bar.control, c.key);
         EXPECT_EQ(bar.parent.Take(), c.told) << c.key;
         EXPECT_EQ(bar.Ask(TBM_GETPOS), c.position) << c.key;
     }
 }
 
 TEST(TrackBars, AreDraggedAndPaged) {
-    TrackBar bar(TBS_HORZ);
+    Slider bar(TBS_HORZ);
     bar.Ask(TBM_SETPOS, TRUE, 50);
-    RECT thumb, channel;
+    RECT thumb;
     bar.Ask(TBM_GETTHUMBRECT, 0, reinterpret_cast<LPARAM>(&thumb));
-    bar.Ask(TBM_GETCHANNELRECT, 0, reinterpret_cast<LPARAM>(&channel));
     const int middle = (thumb.left + thumb.right) / 2;
-    const int y = (thumb.top + thumb.bottom) / 2;
+    const std::string thumb_place = std::to_string(middle) + " 10";
     EXPECT_NEAR(middle, 110, 2);
-    act::Press(middle, y)(bar.control);
+    Perform(bar.control, "press " + thumb_place);
     EXPECT_EQ(GetCapture(), bar.control);
-    act::MoveTo(500, y)(bar.control);
+    Perform(bar.control, "move 500 5");
     EXPECT_EQ(bar.Ask(TBM_GETPOS), 100);
     EXPECT_EQ(bar.parent.Take(), "h5:100");
-    act::Release(500, y)(bar.control);
+    Perform(bar.control, "release 500 5");
     EXPECT_EQ(bar.parent.Take(), "h4:100 h8");
     EXPECT_NE(GetCapture(), bar.control);
-    act::Click(channel.left + 3, y)(bar.control);
+    Perform(bar.control, "press 15 10, release 15 10");
     EXPECT_EQ(bar.parent.Take(), "h2 h8");
     EXPECT_EQ(bar.Ask(TBM_GETPOS), 80);
 }
 
 TEST(TrackBars, AnswerForTheirNumbers) {
-    TrackBar bar(TBS_HORZ | TBS_AUTOTICKS);
+    Slider bar(TBS_HORZ | TBS_AUTOTICKS);
     const struct {
         UINT set;
         WPARAM first;
@@ -110,7 +109,7 @@ TEST(TrackBars, AnswerForTheirNumbers) {
 }
 
 TEST(ProgressBars, AnswerForTheirNumbers) {
-    TrackBar any(TBS_HORZ);
+    Slider any(TBS_HORZ);
     const HWND bar = any.parent.Make(PROGRESS_CLASS, TEXT(""), 0);
     const struct {
         UINT message;

@@ -7,9 +7,9 @@
 namespace {
 
 // A field with an up-down control at its right, as dialogs have them.
-class UpDown {
+class FieldWithArrows {
 public:
-    explicit UpDown(DWORD style, LPCWSTR text = TEXT("5"))
+    explicit FieldWithArrows(DWORD style)
         : parent({{EN_UPDATE, "update"}, {EN_CHANGE, "change"}, {EN_SETFOCUS, "focused"}}) {
         INITCOMMONCONTROLSEX needed = {sizeof(needed), ICC_UPDOWN_CLASS};
         InitCommonControlsEx(&needed);
@@ -24,7 +24,7 @@ public:
             answer = veto;
             return true;
         };
-        field = parent.Make(TEXT("Edit"), text, ES_AUTOHSCROLL, 1, 10, 10, 80, 22);
+        field = parent.Make(TEXT("Edit"), TEXT("5"), ES_AUTOHSCROLL, 1, 10, 10, 80, 22);
         control = parent.Make(UPDOWN_CLASS, TEXT(""), style, 2);
         SendMessageW(control, UDM_SETRANGE32, 1, 10);
         parent.Take();
@@ -36,7 +36,8 @@ public:
     void Press(bool up) const {
         RECT client;
         GetClientRect(control, &client);
-        act::Click(client.right / 2, up ? client.bottom / 4 : client.bottom * 3 / 4)(control);
+        const std::string y = std::to_string(up ? client.bottom / 4 : client.bottom * 3 / 4);
+        Perform(control, "press 5 " + y + ", release 5 " + y);
     }
 
     ParentWindow parent;
@@ -48,7 +49,7 @@ public:
 constexpr DWORD kBuddy = UDS_AUTOBUDDY | UDS_SETBUDDYINT | UDS_ALIGNRIGHT | UDS_ARROWKEYS;
 
 TEST(UpDowns, StandAtTheirBuddy) {
-    UpDown it(kBuddy);
+    FieldWithArrows it(kBuddy);
     EXPECT_EQ(reinterpret_cast<HWND>(it.Ask(UDM_GETBUDDY)), it.field);
     RECT field, control;
     GetWindowRect(it.field, &field);
@@ -66,35 +67,34 @@ TEST(UpDowns, MoveTheirBuddysNumber) {
     const std::string changed = "update change";
     const struct {
         DWORD style;
-        LPCWSTR start;
-        Act act;
+        const char* start;
+        const char* key;
         std::string told;
-        LPCWSTR text;
+        const char* text;
     } cases[] = {
-        {kBuddy, TEXT("5"), act::Key(VK_UP), "delta5:1 " + changed + " v4:6", TEXT("6")},
-        {kBuddy, TEXT("5"), act::Key(VK_DOWN), "delta5:-1 " + changed + " v4:4", TEXT("4")},
-        {kBuddy, TEXT("10"), act::Key(VK_UP), "delta10:1 v4:10", TEXT("10")},
-        {kBuddy | UDS_WRAP, TEXT("10"), act::Key(VK_UP), "delta10:1 " + changed + " v4:1",
-         TEXT("1")},
+        {kBuddy, "5", "up", "delta5:1 " + changed + " v4:6", "6"},
+        {kBuddy, "5", "down", "delta5:-1 " + changed + " v4:4", "4"},
+        {kBuddy, "10", "up", "delta10:1 v4:10", "10"},
+        {kBuddy | UDS_WRAP, "10", "up", "delta10:1 " + changed + " v4:1", "1"},
         // What is no number of the range does not count.
-        {kBuddy, TEXT("99"), act::Key(VK_DOWN), "delta5:-1 " + changed + " v4:4", TEXT("4")},
-        {kBuddy, TEXT("abc"), act::Key(VK_UP), "delta5:1 " + changed + " v4:6", TEXT("6")},
-        {kBuddy, TEXT(""), act::Key(VK_UP), "delta5:1 " + changed + " v4:6", TEXT("6")},
+        {kBuddy, "99", "down", "delta5:-1 " + changed + " v4:4", "4"},
+        {kBuddy, "abc", "up", "delta5:1 " + changed + " v4:6", "6"},
+        {kBuddy, "", "up", "delta5:1 " + changed + " v4:6", "6"},
     };
     for (const auto& c : cases) {
-        UpDown it(c.style, c.start);
-        SCOPED_TRACE(::testing::PrintToString(Text(c.start)) + c.told);
+        FieldWithArrows it(c.style);
+        SCOPED_TRACE(c.start + c.told);
         it.Ask(UDM_SETPOS32, 0, 5);
-        SetWindowTextW(it.field, c.start);
+        SetWindowTextW(it.field, Wide(c.start).c_str());
         it.parent.Take();
-        c.act(it.field);
+        Perform(it.field, c.key);
         EXPECT_EQ(it.parent.Take(), c.told);
-        EXPECT_EQ(TextOf(it.field), c.text);
+        EXPECT_EQ(TextOf(it.field), Wide(c.text));
     }
 }
 
 TEST(UpDowns, AreClicked) {
-    UpDown it(kBuddy);
+    FieldWithArrows it(kBuddy);
     it.Press(true);
     EXPECT_EQ(it.parent.Take(), "focused delta5:1 update change v4:6 v8:6");
     it.Press(false);
@@ -110,7 +110,7 @@ TEST(UpDowns, AreClicked) {
 }
 
 TEST(UpDowns, AnswerForTheirNumbers) {
-    UpDown it(kBuddy);
+    FieldWithArrows it(kBuddy);
     int low = 0, high = 0;
     it.Ask(UDM_GETRANGE32, reinterpret_cast<WPARAM>(&low), reinterpret_cast<LPARAM>(&high));
     EXPECT_EQ(low, 1);
@@ -144,7 +144,7 @@ TEST(UpDowns, AnswerForTheirNumbers) {
     EXPECT_EQ(TextOf(it.field), TEXT("0x00FF"));
     EXPECT_EQ(it.Ask(UDM_GETBASE), 16);
 
-    UpDown plain(kBuddy | UDS_NOTHOUSANDS);
+    FieldWithArrows plain(kBuddy | UDS_NOTHOUSANDS);
     plain.Ask(UDM_SETRANGE32, 0, 5000);
     plain.Ask(UDM_SETPOS32, 0, 1500);
     EXPECT_EQ(TextOf(plain.field), TEXT("1500"));

@@ -74,6 +74,11 @@ constexpr Command kCommands[] = {
      "                    12 end, or any other number"},
     {"query", QueryCommand,
      "query PRINTER [--mask N]\n                    ask the printer about itself"},
+    {"sheet", SheetCommand,
+     "sheet PRINTER [--document | --defaults | --device] [--in FILE] [--out FILE]\n"
+     "      [--run SCRIPT] [--pictures DIR]\n"
+     "                    open the property sheets, use them as a script says, and tell what they "
+     "show"},
     {"registry", RegistryCommand,
      "registry dump KEY | set KEY NAME TYPE HEX | delete KEY [NAME]\n"
      "                    look at or change the host's registry"},

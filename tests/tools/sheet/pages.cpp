@@ -163,7 +163,7 @@ bool IsTold(WORD code) {
 LRESULT AnswerOf(HWND page, UINT code) {
     WCHAR name[8] = {};
     GetDlgItemTextW(page, ID_NAME, name, 8);
-    const bool bad = lstrcmpW(name, TEXT("bad")) == 0;
+    const bool bad = std::basic_string<WCHAR>(name) == TEXT("bad");
     if (code == PSN_APPLY) return bad ? PSNRET_INVALID_NOCHANGEPAGE : PSNRET_NOERROR;
     return code == PSN_KILLACTIVE && bad;
 }

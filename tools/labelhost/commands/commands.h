@@ -25,6 +25,7 @@ void EventCommand(const Words& words);
 void FontsCommand(const Words& words);
 void SettingsCommand(const Words& words);
 void QueryCommand(const Words& words);
+void SheetCommand(const Words& words);
 void RegistryCommand(const Words& words);
 void PrinterEmulatorCommand(const Words& words);
 void DemoCommand(const Words& words);

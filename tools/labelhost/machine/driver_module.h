@@ -12,6 +12,8 @@ public:
     DriverModule(const DriverModule&) = delete;
     DriverModule& operator=(const DriverModule&) = delete;
 
+    HMODULE module() const { return module_; }
+
     // An exported function. Throws Fault if there is no such function.
     template <class Function>
     Function Export(const char* name) const {

@@ -1,4 +1,5 @@
-// The host's own window system calls its user.
+// The host's own window system calls its user. Its clock stands still, so that timers fall due when
+// a script says so and never by themselves.
 #include "sheet/host.h"
 
 #include <win32host/clock_control.h>
@@ -16,11 +17,13 @@ constexpr uint32_t kStep = 10;
 } // namespace
 
 WhenLoopsAreIdle::WhenLoopsAreIdle(std::function<bool()> act) {
+    win32host::SetTickCount(GetTickCount());
     win32host::WhenIdle(std::move(act));
 }
 
 WhenLoopsAreIdle::~WhenLoopsAreIdle() {
     win32host::WhenIdle(nullptr);
+    win32host::UseRealTickCount();
 }
 
 Passing::Passing(uint32_t milliseconds)

@@ -12,6 +12,3 @@ Json StateOf(const Topmost& topmost, const std::string& name);
 // The titles of the sheet's pages.
 Json PageTitles(HWND sheet);
 int CurrentPageNumber(HWND sheet);
-
-// A state on standard output: a heading, and a line for each visible control.
-void PrintState(const Json& state);
