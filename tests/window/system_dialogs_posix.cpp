@@ -81,12 +81,12 @@ TEST_F(SystemDialogs, ListFilesThatFitTheFilter) {
     {
         UserSteps user({look, Choose(cmb1, CB_SETCURSEL, 1, CBN_SELCHANGE), look,
                         [](HWND dialog) { SetDlgItemTextW(dialog, edt1, u"b*"); }, Press(IDOK),
-                        [](HWND) {}, look, Choose(cmb1, CB_SETCURSEL, 1, CBN_SELCHANGE),
+                        look, Choose(cmb1, CB_SETCURSEL, 1, CBN_SELCHANGE),
                         [](HWND dialog) {
                             EXPECT_EQ(ItemsOf(dialog, cmb2, CB_GETCOUNT, CB_GETLBTEXT),
                                       "C:\\;C:\\here;Z:\\;");
-                            SendDlgItemMessageW(dialog, lst1, LB_SETSEL, TRUE, 0);
                             SendDlgItemMessageW(dialog, lst1, LB_SETSEL, TRUE, 2);
+                            SendDlgItemMessageW(dialog, lst1, LB_SETSEL, TRUE, 4);
                         },
                         Choose(lst1, LB_SETSEL, FALSE, LBN_SELCHANGE), Press(IDOK)});
         EXPECT_TRUE(GetOpenFileNameW(&open));
@@ -95,7 +95,7 @@ TEST_F(SystemDialogs, ListFilesThatFitTheFilter) {
         "[..];[sub];a.txt;B.TXT;", "[..];[sub];a.txt;B.TXT;c.rtf;", "[..];[sub];B.TXT;"};
     EXPECT_EQ(lists, expected);
     EXPECT_EQ(open.nFilterIndex, 2u);
-    EXPECT_EQ(std::u16string(file), u"C:\\here\\a.txt");
+    EXPECT_EQ(std::u16string(file, 21), std::u16string(u"C:\\here\0a.txt\0c.rtf\0", 21));
     open.lStructSize = 5;
     EXPECT_FALSE(GetOpenFileNameW(&open));
     EXPECT_EQ(CommDlgExtendedError(), DWORD{CDERR_STRUCTSIZE});
@@ -198,8 +198,7 @@ TEST_F(SystemDialogs, ChooseFontsInTheCallersTemplate) {
                         Press(IDOK), Choose(cmb1, CB_SETCURSEL, 0, CBN_SELCHANGE),
                         [&](HWND dialog) { family = NarrowText(GetDlgItem(dialog, cmb1)); },
                         [](HWND dialog) { SetDlgItemTextW(dialog, cmb3, u"99"); }, Press(IDOK),
-                        [](HWND) {}, Press(IDOK),
-                        [](HWND dialog) { SetDlgItemTextW(dialog, cmb3, u"12.5"); },
+                        Press(IDOK), [](HWND dialog) { SetDlgItemTextW(dialog, cmb3, u"12.5"); },
                         [](HWND) { g_hook.keeps_open = true; }, Press(IDOK),
                         [](HWND) { g_hook.keeps_open = false; }, Press(IDOK)});
         EXPECT_TRUE(ChooseFontW(&choose));
