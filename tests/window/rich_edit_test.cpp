@@ -8,10 +8,10 @@
 
 namespace {
 
-using Wide = std::basic_string<WCHAR>;
+using WideText = std::basic_string<WCHAR>;
 
 // Line breaks as "/" and returns without one as "\".
-std::string Plain(const Wide& text) {
+std::string Plain(const WideText& text) {
     std::string plain;
     for (size_t i = 0; i < text.size(); ++i) {
         if (text[i] != '\r') {
@@ -35,7 +35,7 @@ protected:
         description.lfHeight = -11;
         description.lfWeight = FW_NORMAL;
         description.lfCharSet = DEFAULT_CHARSET;
-        Wide(TEXT("Tahoma")).copy(description.lfFaceName, LF_FACESIZE - 1);
+        WideText(TEXT("Tahoma")).copy(description.lfFaceName, LF_FACESIZE - 1);
         font = CreateFontIndirectW(&description);
         parent.handler = [this](UINT message, WPARAM first, LPARAM second, LRESULT& answer) {
             return Hear(message, first, second, answer);
@@ -87,7 +87,7 @@ protected:
         WCHAR text[200];
         const int length = GetWindowTextW(edit, text, 200);
         EXPECT_EQ(GetWindowTextLengthW(edit), length);
-        return Plain(Wide(text, static_cast<size_t>(length)));
+        return Plain(WideText(text, static_cast<size_t>(length)));
     }
     // The text with the selection: "a[b]c".
     std::string Shown() const {
@@ -302,7 +302,7 @@ TEST_F(RichEditTest, TakesTheFontForEverything) {
     Format(CFM_BOLD, CFE_BOLD);
     Send(WM_SETFONT, reinterpret_cast<WPARAM>(font));
     const CHARFORMAT2W format = FormatOf(0, 5);
-    EXPECT_EQ(Wide(format.szFaceName), TEXT("Tahoma"));
+    EXPECT_EQ(WideText(format.szFaceName), TEXT("Tahoma"));
     EXPECT_EQ(format.yHeight, 165);
     EXPECT_FALSE(format.dwEffects & CFE_BOLD);
 }
@@ -412,7 +412,7 @@ TEST_F(RichEditTest, StreamsText) {
 }
 
 TEST_F(RichEditTest, ScrollsByPixels) {
-    Wide lines;
+    WideText lines;
     for (int i = 0; i < 50; ++i) lines += TEXT("line\n");
     SetText(lines.c_str());
     const auto position = [&] {
