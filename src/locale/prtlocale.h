@@ -115,7 +115,7 @@ public:
     bool is_mm() const { return EffectiveUnits() == MILLIMETRES; }
     bool is_cm() const { return EffectiveUnits() == CENTIMETRES; }
 
-    // The name of the current unit ("mm"), and that of points.
+    // The name of the current unit ("mm"), and what makes a length a speed ("/s").
     const OString& GetUnitsLabel() const { return units_label_; }
     const OString& GetSecondLabel() const { return second_label_; }
 

@@ -11,7 +11,7 @@ enum TextNumber : int {
     TEXT_INCHES = 479,
     TEXT_MILS = 481,
     TEXT_MILLIMETRES = 482,
-    TEXT_POINTS = 484,
+    TEXT_PER_SECOND = 484,
 
     // ---- The page for label size, orientation and preset, and the dialog for a label size.
     TEXT_VIEW_STOCK = 488,
