@@ -26,8 +26,9 @@ public:
     struct Language {
         char code[4];
         uint16_t code_page;
-        uint16_t ask_name; // text number of the name in the question before it is
-                           // chosen; 0: none is asked, every system can show it
+        uint16_t name; // the number of its name among the texts
+        bool is_asked; // the user is asked before it is chosen: a system may
+                       // not be able to show it
     };
 
     // English first. For the page on which the user chooses one.
