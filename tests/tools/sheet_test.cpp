@@ -19,8 +19,10 @@ const std::string kScripts = Sources("/tests/tools/sheet/");
 
 class Sheet : public HostTest {
 protected:
-    static ProgramResult PlayFile(const std::string& file) {
-        return RunProgram("sheet_player", {Built("/bin/test_data/sheet.dll"), file});
+    ProgramResult PlayFile(const std::string& file) const {
+        std::vector<std::string> words = OnMachine(root());
+        words.insert(words.end(), {Built("/bin/test_data/sheet.dll"), file});
+        return RunProgram("sheet_player", words);
     }
     ProgramResult Play(const std::string& script) const {
         const std::string file = root() + "/script.txt";
@@ -43,6 +45,7 @@ void RemovePixels(Json& told) {
 }
 
 TEST_F(Sheet, AnswersEveryActTheSameOnEveryHost) {
+    WriteFile("sheet\\test.kds", "chosen by the script");
     const ProgramResult result = PlayFile(kScripts + "everything.txt");
     ASSERT_EQ(result.status, 0) << result.errors;
     Json told = Told(result);
