@@ -55,7 +55,7 @@ DialogTemplate FileDialog::Template() const {
     AddControl(made, kComboBoxClass, cmb2, u"", CBS_DROPDOWNLIST | WS_VSCROLL | WS_TABSTOP,
                {55, 7, 293, 107});
     AddControl(made, kListBoxClass, lst1, u"",
-               LBS_NOTIFY | LBS_SORT | LBS_NOINTEGRALHEIGHT | WS_BORDER | WS_VSCROLL | WS_TABSTOP |
+               LBS_NOTIFY | LBS_NOINTEGRALHEIGHT | WS_BORDER | WS_VSCROLL | WS_TABSTOP |
                    static_cast<DWORD>(SelectsMany() ? LBS_EXTENDEDSEL : 0),
                {7, 26, 293, 126});
     AddControl(made, kStaticClass, stc3, u"File &name:", SS_LEFT, {7, 135, 52, 143});
@@ -109,23 +109,28 @@ void FileDialog::ListFiles() {
     SendDlgItemMessageW(dialog_, lst1, LB_RESETCONTENT, 0, 0);
     const std::vector<std::u16string> patterns =
         typed_pattern_.empty() ? wanted_.Patterns() : std::vector{typed_pattern_};
+    std::vector<std::u16string> folders, files;
     WIN32_FIND_DATAW found = {};
     const HANDLE search = FindFirstFileW(PathIn(wanted_.folder, u"*").c_str(), &found);
     if (search == INVALID_HANDLE_VALUE) return;
     do {
         const std::u16string name = found.cFileName;
-        const bool is_folder = (found.dwFileAttributes & FILE_ATTRIBUTE_DIRECTORY) != 0;
-        const bool fits = is_folder ? name != u"."
-                                    : std::any_of(patterns.begin(), patterns.end(),
-                                                  [&](const std::u16string& pattern) {
-                                                      return FitsPattern(name, pattern);
-                                                  });
-        if (!fits) continue;
-        const std::u16string shown = is_folder ? u"[" + name + u"]" : name;
-        SendDlgItemMessageW(dialog_, lst1, LB_ADDSTRING, 0,
-                            reinterpret_cast<LPARAM>(shown.c_str()));
+        if (found.dwFileAttributes & FILE_ATTRIBUTE_DIRECTORY) {
+            if (name != u".") folders.push_back(u"[" + name + u"]");
+        } else if (std::any_of(
+                       patterns.begin(), patterns.end(),
+                       [&](const std::u16string& pattern) { return FitsPattern(name, pattern); })) {
+            files.push_back(name);
+        }
     } while (FindNextFileW(search, &found));
     FindClose(search);
+    for (auto* names : {&folders, &files}) {
+        std::sort(names->begin(), names->end(),
+                  [](const auto& a, const auto& b) { return lstrcmpiW(a.c_str(), b.c_str()) < 0; });
+        for (const std::u16string& name : *names)
+            SendDlgItemMessageW(dialog_, lst1, LB_ADDSTRING, 0,
+                                reinterpret_cast<LPARAM>(name.c_str()));
+    }
 }
 
 std::u16string FileDialog::ListItem(LRESULT item) const {

@@ -41,10 +41,14 @@ public:
     UserSteps& operator=(const UserSteps&) = delete;
 
 private:
+    // Comes after what a step has posted.
+    static constexpr UINT kNextStep = WM_APP + 1;
+
     static LRESULT CALLBACK Procedure(HWND window, UINT message, WPARAM first, LPARAM second) {
         auto* self = reinterpret_cast<UserSteps*>(GetWindowLongPtrW(window, GWLP_USERDATA));
-        if (message != WM_APP || !self) return DefWindowProcW(window, message, first, second);
-        // Modal windows of a step get the next steps before it has ended.
+        if (message == WM_APP) PostMessageW(window, kNextStep, 0, 0);
+        if (message != kNextStep || !self) return DefWindowProcW(window, message, first, second);
+        // Modal windows that a step opens get the next steps before it has ended.
         const HWND active = GetActiveWindow();
         if (self->next_ < self->steps_.size()) {
             PostMessageW(window, WM_APP, 0, 0);
