@@ -2,6 +2,8 @@
 
 #include "host/guarded.h"
 #include "host/text.h"
+#include "window/control_paint.h"
+#include "window/look.h"
 
 #include <algorithm>
 #include <cstring>
@@ -270,6 +272,13 @@ LRESULT RichEdit::Handle(UINT message, WPARAM first, LPARAM second) {
             return 0;
         case WM_ERASEBKGND:
             return TRUE;
+        case WM_NCPAINT: {
+            look::State state = IsWindowEnabled(Self()) ? look::kNormal : look::kDisabled;
+            if (has_focus_) state |= look::kFocused;
+            if (Style() & ES_READONLY) state |= look::kReadOnly;
+            PaintFieldFrame(Self(), state);
+            return 0;
+        }
         case WM_PAINT: {
             PAINTSTRUCT paint;
             Paint(BeginPaint(Self(), &paint));
