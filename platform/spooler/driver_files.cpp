@@ -15,6 +15,8 @@ namespace fs = std::filesystem;
 namespace win32host {
 namespace {
 
+constexpr char kResources[] = ".mui";
+
 struct FileCopy {
     fs::path from;
     fs::path to;
@@ -81,6 +83,8 @@ DWORD InstallDriverFiles(const PrintServer& server, const std::vector<std::u16st
             if (flags & APD_COPY_NEW_FILES && target_time > source_time) continue;
         }
         copies.push_back({*from, *to});
+        // The resources of a module of this host are in a file beside it.
+        if (IsFile(*from + kResources)) copies.push_back({*from + kResources, *to + kResources});
     }
     for (const FileCopy& copy : copies) {
         if (const DWORD code = CopyWhole(copy); code != ERROR_SUCCESS) return code;

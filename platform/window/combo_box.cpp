@@ -120,14 +120,9 @@ LRESULT ComboBox::Handle(UINT message, WPARAM first, LPARAM second) {
         return ForwardOwnerDraw(message, second);
     case WM_ERASEBKGND:
         return TRUE;
-    case WM_PAINT: {
-        PAINTSTRUCT paint;
-        Paint(BeginPaint(Self(), &paint));
-        EndPaint(Self(), &paint);
-        return 0;
-    }
+    case WM_PAINT:
     case WM_PRINTCLIENT:
-        Paint(reinterpret_cast<HDC>(first));
+        Paint(first);
         return 0;
     default:
         return DefWindowProcW(Self(), message, first, second);

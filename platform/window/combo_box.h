@@ -11,6 +11,8 @@
 
 namespace win32host {
 
+class ControlPaint;
+
 class ComboBox : public Control {
 public:
     using Control::Control;
@@ -70,7 +72,9 @@ private:
     LRESULT ForwardOwnerDraw(UINT message, LPARAM item) const;
 
     // combo_box_painting.cpp
-    void Paint(HDC dc);
+    void Paint(WPARAM context);
+    void PaintField(const ControlPaint& paint) const;
+    void AskOwnerToDrawField(HDC dc, const RECT& rect) const;
 
     bool IsSimple() const { return (Style() & CBS_DROPDOWNLIST) == CBS_SIMPLE; }
     bool HasEdit() const { return (Style() & CBS_DROPDOWNLIST) != CBS_DROPDOWNLIST; }
@@ -99,6 +103,7 @@ public:
 protected:
     HWND Owner() const override { return combo_; }
     LRESULT HandleMouse(UINT message, LPARAM point) override;
+    bool ShowsFocus() const override { return true; }
 
 private:
     HWND combo_ = nullptr;

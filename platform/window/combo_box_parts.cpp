@@ -1,5 +1,6 @@
 // The windows that a combo box is put together of, and their places.
 #include "window/combo_box.h"
+#include "window/look.h"
 #include "window/text_measure.h"
 
 #include <algorithm>
@@ -9,8 +10,7 @@ namespace {
 
 constexpr int kListId = 1000;
 constexpr int kEditId = 1001;
-constexpr int kFieldEdge = 3; // around the text
-constexpr int kButtonWidth = 17;
+constexpr int kFieldEdge = 3;    // around the text
 constexpr int kDefaultRows = 30; // of a list that was given no height
 
 LRESULT CALLBACK ComboEditProcedure(HWND edit, UINT message, WPARAM first, LPARAM second) {
@@ -153,9 +153,9 @@ void ComboBox::KeepHeight(WINDOWPOS& position) {
 RECT ComboBox::ButtonRect() const {
     RECT client = {};
     GetClientRect(Self(), &client);
-    const LONG width = TextMeasure(Self(), font_).Scaled(kButtonWidth);
     if (IsSimple()) return {};
-    return {std::max<LONG>(0, client.right - 2 - width), 2, client.right - 2, client.bottom - 2};
+    const LONG width = look::ComboArrowWidth(TextMeasure(Self(), font_).Context());
+    return {std::max<LONG>(0, client.right - width), 0, client.right, client.bottom};
 }
 
 RECT ComboBox::FieldRect() const {

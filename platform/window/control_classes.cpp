@@ -6,7 +6,9 @@ namespace win32host {
 void RegisterComboBox();
 void RegisterButton();
 void RegisterEdit();
+void RegisterHeaderControl();
 void RegisterListBox();
+void RegisterListView();
 void RegisterMenuWindow();
 void RegisterProgressBar();
 void RegisterStatic();
@@ -19,7 +21,9 @@ void RegisterControls() {
     RegisterComboBox();
     RegisterButton();
     RegisterEdit();
+    RegisterHeaderControl();
     RegisterListBox();
+    RegisterListView();
     RegisterMenuWindow();
     RegisterProgressBar();
     RegisterStatic();

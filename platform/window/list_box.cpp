@@ -2,6 +2,7 @@
 #include "window/list_box.h"
 
 #include "host/guarded.h"
+#include "window/field_frame.h"
 #include "window/notify.h"
 #include "window/scroll_bars.h"
 #include "window/text_measure.h"
@@ -71,14 +72,12 @@ LRESULT ListBox::Handle(UINT message, WPARAM first, LPARAM second) {
         return 0;
     case WM_ERASEBKGND:
         return TRUE;
-    case WM_PAINT: {
-        PAINTSTRUCT paint;
-        Paint(BeginPaint(Self(), &paint));
-        EndPaint(Self(), &paint);
+    case WM_NCPAINT:
+        PaintFieldFrame(Self(), has_focus_);
         return 0;
-    }
+    case WM_PAINT:
     case WM_PRINTCLIENT:
-        Paint(reinterpret_cast<HDC>(first));
+        Paint(first);
         return 0;
     default:
         return DefWindowProcW(Self(), message, first, second);

@@ -18,6 +18,9 @@ protected:
     virtual HWND Owner() const { return Parent(); }
     virtual LRESULT HandleMouse(UINT message, LPARAM point);
 
+    // Whether selected items look as if the list had the keyboard.
+    virtual bool ShowsFocus() const { return has_focus_; }
+
     bool IsMultiple() const { return Style() & (LBS_MULTIPLESEL | LBS_EXTENDEDSEL); }
     bool IsOwnerDrawn() const { return Style() & (LBS_OWNERDRAWFIXED | LBS_OWNERDRAWVARIABLE); }
     bool HasStrings() const { return !IsOwnerDrawn() || Style() & LBS_HASSTRINGS; }
@@ -75,7 +78,12 @@ private:
     void Redraw(int at) const;
 
     // list_box_painting.cpp
-    void Paint(HDC dc);
+    void Paint(WPARAM context);
+    void PaintItem(HDC dc, int at) const;
+    void PaintItemText(HDC dc, std::u16string_view text, RECT rect) const;
+    int NextTabStop(HDC dc, int from) const;
+    void AskOwnerToDraw(HDC dc, int at) const;
+    bool IsItemSelected(int at) const;
 
     ListItems items_;
     int current_ = -1; // the selected item where only one can be

@@ -1,6 +1,7 @@
 #include "window/scroll_bars.h"
 
 #include "host/guarded.h"
+#include "window/look.h"
 #include "window/window.h"
 
 #include <algorithm>
@@ -87,6 +88,37 @@ int ScrolledTo(HWND window, int bar, WPARAM request, int line) {
     }
     return std::clamp(to, info.nMin,
                       std::max(info.nMin, info.nMax - static_cast<int>(info.nPage) + 1));
+}
+
+static void DrawBar(HDC dc, const ScrollBar& bar, const RECT& rect, bool vertical, bool enabled) {
+    const int length = vertical ? rect.bottom - rect.top : rect.right - rect.left;
+    const int width = vertical ? rect.right - rect.left : rect.bottom - rect.top;
+    int start = 0;
+    int end = 0;
+    bar.Thumb(length, std::min(width, length / 2), start, end);
+    look::DrawScrollBar(dc, rect, vertical, start, end,
+                        enabled && !bar.disabled ? look::kNormal : look::kDisabled);
+}
+
+void DrawScrollBars(HWND window, HDC dc) {
+    const auto found = FindWindowObject(window);
+    if (!found || !(found->style & (WS_VSCROLL | WS_HSCROLL))) return;
+    const bool enabled = !found->Has(WS_DISABLED);
+    // They lie between the client area and the border, which is as wide on the right as on the
+    // left.
+    const RECT& client = found->client;
+    const LONG right = found->rect.right - found->rect.left - client.left;
+    const LONG bottom = found->rect.bottom - found->rect.top - client.top;
+    if (found->Has(WS_VSCROLL))
+        DrawBar(dc, found->vertical, {client.right, client.top, right, client.bottom}, true,
+                enabled);
+    if (found->Has(WS_HSCROLL))
+        DrawBar(dc, found->horizontal, {client.left, client.bottom, client.right, bottom}, false,
+                enabled);
+    if (found->Has(WS_VSCROLL | WS_HSCROLL)) {
+        const RECT corner = {client.right, client.bottom, right, bottom};
+        FillRect(dc, &corner, GetSysColorBrush(COLOR_SCROLLBAR));
+    }
 }
 
 // The bar of a window, or null with an error. Controls have theirs themselves.

@@ -27,7 +27,7 @@ struct ScrollBar {
 // limited. `request` is the message's first parameter.
 int ScrolledTo(HWND window, int bar, WPARAM request, int line);
 
-// The window's own scroll bars (painting the frame).
+// Draws the window's own scroll bars on a context of the whole window (GetWindowDC).
 void DrawScrollBars(HWND window, HDC dc);
 
 } // namespace win32host

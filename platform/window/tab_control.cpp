@@ -89,14 +89,9 @@ LRESULT TabControl::Handle(UINT message, WPARAM first, LPARAM second) {
         return 0;
     case WM_ERASEBKGND:
         return TRUE;
-    case WM_PAINT: {
-        PAINTSTRUCT paint;
-        Paint(BeginPaint(Self(), &paint));
-        EndPaint(Self(), &paint);
-        return 0;
-    }
+    case WM_PAINT:
     case WM_PRINTCLIENT:
-        Paint(reinterpret_cast<HDC>(first));
+        Paint(first);
         return 0;
     default:
         return DefWindowProcW(Self(), message, first, second);

@@ -15,6 +15,8 @@
 
 namespace win32host {
 
+class ControlPaint;
+
 class TabControl : public Control {
 public:
     using Control::Control;
@@ -64,7 +66,8 @@ private:
     int TabsHeight();
 
     // tab_painting.cpp
-    void Paint(HDC dc);
+    void Paint(WPARAM context);
+    void PaintTab(const ControlPaint& paint, int at) const;
 
     std::vector<Tab> tabs_;
     int selected_ = -1;

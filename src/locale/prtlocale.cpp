@@ -15,29 +15,29 @@ constexpr char kFollowSystem[] = "sys";
 constexpr char kEnglish[] = "enu";
 
 constexpr prtlocale::Language kLanguages[] = {
-    {"enu", 1252, 0},
-    {"fra", 1252, 0},
-    {"deu", 1252, 0},
-    {"ita", 1252, 0},
-    {"esp", 1252, 0},
-    {"ptb", 1252, 0},
-    {"chs", 936, TEXT_SIMPLIFIED_CHINESE},
-    {"cht", 950, TEXT_TRADITIONAL_CHINESE},
-    {"jpn", 932, TEXT_JAPANESE},
-    {"fin", 1252, 0},
-    {"dan", 1252, 0},
-    {"sve", 1252, 0},
-    {"nor", 1252, 0},
-    {"nld", 1252, 0},
-    {"ptg", 1252, 0},
-    {"csy", 1250, TEXT_CZECH},
-    {"plk", 1250, TEXT_POLISH},
-    {"kor", 949, TEXT_KOREAN},
-    {"tha", 874, TEXT_THAI},
-    {"hun", 1250, TEXT_HUNGARIAN},
-    {"ell", 1253, TEXT_GREEK},
-    {"trk", 1254, TEXT_TURKISH},
-    {"rus", 1251, TEXT_RUSSIAN},
+    {"enu", 1252, TEXT_ENGLISH, false},
+    {"fra", 1252, TEXT_FRENCH, false},
+    {"deu", 1252, TEXT_GERMAN, false},
+    {"ita", 1252, TEXT_ITALIAN, false},
+    {"esp", 1252, TEXT_SPANISH, false},
+    {"ptb", 1252, TEXT_BRAZILIAN_PORTUGUESE, false},
+    {"chs", 936, TEXT_SIMPLIFIED_CHINESE, true},
+    {"cht", 950, TEXT_TRADITIONAL_CHINESE, true},
+    {"jpn", 932, TEXT_JAPANESE, true},
+    {"fin", 1252, TEXT_FINNISH, false},
+    {"dan", 1252, TEXT_DANISH, false},
+    {"sve", 1252, TEXT_SWEDISH, false},
+    {"nor", 1252, TEXT_NORWEGIAN, false},
+    {"nld", 1252, TEXT_DUTCH, false},
+    {"ptg", 1252, TEXT_PORTUGUESE, false},
+    {"csy", 1250, TEXT_CZECH, true},
+    {"plk", 1250, TEXT_POLISH, true},
+    {"kor", 949, TEXT_KOREAN, true},
+    {"tha", 874, TEXT_THAI, true},
+    {"hun", 1250, TEXT_HUNGARIAN, true},
+    {"ell", 1253, TEXT_GREEK, true},
+    {"trk", 1254, TEXT_TURKISH, true},
+    {"rus", 1251, TEXT_RUSSIAN, true},
 };
 
 // The beginnings of the abbreviations of the system's languages. The first match counts, so more
@@ -199,9 +199,8 @@ bool prtlocale::LanguageExists(prtmodel* model, const char* language) {
 bool prtlocale::SetNewLanguage(HWND owner, const char* language) {
     if (!language) return false;
     const Language* known = FindLanguage(language);
-    if (known && known->ask_name && std::strcmp(language, system_language_) != 0) {
-        const OString question = GetString(TEXT_LANGUAGE_WARNING),
-                      title = GetString(known->ask_name);
+    if (known && known->is_asked && std::strcmp(language, system_language_) != 0) {
+        const OString question = GetString(TEXT_LANGUAGE_WARNING), title = GetString(known->name);
         if (MessageBoxW(owner, question.tstring(), title.tstring(), MB_OKCANCEL) != IDOK)
             return false;
     }

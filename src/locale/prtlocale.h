@@ -26,8 +26,9 @@ public:
     struct Language {
         char code[4];
         uint16_t code_page;
-        uint16_t ask_name; // text number of the name in the question before it is
-                           // chosen; 0: none is asked, every system can show it
+        uint16_t name; // the number of its name among the texts
+        bool is_asked; // the user is asked before it is chosen: a system may
+                       // not be able to show it
     };
 
     // English first. For the page on which the user chooses one.
@@ -115,7 +116,7 @@ public:
     bool is_mm() const { return EffectiveUnits() == MILLIMETRES; }
     bool is_cm() const { return EffectiveUnits() == CENTIMETRES; }
 
-    // The name of the current unit ("mm"), and that of points.
+    // The name of the current unit ("mm"), and what makes a length a speed ("/s").
     const OString& GetUnitsLabel() const { return units_label_; }
     const OString& GetSecondLabel() const { return second_label_; }
 

@@ -7,7 +7,7 @@
 
 void prtlocale::init() {
     LoadUnitsLabel();
-    second_label_ = GetString(TEXT_POINTS);
+    second_label_ = GetString(TEXT_PER_SECOND);
 }
 
 void prtlocale::LoadUnitsLabel() {

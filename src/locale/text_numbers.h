@@ -11,7 +11,7 @@ enum TextNumber : int {
     TEXT_INCHES = 479,
     TEXT_MILS = 481,
     TEXT_MILLIMETRES = 482,
-    TEXT_POINTS = 484,
+    TEXT_PER_SECOND = 484,
 
     // ---- The page for label size, orientation and preset, and the dialog for a label size.
     TEXT_VIEW_STOCK = 488,
@@ -86,10 +86,23 @@ enum TextNumber : int {
     TEXT_KOREAN_LETTERS = 1253,
     TEXT_TRADITIONAL_CHINESE_LETTERS = 1254,
 
-    // ---- Languages that a system may not be able to show, and the question before one is chosen.
+    // ---- Languages of the user interface, and the question before one is chosen that a system may
+    // not be able to show.
+    TEXT_ENGLISH = 1271,
+    TEXT_SPANISH = 1272,
+    TEXT_GERMAN = 1273,
+    TEXT_FRENCH = 1274,
     TEXT_JAPANESE = 1275,
+    TEXT_BRAZILIAN_PORTUGUESE = 1276,
+    TEXT_ITALIAN = 1277,
     TEXT_SIMPLIFIED_CHINESE = 1278,
     TEXT_TRADITIONAL_CHINESE = 1279,
+    TEXT_FINNISH = 1280,
+    TEXT_DANISH = 1281,
+    TEXT_SWEDISH = 1282,
+    TEXT_NORWEGIAN = 1283,
+    TEXT_DUTCH = 1284,
+    TEXT_PORTUGUESE = 1285,
     TEXT_CZECH = 1286,
     TEXT_POLISH = 1287,
     TEXT_KOREAN = 1288,
@@ -99,6 +112,68 @@ enum TextNumber : int {
     TEXT_TURKISH = 1292,
     TEXT_LANGUAGE_WARNING = 1299,
     TEXT_RUSSIAN = 1300,
+    // Languages that only code pages are named after.
+    TEXT_HEBREW_NAME = 1293,
+    TEXT_ARABIC_NAME = 1294,
+    TEXT_ESTONIAN = 1295,
+    TEXT_LATVIAN = 1296,
+    TEXT_LITHUANIAN = 1297,
+    TEXT_VIETNAMESE_NAME = 1298,
+    TEXT_BULGARIAN = 1301,
+    TEXT_UKRAINIAN = 1302,
+    TEXT_ROMANIAN = 1303,
+    TEXT_SLOVAK = 1304,
+
+    // ---- The sheets for administration, for what a document sends, and for the status monitor.
+    TEXT_ADVANCED_SHEET = 1340,
+    TEXT_ADMINISTRATION_SHEET = 1341,
+    TEXT_STATUS_SHEET = 2471,
+
+    // ---- Administration. Access levels are those of users, from administrators down, and nobody.
+    TEXT_ADMINISTRATORS = 490,
+    TEXT_POWER_USERS = 491,
+    TEXT_USERS = 492,
+    TEXT_EVERYONE = 493,
+    TEXT_NOBODY = 494,
+    TEXT_SETTINGS_FILES = 2311,
+    TEXT_SETTINGS_FILTER = 2331,
+    TEXT_OLD_SETTINGS_FILTER = 2332,
+    TEXT_NO = 1979,
+    TEXT_YES = 1981,
+    TEXT_BAR_FONT_CONTENTS = 4140,
+    TEXT_STOCK_CONTENTS = 4141,
+    TEXT_PRESET_CONTENTS = 4142,
+    TEXT_RFID_FONT_CONTENTS = 4145,
+    TEXT_DRIVER_SETTINGS = 4146,
+    TEXT_EXPORTED = 4148,
+    TEXT_IMPORTED = 4149,
+
+    // ---- Units that the user can choose.
+    TEXT_AS_THE_SYSTEM = 457,
+    TEXT_UNIT_INCHES = 458,
+    TEXT_UNIT_MILLIMETRES = 459,
+    TEXT_UNIT_CENTIMETRES = 460,
+
+    // ---- Other specifications than the model's: the question, and where the media runs.
+    TEXT_SPECIFICATIONS = 505,
+    TEXT_SPECIFICATIONS_WARNING = 506,
+    TEXT_OVERRIDE_QUESTION = 507,
+    TEXT_LEFT_TRACKED = 511,
+    TEXT_CENTRE_TRACKED = 512,
+    TEXT_RIGHT_TRACKED = 513,
+
+    // ---- Columns of the code pages for office programs.
+    TEXT_CODE_PAGE_NUMBER = 520,
+    TEXT_CODE_PAGE_CHARACTERS = 521,
+    TEXT_CODE_PAGE_SUFFIX = 522,
+    TEXT_CODE_PAGE_LANGUAGES = 523,
+
+    // ---- Command sequences of a document, and the choice of no escape character.
+    TEXT_FIRST_USER_COMMANDS = 462,
+    TEXT_SECOND_USER_COMMANDS = 463,
+    TEXT_THIRD_USER_COMMANDS = 464,
+    TEXT_FOURTH_USER_COMMANDS = 465,
+    TEXT_NO_ESCAPE_CHARACTER = 494,
 
     // ---- The kinds of font downloads, and the sets of characters for bitmap fonts.
     TEXT_TRUETYPE_DOWNLOAD = 1901,

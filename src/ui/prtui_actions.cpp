@@ -3,6 +3,7 @@
 #include "printer/prtstream.h"
 #include "printer/prttest.h"
 #include "spooler/driver_utility.h"
+#include "ui/action_dialogs.h"
 #include "ui/action_row.h"
 #include "ui/prtui.h"
 
@@ -46,9 +47,12 @@ constexpr ActionRow kActions[] = {
     {ACTION_SEND_FILE, TEXT_SEND_FILE, kAdministrativeDialog},
     {ACTION_CACHE, TEXT_CACHE, kAdministrativeDialog, HasCacheMemory},
     {ACTION_CLEAR_CACHE, TEXT_CLEAR_CACHE, ACTION_OFFERED, CanCache, ClearCache},
-    {ACTION_ADMINISTRATION, TEXT_NONE, kAdministrativeDialog},
-    {ACTION_STATUS, TEXT_NONE, kAdministrativeDialog, CanBeMonitored},
-    {ACTION_OFFICE_COMPATIBILITY, TEXT_NONE, kAdministrativeDialog},
+    {ACTION_ADMINISTRATION, TEXT_NONE, kAdministrativeDialog, nullptr, nullptr, nullptr,
+     ShowAdministration},
+    {ACTION_STATUS, TEXT_NONE, kAdministrativeDialog, CanBeMonitored, nullptr, nullptr,
+     ShowStatusMonitor},
+    {ACTION_OFFICE_COMPATIBILITY, TEXT_NONE, kAdministrativeDialog, nullptr, nullptr, nullptr,
+     ShowOfficeCompatibility},
     // The actions of other printer languages have only names.
     {printer_action{3}, 2402},
     {printer_action{4}, 2403},

@@ -107,7 +107,7 @@ TEST_F(LanguageLibraries, LoadTheSystemsLanguageWithEnglishBehindIt) {
     EXPECT_EQ(locale.GetString(799), "");
     EXPECT_EQ(locale.microns_to_string(12700), "12.7 mm");
     EXPECT_EQ(locale.dpi_to_string(203), "8.0 Punkte/mm");
-    EXPECT_EQ(locale.GetSecondLabel(), "Pkt");
+    EXPECT_EQ(locale.GetSecondLabel(), "/Sek.");
     EXPECT_EQ(locale.GetHelpFile(), folder_ + "\\zplvenu.chm"); // there is no German one
 }
 

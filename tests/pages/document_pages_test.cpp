@@ -26,6 +26,9 @@ LONG_PTR CALLBACK TakePages(HANDLE, UINT function, LPARAM, LPARAM second) {
     return static_cast<LONG_PTR>(g_inserted.size());
 }
 
+constexpr int ADMINISTRATION = 614; // of the tools
+constexpr int LICENSE = 110;        // of the page about the driver
+
 // Page setup, and a page of ZPL II printers, with the controls that are used here.
 enum : int {
     STOCKS = 512,
@@ -59,6 +62,14 @@ protected:
                  .custom_data = CustomDataLines(data)});
         InstallLanguage();
     }
+    void OpenDevice() {
+        ui = OpenUI();
+        info_.pfnComPropSheet = TakePages;
+        g_inserted.clear();
+        const DEVICEPROPERTYHEADER header = {};
+        ASSERT_EQ(ui->InitDevSheets(&info_, &header), 1);
+        sheet = std::make_unique<SheetOfPages>(g_inserted);
+    }
     void Open(const DEVMODEW* in = nullptr) {
         ui = OpenUI(in, DM_UPDATE | (in ? DM_IN_BUFFER : 0));
         ui->locale.SetNewUnits(prtlocale::MILLIMETRES);
@@ -82,13 +93,14 @@ protected:
         return Text(TextOfWindow(GetDlgItem(dialog, id)));
     }
     // Goes to the page with this control.
-    void GoTo(int control) const {
+    bool HasPageWith(int control) const {
         for (int page = 0; page < sheet->PageCount(); ++page) {
             sheet->Show(page);
-            if (sheet->Item(control)) return;
+            if (sheet->Item(control)) return true;
         }
-        FAIL() << "no control " << control;
+        return false;
     }
+    void GoTo(int control) const { ASSERT_TRUE(HasPageWith(control)) << control; }
     std::string Shown(int id) const { return Text(TextOfWindow(sheet->Item(id))); }
     bool IsEnabled(int id) const { return IsWindowEnabled(sheet->Item(id)) != FALSE; }
     // The items of a combo box, the selected one in brackets.
@@ -136,6 +148,24 @@ TEST_F(DocumentPages, AreUnchangedHoweverTheyAreLookedAt) {
         }
     EXPECT_TRUE(sheet->Apply());
     sheet->Close();
+}
+
+TEST_F(DocumentPages, OfADeviceAreThoseThatAnotherProgramWants) {
+    constexpr char kWanted[] = "DATA:FW Message";
+    prtreg registry = Registry();
+    const struct {
+        uint32_t wanted;
+        bool tools;
+    } cases[] = {{0, true}, {1, true}, {4, false}};
+    for (const auto& c : cases) {
+        registry.SetDWORD(kWanted, c.wanted);
+        OpenDevice();
+        EXPECT_EQ(registry.GetDWORD(kWanted, 9), 0u);
+        EXPECT_EQ(HasPageWith(ADMINISTRATION), c.tools) << c.wanted;
+        sheet->Show(sheet->PageCount() - 1);
+        EXPECT_NE(sheet->Item(LICENSE), nullptr) << "the last page is about the driver";
+        sheet.reset();
+    }
 }
 
 TEST_F(DocumentPages, ShowThePrintModeAndWhatFollowsFromIt) {

@@ -30,15 +30,14 @@ public:
         for (; *items; ++items) Add(Text(3, static_cast<WCHAR>(*items)), *items);
         Took();
         details = [](const NMHDR& head) -> std::string {
-            const auto& record = reinterpret_cast<const NMLISTVIEW&>(head);
-            const std::string item = std::to_string(record.iItem);
-            if (head.code == LVN_ITEMCHANGED)
-                return item + ":" + States(record.uOldState) + ">" + States(record.uNewState);
-            if (head.code == LVN_COLUMNCLICK) return std::to_string(record.iSubItem);
             if (head.code == LVN_KEYDOWN || head.code == NM_SETFOCUS || head.code == NM_KILLFOCUS ||
                 head.code == NM_RETURN || head.code == LVN_ITEMACTIVATE)
                 return "";
-            return item;
+            const auto& record = reinterpret_cast<const NMLISTVIEW&>(head);
+            if (head.code == LVN_COLUMNCLICK) return std::to_string(record.iSubItem);
+            const std::string item = std::to_string(record.iItem);
+            if (head.code != LVN_ITEMCHANGED) return item;
+            return item + ":" + States(record.uOldState) + ">" + States(record.uNewState);
         };
     }
     static std::string States(UINT states) {

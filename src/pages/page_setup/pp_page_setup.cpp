@@ -5,6 +5,7 @@
 #include <utility>
 
 #include "locale/text_numbers.h"
+#include "pages/advanced/advanced_sheet.h"
 #include "pages/page_setup/field_values.h"
 #include "pages/page_setup/pp_paper_stock.h"
 #include "pages/page_setup/pp_presets.h"
@@ -80,6 +81,9 @@ bool ppPageSetup::Click(uint16_t id) {
         return true;
     case EDIT_PRESETS:
         EditPresets();
+        return true;
+    case ADVANCED:
+        ShowAdvancedSheet(*this);
         return true;
     default:
         if (id < FIRST_ORIENTATION || id > LAST_ORIENTATION) return false;

@@ -36,6 +36,7 @@ private:
         DELETE_STOCK = 383,
         EDIT_STOCK = 384,
         NEW_STOCK = 391,
+        ADVANCED = 506,
         STOCKS = 512,
         EDIT_PRESETS = 513,
         PRESETS = 514

@@ -60,6 +60,11 @@ void AddDriver(const Installation& product, const Model& model, const DriverFile
     MakeFolders(folder);
     WideString driver = StageFile(product.folder(), files.driver, folder);
     WideString config = StageFile(product.folder(), files.config, folder);
+    // On hosts other than Windows a module's resources are in a file beside it.
+    const std::string resources = files.config + ".mui";
+    if (GetFileAttributesW(ToWide(product.folder() + "/" + resources).c_str()) !=
+        INVALID_FILE_ATTRIBUTES)
+        StageFile(product.folder(), resources, folder);
     WideString data = StageFile(product.folder(), files.data, folder);
     WideString help =
         files.help.empty() ? WideString() : StageFile(product.folder(), files.help, folder);

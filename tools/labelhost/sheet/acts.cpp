@@ -84,7 +84,7 @@ Rest Hands::Do(const Act& act, const Topmost& topmost) {
     switch (act.kind) {
     case ActKind::Page:
         RequireKind(topmost, WindowKind::Sheet, "no property sheet is in front");
-        ChooseTab(TabsOf(topmost.window), FindItem(TabsOf(topmost.window), act.items[0]));
+        ChooseTab(TabsOf(topmost.window), FindItem(TabsOf(topmost.window), act.items[0], "page"));
         break;
     case ActKind::Click:
         PostClick(UsableControl(topmost, act.id), act.held);

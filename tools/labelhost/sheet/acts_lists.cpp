@@ -151,7 +151,7 @@ void DoubleClickItem(HWND list, int item) {
 void ClickColumn(HWND list_view, int column) {
     if (ListKindOf(list_view) != ListKind::ListView) ThrowNot(list_view, "a list view");
     if (column >= ColumnCount(list_view))
-        throw Fault("the list has no column #" + std::to_string(column));
+        throw Fault("there is no column #" + std::to_string(column));
     const auto header = reinterpret_cast<HWND>(SendMessageW(list_view, LVM_GETHEADER, 0, 0));
     RECT rect = {};
     SendMessageW(header, HDM_GETITEMRECT, static_cast<WPARAM>(column),

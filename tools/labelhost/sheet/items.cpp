@@ -136,13 +136,13 @@ int ColumnCount(HWND list_view) {
     return header ? std::max(0, static_cast<int>(Send(header, HDM_GETITEMCOUNT))) : 0;
 }
 
-int FindItem(HWND list, const ItemName& name) {
+int FindItem(HWND list, const ItemName& name, const std::string& noun) {
     const int count = ItemCount(list);
     if (name.position >= 0) {
         if (name.position < count) return name.position;
-        throw Fault("the list has no item #" + std::to_string(name.position));
+        throw Fault("there is no " + noun + " #" + std::to_string(name.position));
     }
     for (int i = 0; i < count; ++i)
         if (ItemText(list, i) == name.text) return i;
-    throw Fault("the list has no item '" + name.text + "'");
+    throw Fault("there is no " + noun + " '" + name.text + "'");
 }

@@ -23,6 +23,6 @@ bool SelectsMany(HWND list);
 // How many columns the list view has; 0 if it shows none.
 int ColumnCount(HWND list_view);
 
-// The position of an item; throws Fault if the list has no such item. The first one of those with
-// the same text is meant.
-int FindItem(HWND list, const ItemName& name);
+// The position of an item; throws Fault if there is none such, which calls it `noun`. The first one
+// of those with the same text is meant.
+int FindItem(HWND list, const ItemName& name, const std::string& noun = "item");
