@@ -15,17 +15,6 @@ std::u16string TextOfWindow(HWND window) {
     return text;
 }
 
-void PaintFieldFrame(HWND control, unsigned state) {
-    const bool has_border = GetWindowLongPtrW(control, GWL_STYLE) & WS_BORDER ||
-                            GetWindowLongPtrW(control, GWL_EXSTYLE) & WS_EX_CLIENTEDGE;
-    if (!has_border) return;
-    RECT rect;
-    GetWindowRect(control, &rect);
-    const HDC dc = GetWindowDC(control);
-    look::DrawFieldBorder(dc, {0, 0, rect.right - rect.left, rect.bottom - rect.top}, state);
-    ReleaseDC(control, dc);
-}
-
 SIZE SizeOfBitmap(HBITMAP bitmap) {
     BITMAP description = {};
     if (!bitmap || !GetObjectW(bitmap, sizeof(description), &description)) return {};

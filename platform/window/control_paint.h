@@ -45,10 +45,6 @@ private:
     RECT client_ = {};
 };
 
-// WM_NCPAINT of a field with a border (WS_BORDER or WS_EX_CLIENTEDGE); nothing of others.
-// `state`: look's bits.
-void PaintFieldFrame(HWND control, unsigned state);
-
 // The size of a bitmap; 0, 0 if it is none.
 SIZE SizeOfBitmap(HBITMAP bitmap);
 
