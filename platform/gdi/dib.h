@@ -64,7 +64,8 @@ std::vector<BYTE> ExpandRuns(const PixelLayout& layout, std::span<const BYTE> ru
 // A DIB in memory, such as a bitmap resource, as a bitmap of its own. Null if it is not one.
 std::shared_ptr<Bitmap> BitmapOfDib(std::span<const BYTE> dib, size_t bits_offset = 0);
 
-// An area of pixels of the device or of a bitmap; negative extents mirror.
+// An area of pixels of the device or of a bitmap. Negative extents mirror: they reach to the left
+// of the start, or above it, with the start.
 struct Place {
     int x;
     int y;

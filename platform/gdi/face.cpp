@@ -107,10 +107,16 @@ void Face::SetSize(const LOGFONTW& description) {
     const int64_t height = std::min<int64_t>(std::llabs(wanted), kLargestSize);
     const int cell = std::max(1, CellAscent(face_) + CellDescent(face_));
     const int64_t em = face_->units_per_EM;
-    if (wanted < 0)
+    if (wanted < 0) {
         pixels_per_em_ = static_cast<int>(height);
-    else
-        pixels_per_em_ = static_cast<int>((height ? height : kDefaultCell) * em / cell);
+    } else {
+        // The nearest size whose cell is no higher.
+        const int64_t line = height ? height : kDefaultCell;
+        pixels_per_em_ = static_cast<int>((line * em + cell / 2) / cell);
+        if (Scaled(CellAscent(face_), pixels_per_em_) + Scaled(CellDescent(face_), pixels_per_em_) >
+            line)
+            --pixels_per_em_;
+    }
     pixels_per_em_ = std::clamp(pixels_per_em_, 1, kLargestSize);
     horizontal_pixels_per_em_ = pixels_per_em_;
     if (description.lfWidth) {
@@ -152,7 +158,8 @@ void Face::Measure(const LOGFONTW& description, TEXTMETRICW& metrics) const {
     metrics.tmExternalLeading =
         std::max(0, Scaled(face_->height, pixels_per_em_) - metrics.tmHeight);
     metrics.tmAveCharWidth = Scaled(AverageWidth(face_), horizontal_pixels_per_em_);
-    metrics.tmMaxCharWidth = Scaled(face_->max_advance_width, horizontal_pixels_per_em_);
+    metrics.tmMaxCharWidth =
+        Scaled(static_cast<int>(face_->bbox.xMax - face_->bbox.xMin), horizontal_pixels_per_em_);
     metrics.tmDigitizedAspectX = metrics.tmDigitizedAspectY = 96;
     metrics.tmItalic = (face_->style_flags & FT_STYLE_FLAG_ITALIC) || slant_;
     metrics.tmUnderlined = description.lfUnderline;
