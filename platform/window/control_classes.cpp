@@ -11,6 +11,7 @@ void RegisterListBox();
 void RegisterListView();
 void RegisterMenuWindow();
 void RegisterProgressBar();
+void RegisterScrollBar();
 void RegisterStatic();
 void RegisterRichEdit();
 void RegisterTabControl();
@@ -26,6 +27,7 @@ void RegisterControls() {
     RegisterListView();
     RegisterMenuWindow();
     RegisterProgressBar();
+    RegisterScrollBar();
     RegisterStatic();
     RegisterRichEdit();
     RegisterTabControl();
