@@ -73,8 +73,12 @@ void ComboBox::DropDown() {
     NotifyCommand(CBN_DROPDOWN);
     if (!IsWindow(Self()) || dropped_) return;
     dropped_ = true;
-    if (HasEdit()) MatchList(true);
     PlaceList();
+    FromList(LB_SETTOPINDEX, 0, 0);
+    if (HasEdit())
+        MatchList(true);
+    else
+        FromList(LB_SETCARETINDEX, static_cast<WPARAM>(FromList(LB_GETCURSEL, 0, 0)), 0);
     SetWindowPos(list_, HWND_TOP, 0, 0, 0, 0,
                  SWP_NOMOVE | SWP_NOSIZE | SWP_NOACTIVATE | SWP_SHOWWINDOW);
     InvalidateRect(Self(), nullptr, TRUE);

@@ -31,6 +31,7 @@ LRESULT ListBox::Handle(UINT message, WPARAM first, LPARAM second) {
         return reinterpret_cast<LRESULT>(font_);
     case WM_SIZE:
         FitHeight();
+        ScrollTo(top_);
         UpdateScrollBars();
         return 0;
     case WM_GETDLGCODE:

@@ -146,7 +146,8 @@ LRESULT ListView::HitTest(LVHITTESTINFO& info, bool sub_items) {
     const bool on_check = HasChecks() && column == 0 && point.x < label.left;
     if (!sub_items && !IsFullRow()) {
         // Without full rows an item is its text.
-        const int text = TextMeasure(Self(), font_).Width(TextOf(at, 0)) + 2 * kLabelPadding;
+        const TextMeasure measure(Self(), font_);
+        const int text = measure.Width(TextOf(at, 0)) + 2 * measure.Scaled(kLabelPadding);
         label.right = std::min<LONG>(label.right, label.left + text);
         if (!on_check && (column != 0 || !Holds(label, point))) return -1;
     }

@@ -75,8 +75,8 @@ private:
     int fixed_width_ = 0;  // TCM_SETITEMSIZE
     int fixed_height_ = 0; // 0: by the font
     int least_width_ = -1; // TCM_SETMINTABWIDTH; -1: the usual one
-    int padding_x_ = 6;
-    int padding_y_ = 3;
+    int padding_x_ = -1;   // TCM_SETPADDING; -1: the usual one
+    int padding_y_ = -1;
     bool placed_ = false; // the members that Layout sets are right
     int first_ = 0;       // the first tab of a single row that is too long
     int rows_ = 1;

@@ -9,6 +9,8 @@ namespace {
 
 constexpr int kTabsEdge = 2; // free around all tabs
 constexpr int kLeastTabWidth = 54;
+constexpr int kTextPadding = 6;
+constexpr int kHeightAroundText = 5;
 
 } // namespace
 
@@ -16,10 +18,12 @@ void TabControl::Layout() {
     if (placed_) return;
     placed_ = true;
     const TextMeasure measure(Self(), font_);
-    row_height_ = fixed_height_ ? fixed_height_ : measure.LineHeight() + 2 * (padding_y_ - 1) + 1;
+    const int around = padding_y_ >= 0 ? 2 * padding_y_ - 1 : measure.Scaled(kHeightAroundText);
+    const int beside = padding_x_ >= 0 ? padding_x_ : measure.Scaled(kTextPadding);
+    row_height_ = fixed_height_ ? fixed_height_ : measure.LineHeight() + around;
     const int least = least_width_ >= 0 ? least_width_ : measure.Scaled(kLeastTabWidth);
     for (Tab& tab : tabs_) {
-        int width = std::max(least, measure.Width(WithoutAccessKey(tab.text)) + 2 * padding_x_);
+        int width = std::max(least, measure.Width(WithoutAccessKey(tab.text)) + 2 * beside);
         if (Style() & TCS_FIXEDWIDTH) width = fixed_width_ ? fixed_width_ : least;
         tab.rect = {0, 0, width, row_height_};
     }
