@@ -10,6 +10,8 @@
 
 namespace win32host {
 
+#pragma GCC visibility push(default) // the fuzz target looks inside
+
 // The colours that the sixteen values of a 4-bit pixel have by default.
 COLORREF StandardColor(int index);
 
@@ -72,5 +74,7 @@ private:
     bool section_;
     std::vector<BYTE> bits_;
 };
+
+#pragma GCC visibility pop
 
 } // namespace win32host

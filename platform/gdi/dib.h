@@ -61,8 +61,11 @@ PixelBlock ReadDib(const PixelLayout& layout, const BYTE* bits, const RECT& area
 // The rows of a compressed DIB, spread out in the layout. Pixels that its runs leave out are 0.
 std::vector<BYTE> ExpandRuns(const PixelLayout& layout, std::span<const BYTE> runs);
 
-// A DIB in memory, such as a bitmap resource, as a bitmap of its own. Null if it is not one.
+// A DIB in memory, such as a bitmap resource, as a bitmap of its own. Its pixels are at
+// `bits_offset`; for 0 they follow its colours. Null if it is not one.
+#pragma GCC visibility push(default) // the fuzz target looks inside
 std::shared_ptr<Bitmap> BitmapOfDib(std::span<const BYTE> dib, size_t bits_offset = 0);
+#pragma GCC visibility pop
 
 // An area of pixels of the device or of a bitmap. Negative extents mirror: they reach to the left
 // of the start, or above it, with the start.
