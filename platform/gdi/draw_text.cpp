@@ -214,7 +214,7 @@ private:
 
 int TopOf(const RECT& rect, UINT format, int height) {
     if (format & DT_SINGLELINE && format & DT_VCENTER)
-        return rect.top + (rect.bottom - rect.top - height) / 2;
+        return rect.top + (rect.bottom - rect.top) / 2 - height / 2;
     if (format & DT_SINGLELINE && format & DT_BOTTOM) return rect.bottom - height;
     return rect.top;
 }
@@ -233,12 +233,8 @@ extern "C" int WINAPI DrawTextW(HDC dc, LPCWSTR text, int length, LPRECT rect, U
         const int top = TopOf(*rect, format, layout.Height());
         const int answer = top + layout.Height() - rect->top;
         if (format & DT_CALCRECT) {
-            const int width = layout.Width();
-            if (format & DT_CENTER) rect->left += (rect->right - rect->left - width) / 2;
-            if (format & DT_RIGHT && !(format & DT_CENTER)) rect->left = rect->right - width;
-            rect->right = rect->left + width;
-            rect->top = top;
-            rect->bottom = top + layout.Height();
+            rect->right = rect->left + layout.Width();
+            rect->bottom = rect->top + answer;
             return answer;
         }
         const int saved = SaveDC(dc);

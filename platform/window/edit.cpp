@@ -19,9 +19,6 @@ LRESULT EditField::Handle(UINT message, WPARAM first, LPARAM second) {
         return OnMouse(message, first, PointOf(second));
     case WM_ERASEBKGND:
         return TRUE; // everything is painted at once
-    case WM_NCPAINT:
-        PaintFrame();
-        return 0;
     case WM_PAINT:
     case WM_PRINTCLIENT:
         Paint(first);

@@ -85,7 +85,6 @@ private:
 
     // edit_paint.cpp
     void Paint(WPARAM context) const;
-    void PaintFrame() const;
     void PaintLine(const ControlPaint& paint, size_t line, const RECT& area) const;
     void Redraw() const { InvalidateRect(Self(), nullptr, TRUE); }
 

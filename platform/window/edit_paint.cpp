@@ -7,19 +7,6 @@
 
 namespace win32host {
 
-void EditField::PaintFrame() const {
-    const auto extended = static_cast<DWORD>(GetWindowLongPtrW(Self(), GWL_EXSTYLE));
-    if (!(Style() & WS_BORDER) && !(extended & WS_EX_CLIENTEDGE)) return;
-    look::State state = IsWindowEnabled(Self()) ? look::kNormal : look::kDisabled;
-    if (focused_) state |= look::kFocused;
-    if (IsReadOnly()) state |= look::kReadOnly;
-    RECT rect;
-    GetWindowRect(Self(), &rect);
-    const HDC dc = GetWindowDC(Self());
-    look::DrawFieldBorder(dc, {0, 0, rect.right - rect.left, rect.bottom - rect.top}, state);
-    ReleaseDC(Self(), dc);
-}
-
 void EditField::PaintLine(const ControlPaint& paint, size_t line, const RECT& area) const {
     const HDC dc = paint.Context();
     const bool shows = focused_ || Style() & ES_NOHIDESEL;

@@ -1,8 +1,10 @@
 #include "window/menu_window.h"
 
 #include "window/control.h"
+#include "window/look.h"
 #include "window/menu.h"
 #include "window/menu_tracking.h"
+#include "window/text_measure.h"
 #include "window/window.h"
 
 #include <algorithm>
@@ -18,56 +20,38 @@ constexpr int kArrowWidth = 16;     // of the column with arrows to sub-menus
 constexpr int kShortcutGap = 12;    // before the text after a tab
 constexpr int kLeading = 5;         // of an item's height, beyond its text's
 constexpr int kSeparatorHeight = 9; // of the item
-constexpr int kMenuPoints = 8;      // of the font
 
-int ScreenDpi() {
-    const HDC screen = GetDC(nullptr);
-    const int dpi = GetDeviceCaps(screen, LOGPIXELSY);
-    ReleaseDC(nullptr, screen);
-    return dpi;
-}
-
-// The text without the '&' before its access letter, and what comes after its tab.
+// The text with its access letter marked, and what comes after its tab.
 struct ShownText {
     std::u16string text;
     std::u16string shortcut;
 
-    explicit ShownText(const std::u16string& source) {
-        const size_t tab = source.find(u'\t');
-        if (tab != std::u16string::npos) shortcut = source.substr(tab + 1);
-        for (size_t i = 0; i < std::min(tab, source.size()); ++i) {
-            if (source[i] == u'&' && i + 1 < source.size()) ++i;
-            text += source[i];
-        }
+    explicit ShownText(const std::u16string& source)
+        : text(source.substr(0, source.find(u'\t'))) {
+        if (text.size() < source.size()) shortcut = source.substr(text.size() + 1);
     }
 };
+
+HFONT MenuFont() {
+    return static_cast<HFONT>(GetStockObject(DEFAULT_GUI_FONT));
+}
 
 class MenuWindow : public Control {
 public:
     using Control::Control;
-    ~MenuWindow() override { DeleteObject(font_); }
 
     LRESULT Handle(UINT message, WPARAM first, LPARAM second) override;
 
 private:
     bool Create(const CREATESTRUCTW& create);
     SIZE Layout();
+    void Paint(HDC dc) const;
 
     HMENU menu_ = nullptr;
-    HFONT font_ = nullptr;
-    int dpi_ = 96;
 };
 
 bool MenuWindow::Create(const CREATESTRUCTW& create) {
     menu_ = static_cast<HMENU>(create.lpCreateParams);
-    dpi_ = ScreenDpi();
-    LOGFONTW font = {};
-    font.lfHeight = -MulDiv(kMenuPoints, dpi_, 72);
-    font.lfWeight = FW_NORMAL;
-    font.lfCharSet = DEFAULT_CHARSET;
-    std::u16string_view(u"Tahoma").copy(font.lfFaceName, LF_FACESIZE - 1);
-    font_ = CreateFontIndirectW(&font);
-    if (!font_) return false;
     const SIZE size = Layout();
     return SetWindowPos(Self(), nullptr, 0, 0, size.cx, size.cy,
                         SWP_NOMOVE | SWP_NOZORDER | SWP_NOACTIVATE);
@@ -75,16 +59,8 @@ bool MenuWindow::Create(const CREATESTRUCTW& create) {
 
 // Gives every item its place, in columns, and answers the size of all.
 SIZE MenuWindow::Layout() {
-    const auto scaled = [this](int measure) { return MulDiv(measure, dpi_, 96); };
-    const HDC screen = GetDC(nullptr);
-    const HGDIOBJ before = SelectObject(screen, font_);
-    const auto width_of = [screen](const std::u16string& text) {
-        SIZE extent = {};
-        GetTextExtentPointW(screen, text.c_str(), static_cast<int>(text.size()), &extent);
-        return extent.cx;
-    };
-    TEXTMETRICW metrics = {};
-    GetTextMetricsW(screen, &metrics);
+    const TextMeasure measure(Self(), MenuFont());
+    const auto scaled = [&](int size) { return measure.Scaled(size); };
 
     std::lock_guard guard(WindowLock());
     const auto menu = MenuOf(menu_);
@@ -92,19 +68,19 @@ SIZE MenuWindow::Layout() {
     int left = scaled(kFrame);
     int bottom = left;
     for (size_t first = 0; entries && first < entries->size();) {
-        LONG text_width = 0;
-        LONG shortcut_width = 0;
+        int text_width = 0;
+        int shortcut_width = 0;
         int y = scaled(kFrame);
         size_t last = first;
         do {
             MenuEntry& entry = (*entries)[last];
             const ShownText shown(entry.text);
-            text_width = std::max(text_width, width_of(shown.text));
+            text_width = std::max(text_width, measure.Width(WithoutAccessKey(shown.text)));
             if (!shown.shortcut.empty())
                 shortcut_width =
-                    std::max(shortcut_width, width_of(shown.shortcut) + scaled(kShortcutGap));
+                    std::max(shortcut_width, measure.Width(shown.shortcut) + scaled(kShortcutGap));
             const int height = entry.IsSeparator() ? scaled(kSeparatorHeight)
-                                                   : metrics.tmHeight + scaled(kLeading);
+                                                   : measure.LineHeight() + scaled(kLeading);
             entry.rect = {left, y, left, y + height};
             y += height;
             ++last;
@@ -115,9 +91,44 @@ SIZE MenuWindow::Layout() {
         left = right;
         bottom = std::max(bottom, y);
     }
-    SelectObject(screen, before);
-    ReleaseDC(nullptr, screen);
     return {left + scaled(kFrame), bottom + scaled(kFrame)};
+}
+
+void PaintEntry(HDC dc, const MenuEntry& entry) {
+    look::State state = look::kNormal;
+    if (entry.IsOff()) state |= look::kDisabled;
+    if (entry.state & MFS_HILITE) state |= look::kSelected;
+    if (entry.IsSeparator()) {
+        look::DrawMenuSeparator(dc, entry.rect);
+        return;
+    }
+    look::DrawMenuItem(dc, entry.rect, state);
+    RECT mark = entry.rect;
+    mark.right = mark.left + look::Scaled(dc, kMarkWidth);
+    if (entry.state & MFS_CHECKED)
+        look::DrawMenuMark(dc, mark, (entry.type & MFT_RADIOCHECK) != 0, state);
+    RECT arrow = entry.rect;
+    arrow.left = arrow.right - look::Scaled(dc, kArrowWidth);
+    if (entry.popup) look::DrawArrow(dc, arrow, look::Arrow::Right, state);
+    const RECT area = {mark.right, entry.rect.top, arrow.left, entry.rect.bottom};
+    const ShownText shown(entry.text);
+    constexpr UINT line = DT_SINGLELINE | DT_VCENTER;
+    look::DrawLabel(dc, area, shown.text, line, state);
+    look::DrawLabel(dc, area, shown.shortcut, line | DT_RIGHT | DT_NOPREFIX, state);
+}
+
+void MenuWindow::Paint(HDC dc) const {
+    RECT client = {};
+    GetClientRect(Self(), &client);
+    look::DrawMenuBackground(dc, client);
+    std::vector<MenuEntry> entries;
+    {
+        std::lock_guard guard(WindowLock());
+        if (const auto menu = MenuOf(menu_)) entries = menu->entries;
+    }
+    const HGDIOBJ before = SelectObject(dc, MenuFont());
+    for (const MenuEntry& entry : entries) PaintEntry(dc, entry);
+    SelectObject(dc, before);
 }
 
 LRESULT MenuWindow::Handle(UINT message, WPARAM first, LPARAM second) {
@@ -131,6 +142,17 @@ LRESULT MenuWindow::Handle(UINT message, WPARAM first, LPARAM second) {
         return 0;
     case WM_MOUSEACTIVATE:
         return MA_NOACTIVATE;
+    case WM_ERASEBKGND:
+        return TRUE;
+    case WM_PAINT: {
+        PAINTSTRUCT paint;
+        Paint(BeginPaint(Self(), &paint));
+        EndPaint(Self(), &paint);
+        return 0;
+    }
+    case WM_PRINTCLIENT:
+        Paint(reinterpret_cast<HDC>(first));
+        return 0;
     default:
         if (HandleMenuInput({Self(), message, first, second, 0, {}})) return 0;
         return DefWindowProcW(Self(), message, first, second);

@@ -2,6 +2,8 @@
 
 #include "host/guarded.h"
 #include "host/text.h"
+#include "window/clipboard.h"
+#include "window/field_frame.h"
 
 #include <algorithm>
 #include <cstring>
@@ -270,6 +272,9 @@ LRESULT RichEdit::Handle(UINT message, WPARAM first, LPARAM second) {
             return 0;
         case WM_ERASEBKGND:
             return TRUE;
+        case WM_NCPAINT:
+            PaintFieldFrame(Self(), has_focus_);
+            return 0;
         case WM_PAINT: {
             PAINTSTRUCT paint;
             Paint(BeginPaint(Self(), &paint));
@@ -279,10 +284,22 @@ LRESULT RichEdit::Handle(UINT message, WPARAM first, LPARAM second) {
         case WM_PRINTCLIENT:
             Paint(reinterpret_cast<HDC>(first));
             return 0;
+        case WM_COPY:
+        case WM_CUT:
         case WM_CLEAR:
-            if (From() < To() && MayChange(From(), To(), message, first, second))
+            if (From() == To()) return 0;
+            if (message != WM_CLEAR)
+                SetClipboardText(
+                    RichText::WithLineBreaks(text_.Text().substr(From(), To() - From())));
+            if (message != WM_COPY && MayChange(From(), To(), message, first, second))
                 Replace(From(), To(), {}, Undo::Step);
             return 0;
+        case WM_PASTE: {
+            const std::u16string text = RichText::WithParagraphs(ClipboardText(), IsMultiLine());
+            if (!text.empty() && MayChange(From(), To(), message, first, second))
+                Replace(From(), To(), text, Undo::Step);
+            return 0;
+        }
         case WM_UNDO:
             return HandleEditMessage(EM_UNDO, 0, 0);
         default:

@@ -120,6 +120,15 @@ LRESULT RichEdit::HandleKey(WPARAM key, LPARAM second) {
     case 'A':
         if (control) Select(0, -1);
         return 0;
+    case 'C':
+        if (control) SendMessageW(Self(), WM_COPY, 0, 0);
+        return 0;
+    case 'X':
+        if (control && !read_only) SendMessageW(Self(), WM_CUT, 0, 0);
+        return 0;
+    case 'V':
+        if (control && !read_only) SendMessageW(Self(), WM_PASTE, 0, 0);
+        return 0;
     case 'Z':
         if (control && !read_only) SwapSteps(undo_, redo_);
         return 0;

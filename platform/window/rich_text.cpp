@@ -149,6 +149,10 @@ void RichText::JoinEqual() {
 
 void RichText::Replace(size_t from, size_t to, std::u16string_view text,
                        const CHARFORMAT2W& format) {
+    // The format may be one of this text's own.
+    CHARFORMAT2W kept = format;
+    kept.cbSize = sizeof(kept);
+    kept.dwMask = kAllOfFormat;
     to = std::min(to, Length());
     from = std::min(from, to);
     const size_t paragraph = ParagraphAt(from);
@@ -166,9 +170,6 @@ void RichText::Replace(size_t from, size_t to, std::u16string_view text,
     const size_t last = CutAt(to);
     runs_.erase(runs_.begin() + static_cast<ptrdiff_t>(first),
                 runs_.begin() + static_cast<ptrdiff_t>(last));
-    CHARFORMAT2W kept = format;
-    kept.cbSize = sizeof(kept);
-    kept.dwMask = kAllOfFormat;
     runs_.insert(runs_.begin() + static_cast<ptrdiff_t>(first), Run{text.size(), kept});
     text_.replace(from, to - from, text);
     JoinEqual();
@@ -179,7 +180,7 @@ void RichText::Reset(std::u16string_view text, const CHARFORMAT2W& format) {
     text_.clear();
     runs_.clear();
     paragraphs_.assign(1, PlainParagraph());
-    Replace(0, 0, text, format);
+    Replace(0, 0, text, standard_);
 }
 
 const CHARFORMAT2W& RichText::FormatAt(size_t position) const {

@@ -254,6 +254,8 @@ LRESULT UpDown::HandleMouse(UINT message, LPARAM second) {
         return 0;
     case WM_LBUTTONUP:
         if (GetCapture() == Self()) ReleaseCapture(); // ends the press
+        // What is typed next replaces the number.
+        if (buddy_) SendMessageW(buddy_, EM_SETSEL, 0, -1);
         return 0;
     default: // WM_CAPTURECHANGED
         EndPress();

@@ -225,7 +225,12 @@ enum TextNumber : int {
     TEXT_COLOR = 1402,
     TEXT_FIRST_INTENT = 1411,
 
-    // ---- The kinds of objects that are kept in the printer.
+    // ---- The objects that are kept in the printer: columns of their list, and their kinds.
+    TEXT_CACHE_OBJECT = 2501,
+    TEXT_CACHE_SIZE = 2502,
+    TEXT_CACHE_USED = 2503,
+    TEXT_CACHE_AGE = 2504,
+    TEXT_CACHE_NAME = 2505,
     TEXT_CACHED_FORMAT = 2511,
     TEXT_CACHED_GRAPHIC = 2512,
 

@@ -6,6 +6,8 @@
 #include "pages/advanced/pp_advanced_specifications.h"
 #include "pages/advanced/pp_office_compatibility.h"
 #include "pages/advanced/pp_regional.h"
+#include "pages/cache/pp_cache_settings.h"
+#include "pages/cache/pp_manage_cache.h"
 #include "pages/status/pp_status_communication.h"
 #include "pages/status/pp_status_monitor.h"
 #include "ui/prt_prop_sheet.h"
@@ -31,5 +33,14 @@ void ShowStatusMonitor(prtpage& page) {
     sheet.SetTitle(page.GetString(TEXT_STATUS_SHEET));
     sheet.AddPage("*:STATUS/MONITORING", ppStatusMonitor::WinProc);
     sheet.AddPage("*:STATUS/COMMUNICATIONS", ppStatusCommunication::WinProc);
+    sheet.Display(page.GetWindow());
+}
+
+void ShowObjectCache(prtpage& page) {
+    prtPropSheet sheet;
+    sheet.Init(page.GetUI());
+    sheet.SetTitle(page.GetString(TEXT_CACHE));
+    sheet.AddPage("*:CACHE/SETTINGS", ppCacheSettings::WinProc);
+    sheet.AddPage("*:CACHE/CONTENTS", ppManageCache::WinProc);
     sheet.Display(page.GetWindow());
 }

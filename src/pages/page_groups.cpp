@@ -1,5 +1,7 @@
 // What a sheet has: the pages of each group, in their order. Defines prtui::AddPages and
 // AddAboutPage, which belong to the UI object but need the pages.
+#include "pages/cache/pp_cache_settings.h"
+#include "pages/cache/pp_manage_cache.h"
 #include "pages/graphics/pp_graphics.h"
 #include "pages/page_setup/pp_page_setup.h"
 #include "pages/pp_about.h"
@@ -11,6 +13,12 @@ int32_t prtui::AddPages(uint32_t groups) {
     if (groups & PAGE_SETUP) pages += AddPropertyPage("*:PAGE_SETUP", ppPageSetup::WinProc);
     if (groups & DOCUMENT_PAGES) pages += AddPropertyPage("*:GRAPHICS", ppGraphics::WinProc);
     if (groups & PRINTER_PAGES) pages += AddPropertyPage("*:TOOLS", ppTools::WinProc);
+    CacheParameters cache;
+    if (groups & CACHE_PAGES) GetCacheParameters(cache);
+    if (cache.largest_memory > 0) {
+        pages += AddPropertyPage("*:CACHE/SETTINGS", ppCacheSettings::WinProc);
+        pages += AddPropertyPage("*:CACHE/CONTENTS", ppManageCache::WinProc);
+    }
     return pages;
 }
 

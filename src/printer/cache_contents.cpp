@@ -127,6 +127,12 @@ OString CacheItemTitle(const KVCacheItemInfo& item, const OString& kind) {
     return title;
 }
 
+OString CacheItemName(const KVCacheItemInfo& item) {
+    char name[sizeof item.name + 1] = {}; // the field may be full
+    std::memcpy(name, item.name, sizeof item.name);
+    return OString(name);
+}
+
 void PrintCacheItem(prtstream& stream, const KVCacheItemInfo& item) {
     DoInJob(stream, "Print Object", {item.id, KVCacheItemAction::PRINT});
 }

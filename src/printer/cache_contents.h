@@ -61,6 +61,7 @@ private:
 int CacheItemKindText(const KVCacheItemInfo& item);
 // The title of an object in the list: its kind and its number, with a mark if it is locked.
 OString CacheItemTitle(const KVCacheItemInfo& item, const OString& kind);
+OString CacheItemName(const KVCacheItemInfo& item);
 
 // Make the rendering module do something with an object: the first two in a job of their own.
 // Setting or clearing the lock needs none.

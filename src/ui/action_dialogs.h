@@ -10,3 +10,5 @@ void ShowAdministration(prtpage& page);
 void ShowOfficeCompatibility(prtpage& page);
 // The settings of the status monitor.
 void ShowStatusMonitor(prtpage& page);
+// The settings for objects that the rendering module keeps in the printer, and these objects.
+void ShowObjectCache(prtpage& page);

@@ -226,6 +226,13 @@ TEST_F(RichEditTest, TakesKeys) {
     EXPECT_TRUE(Send(EM_GETMODIFY));
     Type("x\ry\b");
     EXPECT_EQ(Shown(), "xy[]a\\cd") << "only their keys start lines and delete";
+    Select(0, 3);
+    Send(WM_CUT);
+    EXPECT_EQ(Shown(), "[]\\cd");
+    Press(VK_END);
+    Send(WM_PASTE);
+    EXPECT_EQ(Shown(), "xya[]\\cd");
+    Select(2, 2);
     Send(EM_SETREADONLY, TRUE);
     Type("z");
     Press(VK_DELETE);

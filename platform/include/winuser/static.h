@@ -1,6 +1,7 @@
 // Static controls: labels, lines, frames and pictures.
 #pragma once
 
+#include <winuser/drawing.h> // IMAGE_
 #include <winuser/window.h>
 
 // The kinds; SS_USERITEM and SS_ENHMETAFILE show nothing here.
@@ -37,10 +38,6 @@
 #define SS_PATHELLIPSIS 0x00008000
 #define SS_WORDELLIPSIS 0x0000C000
 #define SS_ELLIPSISMASK 0x0000C000
-
-#define IMAGE_BITMAP 0
-#define IMAGE_ICON 1
-#define IMAGE_CURSOR 2
 
 // Setting answers the picture before it. Pictures belong to those who set them; one that comes from
 // the dialog template belongs to the control. 0 if the control does not show pictures of this kind.

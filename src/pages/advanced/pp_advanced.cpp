@@ -117,7 +117,8 @@ bool ppAdvanced::Command(uint16_t id, uint16_t code, LPARAM value) {
         escape_changed_ = true;
         return false;
     case COMMANDS:
-        if (code == EN_UPDATE) Current() = commands_.GetText();
+        // Some controls tell of an update only when they paint themselves.
+        if (code == EN_UPDATE || code == EN_CHANGE) Current() = commands_.GetText();
         if (code == EN_CHANGE && protected_touched_) Highlight();
         break;
     default:

@@ -89,7 +89,7 @@ std::string AskFile(HWND owner) {
     request.nFilterIndex = 2;
     request.lpstrFile = file;
     request.nMaxFile = 1024;
-    request.lpstrInitialDir = TEXT("C:\\windows");
+    request.lpstrInitialDir = TEXT("C:\\sheet");
     request.lpstrTitle = TEXT("Choose a file");
     request.Flags = OFN_EXPLORER | OFN_NOCHANGEDIR;
     return GetOpenFileNameW(&request) ? Narrow(file) : "-";

@@ -2,6 +2,7 @@
 // it tells, in JSON, is what labelhost tells of a printer's sheet.
 #include "fault.h"
 #include "files.h"
+#include "machine/machine.h"
 #include "pages.h"
 #include "sheet/session.h"
 #include "text.h"
@@ -46,8 +47,13 @@ int Play(const Words& words) {
 
 int main(int argc, char** argv) {
     try {
-        const Words words(argv + 1, argv + argc);
-        if (words.size() < 2) throw UsageFault("usage: sheet_player RESOURCES SCRIPT [PICTURES]");
+        Words words(argv + 1, argv + argc);
+        if (words.size() > 2 && words[0] == "--root") {
+            UseRoot(words[1]);
+            words.erase(words.begin(), words.begin() + 2);
+        }
+        if (words.size() < 2)
+            throw UsageFault("usage: sheet_player [--root DIR] RESOURCES SCRIPT [PICTURES]");
         return Play(words);
     } catch (const UsageFault& fault) {
         std::fprintf(stderr, "sheet_player: %s\n", fault.what());

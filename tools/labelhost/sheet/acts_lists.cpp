@@ -163,7 +163,7 @@ void Slide(const Topmost& topmost, HWND bar, int position) {
     if (!IsOfClass(bar, "msctls_trackbar32")) ThrowNot(bar, "a track bar");
     if (position < SendMessageW(bar, TBM_GETRANGEMIN, 0, 0) ||
         position > SendMessageW(bar, TBM_GETRANGEMAX, 0, 0))
-        throw Fault("the track bar has no position " + std::to_string(position));
+        throw Fault("there is no position " + std::to_string(position));
     GoTo(topmost.dialog, bar);
     SendMessageW(bar, TBM_SETPOS, TRUE, position);
     const UINT message = StyleOf(bar) & TBS_VERT ? WM_VSCROLL : WM_HSCROLL;

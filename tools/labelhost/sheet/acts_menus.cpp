@@ -60,7 +60,7 @@ public:
 private:
     void FindItem(HMENU menu) {
         const std::string item = "item " + std::to_string(command_);
-        if (!FindWay(menu, command_, way_)) throw Fault("the menu has no " + item);
+        if (!FindWay(menu, command_, way_)) throw Fault("there is no " + item + " in the menu");
         for (const WayMark& mark : way_) {
             if (!IsUsable(mark)) throw Fault(item + " of the menu is disabled");
             // Once around each menu, and into the next one.

@@ -14,7 +14,8 @@ namespace {
 constexpr int kNameBox = 1148;   // cmb13
 constexpr int kNameField = 1152; // edt1
 constexpr int kFilterBox = 1136; // cmb1
-constexpr int kFolderTree = 0x3741;
+constexpr int kFolderList = 14145;
+constexpr int kFolderField = 14148;
 constexpr UINT kGetFolderPath = WM_USER + 102;      // CDM_GETFOLDERPATH
 constexpr UINT kSetFolderSelection = WM_USER + 103; // BFFM_SETSELECTIONW
 constexpr int kLongestPath = 32768;
@@ -33,11 +34,11 @@ HWND NameControl(HWND dialog) {
     return box ? box : GetDlgItem(dialog, kNameField);
 }
 
-HWND FolderTree(HWND dialog) {
-    for (const HWND child : ChildrenOf(dialog)) {
-        if (IsOfClass(child, "SHBrowseForFolder ShellNameSpace Control")) return child;
-        if (IsOfClass(child, "SysTreeView32") && IdOf(child) == kFolderTree) return child;
-    }
+HWND FolderList(HWND dialog) {
+    for (const HWND child : ChildrenOf(dialog))
+        if (IdOf(child) == kFolderList ||
+            IsOfClass(child, "SHBrowseForFolder ShellNameSpace Control"))
+            return child;
     return nullptr;
 }
 
@@ -63,7 +64,7 @@ bool IsFileDialog(HWND window) {
 }
 
 bool IsFolderDialog(HWND window) {
-    return FolderTree(window) != nullptr;
+    return FolderList(window) != nullptr;
 }
 
 bool IsFontDialog(HWND window) {
@@ -106,6 +107,7 @@ std::string ButtonName(HWND button) {
 }
 
 std::string FolderIn(HWND dialog) {
+    if (FolderList(dialog)) return TextOf(GetDlgItem(dialog, kFolderField));
     WideString path(kLongestPath, 0);
     const LRESULT length =
         SendMessageW(dialog, kGetFolderPath, path.size(), reinterpret_cast<LPARAM>(path.data()));

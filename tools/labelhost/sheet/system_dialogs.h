@@ -23,7 +23,7 @@ std::string ButtonName(HWND button);
 
 // ---- Files and folders --------------------------------------------------------------------------
 
-// The folder that the dialog shows, and what is in its field for names.
+// The folder that the dialog shows, empty if it does not tell; and what is in its field for names.
 std::string FolderIn(HWND dialog);
 std::string FileIn(HWND dialog);
 // The box with the kinds of files; null if there is none.
