@@ -174,6 +174,7 @@ LRESULT ComboBox::HandleField(UINT message, WPARAM first, LPARAM second) {
 LRESULT ComboBox::HandlePlaces(UINT message, WPARAM first, LPARAM second) {
     switch (message) {
     case CB_GETDROPPEDCONTROLRECT: {
+        if (!second) return FALSE;
         auto& rect = *reinterpret_cast<RECT*>(second);
         GetWindowRect(Self(), &rect);
         rect.right = std::max<LONG>(rect.right, rect.left + dropped_width_);
@@ -199,7 +200,7 @@ LRESULT ComboBox::HandlePlaces(UINT message, WPARAM first, LPARAM second) {
     case CB_GETEXTENDEDUI:
         return FALSE;
     case CB_GETCOMBOBOXINFO:
-        return FillInfo(*reinterpret_cast<COMBOBOXINFO*>(second));
+        return second && FillInfo(*reinterpret_cast<COMBOBOXINFO*>(second));
     default:
         return CB_ERR;
     }

@@ -10,7 +10,13 @@ namespace win32host {
 
 static constexpr int kDividerReach = 5; // on both sides of the line after a title
 
+// These take a pointer.
+static constexpr UINT kHeaderPointers[] = {HDM_INSERTITEMW, HDM_GETITEMW, HDM_SETITEMW, HDM_LAYOUT,
+                                           HDM_HITTEST};
+
 LRESULT HeaderControl::Handle(UINT message, WPARAM first, LPARAM second) {
+    if (!second && IsOneOf(kHeaderPointers, message))
+        return message == HDM_INSERTITEMW || message == HDM_HITTEST ? -1 : FALSE;
     const int at = static_cast<int>(first);
     switch (message) {
     case HDM_GETITEMCOUNT:

@@ -331,7 +331,7 @@ LRESULT ListBox::SetSelected(bool selected, int at) {
 }
 
 LRESULT ListBox::SelectedItems(int room, int* items) const {
-    if (!IsMultiple()) return LB_ERR;
+    if (!IsMultiple() || !items) return LB_ERR;
     int count = 0;
     for (int at = 0; at < items_.Count() && count < room; ++at)
         if (items_[at].selected) items[count++] = at;

@@ -106,7 +106,18 @@ bool ListView::Create() {
     return true;
 }
 
+// These take a pointer.
+static constexpr UINT kViewPointers[] = {LVM_INSERTITEMW,  LVM_GETITEMW,      LVM_SETITEMW,
+                                         LVM_GETITEMTEXTW, LVM_SETITEMTEXTW,  LVM_SETITEMSTATE,
+                                         LVM_FINDITEMW,    LVM_INSERTCOLUMNW, LVM_GETCOLUMNW,
+                                         LVM_SETCOLUMNW,   LVM_HITTEST,       LVM_SUBITEMHITTEST};
+// Of these, what answers an item or a column.
+static constexpr UINT kViewIndices[] = {LVM_INSERTITEMW, LVM_FINDITEMW, LVM_INSERTCOLUMNW,
+                                        LVM_HITTEST, LVM_SUBITEMHITTEST};
+
 LRESULT ListView::HandleItems(UINT message, WPARAM first, LPARAM second) {
+    if (!second && IsOneOf(kViewPointers, message))
+        return IsOneOf(kViewIndices, message) ? -1 : FALSE;
     const int at = static_cast<int>(first);
     switch (message) {
     case LVM_GETITEMCOUNT:

@@ -1,7 +1,5 @@
 #include "window/notify.h"
 
-#include <algorithm>
-
 namespace win32host {
 
 LRESULT NotifyParent(HWND control, UINT code, NMHDR& head) {

@@ -3,6 +3,7 @@
 
 #include <windows.h>
 
+#include <algorithm>
 #include <string_view>
 
 namespace win32host {
@@ -12,6 +13,12 @@ namespace win32host {
 LRESULT NotifyParent(HWND control, UINT code, NMHDR& head);
 // The same without anything but the head.
 LRESULT NotifyParent(HWND control, UINT code);
+
+// Whether the message is one of them. Messages that need a pointer fail without one.
+template <size_t count>
+bool IsOneOf(const UINT (&messages)[count], UINT message) {
+    return std::find(messages, messages + count, message) != messages + count;
+}
 
 // A mouse message's point.
 inline POINT PointOf(LPARAM parameter) {

@@ -11,7 +11,13 @@ constexpr int kPageInset = 4;
 
 } // namespace
 
+// These take a pointer.
+static constexpr UINT kTabPointers[] = {TCM_INSERTITEMW, TCM_GETITEMW, TCM_SETITEMW, TCM_HITTEST,
+                                        TCM_ADJUSTRECT};
+
 LRESULT TabControl::Handle(UINT message, WPARAM first, LPARAM second) {
+    if (!second && IsOneOf(kTabPointers, message))
+        return message == TCM_INSERTITEMW || message == TCM_HITTEST ? -1 : FALSE;
     const int at = static_cast<int>(first);
     switch (message) {
     case TCM_INSERTITEMW:
