@@ -1,5 +1,5 @@
 // Menus: what is in them, and what happens while one is open.
-#include <windows.h>
+#include "recorder.h"
 
 #include <gtest/gtest.h>
 
@@ -8,28 +8,6 @@
 #include <vector>
 
 namespace {
-
-// A template is a row of 16-bit numbers and texts.
-class MenuBytes {
-public:
-    MenuBytes& Words(std::initializer_list<unsigned> words) {
-        for (const unsigned word : words) words_.push_back(static_cast<WORD>(word));
-        return *this;
-    }
-    MenuBytes& Text(const WCHAR* text) {
-        do words_.push_back(static_cast<WORD>(*text));
-        while (*text++);
-        return *this;
-    }
-    MenuBytes& Align() {
-        if (words_.size() % 2) words_.push_back(0);
-        return *this;
-    }
-    HMENU Load() const { return LoadMenuIndirectW(words_.data()); }
-
-private:
-    std::vector<WORD> words_;
-};
 
 // "1:Text TYPE STATE {sub-menu} | ...", for every item.
 std::string Describe(HMENU menu) {
@@ -52,44 +30,35 @@ std::string Describe(HMENU menu) {
 }
 
 TEST(Menu, TemplatesOfBothFormsHaveTypesAndStates) {
-    const HMENU standard = MenuBytes()
-                               .Words({0, 0, MF_POPUP})
-                               .Text(TEXT("&File"))
-                               .Words({MF_CHECKED, 11})
-                               .Text(TEXT("Open"))
-                               .Words({0, 0})
-                               .Text(TEXT(""))
-                               .Words({MF_GRAYED, 13})
-                               .Text(TEXT("Off"))
-                               .Words({MF_END | MF_MENUBREAK, 12})
-                               .Text(TEXT("Close"))
-                               .Words({MF_END, 14})
-                               .Text(TEXT("Last"))
-                               .Load();
+    const WORD standard_bytes[] = {
+        0,  0,   MF_POPUP, '&',    'F',       0,   MF_CHECKED, 11, 'O',
+        0,  0,   0,        0,      MF_GRAYED, 13,  'X',        0,  MF_END | MF_MENUBREAK,
+        12, 'C', 0,        MF_END, 14,        'L', 0};
+    const HMENU standard = LoadMenuIndirectW(standard_bytes);
     EXPECT_EQ(Describe(standard),
-              "0:&File 0 0 {11:Open 0 8 | 0: 800 3 | 13:Off 0 1 | 12:Close 40 0}"
-              " | 14:Last 0 0");
-    const HMENU extended = MenuBytes()
-                               .Words({1, 4, 0, 0})
-                               .Words({0, 0, MFS_DEFAULT, 0, 21, 1, 0})
-                               .Text(TEXT("A"))
-                               .Align()
-                               .Words({MFT_RADIOCHECK, 0, MFS_CHECKED, 0, 22, 0, 1})
-                               .Text(TEXT("Sub"))
-                               .Align()
-                               .Words({0, 0})
-                               .Words({MFT_SEPARATOR, 0, 0, 0, 23, 0, 0})
-                               .Text(TEXT(""))
-                               .Align()
-                               .Words({0, 0, MFS_GRAYED, 0, 24, 0, 0x80})
-                               .Text(TEXT("C"))
-                               .Align()
-                               .Words({0, 0, 0, 0, 25, 0, 0x80})
-                               .Text(TEXT("D"))
-                               .Load();
-    EXPECT_EQ(Describe(extended), "65557:A 0 1000 | 0:Sub 200 8 {23: 800 0 | 24:C 0 3} | 25:D 0 0");
+              "0:&F 0 0 {11:O 0 8 | 0: 800 3 | 13:X 0 1 | 12:C 40 0} | 14:L 0 0");
+    // Type, state and identifier of two words each, flags, text; at multiples of two words.
+    const WORD extended_bytes[] = {1,           4,           0,
+                                   0,           0,           0,
+                                   MFS_DEFAULT, 0,           21,
+                                   1,           0,           'A',
+                                   0,           0,           MFT_RADIOCHECK,
+                                   0,           MFS_CHECKED, 0,
+                                   22,          0,           1,
+                                   'S',         0,           0,
+                                   0,           0,           MFT_SEPARATOR,
+                                   0,           0,           0,
+                                   23,          0,           0,
+                                   0,           0,           0,
+                                   MFS_GRAYED,  0,           24,
+                                   0,           MF_END,      'C',
+                                   0,           0,           0,
+                                   0,           0,           0,
+                                   25,          0,           MF_END,
+                                   'D',         0,           0};
+    const HMENU extended = LoadMenuIndirectW(extended_bytes);
+    EXPECT_EQ(Describe(extended), "65557:A 0 1000 | 0:S 200 8 {23: 800 0 | 24:C 0 3} | 25:D 0 0");
     const HMENU below = GetSubMenu(extended, 1);
-    EXPECT_TRUE(IsMenu(below));
     EXPECT_TRUE(DestroyMenu(extended));
     EXPECT_FALSE(IsMenu(below)) << "what is below goes with it";
     EXPECT_TRUE(DestroyMenu(standard));
@@ -197,140 +166,103 @@ TEST(Menu, RecordsOfItemsCarryWhatTheirMaskSays) {
 
 // ---- An open menu -------------------------------------------------------------------------------
 
-// What the owner of a menu hears, and a user who acts whenever the menu waits.
-struct Tracked {
-    HMENU top = nullptr;
-    HMENU sub = nullptr;
-    std::string heard;
-    std::vector<std::function<void()>> acts;
-    size_t next = 0;
-};
-Tracked* g_tracked = nullptr;
-
-void Hear(const char* format, unsigned a, unsigned b, LPARAM menu) {
-    char line[60];
-    snprintf(line, sizeof(line), format, a, b);
-    g_tracked->heard += line;
-    if (menu) g_tracked->heard += reinterpret_cast<HMENU>(menu) == g_tracked->top ? " top" : " sub";
-    g_tracked->heard += "; ";
-}
-
-LRESULT CALLBACK MenuOwner(HWND window, UINT message, WPARAM first, LPARAM second) {
-    if (!g_tracked) return DefWindowProcW(window, message, first, second);
-    const auto low = LOWORD(first), high = HIWORD(first);
-    const auto menu = static_cast<LPARAM>(first);
-    switch (message) {
-    case WM_ENTERIDLE:
-        if (first != MSGF_MENU) break;
-        if (g_tracked->next < g_tracked->acts.size())
-            g_tracked->acts[g_tracked->next++]();
-        else
-            EndMenu();
-        PostMessageW(window, WM_NULL, 0, 0);
-        break;
-    case WM_ENTERMENULOOP:
-        Hear("enter %u", low, 0, 0);
-        break;
-    case WM_EXITMENULOOP:
-        Hear("exit %u", low, 0, 0);
-        break;
-    case WM_INITMENU:
-        Hear("init", 0, 0, menu);
-        break;
-    case WM_INITMENUPOPUP:
-        Hear("popup %u", static_cast<unsigned>(second), 0, menu);
-        break;
-    case WM_UNINITMENUPOPUP:
-        Hear("unpopup", 0, 0, menu);
-        break;
-    case WM_MENUSELECT:
-        Hear("select %u %x", low, high, second);
-        break;
-    case WM_COMMAND:
-        Hear("command %u %u", low, high, second);
-        break;
-    case WM_CAPTURECHANGED:
-        Hear("capture", 0, 0, 0);
-        break;
-    case WM_KEYDOWN:
-    case WM_CHAR:
-    case WM_LBUTTONDOWN:
-        Hear("input %x", message, 0, 0);
-        break;
-    case WM_MENUCHAR:
-        Hear("char %u %x", low, high, second);
-        if (low == 'x') return MAKELONG(1, MNC_EXECUTE);
-        break;
-    default:
-        break;
-    }
-    return DefWindowProcW(window, message, first, second);
-}
-
+// The owner of a menu, which notes what it hears, and a user who acts whenever the menu waits.
 class OpenMenu : public testing::Test {
 protected:
-    OpenMenu() {
-        WNDCLASSW owner_class = {};
-        owner_class.lpfnWndProc = MenuOwner;
-        owner_class.lpszClassName = TEXT("menu owner");
-        RegisterClassW(&owner_class);
+    using Act = std::function<void()>;
+
+    OpenMenu()
+        : recorder({}, WS_POPUP | WS_VISIBLE)
+        , owner(recorder.Window()) {
         // Its client area starts where the screen does.
-        owner = CreateWindowExW(0, TEXT("menu owner"), nullptr, WS_POPUP | WS_VISIBLE, 0, 0, 400,
-                                400, nullptr, nullptr, nullptr, nullptr);
+        MoveWindow(owner, 0, 0, 400, 400, FALSE);
         SetFocus(owner);
-    }
-    ~OpenMenu() override {
-        DestroyWindow(owner);
-        UnregisterClassW(TEXT("menu owner"), nullptr);
+        recorder.handler = [this](UINT message, WPARAM first, LPARAM second, LRESULT& answer) {
+            return top && Hear(message, first, second, answer);
+        };
     }
 
-    std::function<void()> Key(WPARAM key) const {
+    void Note(const char* format, unsigned a, unsigned b, LPARAM menu) {
+        char line[60];
+        snprintf(line, sizeof(line), format, a, b);
+        heard += line;
+        if (menu) heard += reinterpret_cast<HMENU>(menu) == top ? " top" : " sub";
+        heard += "; ";
+    }
+    bool Hear(UINT message, WPARAM first, LPARAM second, LRESULT& answer) {
+        const auto low = LOWORD(first), high = HIWORD(first);
+        const auto menu = static_cast<LPARAM>(first);
+        if (message == WM_ENTERIDLE && first == MSGF_MENU) {
+            if (next < acts.size())
+                acts[next++]();
+            else
+                EndMenu();
+            PostMessageW(owner, WM_NULL, 0, 0);
+        }
+        if (message == WM_ENTERMENULOOP) Note("enter %u", low, 0, 0);
+        if (message == WM_EXITMENULOOP) Note("exit %u", low, 0, 0);
+        if (message == WM_INITMENU) Note("init", 0, 0, menu);
+        if (message == WM_INITMENUPOPUP) Note("popup %u", LOWORD(second), 0, menu);
+        if (message == WM_UNINITMENUPOPUP) Note("unpopup", 0, 0, menu);
+        if (message == WM_MENUSELECT) Note("select %u %x", low, high, second);
+        if (message == WM_COMMAND) Note("command %u %u", low, high, second);
+        if (message == WM_KEYDOWN || message == WM_CHAR || message == WM_LBUTTONDOWN)
+            Note("input %x", message, 0, 0);
+        if (message == WM_MENUCHAR) Note("char %u %x", low, high, second);
+        answer = MAKELONG(1, MNC_EXECUTE);
+        return message == WM_MENUCHAR && low == 'x';
+    }
+
+    Act Key(WPARAM key) const {
         return [this, key] {
             PostMessageW(owner, WM_KEYDOWN, key, 1);
             PostMessageW(owner, WM_KEYUP, key, 1);
         };
     }
-    std::function<void()> Letter(WPARAM letter) const {
+    Act Letter(WPARAM letter) const {
         return [this, letter] { PostMessageW(owner, WM_CHAR, letter, 1); };
     }
     void Mouse(UINT message, POINT at) const {
         PostMessageW(owner, message, 0, MAKELPARAM(at.x, at.y));
     }
-    std::function<void()> Click(bool sub, UINT item) const {
-        return [this, sub, item] {
+    Act Click(bool is_sub, UINT item) const {
+        return [this, is_sub, item] {
             RECT rect = {};
-            EXPECT_TRUE(
-                GetMenuItemRect(nullptr, sub ? g_tracked->sub : g_tracked->top, item, &rect));
+            EXPECT_TRUE(GetMenuItemRect(nullptr, is_sub ? sub : top, item, &rect));
             Mouse(WM_LBUTTONDOWN, {rect.left + 4, rect.top + 4});
             Mouse(WM_LBUTTONUP, {rect.left + 4, rect.top + 4});
         };
     }
     // Opens the menu, lets the user act and answers what the owner heard.
-    std::string Run(UINT flags, std::vector<std::function<void()>> acts) {
-        Tracked tracked;
-        tracked.top = CreatePopupMenu();
-        tracked.sub = CreatePopupMenu();
-        AppendMenuW(tracked.sub, MF_STRING, 11, TEXT("&First"));
-        AppendMenuW(tracked.sub, MF_STRING, 12, TEXT("&Second"));
-        AppendMenuW(tracked.top, MF_STRING, 1, TEXT("&One"));
-        AppendMenuW(tracked.top, MF_STRING, 2, TEXT("&Two\tCtrl+T"));
-        AppendMenuW(tracked.top, MF_SEPARATOR, 0, nullptr);
-        AppendMenuW(tracked.top, MF_GRAYED, 3, TEXT("&Dead"));
-        AppendMenuW(tracked.top, MF_POPUP, reinterpret_cast<UINT_PTR>(tracked.sub), TEXT("&Sub"));
-        tracked.acts = std::move(acts);
-        g_tracked = &tracked;
-        const BOOL answer = TrackPopupMenu(tracked.top, flags, 100, 120, 0, owner, nullptr);
-        Hear("answer %d", static_cast<unsigned>(answer), 0, 0);
-        MSG message;
-        while (PeekMessageW(&message, nullptr, 0, 0, PM_REMOVE)) DispatchMessageW(&message);
-        g_tracked = nullptr;
-        EXPECT_TRUE(DestroyMenu(tracked.top));
-        EXPECT_FALSE(IsMenu(tracked.sub));
+    std::string Run(UINT flags, std::vector<Act> user) {
+        top = CreatePopupMenu();
+        sub = CreatePopupMenu();
+        AppendMenuW(sub, MF_STRING, 11, TEXT("&First"));
+        AppendMenuW(sub, MF_STRING, 12, TEXT("&Second"));
+        AppendMenuW(top, MF_STRING, 1, TEXT("&One"));
+        AppendMenuW(top, MF_STRING, 2, TEXT("&Two\tCtrl+T"));
+        AppendMenuW(top, MF_SEPARATOR, 0, nullptr);
+        AppendMenuW(top, MF_GRAYED, 3, TEXT("&Dead"));
+        AppendMenuW(top, MF_POPUP, reinterpret_cast<UINT_PTR>(sub), TEXT("&Sub"));
+        acts = std::move(user);
+        next = 0;
+        heard.clear();
+        const BOOL answer = TrackPopupMenu(top, flags, 100, 120, 0, owner, nullptr);
+        Note("answer %d", static_cast<unsigned>(answer), 0, 0);
+        DeliverMessages();
+        EXPECT_TRUE(DestroyMenu(top));
+        EXPECT_FALSE(IsMenu(sub));
         EXPECT_EQ(FindWindowW(TEXT("#32768"), nullptr), nullptr);
-        return tracked.heard;
+        top = nullptr;
+        return heard;
     }
 
+    Recorder recorder;
     HWND owner;
+    HMENU top = nullptr, sub = nullptr;
+    std::string heard;
+    std::vector<Act> acts;
+    size_t next = 0;
 };
 
 TEST_F(OpenMenu, TellsItsOwnerWhatHappensInOrder) {
@@ -338,12 +270,12 @@ TEST_F(OpenMenu, TellsItsOwnerWhatHappensInOrder) {
     const std::string closed = "unpopup top; select 0 ffff; exit 1; answer 1; ";
     const std::string chosen = "unpopup top; select 0 ffff; exit 1; answer ";
     const std::string into_sub = "select 4 90 top; popup 4 sub; select 11 80 sub; ";
-    const std::function<void()> escape = Key(VK_ESCAPE), down = Key(VK_DOWN), up = Key(VK_UP),
-                                right = Key(VK_RIGHT), enter = Key(VK_RETURN);
+    const Act escape = Key(VK_ESCAPE), down = Key(VK_DOWN), up = Key(VK_UP), right = Key(VK_RIGHT),
+              enter = Key(VK_RETURN);
     struct Case {
         const char* name;
         UINT flags;
-        std::vector<std::function<void()>> acts;
+        std::vector<Act> acts;
         std::string heard;
     };
     const Case cases[] = {
@@ -423,7 +355,7 @@ TEST_F(OpenMenu, TellsItsOwnerWhatHappensInOrder) {
          opened + "command 9 0; " + closed},
         {"an item more",
          0,
-         {[] { AppendMenuW(g_tracked->top, 0, 9, TEXT("&Nine")); }, Letter('n')},
+         {[this] { AppendMenuW(top, 0, 9, TEXT("&Nine")); }, Letter('n')},
          opened + "select 9 80 top; " + closed + "command 9 0; "},
     };
     for (const Case& one : cases) EXPECT_EQ(Run(one.flags, one.acts), one.heard) << one.name;
@@ -434,8 +366,7 @@ TEST_F(OpenMenu, IsAWindowThatTellsItsMenu) {
         RECT rect = {};
         Run(flags, {[&] {
                 const HWND window = FindWindowW(TEXT("#32768"), nullptr);
-                EXPECT_EQ(reinterpret_cast<HMENU>(SendMessageW(window, MN_GETHMENU, 0, 0)),
-                          g_tracked->top);
+                EXPECT_EQ(reinterpret_cast<HMENU>(SendMessageW(window, MN_GETHMENU, 0, 0)), top);
                 EXPECT_TRUE(IsWindowVisible(window));
                 EXPECT_EQ(GetWindow(window, GW_OWNER), owner);
                 EXPECT_EQ(GetFocus(), owner);
