@@ -201,6 +201,19 @@ enum TextNumber : int {
     TEXT_DELETE_FONTS_QUESTION = 1331,
     TEXT_DELETE_FONTS = 1332,
 
+    // ---- The editors of data fonts: a name that another font has, usual names, and adjustments of
+    // the size; formats and encodings of RFID data.
+    TEXT_REPLACE_DATA_FONT = 1330,
+    TEXT_NOT_ADJUSTED = 1590,
+    TEXT_SMALLER = 1591,
+    TEXT_MUCH_SMALLER = 1592,
+    TEXT_LARGER = 1593,
+    TEXT_MUCH_LARGER = 1594,
+    TEXT_NEW_RFID_FONT = 1616,
+    TEXT_CUSTOM_FORMAT = 2225,
+    TEXT_FIRST_ENCODING = 3100,
+    TEXT_GENERAL_FORMAT = 3150,
+
     // ---- The names of symbologies follow each other.
     TEXT_FIRST_SYMBOLOGY = 1500,
 

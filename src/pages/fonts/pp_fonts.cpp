@@ -2,10 +2,12 @@
 
 #include <memory>
 
+#include "fonts/data_font_rfid.h"
 #include "fonts/font_sender.h"
 #include "locale/text_numbers.h"
 #include "pages/column_widths.h"
 #include "pages/fonts/cf_fdown.h"
+#include "pages/fonts/pp_rfid_font_edit.h"
 #include "ui/prtui.h"
 
 namespace {
@@ -156,19 +158,23 @@ void ppFonts::ShowList() {
     }
 }
 
+const ppFonts::Entry* ppFonts::OnlySelected() const {
+    OTypedArray<int> rows;
+    GetSelected(rows);
+    return rows.GetSize() == 1 ? &entries_[static_cast<uint32_t>(rows[0])] : nullptr;
+}
+
 void ppFonts::GetSelected(OTypedArray<int>& rows) const {
     for (int row = list_.GetNextSelected(-1); row >= 0; row = list_.GetNextSelected(row))
         rows.Add(row);
 }
 
 void ppFonts::ShowProperties() {
-    OTypedArray<int> rows;
-    GetSelected(rows);
     OString text;
-    if (rows.GetSize() == 1)
-        text = GetFontProperties(entries_[static_cast<uint32_t>(rows[0])]);
-    else if (rows.GetSize() > 1)
-        text << GetString(TEXT_SELECTED_FONTS) << tab << rows.GetSize();
+    if (const Entry* const only = OnlySelected())
+        text = GetFontProperties(*only);
+    else if (const int selected = list_.GetSelectedCount(); selected > 1)
+        text << GetString(TEXT_SELECTED_FONTS) << tab << selected;
     else
         text << GetString(TEXT_FONTS) << tab << entries_.GetSize();
     properties_.SetText(text);
@@ -176,13 +182,14 @@ void ppFonts::ShowProperties() {
 }
 
 void ppFonts::PrepareMenus() {
-    OTypedArray<int> rows;
-    GetSelected(rows);
     for (UMenu* const menu : {&menus_, &context_menu_})
-        menu->Enable(kRemoveFonts, rows.GetSize() > 0);
-    // There are no editors for data fonts yet.
-    for (const int item : {kAddBarCodeFont, kAddRFIDFont, kEditFont}) menus_.Enable(item, false);
-    context_menu_.Enable(kEditFont, false);
+        menu->Enable(kRemoveFonts, list_.GetSelectedCount() > 0);
+    // There is no editor for bar code fonts yet.
+    menus_.Enable(kAddBarCodeFont, false);
+    const Entry* const only = OnlySelected();
+    for (UMenu* const menu : {&menus_, &context_menu_})
+        menu->Enable(kEditFont, only && only->kind == RFID);
+    menus_.Enable(kAddRFIDFont, GetModel()->HasRFID());
     const bool can_download = GetModel()->CanDownloadFont();
     menus_.Enable(kDownloadFont, can_download);
     menus_.Enable(kResendFonts, can_download);
@@ -230,6 +237,10 @@ void ppFonts::OpenContextMenu() {
 }
 
 bool ppFonts::Command(uint16_t id, uint16_t code, LPARAM value) {
+    if (id == kFontList && code == UListView::DOUBLE_CLICKED && config_) {
+        EditFont();
+        return false;
+    }
     if (code != BN_CLICKED || !config_) return prtpage::Command(id, code, value);
     for (const auto& row : kFontActions) {
         if (row.item != id) continue;
@@ -238,6 +249,12 @@ bool ppFonts::Command(uint16_t id, uint16_t code, LPARAM value) {
         return false;
     }
     switch (id) {
+    case kAddRFIDFont:
+        AddRFIDFont();
+        return false;
+    case kEditFont:
+        EditFont();
+        return false;
     case kDownloadFont:
         DownloadFont();
         return false;
@@ -275,6 +292,31 @@ void ppFonts::ToggleKind(View kind) {
     view_ ^= kind;
     view_chosen_ = true;
     list_changed_ = true;
+}
+
+bool ppFonts::EditRFIDFont(DataFont& font) {
+    ui_->edit_data_font = &font;
+    const int answer = DialogModal("*:FONTS/^RFID", ppRFIDFontEdit::WinProc);
+    ui_->edit_data_font = nullptr;
+    if (answer != OK_BUTTON) return false;
+    list_changed_ = true; // it may have taken the place of another font
+    return true;
+}
+
+void ppFonts::AddRFIDFont() {
+    const Entry* const only = OnlySelected();
+    std::unique_ptr<DataFont_RFID> font(
+        only && only->kind == RFID
+            ? new (kCounted) DataFont_RFID(*static_cast<const DataFont_RFID*>(only->data))
+            : new (kCounted) DataFont_RFID);
+    if (!font || !EditRFIDFont(*font)) return;
+    ui_->data_fonts.AddTail(font.release());
+    ShowKind(RFID);
+}
+
+void ppFonts::EditFont() {
+    const Entry* const only = OnlySelected();
+    if (only && only->kind == RFID) EditRFIDFont(*only->data);
 }
 
 void ppFonts::DownloadFont() {

@@ -47,12 +47,18 @@ private:
     void PrepareMenus();
     void OpenContextMenu();
 
+    // The only selected entry, or null.
+    const Entry* OnlySelected() const;
     // The selected rows, in their order.
     void GetSelected(OTypedArray<int>& rows) const;
     // Shows the kind from now on.
     void ShowKind(View kind);
     void ToggleKind(View kind);
 
+    void AddRFIDFont();
+    void EditFont();
+    // Runs the editor of an RFID font. Whether it was confirmed.
+    bool EditRFIDFont(DataFont& font);
     void DownloadFont();
     void RemoveSelected();
     void RemoveFont(const Entry& entry);
