@@ -11,6 +11,7 @@ struct Metric {
 };
 
 constexpr Metric kScaled[] = {
+    {SM_CXBORDER, 1},        {SM_CYBORDER, 1},    {SM_CXEDGE, 2},       {SM_CYEDGE, 2},
     {SM_CXVSCROLL, 17},      {SM_CYHSCROLL, 17},  {SM_CYCAPTION, 26},   {SM_CXDLGFRAME, 3},
     {SM_CYDLGFRAME, 3},      {SM_CYVTHUMB, 17},   {SM_CXHTHUMB, 17},    {SM_CXICON, 32},
     {SM_CYICON, 32},         {SM_CXCURSOR, 32},   {SM_CYCURSOR, 32},    {SM_CYMENU, 20},
@@ -24,8 +25,7 @@ constexpr Metric kScaled[] = {
 
 // These are the same at every resolution.
 constexpr Metric kFixed[] = {
-    {SM_CXBORDER, 1},    {SM_CYBORDER, 1},      {SM_CXEDGE, 2}, {SM_CYEDGE, 2}, {SM_CXDOUBLECLK, 4},
-    {SM_CYDOUBLECLK, 4}, {SM_CMOUSEBUTTONS, 3}, {SM_CXDRAG, 4}, {SM_CYDRAG, 4},
+    {SM_CXDOUBLECLK, 4}, {SM_CYDOUBLECLK, 4}, {SM_CMOUSEBUTTONS, 3}, {SM_CXDRAG, 4}, {SM_CYDRAG, 4},
 };
 
 } // namespace

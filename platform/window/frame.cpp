@@ -9,6 +9,7 @@ namespace {
 
 constexpr int kCaption = 26;
 constexpr int kSmallCaption = 18;
+constexpr int kThinBorder = 1;
 constexpr int kDialogFrame = 3;
 constexpr int kSizeFrame = 4;
 constexpr int kClientEdge = 2;
@@ -35,11 +36,11 @@ FrameWidths FrameOf(DWORD style, DWORD extended_style) {
     else if (style & WS_DLGFRAME || extended_style & WS_EX_DLGMODALFRAME)
         widths.border = ScreenPixels(kDialogFrame);
     else if (style & WS_BORDER)
-        widths.border = 1;
+        widths.border = ScreenPixels(kThinBorder);
     if (extended_style & WS_EX_CLIENTEDGE)
-        widths.border += kClientEdge;
+        widths.border += ScreenPixels(kClientEdge);
     else if (extended_style & WS_EX_STATICEDGE)
-        widths.border += 1;
+        widths.border += ScreenPixels(kThinBorder);
     if (caption)
         widths.caption = ScreenPixels(extended_style & WS_EX_TOOLWINDOW ? kSmallCaption : kCaption);
     if (style & WS_VSCROLL) widths.right = ScreenPixels(kScrollBar);
