@@ -132,8 +132,7 @@ void SheetCommand(const Words& words) {
     told["acts"] = opened.Told();
     const bool confirmed = told["result"] == "ok" || told.contains("applied");
     if (arguments.Has("out") && confirmed && !output.empty())
-        DevModeBytes(std::move(output), "the driver of '" + name + "'")
-            .WriteTo(arguments.Get("out", ""));
+        DevModeBytes(output, "the driver of '" + name + "'").WriteTo(arguments.Get("out", ""));
     if (arguments.Has("json"))
         PrintJson(told);
     else

@@ -6,7 +6,6 @@
 #include <commctrl.h>
 #include <prsht.h>
 
-#include <algorithm>
 #include <vector>
 
 namespace {
@@ -41,15 +40,19 @@ bool HasSubMenu(HMENU menu, HMENU wanted) {
     return false;
 }
 
+bool IsBelowOneOf(const std::vector<HMENU>& menus, HMENU menu) {
+    for (const HMENU other : menus)
+        if (HasSubMenu(other, menu)) return true;
+    return false;
+}
+
 // The open menu that no other open one leads to.
 HMENU FirstMenu(const std::vector<HWND>& windows) {
     std::vector<HMENU> menus;
     for (const HWND window : windows)
         if (IsOfClass(window, kMenu) && MenuOf(window)) menus.push_back(MenuOf(window));
     for (const HMENU menu : menus)
-        if (std::none_of(menus.begin(), menus.end(),
-                         [menu](HMENU other) { return HasSubMenu(other, menu); }))
-            return menu;
+        if (!IsBelowOneOf(menus, menu)) return menu;
     return nullptr;
 }
 
