@@ -59,7 +59,10 @@ bool Pattern(HDC dc, const Place& place, DWORD operation) {
     const auto context = Find<DrawingContext>(dc);
     if (!context) return false;
     std::lock_guard guard(context->lock);
-    FillPattern(*context, AreaOf(ToDevice(*context, place)), *context->state.brush.object,
+    const Place at = ToDevice(*context, place);
+    const auto [left, right] = std::minmax({at.x, at.x + at.width});
+    const auto [top, bottom] = std::minmax({at.y, at.y + at.height});
+    FillPattern(*context, {left, top, right, bottom}, *context->state.brush.object,
                 TableOf(operation));
     return true;
 }
@@ -122,7 +125,7 @@ int WINAPI StretchDIBits(HDC dc, int x, int y, int width, int height, int source
         // The source's y counts from the lowest row.
         Place from = {source_x, dib->layout.height - source_y - source_height, source_width,
                       source_height};
-        if (source_height < 0) from.y = dib->layout.height - source_y;
+        if (source_height < 0) from.y -= 2;
         if (!dib->layout.bottom_up) from.y = source_y;
         const PixelBlock block = ReadDib(dib->layout, rows, AreaOf(from));
         DrawPixels(context, ToDevice(context, {x, y, width, height}), block, from, operation);

@@ -1,32 +1,15 @@
-// Device-independent bitmaps: headers and pixels that callers or files hand in.
+// Device-independent bitmaps as what contexts draw.
 #pragma once
 
+#include "gdi/dib_reader.h"
 #include "gdi/drawing_context.h"
 
 #include <cstddef>
-#include <optional>
+#include <memory>
 #include <span>
+#include <vector>
 
 namespace win32host {
-
-// What a BITMAPINFO describes.
-struct DibInfo {
-    PixelLayout layout;      // rows of 32 bits
-    bool core = false;       // the older header, whose colours have three bytes
-    bool compressed = false; // runs of equal pixels
-    size_t table_offset = 0;
-    size_t colors = 0;
-    size_t bits_offset = 0; // where the pixels start if they follow the colours
-};
-
-// Reads a header alone.
-std::optional<DibInfo> ReadDibShape(const void* info, size_t size);
-
-// Reads a header and its colours; DIB_PAL_COLORS are looked up in the context's palette, black
-// without a context. Nothing if it is no header, its size is not supported, or the kind of its
-// pixels is not. `size`: how many bytes there are, as far as that is known.
-std::optional<DibInfo> ReadDibInfo(const void* info, size_t size, UINT usage,
-                                   const DrawingContext* context);
 
 // Pixels that are read, from top to bottom: an area of something bigger. What lies outside is
 // CLR_INVALID.
@@ -58,13 +41,12 @@ private:
 // The part of an uncompressed DIB inside `area`, whose rows count from the top.
 PixelBlock ReadDib(const PixelLayout& layout, const BYTE* bits, const RECT& area);
 
-// The rows of a compressed DIB, spread out in the layout. Pixels that its runs leave out are 0.
-std::vector<BYTE> ExpandRuns(const PixelLayout& layout, std::span<const BYTE> runs);
-
-// A DIB in memory, such as a bitmap resource, as a bitmap of its own. Null if it is not one.
+// A DIB in memory, such as a bitmap resource, as a bitmap of its own. Its pixels are at
+// `bits_offset`; for 0 they follow its colours. Null if it is not one.
 std::shared_ptr<Bitmap> BitmapOfDib(std::span<const BYTE> dib, size_t bits_offset = 0);
 
-// An area of pixels of the device or of a bitmap; negative extents mirror.
+// An area of pixels of the device or of a bitmap. Negative extents mirror: they reach to the left
+// of the start, or above it, with the start.
 struct Place {
     int x;
     int y;

@@ -19,11 +19,10 @@ Plain WithoutPrefixes(std::u16string_view text, UINT format) {
     Plain plain;
     const bool marks = !(format & DT_NOPREFIX);
     for (size_t i = 0; i < text.size(); ++i) {
+        // One at the end marks nothing.
         if (marks && text[i] == u'&' && i + 1 < text.size()) {
             ++i;
             if (text[i] != u'&') plain.underlined.push_back(plain.text.size());
-        } else if (marks && text[i] == u'&') {
-            continue;
         }
         plain.text += text[i];
     }
@@ -34,6 +33,7 @@ struct Line {
     size_t first = 0;
     size_t length = 0;
     int width = 0;
+    int asked = 0; // with the blanks after it, as far as there is room
 };
 
 // Lays text out in lines and draws it.
@@ -81,7 +81,7 @@ public:
 
     int Width() const {
         int widest = 0;
-        for (const Line& line : lines_) widest = std::max(widest, line.width);
+        for (const Line& line : lines_) widest = std::max(widest, line.asked);
         return widest;
     }
     int Height() const { return static_cast<int>(lines_.size()) * line_height_; }
@@ -105,7 +105,8 @@ private:
     }
 
     void AddLine(size_t first, size_t end) {
-        lines_.push_back({first, end - first, Measure(first, end - first)});
+        const int width = Measure(first, end - first);
+        lines_.push_back({first, end - first, width, width});
     }
 
     // Breaks at blanks where DT_WORDBREAK asks for it. The blanks at a break belong to no line. A
@@ -127,7 +128,9 @@ private:
                 while (stop > start + 1 && Measure(start, stop - start) > width) --stop;
             AddLine(start, stop);
             start = stop;
-            while (start < end && text[start] == u' ') ++start;
+            for (; start < end && text[start] == u' '; ++start)
+                lines_.back().asked = std::max(
+                    lines_.back().asked, std::min(width, lines_.back().asked + advances_[start]));
         } while (start < end);
     }
 

@@ -107,10 +107,16 @@ void Face::SetSize(const LOGFONTW& description) {
     const int64_t height = std::min<int64_t>(std::llabs(wanted), kLargestSize);
     const int cell = std::max(1, CellAscent(face_) + CellDescent(face_));
     const int64_t em = face_->units_per_EM;
-    if (wanted < 0)
+    if (wanted < 0) {
         pixels_per_em_ = static_cast<int>(height);
-    else
-        pixels_per_em_ = static_cast<int>((height ? height : kDefaultCell) * em / cell);
+    } else {
+        // The nearest size whose cell is no higher.
+        const int64_t line = height ? height : kDefaultCell;
+        pixels_per_em_ = static_cast<int>((line * em + cell / 2) / cell);
+        if (Scaled(CellAscent(face_), pixels_per_em_) + Scaled(CellDescent(face_), pixels_per_em_) >
+            line)
+            --pixels_per_em_;
+    }
     pixels_per_em_ = std::clamp(pixels_per_em_, 1, kLargestSize);
     horizontal_pixels_per_em_ = pixels_per_em_;
     if (description.lfWidth) {
@@ -152,7 +158,8 @@ void Face::Measure(const LOGFONTW& description, TEXTMETRICW& metrics) const {
     metrics.tmExternalLeading =
         std::max(0, Scaled(face_->height, pixels_per_em_) - metrics.tmHeight);
     metrics.tmAveCharWidth = Scaled(AverageWidth(face_), horizontal_pixels_per_em_);
-    metrics.tmMaxCharWidth = Scaled(face_->max_advance_width, horizontal_pixels_per_em_);
+    metrics.tmMaxCharWidth =
+        Scaled(static_cast<int>(face_->bbox.xMax - face_->bbox.xMin), horizontal_pixels_per_em_);
     metrics.tmDigitizedAspectX = metrics.tmDigitizedAspectY = 96;
     metrics.tmItalic = (face_->style_flags & FT_STYLE_FLAG_ITALIC) || slant_;
     metrics.tmUnderlined = description.lfUnderline;
@@ -174,9 +181,8 @@ void Face::Measure(const LOGFONTW& description, TEXTMETRICW& metrics) const {
     if (embolden_) metrics.tmWeight = FW_BOLD;
 }
 
-bool Face::Load(char16_t unit, bool smooth) const {
+bool Face::Load(char16_t unit, FT_Int32 target) const {
     const FT_UInt glyph = FT_Get_Char_Index(face_, unit);
-    const FT_Int32 target = smooth ? FT_LOAD_TARGET_NORMAL : FT_LOAD_TARGET_MONO;
     if (FT_Load_Glyph(face_, glyph, target | FT_LOAD_NO_BITMAP)) return false;
     const FT_GlyphSlot slot = face_->glyph;
     if (slot->format != FT_GLYPH_FORMAT_OUTLINE) return false;
@@ -187,7 +193,7 @@ bool Face::Load(char16_t unit, bool smooth) const {
 
 int Face::Width(char16_t unit, bool smooth) {
     const auto [known, added] = widths_.try_emplace(KeyOf(unit, smooth), 0);
-    if (added && Load(unit, smooth))
+    if (added && Load(unit, smooth ? FT_LOAD_TARGET_NORMAL : FT_LOAD_TARGET_MONO))
         known->second = static_cast<int>((face_->glyph->advance.x + 32) >> 6);
     return known->second;
 }
@@ -195,8 +201,12 @@ int Face::Width(char16_t unit, bool smooth) {
 std::shared_ptr<const GlyphImage> Face::Image(char16_t unit, bool smooth) {
     const auto known = images_.find(KeyOf(unit, smooth));
     if (known != images_.end()) return known->second;
-    if (!Load(unit, smooth)) return nullptr;
+    const FT_Pos cell = FT_Pos{Width(unit, smooth)} << 6;
+    if (!Load(unit, smooth ? FT_LOAD_TARGET_LIGHT : FT_LOAD_TARGET_MONO)) return nullptr;
     const FT_GlyphSlot slot = face_->glyph;
+    // Smooth shapes are not forced into whole pixels from side to side: they are in the middle of
+    // cells that are.
+    if (smooth) FT_Outline_Translate(&slot->outline, (cell - slot->advance.x) / 2, 0);
     if (FT_Render_Glyph(slot, smooth ? FT_RENDER_MODE_NORMAL : FT_RENDER_MODE_MONO)) return nullptr;
     const FT_Bitmap& drawn = slot->bitmap;
     auto image = std::make_shared<GlyphImage>();

@@ -3,6 +3,7 @@
 
 #include <windows.h>
 
+#include <cstdint>
 #include <memory>
 #include <string>
 #include <unordered_map>
@@ -43,7 +44,8 @@ public:
 private:
     void SetSize(const LOGFONTW& description);
     int Scaled(int design_units, int pixels_per_em) const;
-    bool Load(char16_t unit, bool smooth) const;
+    // Loads a character's outline, fitted to the pixels as the target (FT_LOAD_TARGET_) says.
+    bool Load(char16_t unit, int32_t target) const;
 
     FT_FaceRec_* face_;
     const std::u16string family_;

@@ -50,7 +50,8 @@ std::vector<FontFamily> LookUp() {
     const std::unique_ptr<FcPattern, decltype(&FcPatternDestroy)> pattern(FcPatternCreate(),
                                                                           FcPatternDestroy);
     const std::unique_ptr<FcObjectSet, decltype(&FcObjectSetDestroy)> objects(
-        FcObjectSetBuild(FC_FAMILY, FC_STYLE, FC_WEIGHT, FC_SLANT, FC_FONTFORMAT, nullptr),
+        FcObjectSetBuild(FC_FAMILY, FC_STYLE, FC_WEIGHT, FC_SLANT, FC_WIDTH, FC_FONTFORMAT,
+                         nullptr),
         FcObjectSetDestroy);
     if (!pattern || !objects) return {};
     FcPatternAddBool(pattern.get(), FC_SCALABLE, FcTrue);
@@ -58,6 +59,9 @@ std::vector<FontFamily> LookUp() {
         FcFontList(nullptr, pattern.get(), objects.get()));
     for (int i = 0; found && i < found->nfont; ++i) {
         FcPattern* const font = found->fonts[i];
+        int width = FC_WIDTH_NORMAL;
+        FcPatternGetInteger(font, FC_WIDTH, 0, &width);
+        if (width != FC_WIDTH_NORMAL) continue; // no style of its family, as it cannot be asked for
         const std::u16string name = Utf16(TextIn(font, FC_FAMILY));
         if (name.empty() || name.size() >= LF_FACESIZE) continue;
         FontFamily& family = families[name];

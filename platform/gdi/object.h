@@ -65,7 +65,4 @@ Handle NewGdi(std::shared_ptr<T> object) {
 // What every memory context starts with: a bitmap of one black pixel, which all of them share.
 HBITMAP OnePixelBitmap();
 
-// Whether two colours are how far from each other.
-int Distance(COLORREF a, COLORREF b);
-
 } // namespace win32host

@@ -5,6 +5,7 @@
 #include <algorithm>
 #include <cstdint>
 #include <cstdlib>
+#include <utility>
 
 namespace win32host {
 namespace {
@@ -19,6 +20,11 @@ Range SourceOf(int i, int to, int from) {
     const auto first = static_cast<int>(int64_t{i} * from / to);
     const auto next = static_cast<int>((int64_t{i} + 1) * from / to);
     return {first, std::max(1, next - first)};
+}
+
+// Where an extent starts and ends. A negative one counts backwards, from its start with it.
+std::pair<int, int> SpanOf(int start, int extent) {
+    return extent < 0 ? std::pair(start + extent + 1, start + 1) : std::pair(start, start + extent);
 }
 
 // Pixels of a block, seen from the place that it is drawn to.
@@ -81,8 +87,9 @@ Place ToDevice(const DrawingContext& context, const Place& place) {
 }
 
 RECT AreaOf(const Place& place) {
-    return {std::min(place.x, place.x + place.width), std::min(place.y, place.y + place.height),
-            std::max(place.x, place.x + place.width), std::max(place.y, place.y + place.height)};
+    const auto [left, right] = SpanOf(place.x, place.width);
+    const auto [top, bottom] = SpanOf(place.y, place.height);
+    return {left, top, right, bottom};
 }
 
 void DrawPixels(DrawingContext& context, const Place& to, const PixelBlock& pixels,

@@ -95,7 +95,9 @@ void DrawSegment(DrawingContext& context, const PenPaint& pen, POINT from, POINT
     const int64_t end = pen.width > 1 ? length + 1 : length;
     for (int64_t i = std::max<int64_t>(first, 0); i < std::min(last, end); ++i) {
         const int64_t along = start + sign * i;
-        const int64_t offset = length ? (2 * i * std::llabs(other) + length) / (2 * length) : 0;
+        // In the middle between two pixels the upper or left one is taken.
+        const int64_t bias = other > 0 ? length - 1 : length;
+        const int64_t offset = length ? (2 * i * std::llabs(other) + bias) / (2 * length) : 0;
         const int64_t across = (flat ? from.y : from.x) + (other < 0 ? -offset : offset);
         DrawPoint(context, pen, static_cast<int>(flat ? along : across),
                   static_cast<int>(flat ? across : along), step + i);

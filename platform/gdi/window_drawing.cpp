@@ -81,12 +81,11 @@ BOOL WINAPI DrawFocusRect(HDC dc, const RECT* rect) {
         const RECT clip = context.Clip();
         RECT seen;
         if (!context.Target() || !IntersectRect(&seen, &area, &clip)) return TRUE;
-        const POINT zero = context.Zero();
         for (int y = seen.top; y < seen.bottom; ++y)
             for (int x = seen.left; x < seen.right; ++x) {
                 const bool border =
                     x == area.left || x == area.right - 1 || y == area.top || y == area.bottom - 1;
-                if (border && (x - zero.x + y - zero.y) & 1)
+                if (border && (x - area.left + y - area.top) % 2 == 0)
                     context.Target()->Set(x, y, ~context.Target()->Get(x, y) & 0xFFFFFF);
             }
         return TRUE;

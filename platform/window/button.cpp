@@ -225,6 +225,7 @@ void Button::UncheckGroup() const {
     // In a circle, which leaves out this one itself if it cannot be used.
     const HWND first = GetNextDlgGroupItem(Parent(), Self(), TRUE);
     HWND sibling = first;
+    if (!first) return;
     do {
         if (sibling != Self() && IsAutoRadio(sibling))
             SendMessageW(sibling, BM_SETCHECK, BST_UNCHECKED, 0);

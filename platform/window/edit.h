@@ -78,6 +78,7 @@ private:
     POINT PointOfPosition(size_t position) const;
     void ScrollToCaret();
     void ScrollTo(int64_t line);
+    void ScrollSideways(int characters);
     LRESULT Scroll(WORD code, int position);
     LRESULT LineLength(WPARAM position) const;
     LRESULT CopyLine(WPARAM line, LPWSTR buffer) const;

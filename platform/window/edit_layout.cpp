@@ -7,7 +7,9 @@
 namespace win32host {
 namespace {
 
-constexpr int kUsualTab = 32; // quarters of an average character
+constexpr int kInset = 3;                // pixels at 96 dots per inch
+constexpr int kUsualTab = 32;            // quarters of an average character
+constexpr int kFarthest = INT32_MAX / 2; // pixels; no text is as wide
 
 bool IsHigh(char16_t unit) {
     return unit >= 0xD800 && unit < 0xDC00;
@@ -29,6 +31,7 @@ void EditLayout::SetFont(HWND window, HFONT font) {
     const TextMeasure measure(window, font);
     line_height_ = std::max(1, measure.LineHeight());
     average_width_ = std::max(1, measure.AverageWidth());
+    inset_ = measure.Scaled(kInset);
 }
 
 int EditLayout::WidthOf(char16_t unit) const {
@@ -46,13 +49,13 @@ int EditLayout::WidthOf(char16_t unit) const {
 
 int EditLayout::TabAfter(int x) const {
     for (size_t i = 0; tab_stops_.size() > 1 && i < tab_stops_.size(); ++i) {
-        const int stop = tab_stops_[i] * average_width_ / 4;
-        if (stop > x) return stop;
+        const int64_t stop = int64_t{tab_stops_[i]} * average_width_ / 4;
+        if (stop > x) return static_cast<int>(std::min<int64_t>(stop, kFarthest));
     }
     // After those that are given, tabs are as usual.
     const int quarters = tab_stops_.size() == 1 ? tab_stops_[0] : kUsualTab;
-    const int distance = std::max(1, quarters * average_width_ / 4);
-    return (x / distance + 1) * distance;
+    const int64_t distance = std::max<int64_t>(1, int64_t{quarters} * average_width_ / 4);
+    return static_cast<int>(std::min<int64_t>((x / distance + 1) * distance, kFarthest));
 }
 
 int EditLayout::After(std::u16string_view text, size_t at, int x) const {

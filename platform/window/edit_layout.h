@@ -52,6 +52,8 @@ public:
     int Width(std::u16string_view text) const;
     int LineHeight() const { return line_height_; }
     int AverageWidth() const { return average_width_; }
+    // What is kept free at both sides of the text.
+    int Inset() const { return inset_; }
 
 private:
     // Where the character at `at` ends that starts at `x`.
@@ -66,6 +68,7 @@ private:
     std::vector<int> tab_stops_;
     int line_height_ = 1;
     int average_width_ = 1;
+    int inset_ = 0;
     std::vector<EditLine> lines_ = {{}};
     // Widths that are known already; -1 for others.
     mutable std::array<int, 256> common_widths_ = {};

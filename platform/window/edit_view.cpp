@@ -1,17 +1,10 @@
 // The lines of an edit field, and where they are.
 #include "window/edit.h"
 #include "window/notify.h"
-#include "window/text_measure.h"
 
 #include <algorithm>
 
 namespace win32host {
-namespace {
-
-constexpr int kTextInset = 3; // from the border to the text, at 96 dots per inch
-constexpr int kLineInset = 1;
-
-} // namespace
 
 LRESULT EditField::HandleLines(UINT message, WPARAM first, LPARAM second) {
     switch (message) {
@@ -32,7 +25,7 @@ LRESULT EditField::HandleLines(UINT message, WPARAM first, LPARAM second) {
         return static_cast<LRESULT>(first_line_);
     case EM_LINESCROLL:
         if (!HasLines()) return FALSE;
-        scrolled_x_ = std::max(0, scrolled_x_ + static_cast<int>(first) * layout_.AverageWidth());
+        ScrollSideways(static_cast<int>(first));
         ScrollTo(static_cast<int64_t>(first_line_) + static_cast<int>(second));
         return TRUE;
     case EM_SCROLL:
@@ -77,13 +70,12 @@ RECT EditField::TextRect() const {
     if (set_rect_.right > set_rect_.left) return set_rect_;
     RECT rect;
     GetClientRect(Self(), &rect);
-    const TextMeasure measure(Self(), font_);
-    const int inset = measure.Scaled(kTextInset);
+    const int inset = layout_.Inset();
     rect.left += inset + left_margin_;
     rect.right = std::max(rect.left, rect.right - inset - right_margin_);
     if (HasLines()) {
-        rect.top += measure.Scaled(kLineInset);
-        rect.bottom = std::max(rect.top, rect.bottom - measure.Scaled(kLineInset));
+        rect.top += inset / 3;
+        rect.bottom = std::max(rect.top, rect.bottom - inset / 3);
     } else {
         // In the middle.
         const LONG height = layout_.LineHeight();
@@ -162,6 +154,15 @@ void EditField::ScrollTo(int64_t line) {
     if (limited != first_line_) Redraw();
     first_line_ = limited;
     ShowScrollBar();
+}
+
+void EditField::ScrollSideways(int characters) {
+    int widest = 0;
+    for (size_t line = 0; line < layout_.Count(); ++line)
+        widest = std::max(widest, layout_.LineWidth(text_, line));
+    const int64_t x = scrolled_x_ + int64_t{characters} * layout_.AverageWidth();
+    scrolled_x_ = static_cast<int>(std::clamp<int64_t>(x, 0, widest));
+    Redraw();
 }
 
 LRESULT EditField::Scroll(WORD code, int position) {

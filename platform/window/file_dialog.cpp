@@ -49,7 +49,9 @@ private:
 };
 
 DialogTemplate FileDialog::Template() const {
-    DialogTemplate made = SystemDialog(wanted_.title, 300, 186, WS_SYSMENU);
+    const bool offers_read_only = !(wanted_.flags & OFN_HIDEREADONLY);
+    DialogTemplate made =
+        SystemDialog(wanted_.title, 300, offers_read_only ? 186 : 171, WS_SYSMENU);
     AddControl(made, kStaticClass, stc4, wanted_.saves ? u"Save &in:" : u"Look &in:", SS_LEFT,
                {7, 9, 52, 17});
     AddControl(made, kComboBoxClass, cmb2, u"", CBS_DROPDOWNLIST | WS_VSCROLL | WS_TABSTOP,
@@ -68,7 +70,7 @@ DialogTemplate FileDialog::Template() const {
     AddControl(made, kComboBoxClass, cmb1, u"", CBS_DROPDOWNLIST | WS_VSCROLL | WS_TABSTOP,
                {55, 151, 237, 231});
     AddControl(made, kButtonClass, IDCANCEL, u"Cancel", WS_TABSTOP, {243, 150, 293, 164});
-    if (!(wanted_.flags & OFN_HIDEREADONLY))
+    if (offers_read_only)
         AddControl(made, kButtonClass, chx1, u"Open as &read-only", BS_AUTOCHECKBOX | WS_TABSTOP,
                    {55, 169, 237, 179});
     return made;
@@ -115,9 +117,10 @@ void FileDialog::ListFiles() {
     if (search == INVALID_HANDLE_VALUE) return;
     do {
         const std::u16string name = found.cFileName;
-        if (found.dwFileAttributes & FILE_ATTRIBUTE_DIRECTORY) {
-            if (name != u".") folders.push_back(u"[" + name + u"]");
-        } else if (std::any_of(
+        if (IsShownFolder(found, wanted_.folder)) {
+            folders.push_back(u"[" + name + u"]");
+        } else if (!(found.dwFileAttributes & FILE_ATTRIBUTE_DIRECTORY) &&
+                   std::any_of(
                        patterns.begin(), patterns.end(),
                        [&](const std::u16string& pattern) { return FitsPattern(name, pattern); })) {
             files.push_back(name);

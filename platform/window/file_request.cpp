@@ -132,6 +132,13 @@ bool IsFolder(const std::u16string& path) {
     return attributes != INVALID_FILE_ATTRIBUTES && attributes & FILE_ATTRIBUTE_DIRECTORY;
 }
 
+bool IsShownFolder(const WIN32_FIND_DATAW& found, std::u16string_view folder) {
+    const std::u16string_view name = found.cFileName;
+    const bool is_root = folder.size() == 3; // a drive
+    return found.dwFileAttributes & FILE_ATTRIBUTE_DIRECTORY && name != u"." &&
+           (name != u".." || !is_root);
+}
+
 bool IsThere(const std::u16string& path) {
     return GetFileAttributesW(path.c_str()) != INVALID_FILE_ATTRIBUTES;
 }

@@ -42,6 +42,9 @@ std::u16string PathIn(std::u16string_view folder, std::u16string_view name);
 // Everything before the last separator; "C:\" for a file in it.
 std::u16string FolderOf(const std::u16string& path);
 bool IsFolder(const std::u16string& path);
+// Whether what was found in a folder is a folder to show: its own name is not, and the one above is
+// only where there is one.
+bool IsShownFolder(const WIN32_FIND_DATAW& found, std::u16string_view folder);
 bool IsThere(const std::u16string& path);
 // Whether no file can have this name.
 bool IsInvalid(std::u16string_view name);

@@ -72,9 +72,7 @@ void FolderDialog::ShowFolder(const std::u16string& folder) {
     const HANDLE search = FindFirstFileW(PathIn(folder, u"*").c_str(), &found);
     if (search != INVALID_HANDLE_VALUE) {
         do {
-            if (found.dwFileAttributes & FILE_ATTRIBUTE_DIRECTORY &&
-                found.cFileName != std::u16string_view(u"."))
-                add(found.cFileName);
+            if (IsShownFolder(found, folder)) add(found.cFileName);
         } while (FindNextFileW(search, &found));
         FindClose(search);
     }

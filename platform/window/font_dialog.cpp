@@ -55,7 +55,7 @@ private:
     void FillFamilies();
     void FillSizes();
     void FamilyChanged();
-    void FillStyles();
+    void FillStyles(const FontStyle& before);
     void FillScripts();
     void ShowSample();
     // Selects what the text of a combo box's field names.
@@ -139,10 +139,8 @@ std::vector<FontStyle> FontDialog::StylesOf(const FontFamily& family) const {
     return styles;
 }
 
-// Shows the styles of the family, with the one selected that is nearest to the one before.
-void FontDialog::FillStyles() {
-    const FontStyle* chosen = Style();
-    const FontStyle before = chosen ? *chosen : FontStyle{{}, FW_NORMAL, false};
+// Shows the styles of the family, with the one selected that is nearest to `before`.
+void FontDialog::FillStyles(const FontStyle& before) {
     Send(kStyle, CB_RESETCONTENT);
     styles_.clear();
     const FontFamily* family = Family();
@@ -187,7 +185,8 @@ void FontDialog::FillScripts() {
 }
 
 void FontDialog::FamilyChanged() {
-    FillStyles();
+    const FontStyle* style = Style();
+    FillStyles(style ? FontStyle(*style) : FontStyle{{}, FW_NORMAL, false});
     FillScripts();
     ShowSample();
 }
@@ -269,13 +268,8 @@ void FontDialog::Initialise() {
         const LRESULT family = Send(kFamily, CB_FINDSTRINGEXACT, static_cast<WPARAM>(-1),
                                     reinterpret_cast<LPARAM>(font->lfFaceName));
         if (family >= 0) Send(kFamily, CB_SETCURSEL, static_cast<WPARAM>(family));
-        FillStyles();
-        for (size_t i = 0; i < styles_.size(); ++i)
-            if (styles_[i].italic == (font->lfItalic != 0) &&
-                (styles_[i].weight >= kLeastBoldWeight) == (font->lfWeight >= kLeastBoldWeight)) {
-                Send(kStyle, CB_SETCURSEL, i);
-                break;
-            }
+        const LONG weight = font->lfWeight ? font->lfWeight : FW_NORMAL;
+        FillStyles({{}, weight, font->lfItalic != 0});
         if (font->lfHeight != 0) {
             const std::string digits = std::to_string(MulDiv(std::abs(font->lfHeight), 72, Dpi()));
             SetDlgItemTextW(dialog_, kSize, std::u16string(digits.begin(), digits.end()).c_str());

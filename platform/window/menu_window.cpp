@@ -32,13 +32,22 @@ struct ShownText {
     }
 };
 
-HFONT MenuFont() {
-    return static_cast<HFONT>(GetStockObject(DEFAULT_GUI_FONT));
+// The system's font, which is made for 96 dots per inch, in the screen's resolution.
+HFONT MakeMenuFont() {
+    LOGFONTW font = {};
+    GetObjectW(GetStockObject(DEFAULT_GUI_FONT), sizeof(font), &font);
+    const HDC screen = GetDC(nullptr);
+    font.lfHeight = MulDiv(font.lfHeight, GetDeviceCaps(screen, LOGPIXELSY), 96);
+    ReleaseDC(nullptr, screen);
+    return CreateFontIndirectW(&font);
 }
 
 class MenuWindow : public Control {
 public:
-    using Control::Control;
+    explicit MenuWindow(HWND window)
+        : Control(window)
+        , font_(MakeMenuFont()) {}
+    ~MenuWindow() override { DeleteObject(font_); }
 
     LRESULT Handle(UINT message, WPARAM first, LPARAM second) override;
 
@@ -47,6 +56,7 @@ private:
     SIZE Layout();
     void Paint(HDC dc) const;
 
+    HFONT font_;
     HMENU menu_ = nullptr;
 };
 
@@ -59,7 +69,7 @@ bool MenuWindow::Create(const CREATESTRUCTW& create) {
 
 // Gives every item its place, in columns, and answers the size of all.
 SIZE MenuWindow::Layout() {
-    const TextMeasure measure(Self(), MenuFont());
+    const TextMeasure measure(Self(), font_);
     const auto scaled = [&](int size) { return measure.Scaled(size); };
 
     std::lock_guard guard(WindowLock());
@@ -126,7 +136,7 @@ void MenuWindow::Paint(HDC dc) const {
         std::lock_guard guard(WindowLock());
         if (const auto menu = MenuOf(menu_)) entries = menu->entries;
     }
-    const HGDIOBJ before = SelectObject(dc, MenuFont());
+    const HGDIOBJ before = SelectObject(dc, font_);
     for (const MenuEntry& entry : entries) PaintEntry(dc, entry);
     SelectObject(dc, before);
 }

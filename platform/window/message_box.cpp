@@ -43,6 +43,7 @@ constexpr int kButtonHeight = 23;
 constexpr int kButtonGap = 8;
 constexpr int kButtonPadding = 20; // of a button's width, beyond its text
 constexpr int kTextWidth = 400;    // at most, where words can be broken
+constexpr int kCaptionExtra = 48;  // beside a title, for the close box
 
 constexpr int kIconId = 1088;
 constexpr int kBoxTextId = 0xFFFF;
@@ -144,7 +145,12 @@ void Arrange(HWND dialog, const Box& box) {
     const auto count = static_cast<int>(box.buttons.size());
     const int buttons_width = count * button_width + (count - 1) * gap;
     const int text_left = margin + (icon ? icon + margin : 0);
-    const int width = std::max(text_left + text.right, margin + buttons_width) + margin;
+    RECT caption = {};
+    DrawTextW(dc, box.caption.c_str(), -1, &caption, DT_CALCRECT | DT_SINGLELINE | DT_NOPREFIX);
+    const int width =
+        std::max({text_left + text.right, margin + buttons_width,
+                  std::min<int>(caption.right, scaled(kTextWidth)) + scaled(kCaptionExtra)}) +
+        margin;
     const int content = std::max(icon, static_cast<int>(text.bottom));
     const int buttons_top = margin + content + margin;
 

@@ -32,6 +32,7 @@ private:
     void Paint(WPARAM context);
     void PaintText(const ControlPaint& paint) const;
     void PaintBitmap(const ControlPaint& paint) const;
+    void PaintIcon(const ControlPaint& paint) const;
     void PaintShape(const ControlPaint& paint) const;
 
     HFONT font_ = nullptr;

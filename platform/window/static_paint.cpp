@@ -3,6 +3,8 @@
 #include "window/look.h"
 #include "window/static.h"
 
+#include <utility>
+
 namespace win32host {
 namespace {
 
@@ -99,6 +101,17 @@ void StaticControl::PaintShape(const ControlPaint& paint) const {
     }
 }
 
+// The icons of message boxes. Others are not drawn on this host.
+void StaticControl::PaintIcon(const ControlPaint& paint) const {
+    const std::pair<LPCWSTR, look::Icon> icons[] = {{IDI_HAND, look::Icon::Error},
+                                                    {IDI_QUESTION, look::Icon::Question},
+                                                    {IDI_EXCLAMATION, look::Icon::Warning},
+                                                    {IDI_ASTERISK, look::Icon::Information}};
+    for (const auto& [name, icon] : icons)
+        if (image_ == LoadIconW(nullptr, name))
+            look::DrawMessageIcon(paint.Context(), paint.Client(), icon);
+}
+
 void StaticControl::Paint(WPARAM context) {
     const ControlPaint paint(Self(), context, font_);
     const DWORD kind = Kind();
@@ -117,7 +130,9 @@ void StaticControl::Paint(WPARAM context) {
     case SS_BITMAP:
         PaintBitmap(paint);
         return;
-    case SS_ICON: // icons are not drawn on this host
+    case SS_ICON:
+        PaintIcon(paint);
+        return;
     case SS_USERITEM:
     case SS_ENHMETAFILE:
         return;

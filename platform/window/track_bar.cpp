@@ -110,7 +110,9 @@ LRESULT TrackBar::HandleNumbers(UINT message, WPARAM first, LPARAM second) {
     case TBM_GETTHUMBLENGTH:
         return thumb_length_;
     case TBM_SETTHUMBLENGTH:
-        if (Style() & TBS_FIXEDLENGTH) thumb_length_ = static_cast<int>(first);
+        // No window is larger.
+        if (Style() & TBS_FIXEDLENGTH)
+            thumb_length_ = static_cast<int>(std::min<WPARAM>(first, INT16_MAX));
         InvalidateRect(Self(), nullptr, FALSE);
         return 0;
     case TBM_SETBUDDY:

@@ -44,7 +44,7 @@ int TrackBar::PositionAt(int along) const {
     if (room <= 0) return low_;
     const int64_t range = int64_t{high_} - low_;
     const int64_t moved = std::clamp<int64_t>(along - first, 0, room);
-    return low_ + static_cast<int>((moved * range + room / 2) / room);
+    return static_cast<int>(low_ + (moved * range + room / 2) / room);
 }
 
 RECT TrackBar::Turned(int from, int to, int across_from, int across_to) const {

@@ -56,6 +56,8 @@ LRESULT UpDown::Handle(UINT message, WPARAM first, LPARAM second) {
         if (!first) EndPress();
         InvalidateRect(Self(), nullptr, FALSE);
         return 0;
+    case kBuddyKey:
+        return OnBuddyKey(first);
     case WM_TIMER:
         Repeat();
         return 0;
@@ -312,11 +314,10 @@ void UpDown::Move(int steps) {
     Scroll(SB_THUMBPOSITION);
 }
 
-bool UpDown::OnBuddyKey(WPARAM key) {
-    if (key != VK_UP && key != VK_DOWN) return false;
-    if (!IsWindowEnabled(Self())) return true;
-    Move(key == VK_UP ? 1 : -1);
-    return true;
+LRESULT UpDown::OnBuddyKey(WPARAM key) {
+    if (key != VK_UP && key != VK_DOWN) return FALSE;
+    if (IsWindowEnabled(Self())) Move(key == VK_UP ? 1 : -1);
+    return TRUE;
 }
 
 void UpDown::Paint(WPARAM context) {

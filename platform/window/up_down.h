@@ -13,12 +13,12 @@ namespace win32host {
 
 class UpDown : public Control {
 public:
-    explicit UpDown(HWND window)
-        : Control(window) {}
+    // The buddy's key, the first parameter; answers TRUE if it is an arrow key.
+    static constexpr UINT kBuddyKey = WM_USER + 0x200;
+
+    using Control::Control;
 
     LRESULT Handle(UINT message, WPARAM first, LPARAM second) override;
-    // The buddy's arrow key; true if it is one.
-    bool OnBuddyKey(WPARAM key);
 
 private:
     enum class Button { None, Up, Down };
@@ -27,6 +27,7 @@ private:
     LRESULT HandleNumbers(UINT message, WPARAM first, LPARAM second);
     LRESULT HandleMouse(UINT message, LPARAM second);
 
+    LRESULT OnBuddyKey(WPARAM key);
     LRESULT SetBuddy(HWND buddy);
     void LeaveBuddy();
     void StandAtBuddy();

@@ -11,10 +11,8 @@ constexpr LPCWSTR kProcedureProperty = u"win32host.up_down.procedure";
 LRESULT CALLBACK BuddyProcedure(HWND buddy, UINT message, WPARAM first, LPARAM second) {
     const auto before = reinterpret_cast<WNDPROC>(GetPropW(buddy, kProcedureProperty));
     const auto control = static_cast<HWND>(GetPropW(buddy, kControlProperty));
-    if (message == WM_KEYDOWN && control) {
-        auto* up_down = reinterpret_cast<Control*>(GetWindowLongPtrW(control, 0));
-        if (up_down && static_cast<UpDown*>(up_down)->OnBuddyKey(first)) return 0;
-    }
+    if (message == WM_KEYDOWN && control && SendMessageW(control, UpDown::kBuddyKey, first, 0))
+        return 0;
     if (message == WM_NCDESTROY) {
         RemovePropW(buddy, kControlProperty);
         RemovePropW(buddy, kProcedureProperty);

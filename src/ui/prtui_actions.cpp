@@ -5,6 +5,7 @@
 #include "spooler/driver_utility.h"
 #include "ui/action_dialogs.h"
 #include "ui/action_row.h"
+#include "ui/prtpage.h"
 #include "ui/prtui.h"
 
 namespace {
@@ -41,10 +42,15 @@ void ClearCache(prtui& ui, const ActionRow& row) {
     ui.stream->EndJob();
 }
 
+void AskForFileToSend(prtpage& page) {
+    page.SendFile();
+}
+
 constexpr ActionRow kActions[] = {
     {ACTION_TEST_LABEL, TEXT_TEST_LABEL, ACTION_OFFERED, nullptr, PrintTestLabel},
     {ACTION_BLANK_LABEL, TEXT_BLANK_LABEL, ACTION_OFFERED, nullptr, PrintBlankLabel},
-    {ACTION_SEND_FILE, TEXT_SEND_FILE, kAdministrativeDialog},
+    {ACTION_SEND_FILE, TEXT_SEND_FILE, kAdministrativeDialog, nullptr, nullptr, nullptr,
+     AskForFileToSend},
     {ACTION_CACHE, TEXT_CACHE, kAdministrativeDialog, HasCacheMemory, nullptr, nullptr,
      ShowObjectCache},
     {ACTION_CLEAR_CACHE, TEXT_CLEAR_CACHE, ACTION_OFFERED, CanCache, ClearCache},

@@ -35,6 +35,9 @@ enum : int {
     WIDTH_MIN = 516,
     WIDTH_MAX = 518,
     X_RESOLUTION = 626,
+    IMPORT = 600,
+    SHARED = 679,
+    NOT_SHARED = 680,
     LOCAL_LEVEL = 681,
     NETWORK_LEVEL = 682,
     CONTENTS = 601,
@@ -59,9 +62,10 @@ protected:
         InstallLanguage();
     }
     // A sheet of one page.
-    void Open(const char* name, DLGPROC procedure) {
+    void Open(const char* name, DLGPROC procedure, bool restricted = false) {
         sheet.reset();
         ui = OpenUI();
+        ui->restricted = restricted;
         ui->locale.SetNewUnits(prtlocale::MILLIMETRES);
         PROPSHEETPAGEW page = {};
         page.dwSize = sizeof page;
@@ -245,6 +249,33 @@ TEST_F(AdvancedPages, PutBackWhatWasImported) {
     EXPECT_TRUE(ui->stocks.NameList::Find("Big"));
     EXPECT_EQ(stored.GetInt("Settings:Network Access Level", 0), 2);
     EXPECT_TRUE(OpenUI()->stocks.NameList::Find("Big"));
+}
+
+TEST_F(AdvancedPages, LetRestrictedUsersExportAndWriteCommands) {
+    Open("*:DRIVER/ADMINISTRATION", ppAdvancedAdministration::WinProc, true);
+    EXPECT_TRUE(IsEnabled(EXPORT));
+    EXPECT_TRUE(IsEnabled(CONTENTS));
+    for (const int id : {IMPORT, SHARED, NOT_SHARED, LOCAL_LEVEL, NETWORK_LEVEL})
+        EXPECT_FALSE(IsEnabled(id));
+    Open("*:ADVANCED/USER_COMMANDS", ppAdvanced::WinProc, true);
+    EXPECT_TRUE(IsEnabled(COMMANDS));
+    EXPECT_FALSE(IsEnabled(ESCAPE_CHARACTERS));
+    Open("*:DRIVER/SPECIFICATIONS", ppAdvancedSpecifications::WinProc, true);
+    EXPECT_FALSE(IsEnabled(OVERRIDE));
+}
+
+TEST_F(AdvancedPages, StopSendingSettingsOnceTheyAreShared) {
+    Registry().SetDWORD("PRINT:Printers/[PRINTER]/Attributes", PRINTER_ATTRIBUTE_ENABLE_BIDI);
+    Registry().SetByte("Settings:Network Sharing", 0);
+    Open("*:DRIVER/ADMINISTRATION", ppAdvancedAdministration::WinProc);
+    ASSERT_TRUE(IsEnabled(SHARED));
+    EXPECT_TRUE(sheet->Apply());
+    EXPECT_TRUE(ui->commit_shadow);
+    sheet->Click(SHARED);
+    EXPECT_TRUE(sheet->CanApply());
+    EXPECT_TRUE(sheet->Apply());
+    EXPECT_FALSE(ui->commit_shadow);
+    EXPECT_EQ(Registry().GetByte("Settings:Network Sharing", 0), 1);
 }
 
 TEST_F(AdvancedPages, ChooseALanguageAndUnits) {

@@ -39,6 +39,16 @@ TEST_F(LabelhostOnWindows, InstallsAPrinterAndHasItsDriverWork) {
     EXPECT_EQ(made["configuration"]["print_speed"], 6);
     EXPECT_THAT(Run({"actions", kPrinter}).output, HasSubstr(" 12  Configuration Label\n"));
     EXPECT_EQ(RunJson({"event", kPrinter, "5"})["result"], 1);
+
+    // The system's spooler opens the driver's sheet, and a program gets what was confirmed in it.
+    Write("script.txt", "click 356\nstate\nok");
+    const Json sheet = RunJson(
+        {"sheet", kPrinter, "--run", File("script.txt"), "--out", root() + "/landscape.dm"});
+    EXPECT_EQ(sheet["result"], "ok");
+    EXPECT_EQ(sheet["states"][0]["title"], "Page Setup");
+    EXPECT_EQ(RunJson({"document", kPrinter, "--in",
+                       root() + "/landscape.dm"})["public"]["dmOrientation"],
+              2);
 }
 
 TEST_F(LabelhostOnWindows, SaysInOneLineWhatItCannotDoThere) {

@@ -76,7 +76,7 @@ constexpr Command kCommands[] = {
      "query PRINTER [--mask N]\n                    ask the printer about itself"},
     {"sheet", SheetCommand,
      "sheet PRINTER [--document | --defaults | --device] [--in FILE] [--out FILE]\n"
-     "      [--run SCRIPT] [--pictures DIR]\n"
+     "      [--run SCRIPT] [--pictures DIR] [--dpi N]\n"
      "                    open the property sheets, use them as a script says, and tell what they "
      "show"},
     {"registry", RegistryCommand,

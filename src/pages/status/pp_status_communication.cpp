@@ -3,6 +3,7 @@
 #include "core/crc.h"
 #include "locale/text_numbers.h"
 #include "pages/page_setup/field_values.h"
+#include "pages/status/pp_status_monitor.h"
 #include "ui/prtui.h"
 
 namespace {
@@ -39,12 +40,21 @@ void ppStatusCommunication::Refresh(bool all) {
             EM_SetInt(field.field, (settings_.*field.get)());
     values_changed_ = false;
     if (all) {
-        DriverSettings stored;
-        stored.Load(registry_);
-        for (const StatusField& field : kStatusFields)
-            WM_Enable(field.field, stored.MonitorStatus());
+        const bool monitored = IsMonitored();
+        for (const StatusField& field : kStatusFields) WM_Enable(field.field, monitored);
     }
     if (IsRestricted()) WM_EnableAll(false, 0, 0);
+}
+
+bool ppStatusCommunication::IsMonitored() const {
+    const HWND monitoring =
+        GetSheet() ? reinterpret_cast<HWND>(SendMessageW(GetSheet(), PSM_INDEXTOHWND, 0, 0))
+                   : nullptr;
+    if (monitoring && GetDlgItem(monitoring, ppStatusMonitor::MONITOR_STATUS))
+        return IsDlgButtonChecked(monitoring, ppStatusMonitor::MONITOR_STATUS) == BST_CHECKED;
+    DriverSettings stored;
+    stored.Load(registry_);
+    return stored.MonitorStatus();
 }
 
 bool ppStatusCommunication::Command(uint16_t id, uint16_t code, LPARAM value) {

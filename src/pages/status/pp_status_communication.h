@@ -4,8 +4,8 @@
 #include "model/driver_settings.h"
 #include "ui/prtpage.h"
 
-// Its fields count while the monitor watches the printer, as set on the other page of the sheet and
-// applied.
+// Its fields are enabled while the monitor watches the printer, as the first page of the sheet
+// shows it or, before that was shown, as it is stored.
 class ppStatusCommunication : public prtpage {
 public:
     static constexpr DLGPROC WinProc = prtpage::WinProcOf<ppStatusCommunication>;
@@ -19,6 +19,8 @@ public:
     const char* HelpTopic() override { return "/base/Status_Communications.html"; }
 
 private:
+    bool IsMonitored() const;
+
     mutable DriverSettings settings_; // reads values when they are first asked for
     // What the next refresh brings up to date.
     bool values_changed_ = false;

@@ -7,7 +7,6 @@
 namespace {
 
 enum : uint16_t {
-    kMonitorStatus = 621,
     kShowOnError = 622,
     kShowIcon = 623,
     kQueryBeforeJob = 624,
@@ -22,7 +21,8 @@ constexpr struct {
     bool (DriverSettings::*get)();
     void (DriverSettings::*set)(bool on);
 } kMonitorBoxes[] = {
-    {kMonitorStatus, &DriverSettings::MonitorStatus, &DriverSettings::SetMonitorStatus},
+    {ppStatusMonitor::MONITOR_STATUS, &DriverSettings::MonitorStatus,
+     &DriverSettings::SetMonitorStatus},
     {kShowOnError, &DriverSettings::ShowOnError, &DriverSettings::SetShowOnError},
     {kShowIcon, &DriverSettings::ShowIcon, &DriverSettings::SetShowIcon},
     {kQueryBeforeJob, &DriverSettings::QueryBeforeJob, &DriverSettings::SetQueryBeforeJob},

@@ -7,6 +7,8 @@
 class ppStatusMonitor : public prtpage {
 public:
     static constexpr DLGPROC WinProc = prtpage::WinProcOf<ppStatusMonitor>;
+    // The check box that tells whether the printer is watched.
+    static constexpr uint16_t MONITOR_STATUS = 621;
 
     void Refresh(bool all) override;
     bool Command(uint16_t id, uint16_t code, LPARAM value) override;

@@ -21,9 +21,13 @@ namespace {
 
 using printer_sheets::Ended;
 
+// Dots per inch of a screen.
+constexpr uint32_t kUsualScreen = 96;
+constexpr uint32_t kFinestScreen = 2400;
+
 constexpr const char* kSheetUsage =
     "sheet PRINTER [--document | --defaults | --device] [--in FILE] [--out FILE] [--run SCRIPT] "
-    "[--pictures DIR] [--json]";
+    "[--pictures DIR] [--dpi N] [--json]";
 
 // Which of the sheets is meant.
 std::string KindIn(const Arguments& arguments) {
@@ -103,12 +107,14 @@ Ended OpenSheet(const std::string& kind, const std::string& name, DevModeBytes* 
 } // namespace
 
 void SheetCommand(const Words& words) {
-    const Arguments arguments(words, {"in", "out", "run", "pictures"},
+    const Arguments arguments(words, {"in", "out", "run", "pictures", "dpi"},
                               {"document", "defaults", "device", "json"});
     arguments.RequireCount(1, 1, kSheetUsage);
     const std::string& name = arguments[0];
     const std::string kind = KindIn(arguments);
     SheetPlan plan = PlanOf(arguments, kind);
+    if (arguments.Has("dpi"))
+        SetScreenResolution(static_cast<int>(arguments.Number("dpi", kFinestScreen, kUsualScreen)));
     std::optional<DevModeBytes> input;
     if (arguments.Has("in")) input = DevModeBytes::ReadFrom(arguments.Get("in", ""));
 

@@ -98,19 +98,15 @@ Rest Hands::Do(const Act& act, const Topmost& topmost) {
     case ActKind::Leave:
         PressKey(topmost, VK_TAB, 0);
         break;
-    case ActKind::Choose: {
-        const HWND list = UsableControl(topmost, act.id);
-        ChooseItem(topmost, list, FindItem(list, act.items[0]));
+    case ActKind::Choose:
+        Choose(act, topmost);
         break;
-    }
     case ActKind::Select:
         Select(act, topmost);
         break;
-    case ActKind::Double: {
-        const HWND list = UsableControl(topmost, act.id);
-        DoubleClickItem(list, FindItem(list, act.items[0]));
+    case ActKind::Double:
+        DoubleClickItem(UsableControl(topmost, act.id), act.items[0]);
         break;
-    }
     case ActKind::Column:
         ClickColumn(UsableControl(topmost, act.id), act.items[0].position);
         break;

@@ -22,6 +22,7 @@ public:
 
 private:
     void Type(const Act& act, const Topmost& topmost);
+    void Choose(const Act& act, const Topmost& topmost);
     void Select(const Act& act, const Topmost& topmost);
     // Whether another act has begun since this one did, in the loop of a window that this one
     // opened. A person does not go on with the first then.
@@ -40,7 +41,7 @@ HWND UsableButton(HWND window, int id, const char* name);
 
 void ChooseItem(const Topmost& topmost, HWND list, int item);
 void ChooseTab(HWND tabs, int item);
-void DoubleClickItem(HWND list, int item);
+void DoubleClickItem(HWND list, const ItemName& item);
 void ClickColumn(HWND list_view, int column);
 void Slide(const Topmost& topmost, HWND bar, int position);
 Rest Spin(const Topmost& topmost, const Act& act);

@@ -53,7 +53,6 @@ void ChooseInComboBox(HWND box, int item) {
 }
 
 void ChooseInListBox(HWND list, int item) {
-    if (SelectsMany(list)) ThrowNot(list, "a list with single selection");
     SendMessageW(list, LB_SETCURSEL, static_cast<WPARAM>(item), 0);
     if (StyleOf(list) & LBS_NOTIFY) SendCommand(list, LBN_SELCHANGE);
 }
@@ -109,13 +108,23 @@ void ChooseItem(const Topmost& topmost, HWND list, int item) {
         GoTo(topmost.dialog, list);
         return ChooseInListBox(list, item);
     case ListKind::ListView:
-        if (SelectsMany(list)) ThrowNot(list, "a list with single selection");
         return PostClick(list, PlaceOf(list, item));
     case ListKind::Tabs:
         return ChooseTab(list, item);
     default:
         ThrowNot(list, "a list");
     }
+}
+
+void Hands::Choose(const Act& act, const Topmost& topmost) {
+    const HWND list = UsableControl(topmost, act.id);
+    if (ListKindOf(list) == ListKind::None) ThrowNot(list, "a list");
+    const int item = FindItem(list, act.items[0]);
+    // Where any number can be selected, the item becomes the only one.
+    if (SelectsMany(list))
+        Select(act, topmost);
+    else
+        ChooseItem(topmost, list, item);
 }
 
 void Hands::Select(const Act& act, const Topmost& topmost) {
@@ -142,10 +151,10 @@ void Hands::Select(const Act& act, const Topmost& topmost) {
     }
 }
 
-void DoubleClickItem(HWND list, int item) {
+void DoubleClickItem(HWND list, const ItemName& item) {
     if (ListKindOf(list) != ListKind::ListBox && ListKindOf(list) != ListKind::ListView)
         ThrowNot(list, "a list");
-    PostDoubleClick(list, PlaceOf(list, item));
+    PostDoubleClick(list, PlaceOf(list, FindItem(list, item)));
 }
 
 void ClickColumn(HWND list_view, int column) {

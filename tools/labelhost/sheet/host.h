@@ -33,6 +33,10 @@ private:
     uint64_t left_or_end_; // natively what is left, on Windows when it ends
 };
 
+// Makes the screen that windows are made for finer or coarser than 96 dots per inch. Throws Fault
+// where the screen is a real one.
+void SetScreenResolution(int dpi);
+
 // The window with its frame. Throws Fault if it cannot be drawn.
 Picture PictureOfWindow(HWND window);
 

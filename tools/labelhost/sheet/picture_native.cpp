@@ -7,6 +7,10 @@
 
 #include <utility>
 
+void SetScreenResolution(int dpi) {
+    win32host::SetScreenDpi(dpi);
+}
+
 Picture PictureOfWindow(HWND window) {
     win32host::Picture drawn = win32host::PictureOf(window);
     if (drawn.width == 0) throw Fault("the window cannot be drawn");

@@ -29,6 +29,10 @@ using Owned = std::unique_ptr<std::remove_pointer_t<Handle>, Deleter>;
 
 } // namespace
 
+void SetScreenResolution(int /*dpi*/) {
+    throw UsageFault("--dpi: on Windows, the screen has its own resolution");
+}
+
 Picture PictureOfWindow(HWND window) {
     RECT frame = {};
     GetWindowRect(window, &frame);

@@ -126,6 +126,8 @@ void Session::Close(const Topmost& topmost) {
 
 void Session::End(bool opened) {
     rest_ = nullptr;
+    // Time passes without windows too.
+    while (next_ < plan_.acts.size() && plan_.acts[next_].kind == ActKind::Clock) ++next_;
     if (next_ < plan_.acts.size()) {
         line_ = plan_.acts[next_].line;
         Fail("no window is open");
