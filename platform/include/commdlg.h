@@ -15,7 +15,6 @@
 #define OFN_PATHMUSTEXIST 0x00000800
 #define OFN_FILEMUSTEXIST 0x00001000
 #define OFN_EXPLORER 0x00080000
-#define OFN_ENABLESIZING 0x00800000
 
 typedef UINT_PTR(CALLBACK* LPOFNHOOKPROC)(HWND dialog, UINT message, WPARAM first, LPARAM second);
 
@@ -57,22 +56,16 @@ typedef OPENFILENAMEW* LPOPENFILENAMEW;
 // ---- Fonts --------------------------------------------------------------------------------------
 
 #define CF_SCREENFONTS 0x00000001
-#define CF_PRINTERFONTS 0x00000002
-#define CF_BOTH (CF_SCREENFONTS | CF_PRINTERFONTS)
 #define CF_SHOWHELP 0x00000004
 #define CF_ENABLEHOOK 0x00000008
 #define CF_ENABLETEMPLATE 0x00000010
 #define CF_ENABLETEMPLATEHANDLE 0x00000020
 #define CF_INITTOLOGFONTSTRUCT 0x00000040
-#define CF_EFFECTS 0x00000100
-#define CF_NOVECTORFONTS 0x00000800
 #define CF_NOSIMULATIONS 0x00001000
 #define CF_LIMITSIZE 0x00002000
 #define CF_FORCEFONTEXIST 0x00010000
-#define CF_SCALABLEONLY 0x00020000
 #define CF_TTONLY 0x00040000
 #define CF_NOSCRIPTSEL 0x00800000
-#define CF_NOVERTFONTS 0x01000000
 
 #define BOLD_FONTTYPE 0x0100
 #define ITALIC_FONTTYPE 0x0200
@@ -104,24 +97,15 @@ typedef struct CHOOSEFONTW {
 } CHOOSEFONTW;
 typedef CHOOSEFONTW* LPCHOOSEFONTW;
 
-// ---- Searches -----------------------------------------------------------------------------------
-
-// How a text is looked for (EM_FINDTEXTW).
-#define FR_DOWN 0x00000001
-#define FR_WHOLEWORD 0x00000002
-#define FR_MATCHCASE 0x00000004
-
 // ---- Answers ------------------------------------------------------------------------------------
 
 #define CDERR_STRUCTSIZE 0x0001
 #define CDERR_INITIALIZATION 0x0002
 #define CDERR_NOTEMPLATE 0x0003
 #define CDERR_FINDRESFAILURE 0x0006
-#define CDERR_MEMALLOCFAILURE 0x0009
 #define CDERR_NOHOOK 0x000B
 #define CFERR_NOFONTS 0x2001
 #define CFERR_MAXLESSTHANMIN 0x2002
-#define FNERR_INVALIDFILENAME 0x3002
 #define FNERR_BUFFERTOOSMALL 0x3003
 
 // A registered message, by which the help button of a dialog tells its owner.

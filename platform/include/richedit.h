@@ -14,7 +14,6 @@
 #define EM_EXLIMITTEXT (WM_USER + 53)
 #define EM_EXLINEFROMCHAR (WM_USER + 54)
 #define EM_EXSETSEL (WM_USER + 55)
-#define EM_FINDTEXT (WM_USER + 56)
 #define EM_GETCHARFORMAT (WM_USER + 58)
 #define EM_GETEVENTMASK (WM_USER + 59)
 #define EM_GETPARAFORMAT (WM_USER + 61)
@@ -25,28 +24,18 @@
 #define EM_SETCHARFORMAT (WM_USER + 68)
 #define EM_SETEVENTMASK (WM_USER + 69)
 #define EM_SETPARAFORMAT (WM_USER + 71)
-#define EM_STREAMIN (WM_USER + 73)
-#define EM_STREAMOUT (WM_USER + 74)
 #define EM_GETTEXTRANGE (WM_USER + 75)
-#define EM_FINDTEXTEX (WM_USER + 79)
 #define EM_SETUNDOLIMIT (WM_USER + 82)
 #define EM_REDO (WM_USER + 84)
 #define EM_CANREDO (WM_USER + 85)
 #define EM_STOPGROUPTYPING (WM_USER + 88)
-#define EM_SETTEXTMODE (WM_USER + 89)
-#define EM_GETTEXTMODE (WM_USER + 90)
 #define EM_GETTEXTEX (WM_USER + 94)
 #define EM_GETTEXTLENGTHEX (WM_USER + 95)
-#define EM_SETTEXTEX (WM_USER + 97)
-#define EM_FINDTEXTW (WM_USER + 123)
-#define EM_FINDTEXTEXW (WM_USER + 124)
 #define EM_GETSCROLLPOS (WM_USER + 221)
 #define EM_SETSCROLLPOS (WM_USER + 222)
 
 // ---- Notifications ------------------------------------------------------------------------------
 
-#define EN_MSGFILTER 0x0700
-#define EN_REQUESTRESIZE 0x0701
 #define EN_SELCHANGE 0x0702
 #define EN_PROTECTED 0x0704
 
@@ -54,9 +43,6 @@
 #define ENM_NONE 0x00000000
 #define ENM_CHANGE 0x00000001
 #define ENM_UPDATE 0x00000002
-#define ENM_SCROLL 0x00000004
-#define ENM_KEYEVENTS 0x00010000
-#define ENM_MOUSEEVENTS 0x00020000
 #define ENM_SELCHANGE 0x00080000
 #define ENM_PROTECTED 0x00200000
 
@@ -72,17 +58,6 @@ typedef struct TEXTRANGEW {
     LPWSTR lpstrText; // receives the text with a terminator
 } TEXTRANGEW;
 
-typedef struct FINDTEXTW {
-    CHARRANGE chrg; // from cpMin towards cpMax, or back without FR_DOWN (commdlg.h)
-    LPCWSTR lpstrText;
-} FINDTEXTW;
-
-typedef struct FINDTEXTEXW {
-    CHARRANGE chrg;
-    LPCWSTR lpstrText;
-    CHARRANGE chrgText; // receives where it is; -1, -1 if nowhere
-} FINDTEXTEXW;
-
 // EM_SELECTIONTYPE.
 #define SEL_EMPTY 0x0000
 #define SEL_TEXT 0x0001
@@ -94,9 +69,6 @@ typedef struct FINDTEXTEXW {
 #define GT_SELECTION 2
 #define GTL_DEFAULT 0
 #define GTL_USECRLF 1
-#define GTL_PRECISE 2
-#define GTL_CLOSE 4
-#define GTL_NUMCHARS 8
 #define GTL_NUMBYTES 16
 
 #pragma pack(push, 4)
@@ -119,7 +91,6 @@ typedef struct GETTEXTLENGTHEX {
 // What EM_SETCHARFORMAT is for.
 #define SCF_DEFAULT 0x0000
 #define SCF_SELECTION 0x0001
-#define SCF_WORD 0x0002
 #define SCF_ALL 0x0004
 
 #define CFM_BOLD 0x00000001
@@ -191,8 +162,6 @@ static_assert(sizeof(CHARFORMAT2W) == 116, "layout");
 #define PFM_TABSTOPS 0x00000010
 
 #define PFA_LEFT 1
-#define PFA_RIGHT 2
-#define PFA_CENTER 3
 
 typedef struct PARAFORMAT {
     UINT cbSize;
@@ -235,22 +204,6 @@ typedef struct PARAFORMAT2 {
     WORD wBorders;
 } PARAFORMAT2;
 static_assert(sizeof(PARAFORMAT2) == 188, "layout");
-
-// ---- Streams ------------------------------------------------------------------------------------
-
-#define SF_TEXT 0x0001
-#define SF_UNICODE 0x0010
-#define SFF_SELECTION 0x8000
-
-// Reads or writes up to `count` bytes; answers 0 for success. No bytes is the end.
-typedef DWORD(CALLBACK* EDITSTREAMCALLBACK)(DWORD_PTR cookie, LPBYTE bytes, LONG count, LONG* done);
-#pragma pack(push, 4)
-typedef struct EDITSTREAM {
-    DWORD_PTR dwCookie;
-    DWORD dwError;
-    EDITSTREAMCALLBACK pfnCallback;
-} EDITSTREAM;
-#pragma pack(pop)
 
 // ---- What notifications carry -------------------------------------------------------------------
 

@@ -61,8 +61,6 @@ private:
     LRESULT CopyRange(size_t from, size_t to, LPWSTR buffer) const;
     LRESULT GetTextEx(const GETTEXTEX* request, LPARAM buffer) const;
     LRESULT GetTextLengthEx(const GETTEXTLENGTHEX* request) const;
-    LRESULT StreamIn(WPARAM format, EDITSTREAM* stream);
-    LRESULT StreamOut(WPARAM format, EDITSTREAM* stream) const;
 
     // ---- Keyboard and mouse: rich_edit_input.cpp ----
     LRESULT HandleKey(WPARAM key, LPARAM second);

@@ -12,7 +12,6 @@ namespace {
 constexpr UINT kUtf16 = 1200;
 constexpr DWORD kOldFormatMask = 0xF800003F; // of what CHARFORMATW has
 constexpr DWORD kOldParagraphMask = 0x8001003F;
-constexpr LONG kStreamPiece = 4096;
 
 bool IsFormatSize(UINT size) {
     return size == sizeof(CHARFORMATW) || size == sizeof(CHARFORMAT2W);
@@ -22,17 +21,6 @@ CHARFORMAT2W Widened(const CHARFORMATW& format) {
     CHARFORMAT2W wide = {};
     memcpy(&wide, &format, format.cbSize);
     return wide;
-}
-
-std::u16string Decoded(const std::string& bytes, UINT code_page) {
-    if (bytes.empty()) return {};
-    const auto size = static_cast<int>(bytes.size());
-    std::u16string text(
-        static_cast<size_t>(MultiByteToWideChar(code_page, 0, bytes.data(), size, nullptr, 0)),
-        u'\0');
-    MultiByteToWideChar(code_page, 0, bytes.data(), size, text.data(),
-                        static_cast<int>(text.size()));
-    return text;
 }
 
 std::string Encoded(const std::u16string& text, UINT code_page) {
@@ -130,59 +118,6 @@ LRESULT RichEdit::GetTextLengthEx(const GETTEXTLENGTHEX* request) const {
     return static_cast<LRESULT>(text.size() * (request->flags & GTL_NUMBYTES ? sizeof(WCHAR) : 1));
 }
 
-// Plain text only.
-LRESULT RichEdit::StreamIn(WPARAM format, EDITSTREAM* stream) {
-    if (!stream || !stream->pfnCallback || !(format & SF_TEXT)) return 0;
-    std::string bytes;
-    stream->dwError = 0;
-    for (;;) {
-        BYTE piece[kStreamPiece];
-        LONG count = 0;
-        stream->dwError = stream->pfnCallback(stream->dwCookie, piece, kStreamPiece, &count);
-        if (stream->dwError != 0 || count <= 0) break;
-        bytes.append(reinterpret_cast<const char*>(piece),
-                     static_cast<size_t>(std::min(count, kStreamPiece)));
-    }
-    std::u16string text;
-    if (format & SF_UNICODE) {
-        text.resize(bytes.size() / sizeof(WCHAR));
-        memcpy(text.data(), bytes.data(), text.size() * sizeof(WCHAR));
-    } else {
-        text = Decoded(bytes, CP_ACP);
-    }
-    text = RichText::WithParagraphs(text, IsMultiLine());
-    if (format & SFF_SELECTION) {
-        if (MayChange(From(), std::min(To(), text_.Length()), EM_STREAMIN, format,
-                      reinterpret_cast<LPARAM>(stream)))
-            Replace(From(), To(), text, Undo::Step);
-    } else {
-        SetText(text.c_str());
-    }
-    return static_cast<LRESULT>(text.size());
-}
-
-LRESULT RichEdit::StreamOut(WPARAM format, EDITSTREAM* stream) const {
-    if (!stream || !stream->pfnCallback || !(format & SF_TEXT)) return 0;
-    const std::u16string text = RichText::WithLineBreaks(
-        format & SFF_SELECTION ? text_.Text().substr(From(), To() - From()) : text_.Text());
-    std::string bytes;
-    if (format & SF_UNICODE)
-        bytes.assign(reinterpret_cast<const char*>(text.data()), text.size() * sizeof(WCHAR));
-    else
-        bytes = Encoded(text, CP_ACP);
-    stream->dwError = 0;
-    size_t at = 0;
-    while (at < bytes.size()) {
-        const auto piece = static_cast<LONG>(std::min<size_t>(bytes.size() - at, kStreamPiece));
-        LONG done = 0;
-        stream->dwError = stream->pfnCallback(
-            stream->dwCookie, reinterpret_cast<LPBYTE>(bytes.data() + at), piece, &done);
-        if (stream->dwError != 0 || done <= 0) break;
-        at += static_cast<size_t>(std::min(done, piece));
-    }
-    return static_cast<LRESULT>(at);
-}
-
 LRESULT RichEdit::HandleRichMessage(UINT message, WPARAM first, LPARAM second) {
     switch (message) {
     case EM_EXGETSEL:
@@ -251,27 +186,6 @@ LRESULT RichEdit::HandleRichMessage(UINT message, WPARAM first, LPARAM second) {
         return CopyRange(static_cast<size_t>(std::max<LONG>(range->chrg.cpMin, 0)),
                          to < 0 ? text_.Length() : static_cast<size_t>(to), range->lpstrText);
     }
-    case EM_FINDTEXT:
-    case EM_FINDTEXTW: {
-        const auto* find = reinterpret_cast<const FINDTEXTW*>(second);
-        return find ? text_.Find(CopyOf(find->lpstrText), find->chrg.cpMin, find->chrg.cpMax,
-                                 static_cast<DWORD>(first))
-                    : -1;
-    }
-    case EM_FINDTEXTEX:
-    case EM_FINDTEXTEXW: {
-        auto* find = reinterpret_cast<FINDTEXTEXW*>(second);
-        if (!find) return -1;
-        const std::u16string text = CopyOf(find->lpstrText);
-        const LONG found =
-            text_.Find(text, find->chrg.cpMin, find->chrg.cpMax, static_cast<DWORD>(first));
-        find->chrgText = {found, found < 0 ? found : found + static_cast<LONG>(text.size())};
-        return found;
-    }
-    case EM_STREAMIN:
-        return StreamIn(first, reinterpret_cast<EDITSTREAM*>(second));
-    case EM_STREAMOUT:
-        return StreamOut(first, reinterpret_cast<EDITSTREAM*>(second));
     case EM_SETUNDOLIMIT:
         undo_limit_ = first;
         if (undo_.size() > undo_limit_)

@@ -1,9 +1,5 @@
 #include "window/rich_text.h"
 
-#include "host/text.h"
-
-#include <commdlg.h>
-
 #include <algorithm>
 #include <cstring>
 
@@ -48,11 +44,6 @@ PARAFORMAT2 PlainParagraph() {
     format.dwMask = kAllOfParagraph;
     format.wAlignment = PFA_LEFT;
     return format;
-}
-
-bool IsWordUnit(char16_t unit) {
-    return unit == u'_' || (unit >= u'0' && unit <= u'9') || UpperOf(unit) != unit ||
-           (unit >= u'A' && unit <= u'Z') || unit >= 0xC0;
 }
 
 } // namespace
@@ -270,35 +261,6 @@ void RichText::SetParagraphFormat(size_t from, size_t to, const PARAFORMAT& chan
             format.cTabCount = count;
         }
     }
-}
-
-LONG RichText::Find(std::u16string_view wanted, LONG from, LONG to, DWORD flags) const {
-    const auto length = static_cast<LONG>(Length());
-    const auto size = static_cast<LONG>(wanted.size());
-    const bool down = (flags & FR_DOWN) != 0;
-    if (wanted.empty() || from < 0 || from > length) return -1;
-    const LONG first = down ? from : std::max<LONG>(to, 0);
-    const LONG last = (down ? (to < 0 ? length : std::min(to, length)) : from) - size;
-    const auto matches = [&](LONG at) {
-        const auto start = static_cast<size_t>(at);
-        for (size_t i = 0; i < wanted.size(); ++i) {
-            const char16_t unit = text_[start + i];
-            if (flags & FR_MATCHCASE ? unit != wanted[i] : UpperOf(unit) != UpperOf(wanted[i]))
-                return false;
-        }
-        if (!(flags & FR_WHOLEWORD)) return true;
-        const size_t end = start + wanted.size();
-        return (start == 0 || !IsWordUnit(text_[start - 1])) &&
-               (end == Length() || !IsWordUnit(text_[end]));
-    };
-    if (down) {
-        for (LONG at = first; at <= last; ++at)
-            if (matches(at)) return at;
-    } else {
-        for (LONG at = last; at >= first; --at)
-            if (matches(at)) return at;
-    }
-    return -1;
 }
 
 bool RichText::IsWhole() const {

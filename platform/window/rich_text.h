@@ -58,10 +58,6 @@ public:
     PARAFORMAT2 ParagraphFormatOf(size_t from, size_t to) const;
     void SetParagraphFormat(size_t from, size_t to, const PARAFORMAT& change);
 
-    // Where the text is from `from` towards `to`: downwards up to its end, or upwards from its end.
-    // -1 if nowhere. `flags`: FR_ bits.
-    LONG Find(std::u16string_view text, LONG from, LONG to, DWORD flags) const;
-
     // Whether the runs cover the text and the paragraphs match it; for tests.
     bool IsWhole() const;
 

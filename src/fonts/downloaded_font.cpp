@@ -36,6 +36,10 @@ OString DownloadedFontInfo::GetLocation() const {
     return FieldText(info.location);
 }
 
+OString DownloadedFontInfo::GetIdentifier() const {
+    return FieldText(info.identifier);
+}
+
 OString DownloadedFont::KeyName(int index) {
     return OString("Downloaded Font ") << index / 10 << index % 10 << ":: ";
 }

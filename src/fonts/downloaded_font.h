@@ -31,6 +31,7 @@ struct DownloadedFontInfo {
     OString GetDisplayName() const;
     OString GetFileName() const; // in the printer, with its extension
     OString GetLocation() const; // the letter of a memory
+    OString GetIdentifier() const;
 
     uint16_t type = FOUND;
     uint16_t status = SENT;

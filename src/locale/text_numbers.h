@@ -175,6 +175,48 @@ enum TextNumber : int {
     TEXT_FOURTH_USER_COMMANDS = 465,
     TEXT_NO_ESCAPE_CHARACTER = 494,
 
+    // ---- Fonts: kinds, properties, what is known of a download, columns, and the question before
+    // they are deleted.
+    TEXT_BAR_CODE_FONT = 440,
+    TEXT_DOWNLOADED_FONT = 441,
+    TEXT_BITMAP_FONT = 442,
+    TEXT_RESIDENT_FONT = 443,
+    TEXT_TRUETYPE_FONT = 444,
+    TEXT_FONT_FILE = 445,
+    TEXT_FONT_IDENTIFIER = 446,
+    TEXT_FONT_SIZE = 448,
+    TEXT_FONT_CHARACTER_SET = 449,
+    TEXT_FONT_CODE_PAGE = 450,
+    TEXT_FONT_SYMBOLOGY = 451,
+    TEXT_FONT_TYPE = 452,
+    TEXT_FONT_DOWNLOAD = 453,
+    TEXT_FONT_MODULE_WIDTH = 454,
+    TEXT_FONT_MISSING = 455,
+    TEXT_OTHER_FONT = 461,
+    TEXT_FONT_PRESENT = 466,
+    TEXT_FONTS = 467,
+    TEXT_SELECTED_FONTS = 468,
+    TEXT_FONT_NAME = 469,
+    TEXT_FONT_STATUS = 470,
+    TEXT_DELETE_FONTS_QUESTION = 1331,
+    TEXT_DELETE_FONTS = 1332,
+
+    // ---- The editors of data fonts: a name that another font has, usual names, and adjustments of
+    // the size; formats and encodings of RFID data.
+    TEXT_REPLACE_DATA_FONT = 1330,
+    TEXT_NOT_ADJUSTED = 1590,
+    TEXT_SMALLER = 1591,
+    TEXT_MUCH_SMALLER = 1592,
+    TEXT_LARGER = 1593,
+    TEXT_MUCH_LARGER = 1594,
+    TEXT_NEW_RFID_FONT = 1616,
+    TEXT_CUSTOM_FORMAT = 2225,
+    TEXT_FIRST_ENCODING = 3100,
+    TEXT_GENERAL_FORMAT = 3150,
+
+    // ---- The names of symbologies follow each other.
+    TEXT_FIRST_SYMBOLOGY = 1500,
+
     // ---- The kinds of font downloads, and the sets of characters for bitmap fonts.
     TEXT_TRUETYPE_DOWNLOAD = 1901,
     TEXT_BITMAP_DOWNLOAD = 1902,
@@ -186,6 +228,8 @@ enum TextNumber : int {
     TEXT_NUMBERS = 1915,
     TEXT_AMOUNTS = 1916,
     TEXT_CAPITALS_NUMBERS_PUNCTUATION = 1917,
+    TEXT_REPLACE_FONT = 1920,
+    TEXT_REPLACE_FONT_QUESTION = 1921,
 
     // ---- Files that are sent to the printer unchanged: the dialog's title, and its filters.
     TEXT_FILES_TO_SEND = 2317,

@@ -194,6 +194,8 @@ public:
     // the list that this is a copy of, or null for a new one.
     Stock* edit_stock = nullptr;
     const Stock* edit_stock_original = nullptr;
+    // For the dialog that edits a data font, while it is open: the font that it writes back to.
+    DataFont* edit_data_font = nullptr;
 
     // The user may look at the settings but not change them.
     bool no_permission = false;

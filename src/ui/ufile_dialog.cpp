@@ -74,6 +74,10 @@ bool UFileDialog::Browse(int kind) {
     request.Flags |= kind == SAVE ? OFN_OVERWRITEPROMPT : OFN_FILEMUSTEXIST;
     const BOOL chosen = kind == SAVE ? GetSaveFileNameW(&request) : GetOpenFileNameW(&request);
     if (!chosen) return false;
+    // A single path is not followed by the second terminator of a list, but perhaps by the rest of
+    // the proposed name.
+    const auto after = static_cast<uint32_t>(LengthOf(files_.GetData())) + 1;
+    if (request.nFileOffset < after && after < kFileRoom) files_[after] = 0;
     filter_ = static_cast<int32_t>(request.nFilterIndex);
     StoreLast();
     return true;

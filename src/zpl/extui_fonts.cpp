@@ -2,6 +2,7 @@
 #include "fonts/font_settings.h"
 #include "locale/text_numbers.h"
 #include "model/record_text.h"
+#include "ui/prtpage.h"
 #include "zpl/extmodel.h"
 #include "zpl/extui.h"
 #include "zpl/font_files.h"
@@ -33,9 +34,9 @@ void extui::ChooseFontSettings(CFontSettings* settings) {
         if (!(locations[i] == first)) add(locations[i]);
 }
 
-bool extui::VerifyFonts(prtpage*) {
+bool extui::VerifyFonts(prtpage* page) {
     fonts.SetAllNotPresent();
-    ZPLQuery query(nullptr, &stream_);
+    ZPLQuery query(page ? page->GetWindow() : nullptr, &stream_);
     if (!query.RunQuery(ZPLQuery::FONT_FILES)) return false;
     MatchFontFiles(query.files, locale.GetString(TEXT_UNKNOWN_FONT), fonts);
     return true;

@@ -2,6 +2,7 @@
 #include <windows.h>
 
 #include <compstui.h>
+#include <win32host/control.h>
 
 #include <string>
 #include <vector>
@@ -294,4 +295,28 @@ TEST_F(DocumentPages, EditACopyOfThePresets) {
     EXPECT_NE(Items(PRESETS).find("(Labels)"), std::string::npos);
     EXPECT_TRUE(sheet->Apply());
     EXPECT_NE(OpenUI()->presets.NameList::Find("Labels"), nullptr);
+}
+
+TEST_F(DocumentPages, SayOnceWhatCouldNotBeStored) {
+    win32host::AnswerMessageBoxes(IDOK);
+    Open();
+    GoTo(STOCKS);
+    for (const char* name : {"stock", "preset"}) {
+        ui->stocks.KeepStored();
+        if (*name == 'p') ui->presets.KeepStored();
+        auto* const stock = new Stock;
+        stock->SetName(name);
+        ui->stocks.AddTail(stock);
+        auto* const preset = new Preset;
+        preset->SetName(name);
+        preset->SetDevMode(ui->devmode.GetDevMode());
+        ui->presets.AddTail(preset);
+        EXPECT_FALSE(sheet->Apply());
+        const auto shown = win32host::TakeMessageBoxes();
+        ASSERT_EQ(shown.size(), 1u);
+        const std::string text = Text(OString(shown[0].text.c_str()));
+        EXPECT_NE(text.find("Label Sizes"), std::string::npos) << text;
+        EXPECT_EQ(text.find("Presets") != std::string::npos, *name == 'p') << text;
+        EXPECT_TRUE(sheet->CanApply()) << "the page is still changed";
+    }
 }

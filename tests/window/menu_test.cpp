@@ -1,5 +1,5 @@
 // Menus: what is in them, and what happens while one is open.
-#include <windows.h>
+#include "recorder.h"
 
 #include <gtest/gtest.h>
 
@@ -8,28 +8,6 @@
 #include <vector>
 
 namespace {
-
-// A template is a row of 16-bit numbers and texts.
-class MenuBytes {
-public:
-    MenuBytes& Words(std::initializer_list<unsigned> words) {
-        for (const unsigned word : words) words_.push_back(static_cast<WORD>(word));
-        return *this;
-    }
-    MenuBytes& Text(const WCHAR* text) {
-        do words_.push_back(static_cast<WORD>(*text));
-        while (*text++);
-        return *this;
-    }
-    MenuBytes& Align() {
-        if (words_.size() % 2) words_.push_back(0);
-        return *this;
-    }
-    HMENU Load() const { return LoadMenuIndirectW(words_.data()); }
-
-private:
-    std::vector<WORD> words_;
-};
 
 // "1:Text TYPE STATE {sub-menu} | ...", for every item.
 std::string Describe(HMENU menu) {
@@ -52,44 +30,35 @@ std::string Describe(HMENU menu) {
 }
 
 TEST(Menu, TemplatesOfBothFormsHaveTypesAndStates) {
-    const HMENU standard = MenuBytes()
-                               .Words({0, 0, MF_POPUP})
-                               .Text(TEXT("&File"))
-                               .Words({MF_CHECKED, 11})
-                               .Text(TEXT("Open"))
-                               .Words({0, 0})
-                               .Text(TEXT(""))
-                               .Words({MF_GRAYED, 13})
-                               .Text(TEXT("Off"))
-                               .Words({MF_END | MF_MENUBREAK, 12})
-                               .Text(TEXT("Close"))
-                               .Words({MF_END, 14})
-                               .Text(TEXT("Last"))
-                               .Load();
+    const WORD standard_bytes[] = {
+        0,  0,   MF_POPUP, '&',    'F',       0,   MF_CHECKED, 11, 'O',
+        0,  0,   0,        0,      MF_GRAYED, 13,  'X',        0,  MF_END | MF_MENUBREAK,
+        12, 'C', 0,        MF_END, 14,        'L', 0};
+    const HMENU standard = LoadMenuIndirectW(standard_bytes);
     EXPECT_EQ(Describe(standard),
-              "0:&File 0 0 {11:Open 0 8 | 0: 800 3 | 13:Off 0 1 | 12:Close 40 0}"
-              " | 14:Last 0 0");
-    const HMENU extended = MenuBytes()
-                               .Words({1, 4, 0, 0})
-                               .Words({0, 0, MFS_DEFAULT, 0, 21, 1, 0})
-                               .Text(TEXT("A"))
-                               .Align()
-                               .Words({MFT_RADIOCHECK, 0, MFS_CHECKED, 0, 22, 0, 1})
-                               .Text(TEXT("Sub"))
-                               .Align()
-                               .Words({0, 0})
-                               .Words({MFT_SEPARATOR, 0, 0, 0, 23, 0, 0})
-                               .Text(TEXT(""))
-                               .Align()
-                               .Words({0, 0, MFS_GRAYED, 0, 24, 0, 0x80})
-                               .Text(TEXT("C"))
-                               .Align()
-                               .Words({0, 0, 0, 0, 25, 0, 0x80})
-                               .Text(TEXT("D"))
-                               .Load();
-    EXPECT_EQ(Describe(extended), "65557:A 0 1000 | 0:Sub 200 8 {23: 800 0 | 24:C 0 3} | 25:D 0 0");
+              "0:&F 0 0 {11:O 0 8 | 0: 800 3 | 13:X 0 1 | 12:C 40 0} | 14:L 0 0");
+    // Type, state and identifier of two words each, flags, text; at multiples of two words.
+    const WORD extended_bytes[] = {1,           4,           0,
+                                   0,           0,           0,
+                                   MFS_DEFAULT, 0,           21,
+                                   1,           0,           'A',
+                                   0,           0,           MFT_RADIOCHECK,
+                                   0,           MFS_CHECKED, 0,
+                                   22,          0,           1,
+                                   'S',         0,           0,
+                                   0,           0,           MFT_SEPARATOR,
+                                   0,           0,           0,
+                                   23,          0,           0,
+                                   0,           0,           0,
+                                   MFS_GRAYED,  0,           24,
+                                   0,           MF_END,      'C',
+                                   0,           0,           0,
+                                   0,           0,           0,
+                                   25,          0,           MF_END,
+                                   'D',         0,           0};
+    const HMENU extended = LoadMenuIndirectW(extended_bytes);
+    EXPECT_EQ(Describe(extended), "65557:A 0 1000 | 0:S 200 8 {23: 800 0 | 24:C 0 3} | 25:D 0 0");
     const HMENU below = GetSubMenu(extended, 1);
-    EXPECT_TRUE(IsMenu(below));
     EXPECT_TRUE(DestroyMenu(extended));
     EXPECT_FALSE(IsMenu(below)) << "what is below goes with it";
     EXPECT_TRUE(DestroyMenu(standard));
@@ -99,72 +68,54 @@ TEST(Menu, TemplatesOfBothFormsHaveTypesAndStates) {
 TEST(Menu, ItemsAreAddedChangedAndTakenAway) {
     const HMENU menu = CreatePopupMenu(), below = CreatePopupMenu();
     const auto below_id = reinterpret_cast<UINT_PTR>(below);
-    struct Step {
-        const char* name;
-        std::function<UINT()> act;
-        UINT answer;
-        const char* menu = nullptr; // as it is then
-    };
-    const auto yes = [](BOOL answer) { return static_cast<UINT>(answer); };
-    const Step steps[] = {
-        {"a text", [&] { return yes(AppendMenuW(menu, MF_STRING, 1, TEXT("One"))); }, 1},
-        {"states", [&] { return yes(AppendMenuW(menu, MF_CHECKED | MF_GRAYED, 2, TEXT("2"))); }, 1},
-        {"a separator", [&] { return yes(AppendMenuW(menu, MF_SEPARATOR, 0, nullptr)); }, 1},
-        {"no text", [&] { return yes(AppendMenuW(menu, MF_STRING, 3, nullptr)); }, 1},
-        {"an empty text", [&] { return yes(AppendMenuW(menu, MF_STRING, 4, TEXT(""))); }, 1,
-         "1:One 0 0 | 2:2 0 9 | 0: 800 3 | 3: 800 3 | 4: 0 0"},
-        {"below", [&] { return yes(AppendMenuW(below, MF_STRING, 5, TEXT("Five"))); }, 1},
-        {"below", [&] { return yes(AppendMenuW(below, MF_STRING, 6, TEXT("Six"))); }, 1},
-        {"a sub-menu", [&] { return yes(AppendMenuW(menu, MF_POPUP, below_id, TEXT("Sub"))); }, 1},
-        {"no menu", [&] { return yes(AppendMenuW(nullptr, MF_STRING, 1, TEXT("One"))); }, 0},
-        {"before a command below", [&] { return yes(InsertMenuW(menu, 6, 0, 7, TEXT("Seven"))); },
-         1},
-        {"first", [&] { return yes(InsertMenuW(menu, 0, MF_BYPOSITION, 8, TEXT("Eight"))); }, 1},
-        {"beyond", [&] { return yes(InsertMenuW(menu, 99, MF_BYPOSITION, 9, TEXT("Nine"))); }, 1},
-        {"before none", [&] { return yes(InsertMenuW(menu, 99, 0, 10, TEXT("Ten"))); }, 1,
-         "8:Eight 0 0 | 1:One 0 0 | 2:2 0 9 | 0: 800 3 | 3: 800 3 | 4: 0 0"
-         " | 0:Sub 0 0 {5:Five 0 0 | 7:Seven 0 0 | 6:Six 0 0} | 9:Nine 0 0 | 10:Ten 0 0"},
-        {"check", [&] { return CheckMenuItem(menu, 1, MF_CHECKED); }, MF_UNCHECKED},
-        {"check again", [&] { return CheckMenuItem(menu, 1, MF_CHECKED); }, MF_CHECKED},
-        {"check none", [&] { return CheckMenuItem(menu, 77, MF_CHECKED); }, 0xFFFFFFFF},
-        {"enable", [&] { return yes(EnableMenuItem(menu, 2, MF_ENABLED)); }, MF_GRAYED},
-        {"disable", [&] { return yes(EnableMenuItem(menu, 0, MF_BYPOSITION | MF_DISABLED)); }, 0},
-        {"enable none", [&] { return yes(EnableMenuItem(menu, 77, MF_ENABLED)); }, 0xFFFFFFFF},
-        {"state", [&] { return GetMenuState(menu, 2, MF_BYCOMMAND); }, MF_CHECKED},
-        {"of a separator", [&] { return GetMenuState(menu, 3, MF_BYPOSITION); }, 0x803},
-        {"of a sub-menu", [&] { return GetMenuState(menu, 6, MF_BYPOSITION); }, 0x310},
-        {"of none", [&] { return GetMenuState(menu, 77, MF_BYCOMMAND); }, 0xFFFFFFFF},
-        {"radio", [&] { return yes(CheckMenuRadioItem(menu, 1, 8, 8, MF_BYCOMMAND)); }, 1},
-        {"in place", [&] { return yes(CheckMenuRadioItem(below, 0, 2, 1, MF_BYPOSITION)); }, 1},
-        {"default", [&] { return yes(SetMenuDefaultItem(menu, 2, FALSE)); }, 1},
-        {"first", [&] { return yes(SetMenuDefaultItem(menu, 1, TRUE)); }, 1,
-         "8:Eight 200 a | 1:One 0 1000 | 2:2 0 0 | 0: 800 3 | 3: 800 3 | 4: 0 0"
-         " | 0:Sub 0 0 {5:Five 0 0 | 7:Seven 200 8 | 6:Six 0 0} | 9:Nine 0 0 | 10:Ten 0 0"},
-        {"no default", [&] { return yes(SetMenuDefaultItem(menu, 0xFFFFFFFF, FALSE)); }, 1},
-        {"modify", [&] { return yes(ModifyMenuW(menu, 2, 0, 22, TEXT("Zwei"))); }, 1},
-        {"modify none", [&] { return yes(ModifyMenuW(menu, 2, 0, 22, TEXT("Zwei"))); }, 0},
-        {"identifier", [&] { return GetMenuItemID(menu, 2); }, 22},
-        {"of a sub-menu", [&] { return GetMenuItemID(menu, 6); }, 0xFFFFFFFF},
-        {"of none", [&] { return GetMenuItemID(menu, 77); }, 0xFFFFFFFF},
-        {"length", [&] { return yes(GetMenuStringW(menu, 22, nullptr, 0, MF_BYCOMMAND)); }, 4},
-        {"remove", [&] { return yes(RemoveMenu(menu, 6, MF_BYPOSITION)); }, 1},
-        {"is kept", [&] { return yes(IsMenu(below)); }, 1},
-        {"back",
-         [&] { return yes(InsertMenuW(menu, 1, MF_BYPOSITION | MF_POPUP, below_id, TEXT("S"))); },
-         1},
-        {"delete below", [&] { return yes(DeleteMenu(menu, 5, MF_BYCOMMAND)); }, 1},
-        {"delete none", [&] { return yes(DeleteMenu(menu, 5, MF_BYCOMMAND)); }, 0,
-         "8:Eight 200 a | 0:S 0 0 {7:Seven 200 8 | 6:Six 0 0} | 1:One 0 0 | 22:Zwei 0 0"
-         " | 0: 800 3 | 3: 800 3 | 4: 0 0 | 9:Nine 0 0 | 10:Ten 0 0"},
-        {"delete", [&] { return yes(DeleteMenu(menu, 1, MF_BYPOSITION)); }, 1},
-        {"is gone", [&] { return yes(IsMenu(below)); }, 0},
-    };
-    for (const Step& step : steps) {
-        EXPECT_EQ(step.act(), step.answer) << step.name;
-        if (step.menu) {
-            EXPECT_EQ(Describe(menu), step.menu) << step.name;
-        }
-    }
+    const UINT none = 0xFFFFFFFF;
+    EXPECT_TRUE(AppendMenuW(menu, MF_STRING, 1, TEXT("One")));
+    EXPECT_TRUE(AppendMenuW(menu, MF_CHECKED | MF_GRAYED, 2, TEXT("Two")));
+    EXPECT_TRUE(AppendMenuW(menu, MF_STRING, 3, nullptr)) << "a separator";
+    EXPECT_TRUE(AppendMenuW(menu, MF_STRING, 4, TEXT("")));
+    EXPECT_TRUE(AppendMenuW(below, MF_STRING, 5, TEXT("Five")));
+    EXPECT_TRUE(AppendMenuW(below, MF_STRING, 6, TEXT("Six")));
+    EXPECT_TRUE(AppendMenuW(menu, MF_POPUP, below_id, TEXT("Sub")));
+    EXPECT_FALSE(AppendMenuW(nullptr, MF_STRING, 1, TEXT("One")));
+    EXPECT_TRUE(InsertMenuW(menu, 6, MF_BYCOMMAND, 7, TEXT("Seven"))) << "below";
+    EXPECT_TRUE(InsertMenuW(menu, 0, MF_BYPOSITION, 8, TEXT("Eight")));
+    EXPECT_TRUE(InsertMenuW(menu, 99, MF_BYPOSITION, 9, TEXT("Nine"))) << "at the end";
+    EXPECT_TRUE(InsertMenuW(menu, 99, MF_BYCOMMAND, 10, TEXT("Ten")));
+    EXPECT_EQ(Describe(menu), "8:Eight 0 0 | 1:One 0 0 | 2:Two 0 9 | 3: 800 3 | 4: 0 0"
+                              " | 0:Sub 0 0 {5:Five 0 0 | 7:Seven 0 0 | 6:Six 0 0}"
+                              " | 9:Nine 0 0 | 10:Ten 0 0");
+
+    EXPECT_EQ(CheckMenuItem(menu, 1, MF_CHECKED), DWORD{MF_UNCHECKED});
+    EXPECT_EQ(CheckMenuItem(menu, 1, MF_CHECKED), DWORD{MF_CHECKED});
+    EXPECT_EQ(CheckMenuItem(menu, 77, MF_CHECKED), none);
+    EXPECT_EQ(EnableMenuItem(menu, 2, MF_ENABLED), MF_GRAYED);
+    EXPECT_EQ(EnableMenuItem(menu, 0, MF_BYPOSITION | MF_DISABLED), MF_ENABLED);
+    EXPECT_EQ(GetMenuState(menu, 2, MF_BYCOMMAND), UINT{MF_CHECKED});
+    EXPECT_EQ(GetMenuState(menu, 3, MF_BYPOSITION), 0x803u) << "a separator";
+    EXPECT_EQ(GetMenuState(menu, 5, MF_BYPOSITION), 0x310u) << "a sub-menu of three";
+    EXPECT_EQ(GetMenuState(menu, 77, MF_BYCOMMAND), none);
+    EXPECT_TRUE(CheckMenuRadioItem(menu, 1, 8, 8, MF_BYCOMMAND));
+    EXPECT_TRUE(CheckMenuRadioItem(below, 0, 2, 1, MF_BYPOSITION));
+    EXPECT_TRUE(SetMenuDefaultItem(menu, 2, FALSE));
+    EXPECT_TRUE(SetMenuDefaultItem(menu, 1, TRUE));
+    EXPECT_EQ(Describe(menu), "8:Eight 200 a | 1:One 0 1000 | 2:Two 0 0 | 3: 800 3 | 4: 0 0"
+                              " | 0:Sub 0 0 {5:Five 0 0 | 7:Seven 200 8 | 6:Six 0 0}"
+                              " | 9:Nine 0 0 | 10:Ten 0 0");
+
+    EXPECT_TRUE(ModifyMenuW(menu, 2, MF_BYCOMMAND, 22, TEXT("Zwei")));
+    EXPECT_FALSE(ModifyMenuW(menu, 2, MF_BYCOMMAND, 22, TEXT("Zwei")));
+    EXPECT_EQ(GetMenuItemID(menu, 2), 22u);
+    EXPECT_EQ(GetMenuItemID(menu, 5), none) << "a sub-menu";
+    EXPECT_EQ(GetMenuStringW(menu, 22, nullptr, 0, MF_BYCOMMAND), 4);
+    EXPECT_TRUE(RemoveMenu(menu, 5, MF_BYPOSITION));
+    EXPECT_TRUE(IsMenu(below));
+    EXPECT_TRUE(InsertMenuW(menu, 1, MF_BYPOSITION | MF_POPUP, below_id, TEXT("S")));
+    EXPECT_TRUE(DeleteMenu(menu, 5, MF_BYCOMMAND));
+    EXPECT_FALSE(DeleteMenu(menu, 5, MF_BYCOMMAND));
+    EXPECT_EQ(Describe(menu), "8:Eight 200 a | 0:S 0 0 {7:Seven 200 8 | 6:Six 0 0} | 1:One 0 1000"
+                              " | 22:Zwei 0 0 | 3: 800 3 | 4: 0 0 | 9:Nine 0 0 | 10:Ten 0 0");
+    EXPECT_TRUE(DeleteMenu(menu, 1, MF_BYPOSITION));
+    EXPECT_FALSE(IsMenu(below));
     EXPECT_TRUE(DestroyMenu(menu));
 }
 
@@ -173,55 +124,41 @@ TEST(Menu, RecordsOfItemsCarryWhatTheirMaskSays) {
     WCHAR text[] = TEXT("Hello");
     MENUITEMINFOW info = {};
     info.cbSize = sizeof(info);
-    info.fMask = MIIM_STRING | MIIM_ID | MIIM_DATA | MIIM_STATE;
+    info.fMask = MIIM_STRING | MIIM_ID | MIIM_STATE;
     info.wID = 7;
-    info.dwItemData = 70;
     info.fState = MFS_CHECKED;
     info.dwTypeData = text;
     EXPECT_TRUE(InsertMenuItemW(menu, 0, TRUE, &info));
     info.fMask = MIIM_ID;
     EXPECT_TRUE(InsertMenuItemW(menu, 99, FALSE, &info));
     EXPECT_EQ(Describe(menu), "7:Hello 0 8 | 7: 800 0");
-
-    struct Question {
+    const struct {
         UINT mask, size, room;
-        BOOL answer;
-        UINT length;
-        const char* text;
-    };
-    const UINT known = sizeof(info);
-    const Question questions[] = {
-        {MIIM_STRING, known, 3, TRUE, 2, "He"},
-        {MIIM_STRING, known, 9, TRUE, 5, "Hello"},
-        {MIIM_STRING, known, 0, TRUE, 5, "-"},
-        {MIIM_TYPE, known, 9, TRUE, 5, "Hello"},
-        {MIIM_TYPE | MIIM_FTYPE, known, 9, FALSE, 9, "-"},
-        {MIIM_STRING, offsetof(MENUITEMINFOW, hbmpItem), 9, TRUE, 5, "Hello"},
-        {MIIM_STRING, 60, 9, FALSE, 9, "-"},
-    };
-    for (const Question& question : questions) {
+        const char* answer;
+    } questions[] = {{MIIM_STRING, sizeof(info), 3, "2:He"},
+                     {MIIM_STRING, sizeof(info), 0, "5:-"},
+                     {MIIM_TYPE, sizeof(info), 9, "5:Hello"},
+                     {MIIM_TYPE | MIIM_FTYPE, sizeof(info), 9, "failed"},
+                     {MIIM_STRING, offsetof(MENUITEMINFOW, hbmpItem), 9, "5:Hello"},
+                     {MIIM_STRING, 60, 9, "failed"}};
+    for (const auto& question : questions) {
         WCHAR buffer[10] = TEXT("-");
         MENUITEMINFOW asked = {};
         asked.cbSize = question.size;
-        asked.fMask = question.mask | (question.mask == MIIM_STRING ? MIIM_DATA : 0);
+        asked.fMask = question.mask;
         asked.dwTypeData = buffer;
         asked.cch = question.room;
-        EXPECT_EQ(GetMenuItemInfoW(menu, 7, FALSE, &asked), question.answer);
-        EXPECT_EQ(asked.cch, question.length);
-        EXPECT_EQ(std::string(buffer, buffer + (question.text[0] == '-' ? 1 : asked.cch)),
-                  question.text);
-        if (question.mask == MIIM_STRING && question.answer) {
-            EXPECT_EQ(asked.dwItemData, 70u);
+        std::string answer = "failed";
+        if (GetMenuItemInfoW(menu, 7, FALSE, &asked)) {
+            answer = std::to_string(asked.cch) + ":";
+            for (const WCHAR* unit = buffer; *unit; ++unit) answer += static_cast<char>(*unit);
         }
+        EXPECT_EQ(answer, question.answer) << question.mask << " " << question.size;
     }
-
     info.fMask = MIIM_STATE | MIIM_FTYPE;
     info.fState = MFS_DISABLED;
     info.fType = MFT_RADIOCHECK;
     EXPECT_TRUE(SetMenuItemInfoW(menu, 0, TRUE, &info));
-    info.fMask = MIIM_TYPE;
-    info.fType = MFT_SEPARATOR;
-    EXPECT_TRUE(SetMenuItemInfoW(menu, 1, TRUE, &info));
     EXPECT_FALSE(SetMenuItemInfoW(menu, 2, TRUE, &info));
     EXPECT_EQ(Describe(menu), "7:Hello 200 3 | 7: 800 0");
     DestroyMenu(menu);
@@ -229,140 +166,103 @@ TEST(Menu, RecordsOfItemsCarryWhatTheirMaskSays) {
 
 // ---- An open menu -------------------------------------------------------------------------------
 
-// What the owner of a menu hears, and a user who acts whenever the menu waits.
-struct Tracked {
-    HMENU top = nullptr;
-    HMENU sub = nullptr;
-    std::string heard;
-    std::vector<std::function<void()>> acts;
-    size_t next = 0;
-};
-Tracked* g_tracked = nullptr;
-
-void Hear(const char* format, unsigned a, unsigned b, LPARAM menu) {
-    char line[60];
-    snprintf(line, sizeof(line), format, a, b);
-    g_tracked->heard += line;
-    if (menu) g_tracked->heard += reinterpret_cast<HMENU>(menu) == g_tracked->top ? " top" : " sub";
-    g_tracked->heard += "; ";
-}
-
-LRESULT CALLBACK MenuOwner(HWND window, UINT message, WPARAM first, LPARAM second) {
-    if (!g_tracked) return DefWindowProcW(window, message, first, second);
-    const auto low = LOWORD(first), high = HIWORD(first);
-    const auto menu = static_cast<LPARAM>(first);
-    switch (message) {
-    case WM_ENTERIDLE:
-        if (first != MSGF_MENU) break;
-        if (g_tracked->next < g_tracked->acts.size())
-            g_tracked->acts[g_tracked->next++]();
-        else
-            EndMenu();
-        PostMessageW(window, WM_NULL, 0, 0);
-        break;
-    case WM_ENTERMENULOOP:
-        Hear("enter %u", low, 0, 0);
-        break;
-    case WM_EXITMENULOOP:
-        Hear("exit %u", low, 0, 0);
-        break;
-    case WM_INITMENU:
-        Hear("init", 0, 0, menu);
-        break;
-    case WM_INITMENUPOPUP:
-        Hear("popup %u", static_cast<unsigned>(second), 0, menu);
-        break;
-    case WM_UNINITMENUPOPUP:
-        Hear("unpopup", 0, 0, menu);
-        break;
-    case WM_MENUSELECT:
-        Hear("select %u %x", low, high, second);
-        break;
-    case WM_COMMAND:
-        Hear("command %u %u", low, high, second);
-        break;
-    case WM_CAPTURECHANGED:
-        Hear("capture", 0, 0, 0);
-        break;
-    case WM_KEYDOWN:
-    case WM_CHAR:
-    case WM_LBUTTONDOWN:
-        Hear("input %x", message, 0, 0);
-        break;
-    case WM_MENUCHAR:
-        Hear("char %u %x", low, high, second);
-        if (low == 'x') return MAKELONG(1, MNC_EXECUTE);
-        break;
-    default:
-        break;
-    }
-    return DefWindowProcW(window, message, first, second);
-}
-
+// The owner of a menu, which notes what it hears, and a user who acts whenever the menu waits.
 class OpenMenu : public testing::Test {
 protected:
-    OpenMenu() {
-        WNDCLASSW owner_class = {};
-        owner_class.lpfnWndProc = MenuOwner;
-        owner_class.lpszClassName = TEXT("menu owner");
-        RegisterClassW(&owner_class);
+    using Act = std::function<void()>;
+
+    OpenMenu()
+        : recorder({}, WS_POPUP | WS_VISIBLE)
+        , owner(recorder.Window()) {
         // Its client area starts where the screen does.
-        owner = CreateWindowExW(0, TEXT("menu owner"), nullptr, WS_POPUP | WS_VISIBLE, 0, 0, 400,
-                                400, nullptr, nullptr, nullptr, nullptr);
+        MoveWindow(owner, 0, 0, 400, 400, FALSE);
         SetFocus(owner);
-    }
-    ~OpenMenu() override {
-        DestroyWindow(owner);
-        UnregisterClassW(TEXT("menu owner"), nullptr);
+        recorder.handler = [this](UINT message, WPARAM first, LPARAM second, LRESULT& answer) {
+            return top && Hear(message, first, second, answer);
+        };
     }
 
-    std::function<void()> Key(WPARAM key) const {
+    void Note(const char* format, unsigned a, unsigned b, LPARAM menu) {
+        char line[60];
+        snprintf(line, sizeof(line), format, a, b);
+        heard += line;
+        if (menu) heard += reinterpret_cast<HMENU>(menu) == top ? " top" : " sub";
+        heard += "; ";
+    }
+    bool Hear(UINT message, WPARAM first, LPARAM second, LRESULT& answer) {
+        const auto low = LOWORD(first), high = HIWORD(first);
+        const auto menu = static_cast<LPARAM>(first);
+        if (message == WM_ENTERIDLE && first == MSGF_MENU) {
+            if (next < acts.size())
+                acts[next++]();
+            else
+                EndMenu();
+            PostMessageW(owner, WM_NULL, 0, 0);
+        }
+        if (message == WM_ENTERMENULOOP) Note("enter %u", low, 0, 0);
+        if (message == WM_EXITMENULOOP) Note("exit %u", low, 0, 0);
+        if (message == WM_INITMENU) Note("init", 0, 0, menu);
+        if (message == WM_INITMENUPOPUP) Note("popup %u", LOWORD(second), 0, menu);
+        if (message == WM_UNINITMENUPOPUP) Note("unpopup", 0, 0, menu);
+        if (message == WM_MENUSELECT) Note("select %u %x", low, high, second);
+        if (message == WM_COMMAND) Note("command %u %u", low, high, second);
+        if (message == WM_KEYDOWN || message == WM_CHAR || message == WM_LBUTTONDOWN)
+            Note("input %x", message, 0, 0);
+        if (message == WM_MENUCHAR) Note("char %u %x", low, high, second);
+        answer = MAKELONG(1, MNC_EXECUTE);
+        return message == WM_MENUCHAR && low == 'x';
+    }
+
+    Act Key(WPARAM key) const {
         return [this, key] {
             PostMessageW(owner, WM_KEYDOWN, key, 1);
             PostMessageW(owner, WM_KEYUP, key, 1);
         };
     }
-    std::function<void()> Letter(WPARAM letter) const {
+    Act Letter(WPARAM letter) const {
         return [this, letter] { PostMessageW(owner, WM_CHAR, letter, 1); };
     }
     void Mouse(UINT message, POINT at) const {
         PostMessageW(owner, message, 0, MAKELPARAM(at.x, at.y));
     }
-    std::function<void()> Click(bool sub, UINT item) const {
-        return [this, sub, item] {
+    Act Click(bool is_sub, UINT item) const {
+        return [this, is_sub, item] {
             RECT rect = {};
-            EXPECT_TRUE(
-                GetMenuItemRect(nullptr, sub ? g_tracked->sub : g_tracked->top, item, &rect));
+            EXPECT_TRUE(GetMenuItemRect(nullptr, is_sub ? sub : top, item, &rect));
             Mouse(WM_LBUTTONDOWN, {rect.left + 4, rect.top + 4});
             Mouse(WM_LBUTTONUP, {rect.left + 4, rect.top + 4});
         };
     }
     // Opens the menu, lets the user act and answers what the owner heard.
-    std::string Run(UINT flags, std::vector<std::function<void()>> acts) {
-        Tracked tracked;
-        tracked.top = CreatePopupMenu();
-        tracked.sub = CreatePopupMenu();
-        AppendMenuW(tracked.sub, MF_STRING, 11, TEXT("&First"));
-        AppendMenuW(tracked.sub, MF_STRING, 12, TEXT("&Second"));
-        AppendMenuW(tracked.top, MF_STRING, 1, TEXT("&One"));
-        AppendMenuW(tracked.top, MF_STRING, 2, TEXT("&Two\tCtrl+T"));
-        AppendMenuW(tracked.top, MF_SEPARATOR, 0, nullptr);
-        AppendMenuW(tracked.top, MF_GRAYED, 3, TEXT("&Dead"));
-        AppendMenuW(tracked.top, MF_POPUP, reinterpret_cast<UINT_PTR>(tracked.sub), TEXT("&Sub"));
-        tracked.acts = std::move(acts);
-        g_tracked = &tracked;
-        const BOOL answer = TrackPopupMenu(tracked.top, flags, 100, 120, 0, owner, nullptr);
-        Hear("answer %d", static_cast<unsigned>(answer), 0, 0);
-        MSG message;
-        while (PeekMessageW(&message, nullptr, 0, 0, PM_REMOVE)) DispatchMessageW(&message);
-        g_tracked = nullptr;
-        EXPECT_TRUE(DestroyMenu(tracked.top));
-        EXPECT_FALSE(IsMenu(tracked.sub));
+    std::string Run(UINT flags, std::vector<Act> user) {
+        top = CreatePopupMenu();
+        sub = CreatePopupMenu();
+        AppendMenuW(sub, MF_STRING, 11, TEXT("&First"));
+        AppendMenuW(sub, MF_STRING, 12, TEXT("&Second"));
+        AppendMenuW(top, MF_STRING, 1, TEXT("&One"));
+        AppendMenuW(top, MF_STRING, 2, TEXT("&Two\tCtrl+T"));
+        AppendMenuW(top, MF_SEPARATOR, 0, nullptr);
+        AppendMenuW(top, MF_GRAYED, 3, TEXT("&Dead"));
+        AppendMenuW(top, MF_POPUP, reinterpret_cast<UINT_PTR>(sub), TEXT("&Sub"));
+        acts = std::move(user);
+        next = 0;
+        heard.clear();
+        const BOOL answer = TrackPopupMenu(top, flags, 100, 120, 0, owner, nullptr);
+        Note("answer %d", static_cast<unsigned>(answer), 0, 0);
+        DeliverMessages();
+        EXPECT_TRUE(DestroyMenu(top));
+        EXPECT_FALSE(IsMenu(sub));
         EXPECT_EQ(FindWindowW(TEXT("#32768"), nullptr), nullptr);
-        return tracked.heard;
+        top = nullptr;
+        return heard;
     }
 
+    Recorder recorder;
     HWND owner;
+    HMENU top = nullptr, sub = nullptr;
+    std::string heard;
+    std::vector<Act> acts;
+    size_t next = 0;
 };
 
 TEST_F(OpenMenu, TellsItsOwnerWhatHappensInOrder) {
@@ -370,12 +270,12 @@ TEST_F(OpenMenu, TellsItsOwnerWhatHappensInOrder) {
     const std::string closed = "unpopup top; select 0 ffff; exit 1; answer 1; ";
     const std::string chosen = "unpopup top; select 0 ffff; exit 1; answer ";
     const std::string into_sub = "select 4 90 top; popup 4 sub; select 11 80 sub; ";
-    const std::function<void()> escape = Key(VK_ESCAPE), down = Key(VK_DOWN), up = Key(VK_UP),
-                                right = Key(VK_RIGHT), enter = Key(VK_RETURN);
+    const Act escape = Key(VK_ESCAPE), down = Key(VK_DOWN), up = Key(VK_UP), right = Key(VK_RIGHT),
+              enter = Key(VK_RETURN);
     struct Case {
         const char* name;
         UINT flags;
-        std::vector<std::function<void()>> acts;
+        std::vector<Act> acts;
         std::string heard;
     };
     const Case cases[] = {
@@ -455,7 +355,7 @@ TEST_F(OpenMenu, TellsItsOwnerWhatHappensInOrder) {
          opened + "command 9 0; " + closed},
         {"an item more",
          0,
-         {[] { AppendMenuW(g_tracked->top, 0, 9, TEXT("&Nine")); }, Letter('n')},
+         {[this] { AppendMenuW(top, 0, 9, TEXT("&Nine")); }, Letter('n')},
          opened + "select 9 80 top; " + closed + "command 9 0; "},
     };
     for (const Case& one : cases) EXPECT_EQ(Run(one.flags, one.acts), one.heard) << one.name;
@@ -466,8 +366,7 @@ TEST_F(OpenMenu, IsAWindowThatTellsItsMenu) {
         RECT rect = {};
         Run(flags, {[&] {
                 const HWND window = FindWindowW(TEXT("#32768"), nullptr);
-                EXPECT_EQ(reinterpret_cast<HMENU>(SendMessageW(window, MN_GETHMENU, 0, 0)),
-                          g_tracked->top);
+                EXPECT_EQ(reinterpret_cast<HMENU>(SendMessageW(window, MN_GETHMENU, 0, 0)), top);
                 EXPECT_TRUE(IsWindowVisible(window));
                 EXPECT_EQ(GetWindow(window, GW_OWNER), owner);
                 EXPECT_EQ(GetFocus(), owner);

