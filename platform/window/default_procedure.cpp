@@ -109,6 +109,13 @@ extern "C" LRESULT WINAPI DefWindowProcW(HWND handle, UINT message, WPARAM first
         return HTCLIENT;
     case WM_NCACTIVATE:
         return TRUE;
+    case WM_NCPAINT:
+        if (window->style & (WS_VSCROLL | WS_HSCROLL)) {
+            const HDC dc = GetWindowDC(handle);
+            DrawScrollBars(handle, dc);
+            ReleaseDC(handle, dc);
+        }
+        return 0;
     case WM_CLOSE:
         DestroyWindow(handle);
         return 0;

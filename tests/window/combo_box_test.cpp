@@ -1,8 +1,6 @@
 // Combo boxes.
 #include "control_parent.h"
 
-#include <gtest/gtest.h>
-
 namespace {
 
 const ControlParent::Names kComboCodes = {{CBN_SELCHANGE, "change"},  {CBN_DBLCLK, "double"},
@@ -53,21 +51,6 @@ public:
     HWND Edit() const { return Info().hwndItem; }
 };
 
-struct ComboAct {
-    const char* what;
-    std::function<void()> act;
-    const char* told;
-    const char* state;
-};
-
-void Check(ComboParent& combo, const std::vector<ComboAct>& acts) {
-    for (const ComboAct& act : acts) {
-        act.act();
-        EXPECT_EQ(combo.Took(), act.told) << act.what;
-        EXPECT_EQ(combo.State(), act.state) << act.what;
-    }
-}
-
 TEST(ComboBox, KeepsItsItems) {
     ComboParent combo(CBS_DROPDOWNLIST | CBS_SORT, "");
     EXPECT_EQ(combo.Add(TEXT("beta")), 0);
@@ -101,30 +84,30 @@ TEST(ComboBox, KeepsItsItems) {
 TEST(ComboBox, WithAListToDropDownFollowsTheUser) {
     ComboParent combo(CBS_DROPDOWNLIST | WS_TABSTOP);
     EXPECT_EQ(combo.Send(WM_GETDLGCODE), DLGC_WANTARROWS | DLGC_WANTCHARS);
-    Check(combo,
-          {{"program", [&] { combo.Send(CB_SETCURSEL, 1); }, "", "aBcdef bbb"},
-           {"focus", [&] { SetFocus(combo.Control()); }, "focus", "aBcdef bbb"},
-           {"down", [&] { combo.Key(VK_DOWN); }, "ok change", "abCdef ccc"},
-           {"end", [&] { combo.Key(VK_END); }, "ok change", "abcdeF fff"},
-           {"down at the end", [&] { combo.Key(VK_DOWN); }, "ok change", "abcdeF fff"},
-           {"letter", [&] { combo.Key('B'); }, "ok change", "aBcdef bbb"},
-           {"no such", [&] { combo.Key('X'); }, "", "aBcdef bbb"},
-           {"F4", [&] { combo.Key(VK_F4); }, "drop", "aBcdef bbb dropped"},
-           {"down", [&] { combo.Key(VK_DOWN); }, "change", "abCdef ccc dropped"},
-           {"Enter", [&] { combo.Key(VK_RETURN); }, "ok close", "abCdef ccc"},
-           {"F4", [&] { combo.Key(VK_F4); }, "drop", "abCdef ccc dropped"},
-           {"down", [&] { combo.Key(VK_DOWN); }, "change", "abcDef ddd dropped"},
-           {"Escape", [&] { combo.Key(VK_ESCAPE); }, "cancel close", "abcDef ddd"},
-           {"F4", [&] { combo.Key(VK_F4); }, "drop", "abcDef ddd dropped"},
-           {"F4 again", [&] { combo.Key(VK_F4); }, "cancel close", "abcDef ddd"},
-           {"arrow", [&] { combo.ClickArrow(); }, "drop", "abcDef ddd dropped"},
-           {"item", [&] { combo.ClickItem(4); }, "ok close change", "abcdEf eee"},
-           {"arrow", [&] { combo.ClickArrow(); }, "drop", "abcdEf eee dropped"},
-           {"the same item", [&] { combo.ClickItem(4); }, "ok close change", "abcdEf eee"},
-           {"show", [&] { combo.Send(CB_SHOWDROPDOWN, TRUE); }, "drop", "abcdEf eee dropped"},
-           {"hide", [&] { combo.Send(CB_SHOWDROPDOWN, FALSE); }, "cancel close", "abcdEf eee"},
-           {"arrow", [&] { combo.ClickArrow(); }, "drop", "abcdEf eee dropped"},
-           {"leave", [&] { SetFocus(combo.Window()); }, "cancel close kill", "abcdEf eee"}});
+    CheckActs(combo,
+              {{"program", [&] { combo.Send(CB_SETCURSEL, 1); }, "", "aBcdef bbb"},
+               {"focus", [&] { SetFocus(combo.Control()); }, "focus", "aBcdef bbb"},
+               {"down", [&] { combo.Key(VK_DOWN); }, "ok change", "abCdef ccc"},
+               {"end", [&] { combo.Key(VK_END); }, "ok change", "abcdeF fff"},
+               {"down at the end", [&] { combo.Key(VK_DOWN); }, "ok change", "abcdeF fff"},
+               {"letter", [&] { combo.Key('B'); }, "ok change", "aBcdef bbb"},
+               {"no such", [&] { combo.Key('X'); }, "", "aBcdef bbb"},
+               {"F4", [&] { combo.Key(VK_F4); }, "drop", "aBcdef bbb dropped"},
+               {"down", [&] { combo.Key(VK_DOWN); }, "change", "abCdef ccc dropped"},
+               {"Enter", [&] { combo.Key(VK_RETURN); }, "ok close", "abCdef ccc"},
+               {"F4", [&] { combo.Key(VK_F4); }, "drop", "abCdef ccc dropped"},
+               {"down", [&] { combo.Key(VK_DOWN); }, "change", "abcDef ddd dropped"},
+               {"Escape", [&] { combo.Key(VK_ESCAPE); }, "cancel close", "abcDef ddd"},
+               {"F4", [&] { combo.Key(VK_F4); }, "drop", "abcDef ddd dropped"},
+               {"F4 again", [&] { combo.Key(VK_F4); }, "cancel close", "abcDef ddd"},
+               {"arrow", [&] { combo.ClickArrow(); }, "drop", "abcDef ddd dropped"},
+               {"item", [&] { combo.ClickItem(4); }, "ok close change", "abcdEf eee"},
+               {"arrow", [&] { combo.ClickArrow(); }, "drop", "abcdEf eee dropped"},
+               {"the same item", [&] { combo.ClickItem(4); }, "ok close change", "abcdEf eee"},
+               {"show", [&] { combo.Send(CB_SHOWDROPDOWN, TRUE); }, "drop", "abcdEf eee dropped"},
+               {"hide", [&] { combo.Send(CB_SHOWDROPDOWN, FALSE); }, "cancel close", "abcdEf eee"},
+               {"arrow", [&] { combo.ClickArrow(); }, "drop", "abcdEf eee dropped"},
+               {"leave", [&] { SetFocus(combo.Window()); }, "cancel close kill", "abcdEf eee"}});
 }
 
 TEST(ComboBox, WithAFieldFollowsTheUser) {
@@ -135,14 +118,15 @@ TEST(ComboBox, WithAFieldFollowsTheUser) {
         if (message == WM_COMMAND && HIWORD(first) == CBN_SELCHANGE) at_change = combo.State();
         return false;
     };
-    Check(combo, {{"program", [&] { combo.Send(CB_SETCURSEL, 1); }, "", "aBcdef bbb"},
-                  {"text", [&] { SetWindowTextW(combo.Control(), TEXT("new")); }, "", "aBcdef new"},
-                  {"focus", [&] { SetFocus(combo.Control()); }, "focus", "aBcdef new"},
-                  {"typed", [&] { combo.Key('X', combo.Edit()); }, "editing edited", "abcdef x"},
-                  {"down", [&] { combo.Key(VK_DOWN, combo.Edit()); }, "ok change", "Abcdef aaa"},
-                  {"F4", [&] { combo.Key(VK_F4, combo.Edit()); }, "drop", "Abcdef aaa dropped"},
-                  {"item", [&] { combo.ClickItem(4); }, "ok close change", "abcdEf eee"},
-                  {"leave", [&] { SetFocus(combo.Window()); }, "cancel kill", "abcdEf eee"}});
+    CheckActs(combo,
+              {{"program", [&] { combo.Send(CB_SETCURSEL, 1); }, "", "aBcdef bbb"},
+               {"text", [&] { SetWindowTextW(combo.Control(), TEXT("new")); }, "", "aBcdef new"},
+               {"focus", [&] { SetFocus(combo.Control()); }, "focus", "aBcdef new"},
+               {"typed", [&] { combo.Key('X', combo.Edit()); }, "editing edited", "abcdef x"},
+               {"down", [&] { combo.Key(VK_DOWN, combo.Edit()); }, "ok change", "Abcdef aaa"},
+               {"F4", [&] { combo.Key(VK_F4, combo.Edit()); }, "drop", "Abcdef aaa dropped"},
+               {"item", [&] { combo.ClickItem(4); }, "ok close change", "abcdEf eee"},
+               {"leave", [&] { SetFocus(combo.Window()); }, "cancel kill", "abcdEf eee"}});
     EXPECT_EQ(at_change, "abcdEf aaa"); // the field is changed after that
     combo.Send(CB_LIMITTEXT, 2);
     SetFocus(combo.Control());
@@ -157,9 +141,9 @@ TEST(ComboBox, WithAFieldFollowsTheUser) {
 
 TEST(ComboBox, WithAListBelowFollowsTheUser) {
     ComboParent combo(CBS_SIMPLE | WS_TABSTOP);
-    Check(combo, {{"program", [&] { combo.Send(CB_SETCURSEL, 1); }, "", "aBcdef bbb"},
-                  {"item", [&] { combo.ClickItem(2); }, "focus ok change", "abCdef ccc"},
-                  {"key", [&] { combo.Key(VK_DOWN, combo.Edit()); }, "change", "abcDef ddd"}});
+    CheckActs(combo, {{"program", [&] { combo.Send(CB_SETCURSEL, 1); }, "", "aBcdef bbb"},
+                      {"item", [&] { combo.ClickItem(2); }, "focus ok change", "abCdef ccc"},
+                      {"key", [&] { combo.Key(VK_DOWN, combo.Edit()); }, "change", "abcDef ddd"}});
 }
 
 TEST(ComboBox, HasItsPlaces) {

@@ -5,6 +5,8 @@
 
 #include <commctrl.h>
 
+#include <gtest/gtest.h>
+
 #include <map>
 
 // A visible window with one control in it, whose notifications are written down by their names.
@@ -113,3 +115,21 @@ private:
     HWND control_ = nullptr;
     int held_ = 0;
 };
+
+// Something that a user or a program does with a control, what the control then tells of it, and
+// the state that it is in.
+struct ControlAct {
+    const char* what;
+    std::function<void()> act;
+    const char* told;
+    const char* state;
+};
+
+template <class Parent>
+void CheckActs(Parent& parent, const std::vector<ControlAct>& acts) {
+    for (const ControlAct& act : acts) {
+        act.act();
+        EXPECT_EQ(parent.Took(), act.told) << act.what;
+        EXPECT_EQ(parent.State(), act.state) << act.what;
+    }
+}

@@ -1,8 +1,6 @@
 // List boxes.
 #include "control_parent.h"
 
-#include <gtest/gtest.h>
-
 namespace {
 
 const ControlParent::Names kListCodes = {{LBN_SELCHANGE, "change"},
@@ -27,6 +25,11 @@ public:
             items += static_cast<char>(Send(LB_GETSEL, i) > 0 ? toupper(letter) : letter);
         }
         return items;
+    }
+    // The items, and in a list with multiple selection its caret.
+    std::string State() const {
+        const bool multiple = GetWindowLongPtrW(Control(), GWL_STYLE) & LBS_MULTIPLESEL;
+        return Items() + (multiple ? " " + std::to_string(Send(LB_GETCARETINDEX)) : "");
     }
     RECT RectOf(int item) const {
         RECT rect = {};
@@ -103,12 +106,7 @@ TEST(ListBox, SortsItsItems) {
 
 TEST(ListBox, WithSingleSelectionFollowsTheUser) {
     ListParent list(LBS_NOTIFY | WS_TABSTOP);
-    const struct {
-        const char* what;
-        std::function<void()> act;
-        const char* told;
-        const char* items;
-    } acts[] = {
+    const std::vector<ControlAct> acts = {
         {"click", [&] { list.ClickItem(1); }, "focus change", "aBcdef"},
         {"the same", [&] { list.ClickItem(1); }, "change", "aBcdef"},
         {"beside", [&] { list.Click(5, 98); }, "", "aBcdef"},
@@ -124,11 +122,7 @@ TEST(ListBox, WithSingleSelectionFollowsTheUser) {
         {"program", [&] { list.Send(LB_SETCURSEL, 4); }, "", "abcdEf"},
         {"program, none", [&] { list.Send(LB_SETCURSEL, static_cast<WPARAM>(-1)); }, "", "abcdef"},
     };
-    for (const auto& act : acts) {
-        act.act();
-        EXPECT_EQ(list.Took(), act.told) << act.what;
-        EXPECT_EQ(list.Items(), act.items) << act.what;
-    }
+    CheckActs(list, acts);
     EXPECT_EQ(list.Send(WM_GETDLGCODE), DLGC_WANTARROWS | DLGC_WANTCHARS);
     // Without LBS_NOTIFY only the focus is told.
     ListParent silent(0);
@@ -139,36 +133,25 @@ TEST(ListBox, WithSingleSelectionFollowsTheUser) {
 
 TEST(ListBox, WithMultipleSelectionFollowsTheUser) {
     ListParent list(LBS_NOTIFY | LBS_MULTIPLESEL);
-    const struct {
-        const char* what;
-        std::function<void()> act;
-        const char* told;
-        const char* items;
-        int caret;
-    } acts[] = {
-        {"click", [&] { list.ClickItem(1); }, "focus change", "aBcdef", 1},
-        {"another", [&] { list.ClickItem(3); }, "change", "aBcDef", 3},
-        {"again", [&] { list.ClickItem(1); }, "change", "abcDef", 1},
-        {"down", [&] { list.Press(VK_DOWN); }, "change", "abcDef", 2},
+    const std::vector<ControlAct> acts = {
+        {"click", [&] { list.ClickItem(1); }, "focus change", "aBcdef 1"},
+        {"another", [&] { list.ClickItem(3); }, "change", "aBcDef 3"},
+        {"again", [&] { list.ClickItem(1); }, "change", "abcDef 1"},
+        {"down", [&] { list.Press(VK_DOWN); }, "change", "abcDef 2"},
         {"space",
          [&] {
              list.Press(VK_SPACE);
              list.Took();
          },
-         "", "abCDef", 2},
-        {"program", [&] { list.Send(LB_SETSEL, TRUE, 5); }, "", "abCDeF", 5},
-        {"all", [&] { list.Send(LB_SETSEL, TRUE, -1); }, "", "ABCDEF", 5},
-        {"none", [&] { list.Send(LB_SETSEL, FALSE, -1); }, "", "abcdef", 5},
-        {"range", [&] { list.Send(LB_SELITEMRANGE, TRUE, MAKELPARAM(1, 3)); }, "", "aBCDef", 5},
-        {"range off", [&] { list.Send(LB_SELITEMRANGEEX, 3, 2); }, "", "aBcdef", 5},
-        {"caret", [&] { list.Send(LB_SETCARETINDEX, 2); }, "", "aBcdef", 2},
+         "", "abCDef 2"},
+        {"program", [&] { list.Send(LB_SETSEL, TRUE, 5); }, "", "abCDeF 5"},
+        {"all", [&] { list.Send(LB_SETSEL, TRUE, -1); }, "", "ABCDEF 5"},
+        {"none", [&] { list.Send(LB_SETSEL, FALSE, -1); }, "", "abcdef 5"},
+        {"range", [&] { list.Send(LB_SELITEMRANGE, TRUE, MAKELPARAM(1, 3)); }, "", "aBCDef 5"},
+        {"range off", [&] { list.Send(LB_SELITEMRANGEEX, 3, 2); }, "", "aBcdef 5"},
+        {"caret", [&] { list.Send(LB_SETCARETINDEX, 2); }, "", "aBcdef 2"},
     };
-    for (const auto& act : acts) {
-        act.act();
-        EXPECT_EQ(list.Took(), act.told) << act.what;
-        EXPECT_EQ(list.Items(), act.items) << act.what;
-        EXPECT_EQ(list.Send(LB_GETCARETINDEX), act.caret) << act.what;
-    }
+    CheckActs(list, acts);
     list.Send(LB_SETSEL, TRUE, 4);
     EXPECT_EQ(list.Send(LB_GETSELCOUNT), 2);
     int items[6] = {-1, -1, -1};
@@ -184,12 +167,7 @@ TEST(ListBox, WithMultipleSelectionFollowsTheUser) {
 
 TEST(ListBox, WithExtendedSelectionFollowsTheUser) {
     ListParent list(LBS_NOTIFY | LBS_EXTENDEDSEL);
-    const struct {
-        const char* what;
-        std::function<void()> act;
-        const char* told;
-        const char* items;
-    } acts[] = {
+    const std::vector<ControlAct> acts = {
         {"click", [&] { list.ClickItem(1); }, "focus change", "aBcdef"},
         {"to there", [&] { list.ClickItem(3, VK_SHIFT); }, "change", "aBCDef"},
         {"add", [&] { list.ClickItem(5, VK_CONTROL); }, "change", "aBCDeF"},
@@ -199,11 +177,7 @@ TEST(ListBox, WithExtendedSelectionFollowsTheUser) {
         {"more", [&] { list.Press(VK_DOWN, VK_SHIFT); }, "change", "abcDEf"},
         {"less", [&] { list.Press(VK_UP, VK_SHIFT); }, "change", "abcDef"},
     };
-    for (const auto& act : acts) {
-        act.act();
-        EXPECT_EQ(list.Took(), act.told) << act.what;
-        EXPECT_EQ(list.Items(), act.items) << act.what;
-    }
+    CheckActs(list, acts);
 }
 
 TEST(ListBox, ScrollsAndFindsPlaces) {

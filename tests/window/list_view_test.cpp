@@ -1,8 +1,6 @@
 // List views in report mode, with their headers.
 #include "control_parent.h"
 
-#include <gtest/gtest.h>
-
 namespace {
 
 const ControlParent::Names kViewCodes = {
@@ -76,7 +74,7 @@ public:
         return ListView_GetItem(Control(), &item) ? item.lParam : -1;
     }
     // The first letters of the items; capitals are selected, a point follows the focused one.
-    std::string Items() const {
+    std::string State() const {
         std::string items;
         for (int at = 0; at < ListView_GetItemCount(Control()); ++at) {
             const int letter = TextAt(at, 0)[0];
@@ -107,28 +105,13 @@ public:
     }
 };
 
-struct ViewAct {
-    const char* what;
-    std::function<void()> act;
-    const char* told;
-    const char* items;
-};
-
-void Check(ViewParent& view, const std::vector<ViewAct>& acts) {
-    for (const ViewAct& act : acts) {
-        act.act();
-        EXPECT_EQ(view.Took(), act.told) << act.what;
-        EXPECT_EQ(view.Items(), act.items) << act.what;
-    }
-}
-
 TEST(ListView, KeepsItsItems) {
     ViewParent view(0, "");
     EXPECT_EQ(view.Add(TEXT("beta"), 2), 0);
     EXPECT_EQ(view.Add(TEXT("alpha"), 1, 0), 0);
     EXPECT_EQ(view.Add(TEXT("gamma"), 3), 2);
     EXPECT_EQ(view.Took(), "insert0 insert0 insert2");
-    EXPECT_EQ(view.Items(), "abg");
+    EXPECT_EQ(view.State(), "abg");
     ListView_SetItemText(view.Control(), 1, 2, const_cast<LPWSTR>(TEXT("more")));
     EXPECT_EQ(view.TextAt(1, 2), TEXT("more"));
     EXPECT_EQ(view.TextAt(1, 1), TEXT(""));
@@ -147,7 +130,7 @@ TEST(ListView, KeepsItsItems) {
     view.Took();
     EXPECT_TRUE(ListView_SetItem(view.Control(), &item));
     EXPECT_EQ(view.DataAt(1), 22);
-    EXPECT_EQ(view.Items(), "aBg");
+    EXPECT_EQ(view.State(), "aBg");
     EXPECT_EQ(view.DataAt(3), -1);
 
     LVFINDINFOW find = {};
@@ -176,7 +159,7 @@ TEST(ListView, KeepsItsItems) {
     EXPECT_TRUE(ListView_DeleteItem(view.Control(), 0));
     EXPECT_FALSE(ListView_DeleteItem(view.Control(), 2));
     EXPECT_EQ(view.Took(), "delete0");
-    EXPECT_EQ(view.Items(), "Bg");
+    EXPECT_EQ(view.State(), "Bg");
     EXPECT_TRUE(ListView_DeleteAllItems(view.Control()));
     EXPECT_EQ(view.Took(), "deleteall-1 delete1 delete0");
     EXPECT_EQ(ListView_GetItemCount(view.Control()), 0);
@@ -233,7 +216,7 @@ TEST(ListView, KeepsItsColumns) {
 
 TEST(ListView, SelectsForProgramsAndTells) {
     ViewParent view(0);
-    Check(
+    CheckActs(
         view,
         {{"select", [&] { view.SetState(1, LVIS_SELECTED, LVIS_SELECTED); }, "changed1:>s", "aBcd"},
          {"the same", [&] { view.SetState(1, LVIS_SELECTED, LVIS_SELECTED); }, "", "aBcd"},
@@ -249,7 +232,7 @@ TEST(ListView, SelectsForProgramsAndTells) {
     };
     view.SetState(0, LVIS_SELECTED, LVIS_SELECTED);
     EXPECT_EQ(view.Took(), "");
-    EXPECT_EQ(view.Items(), "abc.d");
+    EXPECT_EQ(view.State(), "abc.d");
     view.handler = nullptr;
     view.SetState(0, LVIS_SELECTED, LVIS_SELECTED);
     view.SetState(3, LVIS_SELECTED, LVIS_SELECTED);
@@ -263,32 +246,32 @@ TEST(ListView, SelectsForProgramsAndTells) {
     ViewParent single(LVS_SINGLESEL);
     single.SetState(1, LVIS_SELECTED, LVIS_SELECTED);
     single.SetState(2, LVIS_SELECTED, LVIS_SELECTED);
-    EXPECT_EQ(single.Items(), "abCd");
+    EXPECT_EQ(single.State(), "abCd");
 }
 
 TEST(ListView, FollowsTheUser) {
     ViewParent view(LVS_SHOWSELALWAYS | WS_TABSTOP, "abcd", LVS_EX_FULLROWSELECT);
     EXPECT_EQ(view.Send(WM_GETDLGCODE), DLGC_WANTARROWS | DLGC_WANTCHARS);
-    Check(view, {{"click", [&] { view.ClickItem(1); }, "changed1:>fs focus click1", "aB.cd"},
-                 {"another", [&] { view.ClickItem(2); },
-                  "changed1:fs>f changed1:f> changed2:>fs "
-                  "click2",
-                  "abC.d"},
-                 {"add", [&] { view.ClickItem(0, VK_CONTROL); },
-                  "changed2:fs>s changed0:>fs click0", "A.bCd"},
-                 {"range", [&] { view.ClickItem(3, VK_SHIFT); },
-                  "changed1:>s changed3:>s changed0:fs>s changed3:s>fs click3", "ABCD."},
-                 {"beside", [&] { view.Click(240, 140); },
-                  "changed0:s> changed1:s> changed2:s> changed3:fs>f click-1", "abcd."},
-                 {"up", [&] { view.Press(VK_UP); }, "key changed3:f> changed2:>fs", "abC.d"},
-                 {"home", [&] { view.Press(VK_HOME); },
-                  "key changed2:fs>f changed2:f> changed0:>fs", "A.bcd"},
-                 {"more", [&] { view.Press(VK_DOWN, VK_SHIFT); },
-                  "key changed1:>s changed0:fs>s changed1:s>fs", "AB.cd"},
-                 {"letter", [&] { view.Press('D'); },
-                  "key changed0:s> changed1:fs>f changed1:f> changed3:>fs", "abcD."},
-                 {"enter", [&] { view.Press(VK_RETURN); }, "key return activate", "abcD."},
-                 {"leave", [&] { SetFocus(view.Window()); }, "kill", "abcD."}});
+    CheckActs(view, {{"click", [&] { view.ClickItem(1); }, "changed1:>fs focus click1", "aB.cd"},
+                     {"another", [&] { view.ClickItem(2); },
+                      "changed1:fs>f changed1:f> changed2:>fs "
+                      "click2",
+                      "abC.d"},
+                     {"add", [&] { view.ClickItem(0, VK_CONTROL); },
+                      "changed2:fs>s changed0:>fs click0", "A.bCd"},
+                     {"range", [&] { view.ClickItem(3, VK_SHIFT); },
+                      "changed1:>s changed3:>s changed0:fs>s changed3:s>fs click3", "ABCD."},
+                     {"beside", [&] { view.Click(240, 140); },
+                      "changed0:s> changed1:s> changed2:s> changed3:fs>f click-1", "abcd."},
+                     {"up", [&] { view.Press(VK_UP); }, "key changed3:f> changed2:>fs", "abC.d"},
+                     {"home", [&] { view.Press(VK_HOME); },
+                      "key changed2:fs>f changed2:f> changed0:>fs", "A.bcd"},
+                     {"more", [&] { view.Press(VK_DOWN, VK_SHIFT); },
+                      "key changed1:>s changed0:fs>s changed1:s>fs", "AB.cd"},
+                     {"letter", [&] { view.Press('D'); },
+                      "key changed0:s> changed1:fs>f changed1:f> changed3:>fs", "abcD."},
+                     {"enter", [&] { view.Press(VK_RETURN); }, "key return activate", "abcD."},
+                     {"leave", [&] { SetFocus(view.Window()); }, "kill", "abcD."}});
 }
 
 TEST(ListView, TellsOfDoubleClicksInOrder) {
@@ -296,10 +279,10 @@ TEST(ListView, TellsOfDoubleClicksInOrder) {
     const RECT rect = view.RectOf(1);
     view.DoubleClick(rect.left + 100, rect.top + 5);
     EXPECT_EQ(view.Took(), "changed1:>fs focus click1 double1 activate");
-    EXPECT_EQ(view.Items(), "aB.cd");
+    EXPECT_EQ(view.State(), "aB.cd");
     view.DoubleClick(rect.left + 100, 140); // on no item
     EXPECT_EQ(view.Took(), "changed1:fs>f click-1 double-1");
-    EXPECT_EQ(view.Items(), "ab.cd");
+    EXPECT_EQ(view.State(), "ab.cd");
 }
 
 TEST(ListView, HasCheckBoxes) {
@@ -333,14 +316,14 @@ TEST(ListView, Sorts) {
     view.SetState(1, LVIS_SELECTED | LVIS_FOCUSED, LVIS_SELECTED | LVIS_FOCUSED);
     view.Took();
     EXPECT_TRUE(ListView_SortItems(view.Control(), Backwards, 1));
-    EXPECT_EQ(view.Items(), "D.cba"); // what is selected moves along
+    EXPECT_EQ(view.State(), "D.cba"); // what is selected moves along
     EXPECT_TRUE(ListView_SortItems(view.Control(), Backwards, -1));
-    EXPECT_EQ(view.Items(), "abcD.");
+    EXPECT_EQ(view.State(), "abcD.");
     EXPECT_EQ(view.Took(), "");
     ViewParent up(LVS_SORTASCENDING, "bdac");
-    EXPECT_EQ(up.Items(), "abcd");
+    EXPECT_EQ(up.State(), "abcd");
     ViewParent down(LVS_SORTDESCENDING, "bdac");
-    EXPECT_EQ(down.Items(), "dcba");
+    EXPECT_EQ(down.State(), "dcba");
 }
 
 TEST(ListView, HasItsPlaces) {

@@ -1,8 +1,6 @@
 // Scroll bars.
 #include "control_parent.h"
 
-#include <gtest/gtest.h>
-
 namespace {
 
 TEST(ScrollBar, KeepsItsNumbersInLimits) {

@@ -1,8 +1,6 @@
 // Tab controls.
 #include "control_parent.h"
 
-#include <gtest/gtest.h>
-
 namespace {
 
 const ControlParent::Names kTabCodes = {
