@@ -181,8 +181,8 @@ HWND CreateMenuWindow(HMENU menu, HWND owner) {
 }
 
 int MenuItemAt(HWND window, POINT point) {
-    std::lock_guard guard(WindowLock());
     const auto menu = MenuOf(reinterpret_cast<HMENU>(SendMessageW(window, MN_GETHMENU, 0, 0)));
+    std::lock_guard guard(WindowLock());
     for (size_t i = 0; menu && i < menu->entries.size(); ++i) {
         const RECT& rect = menu->entries[i].rect;
         if (point.x >= rect.left && point.x < rect.right && point.y >= rect.top &&
@@ -193,8 +193,8 @@ int MenuItemAt(HWND window, POINT point) {
 }
 
 void HighlightMenuItem(HWND window, int position) {
-    std::lock_guard guard(WindowLock());
     const auto menu = MenuOf(reinterpret_cast<HMENU>(SendMessageW(window, MN_GETHMENU, 0, 0)));
+    std::lock_guard guard(WindowLock());
     for (size_t i = 0; menu && i < menu->entries.size(); ++i) {
         UINT& state = menu->entries[i].state;
         if (static_cast<int>(i) == position && !menu->entries[i].IsSeparator())
