@@ -33,6 +33,9 @@ private:
     uint64_t left_or_end_; // natively what is left, on Windows when it ends
 };
 
+// To be called when there is nothing but to wait for a timer.
+void LetTimePass();
+
 // Makes the screen that windows are made for finer or coarser than 96 dots per inch. Throws Fault
 // where the screen is a real one.
 void SetScreenResolution(int dpi);

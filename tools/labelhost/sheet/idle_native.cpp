@@ -26,6 +26,10 @@ WhenLoopsAreIdle::~WhenLoopsAreIdle() {
     win32host::UseRealTickCount();
 }
 
+void LetTimePass() {
+    win32host::SetTickCount(GetTickCount() + kStep);
+}
+
 Passing::Passing(uint32_t milliseconds)
     : left_or_end_(milliseconds) {}
 

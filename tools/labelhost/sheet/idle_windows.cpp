@@ -30,6 +30,8 @@ WhenLoopsAreIdle::~WhenLoopsAreIdle() {
 }
 
 // Time passes by itself.
+void LetTimePass() {}
+
 Passing::Passing(uint32_t milliseconds)
     : left_or_end_(GetTickCount64() + milliseconds) {}
 

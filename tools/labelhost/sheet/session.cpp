@@ -40,7 +40,7 @@ void Session::TakeTurn() {
     }
     const Topmost topmost = FindTopmost();
     // A driver that works shows nothing that a person could use.
-    if (!topmost) return;
+    if (!topmost) return LetTimePass();
     const bool sheet = InFrontOfSheet(topmost);
     if (HasVisit() && (sheet || first_page_ >= 0 || !plan_.has_script))
         Visit(topmost);
