@@ -69,6 +69,8 @@ typedef struct TEXTRANGEW {
 #define GT_SELECTION 2
 #define GTL_DEFAULT 0
 #define GTL_USECRLF 1
+#define GTL_PRECISE 2
+#define GTL_NUMCHARS 8 // as without GTL_NUMBYTES
 #define GTL_NUMBYTES 16
 
 #pragma pack(push, 4)
