@@ -80,8 +80,8 @@ typedef const PROPSHEETPAGEW* LPCPROPSHEETPAGEW;
 
 typedef int(CALLBACK* PFNPROPSHEETCALLBACK)(HWND sheet, UINT message, LPARAM parameter);
 
-// What the callback is told: the head of the sheet's dialog template (DLGTEMPLATE), whose styles and
-// place it may change; the sheet, before its first page is made.
+// What the callback is told: the head of the sheet's dialog template (DLGTEMPLATE), whose styles
+// and place it may change; the sheet, before its first page is made.
 #define PSCB_INITIALIZED 1
 #define PSCB_PRECREATE 2
 

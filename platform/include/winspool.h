@@ -415,11 +415,11 @@ BOOL WINAPI EnumPortsW(LPWSTR server, DWORD level, LPBYTE buffer, DWORD size, LP
 
 // Has the printer's driver (DrvDocumentPropertySheets) make document settings. Answers the size of
 // its DEVMODE if `mode` is 0, or `output` is null and nobody is to be asked. Otherwise, with
-// DM_OUT_BUFFER in `mode`, stores the settings in `output` and answers IDOK: the printer's defaults,
-// overridden by those of `input` with DM_IN_BUFFER. With DM_IN_PROMPT the user edits them in the
-// driver's property sheets first (compstui.h); IDCANCEL if the user cancels. The driver gets
-// `device`, or the printer's full name if that is null. -1 on failure: ERROR_INVALID_PARAMETER for an
-// `input` that is not a DEVMODE.
+// DM_OUT_BUFFER in `mode`, stores the settings in `output` and answers IDOK: the printer's
+// defaults, overridden by those of `input` with DM_IN_BUFFER. With DM_IN_PROMPT the user edits them
+// in the driver's property sheets first (compstui.h); IDCANCEL if the user cancels. The driver gets
+// `device`, or the printer's full name if that is null. -1 on failure: ERROR_INVALID_PARAMETER for
+// an `input` that is not a DEVMODE.
 LONG WINAPI DocumentPropertiesW(HWND parent, HANDLE printer, LPWSTR device, PDEVMODEW output,
                                 PDEVMODEW input, DWORD mode);
 

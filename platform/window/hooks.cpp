@@ -14,13 +14,10 @@ thread_local std::shared_ptr<const Hook> t_running;
 
 // The newest hook of a kind that is older than `newer` (null: the newest of all).
 std::shared_ptr<const Hook> HookBefore(const MessageQueue& queue, int kind, const Hook* newer) {
-    bool passed = newer == nullptr;
     for (auto i = queue.hooks.rbegin(); i != queue.hooks.rend(); ++i) {
-        if (!passed) {
-            // Handles grow: a hook that was taken away meanwhile still has its place.
-            passed = (*i)->handle < newer->handle;
-        }
-        if (passed && (*i)->kind == kind) return *i;
+        // Handles grow: a hook that was taken away meanwhile still has its place.
+        if (newer && (*i)->handle >= newer->handle) continue;
+        if ((*i)->kind == kind) return *i;
     }
     return nullptr;
 }

@@ -247,7 +247,7 @@ LRESULT ListBox::Add(LPARAM text, int at, bool sorted) {
 LRESULT ListBox::Delete(int at) {
     if (!items_.Has(at)) return LB_ERR;
     TellDeleted(at);
-    if (!items_.Has(at)) return LB_ERR;
+    if (at >= items_.Count()) return LB_ERR; // whoever was told may have deleted others
     items_.Erase(at);
     if (current_ == at)
         current_ = -1;

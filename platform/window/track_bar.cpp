@@ -175,8 +175,9 @@ void TrackBar::PlaceTicks() {
     // More than there are pixels would be one line.
     constexpr int64_t kMost = 10000;
     if ((int64_t{high_} - low_) / tick_distance_ > kMost) return;
-    for (int64_t tick = int64_t{low_} + tick_distance_; tick < high_; tick += tick_distance_)
-        ticks_.push_back(static_cast<int>(tick));
+    const int64_t first = static_cast<int64_t>(low_) + tick_distance_;
+    for (int64_t at = first; at < high_; at += tick_distance_)
+        ticks_.push_back(static_cast<int>(at));
     InvalidateRect(Self(), nullptr, FALSE);
 }
 

@@ -100,12 +100,13 @@ LRESULT UpDown::HandleNumbers(UINT message, WPARAM first, LPARAM second) {
         return SetPosition(static_cast<int>(second));
     case UDM_GETPOS: {
         const bool known = ReadBuddy();
-        return MAKELONG(position_, known ? 0 : 1);
+        return MAKELONG(Limited(position_), known ? 0 : 1);
     }
     case UDM_GETPOS32: {
         const bool known = ReadBuddy();
         if (second) *reinterpret_cast<BOOL*>(second) = !known;
-        return position_;
+        // The range may have been set after the position.
+        return Limited(position_);
     }
     case UDM_SETBUDDY:
         return SetBuddy(reinterpret_cast<HWND>(first));

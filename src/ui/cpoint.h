@@ -7,9 +7,11 @@
 
 struct CPoint : POINT {
     CPoint()
-        : POINT{0, 0} {}
-    CPoint(int32_t left, int32_t top)
-        : POINT{left, top} {}
+        : CPoint(0, 0) {}
+    CPoint(int32_t left, int32_t top) {
+        x = left;
+        y = top;
+    }
     // The position in the second parameter of a mouse message. Both parts have a sign.
     static CPoint OfMessage(LPARAM position) {
         return {static_cast<int16_t>(LOWORD(position)), static_cast<int16_t>(HIWORD(position))};

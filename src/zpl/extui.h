@@ -32,7 +32,6 @@ public:
     // The framework's pages, then those of ZPL II printers. Defined in zpl/pages/page_groups.cpp.
     int32_t AddPages(uint32_t groups) override;
 
-
     // 8192 KB, numbers 0 to 999, and all memories of the model.
     void GetCacheParameters(CacheParameters& parameters) const override;
 

@@ -138,6 +138,10 @@ TEST(UpDowns, AnswerForTheirNumbers) {
     plain.Ask(UDM_SETRANGE32, 0, 5000);
     plain.Ask(UDM_SETPOS32, 0, 1500);
     EXPECT_EQ(TextOf(plain.field), TEXT("1500"));
+    // A new range leaves the field as it is.
+    plain.Ask(UDM_SETRANGE32, 0, 1200);
+    EXPECT_EQ(plain.Ask(UDM_GETPOS32), 1200);
+    EXPECT_EQ(TextOf(plain.field), TEXT("1500"));
 }
 
 } // namespace
