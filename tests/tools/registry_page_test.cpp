@@ -140,6 +140,7 @@ protected:
         start(nullptr, nullptr, command, 0);
         FreeLibrary(monitor);
         SetWhatOnlyPeopleSet(registry);
+        SetWhatOnlyPagesSet(registry);
 
         // Data sent for a printer that is its own server is not taken by anyone.
         registry.SetByte("LOCAL:Printers/[PRINTER]/Shadow", 2);
@@ -191,6 +192,19 @@ protected:
         SCOLOR inks;
         inks.Init(Model().get());
         registry.SetBinary("Settings:Spot Color", &inks, sizeof inks);
+    }
+
+    // Pages keep these when the user has changed them.
+    static void SetWhatOnlyPagesSet(prtreg& registry) {
+        const int32_t widths[5] = {80, 80, 80, 80, 80};
+        registry.SetBinary("USERSETTINGS:Cache Contents/Column Widths", widths, sizeof widths);
+        registry.SetBinary("USERSETTINGS:Fonts/Column Widths", widths, sizeof widths);
+        registry.SetDWORD("USERSETTINGS:Fonts/View Type", 14);
+        registry.SetDWORD("USERSETTINGS:Fonts/Sort Column", 1);
+        registry.SetByte("USERSETTINGS:Fonts/Sort Reverse", 1);
+        OStringArray code_pages;
+        code_pages.Add("1250");
+        registry.SetMultiString("Settings:Additional Code Pages", code_pages);
     }
 };
 
