@@ -24,6 +24,16 @@ PROPSHEETPAGEW PlainDialog(prtui* ui) {
     return record;
 }
 
+// The help viewer is a component that a system may lack, so the module does not need it to be
+// loaded. It stays loaded: its window does not end with this call.
+void ShowHelpTopic(HWND owner, const OString& place) {
+    using ShowFunction = HWND(WINAPI*)(HWND owner, LPCWSTR place, UINT command, DWORD_PTR data);
+    const HMODULE viewer = LoadLibraryW(TEXT("hhctrl.ocx"));
+    const auto show = reinterpret_cast<ShowFunction>(
+        reinterpret_cast<void*>(viewer ? GetProcAddress(viewer, "HtmlHelpW") : nullptr));
+    if (show) show(owner, place.wstring(), HH_DISPLAY_TOPIC, 0);
+}
+
 } // namespace
 
 bool prtpage::InsertPage(prtui* ui, void* after, unsigned char mode, const OString& name,
@@ -97,7 +107,7 @@ void prtpage::ShowHelp(const OString& topic) {
     }
     OString place = ui_->locale.GetHelpFile();
     place << "::" << topic;
-    HtmlHelpW(window_, place.wstring(), HH_DISPLAY_TOPIC, 0);
+    ShowHelpTopic(window_, place);
 }
 
 void prtpage::ShowTextFile(const OString& path) {
