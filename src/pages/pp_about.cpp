@@ -22,6 +22,8 @@ void ppAbout::Init() {
     prtpage::Init();
     if (GetModel() && OString(GetModel()->GetOEM()) == kOwnBrand)
         EM_SetText(kCopyright, GetUI()->GetCopyright());
+    // The page shows the same whatever settings there are, and for those of no use to it, too.
+    if (!config_) Refresh(true);
 }
 
 void ppAbout::Refresh(bool) {

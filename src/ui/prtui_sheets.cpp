@@ -28,6 +28,9 @@ bool prtui::AddPropertyPage(const OString& name, DLGPROC procedure) {
 LONG prtui::TakeSheet(PROPSHEETUI_INFO* info, uint32_t groups) {
     sheet.Open(*info);
     Settle();
+    // What the pages show is not an edit of the user.
+    if (const DEVMODEW* settings = devmode.GetDevMode())
+        devmode_crc = CRC32(settings, uint32_t{settings->dmSize} + settings->dmDriverExtra, 0);
     AddPages(groups);
     AddAboutPage();
     sheet.ReadPages();

@@ -40,8 +40,9 @@ void RemoveHook() {
 LRESULT CALLBACK GeneralPageProc(HWND dialog, UINT message, WPARAM first, LPARAM second) {
     auto* const page = static_cast<GeneralPage*>(GetPropW(dialog, kPageProperty));
     if (!page) return DefDlgProcW(dialog, message, first, second);
-    if (message == WM_COMMAND && LOWORD(first) == kTestPageButton && HIWORD(first) == BN_CLICKED) {
-        PrtTest(page->ui, TestPattern::LABEL);
+    if (message == WM_COMMAND && LOWORD(first) == kTestPageButton) {
+        // The button has nothing else to say; the system never hears of it.
+        if (HIWORD(first) == BN_CLICKED) PrtTest(page->ui, TestPattern::LABEL);
         return 0;
     }
     const WNDPROC procedure = page->procedure;
