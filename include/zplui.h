@@ -411,6 +411,27 @@ ZPLUI_API void WINAPI X16_ImageDither_Dither(struct ImageDither* record);
 // 32767 as well; leaves the image alone if it cannot be made.
 ZPLUI_API void WINAPI X16_ImageDither_DitherSmooth(struct ImageDither* record);
 
+// ---- For the 16-bit driver ----------------------------------------------------------------------
+
+// Shows property sheets for the driver of a 16-bit system, in a process that the driver starts for
+// it (as by "rundll32 zplui.dll,X16_DocumentProperties CHANNEL"), and returns when they are closed.
+// The other arguments are not used.
+//
+// `channel` is the title of a window of the class "X16_Channel" that the driver has made; without
+// one, nothing is done. What to show is below the key X16\CHANNEL of the driver's machine-wide
+// settings: "Printer" (text); "DevMode 16" (binary, a DEVMODEA; the printer's own settings without
+// it); and three bytes, 0 if missing: "Default DevMode" (the printer's defaults are edited, and its
+// device pages are there as well), "Advanced Setup" (leaves the page setup out) and "Properties"
+// (the sheet of the printer, side by side with the driver's own sheet, instead of a sheet that
+// stands alone). For a sheet side by side, X16\Launch has "Template Count" and the 16-bit dialog
+// templates "Template0" and so on, of which the driver makes the tabs for the module's pages.
+//
+// The window is sent WM_USER + 1 at the start. Each time that changed settings are applied, they
+// are stored as "DevMode 32" (binary, a DEVMODEW) and WM_USER + 2 is posted, with whether they are
+// defaults. WM_USER + 3, with 2, is posted at the end, also if no sheet could be shown.
+ZPLUI_API void WINAPI X16_DocumentProperties(HWND window, HINSTANCE instance, char* channel,
+                                             int show);
+
 #ifdef __cplusplus
 }
 #endif

@@ -27,8 +27,10 @@ void SendActivate(HWND window, bool active, HWND other) {
 // A window that can take over from one that goes.
 HWND NextToActivate(HWND leaving) {
     const auto found = FindWindowObject(leaving);
-    if (found && found->owner && IsWindowVisible(found->owner) && IsWindowEnabled(found->owner))
-        return found->owner;
+    const auto owner = found ? FindWindowObject(found->owner) : nullptr;
+    if (owner && owner->queue == ThisQueue() && IsWindowVisible(owner->handle) &&
+        IsWindowEnabled(owner->handle))
+        return owner->handle;
     for (HWND top : ChildrenOf(nullptr)) {
         const auto other = FindWindowObject(top);
         if (top != leaving && other && other->queue == ThisQueue() && other->Has(WS_VISIBLE) &&
@@ -96,7 +98,8 @@ HWND WINAPI SetFocus(HWND window) {
         MoveFocus(nullptr);
         return before;
     }
-    if (!WindowOf(window)) return nullptr;
+    const auto wanted = WindowOf(window);
+    if (!wanted || wanted->queue != ThisQueue()) return nullptr;
     if (window == before) return before;
     // A window inside a disabled one cannot have it.
     for (HWND outer = window; outer;) {
@@ -118,7 +121,7 @@ HWND WINAPI GetActiveWindow() {
 HWND WINAPI SetActiveWindow(HWND window) {
     const HWND before = ThisQueue()->active;
     const auto found = window ? WindowOf(window) : nullptr;
-    if (window && (!found || found->IsChildWindow())) return nullptr;
+    if (window && (!found || found->IsChildWindow() || found->queue != ThisQueue())) return nullptr;
     if (found && found->Has(WS_DISABLED)) return before;
     Activate(window);
     return before;
@@ -131,7 +134,9 @@ HWND WINAPI GetForegroundWindow() {
 BOOL WINAPI SetForegroundWindow(HWND window) {
     const auto found = WindowOf(window);
     if (!found || found->IsChildWindow()) return FALSE;
-    if (found->queue == ThisQueue()) Activate(window);
+    if (found->queue != ThisQueue())
+        return DoInThread(found->queue, [=] { return LRESULT{SetForegroundWindow(window)}; }) != 0;
+    Activate(window);
     return TRUE;
 }
 

@@ -91,22 +91,20 @@ BOOL TakeFor(LPMSG message, HWND window, UINT first, UINT last, bool remove) {
     return TRUE;
 }
 
-LRESULT SendToOtherThread(const std::shared_ptr<Window>& window, UINT message, WPARAM first,
-                          LPARAM second) {
+// False if the thread has ended.
+bool Enqueue(MessageQueue& target, const std::shared_ptr<SentMessage>& sent) {
+    std::lock_guard guard(target.lock);
+    if (target.ended) return false;
+    target.sent.push_back(sent);
+    target.arrived.notify_all();
+    return true;
+}
+
+// Sends it and waits for the answer, doing meanwhile what others send to this thread.
+LRESULT SendToOtherThread(MessageQueue& target, const std::shared_ptr<SentMessage>& sent) {
     const std::shared_ptr<MessageQueue> own = ThisQueue();
-    auto sent = std::make_shared<SentMessage>();
-    sent->window = window->handle;
-    sent->message = message;
-    sent->first = first;
-    sent->second = second;
     sent->sender = own;
-    {
-        MessageQueue& target = *window->queue;
-        std::lock_guard guard(target.lock);
-        if (target.ended) return 0;
-        target.sent.push_back(sent);
-        target.arrived.notify_all();
-    }
+    if (!Enqueue(target, sent)) return 0;
     std::unique_lock guard(own->lock);
     for (;;) {
         own->arrived.wait(guard, [&] { return sent->done || !own->sent.empty(); });
@@ -118,6 +116,22 @@ LRESULT SendToOtherThread(const std::shared_ptr<Window>& window, UINT message, W
 }
 
 } // namespace
+
+LRESULT DoInThread(const std::shared_ptr<MessageQueue>& queue, std::function<LRESULT()> work) {
+    return Guarded(LRESULT(0), [&] {
+        auto sent = std::make_shared<SentMessage>();
+        sent->work = std::move(work);
+        return SendToOtherThread(*queue, sent);
+    });
+}
+
+void AskThread(const std::shared_ptr<MessageQueue>& queue, std::function<LRESULT()> work) {
+    Guarded(false, [&] {
+        auto sent = std::make_shared<SentMessage>();
+        sent->work = std::move(work);
+        return Enqueue(*queue, sent);
+    });
+}
 
 LRESULT CallWindow(HWND window, UINT message, WPARAM first, LPARAM second) {
     const auto found = WindowOf(window);
@@ -140,7 +154,14 @@ LRESULT WINAPI SendMessageW(HWND window, UINT message, WPARAM first, LPARAM seco
     const auto found = WindowOf(window);
     if (!found) return 0;
     if (found->queue == ThisQueue()) return CallWindow(window, message, first, second);
-    return SendToOtherThread(found, message, first, second);
+    return Guarded(LRESULT(0), [&] {
+        auto sent = std::make_shared<SentMessage>();
+        sent->window = window;
+        sent->message = message;
+        sent->first = first;
+        sent->second = second;
+        return SendToOtherThread(*found->queue, sent);
+    });
 }
 
 BOOL WINAPI PostMessageW(HWND window, UINT message, WPARAM first, LPARAM second) {

@@ -119,6 +119,13 @@ BOOL WINAPI InvalidateRect(HWND window, const RECT* rect, BOOL erase) {
     }
     const auto found = WindowOf(window);
     if (!found) return FALSE;
+    if (found->queue != ThisQueue()) {
+        const RECT area = rect ? *rect : RECT{};
+        AskThread(found->queue, [=, all = !rect] {
+            return LRESULT{InvalidateRect(window, all ? nullptr : &area, erase)};
+        });
+        return TRUE;
+    }
     if (found->draws && found->Has(WS_VISIBLE)) MarkForPaint(*found, rect, erase != FALSE);
     return TRUE;
 }

@@ -1,4 +1,5 @@
-// Where windows lie, and whether they show.
+// Where windows lie, and whether they show. Windows are changed by their own threads only; others
+// wait until that is done.
 #include "host/guarded.h"
 #include "window/focus.h"
 #include "window/frame.h"
@@ -113,6 +114,10 @@ int WINAPI MapWindowPoints(HWND from, HWND to, LPPOINT points, UINT count) {
 BOOL WINAPI SetWindowPos(HWND window, HWND after, int x, int y, int width, int height, UINT flags) {
     const auto found = WindowOf(window);
     if (!found) return FALSE;
+    if (found->queue != ThisQueue())
+        return DoInThread(found->queue, [=] {
+                   return LRESULT{SetWindowPos(window, after, x, y, width, height, flags)};
+               }) != 0;
     WINDOWPOS position = {window, after, x, y, width, height, flags};
     const RECT& rect = found->rect;
     if (flags & SWP_NOMOVE) {
@@ -189,6 +194,8 @@ BOOL WINAPI EndDeferWindowPos(HANDLE positions) {
 BOOL WINAPI ShowWindow(HWND window, int show) {
     const auto found = WindowOf(window);
     if (!found) return FALSE;
+    if (found->queue != ThisQueue())
+        return DoInThread(found->queue, [=] { return LRESULT{ShowWindow(window, show)}; }) != 0;
     const bool was_visible = found->Has(WS_VISIBLE);
     const bool visible = show != SW_HIDE;
     if (visible == was_visible) {
@@ -219,6 +226,8 @@ BOOL WINAPI IsWindowVisible(HWND window) {
 BOOL WINAPI EnableWindow(HWND window, BOOL enable) {
     const auto found = WindowOf(window);
     if (!found) return FALSE;
+    if (found->queue != ThisQueue())
+        return DoInThread(found->queue, [=] { return LRESULT{EnableWindow(window, enable)}; }) != 0;
     const bool was_disabled = found->Has(WS_DISABLED);
     if (!enable && !was_disabled) {
         SendMessageW(window, WM_CANCELMODE, 0, 0);

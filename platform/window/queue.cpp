@@ -38,6 +38,7 @@ struct QueueHolder {
             waiting.swap(queue->sent);
         }
         for (const auto& message : waiting) {
+            if (!message->sender) continue;
             std::lock_guard guard(message->sender->lock);
             message->done = true;
             message->sender->arrived.notify_all();
@@ -82,7 +83,10 @@ void MessageQueue::AnswerSent() {
             next = std::move(sent.front());
             sent.pop_front();
         }
-        const LRESULT answer = CallWindow(next->window, next->message, next->first, next->second);
+        const LRESULT answer =
+            next->work ? next->work()
+                       : CallWindow(next->window, next->message, next->first, next->second);
+        if (!next->sender) continue;
         std::lock_guard guard(next->sender->lock);
         next->answer = answer;
         next->done = true;

@@ -13,15 +13,16 @@
 
 namespace win32host {
 
-// A message that another thread waits for.
+// A message from another thread, or something else that it wants done here.
 struct SentMessage {
-    HWND window;
-    UINT message;
-    WPARAM first;
-    LPARAM second;
+    HWND window = nullptr;
+    UINT message = 0;
+    WPARAM first = 0;
+    LPARAM second = 0;
+    std::function<LRESULT()> work; // in place of the message
     LRESULT answer = 0;
-    bool done = false; // guarded by the sender's queue
-    std::shared_ptr<class MessageQueue> sender;
+    bool done = false;                          // guarded by the sender's queue
+    std::shared_ptr<class MessageQueue> sender; // waits for the answer; null: nobody does
 };
 
 struct Timer {
@@ -67,7 +68,7 @@ public:
     size_t windows_to_paint = 0;
     std::shared_ptr<const std::function<bool()>> user;
 
-    // Calls the windows that other threads have sent messages to.
+    // Does what other threads have sent.
     void AnswerSent();
 };
 
@@ -78,6 +79,11 @@ std::shared_ptr<MessageQueue> QueueOfThread(DWORD thread);
 
 // Calls a procedure of this thread's window, after the hooks.
 LRESULT CallWindow(HWND window, UINT message, WPARAM first, LPARAM second);
+
+// Does something in the thread of a queue, between its messages, and answers the result: 0 if the
+// thread has ended. AskThread does not wait.
+LRESULT DoInThread(const std::shared_ptr<MessageQueue>& queue, std::function<LRESULT()> work);
+void AskThread(const std::shared_ptr<MessageQueue>& queue, std::function<LRESULT()> work);
 
 // Tells the hooks of a kind, the newest first. False if there is none.
 bool CallHooks(int kind, int code, WPARAM first, LPARAM second, LRESULT* answer = nullptr);

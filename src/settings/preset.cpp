@@ -4,6 +4,7 @@
 #include <cstring>
 
 #include "core/crc.h"
+#include "settings/dev_mode_extent.h"
 
 namespace {
 
@@ -18,18 +19,6 @@ static_assert(sizeof(RecordHead) == 8);
 
 constexpr char kSignature[] = "DM32";
 constexpr char kSignatureOfAny[] = "DM";
-
-// The size of a DEVMODE in one of the layouts, by its own fields, or 0 if `size` bytes do not hold
-// it.
-template <class Layout>
-uint32_t SizeOf(const char* bytes, size_t size) {
-    if (size < offsetof(Layout, dmFields)) return 0;
-    uint16_t sizes[2]; // dmSize and dmDriverExtra
-    static_assert(offsetof(Layout, dmDriverExtra) == offsetof(Layout, dmSize) + sizeof sizes[0]);
-    std::memcpy(sizes, bytes + offsetof(Layout, dmSize), sizeof sizes);
-    const uint32_t whole = uint32_t{sizes[0]} + sizes[1];
-    return whole >= offsetof(Layout, dmFields) && whole <= size ? whole : 0;
-}
 
 } // namespace
 
@@ -47,7 +36,7 @@ DevMode Preset::GetDevMode() {
 }
 
 bool Preset::HoldDevMode(const char* bytes, size_t size) {
-    const uint32_t whole = bytes ? SizeOf<DEVMODEW>(bytes, size) : 0;
+    const uint32_t whole = bytes ? DevModeExtent<DEVMODEW>(bytes, size) : 0;
     dev_mode_.Assign(bytes, whole);
     return whole != 0 && dev_mode_.GetSize() == whole;
 }
@@ -125,8 +114,8 @@ bool Preset::Import(const OBuffer<char>& record, const prtmodel* model) {
     };
     const bool own = begins(kSignature);
     const bool of_16_bits = !own && begins(kSignatureOfAny);
-    if (own && SizeOf<DEVMODE32>(bytes, size) == 0) return false;
-    if (of_16_bits && SizeOf<DEVMODE16>(bytes, size) == 0) return false;
+    if (own && DevModeExtent<DEVMODE32>(bytes, size) == 0) return false;
+    if (of_16_bits && DevModeExtent<DEVMODE16>(bytes, size) == 0) return false;
 
     SetToDefaultDevMode(model);
     DevMode settings(reinterpret_cast<DEVMODEW*>(dev_mode_.GetData()));

@@ -1,6 +1,7 @@
 #include "ui/prt_prop_sheet.h"
 
 #include "spooler/driver_utility.h"
+#include "ui/page_list.h"
 #include "ui/prtui.h"
 
 prtPropSheet::~prtPropSheet() {
@@ -12,7 +13,7 @@ void prtPropSheet::Init(prtui* ui) {
     header_.dwSize = sizeof header_;
     header_.dwFlags = PSH_HASHELP;
     header_.hInstance = ui->locale.GetModule();
-    page_.dwSize = sizeof page_;
+    page_.dwSize = PROPSHEETPAGEW_V2_SIZE;
     page_.dwFlags = PSP_DLGINDIRECT | PSP_HASHELP;
     page_.hInstance = DriverUtility::GetModuleHandle();
     page_.lParam = reinterpret_cast<LPARAM>(ui);
@@ -20,6 +21,11 @@ void prtPropSheet::Init(prtui* ui) {
 
 bool prtPropSheet::AddPage(const OString& name, DLGPROC procedure) {
     return AddPageTemplate(ui_->locale.GetDialog(name, nullptr), procedure);
+}
+
+void prtPropSheet::AddPages(PageList& pages) {
+    for (int i = 0; i < pages.GetSize(); ++i) AddPage(pages.GetName(i), pages.GetProcedure(i));
+    pages.Clear();
 }
 
 bool prtPropSheet::AddPageTemplate(const void* dialog_template, DLGPROC procedure) {

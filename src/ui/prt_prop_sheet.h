@@ -10,6 +10,7 @@
 #include "core/oarray.h"
 #include "core/ostring.h"
 
+class PageList;
 class prtui;
 
 // Init, then AddPage for each page, then Display. Pages that were never displayed go with the
@@ -34,6 +35,8 @@ public:
     // the page.
     bool AddPage(const OString& name, DLGPROC procedure);
     bool AddPageTemplate(const void* dialog_template, DLGPROC procedure);
+    // Adds all pages of a list, which is empty then.
+    void AddPages(PageList& pages);
     int GetPageCount() const { return pages_.GetSize(); }
 
     // Runs the sheet until it is closed. 1 for OK, 2 for Cancel and without pages.

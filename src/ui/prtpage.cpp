@@ -3,6 +3,7 @@
 #include <cstring>
 
 #include "core/crc.h"
+#include "locale/text_numbers.h"
 #include "model/prtmodel.h"
 #include "ui/prtui.h"
 
@@ -41,7 +42,10 @@ void prtpage::Help() {
 
 bool prtpage::Apply() {
     if (!IsPropertyPage()) return true;
-    ui_->Apply();
+    if (!ui_->Apply() && ui_->channel16.GetWindow()) {
+        ReportNotStored(GetString(TEXT_DRIVER_SETTINGS));
+        return false;
+    }
     applied_crc_ = GetCurrentCRC32();
     return true;
 }

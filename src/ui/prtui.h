@@ -18,7 +18,9 @@
 #include "settings/preset_list.h"
 #include "settings/stock_list.h"
 #include "ui/activation_context.h"
+#include "ui/channel16.h"
 #include "ui/common_sheet.h"
+#include "ui/page_list.h"
 #include "ui/settings_file.h"
 #include "ui/version_info.h"
 
@@ -122,11 +124,16 @@ public:
     virtual int32_t AddPages(uint32_t groups);
     // Adds the page that every sheet ends with.
     bool AddAboutPage();
-    // Adds one page at the end, by the name of its template. False if there is none.
+    // Adds one page at the end, by the name of its template. False if there is none. Without winNT
+    // there is no sheet yet: the page is kept in `pages16`.
     bool AddPropertyPage(const OString& name, DLGPROC procedure);
     bool AddPage(const OString& name, DLGPROC procedure) {
         return AddPropertyPage(name, procedure);
     }
+
+    // Brings the settings into the form in which pages show them, which is no edit of the user's.
+    // To be called before pages are added; the calls below do it.
+    void BeginEditing();
 
     // Take over the sheet that the common property sheets make: the arguments of their call, and
     // the pages that it then has. From then on `info` keeps this object. Always 1. The sheet of a
@@ -147,8 +154,9 @@ public:
                          const DOCUMENTPROPERTYHEADER* header);
 
     // For the pages: Apply makes the edited settings those to return to and tells the sheet that
-    // the user is done; Cancel tells it that the user gave up. False if the sheet refuses, true
-    // outside of a sheet.
+    // the user is done; Cancel tells it that the user gave up. Without winNT, Apply also hands
+    // changed settings to the 16-bit driver. False if the sheet refuses, or if the settings could
+    // not be handed over, which the next Apply then tries again. True outside of a sheet.
     bool Apply();
     bool Cancel();
 
@@ -201,6 +209,10 @@ public:
     bool no_permission = false;
 
     CommonSheet sheet;
+
+    // Without winNT: the 16-bit driver that the settings go to, and the pages added so far.
+    Channel16 channel16;
+    PageList pages16;
 
     // Whether saved settings are sent to the printer's server.
     bool commit_shadow = true;

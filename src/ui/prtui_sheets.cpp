@@ -22,15 +22,19 @@ constexpr ULONG_PTR kPrinterIcon = 64082;
 } // namespace
 
 bool prtui::AddPropertyPage(const OString& name, DLGPROC procedure) {
+    if (!winNT) return pages16.Add(name, procedure);
     return prtpage::InsertPage(this, nullptr, INSPSUIPAGE_MODE_LAST_CHILD, name, procedure);
+}
+
+void prtui::BeginEditing() {
+    Settle();
+    if (const DEVMODEW* settings = devmode.GetDevMode())
+        devmode_crc = CRC32(settings, uint32_t{settings->dmSize} + settings->dmDriverExtra, 0);
 }
 
 LONG prtui::TakeSheet(PROPSHEETUI_INFO* info, uint32_t groups) {
     sheet.Open(*info);
-    Settle();
-    // What the pages show is not an edit of the user.
-    if (const DEVMODEW* settings = devmode.GetDevMode())
-        devmode_crc = CRC32(settings, uint32_t{settings->dmSize} + settings->dmDriverExtra, 0);
+    BeginEditing();
     AddPages(groups);
     AddAboutPage();
     sheet.ReadPages();
@@ -103,8 +107,9 @@ bool prtui::Apply() {
         const uint32_t crc =
             CRC32(settings, uint32_t{settings->dmSize} + settings->dmDriverExtra, 0);
         if (crc != devmode_crc) {
-            devmode_crc = crc;
             devmode.CopyTo(devmode_saved.GetDevMode());
+            if (!winNT && !channel16.Publish(*settings)) return false;
+            devmode_crc = crc;
         }
     }
     return sheet.SetResult(CPSUI_OK);
@@ -115,7 +120,7 @@ bool prtui::Cancel() {
 }
 
 bool prtui::is_default_dm() const {
-    return winNT && (fmode & (DM_UPDATE | kUserDefault)) != 0;
+    return winNT ? (fmode & (DM_UPDATE | kUserDefault)) != 0 : channel16.EditsDefaults();
 }
 
 uint32_t prtui::DeviceCapabilitiesW(WORD capability, unsigned char* output) const {

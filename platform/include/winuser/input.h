@@ -37,12 +37,14 @@
 #pragma GCC visibility push(default)
 WIN32HOST_BEGIN_C
 
-// The window of this thread that has the keyboard; SetFocus answers the one that had it.
+// The window of this thread that has the keyboard; SetFocus answers the one that had it. Windows of
+// other threads are refused with null.
 HWND WINAPI GetFocus();
 HWND WINAPI SetFocus(HWND window);
 HWND WINAPI GetActiveWindow();
 HWND WINAPI SetActiveWindow(HWND window);
 HWND WINAPI GetForegroundWindow();
+// Makes it the active one of its thread.
 BOOL WINAPI SetForegroundWindow(HWND window);
 HWND WINAPI GetCapture();
 HWND WINAPI SetCapture(HWND window);
