@@ -64,6 +64,7 @@ public:
         ++bytes_[count_];
     }
 
+    const std::vector<uint8_t>& Bytes() const { return bytes_; }
     LPCDLGTEMPLATEW Get() const { return reinterpret_cast<LPCDLGTEMPLATEW>(bytes_.data()); }
 
 private:
