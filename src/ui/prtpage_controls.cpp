@@ -1,4 +1,6 @@
 // prtpage: the controls of the page.
+#include <windows.h>
+
 #include <commctrl.h>
 
 #include "core/numbers.h"

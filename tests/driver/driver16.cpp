@@ -251,6 +251,9 @@ LRESULT CALLBACK Driver16::ChannelProcedure(HWND window, UINT message, WPARAM fi
         self.ended_with = first;
         ++self.ended;
         break;
+    case WM_APP:
+        ++self.probed_;
+        break;
     default:
         break;
     }
@@ -258,7 +261,7 @@ LRESULT CALLBACK Driver16::ChannelProcedure(HWND window, UINT message, WPARAM fi
 }
 
 LRESULT CALLBACK Driver16::ProbeProcedure(HWND window, UINT message, WPARAM first, LPARAM second) {
-    if (message == WM_APP) ++current->probed_;
+    if (message == WM_APP) PostMessageW(current->channel_, WM_APP, 0, 0);
     return DefWindowProcW(window, message, first, second);
 }
 

@@ -7,7 +7,6 @@
 #include <commctrl.h>
 #include <prsht.h>
 
-#include <atomic>
 #include <functional>
 #include <list>
 #include <string>
@@ -42,17 +41,17 @@ public:
     static HWND Tabs(HWND sheet);
     static HWND Page(HWND sheet);
     static std::string TextOf(HWND window);
-    // Lets the module handle everything that was posted to it.
+    // Lets the module handle everything that was posted to it, and handles what it posts.
     void LetItWork();
     // A sheet that the module shows, once it is there.
     HWND Await();
 
     // ---- What happened ----
 
-    std::atomic<int> started = 0, ended = 0, changed = 0; // messages to the channel
-    std::atomic<WPARAM> changed_defaults = 0, ended_with = 0;
-    std::atomic<int> applied = 0, asked_to_apply = 0, asked_to_close = 0; // of the sheet
-    std::vector<std::string> titles;                                      // of the templates
+    int started = 0, ended = 0, changed = 0; // messages to the channel
+    WPARAM changed_defaults = 0, ended_with = 0;
+    int applied = 0, asked_to_apply = 0, asked_to_close = 0; // of the sheet
+    std::vector<std::string> titles;                         // of the templates
 
 private:
     void Run();
@@ -73,8 +72,7 @@ private:
     std::function<void(Driver16&)> user_;
     HWND channel_ = nullptr, sheet_ = nullptr, probe_ = nullptr;
     WNDPROC sheet_procedure_ = nullptr;
-    std::atomic<int> probed_ = 0;
-    int focused_ = 0;
+    int probed_ = 0, focused_ = 0;
     bool closed_by_others_ = false;
     std::list<DialogBuilder> pages_;
     std::thread thread_;
