@@ -105,8 +105,11 @@ TEST_F(Bridge16, ShowsTwoSheetsAsOneAndAppliesAndClosesBothOnce) {
             EXPECT_EQ(GetFocus(), user.Tabs(sheet16));
 
             // Applied here, it is applied there, and the other way round.
+            user.Click(sheet16, Driver16::SHARING);
             SendMessageW(sheet16, PSM_APPLY, 0, 0);
             user.LetItWork();
+            EXPECT_EQ(user.Tab(sheet16), Driver16::SHARING);
+            EXPECT_TRUE(IsOver(sheet16, sheet32));
             EXPECT_EQ(user.applied, 1);
             EXPECT_EQ(user.changed, 1);
             EXPECT_EQ(user.asked_to_apply, 1) << "by the user";

@@ -3,6 +3,9 @@
 
 #include <gtest/gtest.h>
 
+#include <atomic>
+#include <functional>
+#include <future>
 #include <thread>
 
 namespace {
@@ -213,6 +216,45 @@ TEST(WindowHooks, SeeWhatIsSentAndMayGoWhileTheyRun) {
     EXPECT_EQ(g_hooked, "inner outer outer ");
     EXPECT_FALSE(UnhookWindowsHookEx(g_inner));
     EXPECT_TRUE(UnhookWindowsHookEx(g_outer));
+}
+
+TEST(WindowOfAnotherThread, IsChangedByThatThreadAndHasItsFocus) {
+    static std::atomic<DWORD> told_in;
+    std::promise<HWND> made;
+    std::thread other([&] {
+        WNDCLASSW window_class = {};
+        window_class.lpszClassName = TEXT("other thread's");
+        window_class.lpfnWndProc = [](HWND window, UINT message, WPARAM first, LPARAM second) {
+            if (message == WM_WINDOWPOSCHANGED || message == WM_ENABLE)
+                told_in = GetCurrentThreadId();
+            if (message == WM_DESTROY) PostQuitMessage(0);
+            return DefWindowProcW(window, message, first, second);
+        };
+        RegisterClassW(&window_class);
+        made.set_value(CreateWindowExW(0, window_class.lpszClassName, TEXT(""), WS_POPUP, 0, 0, 50,
+                                       50, nullptr, nullptr, nullptr, nullptr));
+        MSG message;
+        while (GetMessageW(&message, nullptr, 0, 0) > 0) DispatchMessageW(&message);
+    });
+    const HWND window = made.get_future().get();
+    const DWORD thread = GetWindowThreadProcessId(window, nullptr);
+    EXPECT_NE(thread, GetCurrentThreadId());
+    const std::function<void()> changes[] = {
+        [&] { SetWindowPos(window, nullptr, 7, 8, 0, 0, SWP_NOSIZE | SWP_NOZORDER); },
+        [&] { ShowWindow(window, SW_SHOW); }, [&] { EnableWindow(window, FALSE); }};
+    for (const auto& change : changes) {
+        told_in = 0;
+        change();
+        EXPECT_EQ(told_in, thread);
+    }
+    RECT place = {};
+    EXPECT_TRUE(GetWindowRect(window, &place) && place.left == 7 && place.top == 8);
+    EXPECT_TRUE(IsWindowVisible(window) && !IsWindowEnabled(window));
+    EXPECT_EQ(SetFocus(window), nullptr);
+    EXPECT_NE(GetFocus(), window);
+    EXPECT_NE(GetActiveWindow(), window);
+    PostMessageW(window, WM_CLOSE, 0, 0);
+    other.join();
 }
 
 } // namespace

@@ -84,7 +84,8 @@ HWND X16_Page32::FindSibling() const {
 
 void X16_Page32::SetActive() {
     Bind();
-    if (!sibling_.Exists()) return;
+    // Sheets also tell the current page so when they have applied; no tab was chosen then.
+    if (!sibling_.Exists() || sibling_.IsMarked(kApplying)) return;
     if (!own_.IsMarked(kInitialized)) Init();
     const bool tabs_had_focus = GetFocus() == own_.Tabs();
     sibling_.Select(own_.CurrentTab());
