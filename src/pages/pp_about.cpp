@@ -44,13 +44,18 @@ void ppAbout::Refresh(bool) {
 }
 
 bool ppAbout::Command(uint16_t id, uint16_t code, LPARAM) {
-    if (code == BN_CLICKED && id == kVersion && IsDeveloperCombination()) {
+    if (code != BN_CLICKED) return true;
+    switch (id) {
+    case kLicense:
+        ShowHelp("/base/License.html");
+        return false;
+    case kVersion:
+        if (!IsDeveloperCombination()) return true;
         ShowDevelopmentOptions(*this);
         return false;
+    default:
+        return true;
     }
-    if (code != BN_CLICKED || id != kLicense) return true;
-    ShowHelp("/base/License.html");
-    return false;
 }
 
 bool ppAbout::PaletteChange(UINT message, WPARAM first, LPARAM second) {
