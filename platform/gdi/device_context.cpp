@@ -1,5 +1,6 @@
 #include "gdi/device_context.h"
 
+#include "gdi/printed_text.h"
 #include "spooler/opened_printer.h"
 
 #include <winddiui.h>
@@ -245,6 +246,19 @@ bool DeviceContext::PatBlt(int x, int y, int width, int height, DWORD operation)
     const ROP4 rop = ((operation >> 16) & 0xFF) * 0x101u;
     return module_->bit_blt(&surface_, nullptr, nullptr, nullptr, nullptr, &area, nullptr, nullptr,
                             nullptr, nullptr, rop) != FALSE;
+}
+
+HGDIOBJ DeviceContext::SelectFont(HGDIOBJ handle) {
+    std::lock_guard guard(lock_);
+    auto font = FindGdi<Font>(handle);
+    if (!font) return nullptr;
+    font_ = std::move(font);
+    return std::exchange(font_handle_, handle);
+}
+
+bool DeviceContext::TextOut(int x, int y, const std::u16string& text) {
+    std::lock_guard guard(lock_);
+    return PrintText(*this, *font_, {x, y}, text);
 }
 
 void DeviceContext::Close() {

@@ -1,6 +1,7 @@
 // What a device context handle names: a printer with certain settings, and a document on it.
 #pragma once
 
+#include "gdi/font.h"
 #include "gdi/rendering_module.h"
 #include "host/handles.h"
 #include "spooler/driver_library.h"
@@ -35,6 +36,9 @@ public:
     int AbortDoc();
     int Escape(int escape, int input_size, LPCSTR input, int output_size, LPSTR output);
     bool PatBlt(int x, int y, int width, int height, DWORD operation);
+    // Selects a font. The handle of the one before, or null for other objects.
+    HGDIOBJ SelectFont(HGDIOBJ handle);
+    bool TextOut(int x, int y, const std::u16string& text);
     // Ends everything before the handle is closed.
     void Close();
 
@@ -56,6 +60,8 @@ private:
     std::shared_ptr<const DriverLibrary> driver_; // null: nobody is told
     std::shared_ptr<const RenderingModule> module_;
     SURFOBJ surface_ = {};
+    HGDIOBJ font_handle_ = GetStockObject(SYSTEM_FONT);
+    std::shared_ptr<Font> font_ = FindGdi<Font>(font_handle_);
     GDIINFO device_ = {};
     bool in_document_ = false;
     bool in_page_ = false;

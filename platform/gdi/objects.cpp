@@ -1,4 +1,5 @@
 // Pens and brushes, and what all objects have in common.
+#include "gdi/device_context.h"
 #include "gdi/drawing_context.h"
 
 #include <algorithm>
@@ -132,8 +133,13 @@ HBRUSH WINAPI CreateBrushIndirect(const LOGBRUSH* brush) {
 }
 
 HGDIOBJ WINAPI SelectObject(HDC dc, HGDIOBJ object) {
-    return WithDrawing(dc, HGDIOBJ{},
-                       [&](DrawingContext& context) { return context.SelectObject(dc, object); });
+    return Guarded(HGDIOBJ{}, [&] {
+        if (const auto printer = std::dynamic_pointer_cast<DeviceContext>(FindObject(dc)))
+            return printer->SelectFont(object);
+        return WithDrawing(dc, HGDIOBJ{}, [&](DrawingContext& context) {
+            return context.SelectObject(dc, object);
+        });
+    });
 }
 
 HGDIOBJ WINAPI GetCurrentObject(HDC dc, UINT type) {

@@ -1,4 +1,5 @@
 // Fonts and text.
+#include "gdi/device_context.h"
 #include "gdi/drawing_context.h"
 
 #include <algorithm>
@@ -259,9 +260,13 @@ BOOL WINAPI TextOutA(HDC dc, int x, int y, LPCSTR text, int length) {
 }
 
 BOOL WINAPI TextOutW(HDC dc, int x, int y, LPCWSTR text, int length) {
-    return WithDrawing(dc, FALSE, [&](DrawingContext& context) {
+    return Guarded(FALSE, [&] {
         if (!text || length < 0) return BadText();
-        return DrawPlain(context, x, y, std::u16string(text, static_cast<size_t>(length)));
+        const std::u16string all(text, static_cast<size_t>(length));
+        if (const auto printer = std::dynamic_pointer_cast<DeviceContext>(FindObject(dc)))
+            return BOOL{printer->TextOut(x, y, all)};
+        return WithDrawing(dc, FALSE,
+                           [&](DrawingContext& context) { return DrawPlain(context, x, y, all); });
     });
 }
 

@@ -109,13 +109,16 @@ INT_PTR FolderDialog::Handle(UINT message, WPARAM first, LPARAM second) {
         ShowFolder(folder_);
         Call(BFFM_INITIALIZED, 0);
         return TRUE;
-    case BFFM_SETSELECTIONW:
+    case BFFM_SETSELECTIONW: {
+        std::u16string folder;
         if (first && second)
-            ShowFolder(PathIn(folder_, reinterpret_cast<LPCWSTR>(second)));
+            folder = PathIn(folder_, reinterpret_cast<LPCWSTR>(second));
         else if (WCHAR path[MAX_PATH];
                  SHGetPathFromIDListW(reinterpret_cast<PCIDLIST_ABSOLUTE>(second), path))
-            ShowFolder(path);
+            folder = path;
+        if (IsFolder(folder)) ShowFolder(folder);
         return TRUE;
+    }
     case BFFM_ENABLEOK:
         EnableWindow(GetDlgItem(dialog_, IDOK), second != 0);
         return TRUE;

@@ -236,6 +236,13 @@ enum TextNumber : int {
     TEXT_ALL_FILES = 2330,
     TEXT_PRINTER_FILES = 2337,
 
+    // ---- The log and the recordings of a printer. Its title, that it needs the status monitor,
+    // the kind of file, and what is above recordings that could not be sent.
+    TEXT_LOGGING_NEEDS_MONITOR = 501,
+    TEXT_LOGGING = 502,
+    TEXT_LOG_FILES = 2336,
+    TEXT_RECORDINGS_NOT_SENT = 2338,
+
     // ---- Printer actions.
     TEXT_TEST_LABEL = 2401,
     TEXT_CHARACTER_TEST = 2404,

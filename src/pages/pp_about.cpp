@@ -1,6 +1,7 @@
 #include "pages/pp_about.h"
 
 #include "model/prtmodel.h"
+#include "pages/development/development_sheet.h"
 #include "ui/prtui.h"
 
 namespace {
@@ -9,12 +10,18 @@ constexpr int kLogo = 100;
 constexpr int kCopyright = 102;
 constexpr int kSymbol = 103;
 constexpr int kLicense = 110;
+constexpr int kVersion = 111;
 
 constexpr int kLogoBitmap = 901;
 constexpr int kSymbolBitmap = 902;
 
 // The maker's own brand, which shows the module's copyright; others have their own text.
 constexpr char kOwnBrand[] = "oqv";
+
+// The developers' secret, held while a button is pressed.
+bool IsDeveloperCombination() {
+    return GetKeyState(VK_CONTROL) < 0 && GetKeyState(VK_MENU) < 0 && GetKeyState(VK_SHIFT) < 0;
+}
 
 } // namespace
 
@@ -37,9 +44,18 @@ void ppAbout::Refresh(bool) {
 }
 
 bool ppAbout::Command(uint16_t id, uint16_t code, LPARAM) {
-    if (code != BN_CLICKED || id != kLicense) return true;
-    ShowHelp("/base/License.html");
-    return false;
+    if (code != BN_CLICKED) return true;
+    switch (id) {
+    case kLicense:
+        ShowHelp("/base/License.html");
+        return false;
+    case kVersion:
+        if (!IsDeveloperCombination()) return true;
+        ShowDevelopmentOptions(*this);
+        return false;
+    default:
+        return true;
+    }
 }
 
 bool ppAbout::PaletteChange(UINT message, WPARAM first, LPARAM second) {

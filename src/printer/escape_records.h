@@ -16,6 +16,7 @@ enum PrivateEscape : int {
     ESCAPE_WRITE_CACHE_SETTINGS = 15032,
     ESCAPE_CACHE_INFORMATION = 15033, // answers a KVCacheInformation, or its size without output
     ESCAPE_CACHE_ITEM_ACTION = 15034, // a KVCacheItemAction
+    ESCAPE_PERFORMANCE_TEST = 16001,  // a KVPerformanceTest; answers how many milliseconds it took
 };
 
 // A font in the printer's memory. Texts are 8-bit and zero-terminated. Fields without a name here
@@ -135,3 +136,10 @@ struct KVCacheItemInfo {
 static_assert(sizeof(KVCacheItemInfo) == 56);
 static_assert(offsetof(KVCacheItemInfo, size) == 16);
 static_assert(offsetof(KVCacheItemInfo, name) == 24);
+
+// A test of the rendering module's speed.
+struct KVPerformanceTest {
+    uint32_t test;   // 0 to 5
+    uint32_t repeat; // how many times it runs
+};
+static_assert(sizeof(KVPerformanceTest) == 8);

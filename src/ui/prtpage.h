@@ -139,6 +139,10 @@ public:
     void ShowTextFile(const OString& path);
     // Asks for a file and sends it to the printer unchanged.
     void SendFile();
+    // Opens the dialog for the printer's log and the recordings of its jobs. Without the status
+    // monitor, which has to serve the printer's port, the user is told that instead. Defined with
+    // the dialogs (pages/logging/log_options.cpp).
+    void ShowLogOptions();
     // Replaces the tokens in a control's text: {R} and {T} are the registered and trademark signs,
     // {C} the copyright sign with its years, which {C=2002} and {C=2002-2004} replace. Any other
     // letter with what follows it in braces vanishes.

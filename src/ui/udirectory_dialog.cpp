@@ -7,11 +7,22 @@
 
 #include "ui/udialog.h"
 
-bool UDirectoryDialog::Browse(const OString& text) {
+namespace {
+
+int CALLBACK ChooseFirstFolder(HWND dialog, UINT message, LPARAM, LPARAM folder) {
+    if (message == BFFM_INITIALIZED) SendMessageW(dialog, BFFM_SETSELECTIONW, TRUE, folder);
+    return 0;
+}
+
+} // namespace
+
+bool UDirectoryDialog::Browse(const OString& text, const OString& start) {
     BROWSEINFOW request = {};
     request.hwndOwner = owner_.GetWindow();
     request.lpszTitle = text.wstring();
     request.ulFlags = BIF_RETURNONLYFSDIRS;
+    request.lpfn = ChooseFirstFolder;
+    request.lParam = reinterpret_cast<LPARAM>(start.wstring());
     const PIDLIST_ABSOLUTE folder = SHBrowseForFolderW(&request);
     if (!folder) return false;
     WCHAR path[MAX_PATH] = {};

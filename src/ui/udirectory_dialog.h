@@ -10,9 +10,9 @@ public:
     explicit UDirectoryDialog(UDialog& owner)
         : owner_(owner) {}
 
-    // Shows the dialog with a text above the folders. True if the user chose a folder that has a
-    // path.
-    bool Browse(const OString& text);
+    // Shows the dialog with a text above the folders, and a folder chosen at first, or none if it
+    // does not exist. True if the user chose a folder that has a path.
+    bool Browse(const OString& text, const OString& start);
 
     const OString& GetPath() const { return path_; }
 

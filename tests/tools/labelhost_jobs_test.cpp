@@ -39,6 +39,32 @@ TEST_F(LabelhostJobs, ShowsWhatWasPrintedAndWhyItWaits) {
     EXPECT_EQ(Run({"jobs", "Nowhere"}).status, 1);
 }
 
+TEST_F(LabelhostJobs, HaveTextsAsRectangles) {
+    ASSERT_EQ(Run({"install", "Dock3", "--model", "Valdrick X4 300 dpi"}).status, 0);
+    const HDC dc = CreateDCW(TEXT("WINSPOOL"), TEXT("Dock3"), nullptr, nullptr);
+    const HFONT font = CreateFontW(100, 0, 0, 0, 0, 0, 0, 0, 0, 0, 0, 0, 0, TEXT("Arial"));
+    const HGDIOBJ before = SelectObject(dc, font);
+    const DOCINFOW info = {sizeof info, TEXT("Text"), nullptr, nullptr, 0};
+    StartDocW(dc, &info);
+    EXPECT_FALSE(TextOutW(dc, 0, 0, TEXT("I"), 1)) << "there is no page";
+    StartPage(dc);
+    EXPECT_TRUE(TextOutW(dc, 10, 200, TEXT(" "), 1));
+    EXPECT_TRUE(TextOutW(dc, 10, 400, TEXT("I"), 1));
+    EndPage(dc);
+    EndDoc(dc);
+    EXPECT_EQ(SelectObject(dc, before), font);
+    DeleteObject(font);
+    DeleteDC(dc);
+
+    const std::string job = BytesOf(RunJson({"jobs", "Dock3"})[0]["file"]);
+    const size_t blank = job.find("^FO10,200^GB");
+    const size_t letter = job.find("^FO10,400^GB");
+    ASSERT_TRUE(blank < letter && letter < job.size()) << job;
+    EXPECT_EQ(job.find("\n", blank) + 1, letter) << job;
+    EXPECT_EQ(job.find(",100,", letter), job.find(',', letter + 10)) << job;
+    EXPECT_NE(job.find("^FS\r\n^FO", letter), std::string::npos) << "there is no ink: " << job;
+}
+
 TEST_F(LabelhostJobs, PrintsPagesOfTheSizesThatTheDriverKnows) {
     ASSERT_EQ(Run({"install", "Dock3", "--model", "Valdrick X4 300 dpi"}).status, 0);
     const auto ask = [](WORD capability, void* output) {

@@ -1,6 +1,7 @@
 // The page on the registry names all that the driver stores or looks for there, and nothing else.
 
 #include <algorithm>
+#include <fstream>
 #include <memory>
 #include <new>
 #include <regex>
@@ -50,6 +51,7 @@ std::vector<Name> NamesOf(const std::string& text) {
                 name = front + name.substr(4);
             } else {
                 name = std::regex_replace(name, std::regex("::"), ":");
+                name = std::regex_replace(name, std::regex("//"), "/");
                 name = std::regex_replace(name, std::regex(R"([.()\[\]])"), "\\$&");
                 name = std::regex_replace(name, std::regex(R"(\\\[PRINTER\\\])"), "[^/]+");
                 name = std::regex_replace(name, std::regex("\\b(NAME|KEY)\\b|OEM"), "[^/]+");
@@ -70,9 +72,11 @@ std::string Symbolic(const std::string& path) {
         {".*/PrinterDriverData/Model/", "MODEL:"},
         {".*/PrinterDriverData/Downloaded Fonts/", "FONTS:"},
         {".*/PrinterDriverData/Presets/", "PRESETS:"},
+        {".*/PrinterDriverData/Development/", "DEBUG:"},
         {".*/PrinterDriverData/", "DATA:"},
         {".*/PRINT:/", nullptr},
         {"(HKLM/SOFTWARE/Valdrick/Drivers|.*/LOCAL:)/Paper Sizes/", "STOCK:"},
+        {"HKLM/SOFTWARE/Valdrick/Drivers/Global Settings/", "GLOBAL:"},
         {"(HKLM/SOFTWARE/Valdrick/Drivers|.*/LOCAL:)/", "LOCAL:"},
         {"(HKCU/SOFTWARE/Valdrick/Drivers|.*/USER:)/Printers/[^/]+/Settings/", "USERSETTINGS:"},
         {"(HKCU/SOFTWARE/Valdrick/Drivers|.*/USER:)/", "USER:"},
@@ -217,6 +221,9 @@ TEST_F(RegistryPage, NamesEveryValueAndNoOther) {
     On(story + "/warehouse", {"upgrade", "Dock1"});
     On(story + "/warehouse", {"fonts", "add", "Dock1", "DejaVu Sans", "--bitmap", "12"});
     On(story + "/office", {"document", "\\\\WAREHOUSE\\Dock1"});
+    std::ofstream(story + "/script") << "page \"About\"\nclick 111 CTRL+ALT+SHIFT\n"
+                                        "page \"Output\"\npage \"Monitor\"\nok\nok\n";
+    On(story + "/warehouse", {"sheet", "Dock1", "--device", "--run", story + "/script"});
     UseTheRest();
     win32host::SetRoot(story + "/office");
     NetworkPolicy("\\\\WAREHOUSE\\Dock1").SetNetworkSharing(true);

@@ -89,7 +89,7 @@ HGDIOBJ WINAPI GetStockObject(int number);
 
 // Makes a pen, brush, font or bitmap the current one and answers the previous one. A region is
 // copied as the clipping region, and the answer is what it is like. Bitmaps can be selected into
-// memory contexts only, and into one at a time. Null on failure.
+// memory contexts only, and into one at a time. Printers take fonts only. Null on failure.
 HGDIOBJ WINAPI SelectObject(HDC dc, HGDIOBJ object);
 // The current OBJ_PEN, OBJ_BRUSH, OBJ_PAL, OBJ_FONT or OBJ_BITMAP.
 HGDIOBJ WINAPI GetCurrentObject(HDC dc, UINT type);

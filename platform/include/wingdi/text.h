@@ -49,7 +49,8 @@ BOOL WINAPI GetTextExtentExPointW(HDC dc, LPCWSTR text, int length, int width, L
 BOOL WINAPI GetCharWidth32W(HDC dc, UINT first, UINT last, LPINT widths);
 
 // Draws the text in its cell, whose place the alignment says. Smooth, except on bitmaps in two
-// colours.
+// colours. On printers, for which there is only TextOutW, it is black on white and begins at the
+// point.
 BOOL WINAPI TextOutA(HDC dc, int x, int y, LPCSTR text, int length);
 BOOL WINAPI TextOutW(HDC dc, int x, int y, LPCWSTR text, int length);
 // `distances`, if not null, has the width of each character's cell.

@@ -10,7 +10,8 @@ enum : uint16_t {
     kConfigureMenu = 613,
     kAdministration = 614,
     kStatusMonitor = 615,
-    kObjectCache = 616
+    kObjectCache = 616,
+    kLogging = 617
 };
 
 // The identifier of a menu item is its action with these bits.
@@ -125,6 +126,10 @@ bool ppTools::Command(uint16_t id, uint16_t code, LPARAM value) {
         return false;
     }
     if (code != BN_CLICKED) return prtpage::Command(id, code, value);
+    if (id == kLogging) {
+        ShowLogOptions();
+        return false;
+    }
     for (const auto& button : kActionButtons) {
         if (button.button != id) continue;
         PrinterAction(button.action);
