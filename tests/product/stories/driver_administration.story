@@ -1,5 +1,6 @@
 # The settings of a printer: who may change them, who shares them, and files that have them.
 install Gate --model "Valdrick R4 RFID"
+upgrade Gate
 registry set "HKLM\SYSTEM\CurrentControlSet\Control\Print\Printers\Gate\PrinterDriverData\Settings" "Local Access Level" 3 02000000
 registry set "HKLM\SYSTEM\CurrentControlSet\Control\Print\Printers\Gate\PrinterDriverData\Settings" "Network Access Level" 3 01000000
 registry dump "HKLM\SYSTEM\CurrentControlSet\Control\Print\Printers\Gate"
