@@ -4,7 +4,7 @@
 // A line is empty, a comment (#), a step, or an expectation (=). "..." keeps blanks, as in scripts
 // for property sheets.
 //
-//   install PRINTER --model "NAME" ...      steps are labelhost commands; all of them take --json
+//   install PRINTER --model "NAME" ...      steps are labelhost commands, told as JSON
 //   sheet PRINTER --defaults                and this one plays the indented lines after it:
 //     click 391
 //     state named
