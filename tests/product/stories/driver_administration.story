@@ -69,7 +69,7 @@ sheet Gate --device
   click 600
   state
   = {"window": "file", "filters": ["Driver settings (*.kds)", "Settings of older drivers (*.kfm;*.kbf;*.kpr;*.kdm)"]}
-  file "$FILES\\sizes.kds" "$FILES\\part.kds"
+  file "sizes.kds" "part.kds"
   state
   = {"title": "Settings Imported", "text": "Driver settings: No\r\nLabel sizes: 31\r\nPresets: 0\r\nBar code fonts: 0\r\nRFID fonts: 9\r\n"}
   answer OK
@@ -94,7 +94,7 @@ sheet Gate --device
   = 626 {"text": "203"}
   page #0
   click 600
-  file "$FILES\\options.kds" "$FILES\\sizes.kds"
+  file "options.kds" "sizes.kds"
   state
   = {"text": "Driver settings: Yes\r\nLabel sizes: 2\r\nPresets: 0\r\nBar code fonts: 0\r\nRFID fonts: 0\r\n"}
   answer OK
