@@ -109,6 +109,8 @@ sheet Gate --device
   = {"apply": false}
   cancel
   cancel
+registry dump "HKLM\SYSTEM\CurrentControlSet\Control\Print\Printers\Gate\PrinterDriverData\Settings"
+= {"/values/Local Access Level/data": "02000000", "/values/Network Access Level/data": "02000000"}
 settings export Gate $DIR/all.kds
 = {"/written/stocks": 30, "/written/presets": 3, "/written/barcode-fonts": 22, "/written/rfid-fonts": 9, "/written/options": 1}
 

@@ -4,10 +4,12 @@ upgrade Dock3
 document Dock3
 = same "defaults"
 
+registry set "HKCU\SOFTWARE\Valdrick\Drivers\Printers\Dock3\Settings" "Measurement System" 3 01000000
 file a.prn
   ^XA^XZ
 
-# Sequences of the escape character are red.
+# Sequences of the escape character are red, at the latest when it is chosen: Wine's control does not
+# tell when protected text is typed over.
 sheet Dock3
   click 506
   state
@@ -20,14 +22,15 @@ sheet Dock3
   type 494 "^"
   state
   = {"apply": true}
-  = 494 {"colors": [[0, 1, "e00000"]]}
   type 494 ""
   state
   = {"apply": false}
   type 494 "^XA^<ESC>^#1B^?C:\\a.prn"
+  choose 622 " ^"
   state
   = 494 {"text": "^XA^<ESC>^#1B^?C:\\a.prn", "colors": [[0, 2, "e00000"], [2, 3, "000000"], [3, 23, "e00000"]]}
   type 494 "a^\n^<E^#\n^b\n~c"
+  choose 622 " ^"
   state
   = 494 {"text": "a^\r\n^<E^#\r\n^b\r\n~c", "colors": [[0, 1, "000000"], [1, 2, "e00000"], [2, 3, "000000"], [3, 8, "e00000"], [8, 9, "000000"], [9, 11, "e00000"], [11, 14, "000000"]]}
   choose 622 " ~"
