@@ -168,6 +168,19 @@ sheet Dock3 --out $DIR/options
 document Dock3 --in $DIR/options
 = {"/public/dmCopies": 3, "/configuration/flags": 16, "/configuration/option_length": 10000}
 
+# The option is not for pictures that the printer itself dithers.
+document Dock3 --set flags=16 --set dither.algorithm=5 --set dither.flags=0 --out $DIR/device
+sheet Dock3 --in $DIR/device
+  click 506
+  page #1
+  state
+  = {"apply": false}
+  = 499 {"checked": 1, "enabled": false}
+  = 500 {"enabled": false}
+  = 501 {"enabled": false}
+  cancel
+  cancel
+
 # A limit of copies that the printer has can be lifted.
 install Small --model "Valdrick P4 PPLZ"
 upgrade Small
