@@ -7,6 +7,7 @@
 
 #include <cstdlib>
 #include <filesystem>
+#include <map>
 #include <set>
 #include <thread>
 
@@ -108,7 +109,7 @@ private:
             printers_.insert(words.at(1));
             for (size_t i = 2; i + 1 < words.size(); ++i)
                 if (words[i] == "--model") models_.insert(words[i + 1]);
-        } else if (verb != "connect") {
+        } else if (verb != "connect" && verb != "upgrade") {
             words.push_back("--json");
         }
         if (is_sheet && !step.text.empty()) {
@@ -136,7 +137,16 @@ private:
         ADD_FAILURE_AT(file_.c_str(), line) << what;
     }
 
-    void Compare(const Expectation& expected, const Json& answer) const {
+    void CompareWithKept(const Expectation& expected, const Json& answer) {
+        const Json& kept =
+            kept_.try_emplace(expected.value.get<std::string>(), answer).first->second;
+        if (kept != answer)
+            Fail(expected.line, "this has changed: " + Json::diff(kept, answer).dump());
+    }
+
+    void Compare(const Expectation& expected, const Json& answer) {
+        if (expected.state < 0 && expected.control == "same")
+            return CompareWithKept(expected, answer);
         if (expected.state < 0) {
             for (const auto& [pointer, value] : expected.value.items()) {
                 const Json::json_pointer at(pointer);
@@ -151,6 +161,7 @@ private:
             return;
         }
         const Json* shown = &answer["states"][index];
+        if (expected.control == "same") return CompareWithKept(expected, *shown);
         if (!expected.control.empty()) shown = ControlOf(*shown, expected.control);
         if (!shown)
             Fail(expected.line, "there is no control " + expected.control);
@@ -175,6 +186,7 @@ private:
 
     std::string file_;
     std::set<std::string> printers_, models_, variables_;
+    std::map<std::string, Json> kept_; // answers that later ones must be like
     std::unique_ptr<EmulatorServer> emulator_;
     std::thread serving_;
 };

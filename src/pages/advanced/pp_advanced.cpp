@@ -118,7 +118,10 @@ bool ppAdvanced::Command(uint16_t id, uint16_t code, LPARAM value) {
         return false;
     case COMMANDS:
         // Some controls tell of an update only when they paint themselves.
-        if (code == EN_UPDATE || code == EN_CHANGE) Current() = commands_.GetText();
+        if (code == EN_UPDATE || code == EN_CHANGE) {
+            Current() = commands_.GetText();
+            WM_SetChanged(CheckChanged());
+        }
         if (code == EN_CHANGE && protected_touched_) Highlight();
         break;
     default:
@@ -205,9 +208,11 @@ void ppAdvanced::SetFormatOf(TextRange range, COLORREF color) {
 
 bool ppAdvanced::Apply() {
     for (int i = 0; i < prtconfig::USER_COMMANDS; ++i) config_->set_user(sequences_[i], i);
+    const bool is_new = escape_ != settings_.GetEscapeCharacter();
     settings_.SetEscapeCharacter(escape_);
     settings_.Save(registry_);
-    if (settings_.HasFailed()) {
+    // Users who may not change the printer can still store their document's commands.
+    if (is_new && settings_.HasFailed()) {
         ReportNotStored(GetString(TEXT_DRIVER_SETTINGS));
         return false;
     }

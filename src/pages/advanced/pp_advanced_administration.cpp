@@ -183,6 +183,7 @@ int ppAdvancedAdministration::GetSettingsFilter() const {
 void ppAdvancedAdministration::Export() {
     UFileDialog dialog(*this, registry_, TEXT_SETTINGS_FILES);
     dialog.AddFilter(TEXT_SETTINGS_FILTER, "*.kds");
+    dialog.SetExtension("kds");
     if (!dialog.Browse(UFileDialog::SAVE)) return;
     KDSettingsResult result = {};
     ui_->Settings_Export(dialog.GetPath().wstring(), GetSettingsFilter(), &result);

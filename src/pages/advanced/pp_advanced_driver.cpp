@@ -86,10 +86,12 @@ bool ppAdvancedDriver::Apply() {
     config_->flags = static_cast<uint16_t>(flags);
     config_->option_length = option_length_;
     devmode_.SetCopies(copies_);
+    const bool is_new = no_copies_limit_ != settings_.GetDisableCopiesLimit();
     settings_.SetDisableCopiesLimit(no_copies_limit_);
     settings_.Save(registry_);
     GetModel()->FlushDataCache();
-    if (settings_.HasFailed()) {
+    // Users who may not change the printer can still store their document's options.
+    if (is_new && settings_.HasFailed()) {
         ReportNotStored(GetString(TEXT_DRIVER_SETTINGS));
         return false;
     }

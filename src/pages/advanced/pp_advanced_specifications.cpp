@@ -253,7 +253,9 @@ bool ppAdvancedSpecifications::Apply() {
     // Values that do not count are not kept.
     if (!settings_.OverrideSpecifications()) registry_.Delete(kSpecifications, false);
     GetModel()->FlushDataCache();
-    if (registry_.HasFailed() || settings_.HasFailed()) {
+    values_changed_ = true; // the model has others now
+    // Users who may not change the printer only looked.
+    if (CheckChanged() && (registry_.HasFailed() || settings_.HasFailed())) {
         ReportNotStored(GetString(TEXT_SPECIFICATIONS));
         return false;
     }

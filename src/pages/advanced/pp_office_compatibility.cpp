@@ -105,7 +105,8 @@ bool ppOfficeCompatibility::Apply() {
     registry_.SetMultiString(kAdditionalCodePages, code_pages_);
     settings_.Save(registry_);
     GetModel()->FlushDataCache();
-    if (registry_.HasFailed() || settings_.HasFailed()) {
+    // Users who may not change the printer only looked.
+    if (!IsRestricted() && (registry_.HasFailed() || settings_.HasFailed())) {
         ReportNotStored(GetString(TEXT_DRIVER_SETTINGS));
         return false;
     }

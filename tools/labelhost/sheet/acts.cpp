@@ -166,9 +166,14 @@ void Hands::Type(const Act& act, const Topmost& topmost) {
     if (GetFocus() != field) SetFocus(field);
     SendMessageW(field, EM_SETSEL, 0, -1);
     if (act.text.empty()) SendMessageW(field, WM_KEYDOWN, VK_DELETE, 1);
+    // A rich edit takes a line break from the key, other fields take it from the character.
+    const bool by_key = IsOfClass(field, "RichEdit20W");
     for (const WCHAR unit : ToWide(act.text)) {
         if (!IsWindow(field) || Interrupted(number)) return;
-        SendMessageW(field, WM_CHAR, static_cast<WPARAM>(unit == '\n' ? '\r' : unit), 1);
+        if (unit == '\n' && by_key)
+            SendMessageW(field, WM_KEYDOWN, VK_RETURN, 1);
+        else
+            SendMessageW(field, WM_CHAR, static_cast<WPARAM>(unit == '\n' ? '\r' : unit), 1);
     }
 }
 
