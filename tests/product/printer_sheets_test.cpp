@@ -125,15 +125,3 @@ cancel
     const Json later = Sheet("document", "state list\ncancel\n");
     EXPECT_EQ(Control(State(later, "list"), 514)["items"].size(), items.size() - 2);
 }
-
-TEST_F(PrinterSheets, PrintTheTestLabelAndShowHelp) {
-    Install("Dock3", "Valdrick X4 300 dpi");
-    const Json told = Sheet("device", "click 3007\npage \"About\"\nclick 110\nhelp\nok\n");
-    ASSERT_EQ(told["acts"].size(), 2u);
-    EXPECT_EQ(told["acts"][0]["kind"], "help");
-    EXPECT_EQ(told["acts"][0]["parameters"], "/base/License.html");
-    EXPECT_EQ(told["acts"][1]["parameters"], "/base/Introduction.html");
-    const Json jobs = RunJson({"jobs", "Dock3"});
-    ASSERT_EQ(jobs.size(), 1u);
-    EXPECT_EQ(jobs[0]["name"], "Printer Test");
-}
