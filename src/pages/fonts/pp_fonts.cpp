@@ -2,10 +2,12 @@
 
 #include <memory>
 
+#include "fonts/data_font_bar_code.h"
 #include "fonts/data_font_rfid.h"
 #include "fonts/font_sender.h"
 #include "locale/text_numbers.h"
 #include "pages/fonts/cf_fdown.h"
+#include "pages/fonts/pp_bar_font_edit.h"
 #include "pages/fonts/pp_rfid_font_edit.h"
 #include "ui/prtui.h"
 
@@ -178,11 +180,9 @@ void ppFonts::ShowProperties() {
 void ppFonts::PrepareMenus() {
     for (UMenu* const menu : {&menus_, &list_.GetMenu()})
         menu->Enable(kRemoveFonts, list_.GetSelectedCount() > 0);
-    // There is no editor for bar code fonts yet.
-    menus_.Enable(kAddBarCodeFont, false);
     const Entry* const only = OnlySelected();
     for (UMenu* const menu : {&menus_, &list_.GetMenu()})
-        menu->Enable(kEditFont, only && only->kind == RFID);
+        menu->Enable(kEditFont, only && only->data);
     menus_.Enable(kAddRFIDFont, GetModel()->HasRFID());
     const bool can_download = GetModel()->CanDownloadFont();
     menus_.Enable(kDownloadFont, can_download);
@@ -225,6 +225,9 @@ bool ppFonts::Command(uint16_t id, uint16_t code, LPARAM value) {
         return false;
     }
     switch (id) {
+    case kAddBarCodeFont:
+        AddBarCodeFont();
+        return false;
     case kAddRFIDFont:
         AddRFIDFont();
         return false;
@@ -270,29 +273,44 @@ void ppFonts::ToggleKind(View kind) {
     list_changed_ = true;
 }
 
-bool ppFonts::EditRFIDFont(DataFont& font) {
+bool ppFonts::EditDataFont(DataFont& font) {
     ui_->edit_data_font = &font;
-    const int answer = DialogModal("*:FONTS/^RFID", ppRFIDFontEdit::WinProc);
+    const int answer = font.IsRFID() ? DialogModal("*:FONTS/^RFID", ppRFIDFontEdit::WinProc)
+                                     : DialogModal("*:FONTS/^BARCODE", ppBarFontEdit::WinProc);
     ui_->edit_data_font = nullptr;
     if (answer != OK_BUTTON) return false;
     list_changed_ = true; // it may have taken the place of another font
     return true;
 }
 
+void ppFonts::AddFont(DataFont* font, View kind) {
+    std::unique_ptr<DataFont> owner(font);
+    if (!font || !EditDataFont(*font)) return;
+    ui_->data_fonts.AddTail(owner.release());
+    ShowKind(kind);
+}
+
+void ppFonts::AddBarCodeFont() {
+    const Entry* const only = OnlySelected();
+    auto* const font = new (kCounted) DataFont_BarCode;
+    if (!font) return;
+    if (only && only->kind == BAR_CODES)
+        *font = *static_cast<const DataFont_BarCode*>(only->data);
+    else
+        font->init(GetModel()->GetXResolution());
+    AddFont(font, BAR_CODES);
+}
+
 void ppFonts::AddRFIDFont() {
     const Entry* const only = OnlySelected();
-    std::unique_ptr<DataFont_RFID> font(
-        only && only->kind == RFID
-            ? new (kCounted) DataFont_RFID(*static_cast<const DataFont_RFID*>(only->data))
-            : new (kCounted) DataFont_RFID);
-    if (!font || !EditRFIDFont(*font)) return;
-    ui_->data_fonts.AddTail(font.release());
-    ShowKind(RFID);
+    auto* const font = new (kCounted) DataFont_RFID;
+    if (font && only && only->kind == RFID) *font = *static_cast<const DataFont_RFID*>(only->data);
+    AddFont(font, RFID);
 }
 
 void ppFonts::EditFont() {
     const Entry* const only = OnlySelected();
-    if (only && only->kind == RFID) EditRFIDFont(*only->data);
+    if (only && only->data) EditDataFont(*only->data);
 }
 
 void ppFonts::DownloadFont() {

@@ -54,10 +54,13 @@ private:
     void ShowKind(View kind);
     void ToggleKind(View kind);
 
+    void AddBarCodeFont();
     void AddRFIDFont();
+    // Lets the user edit a new font, of which this object takes possession, and adds it.
+    void AddFont(DataFont* font, View kind);
     void EditFont();
-    // Runs the editor of an RFID font. Whether it was confirmed.
-    bool EditRFIDFont(DataFont& font);
+    // Runs the editor of a data font. Whether it was confirmed.
+    bool EditDataFont(DataFont& font);
     void DownloadFont();
     void RemoveSelected();
     void RemoveFont(const Entry& entry);
