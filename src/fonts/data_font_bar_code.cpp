@@ -13,7 +13,7 @@ namespace {
 constexpr int kSize1D = 96;
 constexpr int kSize2D = 72;
 constexpr int kAuto = 65535;
-constexpr int kHeightMils = 65;
+constexpr int kGuardBarMils = 65;
 
 // Fields set in every one-dimensional record. Only the rendering module knows the last two.
 constexpr int kSetAtFirst[] = {DataFont_BarCode::CHECK_DIGIT_SHOWN, 72, 74};
@@ -24,8 +24,9 @@ DataFont_BarCode::DataFont_BarCode() {
     init();
 }
 
-void DataFont_BarCode::init() {
+void DataFont_BarCode::init(int32_t dpi) {
     DataFont::operator=(DataFont());
+    resolution = dpi;
     InitBarCodeData(SymbologyInfo::CODE39);
     set_ratio(0);
     set_rotation(0);
@@ -37,9 +38,7 @@ void DataFont_BarCode::InitBarCodeData(int symbology) {
     record_ = {};
     set_symbology(symbology);
     if (type_ != BAR_CODE_1D) return;
-    const auto height = static_cast<uint32_t>(muldiv64s(kHeightMils, resolution, 1000));
-    record_.Set(HEIGHT, static_cast<uint16_t>(height));
-    record_.Set(HEIGHT + 2, static_cast<uint16_t>(height >> 16));
+    SetGuardBars(muldiv64s(kGuardBarMils, resolution, 1000));
     for (const int offset : kSetAtFirst) record_.Set(offset, 1);
 }
 
@@ -87,6 +86,17 @@ int DataFont_BarCode::get_hr() const {
 void DataFont_BarCode::set_hr(int hr) {
     record_.Set(places().hr_on, hr == HR_ABOVE || hr == HR_BELOW);
     record_.Set(places().hr_above, hr == HR_ABOVE);
+}
+
+int32_t DataFont_BarCode::GetGuardBars() const {
+    const uint32_t low = record_.Get(GUARD_BARS);
+    const uint32_t high = record_.Get(GUARD_BARS + 2);
+    return static_cast<int32_t>(high << 16 | low);
+}
+
+void DataFont_BarCode::SetGuardBars(int32_t dots) {
+    record_.Set(GUARD_BARS, static_cast<uint16_t>(dots));
+    record_.Set(GUARD_BARS + 2, static_cast<uint16_t>(static_cast<uint32_t>(dots) >> 16));
 }
 
 // ---- Symbologies --------------------------------------------------------------------------------
@@ -154,7 +164,7 @@ void DataFont_BarCode::SetSymbologyDefaults() {
         {SymbologyInfo::AZTEC, AZTEC_CORRECTION, 0},
         {SymbologyInfo::AZTEC, AZTEC_LAYERS, 0},
         {SymbologyInfo::AZTEC, AZTEC_TYPE, 0},
-        {SymbologyInfo::AZTEC, 52, 0},
+        {SymbologyInfo::AZTEC, AZTEC_WHITE_ON_BLACK, 0},
     };
     const int symbology = get_symbology();
     for (const auto& field : defaults)

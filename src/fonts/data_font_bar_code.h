@@ -15,12 +15,12 @@ public:
     // The state after init.
     DataFont_BarCode();
 
-    // A new font: no name, normal weight, 300 dpi, Code 39 (number 0) with modules of 15
+    // A new font for a resolution: no name, normal weight, Code 39 (number 0) with modules of 15
     // thousandths of an inch, human-readable text below.
-    void init();
+    void init(int32_t dpi = 300);
 
     // Clears the record for a symbology. Apart from that it sets only the fields of every
-    // one-dimensional symbology, including a height of 65 thousandths of an inch.
+    // one-dimensional symbology, including guard bars longer by 65 thousandths of an inch.
     void InitBarCodeData(int symbology);
 
     int get_symbology() const { return record_.Get(places().symbology); }
@@ -56,7 +56,7 @@ public:
         RECORD_SIZE = 0,
 
         // One-dimensional symbologies.
-        HEIGHT = 28, // 32 bits: of the bars, in dots
+        GUARD_BARS = 28, // 32 bits
         RATIO_WHOLE = 42,
         RATIO_HUNDREDTHS = 44,
         CHECK_DIGIT = 48,
@@ -64,12 +64,13 @@ public:
         CODE128_MODE = 56,
         CODE128_OPTION = 58,
         CODABAR_START = 56, // a character
-        CODABAR_STOP = 58,
-        ADD_ON = 68, // the digits after a UPC or EAN code
-        JAPAN_POST_OPTION = 88,
+        CODABAR_STOP = 58,  // a character
+        ADD_ON = 68,        // the digits after a UPC or EAN code
+        JAPAN_POST_PRIORITY = 88,
 
         // Two-dimensional ones.
         OWN_SIZE = 44, // bytes of the symbology's own fields, from this one on
+        CODE_ONE_VERSION = 46,
         PDF417_SECURITY = 46,
         PDF417_TRUNCATED = 48,
         PDF417_COLUMNS = 50,
@@ -81,6 +82,8 @@ public:
         MATRIX_WHITE_ON_BLACK = 52,
         MATRIX_RECTANGLE = 58,
         MAXICODE_MODE = 46,
+        MAXICODE_ZIPPER = 48,
+        MAXICODE_CONTRAST = 50,
         QR_MODEL = 46,
         QR_MASK = 48,
         QR_CORRECTION = 50,  // a character
@@ -91,11 +94,16 @@ public:
         AZTEC_CORRECTION = 46,
         AZTEC_LAYERS = 48,
         AZTEC_TYPE = 50,
+        AZTEC_WHITE_ON_BLACK = 52,
     };
 
     // A 16-bit field by its byte offset, an even number below 96. Pages edit the symbologies' own.
     int GetField(int offset) const { return record_.Get(offset); }
     void SetField(int offset, int value) { record_.Set(offset, value); }
+
+    // How much longer the guard bars of a one-dimensional bar code are than the others, in dots.
+    int32_t GetGuardBars() const;
+    void SetGuardBars(int32_t dots);
 
     // Whether the printer itself can draw the bar code with the options in the record.
     bool IsSupported(const prtmodel* model) const;

@@ -209,13 +209,47 @@ enum TextNumber : int {
     TEXT_MUCH_SMALLER = 1592,
     TEXT_LARGER = 1593,
     TEXT_MUCH_LARGER = 1594,
+    TEXT_NEW_BAR_CODE_FONT = 1615,
     TEXT_NEW_RFID_FONT = 1616,
     TEXT_CUSTOM_FORMAT = 2225,
     TEXT_FIRST_ENCODING = 3100,
     TEXT_GENERAL_FORMAT = 3150,
 
-    // ---- The names of symbologies follow each other.
+    // ---- Bar codes. The names of symbologies follow each other, and so do ratios from 2.0 on in
+    // steps of a tenth, and rotations.
+    TEXT_WITHOUT = 494,
     TEXT_FIRST_SYMBOLOGY = 1500,
+    TEXT_UPC_A = 1507,
+    TEXT_UPC_E = 1508,
+    TEXT_EAN_13 = 1509,
+    TEXT_EAN_8 = 1510,
+    TEXT_AUTOMATIC = 1600,
+    TEXT_FIRST_RATIO = 1601,
+    TEXT_FIRST_ROTATION = 1620,
+    TEXT_ABOVE = 1631,
+    TEXT_BELOW = 1632,
+
+    // ---- The options of single symbologies. Those called the first are followed by the others.
+    TEXT_TWO_DIGITS = 1642,
+    TEXT_FIVE_DIGITS = 1643,
+    TEXT_FIRST_CODE_SET = 1661,
+    TEXT_FIRST_PRIORITY = 1670,
+    TEXT_FIRST_MAXICODE_MODE = 1700, // 2, 3, 4 and 6
+    TEXT_FIRST_MATRIX_QUALITY = 1720,
+    TEXT_SQUARE = 1740,
+    TEXT_RECTANGLE = 1741,
+    TEXT_FNC1 = 1742,
+    TEXT_READER_PROGRAM = 1743,
+    TEXT_MACRO_05 = 1744,
+    TEXT_MACRO_06 = 1745,
+    TEXT_FIRST_MATRIX_SIZE = 1751,
+    TEXT_COMPACT_AZTEC = 1761,
+    TEXT_FULL_AZTEC = 1762,
+    TEXT_FIRST_RSS = 1781,
+    TEXT_CC_A_OR_B = 1791,
+    TEXT_CC_C = 1792,
+    TEXT_FIRST_QR_INPUT = 1811,
+    TEXT_FIRST_QR_CORRECTION = 1820,
 
     // ---- The kinds of font downloads, and the sets of characters for bitmap fonts.
     TEXT_TRUETYPE_DOWNLOAD = 1901,

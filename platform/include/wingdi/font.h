@@ -97,6 +97,7 @@ static_assert(sizeof(TEXTMETRICW) == 60, "layout");
 
 #define OUT_DEFAULT_PRECIS 0
 #define OUT_TT_PRECIS 4
+#define OUT_TT_ONLY_PRECIS 7
 #define CLIP_DEFAULT_PRECIS 0
 #define DEFAULT_QUALITY 0
 #define PROOF_QUALITY 2

@@ -1,7 +1,6 @@
 #include "pages/cache/pp_manage_cache.h"
 
 #include "locale/text_numbers.h"
-#include "pages/column_widths.h"
 #include "ui/prtui.h"
 
 namespace {
@@ -28,18 +27,13 @@ constexpr char kCacheWidths[] = "USERSETTINGS:Cache Contents/Column Widths";
 void ppManageCache::Init() {
     prtpage::Init();
     if (!config_) return;
-    list_.Bind(this, kCacheList);
-    list_.SetFullRowSelect();
     UColumnInfo columns[] = {{GetString(TEXT_CACHE_OBJECT), 80},
                              {GetString(TEXT_CACHE_SIZE), 60, LVCFMT_RIGHT},
                              {GetString(TEXT_CACHE_USED), 40, LVCFMT_RIGHT},
                              {GetString(TEXT_CACHE_AGE), 40, LVCFMT_RIGHT},
                              {GetString(TEXT_CACHE_NAME), 120}};
-    LoadColumnWidths(registry_, kCacheWidths, columns);
-    list_.SetColumns(columns);
-    list_.SaveWidths();
+    list_.Open(*this, registry_, kCacheList, kCacheWidths, columns, "*:CACHE/CONTEXT");
     menus_.Load(ui_->locale, "*:CACHE/MENU");
-    context_menu_.Load(ui_->locale, "*:CACHE/CONTEXT");
     object_button_.Bind(this, kObjectButton);
     object_button_.GetMenu() = menus_.GetSubMenu(0);
     view_button_.Bind(this, kViewButton);
@@ -47,7 +41,7 @@ void ppManageCache::Init() {
 }
 
 void ppManageCache::Destroy() {
-    SaveColumnWidths(registry_, kCacheWidths, list_);
+    list_.Close();
 }
 
 // ---- What there is ------------------------------------------------------------------------------
@@ -130,7 +124,7 @@ void ppManageCache::ShowContents() {
 
 void ppManageCache::PrepareMenus() {
     const KVCacheItemInfo* const selected = SelectedItem();
-    for (UMenu* const menu : {&menus_, &context_menu_}) {
+    for (UMenu* const menu : {&menus_, &list_.GetMenu()}) {
         for (const int item : {kPrintObject, kLockObject, kDeleteObject})
             menu->Enable(item, selected != nullptr);
         menu->Check(kLockObject, selected && selected->locked);
@@ -142,31 +136,13 @@ void ppManageCache::PrepareMenus() {
 // ---- The user's acts ----------------------------------------------------------------------------
 
 bool ppManageCache::Notify(uint16_t id, uint32_t code, NMHDR* header) {
-    if (id != kCacheList || !config_) return prtpage::Notify(id, code, header);
-    switch (code) {
-    case LVN_ITEMCHANGED: // the selection
-        return false;
-    case LVN_COLUMNCLICK: {
-        const int column = reinterpret_cast<const NMLISTVIEW*>(header)->iSubItem;
-        contents_.SortBy(static_cast<CacheContents::Column>(column + CacheContents::OBJECT));
-        contents_changed_ = true;
-        return false;
-    }
-    case NM_RCLICK:
-        OpenContextMenu();
-        return false;
-    default:
+    int column = -1;
+    if (id != kCacheList || !config_ || !list_.Notify(code, header, column))
         return prtpage::Notify(id, code, header);
-    }
-}
-
-void ppManageCache::OpenContextMenu() {
-    PrepareMenus();
-    POINT at = {};
-    GetCursorPos(&at);
-    const int chosen = context_menu_.GetSubMenu(0).Track(GetWindow(), at, TPM_RIGHTBUTTON);
-    // The sheet may have gone while the menu was open; nothing is chosen then.
-    if (chosen != 0) Command(static_cast<uint16_t>(chosen), BN_CLICKED, 0);
+    if (column < 0) return false;
+    contents_.SortBy(static_cast<CacheContents::Column>(column + CacheContents::OBJECT));
+    contents_changed_ = true;
+    return false;
 }
 
 bool ppManageCache::Command(uint16_t id, uint16_t code, LPARAM value) {

@@ -1,9 +1,9 @@
 // The page for the objects that the rendering module keeps in the printer.
 #pragma once
 
+#include "pages/page_list.h"
 #include "printer/cache_contents.h"
 #include "ui/prtpage.h"
-#include "ui/ulist_view.h"
 #include "ui/upop_button.h"
 
 // While it is shown it asks once a second what there is. The list changes only if the answer does,
@@ -31,15 +31,13 @@ private:
     void ShowContents();
     // Brings the menus in line with the selection and the view.
     void PrepareMenus();
-    void OpenContextMenu();
     // The selected object, or null.
     const KVCacheItemInfo* SelectedItem() const;
 
-    UListView list_;
+    PageList list_;
     UMenu menus_; // of both buttons
     UPopButton object_button_;
     UPopButton view_button_;
-    UMenu context_menu_;
     CacheContents contents_;
     // What the next refresh brings up to date.
     bool contents_changed_ = false;

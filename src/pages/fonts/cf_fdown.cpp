@@ -36,13 +36,25 @@ constexpr int kFirstSize = 12; // points
 constexpr int kSmallestFont = 4;
 constexpr int kLargestFont = 144;
 
+// A font that the system has: the usual one, or the one that it shows in its place.
 LOGFONTW FirstFont() {
     LOGFONTW font = {};
-    const HDC screen = GetDC(nullptr);
-    font.lfHeight = -MulDiv(kFirstSize, screen ? GetDeviceCaps(screen, LOGPIXELSY) : 96, 72);
-    if (screen) ReleaseDC(nullptr, screen);
+    font.lfHeight = -kFirstSize;
     font.lfWeight = FW_NORMAL;
+    font.lfOutPrecision = OUT_TT_ONLY_PRECIS;
     PutFixedText(font.lfFaceName, OString(kFirstFamily), LF_FACESIZE);
+    const HDC screen = GetDC(nullptr);
+    if (!screen) return font;
+    font.lfHeight = -MulDiv(kFirstSize, GetDeviceCaps(screen, LOGPIXELSY), 72);
+    if (const HFONT made = CreateFontIndirectW(&font)) {
+        const HGDIOBJ before = SelectObject(screen, made);
+        WCHAR family[LF_FACESIZE] = {};
+        if (GetTextFaceW(screen, LF_FACESIZE, family) > 0)
+            PutFixedText(font.lfFaceName, OString(family), LF_FACESIZE);
+        SelectObject(screen, before);
+        DeleteObject(made);
+    }
+    ReleaseDC(nullptr, screen);
     return font;
 }
 

@@ -2,11 +2,12 @@
 
 #include <memory>
 
+#include "fonts/data_font_bar_code.h"
 #include "fonts/data_font_rfid.h"
 #include "fonts/font_sender.h"
 #include "locale/text_numbers.h"
-#include "pages/column_widths.h"
 #include "pages/fonts/cf_fdown.h"
+#include "pages/fonts/pp_bar_font_edit.h"
 #include "pages/fonts/pp_rfid_font_edit.h"
 #include "ui/prtui.h"
 
@@ -58,17 +59,12 @@ const void* ppFonts::Entry::Font() const {
 void ppFonts::Init() {
     prtpage::Init();
     if (!config_) return;
-    list_.Bind(this, kFontList);
-    list_.SetFullRowSelect();
     UColumnInfo columns[] = {{GetString(TEXT_FONT_NAME), 150},
                              {GetString(TEXT_FONT_TYPE), 85},
                              {GetString(TEXT_FONT_STATUS), 100}};
-    LoadColumnWidths(registry_, kFontWidths, columns);
-    list_.SetColumns(columns);
-    list_.SaveWidths();
+    list_.Open(*this, registry_, kFontList, kFontWidths, columns, "*:FONTS/CONTEXT");
     properties_.Bind(this, kFontProperties);
     menus_.Load(ui_->locale, "*:FONTS/MENU");
-    context_menu_.Load(ui_->locale, "*:FONTS/CONTEXT");
     int menu = 0;
     const auto take = [&](UPopButton& button, int id) {
         button.Bind(this, id);
@@ -88,7 +84,7 @@ void ppFonts::LoadView() {
 }
 
 void ppFonts::Destroy() {
-    SaveColumnWidths(registry_, kFontWidths, list_);
+    list_.Close();
     // What cannot be remembered is as usual the next time; nothing else depends on it.
     if (view_chosen_) registry_.SetDWORD(kFontView, view_);
     if (!sort_chosen_) return;
@@ -182,13 +178,11 @@ void ppFonts::ShowProperties() {
 }
 
 void ppFonts::PrepareMenus() {
-    for (UMenu* const menu : {&menus_, &context_menu_})
+    for (UMenu* const menu : {&menus_, &list_.GetMenu()})
         menu->Enable(kRemoveFonts, list_.GetSelectedCount() > 0);
-    // There is no editor for bar code fonts yet.
-    menus_.Enable(kAddBarCodeFont, false);
     const Entry* const only = OnlySelected();
-    for (UMenu* const menu : {&menus_, &context_menu_})
-        menu->Enable(kEditFont, only && only->kind == RFID);
+    for (UMenu* const menu : {&menus_, &list_.GetMenu()})
+        menu->Enable(kEditFont, only && only->data);
     menus_.Enable(kAddRFIDFont, GetModel()->HasRFID());
     const bool can_download = GetModel()->CanDownloadFont();
     menus_.Enable(kDownloadFont, can_download);
@@ -207,33 +201,15 @@ void ppFonts::PrepareMenus() {
 // ---- The user's acts ----------------------------------------------------------------------------
 
 bool ppFonts::Notify(uint16_t id, uint32_t code, NMHDR* header) {
-    if (id != kFontList || !config_) return prtpage::Notify(id, code, header);
-    switch (code) {
-    case LVN_ITEMCHANGED: // the selection
-        return false;
-    case LVN_COLUMNCLICK: {
-        const auto column =
-            static_cast<uint32_t>(reinterpret_cast<const NMLISTVIEW*>(header)->iSubItem);
-        sort_reverse_ = column == sort_column_ && !sort_reverse_;
-        sort_column_ = column;
-        sort_chosen_ = true;
-        return false;
-    }
-    case NM_RCLICK:
-        OpenContextMenu();
-        return false;
-    default:
+    int column = -1;
+    if (id != kFontList || !config_ || !list_.Notify(code, header, column))
         return prtpage::Notify(id, code, header);
-    }
-}
-
-void ppFonts::OpenContextMenu() {
-    PrepareMenus();
-    POINT at = {};
-    GetCursorPos(&at);
-    const int chosen = context_menu_.GetSubMenu(0).Track(GetWindow(), at, TPM_RIGHTBUTTON);
-    // The sheet may have gone while the menu was open; nothing is chosen then.
-    if (chosen != 0) Command(static_cast<uint16_t>(chosen), BN_CLICKED, 0);
+    if (column < 0) return false;
+    const auto clicked = static_cast<uint32_t>(column);
+    sort_reverse_ = clicked == sort_column_ && !sort_reverse_;
+    sort_column_ = clicked;
+    sort_chosen_ = true;
+    return false;
 }
 
 bool ppFonts::Command(uint16_t id, uint16_t code, LPARAM value) {
@@ -249,6 +225,9 @@ bool ppFonts::Command(uint16_t id, uint16_t code, LPARAM value) {
         return false;
     }
     switch (id) {
+    case kAddBarCodeFont:
+        AddBarCodeFont();
+        return false;
     case kAddRFIDFont:
         AddRFIDFont();
         return false;
@@ -294,29 +273,44 @@ void ppFonts::ToggleKind(View kind) {
     list_changed_ = true;
 }
 
-bool ppFonts::EditRFIDFont(DataFont& font) {
+bool ppFonts::EditDataFont(DataFont& font) {
     ui_->edit_data_font = &font;
-    const int answer = DialogModal("*:FONTS/^RFID", ppRFIDFontEdit::WinProc);
+    const int answer = font.IsRFID() ? DialogModal("*:FONTS/^RFID", ppRFIDFontEdit::WinProc)
+                                     : DialogModal("*:FONTS/^BARCODE", ppBarFontEdit::WinProc);
     ui_->edit_data_font = nullptr;
     if (answer != OK_BUTTON) return false;
     list_changed_ = true; // it may have taken the place of another font
     return true;
 }
 
+void ppFonts::AddFont(DataFont* font, View kind) {
+    std::unique_ptr<DataFont> owner(font);
+    if (!font || !EditDataFont(*font)) return;
+    ui_->data_fonts.AddTail(owner.release());
+    ShowKind(kind);
+}
+
+void ppFonts::AddBarCodeFont() {
+    const Entry* const only = OnlySelected();
+    auto* const font = new (kCounted) DataFont_BarCode;
+    if (!font) return;
+    if (only && only->kind == BAR_CODES)
+        *font = *static_cast<const DataFont_BarCode*>(only->data);
+    else
+        font->init(GetModel()->GetXResolution());
+    AddFont(font, BAR_CODES);
+}
+
 void ppFonts::AddRFIDFont() {
     const Entry* const only = OnlySelected();
-    std::unique_ptr<DataFont_RFID> font(
-        only && only->kind == RFID
-            ? new (kCounted) DataFont_RFID(*static_cast<const DataFont_RFID*>(only->data))
-            : new (kCounted) DataFont_RFID);
-    if (!font || !EditRFIDFont(*font)) return;
-    ui_->data_fonts.AddTail(font.release());
-    ShowKind(RFID);
+    auto* const font = new (kCounted) DataFont_RFID;
+    if (font && only && only->kind == RFID) *font = *static_cast<const DataFont_RFID*>(only->data);
+    AddFont(font, RFID);
 }
 
 void ppFonts::EditFont() {
     const Entry* const only = OnlySelected();
-    if (only && only->kind == RFID) EditRFIDFont(*only->data);
+    if (only && only->data) EditDataFont(*only->data);
 }
 
 void ppFonts::DownloadFont() {

@@ -5,9 +5,9 @@
 
 #include "core/oarray.h"
 #include "core/obuffer.h"
+#include "pages/page_list.h"
 #include "ui/prtpage.h"
 #include "ui/uedit.h"
-#include "ui/ulist_view.h"
 #include "ui/upop_button.h"
 
 class DataFont;
@@ -45,7 +45,6 @@ private:
     void ShowList();
     void ShowProperties();
     void PrepareMenus();
-    void OpenContextMenu();
 
     // The only selected entry, or null.
     const Entry* OnlySelected() const;
@@ -55,10 +54,13 @@ private:
     void ShowKind(View kind);
     void ToggleKind(View kind);
 
+    void AddBarCodeFont();
     void AddRFIDFont();
+    // Lets the user edit a new font, of which this object takes possession, and adds it.
+    void AddFont(DataFont* font, View kind);
     void EditFont();
-    // Runs the editor of an RFID font. Whether it was confirmed.
-    bool EditRFIDFont(DataFont& font);
+    // Runs the editor of a data font. Whether it was confirmed.
+    bool EditDataFont(DataFont& font);
     void DownloadFont();
     void RemoveSelected();
     void RemoveFont(const Entry& entry);
@@ -76,13 +78,12 @@ private:
     void AddCharacterSet(OString& text, unsigned char character_set);
     void AddDownload(OString& text, const DownloadedFont& font);
 
-    UListView list_;
+    PageList list_;
     UEdit properties_;
     UMenu menus_; // of all buttons
     UPopButton add_button_;
     UPopButton edit_button_;
     UPopButton view_button_;
-    UMenu context_menu_;
 
     OBuffer<Entry> entries_; // the rows
     uint32_t view_ = 0;

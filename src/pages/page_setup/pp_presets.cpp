@@ -3,6 +3,7 @@
 #include <memory>
 
 #include "locale/text_numbers.h"
+#include "pages/page_setup/field_values.h"
 #include "ui/prtui.h"
 
 namespace {
