@@ -31,6 +31,18 @@ public:
     // Brings the list into order: by priority, then by name.
     void Sort();
 
+    // Has `settle(DevMode&)` change the settings of each preset. This is no change of the list: it
+    // alone is no reason to save.
+    template <class Settler>
+    void Settle(Settler settle) {
+        const bool changed = HasChanged(GetStoredCRC32());
+        for (Preset* preset = GetNext(nullptr); preset; preset = GetNext(preset)) {
+            DevMode settings(preset->GetDevMode());
+            settle(settings);
+        }
+        if (!changed) NoteStored(GetStoredCRC32());
+    }
+
     // ---- Exchange -------------------------------------------------------------------------------
 
     // Writes a text block for each preset; returns their number. One without a DEVMODE has no data.

@@ -229,15 +229,16 @@ public:
     prtstream* stream = nullptr;
 
 protected:
-    // Brings the settings into the form in which the pages show them: within the model's limits,
-    // with a stock that exists. So showing the pages changes nothing.
-    virtual void Settle();
+    // Brings settings into the form in which the pages show them: within the model's limits. Those
+    // without a configuration of this driver stay as they are.
+    virtual void Settle(DevMode& settings) const;
 
     // Everything that is known about an action, or null for an unknown number.
     virtual const ActionRow* FindAction(printer_action action) const;
 
 private:
     void AddBuiltInPresets();
+    void SettleAll();
     void LoadControls();
     LONG TakeSheet(PROPSHEETUI_INFO* info, uint32_t groups);
 

@@ -27,7 +27,7 @@ bool prtui::AddPropertyPage(const OString& name, DLGPROC procedure) {
 }
 
 void prtui::BeginEditing() {
-    Settle();
+    SettleAll();
     if (const DEVMODEW* settings = devmode.GetDevMode())
         devmode_crc = CRC32(settings, uint32_t{settings->dmSize} + settings->dmDriverExtra, 0);
 }
@@ -43,9 +43,16 @@ LONG prtui::TakeSheet(PROPSHEETUI_INFO* info, uint32_t groups) {
     return 1;
 }
 
-void prtui::Settle() {
-    if (prtconfig* const config = devmode.GetConfiguration()) config->Validate(model.get());
+// Afterwards showing the pages changes nothing, and settings that came from a preset still are equal
+// to it.
+void prtui::SettleAll() {
+    Settle(devmode);
     if (!stocks.Find(devmode.GetDevMode())) devmode.SetStock(stocks.Find(int16_t{DMPAPER_USER}));
+    presets.Settle([this](DevMode& settings) { Settle(settings); });
+}
+
+void prtui::Settle(DevMode& settings) const {
+    if (prtconfig* const config = settings.GetConfiguration()) config->Validate(model.get());
 }
 
 LONG prtui::InitDevSheets(PROPSHEETUI_INFO* info, const DEVICEPROPERTYHEADER* header) {

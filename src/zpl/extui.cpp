@@ -17,9 +17,9 @@ void extui::InitEx() {
     stream->init(this);
 }
 
-void extui::Settle() {
-    prtui::Settle();
-    extconfig* const config = extconfig::get_cfg(devmode.GetDevMode());
+void extui::Settle(DevMode& settings) const {
+    prtui::Settle(settings);
+    extconfig* const config = extconfig::get_cfg(settings.GetDevMode());
     if (!config) return;
     config->Validate(model.get());
     config->SettlePrintMode();

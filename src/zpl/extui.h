@@ -68,7 +68,7 @@ public:
     void AdjustFontInfo(DownloadedFontInfo* font) override;
 
 protected:
-    void Settle() override;
+    void Settle(DevMode& settings) const override;
 
     // The actions of ZPL II printers, then those of all printers.
     const ActionRow* FindAction(printer_action action) const override;

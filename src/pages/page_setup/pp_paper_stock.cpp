@@ -139,19 +139,19 @@ bool ppPaperStock::IsTaken(const OString& name) const {
 bool ppPaperStock::VerifyOkay() {
     if (!stock_->can_delete()) return true;
     const OString name = stock_->GetName();
-    const bool taken = IsTaken(name);
+    const bool reserved = IsReserved(name);
     OString refusal;
     if (name.IsEmpty())
         refusal = GetString(TEXT_STOCK_WITHOUT_NAME);
-    else if (IsReserved(name))
+    else if (reserved)
         refusal.Format(GetString(TEXT_STOCK_NAME_RESERVED).wstring(), name.wstring());
-    else if (taken)
+    else if (IsTaken(name))
         refusal.Format(GetString(TEXT_STOCK_NAME_TAKEN).wstring(), name.wstring());
     else
         return true;
     Message(refusal, GetString(TEXT_STOCK_NAME), MB_OK);
-    // A name that somebody else has is the user's to change; the others give way to the usual one.
-    if (!taken) EM_SetText(STOCK_NAME, GetString(TEXT_NEW_STOCK));
+    // A name that another stock has is the user's to change; the others give way to the usual one.
+    if (reserved || name.IsEmpty()) EM_SetText(STOCK_NAME, GetString(TEXT_NEW_STOCK));
     WM_SetFocus(STOCK_NAME);
     return false;
 }

@@ -35,6 +35,10 @@ void ppPresets::Init() {
     presets_ = ui_->presets;
     selected_ = presets_.Find(ui_->devmode);
     if (!selected_) selected_ = presets_.GetCurrentSettings();
+    // What was edited since the sheet opened must not be lost when this preset is confirmed, and it
+    // comes back when the preset is chosen again after another one.
+    if (selected_ && selected_->GetBuiltIn() & Preset::CURRENT_SETTINGS)
+        selected_->SetDevMode(ui_->devmode.GetDevMode());
 }
 
 // ---- What the dialog shows ----------------------------------------------------------------------
