@@ -23,41 +23,14 @@ std::vector<KeptObject> ReadObjects(HANDLE printer) {
     return objects;
 }
 
-// Whether a name is of a pattern in which * stands for any characters.
-bool IsOfPattern(const char* name, const char* pattern) {
-    const char* star = nullptr; // the last one, and where the name goes on after its characters
-    const char* after = nullptr;
-    while (*name) {
-        if (*pattern == '*') {
-            star = pattern++;
-            after = name;
-        } else if (*pattern == *name) {
-            ++pattern;
-            ++name;
-        } else if (star) {
-            pattern = star + 1;
-            name = ++after;
-        } else {
-            return false;
-        }
-    }
-    while (*pattern == '*') ++pattern;
-    return !*pattern;
-}
-
 void Raise(uint16_t& counter) {
     if (counter < 0xFFFF) ++counter;
 }
 
 } // namespace
 
-bool KeptObject::Is(const ObjectEvent& event) const {
-    return location == static_cast<unsigned char>(event.location) &&
-           IsOfPattern(info.name, event.name.c_str());
-}
-
-std::string KeptObject::Place() const {
-    return std::string(1, static_cast<char>(location)) + ':' + info.name;
+ObjectName KeptObject::Where() const {
+    return ObjectName(std::string(1, static_cast<char>(location)) + ':' + info.name);
 }
 
 // ---- The list -----------------------------------------------------------------------------------
@@ -130,15 +103,16 @@ bool ObjectCache::Objects::MakeRoom(const KVCacheItemInfo::Kind* kind,
 void ObjectCache::Objects::Add(const ObjectEvent& event, const KVCacheSettings& settings,
                                std::vector<KeptObject>& gone) {
     KeptObject object = {};
-    object.location = static_cast<unsigned char>(event.location);
+    object.location = static_cast<unsigned char>(event.where.device);
     object.info.kind = event.kind;
-    event.name.copy(object.info.name, sizeof object.info.name - 1);
+    (event.where.name + '.' + event.where.extension)
+        .copy(object.info.name, sizeof object.info.name - 1);
     object.info.number = kNoNumber;
     uint32_t id = 1;
     for (const KeptObject& other : list) id = std::max(id, other.info.id + 1);
     object.info.id = id;
     // What is stored again stays the same object.
-    const auto is_same = [&](const KeptObject& other) { return other.Is(event); };
+    const auto is_same = [&](const KeptObject& other) { return other.Where() == event.where; };
     if (const auto same = std::find_if(list.begin(), list.end(), is_same); same != list.end()) {
         object = *same;
         list.erase(same);
@@ -177,9 +151,11 @@ bool ObjectCache::EndJob() {
             continue;
         }
         if (event.act == ObjectEvent::ERASED)
-            std::erase_if(objects.list, [&](const KeptObject& object) { return object.Is(event); });
+            std::erase_if(objects.list, [&](const KeptObject& object) {
+                return object.Where().Matches(event.where);
+            });
         for (KeptObject& object : objects.list) {
-            if (!object.Is(event)) continue;
+            if (object.Where() != event.where) continue;
             Raise(object.info.counters[0]);
             object.info.counters[1] = 0;
         }
@@ -192,7 +168,7 @@ bool ObjectCache::EndJob() {
 }
 
 bool ObjectCache::Erase(const KeptObject& object) {
-    return output_.Write("^XA^ID" + object.Place() + "^FS^XZ\r\n");
+    return output_.Write("^XA^ID" + object.Where().Text() + "^FS^XZ\r\n");
 }
 
 // ---- What is asked and told to do ---------------------------------------------------------------
@@ -238,8 +214,8 @@ bool ObjectCache::Act(const KVCacheItemAction& action) {
     switch (action.action) {
     case KVCacheItemAction::PRINT: {
         const std::string print = (found->info.kind == KVCacheItemInfo::FORMAT
-                                       ? "^XA^XF" + found->Place()
-                                       : "^XA^FO0,0^XG" + found->Place() + ",1,1") +
+                                       ? "^XA^XF" + found->Where().Text()
+                                       : "^XA^FO0,0^XG" + found->Where().Text() + ",1,1") +
                                   "^FS^XZ\r\n";
         Read(print.data(), print.size());
         return output_.Write(print);

@@ -10,15 +10,14 @@
 #include "job_output.h"
 #include "object_watch.h"
 #include "printer/escape_records.h"
+#include "zpl/object_name.h"
 
 // One of them, as it is remembered in the printer's data.
 struct KeptObject {
     KVCacheItemInfo info; // the counters: how often it was used, and how many jobs ago
     uint32_t location;    // the letter of a memory
 
-    bool Is(const ObjectEvent& event) const;
-    // Its place in commands, like "R:LOGO.GRF".
-    std::string Place() const;
+    ObjectName Where() const;
 };
 static_assert(sizeof(KeptObject) == 60);
 
@@ -37,7 +36,7 @@ public:
         , name_(name)
         , output_(output) {}
 
-    void StartJob() { watch_.Reset(); }
+    void StartJob() { watch_ = {}; }
     // Bytes of the job.
     void Read(const void* bytes, size_t size) { watch_.Read(bytes, size); }
     // False if commands that make room could not be written.
