@@ -66,7 +66,7 @@ FUZZ_TARGET(render_escapes)(const uint8_t* data, size_t size) {
         const int answer = device.Escape(static_cast<ULONG>(escape), record.data(),
                                          static_cast<ULONG>(record.size()), output.data(),
                                          static_cast<ULONG>(output.size()));
-        if (answer < -1 || answer > 16) std::abort();
+        if (answer < -1 || answer > 0xFFFF) std::abort();
         if (choice & 0x40) device.SendPage();
     }
     return 0;

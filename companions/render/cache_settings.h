@@ -5,7 +5,7 @@
 
 #include "printer/escape_records.h"
 
-// All zeros, and memory R, until somebody has set it.
-KVCacheSettings ReadCacheSettings(HANDLE printer);
+// Until somebody has set them: 1 MB of memory R, and the numbers 1 to 100 for both kinds.
+[[nodiscard]] KVCacheSettings ReadCacheSettings(HANDLE printer);
 // False if the user may not change the printer's data. A null pointer resets them.
-bool WriteCacheSettings(const WCHAR* printer_name, const KVCacheSettings* settings);
+[[nodiscard]] bool WriteCacheSettings(const WCHAR* printer_name, const KVCacheSettings* settings);

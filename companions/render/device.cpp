@@ -69,6 +69,16 @@ void Device::Describe(const DEVMODEW* dev_mode, GDIINFO& info) const {
     info.ulDevicePelsDPI = static_cast<ULONG>(page.x_resolution);
 }
 
+void Device::StartDocument() {
+    Reset();
+    objects_.StartJob();
+}
+
+bool Device::EndDocument() {
+    Reset();
+    return objects_.EndJob();
+}
+
 void Device::Reset() {
     in_format_ = false;
     font_.Reset();
@@ -111,9 +121,9 @@ int Device::Escape(ULONG escape, const unsigned char* input, ULONG input_size,
     case ESCAPE_CACHE_ACTION:
         return HandleCache(input, input_size);
     case ESCAPE_CACHE_INFORMATION:
-        return TellCacheObjects(output, output_size);
+        return objects_.Describe(output, output_size);
     case ESCAPE_CACHE_ITEM_ACTION:
-        return kFailure; // there are no objects
+        return HandleCacheItem(input, input_size);
     default:
         return kUnknown;
     }
@@ -121,7 +131,9 @@ int Device::Escape(ULONG escape, const unsigned char* input, ULONG input_size,
 
 int Device::WriteRaw(const unsigned char* input, ULONG size) {
     uint16_t count = 0;
-    return Answer(Take(count, input, size) && count <= size && output_.Write(input, count));
+    if (!Take(count, input, size) || count > size) return kFailure;
+    objects_.Read(input, count);
+    return Answer(output_.Write(input, count));
 }
 
 int Device::DrawBar(const unsigned char* input, ULONG size) {
@@ -167,20 +179,22 @@ int Device::AddGlyph(const unsigned char* input, ULONG size) {
                   font_.AddGlyph(glyph, input));
 }
 
-int Device::HandleCache(const unsigned char* input, ULONG size) const {
+int Device::HandleCache(const unsigned char* input, ULONG size) {
     KVCacheAction action;
     if (!Take(action, input, size)) return kFailure;
-    if (action.action == KVCacheAction::RESET_SETTINGS)
+    switch (action.action) {
+    case KVCacheAction::CLEAR:
+        return Answer(objects_.Clear());
+    case KVCacheAction::RESET_SETTINGS:
         return Answer(WriteCacheSettings(name_.c_str(), nullptr));
-    // Nothing is kept, so there is nothing to forget.
-    return kSuccess;
+    case KVCacheAction::FORGET_LOCATION:
+        return Answer(objects_.Forget(action.argument));
+    default:
+        return kFailure;
+    }
 }
 
-int Device::TellCacheObjects(unsigned char* output, ULONG size) const {
-    KVCacheInformation none = {};
-    none.size = sizeof none;
-    if (!output) return sizeof none;
-    if (size < sizeof none) return kFailure;
-    std::memcpy(output, &none, sizeof none);
-    return sizeof none;
+int Device::HandleCacheItem(const unsigned char* input, ULONG size) {
+    KVCacheItemAction action;
+    return Answer(Take(action, input, size) && objects_.Act(action));
 }

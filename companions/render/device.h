@@ -9,6 +9,7 @@
 
 #include "font_download.h"
 #include "job_output.h"
+#include "object_cache.h"
 
 class Device {
 public:
@@ -17,12 +18,16 @@ public:
         : printer_(printer)
         , name_(name ? name : TEXT(""))
         , output_(printer)
-        , font_(output_) {}
+        , font_(output_)
+        , objects_(printer, name_, output_) {}
 
     // Describes the device with these settings (`dev_mode` may be null).
     void Describe(const DEVMODEW* dev_mode, GDIINFO& info) const;
 
-    // Starts a document or a page again.
+    // Starts and ends a document. End answers false if the spooler does not take the output.
+    void StartDocument();
+    [[nodiscard]] bool EndDocument();
+    // Starts a page, or forgets a document that is not completed.
     void Reset();
     // Ends the page. False if the spooler does not take the output.
     bool SendPage();
@@ -43,12 +48,13 @@ private:
     int HandleFont(const unsigned char* input, ULONG size);
     int AddFontData(const unsigned char* input, ULONG size);
     int AddGlyph(const unsigned char* input, ULONG size);
-    int HandleCache(const unsigned char* input, ULONG size) const;
-    int TellCacheObjects(unsigned char* output, ULONG size) const;
+    int HandleCache(const unsigned char* input, ULONG size);
+    int HandleCacheItem(const unsigned char* input, ULONG size);
 
     const HANDLE printer_;
     const std::basic_string<WCHAR> name_;
     JobOutput output_;
     FontDownload font_;
+    ObjectCache objects_;
     bool in_format_ = false;
 };

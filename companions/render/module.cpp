@@ -46,7 +46,7 @@ void APIENTRY DisablePDEV(DHPDEV device) {
 }
 
 BOOL APIENTRY StartDocument(SURFOBJ* surface, LPWSTR, DWORD) {
-    DeviceOf(surface)->Reset();
+    DeviceOf(surface)->StartDocument();
     return TRUE;
 }
 
@@ -59,9 +59,13 @@ BOOL APIENTRY SendOnePage(SURFOBJ* surface) {
     return DeviceOf(surface)->SendPage();
 }
 
-BOOL APIENTRY EndDocument(SURFOBJ* surface, ULONG) {
-    DeviceOf(surface)->Reset();
-    return TRUE;
+BOOL APIENTRY EndDocument(SURFOBJ* surface, ULONG flags) {
+    return Guarded(BOOL{FALSE}, [&]() -> BOOL {
+        // What a cancelled document did is forgotten when the next one starts.
+        if (!(flags & ED_ABORTDOC)) return DeviceOf(surface)->EndDocument();
+        DeviceOf(surface)->Reset();
+        return TRUE;
+    });
 }
 
 ULONG APIENTRY AnswerEscape(SURFOBJ* surface, ULONG escape, ULONG input_size, PVOID input,

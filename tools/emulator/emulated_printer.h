@@ -7,7 +7,7 @@
 #include <vector>
 
 #include "emulator/object_store.h"
-#include "emulator/zpl_scanner.h"
+#include "zpl/zpl_scanner.h"
 
 struct EmulatedAnswer {
     std::string query; // "HI", "HS", "HM", "HB", "HH", "HW", "HZA", "HZF", "HZL" or "HZR"

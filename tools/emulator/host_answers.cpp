@@ -39,9 +39,9 @@ std::string Line(const std::string& value, const char* label) {
 // that is part of the printer.
 std::string Line(const StoredObject& object) {
     const char flag = object.letter == ' ' && object.resident ? 'P' : object.letter;
-    return Format("* %c:%-8.8s.%-3.3s %6u   %c  \r\n", object.device, object.name.c_str(),
-                  object.extension.c_str(), static_cast<unsigned>(std::min(object.size, 999999u)),
-                  flag);
+    return Format("* %c:%-8.8s.%-3.3s %6u   %c  \r\n", object.where.device,
+                  object.where.name.c_str(), object.where.extension.c_str(),
+                  static_cast<unsigned>(std::min(object.size, 999999u)), flag);
 }
 
 std::string Escaped(const std::string& text) {
@@ -170,9 +170,9 @@ std::string EmulatedPrinter::Xml(char part) const {
     if (part == 'A' || part == 'L') {
         text += "<OBJECTS>\r\n";
         for (const StoredObject& object : objects_.Find(ObjectName("*:*.*")))
-            text += Format("<OBJECT location='%c' size='%u'>", object.device,
+            text += Format("<OBJECT location='%c' size='%u'>", object.where.device,
                            static_cast<unsigned>(object.size)) +
-                    Escaped(object.name + "." + object.extension) + "</OBJECT>\r\n";
+                    Escaped(object.where.name + "." + object.where.extension) + "</OBJECT>\r\n";
         text += "</OBJECTS>\r\n";
     }
     if (part == 'A' || part == 'R') {

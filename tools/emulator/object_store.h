@@ -5,22 +5,13 @@
 #include <string>
 #include <vector>
 
+#include "zpl/object_name.h"
+
 struct StoredObject {
-    char device = 'R';
-    std::string name;      // 1 to 8 characters, upper case
-    std::string extension; // 1 to 3 characters, upper case
+    ObjectName where;
     uint32_t size = 0;     // bytes
     char letter = ' ';     // the letter that ^CW gave a font
     bool resident = false; // part of the printer; cannot be replaced or deleted
-};
-
-// The name of an object as in commands, "R:LOGO.GRF". Missing parts are empty, and a missing device
-// is R. Names are cut to eight characters, extensions to three, and both become upper case.
-struct ObjectName {
-    explicit ObjectName(const std::string& text);
-
-    char device = 'R';
-    std::string name, extension;
 };
 
 class ObjectStore {

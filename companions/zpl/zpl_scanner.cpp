@@ -1,4 +1,4 @@
-#include "emulator/zpl_scanner.h"
+#include "zpl/zpl_scanner.h"
 
 #include <algorithm>
 #include <cstring>
