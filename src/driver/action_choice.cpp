@@ -90,8 +90,7 @@ bool ManagePower(extui& ui, std::string_view words) {
     }
     PowerSettings settings = ui.GetPowerSettings();
     if (!ReadPower(words, settings)) return false;
-    ui.SetPowerSettings(settings);
-    return true;
+    return ui.SetPowerSettings(settings);
 }
 
 } // namespace

@@ -47,8 +47,9 @@ public:
     void RunMemoryWork(MemoryWork work, char memory);
     // The settings as last stored.
     PowerSettings GetPowerSettings() const;
-    // Stores the settings and sends them to the printer.
-    void SetPowerSettings(const PowerSettings& settings);
+    // Stores the settings and sends them to the printer. False, with nothing sent, if they could
+    // not be stored.
+    [[nodiscard]] bool SetPowerSettings(const PowerSettings& settings);
     void DischargeBattery();
 
     // Tells the rendering module that the memory of that letter no longer holds the objects it has

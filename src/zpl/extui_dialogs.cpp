@@ -46,12 +46,13 @@ PowerSettings extui::GetPowerSettings() const {
     return settings;
 }
 
-void extui::SetPowerSettings(const PowerSettings& settings) {
+bool extui::SetPowerSettings(const PowerSettings& settings) {
     prtreg registry(model->GetRegistry()); // its failures are not the model's
-    registry.SetByte(kSleep, settings.sleep);
-    registry.SetByte(kLowVoltagePause, settings.low_voltage_pause);
-    registry.SetByte(kForcedSleep, settings.forced_sleep);
-    registry.SetInt(kTimeout, settings.timeout);
+    const bool stored = registry.SetByte(kSleep, settings.sleep) &&
+                        registry.SetByte(kLowVoltagePause, settings.low_voltage_pause) &&
+                        registry.SetByte(kForcedSleep, settings.forced_sleep) &&
+                        registry.SetInt(kTimeout, settings.timeout);
+    if (!stored) return false;
 
     stream_.reset_mode();
     stream_.StartJob("Power Management");
@@ -66,6 +67,7 @@ void extui::SetPowerSettings(const PowerSettings& settings) {
     stream_.command_format("XZ");
     stream_ << endl;
     stream_.EndJob();
+    return true;
 }
 
 void extui::DischargeBattery() {

@@ -124,7 +124,7 @@ protected:
         WriteVersionError(printer());
         const auto ui = OpenUI();
         WriteCacheSettings(*ui->stream, {});
-        static_cast<extui&>(*ui).SetPowerSettings({});
+        ASSERT_TRUE(static_cast<extui&>(*ui).SetPowerSettings({}));
         prtreg registry = Registry();
         ui->locale.Save(registry);
         auto* stock = new (std::nothrow) Stock;

@@ -119,7 +119,9 @@ bool ppInformation::Command(uint16_t id, uint16_t code, LPARAM value) {
         return false;
     }
     if (id == kRefresh && code == BN_CLICKED) {
-        if (RefreshInformation()) ShowTab(current_, 0, 0, -1);
+        if (!RefreshInformation()) return false;
+        if (!Panel(current_)) current_ = 0; // there are fewer tabs than before
+        ShowTab(current_, 0, 0, -1);
         return false;
     }
     if (id == kDisplay && code == EN_SETFOCUS) {
@@ -222,7 +224,6 @@ HWND ppInformation::Tabs() const {
 void ppInformation::UpdateTabs() {
     if (!tabs_changed_) return;
     const HWND tabs = Tabs();
-    const auto selected = SendMessageW(tabs, TCM_GETCURSEL, 0, 0);
     SendMessageW(tabs, TCM_DELETEALLITEMS, 0, 0);
     for (int i = 0; i < panels_.GetSize(); ++i) {
         TCITEMW item = {};
@@ -232,7 +233,7 @@ void ppInformation::UpdateTabs() {
                      reinterpret_cast<LPARAM>(&item));
     }
     PlaceDisplay();
-    if (selected >= 0) SendMessageW(tabs, TCM_SETCURSEL, static_cast<WPARAM>(selected), 0);
+    SendMessageW(tabs, TCM_SETCURSEL, static_cast<WPARAM>(current_), 0);
     tabs_changed_ = false;
 }
 
@@ -247,10 +248,15 @@ void ppInformation::PlaceDisplay() {
 }
 
 void ppInformation::ShowTab(int tab_index, int selection_start, int selection_end, int scroll) {
+    const HWND display = display_.GetWindow();
+    if (panels_.GetSize() == 0) {
+        SendMessageW(Tabs(), TCM_DELETEALLITEMS, 0, 0);
+        SetWindowTextW(display, TEXT(""));
+        tabs_changed_ = true;
+    }
     const TextPanel* const panel = Panel(tab_index);
     if (!panel) return;
     UpdateTabs();
-    const HWND display = display_.GetWindow();
     SendMessageW(display, WM_SETREDRAW, FALSE, 0);
     const DisplayText shown(*panel);
     SetWindowTextW(display, shown.text.wstring());

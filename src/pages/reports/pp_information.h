@@ -49,7 +49,8 @@ public:
     // ---- Showing and saving it ------------------------------------------------------------------
 
     void UpdateTabs();
-    // Shows a tab with a selection; a scroll position below 0 leaves that as it is.
+    // Shows a tab with a selection; a scroll position below 0 leaves that as it is. Without any
+    // tabs the display becomes empty.
     void ShowTab(int tab, int selection_start, int selection_end, int scroll);
 
     void SaveText(OFile& file);

@@ -1,6 +1,7 @@
 #include "zpl/pages/pp_power_management.h"
 
 #include "locale/text_numbers.h"
+#include "ui/wait_cursor.h"
 #include "zpl/zpl_query.h"
 
 namespace {
@@ -36,15 +37,22 @@ void ppPowerManagement::Refresh(bool all) {
     }
     if (!asked_) {
         asked_ = true;
+        // The user sees the dialog while the printer takes its time.
+        ShowWindow(GetWindow(), SW_SHOW);
+        UpdateWindow(GetWindow());
         ShowReadings();
     }
 }
 
 void ppPowerManagement::ShowReadings() {
     PowerReadings readings;
-    const bool answered =
-        RunPowerQuery(GetWindow(), *static_cast<extstream*>(GetUI()->stream),
-                      GetString(TEXT_POWER_QUERY_JOB), GetString(TEXT_POWER_QUERY), readings);
+    bool answered = false;
+    {
+        const WaitCursor wait;
+        answered =
+            RunPowerQuery(GetWindow(), *static_cast<extstream*>(GetUI()->stream),
+                          GetString(TEXT_POWER_QUERY_JOB), GetString(TEXT_POWER_QUERY), readings);
+    }
     if (!answered) readings = {};
     EM_SetText(kBatteryVoltage, readings.battery_voltage);
     EM_SetText(kHeadVoltage, readings.head_voltage);
@@ -80,6 +88,9 @@ bool ppPowerManagement::Command(uint16_t id, uint16_t code, LPARAM value) {
 }
 
 bool ppPowerManagement::Apply() {
-    Zpl().SetPowerSettings(settings_);
+    if (!Zpl().SetPowerSettings(settings_)) {
+        ReportNotStored(GetString(TEXT_POWER_MANAGEMENT));
+        return false;
+    }
     return prtpage::Apply();
 }

@@ -1,6 +1,7 @@
 #include "zpl/pages/pp_printer_information.h"
 
 #include "locale/text_numbers.h"
+#include "ui/wait_cursor.h"
 #include "zpl/extmodel.h"
 #include "zpl/extui.h"
 
@@ -17,6 +18,7 @@ constexpr char kSeparatorLine[] = "----------------------------------------";
 } // namespace
 
 bool ppPrinterInformation::RefreshInformation() {
+    const WaitCursor wait;
     Info_Clear();
     ZPLQuery query(GetWindow(), static_cast<extstream*>(GetUI()->stream));
     const bool has_configuration = AsZpl(*GetModel()).HasConfigurationLabelCommand();
@@ -117,12 +119,9 @@ void ppPrinterInformation::ShowStatus(const OPropertySet& answers) {
 void ppPrinterInformation::ShowFiles(const OStringArray& files) {
     Info_Tab(TEXT_REPORT_FILES);
     Info_TabStop(kValueStop);
-    if (files.GetSize() == 0) {
-        Info_Line(TEXT_REPORT_NO_FILES);
-    } else {
-        OString header = GetString(TEXT_REPORT_NAME);
-        Info_Header(header << tab << GetString(TEXT_REPORT_SIZE));
-    }
+    OString header = GetString(TEXT_REPORT_NAME);
+    Info_Header(header << tab << GetString(TEXT_REPORT_SIZE));
+    if (files.GetSize() == 0) Info_Line(TEXT_REPORT_NO_FILES);
     int32_t used = 0;
     for (int i = 0; i < files.GetSize(); ++i) {
         OStringArray fields; // memory, name, size

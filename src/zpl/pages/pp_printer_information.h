@@ -8,7 +8,7 @@ class ppPrinterInformation : public ppInformation {
 public:
     static constexpr DLGPROC WinProc = prtpage::WinProcOf<ppPrinterInformation>;
 
-    // Asks the printer. False, with an empty report, if it cannot be asked.
+    // Asks the printer. True always; the report is empty if the printer does not answer.
     bool RefreshInformation() override;
 
 private:
