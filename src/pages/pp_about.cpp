@@ -1,6 +1,7 @@
 #include "pages/pp_about.h"
 
 #include "model/prtmodel.h"
+#include "pages/reports/pp_version.h"
 #include "ui/prtui.h"
 
 namespace {
@@ -9,6 +10,7 @@ constexpr int kLogo = 100;
 constexpr int kCopyright = 102;
 constexpr int kSymbol = 103;
 constexpr int kLicense = 110;
+constexpr int kVersion = 111;
 
 constexpr int kLogoBitmap = 901;
 constexpr int kSymbolBitmap = 902;
@@ -37,9 +39,17 @@ void ppAbout::Refresh(bool) {
 }
 
 bool ppAbout::Command(uint16_t id, uint16_t code, LPARAM) {
-    if (code != BN_CLICKED || id != kLicense) return true;
-    ShowHelp("/base/License.html");
-    return false;
+    if (code != BN_CLICKED) return true;
+    switch (id) {
+    case kLicense:
+        ShowHelp("/base/License.html");
+        return false;
+    case kVersion:
+        DialogModal("*:^INFORMATION", ppVersion::WinProc);
+        return false;
+    default:
+        return true;
+    }
 }
 
 bool ppAbout::PaletteChange(UINT message, WPARAM first, LPARAM second) {
