@@ -58,7 +58,6 @@ public:
     HWND focus = nullptr;
     HWND active = nullptr;
     HWND capture = nullptr;
-    HWND menu_owner = nullptr; // while a menu is open
     BYTE keys[256] = {};
     std::list<Timer> timers;
     std::vector<std::shared_ptr<const Hook>> hooks; // the newest last

@@ -102,14 +102,16 @@ private:
     void RunStep(const StoryStep& step) {
         std::vector<std::string> words;
         for (const std::string& word : step.words) words.push_back(Named(word));
-        if (words[0] == "install") {
+        const std::string& verb = words[words[0] == "--standard-user" ? 1 : 0];
+        const bool is_sheet = verb == "sheet";
+        if (verb == "install") {
             printers_.insert(words.at(1));
             for (size_t i = 2; i + 1 < words.size(); ++i)
                 if (words[i] == "--model") models_.insert(words[i + 1]);
         } else {
             words.push_back("--json");
         }
-        if (words[0] == "sheet" && !step.text.empty()) {
+        if (is_sheet && !step.text.empty()) {
             Write("script.txt", Named(step.text));
             words.insert(words.end(), {"--run", File("script.txt")});
         }

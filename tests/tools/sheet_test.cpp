@@ -80,6 +80,8 @@ TEST_F(Sheet, ScriptsEndWhereTheyCannotGoOn) {
         {"page #1\nspin 201 up", 1, "line 2: control 201 is not a field with arrows"},
         {"click 101\nclick 102", 1, "line 2: there is no control 102"},
         {"click 101\nanswer OK", 1, "line 2: there is no button 'OK'"},
+        {"click 113\nfile \"C:\\\\a\" \"C:\\\\b\"", 1,
+         "line 2: the folder dialog takes one folder"},
         {"menu 102 402", 1, "line 1: item 402 of the menu is disabled"},
         {"menu 102 406", 1, "line 1: there is no item 406"},
         {"click 102\nclick 101", 1, "line 2: control 101: a menu is open"},

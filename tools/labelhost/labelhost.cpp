@@ -91,16 +91,28 @@ constexpr Command kCommands[] = {
 };
 
 void PrintUsage(std::FILE* out) {
-    std::fputs("usage: labelhost [--root DIR] COMMAND ...\n\n", out);
+    std::fputs("usage: labelhost [--root DIR] [--standard-user] COMMAND ...\n\n", out);
     for (const Command& command : kCommands) std::fprintf(out, "  %s\n", command.usage);
     std::fprintf(out, "\nCommands that show something take --json. %s\n", kMachineUsage);
 }
 
-int Run(Words words) {
-    if (words.size() >= 2 && words[0] == "--root") {
-        UseRoot(words[1]);
-        words.erase(words.begin(), words.begin() + 2);
+// Takes the options before the command.
+void TakeMachine(Words& words) {
+    for (;;) {
+        if (words.size() >= 2 && words[0] == "--root") {
+            UseRoot(words[1]);
+            words.erase(words.begin(), words.begin() + 2);
+        } else if (!words.empty() && words[0] == "--standard-user") {
+            BecomeStandardUser();
+            words.erase(words.begin());
+        } else {
+            return;
+        }
     }
+}
+
+int Run(Words words) {
+    TakeMachine(words);
     if (words.empty()) {
         PrintUsage(stderr);
         return 2;

@@ -12,6 +12,10 @@ extern const char* const kMachineUsage;
 // Windows.
 void UseRoot(const std::string& folder);
 
+// Lets the rest of the process run as a user who is no administrator. Always throws Fault on
+// Windows.
+void BecomeStandardUser();
+
 // Makes the name `server` lead to another machine, whose root is `folder`, as a name service does.
 // Throws Fault if the name is another machine's or `folder` is not a root, and always on Windows.
 void NameServer(const std::string& server, const std::string& folder);

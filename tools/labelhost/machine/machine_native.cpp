@@ -10,7 +10,8 @@
 namespace fs = std::filesystem;
 
 const char* const kMachineUsage =
-    "The host lives in --root, else in\n$LABELHOST_ROOT, else in ~/.local/share/labelhost.";
+    "The host lives in --root, else in\n$LABELHOST_ROOT, else in ~/.local/share/labelhost. "
+    "--standard-user: by somebody who is\nno administrator.";
 
 void UseRoot(const std::string& folder) {
     std::error_code error;
@@ -19,6 +20,13 @@ void UseRoot(const std::string& folder) {
         throw Fault("cannot use '" + folder +
                     "' as the root folder: " + (error ? error.message() : "not a folder"));
     win32host::SetRoot(fs::absolute(folder).string());
+}
+
+void BecomeStandardUser() {
+    win32host::UserFacts user;
+    user.name = user.computer_name = u"STANDARD";
+    user.domain = user.computer_name;
+    win32host::SetUser(user);
 }
 
 void NameServer(const std::string& server, const std::string& folder) {

@@ -9,6 +9,10 @@ void UseRoot(const std::string& /*folder*/) {
     throw UsageFault("--root: on Windows, labelhost works on the machine that it runs on");
 }
 
+void BecomeStandardUser() {
+    throw UsageFault("--standard-user: on Windows, labelhost runs as the user who starts it");
+}
+
 void NameServer(const std::string& /*server*/, const std::string& /*folder*/) {
     throw UsageFault("--server: on Windows, the network knows where a server is");
 }

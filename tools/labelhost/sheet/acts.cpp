@@ -38,6 +38,8 @@ void PressKey(const Topmost& topmost, int key, uint32_t held) {
 void EnterPaths(const Topmost& topmost, const std::vector<std::string>& paths) {
     if (topmost.kind != WindowKind::File && topmost.kind != WindowKind::Folder)
         throw Fault("no file or folder dialog is open");
+    if (paths.size() > 1 && topmost.kind == WindowKind::Folder)
+        throw Fault("the folder dialog takes one folder");
     if (!paths.empty() && topmost.kind == WindowKind::File)
         EnterFiles(topmost.window, paths);
     else if (!paths.empty())
