@@ -18,6 +18,7 @@ namespace {
 
 constexpr int kDefaultCell = 16;
 constexpr int kLargestSize = 4096;    // pixels
+constexpr int kStrokesPerEm = 24;     // what a bold stroke has more than another
 constexpr size_t kMostFaces = 64;     // that are kept open
 constexpr size_t kLargestKept = 4096; // pixels of a glyph that is drawn again later
 
@@ -82,18 +83,18 @@ std::shared_ptr<Face> Face::Open(const LOGFONTW& description) {
     }
     const FoundFace found = FindFace(description);
     if (!found.face) return nullptr;
-    auto face = std::make_shared<Face>(description, found.face, found.family, found.lacks_weight,
+    auto face = std::make_shared<Face>(description, found.face, found.family, found.bolding,
                                        found.lacks_slant);
     faces.push_front({description, face});
     if (faces.size() > kMostFaces) faces.pop_back();
     return face;
 }
 
-Face::Face(const LOGFONTW& description, FT_FaceRec_* face, std::u16string family, bool embolden,
+Face::Face(const LOGFONTW& description, FT_FaceRec_* face, std::u16string family, Bolding bolding,
            bool slant)
     : face_(face)
     , family_(std::move(family))
-    , embolden_(embolden)
+    , bolding_(bolding)
     , slant_(slant) {
     SetSize(description);
 }
@@ -178,7 +179,7 @@ void Face::Measure(const LOGFONTW& description, TEXTMETRICW& metrics) const {
         metrics.tmBreakChar = os2->usBreakChar;
         metrics.tmPitchAndFamily |= FamilyOf(os2->panose, fixed);
     }
-    if (embolden_) metrics.tmWeight = FW_BOLD;
+    if (bolding_ == Bolding::Glyphs) metrics.tmWeight = FW_BOLD;
 }
 
 bool Face::Load(char16_t unit, FT_Int32 target) const {
@@ -186,7 +187,9 @@ bool Face::Load(char16_t unit, FT_Int32 target) const {
     if (FT_Load_Glyph(face_, glyph, target | FT_LOAD_NO_BITMAP)) return false;
     const FT_GlyphSlot slot = face_->glyph;
     if (slot->format != FT_GLYPH_FORMAT_OUTLINE) return false;
-    if (embolden_) FT_GlyphSlot_Embolden(slot);
+    if (bolding_ == Bolding::Glyphs) FT_GlyphSlot_Embolden(slot);
+    if (bolding_ == Bolding::OutlinesOnly)
+        FT_Outline_Embolden(&slot->outline, FT_Pos{pixels_per_em_} * 64 / kStrokesPerEm);
     if (slant_) FT_GlyphSlot_Oblique(slot);
     return true;
 }

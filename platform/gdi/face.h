@@ -13,6 +13,8 @@ struct FT_FaceRec_;
 
 namespace win32host {
 
+enum class Bolding;
+
 // The picture of a character, with its place from the pen on the base line.
 struct GlyphImage {
     int left = 0;
@@ -29,7 +31,7 @@ public:
     // it is among those used lately. Null if the host has no fonts.
     static std::shared_ptr<Face> Open(const LOGFONTW& description);
 
-    Face(const LOGFONTW& description, FT_FaceRec_* face, std::u16string family, bool embolden,
+    Face(const LOGFONTW& description, FT_FaceRec_* face, std::u16string family, Bolding bolding,
          bool slant);
     ~Face();
     Face(const Face&) = delete;
@@ -49,7 +51,7 @@ private:
 
     FT_FaceRec_* face_;
     const std::u16string family_;
-    const bool embolden_;
+    const Bolding bolding_;
     const bool slant_;
     int pixels_per_em_ = 0;
     int horizontal_pixels_per_em_ = 0;

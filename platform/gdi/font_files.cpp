@@ -5,6 +5,7 @@
 #include <fontconfig/fontconfig.h>
 
 #include <algorithm>
+#include <cstring>
 #include <memory>
 #include <string>
 
@@ -21,16 +22,17 @@ FT_Library TheLibrary() {
 }
 
 // The font of dialogs and its bold form, where Debian's package fonts-wine has put them, which is
-// no place where fontconfig looks.
-constexpr const char* kDialogFonts[] = {"/usr/share/wine/fonts/tahoma.ttf",
-                                        "/usr/share/wine/fonts/tahomabd.ttf"};
+// no place where fontconfig looks. Only the bitmaps of the bold one are bold; its outlines are
+// those of the other.
+constexpr const char* kDialogFont = "/usr/share/wine/fonts/tahoma.ttf";
+constexpr const char* kBoldDialogFont = "/usr/share/wine/fonts/tahomabd.ttf";
 
 // Initializes fontconfig at the first question and ends it with the process. It initializes itself
 // again if something is asked after that.
 struct Fontconfig {
     Fontconfig() {
         FcInit();
-        for (const char* file : kDialogFonts)
+        for (const char* file : {kDialogFont, kBoldDialogFont})
             FcConfigAppFontAddFile(nullptr, reinterpret_cast<const FcChar8*>(file));
     }
     ~Fontconfig() { FcFini(); }
@@ -122,9 +124,11 @@ FoundFace FindFace(const LOGFONTW& description) {
     // is still to be made so.
     FcBool embolden = FcFalse;
     FcPatternGetBool(match.get(), FC_EMBOLDEN, 0, &embolden);
-    found.lacks_weight =
-        description.lfWeight >= 600 &&
-        (embolden || Number(match, FC_WEIGHT, FC_WEIGHT_NORMAL) < FC_WEIGHT_DEMIBOLD);
+    if (std::strcmp(reinterpret_cast<const char*>(file), kBoldDialogFont) == 0)
+        found.bolding = Bolding::OutlinesOnly;
+    else if (description.lfWeight >= 600 &&
+             (embolden || Number(match, FC_WEIGHT, FC_WEIGHT_NORMAL) < FC_WEIGHT_DEMIBOLD))
+        found.bolding = Bolding::Glyphs;
     found.lacks_slant = description.lfItalic && !(found.face->style_flags & FT_STYLE_FLAG_ITALIC);
     return found;
 }

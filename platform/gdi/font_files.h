@@ -14,10 +14,14 @@ namespace win32host {
 // Held by whoever calls FreeType or fontconfig: only one thread may at a time.
 std::mutex& FontLock();
 
+// What is still to be done to a face that is wanted bold: nothing; everything; or only its outlines,
+// as its advances are bold already.
+enum class Bolding { None, Glyphs, OutlinesOnly };
+
 struct FoundFace {
     FT_Face face = nullptr; // the caller closes it; null if the host has no fonts
     std::u16string family;  // the one asked for, if the face belongs to it
-    bool lacks_weight = false;
+    Bolding bolding = Bolding::None;
     bool lacks_slant = false;
 };
 

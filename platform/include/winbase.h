@@ -132,6 +132,39 @@ typedef struct WIN32_FIND_DATAW {
 typedef WIN32_FIND_DATAW* LPWIN32_FIND_DATAW;
 static_assert(sizeof(WIN32_FIND_DATAW) == 592, "layout");
 
+#define DRIVE_UNKNOWN 0
+#define DRIVE_NO_ROOT_DIR 1
+#define DRIVE_REMOVABLE 2
+#define DRIVE_FIXED 3
+#define DRIVE_REMOTE 4
+#define DRIVE_CDROM 5
+#define DRIVE_RAMDISK 6
+
+// Sizes in bytes. Here page files and address spaces have none.
+typedef struct MEMORYSTATUSEX {
+    DWORD dwLength;     // the caller's
+    DWORD dwMemoryLoad; // in percent
+    DWORDLONG ullTotalPhys;
+    DWORDLONG ullAvailPhys;
+    DWORDLONG ullTotalPageFile;
+    DWORDLONG ullAvailPageFile;
+    DWORDLONG ullTotalVirtual;
+    DWORDLONG ullAvailVirtual;
+    DWORDLONG ullAvailExtendedVirtual;
+} MEMORYSTATUSEX;
+static_assert(sizeof(MEMORYSTATUSEX) == 64, "layout");
+
+typedef struct MEMORYSTATUS {
+    DWORD dwLength;
+    DWORD dwMemoryLoad;
+    SIZE_T dwTotalPhys;
+    SIZE_T dwAvailPhys;
+    SIZE_T dwTotalPageFile;
+    SIZE_T dwAvailPageFile;
+    SIZE_T dwTotalVirtual;
+    SIZE_T dwAvailVirtual;
+} MEMORYSTATUS;
+
 typedef struct OFSTRUCT {
     BYTE cBytes;
     BYTE fFixedDisk;
@@ -209,6 +242,10 @@ DWORD WINAPI GetLastError();
 void WINAPI SetLastError(DWORD code);
 
 // ---- Memory -------------------------------------------------------------------------------------
+
+// The machine's memory. The older one tells of no more than an address can count.
+BOOL WINAPI GlobalMemoryStatusEx(MEMORYSTATUSEX* status);
+void WINAPI GlobalMemoryStatus(MEMORYSTATUS* status);
 
 // A block of `size` bytes, aligned for any type. The handle is the block's address whether or not
 // it was asked for as moveable; a moveable block counts its locks.
@@ -310,6 +347,12 @@ DWORD WINAPI GetFullPathNameW(LPCWSTR name, DWORD size, LPWSTR path, LPWSTR* fil
 DWORD WINAPI GetCurrentDirectoryW(DWORD size, LPWSTR path);
 UINT WINAPI GetSystemDirectoryW(LPWSTR path, UINT size);
 UINT WINAPI GetWindowsDirectoryW(LPWSTR path, UINT size);
+// The value of an environment variable of the process, or of those that Windows sets about the
+// processor. 0 with ERROR_ENVVAR_NOT_FOUND if there is none.
+DWORD WINAPI GetEnvironmentVariableW(LPCWSTR name, LPWSTR buffer, DWORD size);
+
+// The kind of a drive (DRIVE_), by its root ("C:") or, for null, of the current one.
+UINT WINAPI GetDriveTypeW(LPCWSTR root);
 
 // Makes "PATH\PREnnnn.TMP" from three characters of the prefix and a number. With `unique` 0 an
 // unused number is chosen and the file is created. Answers the number; `name` has room for

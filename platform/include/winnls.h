@@ -55,6 +55,7 @@ typedef DWORD LCTYPE;
 #define LOCALE_RETURN_NUMBER 0x20000000
 
 #define LOCALE_ILANGUAGE 0x00000001        // language identifier, four hexadecimal digits
+#define LOCALE_SLANGUAGE 0x00000002        // "English (United States)"
 #define LOCALE_SABBREVLANGNAME 0x00000003  // three letters: two of the language, one of the country
 #define LOCALE_IDEFAULTCODEPAGE 0x0000000B // OEM code page, decimal
 #define LOCALE_IMEASURE 0x0000000D         // "0" metric, "1" inches
@@ -81,6 +82,24 @@ typedef struct OSVERSIONINFOW {
 } OSVERSIONINFOW;
 typedef OSVERSIONINFOW* LPOSVERSIONINFOW;
 static_assert(sizeof(OSVERSIONINFOW) == 276, "layout");
+
+// The same and more about Windows NT; GetVersionExW knows it by its size.
+typedef struct OSVERSIONINFOEXW {
+    DWORD dwOSVersionInfoSize;
+    DWORD dwMajorVersion;
+    DWORD dwMinorVersion;
+    DWORD dwBuildNumber;
+    DWORD dwPlatformId;
+    WCHAR szCSDVersion[128];
+    WORD wServicePackMajor;
+    WORD wServicePackMinor;
+    WORD wSuiteMask;
+    BYTE wProductType; // VER_NT_
+    BYTE wReserved;
+} OSVERSIONINFOEXW;
+static_assert(sizeof(OSVERSIONINFOEXW) == 284, "layout");
+
+#define VER_NT_WORKSTATION 1
 
 #pragma GCC visibility push(default)
 WIN32HOST_BEGIN_C

@@ -47,6 +47,82 @@ constexpr struct {
     {0x26, {1257, 775}},   {0x27, {1257, 775}},   {0x2A, {1258, 1258}},
 };
 
+// ISO codes and what they stand for.
+struct NameOfCode {
+    const char* code;
+    const char* name;
+};
+constexpr NameOfCode kLanguageNames[] = {
+    {"en", "English"},
+    {"ar", "Arabic"},
+    {"bg", "Bulgarian"},
+    {"ca", "Catalan"},
+    {"cs", "Czech"},
+    {"da", "Danish"},
+    {"de", "German"},
+    {"el", "Greek"},
+    {"es", "Spanish"},
+    {"et", "Estonian"},
+    {"eu", "Basque"},
+    {"fi", "Finnish"},
+    {"fr", "French"},
+    {"he", "Hebrew"},
+    {"hr", "Croatian"},
+    {"hu", "Hungarian"},
+    {"id", "Indonesian"},
+    {"is", "Icelandic"},
+    {"it", "Italian"},
+    {"ja", "Japanese"},
+    {"ko", "Korean"},
+    {"lt", "Lithuanian"},
+    {"lv", "Latvian"},
+    {"nb", "Norwegian Bokmål"},
+    {"nn", "Norwegian Nynorsk"},
+    {"no", "Norwegian"},
+    {"nl", "Dutch"},
+    {"pl", "Polish"},
+    {"pt", "Portuguese"},
+    {"ro", "Romanian"},
+    {"ru", "Russian"},
+    {"sk", "Slovak"},
+    {"sl", "Slovenian"},
+    {"sv", "Swedish"},
+    {"th", "Thai"},
+    {"tr", "Turkish"},
+    {"uk", "Ukrainian"},
+    {"vi", "Vietnamese"},
+    {"zh", "Chinese"},
+};
+constexpr NameOfCode kCountryNames[] = {
+    {"US", "United States"}, {"GB", "United Kingdom"}, {"AU", "Australia"},
+    {"CA", "Canada"},        {"NZ", "New Zealand"},    {"IE", "Ireland"},
+    {"ZA", "South Africa"},  {"IN", "India"},          {"SA", "Saudi Arabia"},
+    {"BG", "Bulgaria"},      {"ES", "Spain"},          {"CZ", "Czech Republic"},
+    {"DK", "Denmark"},       {"DE", "Germany"},        {"CH", "Switzerland"},
+    {"AT", "Austria"},       {"LU", "Luxembourg"},     {"LI", "Liechtenstein"},
+    {"GR", "Greece"},        {"MX", "Mexico"},         {"AR", "Argentina"},
+    {"CL", "Chile"},         {"CO", "Colombia"},       {"PE", "Peru"},
+    {"VE", "Venezuela"},     {"EE", "Estonia"},        {"FI", "Finland"},
+    {"FR", "France"},        {"BE", "Belgium"},        {"IL", "Israel"},
+    {"HR", "Croatia"},       {"HU", "Hungary"},        {"ID", "Indonesia"},
+    {"IS", "Iceland"},       {"IT", "Italy"},          {"JP", "Japan"},
+    {"KR", "Korea"},         {"LT", "Lithuania"},      {"LV", "Latvia"},
+    {"NO", "Norway"},        {"NL", "Netherlands"},    {"PL", "Poland"},
+    {"BR", "Brazil"},        {"PT", "Portugal"},       {"RO", "Romania"},
+    {"RU", "Russia"},        {"SK", "Slovakia"},       {"SI", "Slovenia"},
+    {"SE", "Sweden"},        {"TH", "Thailand"},       {"TR", "Turkey"},
+    {"UA", "Ukraine"},       {"VN", "Vietnam"},        {"CN", "China"},
+    {"TW", "Taiwan"},        {"HK", "Hong Kong"},      {"SG", "Singapore"},
+};
+
+// Every code of kLanguages has a name.
+template <size_t N>
+std::string NameIn(const NameOfCode (&names)[N], std::string_view code) {
+    for (const NameOfCode& entry : names)
+        if (entry.code == code) return entry.name;
+    return std::string(code);
+}
+
 } // namespace
 
 const Language& LanguageOfLocale(std::string_view name) {
@@ -78,6 +154,11 @@ const Language* LanguageOfId(LANGID id) {
         if (!first && PRIMARYLANGID(entry.id) == id) first = &entry;
     }
     return first;
+}
+
+std::string NameOf(const Language& language) {
+    return NameIn(kLanguageNames, language.language) + " (" +
+           NameIn(kCountryNames, language.country) + ")";
 }
 
 CodePages CodePagesOf(const Language& language) {

@@ -3,6 +3,7 @@
 
 #include <windows.h>
 
+#include <string>
 #include <string_view>
 
 namespace win32host {
@@ -24,6 +25,9 @@ const Language& LanguageOfAbbreviation(std::u16string_view abbreviation);
 // The entry for an identifier; the language's first one if it names no country. Null if there is
 // none.
 const Language* LanguageOfId(LANGID id);
+
+// The name in English: "German (Switzerland)".
+std::string NameOf(const Language& language);
 
 // The code pages of programs that do not use UTF-16: for windows (ANSI) and for consoles (OEM).
 struct CodePages {

@@ -128,6 +128,8 @@ std::optional<Fact> FindFact(const LocaleFacts& facts, const Language& language,
         return Fact{facts.decimal, {}};
     case LOCALE_STHOUSAND:
         return Fact{facts.thousands, {}};
+    case LOCALE_SLANGUAGE:
+        return Fact{Utf16(NameOf(language)), {}};
     case LOCALE_SABBREVLANGNAME:
         return Fact{facts.abbreviation, {}};
     case LOCALE_SISO639LANGNAME:

@@ -2,6 +2,7 @@
 
 #include <windows.h>
 
+#include <cstring>
 #include <mutex>
 
 namespace win32host {
@@ -32,13 +33,20 @@ void ResetVersion() {
 } // namespace win32host
 
 extern "C" BOOL WINAPI GetVersionExW(LPOSVERSIONINFOW information) {
-    if (!information || information->dwOSVersionInfoSize != sizeof(OSVERSIONINFOW)) {
+    const DWORD size = information ? information->dwOSVersionInfoSize : 0;
+    if (size != sizeof(OSVERSIONINFOW) && size != sizeof(OSVERSIONINFOEXW)) {
         SetLastError(ERROR_INSUFFICIENT_BUFFER);
         return FALSE;
     }
     std::lock_guard guard(win32host::g_version_lock);
     const win32host::Version& version = win32host::g_version;
-    *information = {sizeof(OSVERSIONINFOW), version.major,    version.minor,
-                    version.build,          version.platform, {}};
+    OSVERSIONINFOEXW answer = {};
+    answer.dwOSVersionInfoSize = size;
+    answer.dwMajorVersion = version.major;
+    answer.dwMinorVersion = version.minor;
+    answer.dwBuildNumber = version.build;
+    answer.dwPlatformId = version.platform;
+    answer.wProductType = VER_NT_WORKSTATION;
+    std::memcpy(information, &answer, size);
     return TRUE;
 }

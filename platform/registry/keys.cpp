@@ -1,5 +1,6 @@
 // Opening, making, deleting and listing keys.
 #include "registry/access.h"
+#include "registry/hardware.h"
 #include "registry/transactions.h"
 
 #include "host/root.h"
@@ -76,6 +77,7 @@ LSTATUS WINAPI RegOpenKeyExW(HKEY key, LPCWSTR subkey, DWORD, REGSAM access, PHK
         LSTATUS status = Use(key, 0, base);
         if (status != ERROR_SUCCESS) return status;
         const std::u16string_view path = TextOf(subkey);
+        if (key == HKEY_LOCAL_MACHINE) DescribeHardware(base.location, base.id, path);
         KeyFound found;
         status = base.store->Find(base.id, path, found);
         if (status != ERROR_SUCCESS) return status;

@@ -57,7 +57,8 @@ LRESULT RichEdit::Select(LONG from, LONG to) {
     anchor_ = static_cast<size_t>(from);
     caret_ = static_cast<size_t>(to);
     wanted_x_ = -1;
-    ScrollToCaret();
+    // Who formats many ranges does not want to see each of them.
+    if (draws_) ScrollToCaret();
     if (anchor_ != anchor || caret_ != caret) {
         typing_.reset();
         typing_goes_on_ = false;
@@ -266,6 +267,9 @@ LRESULT RichEdit::Handle(UINT message, WPARAM first, LPARAM second) {
         case WM_HSCROLL:
             HandleScroll(message == WM_VSCROLL, first);
             return 0;
+        case WM_SETREDRAW:
+            draws_ = first != 0;
+            return DefWindowProcW(Self(), message, first, second);
         case WM_SIZE:
         case WM_STYLECHANGED:
             ForgetLayout();

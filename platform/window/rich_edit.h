@@ -95,6 +95,7 @@ private:
     bool modified_ = false;
     bool in_dialog_ = false; // a dialog's keyboard handling has asked what it wants
     bool hides_selection_ = true;
+    bool draws_ = true; // WM_SETREDRAW
     bool has_focus_ = false;
     std::optional<COLORREF> background_;
     int left_margin_ = 0;

@@ -43,10 +43,11 @@ int RichLayout::Pixels(HDC dc, LONG twips) {
 
 size_t EndOfPiece(const RichText& text, size_t from, size_t to) {
     if (text.Text()[from] == u'\t') return from + 1;
-    const CHARFORMAT2W* format = &text.FormatAt(from);
-    size_t end = from + 1;
-    while (end < to && text.Text()[end] != u'\t' && &text.FormatAt(end) == format) ++end;
-    return end;
+    const size_t end = std::min(to, text.EndOfFormat(from));
+    const auto begin = text.Text().begin();
+    const auto tab =
+        std::find(begin + static_cast<ptrdiff_t>(from), begin + static_cast<ptrdiff_t>(end), u'\t');
+    return static_cast<size_t>(tab - begin);
 }
 
 int AdvanceOver(HDC dc, const RichText& text, RichFonts& fonts, const PARAFORMAT2& paragraph,

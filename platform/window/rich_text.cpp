@@ -126,16 +126,19 @@ size_t RichText::CutAt(size_t position) {
 }
 
 void RichText::JoinEqual() {
-    std::vector<Run> joined;
-    joined.reserve(runs_.size());
-    for (const Run& run : runs_) {
-        if (run.length == 0) continue;
-        if (!joined.empty() && IsSame(joined.back().format, run.format))
-            joined.back().length += run.length;
-        else
-            joined.push_back(run);
+    size_t kept = 0, start = 0;
+    for (size_t i = 0; i < runs_.size(); ++i) {
+        const size_t length = runs_[i].length;
+        if (length == 0) continue;
+        if (kept > 0 && IsSame(runs_[kept - 1].format, runs_[i].format)) {
+            runs_[kept - 1].length += length;
+        } else {
+            if (kept != i) runs_[kept] = runs_[i];
+            runs_[kept++].start = start;
+        }
+        start += length;
     }
-    runs_ = std::move(joined);
+    runs_.erase(runs_.begin() + static_cast<ptrdiff_t>(kept), runs_.end());
 }
 
 void RichText::Replace(size_t from, size_t to, std::u16string_view text,
@@ -161,7 +164,7 @@ void RichText::Replace(size_t from, size_t to, std::u16string_view text,
     const size_t last = CutAt(to);
     runs_.erase(runs_.begin() + static_cast<ptrdiff_t>(first),
                 runs_.begin() + static_cast<ptrdiff_t>(last));
-    runs_.insert(runs_.begin() + static_cast<ptrdiff_t>(first), Run{text.size(), kept});
+    runs_.insert(runs_.begin() + static_cast<ptrdiff_t>(first), Run{text.size(), kept, from});
     text_.replace(from, to - from, text);
     JoinEqual();
 }
@@ -174,13 +177,22 @@ void RichText::Reset(std::u16string_view text, const CHARFORMAT2W& format) {
     Replace(0, 0, text, standard_);
 }
 
+const RichText::Run* RichText::RunAt(size_t position) const {
+    if (position >= Length()) return nullptr;
+    const auto after =
+        std::upper_bound(runs_.begin(), runs_.end(), position,
+                         [](size_t wanted, const Run& run) { return wanted < run.start; });
+    return &*(after - 1);
+}
+
 const CHARFORMAT2W& RichText::FormatAt(size_t position) const {
-    size_t end = 0;
-    for (const Run& run : runs_) {
-        end += run.length;
-        if (position < end) return run.format;
-    }
+    if (const Run* run = RunAt(position)) return run->format;
     return runs_.empty() ? standard_ : runs_.back().format;
+}
+
+size_t RichText::EndOfFormat(size_t position) const {
+    const Run* run = RunAt(position);
+    return run ? run->start + run->length : Length();
 }
 
 const CHARFORMAT2W& RichText::FormatForTyping(size_t position) const {
@@ -266,7 +278,7 @@ void RichText::SetParagraphFormat(size_t from, size_t to, const PARAFORMAT& chan
 bool RichText::IsWhole() const {
     size_t length = 0;
     for (const Run& run : runs_) {
-        if (run.length == 0) return false;
+        if (run.length == 0 || run.start != length) return false;
         length += run.length;
     }
     return length == Length() && paragraphs_.size() == ParagraphAt(Length()) + 1;

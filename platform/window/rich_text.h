@@ -45,6 +45,8 @@ public:
 
     // The format of one character; of the one before at the end, and `standard` without any.
     const CHARFORMAT2W& FormatAt(size_t position) const;
+    // Where the characters with the format of this one end.
+    size_t EndOfFormat(size_t position) const;
     // The format that typed characters get there: that of the character before.
     const CHARFORMAT2W& FormatForTyping(size_t position) const;
     // The format of the first character; dwMask has what is the same in all of the range.
@@ -65,10 +67,14 @@ private:
     struct Run {
         size_t length;
         CHARFORMAT2W format;
+        size_t start = 0; // known while nothing is being changed
     };
 
+    // The run with a position, or null at the end.
+    const Run* RunAt(size_t position) const;
     // The run that starts at a position, after cutting one if need be.
     size_t CutAt(size_t position);
+    // Ends a change of runs.
     void JoinEqual();
 
     std::u16string text_;

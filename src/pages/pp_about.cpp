@@ -2,6 +2,7 @@
 
 #include "model/prtmodel.h"
 #include "pages/development/development_sheet.h"
+#include "pages/reports/pp_version.h"
 #include "ui/prtui.h"
 
 namespace {
@@ -50,8 +51,10 @@ bool ppAbout::Command(uint16_t id, uint16_t code, LPARAM) {
         ShowHelp("/base/License.html");
         return false;
     case kVersion:
-        if (!IsDeveloperCombination()) return true;
-        ShowDevelopmentOptions(*this);
+        if (IsDeveloperCombination())
+            ShowDevelopmentOptions(*this);
+        else
+            DialogModal("*:^INFORMATION", ppVersion::WinProc);
         return false;
     default:
         return true;

@@ -39,8 +39,9 @@ public:
     // False, and nothing changed, if the file has no version resource with texts.
     static bool GetProductVersionInfo(const OString& file, tagProductVersionInfo* info);
 
-    // The running system, "Windows XP", its edition and its service pack. Empty texts for a system
-    // that is not known by name.
+    // The running system, "Windows XP", its edition and its service pack. Empty texts for a version
+    // of Windows that is not known by name. A system of another kind tells its own name, and its
+    // kernel as the edition.
     static void GetOSInformation(OString& name, OString& edition, OString& service_pack);
 
     // Tells the user of a page that a component must be updated: the text with this number, and
@@ -60,18 +61,7 @@ int CheckComponentVersion(const OString& file, const OString& required, bool fro
 int CheckExplorerVersion(const OString& required);
 int CheckFablewickVersion(const OString& required);
 
-// The system's version with its product and suites, as GetVersionExW fills it in.
-struct ExtendedVersion {
-    OSVERSIONINFOW basic;
-    uint16_t service_pack_major;
-    uint16_t service_pack_minor;
-    uint16_t suites;
-    uint8_t product;
-    uint8_t reserved;
-};
-static_assert(sizeof(ExtendedVersion) == 284);
-
-// What GetOSInformation says of such a system. Without `extended` the last fields are not known,
-// and the registry tells the edition.
-void DescribeSystem(const ExtendedVersion& system, bool extended, OString& name, OString& edition,
+// What GetOSInformation says of such a system of Windows'. Without `extended` only the fields of an
+// OSVERSIONINFOW are known, and the registry tells the edition.
+void DescribeSystem(const OSVERSIONINFOEXW& system, bool extended, OString& name, OString& edition,
                     OString& service_pack);

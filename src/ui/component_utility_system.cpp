@@ -15,7 +15,7 @@ constexpr uint8_t kWorkstation = 1; // product
 constexpr char kHotfix6a[] =
     "LOCAL_MACHINE:SOFTWARE/Microsoft/Windows NT/CurrentVersion/Hotfix/Q246009";
 
-void DescribeWindows95(const OSVERSIONINFOW& system, OString& name, OString& service_pack) {
+void DescribeWindows95(const OSVERSIONINFOEXW& system, OString& name, OString& service_pack) {
     const WCHAR release = system.szCSDVersion[0] ? system.szCSDVersion[1] : WCHAR{0};
     switch (system.dwMinorVersion) {
     case 0:
@@ -34,7 +34,7 @@ void DescribeWindows95(const OSVERSIONINFOW& system, OString& name, OString& ser
     }
 }
 
-OString NameOfWindowsNT(const OSVERSIONINFOW& system) {
+OString NameOfWindowsNT(const OSVERSIONINFOEXW& system) {
     if (system.dwMajorVersion == 5) {
         constexpr const char* kNames[] = {"Windows 2000", "Windows XP", "Windows Server 2003"};
         if (system.dwMinorVersion < 3) return kNames[system.dwMinorVersion];
@@ -43,25 +43,25 @@ OString NameOfWindowsNT(const OSVERSIONINFOW& system) {
     return name << system.dwMajorVersion << "." << system.dwMinorVersion;
 }
 
-const char* EditionOfServer(const ExtendedVersion& system) {
-    const uint32_t suites = system.suites;
-    const bool is_version_5 = system.basic.dwMajorVersion == 5;
-    if (is_version_5 && system.basic.dwMinorVersion == 2) {
+const char* EditionOfServer(const OSVERSIONINFOEXW& system) {
+    const uint32_t suites = system.wSuiteMask;
+    const bool is_version_5 = system.dwMajorVersion == 5;
+    if (is_version_5 && system.dwMinorVersion == 2) {
         if (suites & DATACENTER) return "Datacenter Edition";
         if (suites & ENTERPRISE) return "Enterprise Edition";
         return suites == BLADE ? "Web Edition" : "Standard Edition";
     }
-    if (is_version_5 && system.basic.dwMinorVersion == 0) {
+    if (is_version_5 && system.dwMinorVersion == 0) {
         if (suites & DATACENTER) return "Datacenter Server";
         return suites & ENTERPRISE ? "Advanced Server" : "Server";
     }
     return suites & ENTERPRISE ? "Server (Enterprise Edition)" : "Server";
 }
 
-const char* EditionOfWorkstation(const ExtendedVersion& system) {
-    if (system.basic.dwMajorVersion == 4) return "Workstation";
-    if (system.basic.dwMajorVersion != 5) return "";
-    return system.suites & PERSONAL ? "Home Edition" : "Professional";
+const char* EditionOfWorkstation(const OSVERSIONINFOEXW& system) {
+    if (system.dwMajorVersion == 4) return "Workstation";
+    if (system.dwMajorVersion != 5) return "";
+    return system.wSuiteMask & PERSONAL ? "Home Edition" : "Professional";
 }
 
 const char* EditionInRegistry() {
@@ -78,7 +78,7 @@ const char* EditionInRegistry() {
     return "";
 }
 
-OString ServicePackOf(const OSVERSIONINFOW& system) {
+OString ServicePackOf(const OSVERSIONINFOEXW& system) {
     OString pack(system.szCSDVersion);
     if (system.dwMajorVersion == 4 && pack.CompareNoCase("Service Pack 6") == 0 &&
         ORegistry().GetKeyInfo(kHotfix6a, nullptr, nullptr))
@@ -86,33 +86,52 @@ OString ServicePackOf(const OSVERSIONINFOW& system) {
     return pack << " (Build " << LOWORD(system.dwBuildNumber) << ")";
 }
 
+// Where the driver runs on another system, in surroundings like those of Windows, these have a
+// function that names it. False on Windows.
+bool NameOtherSystem(OString& name, OString& kernel) {
+    using Ask = BOOL WINAPI(WCHAR*, DWORD, WCHAR*, DWORD);
+    const HMODULE library = GetModuleHandleW(TEXT("kernel32.dll"));
+    auto* const ask = reinterpret_cast<Ask*>(
+        reinterpret_cast<void*>(library ? GetProcAddress(library, "GetHostSystemName") : nullptr));
+    WCHAR names[2][128] = {};
+    if (!ask || !ask(names[0], 128, names[1], 128)) return false;
+    name = names[0];
+    kernel = names[1];
+    return true;
+}
+
 } // namespace
 
-void DescribeSystem(const ExtendedVersion& system, bool extended, OString& name, OString& edition,
+void DescribeSystem(const OSVERSIONINFOEXW& system, bool extended, OString& name, OString& edition,
                     OString& service_pack) {
     name = edition = service_pack = OString();
-    if (system.basic.dwPlatformId == kWindows95Family) {
-        if (system.basic.dwMajorVersion == 4) DescribeWindows95(system.basic, name, service_pack);
+    if (system.dwPlatformId == kWindows95Family) {
+        if (system.dwMajorVersion == 4) DescribeWindows95(system, name, service_pack);
         return;
     }
-    if (system.basic.dwPlatformId != kWindowsNTFamily) return;
-    name = NameOfWindowsNT(system.basic);
+    if (system.dwPlatformId != kWindowsNTFamily) return;
+    name = NameOfWindowsNT(system);
     if (!extended)
         edition = EditionInRegistry();
-    else if (system.product == kWorkstation)
+    else if (system.wProductType == kWorkstation)
         edition = EditionOfWorkstation(system);
     else
         edition = EditionOfServer(system);
-    service_pack = ServicePackOf(system.basic);
+    service_pack = ServicePackOf(system);
 }
 
 void ComponentUtility::GetOSInformation(OString& name, OString& edition, OString& service_pack) {
-    ExtendedVersion system = {};
-    system.basic.dwOSVersionInfoSize = sizeof system;
-    const bool extended = GetVersionExW(&system.basic);
+    if (NameOtherSystem(name, edition)) {
+        service_pack = OString();
+        return;
+    }
+    OSVERSIONINFOEXW system = {};
+    auto* const basic = reinterpret_cast<OSVERSIONINFOW*>(&system);
+    system.dwOSVersionInfoSize = sizeof system;
+    const bool extended = GetVersionExW(basic);
     if (!extended) {
-        system.basic.dwOSVersionInfoSize = sizeof system.basic;
-        GetVersionExW(&system.basic);
+        system.dwOSVersionInfoSize = sizeof *basic;
+        GetVersionExW(basic);
     }
     DescribeSystem(system, extended, name, edition, service_pack);
 }

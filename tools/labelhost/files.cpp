@@ -13,10 +13,10 @@ namespace {
 
 constexpr size_t kPiece = 65536;
 
-std::string NameAside(const std::string& file) {
-    char ending[20];
-    std::snprintf(ending, sizeof(ending), ".%08x.part", std::random_device()());
-    return file + ending;
+std::string NameAside(const std::string& file, const std::string& extension) {
+    char part[20];
+    std::snprintf(part, sizeof(part), ".%08x", std::random_device()());
+    return file + part + extension;
 }
 
 } // namespace
@@ -49,8 +49,8 @@ std::string ReadBytes(std::istream& in, size_t most) {
     return bytes;
 }
 
-FileAside::FileAside(const std::string& file)
-    : name_(NameAside(file)) {}
+FileAside::FileAside(const std::string& file, const std::string& extension)
+    : name_(NameAside(file, extension)) {}
 
 FileAside::~FileAside() {
     std::error_code ignored;

@@ -21,8 +21,8 @@ std::string ReadBytes(std::istream& in, size_t most = SIZE_MAX);
 // to that, the destructor removes it, whoever wrote it.
 class FileAside {
 public:
-    // Its name is that of `file` with a unique ending.
-    explicit FileAside(const std::string& file);
+    // Its name is that of `file` with a unique part and the extension after it.
+    explicit FileAside(const std::string& file, const std::string& extension = ".part");
     ~FileAside();
     FileAside(const FileAside&) = delete;
     FileAside& operator=(const FileAside&) = delete;

@@ -76,9 +76,10 @@ constexpr Command kCommands[] = {
      "query PRINTER [--mask N]\n                    ask the printer about itself"},
     {"sheet", SheetCommand,
      "sheet PRINTER [--document | --defaults | --device] [--in FILE] [--out FILE]\n"
-     "      [--run SCRIPT] [--pictures DIR] [--dpi N]\n"
+     "      [--run SCRIPT] [--pictures DIR] [--dpi N] [--version-report FILE]\n"
      "                    open the property sheets, use them as a script says, and tell what they "
-     "show"},
+     "show;\n"
+     "                    or save the driver's report about itself, as .html, .rtf or .txt"},
     {"registry", RegistryCommand,
      "registry dump KEY | set KEY NAME TYPE HEX | delete KEY [NAME]\n"
      "                    look at or change the host's registry"},

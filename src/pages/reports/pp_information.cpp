@@ -243,8 +243,9 @@ void ppInformation::PlaceDisplay() {
     MapWindowPoints(nullptr, GetWindow(), reinterpret_cast<POINT*>(&area), 2);
     SendMessageW(Tabs(), TCM_ADJUSTRECT, FALSE, reinterpret_cast<LPARAM>(&area));
     InflateRect(&area, -kDisplayInset, -kDisplayInset);
-    MoveWindow(display_.GetWindow(), area.left, area.top, area.right - area.left,
-               area.bottom - area.top, TRUE);
+    // In front of the tabs, which would cover it.
+    SetWindowPos(display_.GetWindow(), HWND_TOP, area.left, area.top, area.right - area.left,
+                 area.bottom - area.top, SWP_NOACTIVATE);
 }
 
 void ppInformation::ShowTab(int tab_index, int selection_start, int selection_end, int scroll) {

@@ -8,6 +8,7 @@
 #include "machine/printer.h"
 #include "sheet/people.h"
 #include "sheet/session.h"
+#include "sheet/version_report.h"
 #include "text.h"
 
 #include <windows.h>
@@ -27,7 +28,7 @@ constexpr uint32_t kFinestScreen = 2400;
 
 constexpr const char* kSheetUsage =
     "sheet PRINTER [--document | --defaults | --device] [--in FILE] [--out FILE] [--run SCRIPT] "
-    "[--pictures DIR] [--dpi N] [--json]";
+    "[--pictures DIR] [--dpi N] [--version-report FILE] [--json]";
 
 // Which of the sheets is meant.
 std::string KindIn(const Arguments& arguments) {
@@ -107,12 +108,19 @@ Ended OpenSheet(const std::string& kind, const std::string& name, DevModeBytes* 
 } // namespace
 
 void SheetCommand(const Words& words) {
-    const Arguments arguments(words, {"in", "out", "run", "pictures", "dpi"},
+    const Arguments arguments(words, {"in", "out", "run", "pictures", "dpi", "version-report"},
                               {"document", "defaults", "device", "json"});
     arguments.RequireCount(1, 1, kSheetUsage);
     const std::string& name = arguments[0];
     const std::string kind = KindIn(arguments);
     SheetPlan plan = PlanOf(arguments, kind);
+    std::optional<VersionReport> report;
+    if (arguments.Has("version-report")) {
+        if (plan.has_script) throw UsageFault("--version-report and --run exclude each other");
+        report.emplace(arguments.Get("version-report", ""));
+        plan.has_script = true;
+        plan.make_acts = [&report](int pages) { return report->Acts(pages); };
+    }
     if (arguments.Has("dpi"))
         SetScreenResolution(static_cast<int>(arguments.Number("dpi", kFinestScreen, kUsualScreen)));
     std::optional<DevModeBytes> input;
@@ -133,6 +141,10 @@ void SheetCommand(const Words& words) {
     const bool confirmed = told["result"] == "ok" || told.contains("applied");
     if (arguments.Has("out") && confirmed && !output.empty())
         DevModeBytes(output, "the driver of '" + name + "'").WriteTo(arguments.Get("out", ""));
+    if (report && session.fault().empty() && told["result"] != "failed") {
+        report->Keep();
+        told["version_report"] = arguments.Get("version-report", "");
+    }
     if (arguments.Has("json"))
         PrintJson(told);
     else

@@ -105,6 +105,11 @@ void PrintForPeople(const Json& told) {
             line += " " + with;
         std::printf("asked to %s\n", line.c_str());
     }
+    if (told.contains("version_report")) {
+        std::printf("%s: version report of '%s'\n", ValueText(told["version_report"]).c_str(),
+                    ValueText(told["printer"]).c_str());
+        return;
+    }
     std::printf("%s of '%s': %s%s\n", ValueText(told["kind"]).c_str(),
                 ValueText(told["printer"]).c_str(), ValueText(told["result"]).c_str(),
                 told.contains("applied") ? ", but applied before" : "");

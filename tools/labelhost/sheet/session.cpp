@@ -42,6 +42,8 @@ void Session::TakeTurn() {
     // A driver that works shows nothing that a person could use.
     if (!topmost) return LetTimePass();
     const bool sheet = InFrontOfSheet(topmost);
+    if (sheet && plan_.make_acts)
+        plan_.acts = std::exchange(plan_.make_acts, nullptr)(static_cast<int>(pages_.size()));
     if (HasVisit() && (sheet || first_page_ >= 0 || !plan_.has_script))
         Visit(topmost);
     else if (next_ < plan_.acts.size())

@@ -6,6 +6,7 @@
 #include "sheet/host.h"
 #include "sheet/sheet_watch.h"
 
+#include <functional>
 #include <string>
 #include <vector>
 
@@ -14,6 +15,9 @@ struct SheetPlan {
     std::string kind; // "document", "defaults" or "device"; names the pictures
     bool has_script = false;
     std::vector<Act> acts;
+    // In place of acts that were known before: makes them for a sheet of so many pages. May be
+    // null.
+    std::function<std::vector<Act>(int pages)> make_acts;
     std::string pictures; // the folder for a picture of each page; empty: none are taken
 };
 
