@@ -44,6 +44,8 @@ protected:
             } else if (verb == "environment") {
                 variables_.insert(step.words.at(1));
                 SetVariable(step.words[1], step.words.size() > 2 ? Named(step.words[2]) : "");
+            } else if (verb == "lose") {
+                Lose(step.words.at(1));
             } else if (verb == "emulator") {
                 StartEmulator(step);
             } else {
@@ -84,6 +86,15 @@ private:
             for (size_t at = 0; (at = text.find(name, at)) != text.npos; at += value.size())
                 text.replace(at, name.size(), value);
         return text;
+    }
+
+    void Lose(const std::string& name) const {
+        namespace fs = std::filesystem;
+        std::vector<fs::path> found;
+        for (const auto& entry : fs::recursive_directory_iterator(OnDriveC("WINDOWS\\system32\\spool\\drivers")))
+            if (entry.path().filename() == name) found.push_back(entry.path());
+        for (const fs::path& file : found) fs::remove(file);
+        EXPECT_FALSE(found.empty()) << name;
     }
 
     void StartEmulator(const StoryStep& step) {

@@ -17,6 +17,7 @@
 //   ! 1 "there is no printer"               expects that the command before it failed with this
 //                                           exit status and a message that has this in it
 //   file NAME                               writes the indented lines after it to a file
+//   lose NAME                               deletes a file of the driver
 //   environment NAME VALUE                  for the steps that follow; without VALUE it is unset
 //   emulator ["QUERY.txt" ...]              starts an emulated printer, with files of spoilt
 //   answers native                                  the story is not for Windows

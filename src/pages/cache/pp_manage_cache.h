@@ -1,7 +1,7 @@
 // The page for the objects that the rendering module keeps in the printer.
 #pragma once
 
-#include "pages/page_list.h"
+#include "pages/page_list_view.h"
 #include "printer/cache_contents.h"
 #include "ui/prtpage.h"
 #include "ui/upop_button.h"
@@ -34,7 +34,7 @@ private:
     // The selected object, or null.
     const KVCacheItemInfo* SelectedItem() const;
 
-    PageList list_;
+    PageListView list_;
     UMenu menus_; // of both buttons
     UPopButton object_button_;
     UPopButton view_button_;

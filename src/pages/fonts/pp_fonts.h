@@ -5,7 +5,7 @@
 
 #include "core/oarray.h"
 #include "core/obuffer.h"
-#include "pages/page_list.h"
+#include "pages/page_list_view.h"
 #include "ui/prtpage.h"
 #include "ui/uedit.h"
 #include "ui/upop_button.h"
@@ -78,7 +78,7 @@ private:
     void AddCharacterSet(OString& text, unsigned char character_set);
     void AddDownload(OString& text, const DownloadedFont& font);
 
-    PageList list_;
+    PageListView list_;
     UEdit properties_;
     UMenu menus_; // of all buttons
     UPopButton add_button_;

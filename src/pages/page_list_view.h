@@ -9,7 +9,7 @@
 
 // Whole rows are selected. The user's column widths are kept, and a right click opens a menu, whose
 // items are commands of the page.
-class PageList : public UListView {
+class PageListView : public UListView {
 public:
     // Takes a control of the page, gives it columns and loads the menu. The widths of the columns
     // are those stored as the value `widths` of the page's registry, or else their own. The

@@ -1,10 +1,10 @@
-#include "pages/page_list.h"
+#include "pages/page_list_view.h"
 
 #include "pages/column_widths.h"
 #include "ui/prtui.h"
 
-void PageList::Open(prtpage& page, prtreg& registry, int id, const OString& widths,
-                    std::span<UColumnInfo> columns, const OString& menu) {
+void PageListView::Open(prtpage& page, prtreg& registry, int id, const OString& widths,
+                        std::span<UColumnInfo> columns, const OString& menu) {
     page_ = &page;
     registry_ = &registry;
     widths_value_ = widths;
@@ -16,11 +16,11 @@ void PageList::Open(prtpage& page, prtreg& registry, int id, const OString& widt
     menu_.Load(page.GetUI()->locale, menu);
 }
 
-void PageList::Close() {
+void PageListView::Close() {
     if (registry_) SaveColumnWidths(*registry_, widths_value_, *this);
 }
 
-bool PageList::Notify(uint32_t code, const NMHDR* header, int& column) {
+bool PageListView::Notify(uint32_t code, const NMHDR* header, int& column) {
     column = -1;
     switch (code) {
     case LVN_ITEMCHANGED: // the selection
@@ -36,7 +36,7 @@ bool PageList::Notify(uint32_t code, const NMHDR* header, int& column) {
     }
 }
 
-void PageList::OpenMenu() {
+void PageListView::OpenMenu() {
     POINT at = {};
     GetCursorPos(&at);
     const int chosen = menu_.GetSubMenu(0).Track(page_->GetWindow(), at, TPM_RIGHTBUTTON);
