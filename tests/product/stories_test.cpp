@@ -91,7 +91,8 @@ private:
     void Lose(const std::string& name) const {
         namespace fs = std::filesystem;
         std::vector<fs::path> found;
-        for (const auto& entry : fs::recursive_directory_iterator(OnDriveC("WINDOWS\\system32\\spool\\drivers")))
+        for (const auto& entry :
+             fs::recursive_directory_iterator(OnDriveC("WINDOWS\\system32\\spool\\drivers")))
             if (entry.path().filename() == name) found.push_back(entry.path());
         for (const fs::path& file : found) fs::remove(file);
         EXPECT_FALSE(found.empty()) << name;
@@ -120,7 +121,7 @@ private:
             printers_.insert(words.at(1));
             for (size_t i = 2; i + 1 < words.size(); ++i)
                 if (words[i] == "--model") models_.insert(words[i + 1]);
-        } else if (verb != "connect" && verb != "upgrade") {
+        } else if (verb != "action" && verb != "connect" && verb != "upgrade") {
             words.push_back("--json");
         }
         if (is_sheet && !step.text.empty()) {

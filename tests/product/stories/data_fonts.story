@@ -12,7 +12,7 @@ sheet Dock3 --device
   state new
   = {"title": "Bar Code Font", "focus": 831}
   = 831 {"text": "Bar Code", "limit": 20}
-  = 832 {"text": "Code 39"}
+  = 832 {"text": "Code 39 Full ASCII"}
   = 833 {"items": 4, "selection": [0]}
   = 834 {"items": 18, "text": "16.7 mils", "enabled": true}
   = 835 {"items": {"0": "Automatic", "1": "2.0 : 1"}, "selection": [0], "enabled": true}
@@ -38,7 +38,7 @@ sheet Dock3 --device
   = 801 {"items": {"22": ["Shelf 1", "Bar code", ""]}}
   select 801 "Shelf 1"
   state selected
-  = 802 {"text": "~Bar code\tCode 39"}
+  = 802 {"text": "~Bar code\tCode 39 Full ASCII"}
   = 802 {"text": "~Module width\t10.0 mils"}
   = 802 {"text": "~Character set\tGreek"}
   = 802 {"text": "~Code page\t1253"}
