@@ -1,36 +1,11 @@
 # A font of the system goes into the printer, is found there, is sent again and is removed.
+# Wine prints without the driver.
+native
 emulator
 install Dock3 --model "Valdrick X4 300 dpi" --port $EMULATOR
 
 sheet Dock3 --device
   page "Fonts"
-  select 801 #0
-  menu 803 813
-  state dialog
-  = {"title": "Download Font", "window": "font"}
-  = 861 {"items": ["TrueType font", "Bitmap font"], "selection": [0]}
-  = 862 {"items": 8, "selection": [7], "enabled": false}
-  = 863 {"visible": false}
-  = 865 {"items": ["R: Working memory", "E: Flash memory", "B: Memory card", "A: Second memory card"], "selection": [0]}
-  = 866 {"limit": 8, "text": "~FW"}
-  = 1136 {"text": "!~?", "selection": 1}
-  = 1138 {"visible": false}
-  choose 861 "Bitmap font"
-  state bitmap
-  = 862 {"selection": [7], "enabled": true}
-  = 866 {"text": "~12RFW"}
-  = 1138 {"visible": true}
-  choose 862 "Numbers"
-  choose 861 "TrueType font"
-  choose 861 "Bitmap font"
-  state again
-  = 862 {"selection": [7]}
-  click 1038
-  cancel
-  state none
-  = 801 {"items": 22}
-  = {"apply": false}
-
   menu 803 813
   type 866 "OUTLINE"
   ok
@@ -61,7 +36,6 @@ sheet Dock3 --device
   = {"apply": false}
   = 801 {"items": {"0": {"2": "In the printer"}, "1": {"2": "In the printer"}, "23": {"2": ""}}, "selection": 1}
   cancel
-= {"/acts/0/kind": "help", "/acts/0/parameters": "/base/Fonts_Download.html"}
 registry dump "HKLM\SYSTEM\CurrentControlSet\Control\Print\Printers\Dock3\PrinterDriverData\Downloaded Fonts"
 = {"/values/Downloaded Font Total/data": "02000000", "/values/Downloaded Font 02: Point Size/data": "8c000000", "/values/Downloaded Font 02: Character Subset/data": "7b070000"}
 
