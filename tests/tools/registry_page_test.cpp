@@ -224,6 +224,8 @@ TEST_F(RegistryPage, NamesEveryValueAndNoOther) {
     std::ofstream(story + "/script") << "page \"About\"\nclick 111 CTRL+ALT+SHIFT\n"
                                         "page \"Output\"\npage \"Monitor\"\nok\nok\n";
     On(story + "/warehouse", {"sheet", "Dock1", "--device", "--run", story + "/script"});
+    std::ofstream(story + "/format.zpl") << "^XA^DFR:1.ZPL^FO9,9^GB9,9^FS^XZ";
+    On(story + "/warehouse", {"action", "Dock1", "22", story + "/format.zpl"});
     UseTheRest();
     win32host::SetRoot(story + "/office");
     NetworkPolicy("\\\\WAREHOUSE\\Dock1").SetNetworkSharing(true);
