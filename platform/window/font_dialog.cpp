@@ -195,8 +195,11 @@ void FontDialog::SelectTyped(int id) {
     const std::u16string text = TextOfControl(dialog_, id);
     const LRESULT found = Send(id, CB_FINDSTRINGEXACT, static_cast<WPARAM>(-1),
                                reinterpret_cast<LPARAM>(text.c_str()));
-    if (found >= 0 && found != Send(id, CB_GETCURSEL))
-        Send(id, CB_SETCURSEL, static_cast<WPARAM>(found));
+    if (found < 0 || found == Send(id, CB_GETCURSEL)) return;
+    // The user goes on typing where he is.
+    const LRESULT caret = Send(id, CB_GETEDITSEL);
+    Send(id, CB_SETCURSEL, static_cast<WPARAM>(found));
+    Send(id, CB_SETEDITSEL, 0, MAKELPARAM(LOWORD(caret), HIWORD(caret)));
 }
 
 // ---- The font -----------------------------------------------------------------------------------

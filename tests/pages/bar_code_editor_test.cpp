@@ -4,6 +4,7 @@
 #include <commctrl.h>
 #include <prsht.h>
 
+#include <algorithm>
 #include <fstream>
 #include <iterator>
 #include <sstream>
@@ -113,9 +114,7 @@ protected:
         }
         for (size_t i = 0; i < texts.size(); ++i) {
             size_t last = i;
-            while (last + 1 < texts.size() && IsNumber(texts[last + 1]) && IsNumber(texts[i]) &&
-                   std::stoi(texts[last + 1]) == std::stoi(texts[last]) + 1)
-                ++last;
+            while (last + 1 < texts.size() && IsNext(texts[last], texts[last + 1])) ++last;
             told += (i ? "|" : "") + texts[i];
             if (last - i < 2) continue;
             told += ".." + texts[last];
@@ -123,8 +122,13 @@ protected:
         }
         return told;
     }
-    static bool IsNumber(const std::string& text) {
-        return text.find_first_not_of("0123456789") == text.npos;
+    // "7 X" after "6 X".
+    static bool IsNext(const std::string& before, const std::string& text) {
+        const auto end = [](const std::string& item) {
+            return std::min(item.find_first_not_of("0123456789"), item.size());
+        };
+        return end(before) && end(text) && std::stoi(text) == std::stoi(before) + 1 &&
+               text.substr(end(text)) == before.substr(end(before));
     }
 
     void Act(const std::string& act) const {

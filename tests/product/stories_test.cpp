@@ -129,7 +129,7 @@ private:
             printers_.insert(words.at(1));
             for (size_t i = 2; i + 1 < words.size(); ++i)
                 if (words[i] == "--model") models_.insert(words[i + 1]);
-        } else if (verb != "connect" && verb != "upgrade") {
+        } else if (verb != "action" && verb != "connect" && verb != "upgrade") {
             words.push_back("--json");
         }
         if (is_sheet && !step.text.empty()) {

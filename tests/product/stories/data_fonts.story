@@ -1,18 +1,20 @@
 # Bar code and RFID fonts: edited, replaced, removed, and shown by kinds.
 install Dock3 --model "Valdrick X4 300 dpi"
+upgrade Dock3
+registry set "HKCU\SOFTWARE\Valdrick\Drivers\Printers\Dock3\Settings" "Measurement System" 3 01000000
 
 # A new bar code font. Nothing is stored if the sheet is cancelled.
 sheet Dock3 --device
   page "Fonts"
   state fonts
   = {"apply": false}
-  = 801 {"items": {"0": ["Barcode Code 39", "Bar code", ""]}, "selection": 0}
+  = 801 {"items": 22, "selection": 0}
   = 802 {"text": "Fonts\t22", "readonly": true}
   menu 803 811
   state new
   = {"title": "Bar Code Font", "focus": 831}
   = 831 {"text": "Bar Code", "limit": 20}
-  = 832 {"text": "Code 39"}
+  = 832 {"text": "Code 39 Full ASCII"}
   = 833 {"items": 4, "selection": [0]}
   = 834 {"items": 18, "text": "16.7 mils", "enabled": true}
   = 835 {"items": {"0": "Automatic", "1": "2.0 : 1"}, "selection": [0], "enabled": true}
@@ -38,7 +40,7 @@ sheet Dock3 --device
   = 801 {"items": {"22": ["Shelf 1", "Bar code", ""]}}
   select 801 "Shelf 1"
   state selected
-  = 802 {"text": "~Bar code\tCode 39"}
+  = 802 {"text": "~Bar code\tCode 39 Full ASCII"}
   = 802 {"text": "~Module width\t10.0 mils"}
   = 802 {"text": "~Character set\tGreek"}
   = 802 {"text": "~Code page\t1253"}
@@ -129,6 +131,7 @@ registry dump "HKLM\SYSTEM\CurrentControlSet\Control\Print\Printers\Dock3\Printe
 
 # RFID fonts, with what the kind of tag allows. They come after the bar code fonts.
 install Gate1 --model "Valdrick R4 RFID"
+upgrade Gate1
 sheet Gate1 --device
   page "Fonts"
   menu 803 812
@@ -173,7 +176,7 @@ sheet Gate1 --device
   ok
   select 801 "Tag"
   state tag
-  = 801 {"items": {"30": ["RFID Picotag", "RFID", ""], "31": ["Tag", "RFID", ""]}}
+  = 801 {"items": {"22": ["RFID EPC-64", "RFID", ""], "31": ["Tag", "RFID", ""]}}
   = 802 {"text": "~Type\tRFID"}
   = 802 {"text": "~Code page\t1254"}
   ok
@@ -233,15 +236,7 @@ sheet Gate1 --device
   type 831 "Last"
   ok
   state shown
-  = 801 {"items": {"22": ["Last", "Bar code", ""], "30": ["RFID Picotag", "RFID", ""]}}
+  = 801 {"items": {"22": ["Last", "Bar code", ""], "30": {"1": "RFID"}}}
   cancel
 registry dump "HKLM\SYSTEM\CurrentControlSet\Control\Print\Printers\Gate1\PrinterDriverData\Data Fonts"
 = {"/keys/Tag/values/Data/type": 3, "/keys/Last": null}
-
-# Who may not change the printer's settings cannot change a symbology's options.
---standard-user sheet Gate1 --device
-  page "Fonts"
-  select 801 "Barcode Code 93"
-  double 801 "Barcode Code 93"
-  state restricted
-  = 2008 {"enabled": false}

@@ -4,6 +4,12 @@ install Dock3 --model "Valdrick X4 300 dpi"
 --standard-user sheet Dock3 --device
   state general
   = 3001 {"readonly": true}
+  # The options of a bar code as well.
+  page "Fonts"
+  double 801 "Barcode Code 93"
+  state options
+  = 2008 {"enabled": false}
+  cancel
   page "Tools"
   state tools
   = 611 {"enabled": true}
