@@ -1,5 +1,6 @@
 # The page for the label material and for what the printer does after a label.
 install Line --model "Valdrick X4 300 dpi"
+registry set "HKCU\SOFTWARE\Valdrick\Drivers\Printers\Line\Settings" "Measurement System" 3 01000000
 
 sheet Line --document --out $DIR/cut
   page "Media"

@@ -1,5 +1,6 @@
 # Darkness and speed, and the dialogs for options of the printer itself.
 install Line --model "Valdrick X4 300 dpi"
+registry set "HKCU\SOFTWARE\Valdrick\Drivers\Printers\Line\Settings" "Measurement System" 3 01000000
 
 # Each kind of darkness has a value of its own.
 sheet Line --document --out $DIR/dark
@@ -153,19 +154,6 @@ sheet Line --device
 = {"/acts/0/parameters": "/zpl/PrinterOptions.html"}
 registry dump "HKLM\SYSTEM\CurrentControlSet\Control\Print\Printers\Line\PrinterDriverData\Settings"
 = {"/values/Reprint After Error/data": "00", "/values/Media Feed/data": "01", "/values/Media Feed (Power Up)/data": "02000000", "/values/Media Feed (Head Close)/data": "00000000"}
-
-# Somebody who is no administrator may only look at them.
---standard-user sheet Line --device
-  page "Tools"
-  menu 613 28711
-  state
-  = 1231 {"enabled": false}
-  = 1232 {"enabled": false}
-  = 1233 {"enabled": false}
-  = 1234 {"enabled": false}
-  ok
-registry dump "HKLM\SYSTEM\CurrentControlSet\Control\Print\Printers\Line\PrinterDriverData\Settings"
-= {"/values/Reprint After Error/data": "00", "/values/Media Feed/data": "01"}
 
 # The printer's memories.
 sheet Line --device

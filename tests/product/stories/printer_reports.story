@@ -1,4 +1,6 @@
-# What a printer says about itself: the report, and the battery.
+# What a printer says about itself: the report, and the battery. Not for Windows, because Wine has no
+# ports of the network that can answer.
+native
 emulator
 install Mob --model "Valdrick M2 Mobile" --port $EMULATOR
 

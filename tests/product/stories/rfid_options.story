@@ -1,6 +1,7 @@
 # How a printer places and retries its RFID tags. This one can be told where the tag is and how often
 # it tries.
 install Tags --model "Valdrick R4 RFID"
+registry set "HKCU\SOFTWARE\Valdrick\Drivers\Printers\Tags\Settings" "Measurement System" 3 01000000
 sheet Tags --device
   page "Tools"
   menu 613 28717
