@@ -30,7 +30,7 @@ LONG_PTR CALLBACK TakePages(HANDLE, UINT function, LPARAM, LPARAM second) {
 constexpr int ADMINISTRATION = 614; // of the tools
 constexpr int LICENSE = 110;        // of the page about the driver
 
-// Page setup, and a page of ZPL II printers, with the controls that are used here.
+// Controls of page setup that are used here.
 enum : int {
     STOCKS = 512,
     PRESETS = 514,
@@ -39,14 +39,6 @@ enum : int {
     MIRROR = 352,
     PREVIEW = 362
 };
-enum : int {
-    PRINT_MODE = 1045,
-    TEAR_OFF_SENT = 1096,
-    TEAR_OFF = 1072,
-    OPTION = 1075,
-    COUNT = 1078
-};
-
 class DocumentPages : public JobTest {
 protected:
     void SetUp() override {
@@ -117,7 +109,6 @@ protected:
         }
         return all;
     }
-    extconfig& config() const { return *extconfig::get_cfg(ui->devmode.GetDevMode()); }
 
     std::unique_ptr<prtui> ui;
     std::unique_ptr<SheetOfPages> sheet;
@@ -167,37 +158,6 @@ TEST_F(DocumentPages, OfADeviceAreThoseThatAnotherProgramWants) {
         EXPECT_NE(sheet->Item(LICENSE), nullptr) << "the last page is about the driver";
         sheet.reset();
     }
-}
-
-TEST_F(DocumentPages, ShowThePrintModeAndWhatFollowsFromIt) {
-    Open();
-    GoTo(PRINT_MODE);
-    EXPECT_EQ(Items(PRINT_MODE), "[As set in the printer](Tear off)(Rewind)(Cut)");
-    EXPECT_EQ(Items(OPTION), "[Never](After each label)(After the job)(After several labels)");
-    EXPECT_TRUE(Shown(COUNT) == "0" && !IsEnabled(COUNT));
-
-    sheet->Click(TEAR_OFF_SENT);
-    EXPECT_TRUE(sheet->CanApply() && IsEnabled(TEAR_OFF));
-    sheet->Type(TEAR_OFF, TEXT("3.004 mm"));
-    EXPECT_EQ(Shown(TEAR_OFF), "3.004 mm") << "the field is the user's while he types";
-    EXPECT_EQ(config().tear_off, 3004);
-    sheet->Command(TEAR_OFF, EN_KILLFOCUS);
-    EXPECT_EQ(Shown(TEAR_OFF), Text(ui->locale.microns_to_string(3004)));
-
-    sheet->Choose(PRINT_MODE, 2);
-    EXPECT_FALSE(IsEnabled(TEAR_OFF_SENT) || IsEnabled(TEAR_OFF));
-    EXPECT_EQ(config().setting_flags & extconfig::SETTING_TEAR_OFF, 0);
-    sheet->Choose(OPTION, 3);
-    EXPECT_TRUE(Shown(COUNT) == "1" && IsEnabled(COUNT));
-    sheet->Type(COUNT, TEXT("70000"));
-    sheet->Command(COUNT, EN_KILLFOCUS);
-    EXPECT_EQ(Shown(COUNT), "9999");
-    sheet->Choose(PRINT_MODE, 3);
-    EXPECT_EQ(Items(OPTION), "[After each label](After the job)(After several labels)");
-    EXPECT_EQ(config().stock_count, 1);
-    sheet->Choose(OPTION, 1);
-    EXPECT_EQ(Shown(COUNT), "");
-    EXPECT_EQ(config().cut_variant, 1);
 }
 
 TEST_F(DocumentPages, ChooseStockAndOrientation) {

@@ -41,6 +41,8 @@ protected:
 #endif
             } else if (verb == "file") {
                 Write(step.words.at(1), Named(step.text));
+            } else if (verb == "saved") {
+                CompareFiles(step);
             } else if (verb == "environment") {
                 variables_.insert(step.words.at(1));
                 SetVariable(step.words[1], step.words.size() > 2 ? Named(step.words[2]) : "");
@@ -96,6 +98,12 @@ private:
             if (entry.path().filename() == name) found.push_back(entry.path());
         for (const fs::path& file : found) fs::remove(file);
         EXPECT_FALSE(found.empty()) << name;
+    }
+
+    void CompareFiles(const StoryStep& step) const {
+        const std::string golden = Sources("/tests/product/golden/" + step.words.at(2));
+        if (BytesOf(File(step.words.at(1))) != BytesOf(golden))
+            Fail(step.line, File(step.words[1]) + " differs from " + golden);
     }
 
     void StartEmulator(const StoryStep& step) {

@@ -18,6 +18,7 @@
 //                                           exit status and a message that has this in it
 //   file NAME                               writes the indented lines after it to a file
 //   lose NAME                               deletes a file of the driver
+//   saved NAME GOLDEN                       expects that a file in $DIR is like one in golden/
 //   environment NAME VALUE                  for the steps that follow; without VALUE it is unset
 //   emulator ["QUERY.txt" ...]              starts an emulated printer, with files of spoilt
 //   answers native                                  the story is not for Windows

@@ -109,8 +109,9 @@ void ppInformation::Refresh(bool) {
         CloseDialog(CANCEL_BUTTON);
         return;
     }
+    // The dialog shows itself after it has given the display the focus. Shown from here, it would
+    // mark all of the text then.
     ShowTab(0, 0, 0, -1);
-    ShowWindow(GetWindow(), SW_SHOW);
 }
 
 bool ppInformation::Command(uint16_t id, uint16_t code, LPARAM value) {

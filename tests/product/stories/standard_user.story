@@ -33,3 +33,16 @@ install Dock3 --model "Valdrick X4 300 dpi"
   ok
 document Dock3 --in $DIR/document
 = {"/configuration/absolute_darkness": 20}
+
+# The printer's own options are only shown.
+--standard-user sheet Dock3 --device
+  page "Tools"
+  menu 613 28711
+  state
+  = 1231 {"enabled": false}
+  = 1232 {"enabled": false}
+  = 1233 {"enabled": false}
+  = 1234 {"enabled": false}
+  ok
+registry dump "HKLM\SYSTEM\CurrentControlSet\Control\Print\Printers\Dock3\PrinterDriverData\Settings"
+= {"/values/Reprint After Error": null}
