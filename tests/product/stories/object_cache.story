@@ -161,3 +161,31 @@ sheet Dock3 --device
   = 661 {"items": []}
   cancel
   cancel
+
+# The numbers follow what is typed, not each digit on the way. This model keeps no formats.
+sheet Dock3 --device
+  page "Tools"
+  click 616
+  type 642 "100"
+  leave
+  type 643 "600"
+  state
+  = 642 {"text": "100"}
+  cancel
+  cancel
+install Sorter --model "Valdrick P4 PPLZ"
+sheet Sorter --device
+  page "Tools"
+  click 616
+  state
+  = 651 {"enabled": false}
+  = 642 {"text": "", "enabled": false}
+  = 652 {"enabled": false}
+  = 643 {"text": "", "enabled": false}
+  = 653 {"enabled": false}
+  = 644 {"items": [], "enabled": false}
+  = 654 {"enabled": true}
+  = 645 {"text": "1", "enabled": true}
+  = 646 {"text": "100", "enabled": true}
+  cancel
+  cancel
