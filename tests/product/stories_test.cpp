@@ -123,11 +123,13 @@ private:
     void RunStep(const StoryStep& step) {
         std::vector<std::string> words;
         for (const std::string& word : step.words) words.push_back(Named(word));
-        const std::string& verb = words[words[0] == "--standard-user" ? 1 : 0];
+        size_t first = words[0] == "--root" ? 2 : 0;
+        if (words.at(first) == "--standard-user") ++first;
+        const std::string& verb = words.at(first);
         const bool is_sheet = verb == "sheet";
         if (verb == "install") {
-            printers_.insert(words.at(1));
-            for (size_t i = 2; i + 1 < words.size(); ++i)
+            printers_.insert(words.at(first + 1));
+            for (size_t i = first + 2; i + 1 < words.size(); ++i)
                 if (words[i] == "--model") models_.insert(words[i + 1]);
         } else if (verb != "action" && verb != "connect" && verb != "upgrade") {
             words.push_back("--json");
