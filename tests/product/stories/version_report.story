@@ -81,7 +81,7 @@ sheet Dock3 --version-report "$DIR/report"
 sheet Dock3 --version-report "$DIR/none/report.txt"
 ! 1 "cannot write version report"
 
-# The specifications that somebody has set, and a printer that is shared.
+# The specifications that somebody has set.
 registry set "HKLM\SYSTEM\CurrentControlSet\Control\Print\Printers\Dock3\PrinterDriverData\Settings\Specifications" Override 3 01
 sheet Dock3 --device
   page "About"
