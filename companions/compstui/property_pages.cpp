@@ -43,7 +43,10 @@ Text CaptionOf(const PROPSHEETUI_INFO_HEADER& header) {
         caption += StandardText(number);
     };
     if (header.Flags & PSUIHDRF_DEFTITLE) add(kTextDefault);
-    if (header.Flags & PSUIHDRF_PROPTITLE) add(kTextProperties);
+    if (!(header.Flags & PSUIHDRF_PROPTITLE)) return caption;
+    if (PRIMARYLANGID(GetUserDefaultLangID()) == LANG_GERMAN)
+        return TEXT("Eigenschaften von ") + caption;
+    add(kTextProperties);
     return caption;
 }
 

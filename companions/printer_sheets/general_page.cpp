@@ -12,6 +12,11 @@ using Text = std::basic_string<WCHAR>;
 constexpr int kWidth = 227;
 constexpr int kHeight = 150;
 
+// The page speaks the user's language, as the system's other pages do.
+LPCWSTR Say(LPCWSTR english, LPCWSTR german) {
+    return PRIMARYLANGID(GetUserDefaultLangID()) == LANG_GERMAN ? german : english;
+}
+
 Text TextOf(LPCWSTR text) {
     return text ? text : TEXT("");
 }
@@ -32,26 +37,30 @@ bool HasTimes(const PRINTER_INFO_2W& printer) {
 }
 
 std::vector<BYTE> TemplateOf(const PRINTER_INFO_2W& printer) {
-    TemplateWriter page(TEXT("General"), kWidth, kHeight);
+    TemplateWriter page(Say(TEXT("General"), TEXT("Allgemein")), kWidth, kHeight);
     constexpr DWORD kStaticText = SS_LEFT | SS_NOPREFIX;
     constexpr DWORD kField = WS_TABSTOP | WS_BORDER | ES_AUTOHSCROLL;
     page.Add(TEXT("Static"), TextOf(printer.pPrinterName), -1, kStaticText, {7, 7, 213, 8});
-    page.Add(TEXT("Static"), TEXT("&Location:"), -1, SS_LEFT, {7, 24, 45, 8});
+    page.Add(TEXT("Static"), Say(TEXT("&Location:"), TEXT("&Standort:")), -1, SS_LEFT,
+             {7, 24, 45, 8});
     page.Add(TEXT("Edit"), TEXT(""), kLocation, kField, {58, 22, 162, 12});
-    page.Add(TEXT("Static"), TEXT("&Comment:"), -1, SS_LEFT, {7, 41, 45, 8});
+    page.Add(TEXT("Static"), Say(TEXT("&Comment:"), TEXT("&Kommentar:")), -1, SS_LEFT,
+             {7, 41, 45, 8});
     page.Add(TEXT("Edit"), TEXT(""), kComment, kField, {58, 39, 162, 12});
-    page.Add(TEXT("Static"), TEXT("Model:"), -1, SS_LEFT, {7, 60, 45, 8});
+    page.Add(TEXT("Static"), Say(TEXT("Model:"), TEXT("Modell:")), -1, SS_LEFT, {7, 60, 45, 8});
     page.Add(TEXT("Static"), TextOf(printer.pDriverName), -1, kStaticText, {58, 60, 162, 8});
-    page.Add(TEXT("Static"), TEXT("Port:"), -1, SS_LEFT, {7, 73, 45, 8});
+    page.Add(TEXT("Static"), Say(TEXT("Port:"), TEXT("Anschluss:")), -1, SS_LEFT, {7, 73, 45, 8});
     page.Add(TEXT("Static"), TextOf(printer.pPortName), -1, kStaticText, {58, 73, 162, 8});
-    page.Add(TEXT("Button"), TEXT("Al&ways available"), kAlwaysAvailable,
-             WS_TABSTOP | WS_GROUP | BS_AUTORADIOBUTTON, {7, 91, 213, 10});
-    Text times = TEXT("Available &from certain times only");
+    page.Add(TEXT("Button"), Say(TEXT("Al&ways available"), TEXT("&Immer verf\u00FCgbar")),
+             kAlwaysAvailable, WS_TABSTOP | WS_GROUP | BS_AUTORADIOBUTTON, {7, 91, 213, 10});
+    Text times = Say(TEXT("Available &from certain times only"),
+                     TEXT("&Nur zu bestimmten Zeiten verf\u00FCgbar"));
     if (HasTimes(printer))
-        times = TEXT("Available &from ") + TimeOf(printer.StartTime) + TEXT(" to ") +
-                TimeOf(printer.UntilTime) + TEXT(" Universal Time");
+        times = Say(TEXT("Available &from "), TEXT("&Verf\u00FCgbar von ")) +
+                TimeOf(printer.StartTime) + Say(TEXT(" to "), TEXT(" bis ")) +
+                TimeOf(printer.UntilTime) + Say(TEXT(" Universal Time"), TEXT(" Weltzeit"));
     page.Add(TEXT("Button"), times, kSometimesAvailable, BS_AUTORADIOBUTTON, {7, 104, 213, 10});
-    page.Add(TEXT("Button"), TEXT("Print &Test Page"), kTestPage,
+    page.Add(TEXT("Button"), Say(TEXT("Print &Test Page"), TEXT("&Testseite drucken")), kTestPage,
              WS_TABSTOP | WS_GROUP | BS_PUSHBUTTON, {140, 129, 80, 14});
     return page.Take();
 }
@@ -65,7 +74,7 @@ Text TextIn(HWND dialog, int id) {
 }
 
 void Complain(HWND dialog, LPCWSTR text) {
-    MessageBoxW(dialog, text, TEXT("Printer"), MB_OK | MB_ICONERROR);
+    MessageBoxW(dialog, text, Say(TEXT("Printer"), TEXT("Drucker")), MB_OK | MB_ICONERROR);
 }
 
 } // namespace
@@ -152,7 +161,10 @@ bool GeneralPage::Store(HWND dialog) {
         changed_ = false;
     }
     *printer = before;
-    if (!stored) Complain(dialog, TEXT("The properties of the printer could not be stored."));
+    if (!stored)
+        Complain(dialog,
+                 Say(TEXT("The properties of the printer could not be stored."),
+                     TEXT("Die Eigenschaften des Druckers konnten nicht gespeichert werden.")));
     return stored;
 }
 
@@ -174,7 +186,9 @@ void GeneralPage::PrintTestPage(HWND dialog) {
         }
         DeleteDC(dc);
     }
-    if (!printed) Complain(dialog, TEXT("The test page could not be printed."));
+    if (!printed)
+        Complain(dialog, Say(TEXT("The test page could not be printed."),
+                             TEXT("Die Testseite konnte nicht gedruckt werden.")));
 }
 
 } // namespace printer_sheets

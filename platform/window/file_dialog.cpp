@@ -1,4 +1,5 @@
 // The dialogs for opening and saving files.
+#include "locale/system_texts.h"
 #include "window/file_request.h"
 #include "window/system_dialogs.h"
 
@@ -178,7 +179,7 @@ void FileDialog::OpenItem() {
 
 // Tells the user. Always false, so that callers can return it.
 bool FileDialog::Refuse(const std::u16string& path, const char16_t* why) {
-    MessageBoxW(dialog_, (path + u"\n" + why).c_str(), wanted_.title.c_str(),
+    MessageBoxW(dialog_, (path + u"\n" + SystemText(why)).c_str(), wanted_.title.c_str(),
                 MB_OK | MB_ICONEXCLAMATION);
     return false;
 }
@@ -199,9 +200,10 @@ bool FileDialog::IsAcceptable(const std::u16string& path) {
     if (wanted_.flags & OFN_FILEMUSTEXIST && !IsThere(path))
         return Refuse(path, u"File not found.\nCheck the file name and try again.");
     if (wanted_.saves && wanted_.flags & OFN_OVERWRITEPROMPT && IsThere(path))
-        return MessageBoxW(dialog_,
-                           (path + u" already exists.\nDo you want to replace it?").c_str(),
-                           wanted_.title.c_str(), MB_YESNO | MB_ICONEXCLAMATION) == IDYES;
+        return MessageBoxW(
+                   dialog_,
+                   (path + SystemText(u" already exists.\nDo you want to replace it?")).c_str(),
+                   wanted_.title.c_str(), MB_YESNO | MB_ICONEXCLAMATION) == IDYES;
     return true;
 }
 

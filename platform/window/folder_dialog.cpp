@@ -1,4 +1,5 @@
 // The dialog for folders.
+#include "locale/system_texts.h"
 #include "window/file_request.h"
 #include "window/system_dialogs.h"
 
@@ -99,8 +100,8 @@ void FolderDialog::Accept() {
         EndDialog(dialog_, IDOK);
         return;
     }
-    MessageBoxW(dialog_, (path + u"\nFolder not found.").c_str(), u"Browse for Folder",
-                MB_OK | MB_ICONEXCLAMATION);
+    MessageBoxW(dialog_, (path + u"\n" + SystemText(u"Folder not found.")).c_str(),
+                SystemText(u"Browse for Folder").c_str(), MB_OK | MB_ICONEXCLAMATION);
 }
 
 INT_PTR FolderDialog::Handle(UINT message, WPARAM first, LPARAM second) {
@@ -153,7 +154,7 @@ INT_PTR CALLBACK FolderDialog::Procedure(HWND dialog, UINT message, WPARAM first
 }
 
 std::u16string FolderDialog::Run() {
-    DialogTemplate made = SystemDialog(u"Browse for Folder", 218, 200, WS_SYSMENU);
+    DialogTemplate made = SystemDialog(SystemText(u"Browse for Folder"), 218, 200, WS_SYSMENU);
     AddControl(made, kStaticClass, kFolderTitle, CopyOf(request_.lpszTitle), SS_LEFT | SS_NOPREFIX,
                {7, 7, 211, 31});
     if (request_.ulFlags & BIF_STATUSTEXT)

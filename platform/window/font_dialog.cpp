@@ -2,6 +2,7 @@
 #include "gdi/font_families.h"
 #include "host/guarded.h"
 #include "host/text.h"
+#include "locale/system_texts.h"
 #include "window/look.h"
 #include "window/system_dialogs.h"
 
@@ -127,10 +128,10 @@ const FontStyle* FontDialog::Style() const {
 std::vector<FontStyle> FontDialog::StylesOf(const FontFamily& family) const {
     std::vector<FontStyle> styles = family.styles;
     if (Has(CF_NOSIMULATIONS)) return styles;
-    const FontStyle made[] = {{u"Regular", FW_NORMAL, false},
-                              {u"Italic", FW_NORMAL, true},
-                              {u"Bold", FW_BOLD, false},
-                              {u"Bold Italic", FW_BOLD, true}};
+    const FontStyle made[] = {{SystemText(u"Regular"), FW_NORMAL, false},
+                              {SystemText(u"Italic"), FW_NORMAL, true},
+                              {SystemText(u"Bold"), FW_BOLD, false},
+                              {SystemText(u"Bold Italic"), FW_BOLD, true}};
     for (const FontStyle& style : made)
         if (std::none_of(styles.begin(), styles.end(), [&](const FontStyle& known) {
                 return known.weight == style.weight && known.italic == style.italic;
@@ -174,8 +175,8 @@ void FontDialog::FillScripts() {
         const auto* script = std::find_if(std::begin(kScripts), std::end(kScripts),
                                           [set](const auto& known) { return known.first == set; });
         if (script == std::end(kScripts)) continue;
-        const LRESULT item =
-            Send(kScript, CB_ADDSTRING, 0, reinterpret_cast<LPARAM>(script->second));
+        const std::u16string text = SystemText(script->second);
+        const LRESULT item = Send(kScript, CB_ADDSTRING, 0, reinterpret_cast<LPARAM>(text.c_str()));
         if (item < 0) return;
         Send(kScript, CB_SETITEMDATA, static_cast<WPARAM>(item), set);
         if (set == before) selected = item;
@@ -285,7 +286,8 @@ void FontDialog::Initialise() {
 
 // Tells the user and goes to the control. Always false, so that callers can return it.
 bool FontDialog::Complain(const std::u16string& text, int id) {
-    MessageBoxW(dialog_, text.c_str(), u"Font", MB_OK | MB_ICONINFORMATION);
+    MessageBoxW(dialog_, SystemText(text).c_str(), SystemText(u"Font").c_str(),
+                MB_OK | MB_ICONINFORMATION);
     if (IsWindow(dialog_)) SetFocus(GetDlgItem(dialog_, id));
     return false;
 }
@@ -308,8 +310,8 @@ void FontDialog::Accept() {
         Complain(u"Size must be a number.", kSize);
     } else if (Has(CF_LIMITSIZE) &&
                (size < request_.nSizeMin * 10 || size > request_.nSizeMax * 10)) {
-        Complain(u"Size must be between " + number(request_.nSizeMin) + u" and " +
-                     number(request_.nSizeMax) + u" points.",
+        Complain(SystemText(u"Size must be between ") + number(request_.nSizeMin) +
+                     SystemText(u" and ") + number(request_.nSizeMax) + SystemText(u" points."),
                  kSize);
     } else {
         if (request_.lpLogFont) *request_.lpLogFont = font;
@@ -414,7 +416,7 @@ INT_PTR CALLBACK FontDialog::Procedure(HWND dialog, UINT message, WPARAM first, 
 
 DialogTemplate UsualTemplate() {
     constexpr DWORD list = WS_VSCROLL | WS_TABSTOP | CBS_DISABLENOSCROLL;
-    DialogTemplate made = SystemDialog(u"Font", 261, 180, WS_SYSMENU);
+    DialogTemplate made = SystemDialog(SystemText(u"Font"), 261, 180, WS_SYSMENU);
     AddControl(made, kStaticClass, stc1, u"&Font:", SS_LEFT, {7, 7, 105, 15});
     AddControl(made, kComboBoxClass, kFamily, u"", CBS_SIMPLE | CBS_AUTOHSCROLL | CBS_SORT | list,
                {7, 16, 105, 92});

@@ -2,6 +2,7 @@
 #include "host/guarded.h"
 #include "host/text.h"
 #include "locale/facts.h"
+#include "locale/system_texts.h"
 #include "window/look.h"
 #include "window/system_dialogs.h"
 
@@ -229,7 +230,7 @@ extern "C" int WINAPI MessageBoxW(HWND owner, LPCWSTR text, LPCWSTR caption, UIN
     using namespace win32host;
     return Guarded(0, [&] {
         // Windows gives a box without a caption its own title.
-        const std::u16string title = caption ? caption : u"Error";
+        const std::u16string title = caption ? caption : SystemText(u"Error");
         const std::u16string body = CopyOf(text);
         {
             std::lock_guard guard(g_answers_lock);

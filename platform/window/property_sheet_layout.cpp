@@ -1,6 +1,7 @@
 // How a sheet is made and how large it is.
 #include "window/property_sheet.h"
 
+#include "locale/system_texts.h"
 #include "window/dialog.h"
 
 #include <commctrl.h>
@@ -23,7 +24,8 @@ constexpr int kLeastHeight = 114;
 constexpr int kButtonWidth = 50;
 constexpr int kButtonHeight = 14;
 
-DialogItem SheetItem(const char16_t* window_class, const char16_t* text, uint32_t id, DWORD style) {
+DialogItem SheetItem(const char16_t* window_class, const std::u16string& text, uint32_t id,
+                     DWORD style) {
     DialogItem item;
     item.style = WS_CHILD | WS_VISIBLE | WS_TABSTOP | style;
     item.x = kSpace;
@@ -78,9 +80,9 @@ DialogTemplate PropertySheet::Template() const {
     made.points = 8;
     made.face = u"MS Shell Dlg";
     made.items.push_back(SheetItem(u"Button", u"OK", IDOK, WS_GROUP | 1 /* BS_DEFPUSHBUTTON */));
-    made.items.push_back(SheetItem(u"Button", u"Cancel", IDCANCEL, 0));
-    made.items.push_back(SheetItem(u"Button", u"&Apply", kApply, WS_DISABLED));
-    made.items.push_back(SheetItem(u"Button", u"Help", IDHELP, WS_GROUP | WS_DISABLED));
+    made.items.push_back(SheetItem(u"Button", SystemText(u"Cancel"), IDCANCEL, 0));
+    made.items.push_back(SheetItem(u"Button", SystemText(u"&Apply"), kApply, WS_DISABLED));
+    made.items.push_back(SheetItem(u"Button", SystemText(u"Help"), IDHELP, WS_GROUP | WS_DISABLED));
     made.items.push_back(
         SheetItem(WC_TABCONTROLW, u"", kTabControl, WS_CLIPSIBLINGS | WS_GROUP | TCS_MULTILINE));
 
@@ -131,7 +133,8 @@ void PropertySheet::Initialise(HWND dialog) {
 
 void PropertySheet::SetCaption(DWORD flags, LPCWSTR caption) {
     const std::u16string text = StringOf(header_.hInstance, caption);
-    SetWindowTextW(window_, (flags & PSH_PROPTITLE ? u"Properties for " + text : text).c_str());
+    SetWindowTextW(window_,
+                   (flags & PSH_PROPTITLE ? SystemText(u"Properties for ") + text : text).c_str());
 }
 
 void PropertySheet::InsertTab(size_t position, const std::u16string& title) {

@@ -1,5 +1,7 @@
 #include "window/system_dialogs.h"
 
+#include "locale/system_texts.h"
+
 #include <commdlg.h>
 
 namespace win32host {
@@ -35,6 +37,11 @@ void AddControl(DialogTemplate& dialog, uint16_t window_class, int id, const std
     item.width = static_cast<int16_t>(place.right - place.left);
     item.height = static_cast<int16_t>(place.bottom - place.top);
     dialog.items.push_back(std::move(item));
+}
+
+void AddControl(DialogTemplate& dialog, uint16_t window_class, int id, const char16_t* text,
+                DWORD style, RECT place) {
+    AddControl(dialog, window_class, id, SystemText(text), style, place);
 }
 
 std::u16string TextOfControl(HWND dialog, int id) {

@@ -19,8 +19,11 @@ constexpr uint16_t kComboBoxClass = 0x85;
 // is added to that of every dialog.
 DialogTemplate SystemDialog(const std::u16string& title, int width, int height, DWORD style);
 
-// Adds a visible control; place and size are in dialog units.
+// Adds a visible control; place and size are in dialog units. The second form is for texts of the
+// system's, which are English there and shown in the user's language.
 void AddControl(DialogTemplate& dialog, uint16_t window_class, int id, const std::u16string& text,
+                DWORD style, RECT place);
+void AddControl(DialogTemplate& dialog, uint16_t window_class, int id, const char16_t* text,
                 DWORD style, RECT place);
 
 // The text of a control, whatever its length.

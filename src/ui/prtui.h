@@ -132,7 +132,8 @@ public:
     }
 
     // Brings the settings into the form in which pages show them, which is no edit of the user's.
-    // To be called before pages are added; the calls below do it.
+    // To be called before a document's pages are added; InitDocSheets does it. The printer's own
+    // pages show none of these settings, and what they send must be what the settings say.
     void BeginEditing();
 
     // Take over the sheet that the common property sheets make: the arguments of their call, and

@@ -34,7 +34,6 @@ void prtui::BeginEditing() {
 
 LONG prtui::TakeSheet(PROPSHEETUI_INFO* info, uint32_t groups) {
     sheet.Open(*info);
-    BeginEditing();
     AddPages(groups);
     AddAboutPage();
     sheet.ReadPages();
@@ -43,8 +42,8 @@ LONG prtui::TakeSheet(PROPSHEETUI_INFO* info, uint32_t groups) {
     return 1;
 }
 
-// Afterwards showing the pages changes nothing, and settings that came from a preset still are equal
-// to it.
+// Afterwards showing the pages changes nothing, and settings that came from a preset still are
+// equal to it.
 void prtui::SettleAll() {
     Settle(devmode);
     if (!stocks.Find(devmode.GetDevMode())) devmode.SetStock(stocks.Find(int16_t{DMPAPER_USER}));
@@ -74,6 +73,7 @@ LONG prtui::InitDevSheets(PROPSHEETUI_INFO* info, const DEVICEPROPERTYHEADER* he
 LONG prtui::InitDocSheets(PROPSHEETUI_INFO* info, const DOCUMENTPROPERTYHEADER* header) {
     no_permission = (header->fMode & kNoPermission) != 0;
     if (!is_default_dm()) start_on_last = false;
+    BeginEditing();
     return TakeSheet(info, PAGE_SETUP | DOCUMENT_PAGES);
 }
 

@@ -4,6 +4,10 @@
 // That file has the printers in the order of the packaging list, each as installed, set up, and
 // moved to a network port. Below each title are the differences from the state before: how an
 // action is offered, and its jobs, in which {6} is the configuration as action 6 sends it.
+//
+// The Tools page offers the same actions, and they send the same jobs.
+
+#include <nlohmann/json.hpp>
 
 #include <fstream>
 #include <map>
@@ -18,6 +22,14 @@
 namespace {
 
 constexpr char kFile[] = "one label.prn";
+
+// The actions of the Tools page's menus, by the identifiers of their buttons. 0 is a separator.
+const std::vector<std::pair<int, std::vector<int>>> kMenus = {
+    {611, {1, 3, 4, 2, 0, 12, 19, 13, 15, 16, 14, 0, 17, 18}},
+    {612, {6, 7, 8, 9, 0, 37, 48, 0, 11, 23, 35, 20, 0, 21, 10, 28, 31, 5, 29, 0, 22}},
+    {613, {39, 40, 45, 0, 24, 32, 47, 0, 27, 33, 30, 34, 44, 46}},
+};
+constexpr int kItem = 0x7000;
 
 // What a printer is offered and sent, by names like "12 offer" and "12 job".
 using Facts = std::map<std::string, std::string>;
@@ -117,10 +129,12 @@ protected:
     }
 
     // The offers of the module and, if `run`, the resulting jobs.
-    Facts Seen(bool run) const {
+    Facts Seen(bool run) {
         const HANDLE settings = Export<decltype(DAL_Printer_Open)>("DAL_Printer_Open")(printer_);
         const auto supported = Export<decltype(DAL_Action_Supported)>("DAL_Action_Supported");
         Facts facts;
+        items_.clear();
+        jobs_.clear();
         std::string configuration = "none"; // known from the feed action on
         for (int action = -1; action <= 64; ++action) {
             const DWORD offer = supported(settings, action);
@@ -129,10 +143,11 @@ protected:
             Export<decltype(DAL_Action_Name)>("DAL_Action_Name")(settings, action, name, 128);
             const std::string number = (action < 10 ? " " : "") + std::to_string(action);
             facts[number + " offer"] = std::to_string(offer) + Spaced(Text(OString(name)));
+            items_[action] = Text(OString(name)) + (offer & ACTION_OPENS_DIALOG ? "..." : "");
             if (!run) continue;
             const OString file = OString("C:\\") + kFile;
             Export<decltype(DAL_Action_Run)>("DAL_Action_Run")(settings, action, file.wstring());
-            for (const PrintedJob& job : TakeJobs(printer_)) {
+            for (const PrintedJob& job : jobs_[action] = TakeJobs(printer_)) {
                 std::string bytes = Escaped(job.bytes);
                 if (action == 6) configuration = bytes.substr(0, bytes.find("~PH"));
                 if (action != 6 && bytes.starts_with(configuration))
@@ -144,8 +159,55 @@ protected:
         return facts;
     }
 
+    // Chooses every item of the Tools page's menus, which must be what Seen has seen.
+    void ExpectTheSameFromToolsPage(const std::string& printer) const {
+        std::string script = "page Tools\n", expected_items;
+        std::vector<PrintedJob> expected_jobs;
+        for (const auto& [button, actions] : kMenus) {
+            const std::string menu = std::to_string(button);
+            script += "click " + menu + "\nstate menu\nkey ESC\n";
+            std::string separator;
+            expected_items += menu;
+            for (const int action : actions) {
+                const auto item = items_.find(action);
+                if (item == items_.end()) {
+                    if (action == 0 && !expected_items.ends_with(menu)) separator = "|";
+                    continue;
+                }
+                expected_items += separator + "|" + item->second;
+                separator.clear();
+                script += "menu " + menu + " " + std::to_string(kItem | action) + "\n";
+                if (action == ACTION_SEND_FILE)
+                    script += std::string("file \"C:\\\\") + kFile + "\"\n";
+                else if (item->second.ends_with("..."))
+                    script += "cancel\n";
+                const auto& jobs = jobs_.at(action);
+                expected_jobs.insert(expected_jobs.end(), jobs.begin(), jobs.end());
+            }
+            expected_items += "\n";
+        }
+        WriteFile("script", script + "cancel\n");
+        const ProgramResult result =
+            RunProgram("labelhost", {"--root", root(), "sheet", printer, "--device", "--run",
+                                     OnDriveC("script"), "--json"});
+        ASSERT_EQ(result.status, 0) << result.errors;
+        const auto told = nlohmann::json::parse(result.output);
+        std::string items;
+        for (size_t i = 0; i < kMenus.size(); ++i) {
+            items += std::to_string(kMenus[i].first);
+            for (const auto& item : told["states"][i]["items"])
+                items += "|" + item["text"].get<std::string>();
+            items += "\n";
+        }
+        EXPECT_EQ(items, expected_items);
+        EXPECT_EQ(TakeJobs(printer_), expected_jobs);
+    }
+
     HANDLE printer_ = nullptr;
     HMODULE module_ = nullptr;
+    // What Seen has seen: the texts of menu items, and the jobs, by action.
+    std::map<int, std::string> items_;
+    std::map<int, std::vector<PrintedJob>> jobs_;
 };
 
 } // namespace
@@ -184,6 +246,7 @@ TEST_F(PrinterActionsTable, HoldsForEveryPrinterThatShips) {
         look(model, true);
         ASSERT_NO_FATAL_FAILURE(SetUp(printer));
         look(model + ", set up", true);
+        ASSERT_NO_FATAL_FAILURE(ExpectTheSameFromToolsPage(printer));
         ASSERT_NO_FATAL_FAILURE(MoveToNetwork());
         look(model + ", on the network", false);
         Close();
