@@ -134,7 +134,9 @@ private:
         } else if (verb != "action" && verb != "connect" && verb != "upgrade") {
             words.push_back("--json");
         }
-        if (is_sheet && !step.text.empty()) {
+        // labelhost drives a sheet itself to save its report.
+        const bool saves_report = std::ranges::count(words, "--version-report") > 0;
+        if (is_sheet && !saves_report && !step.text.empty()) {
             Write("script.txt", Named(step.text));
             words.insert(words.end(), {"--run", File("script.txt")});
         }
