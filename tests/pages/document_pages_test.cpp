@@ -8,7 +8,6 @@
 #include <vector>
 
 #include "pages/page_setup/pp_paper_stock.h"
-#include "pages/page_setup/pp_presets.h"
 #include "support/job_test.h"
 #include "support/sheet_of_pages.h"
 #include "ui/prtpage.h"
@@ -227,34 +226,6 @@ TEST_F(DocumentPages, KeepStocksWithinTheModelsLimits) {
     Type(dialog, 389, TEXT("  Shelf 2 "));
     EXPECT_EQ(Text(stock.GetName()), "Shelf 2");
     DestroyWindow(dialog);
-}
-
-TEST_F(DocumentPages, EditACopyOfThePresets) {
-    Open();
-    GoTo(PRESETS);
-    const HWND dialog = OpenDialog("*:PAGE_SETUP/^PRESETS", ppPresets::WinProc);
-    ASSERT_NE(dialog, nullptr);
-    constexpr int kList = 589, kNew = 590, kDelete = 591, kName = 593;
-    const auto click = [&](int id) { SendMessageW(GetDlgItem(dialog, id), BM_CLICK, 0, 0); };
-    const auto enabled = [&](int id) { return IsWindowEnabled(GetDlgItem(dialog, id)) != FALSE; };
-    const auto count = [&] { return SendDlgItemMessageW(dialog, kList, LB_GETCOUNT, 0, 0); };
-    EXPECT_TRUE(count() == 2 && enabled(kNew) && !enabled(kDelete) && !enabled(kName));
-    click(kNew);
-    EXPECT_TRUE(count() == 3 && enabled(kDelete) && enabled(kName));
-    EXPECT_EQ(Shown(dialog, kName), "New Preset");
-    Type(dialog, kName, TEXT(" Labels  "));
-    click(kNew);
-    EXPECT_EQ(Shown(dialog, kName), "Labels 2");
-    click(kDelete);
-    EXPECT_TRUE(count() == 3 && !enabled(kDelete));
-    EXPECT_EQ(ui->presets.NameList::Find("Labels"), nullptr);
-    SendMessageW(dialog, WM_COMMAND, MAKEWPARAM(IDOK, BN_CLICKED), 0);
-    EXPECT_NE(ui->presets.NameList::Find("Labels"), nullptr);
-    DestroyWindow(dialog);
-    SendMessageW(sheet->window(), PSM_QUERYSIBLINGS, prtpage::REFRESH_ALL, 0);
-    EXPECT_NE(Items(PRESETS).find("(Labels)"), std::string::npos);
-    EXPECT_TRUE(sheet->Apply());
-    EXPECT_NE(OpenUI()->presets.NameList::Find("Labels"), nullptr);
 }
 
 TEST_F(DocumentPages, SayOnceWhatCouldNotBeStored) {

@@ -1,5 +1,6 @@
 # Label sizes are made, changed, renamed and deleted, within the limits of the printer.
 install Dock3 --model "Valdrick X4 300 dpi"
+upgrade Dock3
 registry set "HKCU\SOFTWARE\Valdrick\Drivers\Printers\Dock3\Settings" "Measurement System" 3 02000000
 
 sheet Dock3 --defaults

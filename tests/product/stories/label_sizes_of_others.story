@@ -1,5 +1,7 @@
 # Label sizes of a server, and users who may not change the printer.
 install Dock3 --model "Valdrick X4 300 dpi"
+upgrade Dock3
+registry set "HKCU\SOFTWARE\Valdrick\Drivers\Printers\Dock3\Settings" "Measurement System" 3 01000000
 registry set "HKLM\SOFTWARE\Valdrick\Drivers\Paper Sizes" "Form 01: Name" 1 4c006f0061006e000000
 registry set "HKLM\SOFTWARE\Valdrick\Drivers\Paper Sizes" "Form 01: Data" 3 50c30000a8610000f6040000f604000000000000000000000c000000
 registry set "HKLM\SOFTWARE\Valdrick\Drivers\Paper Sizes" Total 4 01000000

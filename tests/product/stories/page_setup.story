@@ -1,5 +1,11 @@
 # The page that every document has: label size, orientation, mirror and negative image, preset.
 install Dock3 --model "Valdrick X4 300 dpi"
+upgrade Dock3
+registry set "HKCU\SOFTWARE\Valdrick\Drivers\Printers\Dock3\Settings" "Measurement System" 3 01000000
+# Wine gives a new printer settings of its own.
+sheet Dock3 --defaults
+  choose 514 "Default Settings"
+  ok
 
 # A new printer has its default settings, and looking at them changes nothing.
 sheet Dock3 --defaults

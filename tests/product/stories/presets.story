@@ -1,5 +1,10 @@
 # Presets are made from others, renamed, described, updated, deleted and chosen.
 install Dock3 --model "Valdrick X4 300 dpi"
+upgrade Dock3
+# Wine gives a new printer settings of its own.
+sheet Dock3 --defaults
+  choose 514 "Default Settings"
+  ok
 
 sheet Dock3 --defaults
   click 356
