@@ -189,11 +189,11 @@ void ZplScanner::Emit(std::vector<ZplCommand>& found) {
 }
 
 void ZplScanner::ChangePrefix(char c) {
-    char& prefix = command_.name == "CC"   ? format_prefix_
-                   : command_.name == "CT" ? control_prefix_
-                                           : delimiter_;
+    char* const prefix = command_.name == "CC"   ? &format_prefix_
+                         : command_.name == "CT" ? &control_prefix_
+                                                 : &delimiter_;
     // The three characters must differ from each other and from text.
-    if (c > ' ' && c != format_prefix_ && c != control_prefix_ && c != delimiter_) prefix = c;
+    if (c > ' ' && c != format_prefix_ && c != control_prefix_ && c != delimiter_) *prefix = c;
 }
 
 std::vector<std::string> SplitParameters(const std::string& parameters, size_t least) {

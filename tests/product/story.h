@@ -13,7 +13,7 @@
 //     = #0 {"text": "&Name:"}               or of the control at a place in tab order
 //   = {"/result": "ok", "/states/0/page": 1}
 //                                           expects values at JSON pointers in a command's answer
-//   = same "before"                       expects the answer, or the state, that was first called so
+//   = same "before"                       expects the answer or the state that was first called so
 //   ! 1 "there is no printer"               expects that the command before it failed with this
 //                                           exit status and a message that has this in it
 //   file NAME                               writes the indented lines after it to a file
