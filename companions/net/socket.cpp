@@ -83,6 +83,9 @@ bool Start() {
 
 #endif
 
+// How long somebody who gives up may have to wait for it, in milliseconds.
+constexpr int kSlice = 50;
+
 // A size that every system's send and recv accept in one call.
 constexpr size_t kPiece = 1 << 20;
 
@@ -112,7 +115,8 @@ Socket Socket::Listen(uint16_t port) {
     return socket;
 }
 
-Socket Socket::Connect(const std::string& host, uint16_t port, int milliseconds) {
+Socket Socket::Connect(const std::string& host, uint16_t port, int milliseconds,
+                       const GivesUp& gives_up) {
     if (!Start()) return {};
     addrinfo hints = {};
     hints.ai_socktype = SOCK_STREAM;
@@ -123,6 +127,7 @@ Socket Socket::Connect(const std::string& host, uint16_t port, int milliseconds)
         Socket socket(
             static_cast<intptr_t>(::socket(at->ai_family, at->ai_socktype, at->ai_protocol)));
         if (!socket.IsOpen()) continue;
+        socket.gives_up_ = gives_up;
         const auto handle = static_cast<Handle>(socket.handle_);
         MakeNonBlocking(handle);
         if (connect(handle, at->ai_addr, static_cast<socklen_t>(at->ai_addrlen)) != 0) {
@@ -158,7 +163,13 @@ bool Socket::Wait(bool write, int milliseconds) const {
     WSAPOLLFD item = {};
     item.fd = static_cast<Handle>(handle_);
     item.events = static_cast<short>(write ? POLLOUT : POLLIN);
-    return Poll(&item, milliseconds) > 0;
+    if (!gives_up_) return Poll(&item, milliseconds) > 0;
+    for (int left = milliseconds; !gives_up_();) {
+        const int slice = left < 0 ? kSlice : std::min(left, kSlice);
+        if (Poll(&item, slice) > 0) return true;
+        if (left >= 0 && (left -= slice) == 0) return false;
+    }
+    return false;
 }
 
 bool Socket::Send(const void* data, size_t size, int milliseconds) {

@@ -3,6 +3,7 @@
 
 #include <cstddef>
 #include <cstdint>
+#include <functional>
 #include <string>
 #include <utility>
 
@@ -12,11 +13,17 @@ namespace net {
 // Waiting times are in milliseconds; a negative one waits forever.
 class Socket {
 public:
+    // Asked several times a second while a socket waits. True ends the wait as if its time were
+    // over.
+    using GivesUp = std::function<bool()>;
+
     Socket() = default;
     Socket(Socket&& other) noexcept
-        : handle_(std::exchange(other.handle_, kNone)) {}
+        : handle_(std::exchange(other.handle_, kNone))
+        , gives_up_(std::move(other.gives_up_)) {}
     Socket& operator=(Socket&& other) noexcept {
         std::swap(handle_, other.handle_);
+        std::swap(gives_up_, other.gives_up_);
         return *this;
     }
     ~Socket();
@@ -24,8 +31,10 @@ public:
     // Listens on this machine's loopback address, on any free port if `port` is 0. Not open if the
     // port is taken.
     static Socket Listen(uint16_t port);
-    // Connects to a host by name or address. Not open if nobody answers in time.
-    static Socket Connect(const std::string& host, uint16_t port, int milliseconds);
+    // Connects to a host by name or address. Not open if nobody answers in time. `gives_up`, which
+    // may be empty, is for this wait and all later ones.
+    static Socket Connect(const std::string& host, uint16_t port, int milliseconds,
+                          const GivesUp& gives_up = {});
 
     bool IsOpen() const { return handle_ != kNone; }
     // The port of a listening socket; 0 if it is not open.
@@ -50,6 +59,7 @@ private:
     bool Wait(bool write, int milliseconds) const;
 
     intptr_t handle_ = kNone;
+    GivesUp gives_up_;
 };
 
 } // namespace net

@@ -22,7 +22,10 @@ bool IsCompleteAnswer(std::string_view command, std::string_view answer) {
 }
 
 bool Conversation::Connect() {
-    if (!socket_.IsOpen()) socket_ = net::Socket::Connect(host_, port_, limits_.connect);
+    if (socket_.IsOpen() || given_up_) return socket_.IsOpen();
+    net::Socket::GivesUp asks;
+    if (gives_up_) asks = [this] { return given_up_ = given_up_ || gives_up_(); };
+    socket_ = net::Socket::Connect(host_, port_, limits_.connect, asks);
     return socket_.IsOpen();
 }
 

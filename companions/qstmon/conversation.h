@@ -16,13 +16,20 @@ struct TimeLimits {
 
 class Conversation {
 public:
-    Conversation(std::string host, uint16_t port, const TimeLimits& limits)
+    // `gives_up` may be empty. From when it first answers true, no wait goes on.
+    Conversation(std::string host, uint16_t port, const TimeLimits& limits,
+                 net::Socket::GivesUp gives_up = {})
         : host_(std::move(host))
         , port_(port)
-        , limits_(limits) {}
+        , limits_(limits)
+        , gives_up_(std::move(gives_up)) {}
+    Conversation(const Conversation&) = delete;
+    Conversation& operator=(const Conversation&) = delete;
 
     // True if the printer accepts the connection. Ask connects by itself.
     bool Connect();
+    // True after the user has given up. Nothing more is then asked.
+    bool IsGivenUp() const { return given_up_; }
 
     // Sends a command and collects its answer, at most 1 MB. Answers what came in time, which is
     // half an answer if the printer stops in the middle, and nothing if nothing came. The
@@ -37,6 +44,8 @@ private:
     const std::string host_;
     const uint16_t port_;
     const TimeLimits limits_;
+    const net::Socket::GivesUp gives_up_;
+    bool given_up_ = false;
     net::Socket socket_;
     uint32_t bytes_written_ = 0;
     uint32_t bytes_read_ = 0;

@@ -16,7 +16,9 @@ extern "C" {
 // the commands of the job to the printer one by one, waits for the answer to each, and stores it
 // under the name of its question. The job is deleted unless the printer keeps what it printed or
 // its port never printed it. 1 if at least one answer came; 0 if none did, if the printer cannot
-// answer on its port, or if there is no such job. `parent` is not used, as nothing is shown.
+// answer on its port, or if there is no such job. Nothing is shown. `parent` is the window
+// that waits: its user can give up with Esc, and what was answered until then counts. Null or the
+// desktop if there is none.
 QSTMON_API int WINAPI Query(HWND parent, LPSTR command_line);
 
 // Answers the spooler if a printer has no data of that name. The names are requests of the

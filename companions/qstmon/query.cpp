@@ -2,6 +2,7 @@
 #include "qstmon/answer_store.h"
 #include "qstmon/command_line.h"
 #include "qstmon/conversation.h"
+#include "qstmon/escape_key.h"
 #include "qstmon/printer_port.h"
 #include "qstmon/qstmon.h"
 #include "qstmon/xpml.h"
@@ -28,7 +29,7 @@ void ShowProgress(const MonitoredPrinter& printer, const Conversation& conversat
 bool AskAll(const MonitoredPrinter& printer, Conversation& conversation,
             const std::vector<XpmlQuery>& queries) {
     bool answered = false;
-    for (size_t i = 0; i < queries.size(); ++i) {
+    for (size_t i = 0; i < queries.size() && !conversation.IsGivenUp(); ++i) {
         ShowProgress(printer, conversation, kRunning, i + 1, queries.size());
         const std::string answer = conversation.Ask(queries[i].command);
         if (answer.empty()) continue;
@@ -39,7 +40,7 @@ bool AskAll(const MonitoredPrinter& printer, Conversation& conversation,
     return answered;
 }
 
-bool RunQuery(std::string_view command_line) {
+bool RunQuery(HWND parent, std::string_view command_line) {
     const auto command = ParseMonitorCommand(command_line);
     if (!command || command->verb != "open" || command->job == 0) return false;
     const MonitoredPrinter printer(FromAnsi(command->printer.data(), command->printer.size()));
@@ -50,7 +51,8 @@ bool RunQuery(std::string_view command_line) {
     const std::vector<XpmlQuery> queries = QueriesIn(job);
     if (!IsXpml(job) || queries.empty()) return false;
 
-    Conversation conversation(port->host, port->port, ConfiguredTimeLimits());
+    Conversation conversation(port->host, port->port, ConfiguredTimeLimits(),
+                              [parent] { return TakeEscapeKey(parent); });
     const bool answered = conversation.Connect() && AskAll(printer, conversation, queries);
     MarkQueryDone();
     return answered;
@@ -58,9 +60,9 @@ bool RunQuery(std::string_view command_line) {
 
 } // namespace
 
-extern "C" int WINAPI Query(HWND, LPSTR command_line) {
+extern "C" int WINAPI Query(HWND parent, LPSTR command_line) {
     try {
-        return command_line && RunQuery(command_line) ? 1 : 0;
+        return command_line && RunQuery(parent, command_line) ? 1 : 0;
     } catch (const std::exception&) {
         return 0;
     }

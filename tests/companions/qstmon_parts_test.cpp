@@ -2,10 +2,14 @@
 
 #include "qstmon/command_line.h"
 #include "qstmon/conversation.h"
+#include "qstmon/escape_key.h"
 #include "qstmon/printer_port.h"
 #include "qstmon/xpml.h"
 
 #include <gtest/gtest.h>
+
+#include <atomic>
+#include <thread>
 
 namespace {
 
@@ -76,6 +80,42 @@ TEST(MonitorAnswer, EndsWhereThePrinterSaysSo) {
     };
     for (const auto& c : cases)
         EXPECT_EQ(IsCompleteAnswer(c.command, c.answer), c.complete) << c.command << c.answer;
+}
+
+// A silent printer, whose user gives up as soon as the question has arrived there.
+TEST(MonitorAnswer, IsNotWaitedForAfterTheUserHasGivenUp) {
+    const net::Socket printer = net::Socket::Listen(0);
+    std::atomic<bool> asked = false;
+    std::atomic<int> connections = 0;
+    std::thread serving([&] {
+        net::Socket question = printer.Accept();
+        char byte;
+        if (++connections; question.Receive(&byte, 1, -1) == 1) asked = true;
+        while (question.Receive(&byte, 1, -1) > 0) {
+        }
+    });
+    constexpr int kTooLong = 3600 * 1000;
+    Conversation conversation("127.0.0.1", printer.Port(), {kTooLong, kTooLong, kTooLong},
+                              [&] { return asked.exchange(false); });
+    EXPECT_TRUE(conversation.Connect() && !conversation.IsGivenUp());
+    EXPECT_EQ(conversation.Ask("~HI"), "");
+    EXPECT_TRUE(conversation.IsGivenUp());
+    EXPECT_EQ(conversation.Ask("~HS"), "") << "no other question is asked";
+    serving.join();
+    EXPECT_EQ(connections, 1);
+}
+
+TEST(MonitorAnswer, IsGivenUpWithEscAtAWindow) {
+    const HWND window = CreateWindowExW(0, TEXT("STATIC"), TEXT(""), 0, 0, 0, 1, 1, nullptr,
+                                        nullptr, nullptr, nullptr);
+    const auto press = [&](WPARAM key) { PostMessageW(window, WM_KEYDOWN, key, 1); };
+    EXPECT_FALSE(TakeEscapeKey(window));
+    press(VK_RETURN);
+    press(VK_ESCAPE);
+    for (const HWND nobody : {HWND{}, GetDesktopWindow()}) EXPECT_FALSE(TakeEscapeKey(nobody));
+    EXPECT_TRUE(TakeEscapeKey(window));
+    EXPECT_FALSE(TakeEscapeKey(window)) << "the window does not get the key";
+    DestroyWindow(window);
 }
 
 TEST(MonitorPort, IsKnownByItsName) {

@@ -10,6 +10,7 @@
 #include "pages/fonts/pp_bar_font_edit.h"
 #include "pages/fonts/pp_rfid_font_edit.h"
 #include "ui/prtui.h"
+#include "ui/wait_cursor.h"
 
 namespace {
 
@@ -365,7 +366,12 @@ void ppFonts::Verify() {
     prtdttf_list before;
     before = ui_->fonts;
     list_changed_ = true;
-    if (ui_->VerifyFonts(this)) {
+    bool verified = false;
+    {
+        const WaitCursor wait;
+        verified = ui_->VerifyFonts(this);
+    }
+    if (verified) {
         SaveDownloadedFonts();
         return;
     }
