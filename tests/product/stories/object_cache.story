@@ -50,6 +50,8 @@ sheet Dock3 --device
   = same "fresh"
   type 643 "5"
   type 641 "512"
+  choose 644 #1
+  choose 647 #0
   apply
   state
   = {"apply": false}
@@ -58,6 +60,8 @@ sheet Dock3 --device
   state stored
   = 641 {"text": "512"}
   = 643 {"text": "5"}
+  = 644 {"selection": [1]}
+  = 647 {"selection": [0]}
   click 648
   state reset
   = 641 {"text": "1024"}
@@ -115,6 +119,11 @@ sheet Dock3 --device
   column 661 #2
   column 661 #0
   # One kind of object is always shown.
+  menu 663 676
+  menu 663 675
+  state formats
+  = 661 {"items": {"0": {"0": "Format 1 *"}, "2": null}}
+  menu 663 675
   menu 663 675
   state formats
   = 661 {"items": {"0": {"0": "Format 1 *"}, "1": {"0": "Format 2"}, "2": null}}
