@@ -1,6 +1,7 @@
 // The pages of document settings in a sheet: page setup and label material.
 #include <windows.h>
 
+#include <commctrl.h>
 #include <compstui.h>
 #include <win32host/control.h>
 
@@ -226,6 +227,38 @@ TEST_F(DocumentPages, KeepStocksWithinTheModelsLimits) {
     Type(dialog, 389, TEXT("  Shelf 2 "));
     EXPECT_EQ(Text(stock.GetName()), "Shelf 2");
     DestroyWindow(dialog);
+}
+
+TEST_F(DocumentPages, ShowListsWithTheColumnWidthsThatTheUserGaveThem) {
+    constexpr int kObjects = 661;
+    const OString value("USERSETTINGS:Cache Contents/Column Widths");
+    const auto width = [&] {
+        return SendMessageW(sheet->Item(kObjects), LVM_GETCOLUMNWIDTH, 1, 0);
+    };
+    const auto open = [&] {
+        sheet.reset();
+        Registry().SetDWORD("DATA:FW Message", 4);
+        OpenDevice();
+        GoTo(kObjects);
+    };
+    open();
+    const LRESULT usual = width();
+    sheet.reset();
+    std::vector<int32_t> widths(5);
+    const auto size = static_cast<uint32_t>(widths.size() * sizeof widths[0]);
+    EXPECT_LT(Registry().GetBinary(value, widths.data(), size), 0) << "nothing was changed";
+    open();
+    SendMessageW(sheet->Item(kObjects), LVM_SETCOLUMNWIDTH, 1, usual + 33);
+    open();
+    EXPECT_EQ(width(), usual + 33);
+    ASSERT_EQ(Registry().GetBinary(value, widths.data(), size), static_cast<int32_t>(size));
+    EXPECT_EQ(widths[1], usual + 33);
+    for (const int32_t nonsense : {-1, 40000}) {
+        widths[1] = nonsense;
+        Registry().SetBinary(value, widths.data(), size);
+        open();
+        EXPECT_EQ(width(), usual) << nonsense;
+    }
 }
 
 TEST_F(DocumentPages, SayOnceWhatCouldNotBeStored) {
