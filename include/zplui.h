@@ -427,8 +427,9 @@ ZPLUI_API void WINAPI X16_ImageDither_DitherSmooth(struct ImageDither* record);
 // templates "Template0" and so on, of which the driver makes the tabs for the module's pages.
 //
 // The window is sent WM_USER + 1 at the start. Each time that changed settings are applied, they
-// are stored as "DevMode 32" (binary, a DEVMODEW) and WM_USER + 2 is posted, with whether they are
-// defaults. WM_USER + 3, with 2, is posted at the end, also if no sheet could be shown.
+// are stored as "DevMode 32" (binary, a DEVMODEW) and WM_USER + 2 is posted, with 1 for defaults
+// and 0 for other settings. WM_USER + 3, with 2, is posted at the end, also if no sheet could be
+// shown.
 ZPLUI_API void WINAPI X16_DocumentProperties(HWND window, HINSTANCE instance, char* channel,
                                              int show);
 

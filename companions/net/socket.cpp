@@ -83,7 +83,7 @@ bool Start() {
 
 #endif
 
-// How long somebody who gives up may have to wait for it, in milliseconds.
+// How long it may take until giving up is noticed, in milliseconds.
 constexpr int kSlice = 50;
 
 // A size that every system's send and recv accept in one call.

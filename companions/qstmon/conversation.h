@@ -16,7 +16,7 @@ struct TimeLimits {
 
 class Conversation {
 public:
-    // `gives_up` may be empty. From when it first answers true, no wait goes on.
+    // `gives_up` may be empty. Once it has answered true, nothing waits any longer.
     Conversation(std::string host, uint16_t port, const TimeLimits& limits,
                  net::Socket::GivesUp gives_up = {})
         : host_(std::move(host))

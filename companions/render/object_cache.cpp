@@ -10,7 +10,7 @@ namespace {
 
 constexpr WCHAR kObjectsValue[] = TEXT("Render Cache Objects");
 
-// So many fit into a description, whose size is a 16-bit number.
+// As many as fit into a description, whose size is a 16-bit number.
 constexpr size_t kMostObjects = 1000;
 static_assert(sizeof(KVCacheInformation) + kMostObjects * sizeof(KVCacheItemInfo) <= 0xFFFF);
 
@@ -56,7 +56,7 @@ public:
                                  list.size() * sizeof(KeptObject));
     }
 
-    // Takes what was stored into the list, and out of it what has to make room.
+    // Puts what was stored into the list, and moves what has to make room for it to `gone`.
     void Add(const ObjectEvent& event, const KVCacheSettings& settings,
              std::vector<KeptObject>& gone);
 
@@ -66,8 +66,8 @@ private:
     static constexpr uint32_t kNoNumber = UINT32_MAX;
 
     uint32_t FreeNumber(KVCacheItemInfo::Kind kind, const KVCacheSettings& settings) const;
-    // Moves the object that was not used for the longest time to `gone`: one of a kind, or of both
-    // for a null pointer. False if all are locked.
+    // Moves the object that has not been used for the longest time to `gone`: one of a kind, or of
+    // either kind for a null pointer. False if all are locked.
     bool MakeRoom(const KVCacheItemInfo::Kind* kind, std::vector<KeptObject>& gone);
 
     const ObjectCache& cache_;
@@ -162,7 +162,7 @@ bool ObjectCache::EndJob() {
     }
     bool good = true;
     for (const KeptObject& object : gone) good = Erase(object) && good;
-    // Others than administrators print just as well.
+    // A user who may not change the printer's data prints all the same.
     static_cast<void>(objects.Store());
     return good;
 }
@@ -171,7 +171,7 @@ bool ObjectCache::Erase(const KeptObject& object) {
     return output_.Write("^XA^ID" + object.Where().Text() + "^FS^XZ\r\n");
 }
 
-// ---- What is asked and told to do ---------------------------------------------------------------
+// ---- Questions and actions ----------------------------------------------------------------------
 
 int ObjectCache::Describe(unsigned char* output, ULONG size) const {
     const std::vector<KeptObject> objects = ReadObjects(printer_);

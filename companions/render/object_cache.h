@@ -23,11 +23,12 @@ static_assert(sizeof(KeptObject) == 60);
 
 // What a job stores becomes an object if it lies in the memory that the settings name for its kind.
 // An object has a number within the range for its kind. If all numbers are taken, or the memory is,
-// the objects that were not used for the longest time are erased; never those that are locked. What
-// finds no place so is not an object, and stays in the printer for whoever stored it.
+// the objects that have not been used for the longest time are erased; never those that are locked.
+// What still finds no place does not become an object, and stays in the printer for whoever stored
+// it.
 //
-// Changes of the user's, and those of a job at its end, are remembered for all devices of the
-// printer, if the user may change the printer's data.
+// What the user changes, and what a job has changed by its end, is remembered for all devices of
+// the printer, if the user may change the printer's data.
 class ObjectCache {
 public:
     // `printer` and `output` are borrowed.

@@ -5,7 +5,7 @@
 
 namespace {
 
-// More acts in one job are not noted; nobody stores so much.
+// More acts in one job are not noted; nobody stores so many objects.
 constexpr size_t kMostEvents = 100000;
 
 struct ObjectCommand {
@@ -40,7 +40,7 @@ std::vector<ObjectEvent> ObjectWatch::End() {
 
 void ObjectWatch::Take(const ZplCommand& command) {
     if (in_format_) {
-        // What is stored is not done.
+        // The commands of a format that is being stored are not carried out.
         in_format_ = command.name != "XZ";
         if (in_format_)
             events_.back().size +=

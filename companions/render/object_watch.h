@@ -14,7 +14,7 @@ struct ObjectEvent {
     enum Act { STORED, RECALLED, ERASED };
 
     Act act;
-    ObjectName where; // with an extension; of what is erased perhaps a pattern
+    ObjectName where; // with an extension; what is erased may be a pattern
     // Of what is stored:
     KVCacheItemInfo::Kind kind = KVCacheItemInfo::GRAPHIC;
     uint32_t size = 0; // bytes
@@ -25,7 +25,7 @@ struct ObjectEvent {
 class ObjectWatch {
 public:
     void Read(const void* bytes, size_t size);
-    // Ends the job: its acts in their order. The next job begins.
+    // Ends the job and returns its acts in their order. The next job begins.
     std::vector<ObjectEvent> End();
 
 private:
@@ -33,5 +33,5 @@ private:
 
     ZplScanner scanner_;
     std::vector<ObjectEvent> events_;
-    bool in_format_ = false; // which is being stored, as the last event says
+    bool in_format_ = false; // one is being stored: that of the last event
 };

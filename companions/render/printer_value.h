@@ -10,7 +10,7 @@
 // longer. `printer` is any handle of the printer.
 [[nodiscard]] size_t ReadPrinterValue(HANDLE printer, const WCHAR* name, void* value, size_t size);
 
-// Stores a value, or with a null pointer removes it; there may be none. False if the user may not
+// Stores a value. A null pointer removes the value, if there is one. False if the user may not
 // change the printer's data or they cannot be written.
 [[nodiscard]] bool WritePrinterValue(const WCHAR* printer_name, const WCHAR* name,
                                      const void* value, size_t size);

@@ -36,7 +36,7 @@ public:
     int AbortDoc();
     int Escape(int escape, int input_size, LPCSTR input, int output_size, LPSTR output);
     bool PatBlt(int x, int y, int width, int height, DWORD operation);
-    // Selects a font. The handle of the one before, or null for other objects.
+    // Selects a font and returns the one before; null for other objects.
     HGDIOBJ SelectFont(HGDIOBJ handle);
     bool TextOut(int x, int y, const std::u16string& text);
     // Ends everything before the handle is closed.

@@ -18,7 +18,7 @@ namespace {
 
 constexpr int kDefaultCell = 16;
 constexpr int kLargestSize = 4096;    // pixels
-constexpr int kStrokesPerEm = 24;     // what a bold stroke has more than another
+constexpr int kStrokesPerEm = 24;     // a bold stroke is wider by one em over this
 constexpr size_t kMostFaces = 64;     // that are kept open
 constexpr size_t kLargestKept = 4096; // pixels of a glyph that is drawn again later
 

@@ -14,8 +14,8 @@ namespace win32host {
 // Held by whoever calls FreeType or fontconfig: only one thread may at a time.
 std::mutex& FontLock();
 
-// What is still to be done to a face that is wanted bold: nothing; everything; or only its
-// outlines, as its advances are bold already.
+// What is still to be done to make a face bold: nothing; everything; or only its outlines, as its
+// advances are bold already.
 enum class Bolding { None, Glyphs, OutlinesOnly };
 
 struct FoundFace {

@@ -140,7 +140,7 @@ static_assert(sizeof(WIN32_FIND_DATAW) == 592, "layout");
 #define DRIVE_CDROM 5
 #define DRIVE_RAMDISK 6
 
-// Sizes in bytes. Here page files and address spaces have none.
+// Sizes in bytes. Those of page files and address spaces are 0 here.
 typedef struct MEMORYSTATUSEX {
     DWORD dwLength;     // the caller's
     DWORD dwMemoryLoad; // in percent
@@ -243,7 +243,7 @@ void WINAPI SetLastError(DWORD code);
 
 // ---- Memory -------------------------------------------------------------------------------------
 
-// The machine's memory. The older one tells of no more than an address can count.
+// The machine's memory. The older function tells of no more than its fields can hold.
 BOOL WINAPI GlobalMemoryStatusEx(MEMORYSTATUSEX* status);
 void WINAPI GlobalMemoryStatus(MEMORYSTATUS* status);
 

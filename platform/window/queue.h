@@ -22,7 +22,7 @@ struct SentMessage {
     std::function<LRESULT()> work; // in place of the message
     LRESULT answer = 0;
     bool done = false;                          // guarded by the sender's queue
-    std::shared_ptr<class MessageQueue> sender; // waits for the answer; null: nobody does
+    std::shared_ptr<class MessageQueue> sender; // waits for the answer; null if nobody does
 };
 
 struct Timer {

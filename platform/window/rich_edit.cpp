@@ -57,7 +57,7 @@ LRESULT RichEdit::Select(LONG from, LONG to) {
     anchor_ = static_cast<size_t>(from);
     caret_ = static_cast<size_t>(to);
     wanted_x_ = -1;
-    // Who formats many ranges does not want to see each of them.
+    // A program that formats many ranges turns drawing off, so that the text does not jump.
     if (draws_) ScrollToCaret();
     if (anchor_ != anchor || caret_ != caret) {
         typing_.reset();

@@ -20,7 +20,7 @@ constexpr uint16_t kComboBoxClass = 0x85;
 DialogTemplate SystemDialog(const std::u16string& title, int width, int height, DWORD style);
 
 // Adds a visible control; place and size are in dialog units. The second form is for texts of the
-// system's, which are English there and shown in the user's language.
+// system's: it takes them in English and shows them in the user's language.
 void AddControl(DialogTemplate& dialog, uint16_t window_class, int id, const std::u16string& text,
                 DWORD style, RECT place);
 void AddControl(DialogTemplate& dialog, uint16_t window_class, int id, const char16_t* text,

@@ -13,7 +13,7 @@ class Channel16 {
 public:
     enum Message : UINT {
         STARTED = WM_USER + 1,          // sent: the module is there
-        SETTINGS_CHANGED = WM_USER + 2, // posted: "DevMode 32" is new; whether it is the default
+        SETTINGS_CHANGED = WM_USER + 2, // posted: "DevMode 32" is new; 1 for defaults, else 0
         ENDED = WM_USER + 3             // posted: the module is done; with 2
     };
 

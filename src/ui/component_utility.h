@@ -61,7 +61,7 @@ int CheckComponentVersion(const OString& file, const OString& required, bool fro
 int CheckExplorerVersion(const OString& required);
 int CheckFablewickVersion(const OString& required);
 
-// What GetOSInformation says of such a system of Windows'. Without `extended` only the fields of an
+// What GetOSInformation says of a version of Windows. Without `extended` only the fields of an
 // OSVERSIONINFOW are known, and the registry tells the edition.
 void DescribeSystem(const OSVERSIONINFOEXW& system, bool extended, OString& name, OString& edition,
                     OString& service_pack);

@@ -86,8 +86,8 @@ OString ServicePackOf(const OSVERSIONINFOEXW& system) {
     return pack << " (Build " << LOWORD(system.dwBuildNumber) << ")";
 }
 
-// Where the driver runs on another system, in surroundings like those of Windows, these have a
-// function that names it. False on Windows.
+// Where the driver runs on another system, in a host that stands in for Windows, that host has a
+// function that names the system. False on Windows.
 bool NameOtherSystem(OString& name, OString& kernel) {
     using Ask = BOOL WINAPI(WCHAR*, DWORD, WCHAR*, DWORD);
     const HMODULE library = GetModuleHandleW(TEXT("kernel32.dll"));

@@ -235,7 +235,7 @@ TEST(ConvertDialog, KeepsStylePlaceAndTextsOfEitherForm) {
         expected += std::string(OString(TEXT("Papier f\u00FCr")).nstring()) + '\0';
         expected += std::string("\x08\x00MS Shell Dlg", 15);
         EXPECT_EQ(std::string(out, length), expected);
-        // Nothing beyond the room, and nothing of a part.
+        // Nothing is written beyond the room, and nothing is made of an incomplete template.
         std::string room(20, '?');
         ConvertDialog(whole.data(), size, room.data(), 10);
         EXPECT_EQ(room, expected.substr(0, 10) + std::string(10, '?'));

@@ -9,7 +9,8 @@ namespace {
 
 constexpr const char* kPrinter = "Sprachen";
 
-// Windows that the driver shows. The system's are not in its language.
+// Windows that the driver shows. Those of the system follow the user's locale, not the driver's
+// setting.
 constexpr struct {
     const char* kind;
     const char* script;

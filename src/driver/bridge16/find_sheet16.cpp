@@ -6,8 +6,8 @@ namespace {
 
 constexpr int kTitleSize = 1024;
 
-// Of the page that a 16-bit sheet begins with: the printer's name, and a control by which the page
-// is known.
+// Controls of the first page of a 16-bit sheet: the printer's name, and another one by which the
+// page is known.
 constexpr int kNameItem = 1001;
 constexpr int kOtherItem = 1017;
 

@@ -84,7 +84,7 @@ HWND X16_Page32::FindSibling() const {
 
 void X16_Page32::SetActive() {
     Bind();
-    // Sheets also tell the current page so when they have applied; no tab was chosen then.
+    // Sheets also tell the current page that it is active after Apply, when no tab was chosen.
     if (!sibling_.Exists() || sibling_.IsMarked(kApplying)) return;
     if (!own_.IsMarked(kInitialized)) Init();
     const bool tabs_had_focus = GetFocus() == own_.Tabs();

@@ -40,7 +40,7 @@ HWND WaitForSheet16(const prtui& ui) {
     MSG message = {};
     while (!found && ui.channel16.IsAlive()) {
         if (GetMessageW(&message, nullptr, 0, 0) <= 0) {
-            // For the program, too.
+            // The program has to see it, too.
             PostQuitMessage(static_cast<int>(message.wParam));
             break;
         }

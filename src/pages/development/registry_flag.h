@@ -18,7 +18,7 @@ struct RegistryFlag {
 template <int Count>
 class RegistryFlags {
 public:
-    // `table` must stay.
+    // `table` must outlive the object.
     explicit RegistryFlags(const RegistryFlag (&table)[Count])
         : table_(table) {}
 

@@ -31,13 +31,13 @@ enum : uint16_t {
 };
 
 constexpr int kRotations = 4;
-constexpr int kWidestModule = 16; // to an inch
+constexpr int kWidestModule = 16; // 1/16 inch
 
 // Ratios of wide to narrow in hundredths.
 constexpr int kFirstRatio = 200;
 constexpr int kLastRatio = 300;
 constexpr int kRatioStep = 10;
-constexpr int kRatioTolerance = 9; // of what whole dots can do
+constexpr int kRatioTolerance = 9; // by how much whole dots may miss a ratio
 
 // The width in thousandths of an inch that a symbology prescribes, or 0.
 int PrescribedMils(int symbology) {

@@ -40,7 +40,8 @@ void ppLoggingServer::Refresh(bool all) {
     WM_Enable(SEND_RECORDINGS, selected > 0);
     WM_Enable(DELETE_SELECTED, may_change && selected > 0);
     WM_Enable(DELETE_ALL, may_change && list_.GetCount() > 0);
-    // The keys of a disabled control go nowhere. The next button would be the one that deletes all.
+    // A disabled control does not take keys, and the button after it could be the one that deletes
+    // all recordings. So the focus goes to OK.
     if (IsChild(GetWindow(), focus) && !IsWindowEnabled(focus)) WM_SetFocus(OK_BUTTON);
 }
 

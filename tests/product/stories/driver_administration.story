@@ -35,7 +35,8 @@ file options.kds
   "Maximum Page Length"=dword:000f1f18
   </options>
 
-# What is imported is gone after Cancel, byte for byte. Users of other computers never may more.
+# What is imported is gone after Cancel, byte for byte. Users of other computers never have
+# more rights than those of this one.
 sheet Gate --device
   page "Tools"
   click 614

@@ -20,7 +20,7 @@ sheet Dock3 --defaults
   = 388 {"enabled": false}
   = 392 {"enabled": false}
   ok
-  # What is made from it is the user's.
+  # A size that is made from it belongs to the user.
   click 391
   state
   = 389 {"enabled": true, "text": "New Label"}

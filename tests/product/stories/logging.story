@@ -165,7 +165,7 @@ sheet Dock3 --device
   cancel
 registry delete "HKLM\SYSTEM\CurrentControlSet\Control\Print\Printers\Dock3\PrinterDriverData\Settings" "Local Access Level"
 
-# Recordings that have gone are told and not sent.
+# Recordings that have gone are named in a message and not sent.
 sheet Dock3 --device
   page "Tools"
   click 617
