@@ -154,6 +154,10 @@ void OStringArray::Copy(const OStringArray& other) {
     std::copy_n(other.data_, size_, data_);
 }
 
+bool OStringArray::operator==(const OStringArray& other) const {
+    return std::equal(data_, data_ + size_, other.data_, other.data_ + other.size_);
+}
+
 bool OStringArray::InsertAt(int index, const OString& text, int count) {
     // It may be one of the array's own.
     const OString held(text); // NOLINT(performance-unnecessary-copy-initialization)

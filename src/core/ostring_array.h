@@ -53,6 +53,9 @@ public:
     OString& operator[](int index) { return data_[index]; }
     const OString& operator[](int index) const { return data_[index]; }
 
+    // Whether both have the same texts (see OString's operator==) in the same order.
+    bool operator==(const OStringArray& other) const;
+
     // Becomes the pieces of a text between separators, including empty pieces. An empty text has no
     // pieces, and an empty separator leaves it in one piece. The pieces have the text's code page.
     void Split(const OString& text, const char* separator);

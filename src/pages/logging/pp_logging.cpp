@@ -18,8 +18,8 @@ OString ShareName(OString printer) {
 
 void ppLogging::Init() {
     prtpage::Init();
-    log_box_.Bind(this, LOG);
-    record_box_.Bind(this, RECORD);
+    log_box_.Bind(this, KEEP_LOG);
+    record_box_.Bind(this, RECORD_JOBS);
     overwrite_box_.Bind(this, OVERWRITE);
     settings_.Load(registry_);
     ProposePlaces();
@@ -42,17 +42,17 @@ void ppLogging::Refresh(bool all) {
     const bool may_change = !IsRestricted();
     const bool logs = may_change && settings_.GetLogging();
     const bool records = may_change && settings_.GetGenerateFile();
-    for (const int id : {LOG, RECORD}) WM_Enable(id, may_change);
+    for (const int id : {KEEP_LOG, RECORD_JOBS}) WM_Enable(id, may_change);
     for (const int id : {LOG_FILE_LABEL, LOG_FILE, BROWSE_LOG_FILE}) WM_Enable(id, logs);
     for (const int id : {FOLDER_LABEL, FOLDER, BROWSE_FOLDER, OVERWRITE}) WM_Enable(id, records);
 }
 
 bool ppLogging::Command(uint16_t id, uint16_t code, LPARAM value) {
-    if (code == BN_CLICKED && id == LOG) {
+    if (code == BN_CLICKED && id == KEEP_LOG) {
         settings_.SetLogging(log_box_.IsChecked());
         return false;
     }
-    if (code == BN_CLICKED && id == RECORD) {
+    if (code == BN_CLICKED && id == RECORD_JOBS) {
         settings_.SetGenerateFile(record_box_.IsChecked());
         return false;
     }

@@ -13,16 +13,16 @@
 class ppLogging : public prtpage {
 public:
     enum ControlId : uint16_t {
-        RECORD = 513,
+        RECORD_JOBS = 513,
         FOLDER = 515,
         BROWSE_LOG_FILE = 517,
         OVERWRITE = 519,
         LOG_FILE = 529,
-        LOG = 531,
+        KEEP_LOG = 531,
         BROWSE_FOLDER = 532,
         LOG_FILE_LABEL = 538,
         FOLDER_LABEL = 539,
-        RECORD_BOX = 684
+        RECORDING_FRAME = 684
     };
 
     void Refresh(bool all) override;

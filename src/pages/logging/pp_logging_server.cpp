@@ -52,12 +52,11 @@ void ppLoggingServer::UpdateLogFile() {
 }
 
 void ppLoggingServer::UpdateFileList(bool always) {
-    const OString folder = settings_.GetLogDir();
-    OStringArray names;
-    ListRecordings(folder, names);
     if (!always && list_.HasFocus()) return;
-    shown_folder_ = folder;
-    if (SameTexts(names, shown_)) return;
+    OStringArray names;
+    shown_folder_ = settings_.GetLogDir();
+    ListRecordings(shown_folder_, names);
+    if (names == shown_) return;
     shown_ = names;
     OStringArray selected;
     list_.GetSelected(selected);
@@ -137,7 +136,7 @@ void ppLoggingServer::BrowseLogFile() {
 
 void ppLoggingServer::BrowseFolder() {
     OString title;
-    WM_GetText(RECORD_BOX, title);
+    WM_GetText(RECORDING_FRAME, title);
     UDirectoryDialog dialog(*this);
     if (!dialog.Browse(title, settings_.GetLogDir())) return;
     settings_.SetLogDir(dialog.GetPath());

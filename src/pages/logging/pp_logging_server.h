@@ -15,7 +15,6 @@ public:
         DELETE_SELECTED = 525,
         DELETE_ALL = 526,
         RECORDINGS = 527,
-        RECORDINGS_LABEL = 528,
         DELETE_LOG_FILE = 530,
         VIEW_RECORDINGS = 533,
         SEND_RECORDINGS = 534,
@@ -42,6 +41,7 @@ private:
     void ViewSelected();
     // Each file is a job. Tells the user about those that cannot be read, which are not sent.
     void SendSelected();
+    // Those that cannot be deleted stay in the list, which tells the user enough.
     void Delete(const OStringArray& recordings);
 
     UListBox list_;

@@ -28,10 +28,3 @@ bool CanReadRecording(const OString& path) {
     // Opening a file that is not there would make it.
     return OFile::Exists(path) && OFile(path, OFILE_READ).is_open();
 }
-
-bool SameTexts(const OStringArray& a, const OStringArray& b) {
-    if (a.GetSize() != b.GetSize()) return false;
-    for (int i = 0; i < a.GetSize(); ++i)
-        if (a[i] != b[i]) return false;
-    return true;
-}

@@ -10,5 +10,3 @@ void ListRecordings(const OString& folder, OStringArray& names);
 
 // Whether the file at `path` is there and can be opened.
 [[nodiscard]] bool CanReadRecording(const OString& path);
-
-bool SameTexts(const OStringArray& a, const OStringArray& b);
