@@ -7,6 +7,7 @@
 #include "pages/advanced/escape_sequences.h"
 #include "pages/advanced/pp_advanced.h"
 #include "pages/advanced/pp_advanced_administration.h"
+#include "pages/advanced/pp_advanced_driver.h"
 #include "pages/advanced/pp_advanced_specifications.h"
 #include "pages/status/pp_status_communication.h"
 #include "pages/status/pp_status_monitor.h"
@@ -14,12 +15,15 @@
 #include "support/job_test.h"
 #include "support/sheet_of_pages.h"
 #include "ui/uwindow.h"
+#include "win32host/registry_control.h"
 
 namespace {
 
 enum : int {
     COMMANDS = 494,
     ESCAPE_CHARACTERS = 622,
+    UNPRINTABLE_WIDTH = 505,
+    NO_COPIES_LIMIT = 509,
     OVERRIDE = 624,
     IMPORT = 600,
     SHARED = 679,
@@ -113,6 +117,39 @@ TEST_F(AdvancedPages, LetRestrictedUsersExportAndWriteCommands) {
     EXPECT_FALSE(IsEnabled(ESCAPE_CHARACTERS));
     Open("*:DRIVER/SPECIFICATIONS", ppAdvancedSpecifications::WinProc, true);
     EXPECT_FALSE(IsEnabled(OVERRIDE));
+}
+
+TEST_F(AdvancedPages, StayChangedUntilTheyAreStored) {
+    const auto lock = [](bool on) {
+        return win32host::SetKeyReadOnly(
+            HKEY_LOCAL_MACHINE,
+            TEXT("SYSTEM\\CurrentControlSet\\Control\\Print\\Printers\\Dock 3\\PrinterDriverData"),
+            on);
+    };
+    const struct {
+        const char* name;
+        DLGPROC procedure;
+        void (*change)(const SheetOfPages&);
+    } cases[] = {
+        {"*:ADVANCED/USER_COMMANDS", ppAdvanced::WinProc,
+         [](const SheetOfPages& page) { page.Choose(ESCAPE_CHARACTERS, 2); }},
+        {"*:ADVANCED/DRIVER_OPTIONS", ppAdvancedDriver::WinProc,
+         [](const SheetOfPages& page) { page.Click(NO_COPIES_LIMIT); }},
+        {"*:DRIVER/SPECIFICATIONS", ppAdvancedSpecifications::WinProc,
+         [](const SheetOfPages& page) { page.Type(UNPRINTABLE_WIDTH, TEXT("2 mm")); }},
+    };
+    for (const auto& c : cases) {
+        Open(c.name, c.procedure);
+        ASSERT_TRUE(lock(true));
+        EXPECT_TRUE(sheet->Apply()) << c.name << ": nothing is new";
+        c.change(*sheet);
+        EXPECT_FALSE(sheet->Apply()) << c.name;
+        EXPECT_FALSE(sheet->Apply()) << c.name << ": still not stored";
+        EXPECT_TRUE(sheet->CanApply()) << c.name;
+        ASSERT_TRUE(lock(false));
+        EXPECT_TRUE(sheet->Apply()) << c.name;
+        EXPECT_FALSE(sheet->CanApply()) << c.name;
+    }
 }
 
 TEST_F(AdvancedPages, StopSendingSettingsOnceTheyAreShared) {

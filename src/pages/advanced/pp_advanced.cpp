@@ -6,6 +6,7 @@
 
 #include "core/crc.h"
 #include "locale/text_numbers.h"
+#include "model/driver_settings.h"
 #include "ui/prtui.h"
 #include "ui/ufile_dialog.h"
 
@@ -32,7 +33,6 @@ OString CommandText(const char (&command)[prtconfig::USER_COMMAND_SIZE]) {
 
 void ppAdvanced::Init() {
     prtpage::Init();
-    settings_.Load(registry_);
     list_.Bind(this, SEQUENCES);
     commands_.Bind(this, COMMANDS);
     escapes_.Bind(this, ESCAPE_CHARACTERS);
@@ -42,7 +42,9 @@ void ppAdvanced::Init() {
     if (config_)
         for (int i = 0; i < prtconfig::USER_COMMANDS; ++i)
             sequences_[i] = CommandText(config_->user[i]);
-    escape_ = settings_.GetEscapeCharacter();
+    DriverSettings settings;
+    settings.Load(registry_);
+    escape_ = settings.GetEscapeCharacter();
 }
 
 OString& ppAdvanced::Current() {
@@ -208,11 +210,13 @@ void ppAdvanced::SetFormatOf(TextRange range, COLORREF color) {
 
 bool ppAdvanced::Apply() {
     for (int i = 0; i < prtconfig::USER_COMMANDS; ++i) config_->set_user(sequences_[i], i);
-    const bool is_new = escape_ != settings_.GetEscapeCharacter();
-    settings_.SetEscapeCharacter(escape_);
-    settings_.Save(registry_);
+    DriverSettings settings;
+    settings.Load(registry_);
+    const bool is_new = escape_ != settings.GetEscapeCharacter();
+    settings.SetEscapeCharacter(escape_);
+    settings.Save(registry_);
     // Users who may not change the printer can still store their document's commands.
-    if (is_new && settings_.HasFailed()) {
+    if (is_new && settings.HasFailed()) {
         ReportNotStored(GetString(TEXT_DRIVER_SETTINGS));
         return false;
     }

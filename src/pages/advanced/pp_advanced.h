@@ -3,7 +3,6 @@
 
 #include <cstdint>
 
-#include "model/driver_settings.h"
 #include "pages/advanced/escape_sequences.h"
 #include "settings/prtconfig.h"
 #include "ui/prtpage.h"
@@ -54,7 +53,6 @@ private:
     void SetFormatOf(TextRange range, COLORREF color);
 
     OString sequences_[prtconfig::USER_COMMANDS];
-    DriverSettings settings_;
     char escape_ = 0; // 0 for none
     UListBox list_;
     UEdit commands_;

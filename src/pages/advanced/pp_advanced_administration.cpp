@@ -232,7 +232,7 @@ bool ppAdvancedAdministration::Apply() {
         lost << GetString(TEXT_STOCK_CONTENTS) << "\n"
              << GetString(TEXT_PRESET_CONTENTS) << "\n"
              << GetString(TEXT_BAR_FONT_CONTENTS);
-    if (!StorePolicy()) {
+    if (!IsRestricted() && !StorePolicy()) {
         if (!lost.IsEmpty()) lost << "\n";
         lost << GetString(TEXT_DRIVER_SETTINGS);
     }

@@ -4,13 +4,13 @@
 
 #include "core/crc.h"
 #include "locale/text_numbers.h"
+#include "model/driver_settings.h"
 #include "model/prtmodel.h"
 #include "pages/page_setup/field_values.h"
 #include "ui/prtui.h"
 
 void ppAdvancedDriver::Init() {
     prtpage::Init();
-    settings_.Load(registry_);
     option_box_.Bind(this, OPTION);
     no_limit_box_.Bind(this, NO_COPIES_LIMIT);
     if (config_) {
@@ -18,7 +18,9 @@ void ppAdvancedDriver::Init() {
         option_length_ = config_->option_length;
     }
     copies_ = static_cast<int16_t>(devmode_.GetCopies());
-    no_copies_limit_ = settings_.GetDisableCopiesLimit();
+    DriverSettings settings;
+    settings.Load(registry_);
+    no_copies_limit_ = settings.GetDisableCopiesLimit();
 }
 
 int32_t ppAdvancedDriver::MostCopies() const {
@@ -86,12 +88,14 @@ bool ppAdvancedDriver::Apply() {
     config_->flags = static_cast<uint16_t>(flags);
     config_->option_length = option_length_;
     devmode_.SetCopies(copies_);
-    const bool is_new = no_copies_limit_ != settings_.GetDisableCopiesLimit();
-    settings_.SetDisableCopiesLimit(no_copies_limit_);
-    settings_.Save(registry_);
+    DriverSettings settings;
+    settings.Load(registry_);
+    const bool is_new = no_copies_limit_ != settings.GetDisableCopiesLimit();
+    settings.SetDisableCopiesLimit(no_copies_limit_);
+    settings.Save(registry_);
     GetModel()->FlushDataCache();
     // Users who may not change the printer can still store their document's options.
-    if (is_new && settings_.HasFailed()) {
+    if (is_new && settings.HasFailed()) {
         ReportNotStored(GetString(TEXT_DRIVER_SETTINGS));
         return false;
     }

@@ -3,7 +3,6 @@
 
 #include <cstdint>
 
-#include "model/driver_settings.h"
 #include "ui/prtpage.h"
 #include "ui/ucheck_box.h"
 
@@ -31,7 +30,6 @@ private:
 
     int32_t MostCopies() const;
 
-    DriverSettings settings_;
     bool option_ = false;
     int32_t option_length_ = 0; // micrometres
     int16_t copies_ = 1;

@@ -98,15 +98,16 @@ bool ppOfficeCompatibility::Command(uint16_t id, uint16_t code, LPARAM value) {
 }
 
 bool ppOfficeCompatibility::Apply() {
-    code_pages_.SetSize(0);
+    OStringArray chosen;
     for (int row = list_.GetNextSelected(-1); row >= 0; row = list_.GetNextSelected(row))
-        code_pages_.Add(FormatInt(static_cast<int32_t>(list_.GetData(row))));
+        chosen.Add(FormatInt(static_cast<int32_t>(list_.GetData(row))));
     registry_.ForgetFailures();
-    registry_.SetMultiString(kAdditionalCodePages, code_pages_);
+    registry_.SetMultiString(kAdditionalCodePages, chosen);
     settings_.Save(registry_);
     GetModel()->FlushDataCache();
     // Users who may not change the printer only looked.
-    if (!IsRestricted() && (registry_.HasFailed() || settings_.HasFailed())) {
+    const bool is_new = chosen != code_pages_ || settings_.GetCRC32(0) != 0;
+    if (is_new && (registry_.HasFailed() || settings_.HasFailed())) {
         ReportNotStored(GetString(TEXT_DRIVER_SETTINGS));
         return false;
     }

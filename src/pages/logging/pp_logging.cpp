@@ -23,6 +23,7 @@ void ppLogging::Init() {
     overwrite_box_.Bind(this, OVERWRITE);
     settings_.Load(registry_);
     ProposePlaces();
+    proposed_ = settings_.GetCRC32(0);
     log_box_.Check(settings_.GetLogging());
     record_box_.Check(settings_.GetGenerateFile());
     overwrite_box_.Check(settings_.GetOverwriteFile());
@@ -89,7 +90,9 @@ bool ppLogging::Apply() {
     TakeLogFile();
     TakeFolder();
     settings_.Save(registry_);
-    if (settings_.HasFailed()) {
+    // Users who may not change the printer only looked.
+    const bool is_new = settings_.GetCRC32(0) != proposed_;
+    if (is_new && settings_.HasFailed()) {
         ReportNotStored(GetString(TEXT_DRIVER_SETTINGS));
         return false;
     }

@@ -40,6 +40,7 @@ private:
     void TakeLogFile();
     void TakeFolder();
 
+    uint32_t proposed_ = 0; // the checksum of the settings that were first shown
     UCheckBox log_box_;
     UCheckBox record_box_;
     UCheckBox overwrite_box_;
