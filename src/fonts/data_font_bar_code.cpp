@@ -268,20 +268,19 @@ bool HasAll(uint32_t options, uint32_t bits) {
 }
 
 // Whether an add-on symbology can be attached to another bar code.
-bool Attachable(const KVSymbologyData& add_on) {
-    return (add_on.options & kAttachable) != 0;
+bool CanAttach(const prtmodel& model, int add_on) {
+    const KVSymbologyData* const record = model.GetSymbologyData(add_on);
+    return record && (record->options & kAttachable) != 0;
 }
 
 } // namespace
 
 bool DataFont_BarCode::IsSupported(const prtmodel* model) const {
-    const KVCapabilitiesData* capabilities = model->GetCapabilitiesData();
     const int symbology = get_symbology();
-    if (!capabilities || symbology >= KVCapabilitiesData::SYMBOLOGIES) return false;
-    const KVSymbologyData* records = capabilities->symbologies;
-    if (records[symbology].flags == 0) return false;
+    const KVSymbologyData* const record = model->GetSymbologyData(symbology);
+    if (!record || record->flags == 0) return false;
 
-    const uint32_t options = records[symbology].options;
+    const uint32_t options = record->options;
     switch (symbology) {
     case SymbologyInfo::CODE128: {
         const int mode = GetField(CODE128_MODE);
@@ -294,8 +293,8 @@ bool DataFont_BarCode::IsSupported(const prtmodel* model) const {
         const int digits = GetField(ADD_ON);
         const bool two = digits == 2 || digits == kAuto;
         const bool five = digits == 5 || digits == kAuto;
-        return (!two || Attachable(records[SymbologyInfo::SUPPLEMENTAL_2])) &&
-               (!five || Attachable(records[SymbologyInfo::SUPPLEMENTAL_5]));
+        return (!two || CanAttach(*model, SymbologyInfo::SUPPLEMENTAL_2)) &&
+               (!five || CanAttach(*model, SymbologyInfo::SUPPLEMENTAL_5));
     }
     case SymbologyInfo::PDF417:
         return !(options & kPDF417NotTruncated) || GetField(PDF417_TRUNCATED) == 0;

@@ -113,6 +113,13 @@ const KVCapabilitiesData* prtmodel::GetCapabilitiesData() const {
     return core_->GetCapabilitiesData();
 }
 
+const KVSymbologyData* prtmodel::GetSymbologyData(int symbology) const {
+    const KVCapabilitiesData* const capabilities = GetCapabilitiesData();
+    if (!capabilities || symbology < 0 || symbology >= KVCapabilitiesData::SYMBOLOGIES)
+        return nullptr;
+    return &capabilities->symbologies[symbology];
+}
+
 const KVRFIDCapabilities* prtmodel::GetRFIDCapabilities() const {
     core_->RFIDCapabilities_Initialize(this);
     return core_->GetRFIDCapabilities();

@@ -86,6 +86,9 @@ public:
     const KVDriverInfo* GetDriverInfo() const;
     const KVManufacturerInfo* GetManufacturerInfo() const;
     const KVCapabilitiesData* GetCapabilitiesData() const;
+    // One of the bar code records in those capabilities, by SymbologyInfo number. Null as well for
+    // a number that is none.
+    const KVSymbologyData* GetSymbologyData(int symbology) const;
     const KVRFIDCapabilities* GetRFIDCapabilities() const;
     const CustomData* GetCustomData() const;
 

@@ -91,10 +91,8 @@ void ppBarFontEdit::Init() {
 }
 
 KVSymbologyData ppBarFontEdit::Offer() const {
-    const KVCapabilitiesData* const capabilities = GetModel()->GetCapabilitiesData();
-    const int symbology = font_.get_symbology();
-    if (!capabilities || symbology >= KVCapabilitiesData::SYMBOLOGIES) return {};
-    return capabilities->symbologies[symbology];
+    const KVSymbologyData* const record = GetModel()->GetSymbologyData(font_.get_symbology());
+    return record ? *record : KVSymbologyData{};
 }
 
 // ---- What the dialog shows ----------------------------------------------------------------------
@@ -118,13 +116,14 @@ void ppBarFontEdit::Refresh(bool all) {
 
 void ppBarFontEdit::FillSymbologies() {
     CB_ResetContent(kSymbology);
-    const KVCapabilitiesData* const capabilities = GetModel()->GetCapabilitiesData();
     OTypedArray<int> symbologies;
     const int count = DataFont_BarCode::EnumBarCodeSymbologies(symbologies);
-    for (int i = 0; capabilities && i < count; ++i)
-        if (capabilities->symbologies[symbologies[i]].flags != 0)
-            CB_AddString(kSymbology, GetString(TEXT_FIRST_SYMBOLOGY + symbologies[i]),
-                         symbologies[i]);
+    for (int i = 0; i < count; ++i) {
+        const int symbology = symbologies[i];
+        const KVSymbologyData* const record = GetModel()->GetSymbologyData(symbology);
+        if (record && record->flags != 0)
+            CB_AddString(kSymbology, GetString(TEXT_FIRST_SYMBOLOGY + symbology), symbology);
+    }
     CB_SetCurSelData(kSymbology, font_.get_symbology());
 }
 

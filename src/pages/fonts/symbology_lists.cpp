@@ -61,9 +61,8 @@ void SymbologyLists::Open(prtpage& page, DataFont_BarCode& font) {
 }
 
 uint32_t SymbologyLists::Options(int symbology) const {
-    const KVCapabilitiesData* const capabilities = page_->GetModel()->GetCapabilitiesData();
-    if (!capabilities || symbology >= KVCapabilitiesData::SYMBOLOGIES) return 0;
-    return capabilities->symbologies[symbology].options;
+    const KVSymbologyData* const record = page_->GetModel()->GetSymbologyData(symbology);
+    return record ? record->options : 0;
 }
 
 int SymbologyLists::FieldOf(int list) {

@@ -4,6 +4,7 @@
 #include "fonts/data_font_bar_code.h"
 #include "locale/report_text_numbers.h"
 #include "locale/text_numbers.h"
+#include "model/prtmodel.h"
 #include "model/symbology_bits.h"
 #include "model/symbology_info.h"
 #include "pages/reports/pp_version.h"
@@ -50,12 +51,12 @@ void ppVersion::ShowBarCodes() {
 }
 
 void ppVersion::ShowBarCode(int symbology) {
-    if (!capabilities_) return;
+    const KVSymbologyData* const record = GetModel()->GetSymbologyData(symbology);
+    if (!record) return;
     Info_Header(TEXT_FIRST_SYMBOLOGY + symbology);
-    const KVSymbologyData& data = capabilities_->symbologies[symbology];
-    const uint32_t options = data.options;
-    const bool is_supported = data.flags != 0 && !(symbology == SymbologyInfo::CODE39 &&
-                                                   (options & CODE39_NO_FULL_ASCII));
+    const uint32_t options = record->options;
+    const bool is_supported = record->flags != 0 && !(symbology == SymbologyInfo::CODE39 &&
+                                                      (options & CODE39_NO_FULL_ASCII));
     if (!is_supported) {
         Info_Item(TEXT_INFO_SUPPORTED, IsSupplemental(symbology) && (options & SUPPLEMENTAL_ANY)
                                            ? static_cast<int>(TEXT_INFO_AS_ANOTHER)
