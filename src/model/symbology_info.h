@@ -56,6 +56,9 @@ public:
     // The key of one of its properties: "Code39.FullASCII" for "FullASCII".
     OString CreateKey(const OString& suffix) const;
 
+    // What the tables can tell of it. The dialog for bar code fonts has its own rules for what it
+    // offers of that.
+
     // Whether wide and narrow bars have a ratio.
     bool Ratios_Supported() const;
     // Whether there can be human-readable text.

@@ -57,7 +57,9 @@ int PrescribedMils(int symbology) {
     }
 }
 
-bool HasRatio(int symbology) {
+// The dialog's own choices. They differ from what the tables can tell of a symbology
+// (SymbologyInfo): there is no ratio to choose for Code 93, and no text for two codes of the mail.
+bool OffersRatio(int symbology) {
     switch (symbology) {
     case SymbologyInfo::CODE39:
     case SymbologyInfo::CODE39_VARIANT:
@@ -70,7 +72,7 @@ bool HasRatio(int symbology) {
     }
 }
 
-bool HasHumanReadable(int symbology) {
+bool OffersHumanReadable(int symbology) {
     switch (symbology) {
     case SymbologyInfo::POSTNET:
     case SymbologyInfo::ROYAL_MAIL:
@@ -167,7 +169,7 @@ void ppBarFontEdit::ShowWidth() {
 void ppBarFontEdit::FillRatios() {
     CB_ResetContent(kRatio);
     CB_AddString(kRatio, GetString(TEXT_AUTOMATIC), 0);
-    const bool has_ratio = HasRatio(font_.get_symbology());
+    const bool has_ratio = OffersRatio(font_.get_symbology());
     const int narrow = font_.get_x();
     const uint32_t allowed = Offer().options;
     int shown = 0;
@@ -188,7 +190,7 @@ void ppBarFontEdit::FillRatios() {
 void ppBarFontEdit::FillHumanReadable() {
     const KVSymbologyData offer = Offer();
     const bool has_text =
-        HasHumanReadable(font_.get_symbology()) && offer.hr_mode != KVSymbologyData::HR_NONE;
+        OffersHumanReadable(font_.get_symbology()) && offer.hr_mode != KVSymbologyData::HR_NONE;
     const bool none = !has_text || offer.hr_mode != KVSymbologyData::HR_ALWAYS;
     const bool above = has_text && (offer.hr_bits & HR_ABOVE);
     const bool below = has_text && (offer.hr_bits & HR_BELOW);
