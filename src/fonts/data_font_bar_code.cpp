@@ -6,13 +6,13 @@
 
 #include "core/numbers.h"
 #include "model/prtmodel.h"
+#include "model/symbology_bits.h"
 #include "model/symbology_info.h"
 
 namespace {
 
 constexpr int kSize1D = 96;
 constexpr int kSize2D = 72;
-constexpr int kAuto = 65535;
 constexpr int kGuardBarMils = 65;
 
 // Fields set in every one-dimensional record. Only the rendering module knows the last two.
@@ -125,26 +125,26 @@ void DataFont_BarCode::SetSymbologyDefaults() {
         {SymbologyInfo::CODABAR, CODABAR_START, 'a'},
         {SymbologyInfo::CODABAR, CODABAR_STOP, 'a'},
         {SymbologyInfo::PDF417, OWN_SIZE, 12},
-        {SymbologyInfo::PDF417, PDF417_SECURITY, kAuto},
+        {SymbologyInfo::PDF417, PDF417_SECURITY, CHOSEN_BY_PRINTER},
         {SymbologyInfo::PDF417, PDF417_TRUNCATED, 0},
         {SymbologyInfo::PDF417, PDF417_COLUMNS, 0},
         {SymbologyInfo::PDF417, PDF417_ROW_HEIGHT, 3},
         {SymbologyInfo::MICRO_PDF417, OWN_SIZE, 12},
-        {SymbologyInfo::MICRO_PDF417, PDF417_SECURITY, kAuto},
+        {SymbologyInfo::MICRO_PDF417, PDF417_SECURITY, CHOSEN_BY_PRINTER},
         {SymbologyInfo::MICRO_PDF417, PDF417_TRUNCATED, 0},
         {SymbologyInfo::MICRO_PDF417, PDF417_COLUMNS, 0},
         {SymbologyInfo::MICRO_PDF417, PDF417_ROW_HEIGHT, 3},
         {SymbologyInfo::MAXICODE, OWN_SIZE, 12},
         {SymbologyInfo::MAXICODE, MAXICODE_MODE, 2},
         {SymbologyInfo::DATA_MATRIX, OWN_SIZE, 20},
-        {SymbologyInfo::DATA_MATRIX, MATRIX_QUALITY, 200},
+        {SymbologyInfo::DATA_MATRIX, MATRIX_QUALITY, BEST_MATRIX_QUALITY},
         {SymbologyInfo::DATA_MATRIX, MATRIX_SIZE, 0},
         {SymbologyInfo::DATA_MATRIX, MATRIX_FUNCTION, 0},
         {SymbologyInfo::DATA_MATRIX, 54, 0},
         {SymbologyInfo::DATA_MATRIX, 56, 0},
         {SymbologyInfo::QR_CODE, OWN_SIZE, 16},
         {SymbologyInfo::QR_CODE, QR_MODEL, 2},
-        {SymbologyInfo::QR_CODE, QR_MASK, 9},
+        {SymbologyInfo::QR_CODE, QR_MASK, QR_MASK_BY_PRINTER},
         {SymbologyInfo::QR_CODE, QR_CORRECTION, 'L'},
         {SymbologyInfo::QR_CODE, QR_INPUT, 0},
         {SymbologyInfo::CODE16K, OWN_SIZE, 4},
@@ -163,7 +163,7 @@ void DataFont_BarCode::SetSymbologyDefaults() {
         {SymbologyInfo::AZTEC, OWN_SIZE, 10},
         {SymbologyInfo::AZTEC, AZTEC_CORRECTION, 0},
         {SymbologyInfo::AZTEC, AZTEC_LAYERS, 0},
-        {SymbologyInfo::AZTEC, AZTEC_TYPE, 0},
+        {SymbologyInfo::AZTEC, AZTEC_TYPE, AZTEC_ANY},
         {SymbologyInfo::AZTEC, AZTEC_WHITE_ON_BLACK, 0},
     };
     const int symbology = get_symbology();
@@ -238,29 +238,13 @@ int DataFont_BarCode::EnumBarCodeSymbologies(OTypedArray<int>& symbologies) {
 
 namespace {
 
-// The option bits of the model's symbology records that bar codes depend on.
-constexpr uint32_t kCode128AutoOnly = 0x2;
-constexpr uint32_t kAttachable = 0x1F; // an add-on symbology's: any way of attaching it
-constexpr uint32_t kPDF417NotTruncated = 0x1;
-constexpr uint32_t kMaxiCodeMode2 = 0x1; // the modes from 2 to 6 have a bit each from here on
-constexpr uint32_t kQRModel1 = 0x1;
-constexpr uint32_t kQRModel2 = 0x2;
-constexpr uint32_t kQRMaskByHand = 0x10;
-
-constexpr int kQRMaskAuto = 9; // from here on the printer chooses
-
-// The option bit without which Data Matrix cannot be printed at an error correction level, or 0 for
-// levels that need none.
-uint32_t DataMatrixBit(int level) {
-    static constexpr struct {
-        int level;
-        uint32_t bit;
-    } known[] = {{0, 0x1},     {10, 0x2},    {40, 0x4},    {50, 0x8},    {60, 0x10},
-                 {70, 0x20},   {80, 0x40},   {90, 0x80},   {100, 0x100}, {110, 0x200},
-                 {120, 0x400}, {130, 0x800}, {200, 0x2000}};
-    for (const auto& needed : known)
-        if (needed.level == level) return needed.bit;
-    return 0;
+// The option bit without which Data Matrix cannot be printed at a quality, or 0 if it needs none.
+// Printers of every kind are taken to print 140.
+uint32_t DataMatrixBit(int quality) {
+    constexpr auto& all = DataFont_BarCode::MATRIX_QUALITIES;
+    const auto* const found = std::ranges::find(all, quality);
+    if (found == std::end(all) || quality == 140) return 0;
+    return static_cast<uint32_t>(DATA_MATRIX_ECC_000) << (found - all);
 }
 
 bool HasAll(uint32_t options, uint32_t bits) {
@@ -270,7 +254,7 @@ bool HasAll(uint32_t options, uint32_t bits) {
 // Whether an add-on symbology can be attached to another bar code.
 bool CanAttach(const prtmodel& model, int add_on) {
     const KVSymbologyData* const record = model.GetSymbologyData(add_on);
-    return record && (record->options & kAttachable) != 0;
+    return record && (record->options & SUPPLEMENTAL_ANY) != 0;
 }
 
 } // namespace
@@ -284,31 +268,31 @@ bool DataFont_BarCode::IsSupported(const prtmodel* model) const {
     switch (symbology) {
     case SymbologyInfo::CODE128: {
         const int mode = GetField(CODE128_MODE);
-        return mode < 1 || mode > 3 || !(options & kCode128AutoOnly);
+        return mode < 1 || mode > 3 || !(options & CODE128_NO_MANUAL);
     }
     case SymbologyInfo::UPC_A:
     case SymbologyInfo::UPC_E:
     case SymbologyInfo::EAN_13:
     case SymbologyInfo::EAN_8: {
         const int digits = GetField(ADD_ON);
-        const bool two = digits == 2 || digits == kAuto;
-        const bool five = digits == 5 || digits == kAuto;
+        const bool two = digits == 2 || digits == CHOSEN_BY_PRINTER;
+        const bool five = digits == 5 || digits == CHOSEN_BY_PRINTER;
         return (!two || CanAttach(*model, SymbologyInfo::SUPPLEMENTAL_2)) &&
                (!five || CanAttach(*model, SymbologyInfo::SUPPLEMENTAL_5));
     }
     case SymbologyInfo::PDF417:
-        return !(options & kPDF417NotTruncated) || GetField(PDF417_TRUNCATED) == 0;
+        return !(options & PDF417_NOT_TRUNCATED) || GetField(PDF417_TRUNCATED) == 0;
     case SymbologyInfo::DATA_MATRIX:
         return HasAll(options, DataMatrixBit(GetField(MATRIX_QUALITY)));
     case SymbologyInfo::MAXICODE: {
         const int mode = GetField(MAXICODE_MODE);
-        return mode < 2 || mode > 6 || HasAll(options, kMaxiCodeMode2 << (mode - 2));
+        return mode < 2 || mode > 6 || HasAll(options, uint32_t{MAXICODE_MODE_2} << (mode - 2));
     }
     case SymbologyInfo::QR_CODE: {
         const int qr_model = GetField(QR_MODEL);
-        if (qr_model == 1 && !HasAll(options, kQRModel1)) return false;
-        if (qr_model == 2 && !HasAll(options, kQRModel2)) return false;
-        return GetField(QR_MASK) >= kQRMaskAuto || HasAll(options, kQRMaskByHand);
+        if (qr_model == 1 && !(options & QR_MODEL_1)) return false;
+        if (qr_model == 2 && !(options & QR_MODEL_2)) return false;
+        return GetField(QR_MASK) >= QR_MASK_BY_PRINTER || (options & QR_MASK_MANUAL);
     }
     default:
         return true;
@@ -316,17 +300,16 @@ bool DataFont_BarCode::IsSupported(const prtmodel* model) const {
 }
 
 bool DataFont_BarCode::SupportedRatio(int narrow, int wide, uint32_t ratios) {
-    constexpr uint32_t kAny = 0x1000;
     constexpr uint32_t kAll = 0xFFF000;
     // wide : narrow as a : b, where dots cannot be divided further.
     static constexpr struct {
         uint32_t bit;
         int a;
         int b;
-    } known[] = {{0x2000, 2, 1},    {0x4000, 11, 5},   {0x8000, 9, 4},   {0x10000, 7, 3},
-                 {0x20000, 12, 5},  {0x40000, 5, 2},   {0x80000, 13, 5}, {0x100000, 8, 3},
-                 {0x200000, 11, 4}, {0x400000, 14, 5}, {0x800000, 3, 1}};
-    if ((ratios & kAll) == 0 || (ratios & kAny)) return true;
+    } known[] = {{RATIO_2_1, 2, 1},   {RATIO_11_5, 11, 5}, {RATIO_9_4, 9, 4},   {RATIO_7_3, 7, 3},
+                 {RATIO_12_5, 12, 5}, {RATIO_5_2, 5, 2},   {RATIO_13_5, 13, 5}, {RATIO_8_3, 8, 3},
+                 {RATIO_11_4, 11, 4}, {RATIO_14_5, 14, 5}, {RATIO_3_1, 3, 1}};
+    if ((ratios & kAll) == 0 || (ratios & RATIO_VARIABLE)) return true;
     return std::any_of(std::begin(known), std::end(known), [&](const auto& ratio) {
         return (ratios & ratio.bit) && narrow % ratio.b == 0 &&
                int64_t{wide} * ratio.b == int64_t{narrow} * ratio.a;

@@ -97,6 +97,16 @@ public:
         AZTEC_WHITE_ON_BLACK = 52,
     };
 
+    // Values of fields. The printer chooses the add-on or the level of PDF417; 0 is a choice there.
+    static constexpr int CHOSEN_BY_PRINTER = 65535;
+    // Those of MATRIX_QUALITY, in the order of the option bits (DATA_MATRIX_ECC_000 and so on).
+    static constexpr int MATRIX_QUALITIES[] = {0,  10,  40,  50,  60,  70,  80,
+                                               90, 100, 110, 120, 130, 140, 200};
+    static constexpr int BEST_MATRIX_QUALITY = 200;
+    // Those of QR_MASK are the eight masks from 0 on, and these.
+    enum QRMask { QR_WITHOUT_MASK = 8, QR_MASK_BY_PRINTER = 9 };
+    enum AztecType { AZTEC_ANY = 0, AZTEC_COMPACT = 1, AZTEC_FULL = 2 };
+
     // A 16-bit field by its byte offset, an even number below 96. Pages edit the symbologies' own.
     int GetField(int offset) const { return record_.Get(offset); }
     void SetField(int offset, int value) { record_.Set(offset, value); }

@@ -42,8 +42,6 @@ constexpr struct {
 
 constexpr int32_t kLongestGuardBars = 9999; // dots
 constexpr int kMostCompactLayers = 4;       // of Aztec
-constexpr int kCompactAztec = 1;
-constexpr int kFullAztec = 2;
 
 } // namespace
 
@@ -238,21 +236,21 @@ void ppBarFontSymbology::TakeAztecChoice(uint16_t list, int value) {
     case Lists::AZTEC_LAYERS:
         layers = value;
         if (layers == 0)
-            type = 0;
+            type = Fields::AZTEC_ANY;
         else if (layers < kMostCompactLayers)
-            type = kCompactAztec;
+            type = Fields::AZTEC_COMPACT;
         else if (layers > kMostCompactLayers)
-            type = kFullAztec;
-        else if (type == 0)
-            type = kCompactAztec;
+            type = Fields::AZTEC_FULL;
+        else if (type == Fields::AZTEC_ANY)
+            type = Fields::AZTEC_COMPACT;
         break;
     default:
         type = value;
-        if (type == 0)
+        if (type == Fields::AZTEC_ANY)
             layers = 0;
-        else if (type == kCompactAztec && (layers < 1 || layers > kMostCompactLayers))
+        else if (type == Fields::AZTEC_COMPACT && (layers < 1 || layers > kMostCompactLayers))
             layers = 1;
-        else if (type == kFullAztec && layers < kMostCompactLayers)
+        else if (type == Fields::AZTEC_FULL && layers < kMostCompactLayers)
             layers = kMostCompactLayers + 1;
         break;
     }

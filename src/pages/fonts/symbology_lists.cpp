@@ -11,16 +11,12 @@ namespace {
 
 using BarCode = DataFont_BarCode;
 
-constexpr int kChosenByPrinter = 65535; // in fields where 0 is a choice
-constexpr char kTimesModule[] = " X";   // heights are multiples of the module width
+constexpr char kTimesModule[] = " X"; // heights are multiples of the module width
 
 constexpr int kHighestPDF417Row = 10;
 constexpr int kHighestStackedRow = 20;
 constexpr int kUsualPDF417Level = 2;
-constexpr int kBestMatrixQuality = 200;
 constexpr int kExpandedRSS = 5;
-constexpr int kNoQRMask = 8;
-constexpr int kAutoQRMask = 9;
 
 constexpr struct {
     int list;
@@ -202,7 +198,7 @@ void SymbologyLists::FillCodabar() {
 void SymbologyLists::FillAddOns() {
     const bool two = Options(SymbologyInfo::SUPPLEMENTAL_2) & SUPPLEMENTAL_ANY;
     const bool five = Options(SymbologyInfo::SUPPLEMENTAL_5) & SUPPLEMENTAL_ANY;
-    if (two && five) Add(ADD_ONS, TEXT_AUTOMATIC, kChosenByPrinter);
+    if (two && five) Add(ADD_ONS, TEXT_AUTOMATIC, BarCode::CHOSEN_BY_PRINTER);
     Add(ADD_ONS, TEXT_WITHOUT, 0);
     if (two) Add(ADD_ONS, TEXT_TWO_DIGITS, 2);
     if (five) Add(ADD_ONS, TEXT_FIVE_DIGITS, 5);
@@ -219,8 +215,8 @@ void SymbologyLists::FillCodeOne() {
 
 void SymbologyLists::FillPDF417() {
     if (Options() & PDF417_AUTO_LEVEL)
-        Add(PDF417_LEVELS, TEXT_AUTOMATIC, kChosenByPrinter);
-    else if (Field(BarCode::PDF417_SECURITY) == kChosenByPrinter)
+        Add(PDF417_LEVELS, TEXT_AUTOMATIC, BarCode::CHOSEN_BY_PRINTER);
+    else if (Field(BarCode::PDF417_SECURITY) == BarCode::CHOSEN_BY_PRINTER)
         font_->SetField(BarCode::PDF417_SECURITY, kUsualPDF417Level);
     AddNumbers(PDF417_LEVELS, 0, 8);
     AddNumbers(ROW_HEIGHTS, 1, kHighestPDF417Row, kTimesModule);
@@ -247,11 +243,9 @@ void SymbologyLists::FillRows() {
 }
 
 void SymbologyLists::FillDataMatrix() {
-    static constexpr int kQualities[] = {0,  10,  40,  50,  60,  70,  80,
-                                         90, 100, 110, 120, 130, 140, 200};
-    for (int i = 0; i < static_cast<int>(std::size(kQualities)); ++i)
+    for (int i = 0; i < static_cast<int>(std::size(BarCode::MATRIX_QUALITIES)); ++i)
         if (Options() & (DATA_MATRIX_ECC_000 << i))
-            Add(QUALITIES, TEXT_FIRST_MATRIX_QUALITY + i, kQualities[i]);
+            Add(QUALITIES, TEXT_FIRST_MATRIX_QUALITY + i, BarCode::MATRIX_QUALITIES[i]);
     Add(SIZES, TEXT_AUTOMATIC, 0);
     for (int size = 1; size <= 6; ++size) Add(SIZES, TEXT_FIRST_MATRIX_SIZE + size - 1, size);
     Add(FUNCTIONS, TEXT_FNC1, 1);
@@ -263,7 +257,7 @@ void SymbologyLists::FillDataMatrix() {
 }
 
 void SymbologyLists::ShowQuality() {
-    const bool best = Field(BarCode::MATRIX_QUALITY) == kBestMatrixQuality;
+    const bool best = Field(BarCode::MATRIX_QUALITY) == BarCode::BEST_MATRIX_QUALITY;
     const int function = Field(BarCode::MATRIX_FUNCTION);
     const bool can_function = best && !(Options() & DATA_MATRIX_NO_FUNCTION_CODES);
     const bool has_function = can_function && (function & MATRIX_FUNCTION_ON);
@@ -298,10 +292,10 @@ void SymbologyLists::FillQRCode() {
     if (Options() & QR_MODEL_2) AddNumber(QR_MODELS, 2);
 
     if (Options() & QR_MASK_MANUAL) {
-        AddNumbers(QR_MASKS, 0, kNoQRMask - 1);
-        Add(QR_MASKS, TEXT_WITHOUT, kNoQRMask);
+        AddNumbers(QR_MASKS, 0, BarCode::QR_WITHOUT_MASK - 1);
+        Add(QR_MASKS, TEXT_WITHOUT, BarCode::QR_WITHOUT_MASK);
     }
-    if (Options() & QR_MASK_AUTO) Add(QR_MASKS, TEXT_AUTOMATIC, kAutoQRMask);
+    if (Options() & QR_MASK_AUTO) Add(QR_MASKS, TEXT_AUTOMATIC, BarCode::QR_MASK_BY_PRINTER);
     Enable(QR_MASKS, QR_MASKS_LABEL, page_->CB_GetCount(QR_MASKS) > 1);
 
     if (Options() & QR_MODE_AUTO) Add(QR_INPUTS, TEXT_AUTOMATIC, 0);
@@ -321,8 +315,8 @@ void SymbologyLists::FillAztec() {
     }
     AddNumbers(AZTEC_CORRECTIONS, 1, 99, "%");
     AddNumbers(AZTEC_LAYERS, 1, 32);
-    Add(AZTEC_TYPES, TEXT_COMPACT_AZTEC, 1);
-    Add(AZTEC_TYPES, TEXT_FULL_AZTEC, 2);
+    Add(AZTEC_TYPES, TEXT_COMPACT_AZTEC, BarCode::AZTEC_COMPACT);
+    Add(AZTEC_TYPES, TEXT_FULL_AZTEC, BarCode::AZTEC_FULL);
     for (const int list : {AZTEC_CORRECTIONS, AZTEC_LAYERS, AZTEC_TYPES}) SelectStored(list);
 }
 

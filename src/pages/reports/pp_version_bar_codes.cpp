@@ -17,8 +17,6 @@ struct BarCodeOption {
     UStringResource text;
 };
 
-constexpr const char* kErrorCorrections[] = {"000", "010", "040", "050", "060", "070", "080",
-                                             "090", "100", "110", "120", "130", "140", "200"};
 constexpr int kRSSTypes = 7;
 
 OString ListOf(UDialog& dialog, std::span<const BarCodeOption> options, uint32_t bits) {
@@ -90,8 +88,10 @@ void ppVersion::ShowBarCodeOptions(int symbology, uint32_t options) {
     case SymbologyInfo::DATA_MATRIX: {
         OString levels;
         uint32_t bit = DATA_MATRIX_ECC_000;
-        for (const char* level : kErrorCorrections) {
-            if (options & bit) levels << level << ", ";
+        for (const int quality : DataFont_BarCode::MATRIX_QUALITIES) {
+            // As the makers write them, with three digits.
+            if (options & bit)
+                levels << (quality < 10 ? "00" : quality < 100 ? "0" : "") << quality << ", ";
             bit <<= 1;
         }
         levels.TrimRight(", ");
