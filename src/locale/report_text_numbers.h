@@ -1,5 +1,5 @@
 // The numbers of the texts in the driver's report about itself (pages/reports/pp_version.h). Texts
-// that pages use, too, are in locale/text_numbers.h.
+// that other pages use as well have their names in locale/text_numbers.h only.
 #pragma once
 
 enum ReportTextNumber : int {
@@ -114,7 +114,6 @@ enum ReportTextNumber : int {
     // ---- Specifications.
     TEXT_INFO_TRACKING = 2083,
     TEXT_INFO_ORIENTATION = 2082,
-    TEXT_INFO_FIRST_ORIENTATION = 1620, // the names of the orientations follow each other
     TEXT_INFO_PRINTABLE_WIDTH = 2084,
     TEXT_INFO_PAPER_LENGTH = 2063,
     TEXT_INFO_UNPRINTABLE_WIDTH = 2064,
@@ -169,12 +168,7 @@ enum ReportTextNumber : int {
     TEXT_INFO_INVERSE = 2000,
     TEXT_INFO_SYMBOL_TYPE = 1997,
     TEXT_INFO_MANUAL = 1992,
-    TEXT_INFO_AUTOMATIC = 1600,
-    TEXT_INFO_COMPACT = 1761,
-    TEXT_INFO_FULL_RANGE = 1762,
-    TEXT_INFO_FIRST_RSS = 1781, // the names of seven types follow each other
     TEXT_INFO_FIRST_UPC = 2002, // of four
-    TEXT_INFO_FIRST_UCC = 1791, // of two
 
     // ---- The printer's own settings.
     TEXT_INFO_PRINTER = 2016,

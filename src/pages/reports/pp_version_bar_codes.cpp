@@ -78,7 +78,7 @@ void ppVersion::ShowBarCodeOptions(int symbology, uint32_t options) {
     case SymbologyInfo::CODE128: {
         // One bit says what there is, the other what there is not.
         const BarCodeOption sets[] = {{CODE128_NO_MANUAL, TEXT_INFO_MANUAL},
-                                      {CODE128_AUTO, TEXT_INFO_AUTOMATIC}};
+                                      {CODE128_AUTO, TEXT_AUTOMATIC}};
         Info_Item(TEXT_INFO_CODE_SETS, ListOf(*this, sets, options ^ CODE128_NO_MANUAL));
         break;
     }
@@ -110,26 +110,25 @@ void ppVersion::ShowBarCodeOptions(int symbology, uint32_t options) {
     case SymbologyInfo::QR_CODE:
         list(TEXT_INFO_BAR_MODEL, {{QR_MODEL_1, "1"}, {QR_MODEL_2, "2"}});
         list(TEXT_INFO_BAR_MODE,
-             {{QR_MODE_MANUAL, TEXT_INFO_MANUAL}, {QR_MODE_AUTO, TEXT_INFO_AUTOMATIC}});
-        list(TEXT_INFO_MASK,
-             {{QR_MASK_MANUAL, TEXT_INFO_MANUAL}, {QR_MASK_AUTO, TEXT_INFO_AUTOMATIC}});
+             {{QR_MODE_MANUAL, TEXT_INFO_MANUAL}, {QR_MODE_AUTO, TEXT_AUTOMATIC}});
+        list(TEXT_INFO_MASK, {{QR_MASK_MANUAL, TEXT_INFO_MANUAL}, {QR_MASK_AUTO, TEXT_AUTOMATIC}});
         break;
     case SymbologyInfo::AZTEC:
         yes_if(TEXT_INFO_INVERSE, options & AZTEC_WHITE_ON_BLACK);
-        list(TEXT_INFO_SYMBOL_TYPE, {{AZTEC_FINDER_AUTO, TEXT_INFO_AUTOMATIC},
-                                     {AZTEC_FINDER_COMPACT, TEXT_INFO_COMPACT},
-                                     {AZTEC_FINDER_FULL, TEXT_INFO_FULL_RANGE}});
+        list(TEXT_INFO_SYMBOL_TYPE, {{AZTEC_FINDER_AUTO, TEXT_AUTOMATIC},
+                                     {AZTEC_FINDER_COMPACT, TEXT_COMPACT_AZTEC},
+                                     {AZTEC_FINDER_FULL, TEXT_FULL_AZTEC}});
         break;
     case SymbologyInfo::RSS: {
-        OString types = TypesOf(*this, TEXT_INFO_FIRST_RSS, kRSSTypes, RSS_14, options);
+        OString types = TypesOf(*this, TEXT_FIRST_RSS, kRSSTypes, RSS_14, options);
         types.TrimRight(", ");
         Info_Item("Types", types);
         break;
     }
     case SymbologyInfo::COMPOSITE: {
-        OString types = TypesOf(*this, TEXT_INFO_FIRST_RSS, kRSSTypes, RSS_14, options);
+        OString types = TypesOf(*this, TEXT_FIRST_RSS, kRSSTypes, RSS_14, options);
         types << TypesOf(*this, TEXT_INFO_FIRST_UPC, 4, COMPOSITE_EAN_8, options)
-              << TypesOf(*this, TEXT_INFO_FIRST_UCC, 2, COMPOSITE_128_CC_AB, options);
+              << TypesOf(*this, TEXT_CC_A_OR_B, 2, COMPOSITE_128_CC_AB, options);
         types.TrimRight(", ");
         Info_Item("Types", types);
         break;

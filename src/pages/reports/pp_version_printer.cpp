@@ -32,7 +32,7 @@ void ppVersion::ShowSpecifications() {
     Info_Header(heading);
     const int tracking = model.GetTracking();
     Info_Item(TEXT_INFO_TRACKING, kTrackings[tracking >= 0 && tracking < 2 ? tracking : 2]);
-    Info_Item(TEXT_INFO_ORIENTATION, TEXT_INFO_FIRST_ORIENTATION + model.GetNaturalOrientation());
+    Info_Item(TEXT_INFO_ORIENTATION, TEXT_FIRST_ROTATION + model.GetNaturalOrientation());
     LengthItem(TEXT_INFO_PRINTABLE_WIDTH, model.GetPrintableWidth().Microns());
     LengthItem(TEXT_INFO_PAPER_LENGTH, model.GetPaperLengthMax().Microns());
     LengthItem(TEXT_INFO_UNPRINTABLE_WIDTH, model.GetUnprintableWidth().Microns());
