@@ -204,6 +204,15 @@ void OStringArray::Split(const OString& text, const char* separator) {
     Add(whole.Mid(start));
 }
 
+OString OStringArray::Join(const char* separator) const {
+    OString whole;
+    for (int i = 0; i < size_; ++i) {
+        if (i > 0) whole << separator;
+        whole << data_[i];
+    }
+    return whole;
+}
+
 uint32_t OStringArray::Pack(OBuffer<char>& buffer, int mode) const {
     return PackStrings(*this, buffer, mode);
 }

@@ -60,6 +60,9 @@ public:
     // pieces, and an empty separator leaves it in one piece. The pieces have the text's code page.
     void Split(const OString& text, const char* separator);
 
+    // The texts as one, with the separator between each two.
+    OString Join(const char* separator) const;
+
     // Packs the strings, in 8-bit form each in its own code page or in UTF-16, into the beginning
     // of `buffer`, which grows if it is too small and never shrinks. Returns the elements used, 0
     // without memory. A header has the low 16 bits of its value.

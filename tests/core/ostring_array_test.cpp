@@ -36,7 +36,7 @@ TEST(StringArray, TakesItsOwnStrings) {
     EXPECT_EQ(Contents(array), (Strings{"b", "b", "a", "b", "b", "b", "a", "b"}));
 }
 
-TEST(StringArray, SplitsAndKeepsEmptyPieces) {
+TEST(StringArray, SplitsAndJoinsWithEmptyPieces) {
     const std::tuple<const char*, const char*, Strings> cases[] = {
         {"a,,b", ",", {"a", "", "b"}}, {"a,", ",", {"a", ""}},    {",a", ",", {"", "a"}},
         {",", ",", {"", ""}},          {"abc", nullptr, {"abc"}}, {"", ",", {}},
@@ -46,6 +46,7 @@ TEST(StringArray, SplitsAndKeepsEmptyPieces) {
         OStringArray array = Array({"old"});
         array.Split(OString(text), separator);
         EXPECT_EQ(Contents(array), pieces) << text;
+        EXPECT_STREQ(array.Join(separator).nstring(), text);
     }
 }
 

@@ -66,14 +66,13 @@ void ppOfficeCompatibility::AddCodePage(int code_page) {
     texts.Add(FormatInt(code_page));
     texts.Add(GetString_CharSet(charset));
     if (const CodePageRow* const row = FindCodePage(code_page)) {
-        OString languages;
+        OStringArray languages;
         for (const int language : row->languages) {
             if (language == TEXT_NONE) break;
-            if (!languages.IsEmpty()) languages << ", ";
-            languages << GetString(language);
+            languages.Add(GetString(language));
         }
         texts.Add(OString(row->suffix));
-        texts.Add(languages);
+        texts.Add(languages.Join(", "));
     }
     list_.InsertItem(list_.GetCount(), texts, code_page);
 }

@@ -19,20 +19,25 @@ struct BarCodeOption {
 
 constexpr int kRSSTypes = 7;
 
-OString ListOf(UDialog& dialog, std::span<const BarCodeOption> options, uint32_t bits) {
-    OString list;
-    for (const BarCodeOption& option : options)
-        if (bits & option.bit) list << option.text.GetText(dialog) << ", ";
+// A text that a language lacks leaves no comma at the end.
+OString Listed(const OStringArray& texts) {
+    OString list = texts.Join(", ");
     list.TrimRight(", ");
     return list;
 }
 
-// The names of some types that follow each other, as do their bits.
-OString TypesOf(UDialog& dialog, int first_text, int count, uint32_t first_bit, uint32_t bits) {
-    OString list;
+OString ListOf(UDialog& dialog, std::span<const BarCodeOption> options, uint32_t bits) {
+    OStringArray texts;
+    for (const BarCodeOption& option : options)
+        if (bits & option.bit) texts.Add(option.text.GetText(dialog));
+    return Listed(texts);
+}
+
+// Adds the names of some types that follow each other, as do their bits.
+void AddTypes(UDialog& dialog, OStringArray& texts, int first_text, int count, uint32_t first_bit,
+              uint32_t bits) {
     for (int i = 0; i < count; ++i)
-        if (bits & first_bit << i) list << dialog.GetString(first_text + i) << ", ";
-    return list;
+        if (bits & first_bit << i) texts.Add(dialog.GetString(first_text + i));
 }
 
 bool IsSupplemental(int symbology) {
@@ -86,16 +91,15 @@ void ppVersion::ShowBarCodeOptions(int symbology, uint32_t options) {
         yes_if(TEXT_INFO_TRUNCATION, !(options & PDF417_NOT_TRUNCATED));
         break;
     case SymbologyInfo::DATA_MATRIX: {
-        OString levels;
+        OStringArray levels;
         uint32_t bit = DATA_MATRIX_ECC_000;
         for (const int quality : DataFont_BarCode::MATRIX_QUALITIES) {
             // As the makers write them, with three digits.
-            if (options & bit)
-                levels << (quality < 10 ? "00" : quality < 100 ? "0" : "") << quality << ", ";
+            OString level = quality < 10 ? "00" : quality < 100 ? "0" : "";
+            if (options & bit) levels.Add(level << quality);
             bit <<= 1;
         }
-        levels.TrimRight(", ");
-        Info_Item("ECC", levels);
+        Info_Item("ECC", Listed(levels));
         break;
     }
     case SymbologyInfo::MAXICODE:
@@ -119,18 +123,15 @@ void ppVersion::ShowBarCodeOptions(int symbology, uint32_t options) {
                                      {AZTEC_FINDER_COMPACT, TEXT_COMPACT_AZTEC},
                                      {AZTEC_FINDER_FULL, TEXT_FULL_AZTEC}});
         break;
-    case SymbologyInfo::RSS: {
-        OString types = TypesOf(*this, TEXT_FIRST_RSS, kRSSTypes, RSS_14, options);
-        types.TrimRight(", ");
-        Info_Item("Types", types);
-        break;
-    }
+    case SymbologyInfo::RSS:
     case SymbologyInfo::COMPOSITE: {
-        OString types = TypesOf(*this, TEXT_FIRST_RSS, kRSSTypes, RSS_14, options);
-        types << TypesOf(*this, TEXT_INFO_FIRST_UPC, 4, COMPOSITE_EAN_8, options)
-              << TypesOf(*this, TEXT_CC_A_OR_B, 2, COMPOSITE_128_CC_AB, options);
-        types.TrimRight(", ");
-        Info_Item("Types", types);
+        OStringArray types;
+        AddTypes(*this, types, TEXT_FIRST_RSS, kRSSTypes, RSS_14, options);
+        if (symbology == SymbologyInfo::COMPOSITE) {
+            AddTypes(*this, types, TEXT_INFO_FIRST_UPC, 4, COMPOSITE_EAN_8, options);
+            AddTypes(*this, types, TEXT_CC_A_OR_B, 2, COMPOSITE_128_CC_AB, options);
+        }
+        Info_Item("Types", Listed(types));
         break;
     }
     default:

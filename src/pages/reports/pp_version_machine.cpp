@@ -123,15 +123,6 @@ private:
     const OString& local_monitor_;
 };
 
-OString Joined(const OStringArray& names) {
-    OString text;
-    for (int i = 0; i < names.GetSize(); ++i) {
-        if (i > 0) text << ", ";
-        text << names[i];
-    }
-    return text;
-}
-
 } // namespace
 
 // ---- Software -----------------------------------------------------------------------------------
@@ -200,7 +191,7 @@ void ppVersion::ShowPrinter(const OString& name) {
     ItemOr(TEXT_INFO_CONFIGURATION_FILE, printer.GetConfigFile(), TEXT_INFO_NONE);
     ItemOr(TEXT_INFO_DATA_FILE, printer.GetDataFile(), TEXT_INFO_NONE);
     ItemOr(TEXT_INFO_HELP_FILE, printer.GetHelpFile(), TEXT_INFO_NONE);
-    ItemIfAny(TEXT_INFO_OTHER_FILES, Joined(printer.GetDependentFiles()));
+    ItemIfAny(TEXT_INFO_OTHER_FILES, printer.GetDependentFiles().Join(", "));
     ItemOr(TEXT_INFO_MONITOR, printer.GetMonitorName(), TEXT_INFO_NONE);
     ItemOr(TEXT_INFO_PRINT_PROCESSOR, printer.GetPrintProcessor(), TEXT_INFO_NONE);
     ItemOr(TEXT_INFO_DATA_TYPE, printer.GetDatatype(), TEXT_INFO_NONE);

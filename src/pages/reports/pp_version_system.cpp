@@ -121,15 +121,15 @@ void ppVersion::ShowRegionalSettings() {
     Info_Header(TEXT_INFO_REGIONAL_HEADING);
     Info_Item(TEXT_INFO_SYSTEM_LANGUAGE, LanguageOf(LOCALE_SYSTEM_DEFAULT));
     Info_Item(TEXT_INFO_USER_LANGUAGE, LanguageOf(LOCALE_USER_DEFAULT));
-    OString ansi, oem, sets;
+    OString ansi, oem;
     Info_Item(TEXT_INFO_ANSI_CODE_PAGE, ansi << GetACP());
     Info_Item(TEXT_INFO_OEM_CODE_PAGE, oem << GetOEMCP());
+    OStringArray sets;
     for (const uint32_t code_page : kCodePages) {
-        if (sets.GetLength() > 0) sets << ", ";
-        sets << GetString_CharSet(LocaleUtility::CodePageToCharSet(code_page)) << " (" << code_page
-             << ")";
+        OString set = GetString_CharSet(LocaleUtility::CodePageToCharSet(code_page));
+        sets.Add(set << " (" << code_page << ")");
     }
-    Info_Item(TEXT_INFO_CHARACTER_SETS, sets);
+    Info_Item(TEXT_INFO_CHARACTER_SETS, sets.Join(", "));
 }
 
 void ppVersion::ShowDrives() {
