@@ -1,6 +1,6 @@
 #include "pages/fonts/pp_fonts.h"
 
-#include <memory>
+#include <utility>
 
 #include "fonts/data_font_bar_code.h"
 #include "fonts/data_font_rfid.h"
@@ -284,29 +284,28 @@ bool ppFonts::EditDataFont(DataFont& font) {
     return true;
 }
 
-void ppFonts::AddFont(DataFont* font, View kind) {
-    std::unique_ptr<DataFont> owner(font);
+void ppFonts::AddFont(std::unique_ptr<DataFont> font, View kind) {
     if (!font || !EditDataFont(*font)) return;
-    ui_->data_fonts.AddTail(owner.release());
+    ui_->data_fonts.AddTail(font.release());
     ShowKind(kind);
 }
 
 void ppFonts::AddBarCodeFont() {
     const Entry* const only = OnlySelected();
-    auto* const font = new (kCounted) DataFont_BarCode;
+    std::unique_ptr<DataFont_BarCode> font(new (kCounted) DataFont_BarCode);
     if (!font) return;
     if (only && only->kind == BAR_CODES)
         *font = *static_cast<const DataFont_BarCode*>(only->data);
     else
         font->init(GetModel()->GetXResolution());
-    AddFont(font, BAR_CODES);
+    AddFont(std::move(font), BAR_CODES);
 }
 
 void ppFonts::AddRFIDFont() {
     const Entry* const only = OnlySelected();
-    auto* const font = new (kCounted) DataFont_RFID;
+    std::unique_ptr<DataFont_RFID> font(new (kCounted) DataFont_RFID);
     if (font && only && only->kind == RFID) *font = *static_cast<const DataFont_RFID*>(only->data);
-    AddFont(font, RFID);
+    AddFont(std::move(font), RFID);
 }
 
 void ppFonts::EditFont() {

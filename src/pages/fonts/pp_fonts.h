@@ -2,6 +2,7 @@
 #pragma once
 
 #include <cstdint>
+#include <memory>
 
 #include "core/oarray.h"
 #include "core/obuffer.h"
@@ -56,8 +57,8 @@ private:
 
     void AddBarCodeFont();
     void AddRFIDFont();
-    // Lets the user edit a new font, of which this object takes possession, and adds it.
-    void AddFont(DataFont* font, View kind);
+    // Lets the user edit a new font and adds it if that was confirmed. Nothing for null.
+    void AddFont(std::unique_ptr<DataFont> font, View kind);
     void EditFont();
     // Runs the editor of a data font. Whether it was confirmed.
     bool EditDataFont(DataFont& font);
