@@ -81,6 +81,11 @@ bool DevMode::operator==(const DevMode& other) const {
            a.dmMediaType == b.dmMediaType;
 }
 
+uint32_t DevMode::GetCRC32() const {
+    if (!dev_mode_) return 0;
+    return CRC32(dev_mode_, uint32_t{dev_mode_->dmSize} + dev_mode_->dmDriverExtra, 0);
+}
+
 void DevMode::CopyTo(DEVMODEW* destination) const {
     if (!dev_mode_ || !destination) return;
     std::memmove(static_cast<void*>(destination), dev_mode_,

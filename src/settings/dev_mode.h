@@ -85,6 +85,9 @@ public:
     // differ.
     bool operator==(const DevMode& other) const;
 
+    // The checksum of all of the DEVMODE, by which pages notice changes. 0 without a buffer.
+    uint32_t GetCRC32() const;
+
     // Copies all of the DEVMODE to a buffer with room for it. Nothing without one.
     void CopyTo(DEVMODEW* destination) const;
 

@@ -2,7 +2,6 @@
 
 #include <cstring>
 
-#include "core/crc.h"
 #include "locale/text_numbers.h"
 #include "model/prtmodel.h"
 #include "ui/prtui.h"
@@ -61,9 +60,7 @@ bool prtpage::CheckChanged() {
 }
 
 uint32_t prtpage::GetCurrentCRC32() const {
-    const DEVMODEW* const settings = ui_->devmode.GetDevMode();
-    if (!IsPropertyPage() || !settings) return 0;
-    return CRC32(settings, uint32_t{settings->dmSize} + settings->dmDriverExtra, 0);
+    return IsPropertyPage() ? ui_->devmode.GetCRC32() : 0;
 }
 
 void prtpage::Timer(uint16_t) {}

@@ -2,7 +2,6 @@
 
 #include <commctrl.h>
 
-#include "core/crc.h"
 #include "core/memory.h"
 #include "keys/network_policy.h"
 #include "keys/shadow_keys.h"
@@ -53,8 +52,8 @@ void prtui::LoadControls() {
 }
 
 void prtui::InitEx() {
-    if (const DEVMODEW* settings = devmode.GetDevMode()) {
-        devmode_crc = CRC32(settings, uint32_t{settings->dmSize} + settings->dmDriverExtra, 0);
+    if (devmode.GetDevMode()) {
+        devmode_crc = devmode.GetCRC32();
         devmode_saved.Create();
         devmode.CopyTo(devmode_saved.GetDevMode());
     }

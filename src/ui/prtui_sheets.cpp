@@ -1,5 +1,4 @@
 // The UI object in a property sheet.
-#include "core/crc.h"
 #include "spooler/platform_flags.h"
 #include "spooler/printer_info.h"
 #include "ui/prtpage.h"
@@ -28,8 +27,7 @@ bool prtui::AddPropertyPage(const OString& name, DLGPROC procedure) {
 
 void prtui::BeginEditing() {
     SettleAll();
-    if (const DEVMODEW* settings = devmode.GetDevMode())
-        devmode_crc = CRC32(settings, uint32_t{settings->dmSize} + settings->dmDriverExtra, 0);
+    devmode_crc = devmode.GetCRC32();
 }
 
 LONG prtui::TakeSheet(PROPSHEETUI_INFO* info, uint32_t groups) {
@@ -111,8 +109,7 @@ LONG prtui::ReasonSetResult(PROPSHEETUI_INFO* info, const SETRESULT_INFO* result
 bool prtui::Apply() {
     const DEVMODEW* const settings = devmode.GetDevMode();
     if (settings && devmode_saved.GetDevMode()) {
-        const uint32_t crc =
-            CRC32(settings, uint32_t{settings->dmSize} + settings->dmDriverExtra, 0);
+        const uint32_t crc = devmode.GetCRC32();
         if (crc != devmode_crc) {
             devmode.CopyTo(devmode_saved.GetDevMode());
             if (!winNT && !channel16.Publish(*settings)) return false;
