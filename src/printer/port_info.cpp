@@ -37,7 +37,9 @@ bool ReadSerial(const OString& name, _SerialPortInfo& info) {
     info.data_bits = dcb.ByteSize;
     info.parity = dcb.Parity;
     info.stop_bits = dcb.StopBits;
-    info.handshake = dcb.fOutxCtsFlow || dcb.fOutxDsrFlow ? 0 : dcb.fOutX ? 1 : 2;
+    info.handshake = dcb.fOutxCtsFlow || dcb.fOutxDsrFlow ? PortInfo::HARDWARE
+                     : dcb.fOutX                          ? PortInfo::XON_XOFF
+                                                          : PortInfo::NO_HANDSHAKE;
     return true;
 }
 

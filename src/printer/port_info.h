@@ -10,13 +10,13 @@
 #include "core/ostring.h"
 #include "core/ostring_array.h"
 
-// The setup of a serial port. Numbers are as in the system's DCB.
+// The setup of a serial port. Numbers but the handshake are as in the system's DCB.
 struct _SerialPortInfo {
     uint32_t baud_rate;
     uint32_t data_bits;
     uint32_t parity;
     uint32_t stop_bits;
-    uint32_t handshake; // 0 hardware, 1 Xon/Xoff, 2 none
+    uint32_t handshake; // PortInfo::Handshake
 };
 static_assert(sizeof(_SerialPortInfo) == 20);
 
@@ -51,9 +51,12 @@ public:
         TCPIP_VALDRICK = 3, // by the maker's own port monitor
         TCPIP_MICROSOFT = 4,
         TCPIP_HP = 5,
+        RESERVED_6 = 6, // no port of this machine has these two; reports name no kind for them
+        RESERVED_7 = 7,
         OTHER = 9
     };
     enum ParallelMode : uint32_t { STANDARD = 0, ECP = 1, EPP = 2, UNKNOWN = 3 };
+    enum Handshake : uint32_t { HARDWARE = 0, XON_XOFF = 1, NO_HANDSHAKE = 2 };
 
     PortInfo() { Refresh(); }
 

@@ -21,7 +21,8 @@ public:
 private:
     void RunTest(uint16_t item);
     // Milliseconds. The rendering module's answer to one of its tests, from 0, and the time of one
-    // of this module's own.
+    // of this module's own. A rendering module without such a test answers 0 or less, which is
+    // shown in the same way.
     int32_t RunEscapeTest(uint32_t test);
     int32_t RunTimedTest(uint16_t item);
 

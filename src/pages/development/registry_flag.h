@@ -10,7 +10,7 @@
 #include "keys/prtreg.h"
 
 struct RegistryFlag {
-    const char* value; // the path in the registry; without one the switch is off
+    const char* value; // its path; while the registry has no such value, the switch is off
     uint16_t control;  // a check box or a menu item, or 0 for none
 };
 

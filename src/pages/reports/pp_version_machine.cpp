@@ -33,10 +33,6 @@ constexpr int kParities[] = {TEXT_INFO_NO_PARITY, TEXT_INFO_ODD, TEXT_INFO_EVEN,
                              TEXT_INFO_SPACE};
 constexpr const char* kStopBits[] = {"1", "1.5", "2"};
 
-// The maker's numbers for ports that other systems have.
-constexpr uint32_t kPortWithoutKind = 6;
-constexpr uint32_t kOtherPortWithoutKind = 7;
-
 struct TcpipKind {
     uint32_t type;
     const char* monitor;
@@ -51,8 +47,8 @@ const char* ParallelMode(uint32_t mode) {
 }
 
 int TextOfHandshake(uint32_t handshake) {
-    if (handshake == 0) return TEXT_INFO_HARDWARE;
-    return handshake == 1 ? TEXT_INFO_XON_XOFF : TEXT_INFO_NO_PARITY;
+    if (handshake == PortInfo::HARDWARE) return TEXT_INFO_HARDWARE;
+    return handshake == PortInfo::XON_XOFF ? TEXT_INFO_XON_XOFF : TEXT_INFO_NO_PARITY;
 }
 
 // Adds one port to a report.
@@ -85,8 +81,8 @@ private:
         case PortInfo::USB:
             report_.Info_Item(TEXT_INFO_KIND, "USB");
             break;
-        case kPortWithoutKind:
-        case kOtherPortWithoutKind:
+        case PortInfo::RESERVED_6:
+        case PortInfo::RESERVED_7:
             break;
         default:
             // The system's own monitor has ports of many kinds.
