@@ -54,8 +54,8 @@ public:
     // belongs to. They stay marked: a second Save writes them again.
     void Save(const prtreg& registry);
 
-    // Whether a value could not be read or written since Load. It then has its default, although
-    // something may be stored. Never before Load.
+    // Whether a value could not be read or written since Load, or since the last Save began. What
+    // could not be read has its default, although something may be stored. Never before Load.
     bool HasFailed() const;
 
     // The checksum of the values that Save would write, continued from `seed`, or `seed` if there
