@@ -156,7 +156,7 @@ sheet Dock3 --device
   state
   = 2401 {"text": "1"}
   = 2406 {"text": "Kanji"}
-  = 2408 {"text": "H (30 %)"}
+  = 2408 {"text": "H (30%)"}
   cancel
   double 801 "H"
   state

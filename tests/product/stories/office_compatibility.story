@@ -9,7 +9,7 @@ sheet Dock3 --device
   menu 804 818
   state
   = {"window": "dialog", "title": "Office Compatibility"}
-  = 691 {"selection": [3], "enabled": true, "items": [["1250", "Central European", "CE", "Polish, Czech, Slovak, Hungarian, Romanian"], ["1251", "Cyrillic", "CYR", "Russian, Bulgarian, Ukrainian"], ["1252", "Western", "WE", "English, Spanish, French, German, Italian"], ["1253", "Greek", "GR", "Greek"], ["1254", "Turkish", "TUR", "Turkish"], ["1255", "Hebrew", "HEB", "Hebrew"], ["1256", "Arabic", "ARA", "Arabic"], ["1257", "Baltic", "BAL", "Estonian, Latvian, Lithuanian"], ["1258", "Vietnamese", "VIET", "Vietnamese"], ["874", "Thai", "THAI", "Thai"], ["932", "Japanese", "JA", "Japanese"], ["936", "Chinese (Simplified)", "CHS", "Chinese (Simplified)"], ["949", "Korean", "KOR", "Korean"], ["950", "Chinese (Traditional)", "CHT", "Chinese (Traditional)"]]}
+  = 691 {"selection": [3], "enabled": true, "items": [["1250", "Central European", "CE", "Polish, Czech, Slovak, Hungarian, Romanian"], ["1251", "Cyrillic", "CYR", "Russian, Bulgarian, Ukrainian"], ["1252", "Western", "WE", "English, Spanish, French, German, Italian"], ["1253", "Greek", "GR", "Greek"], ["1254", "Turkish", "TUR", "Turkish"], ["1255", "Hebrew", "HEB", "Hebrew"], ["1256", "Arabic", "ARA", "Arabic"], ["1257", "Baltic", "BAL", "Estonian, Latvian, Lithuanian"], ["1258", "Vietnamese", "VIET", "Vietnamese"], ["874", "Thai", "THAI", "Thai"], ["932", "Japanese", "JA", "Japanese"], ["936", "Simplified Chinese", "CHS", "Simplified Chinese"], ["949", "Korean", "KOR", "Korean"], ["950", "Traditional Chinese", "CHT", "Traditional Chinese"]]}
   = 510 {"checked": 1, "enabled": true}
   select 691 #13 #0
   click 510

@@ -58,13 +58,18 @@ Json JobsOf(const OpenedPrinter& printer, const std::string& name, const std::st
     return jobs;
 }
 
+[[noreturn]] void ThrowNoJob(DWORD id) {
+    throw Fault("there is no job " + std::to_string(id));
+}
+
 void ControlJob(const OpenedPrinter& printer, const Arguments& arguments, const char* option,
                 DWORD command) {
     if (!arguments.Has(option)) return;
     const DWORD job = arguments.Number(option, 0xFFFFFFFF, 0);
-    if (!SetJobW(printer.handle(), job, 0, nullptr, command))
-        throw SystemFault("cannot " + std::string(option) + " job " + arguments.Get(option, ""),
-                          GetLastError());
+    if (SetJobW(printer.handle(), job, 0, nullptr, command)) return;
+    const DWORD error = GetLastError();
+    if (error == ERROR_INVALID_PARAMETER) ThrowNoJob(job);
+    throw SystemFault("cannot " + std::string(option) + " job " + arguments.Get(option, ""), error);
 }
 
 // Prints sixteen bytes per line: their offset, their values, and the characters among them.
@@ -86,7 +91,7 @@ void ShowJob(const Json& jobs, DWORD id) {
         PrintBytes(std::vector<BYTE>(bytes.begin(), bytes.end()));
         return;
     }
-    throw Fault("there is no job " + std::to_string(id));
+    ThrowNoJob(id);
 }
 
 } // namespace

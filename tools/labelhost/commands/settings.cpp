@@ -25,10 +25,12 @@ SettingsText Now(const OpenSettings& settings, int contents) {
 
 std::string Counted(const SettingsText& text, int contents) {
     std::string list;
-    for (const SettingsKind& kind : kSettingsKinds)
-        if (kind.content & contents)
-            list +=
-                (list.empty() ? "" : ", ") + std::to_string(text.Count(kind)) + ' ' + kind.words;
+    for (const SettingsKind& kind : kSettingsKinds) {
+        if (!(kind.content & contents)) continue;
+        const int count = text.Count(kind);
+        list += (list.empty() ? "" : ", ") + std::to_string(count) + ' ' +
+                (count == 1 ? kind.one : kind.many);
+    }
     return list;
 }
 

@@ -8,11 +8,12 @@
 #include <sstream>
 
 const SettingsKind kSettingsKinds[kSettingsKindCount] = {
-    {DAL_SETTINGS_STOCKS, "stocks", "stocks", "<stock>", "KFM1"},
-    {DAL_SETTINGS_PRESETS, "presets", "presets", "<preset>", "DM"},
-    {DAL_SETTINGS_BAR_FONTS, "barcode-fonts", "bar code fonts", "<font type='Bar Code'>", "KBF1"},
-    {DAL_SETTINGS_RFID_FONTS, "rfid-fonts", "RFID fonts", "<font type='RFID'>", ""},
-    {DAL_SETTINGS_OPTIONS, "options", "sets of options", "<options model='", ""},
+    {DAL_SETTINGS_STOCKS, "stocks", "stock", "stocks", "<stock>", "KFM1"},
+    {DAL_SETTINGS_PRESETS, "presets", "preset", "presets", "<preset>", "DM"},
+    {DAL_SETTINGS_BAR_FONTS, "barcode-fonts", "bar code font", "bar code fonts",
+     "<font type='Bar Code'>", "KBF1"},
+    {DAL_SETTINGS_RFID_FONTS, "rfid-fonts", "RFID font", "RFID fonts", "<font type='RFID'>", ""},
+    {DAL_SETTINGS_OPTIONS, "options", "set of options", "sets of options", "<options model='", ""},
 };
 
 int ContentsOf(const std::string& names) {

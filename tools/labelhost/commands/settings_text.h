@@ -5,9 +5,10 @@
 
 // One kind of content.
 struct SettingsKind {
-    int content;           // its DAL_SETTINGS_ bit
-    const char* name;      // as --only and JSON call it
-    const char* words;     // the plural, for people
+    int content;      // its DAL_SETTINGS_ bit
+    const char* name; // as --only and JSON call it
+    const char* one;  // for people
+    const char* many;
     const char* block;     // the line that starts one
     const char* signature; // of a binary file of old drivers; empty if there is no such file
 };
