@@ -1,6 +1,7 @@
 #include "compstui/property_pages.h"
 
 #include "compstui/sheet_functions.h"
+#include "say.h"
 
 #include <commctrl.h>
 
@@ -44,8 +45,7 @@ Text CaptionOf(const PROPSHEETUI_INFO_HEADER& header) {
     };
     if (header.Flags & PSUIHDRF_DEFTITLE) add(kTextDefault);
     if (!(header.Flags & PSUIHDRF_PROPTITLE)) return caption;
-    if (PRIMARYLANGID(GetUserDefaultLangID()) == LANG_GERMAN)
-        return TEXT("Eigenschaften von ") + caption;
+    if (IsUserGerman()) return TEXT("Eigenschaften von ") + caption;
     add(kTextProperties);
     return caption;
 }

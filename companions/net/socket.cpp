@@ -166,7 +166,7 @@ bool Socket::Wait(bool write, int milliseconds) const {
     if (!gives_up_) return Poll(&item, milliseconds) > 0;
     for (int left = milliseconds; !gives_up_();) {
         const int slice = left < 0 ? kSlice : std::min(left, kSlice);
-        if (Poll(&item, slice) > 0) return true;
+        if (const int ready = Poll(&item, slice); ready != 0) return ready > 0;
         if (left >= 0 && (left -= slice) == 0) return false;
     }
     return false;

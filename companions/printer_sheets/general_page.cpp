@@ -1,6 +1,7 @@
 #include "printer_sheets/general_page.h"
 
 #include "printer_sheets/template_writer.h"
+#include "say.h"
 
 #include <iterator>
 
@@ -11,11 +12,6 @@ using Text = std::basic_string<WCHAR>;
 
 constexpr int kWidth = 227;
 constexpr int kHeight = 150;
-
-// The page speaks the user's language, as the system's other pages do.
-LPCWSTR Say(LPCWSTR english, LPCWSTR german) {
-    return PRIMARYLANGID(GetUserDefaultLangID()) == LANG_GERMAN ? german : english;
-}
 
 Text TextOf(LPCWSTR text) {
     return text ? text : TEXT("");

@@ -2,8 +2,12 @@
 
 #include <algorithm>
 #include <cstring>
+#include <optional>
+#include <set>
+#include <utility>
 
 #include "cache_settings.h"
+#include "core/machine_lock.h"
 #include "printer_value.h"
 
 namespace {
@@ -14,17 +18,72 @@ constexpr WCHAR kObjectsValue[] = TEXT("Render Cache Objects");
 constexpr size_t kMostObjects = 1000;
 static_assert(sizeof(KVCacheInformation) + kMostObjects * sizeof(KVCacheItemInfo) <= 0xFFFF);
 
+constexpr DWORD kLongestWait = 60 * 1000;
+
+// Whether it can be one that was stored here: its name goes into commands as it is.
+bool IsSound(const KeptObject& object) {
+    if (object.info.kind > KVCacheItemInfo::FORMAT) return false;
+    if (object.location < 'A' || object.location > 'Z') return false;
+    const ObjectName where = object.Where();
+    const std::string name = where.name + '.' + where.extension;
+    const auto is_bad = [](unsigned char c) { return c < ' ' || std::strchr("^~,*?", c); };
+    return name == object.info.name && std::none_of(name.begin(), name.end(), is_bad);
+}
+
+// The objects in the printer's data, but for those that are damaged or there twice.
 std::vector<KeptObject> ReadObjects(HANDLE printer) {
-    std::vector<KeptObject> objects(kMostObjects);
-    const size_t size = ReadPrinterValue(printer, kObjectsValue, objects.data(),
-                                         objects.size() * sizeof(KeptObject));
-    objects.resize(size % sizeof(KeptObject) ? 0 : size / sizeof(KeptObject));
-    for (KeptObject& object : objects) object.info.name[sizeof object.info.name - 1] = 0;
+    std::vector<KeptObject> stored(kMostObjects);
+    const size_t size =
+        ReadPrinterValue(printer, kObjectsValue, stored.data(), stored.size() * sizeof(KeptObject));
+    stored.resize(size % sizeof(KeptObject) ? 0 : size / sizeof(KeptObject));
+    std::vector<KeptObject> objects;
+    std::set<uint32_t> ids;
+    std::set<std::pair<uint16_t, uint32_t>> numbers;
+    std::set<std::string> names;
+    for (KeptObject& object : stored) {
+        object.info.name[sizeof object.info.name - 1] = 0;
+        if (IsSound(object) && ids.insert(object.info.id).second &&
+            numbers.emplace(object.info.kind, object.info.number).second &&
+            names.insert(object.Where().Text()).second)
+            objects.push_back(object);
+    }
     return objects;
 }
 
 void Raise(uint16_t& counter) {
     if (counter < 0xFFFF) ++counter;
+}
+
+// ---- Numbers ------------------------------------------------------------------------------------
+
+struct Range {
+    uint32_t first, last;
+
+    bool Has(uint32_t number) const { return number >= first && number <= last; }
+};
+
+// The lowest number of a range that is not taken; nothing if all are.
+std::optional<uint32_t> LowestFree(const std::set<uint32_t>& taken, Range range) {
+    for (uint64_t number = range.first; number <= range.last; ++number)
+        if (!taken.contains(static_cast<uint32_t>(number))) return static_cast<uint32_t>(number);
+    return std::nullopt;
+}
+
+std::optional<uint32_t> FreeNumber(const std::vector<KeptObject>& list, uint16_t kind,
+                                   Range range) {
+    std::set<uint32_t> taken;
+    for (const KeptObject& object : list)
+        if (object.info.kind == kind) taken.insert(object.info.number);
+    return LowestFree(taken, range);
+}
+
+// Above those of all objects, so that nobody takes a new one for one that was there.
+uint32_t FreeId(const std::vector<KeptObject>& list) {
+    std::set<uint32_t> taken;
+    for (const KeptObject& object : list) taken.insert(object.info.id);
+    const uint32_t highest = taken.empty() ? 0 : *taken.rbegin();
+    const uint32_t first = highest < UINT32_MAX ? highest + 1 : 1;
+    return *LowestFree(taken, {first, UINT32_MAX}); // the list is short
 }
 
 } // namespace
@@ -39,16 +98,12 @@ class ObjectCache::Objects {
 public:
     explicit Objects(const ObjectCache& cache)
         : cache_(cache)
-        , mutex_(CreateMutexW(nullptr, FALSE, TEXT("Valdrick Printer Objects"))) {
-        if (mutex_) WaitForSingleObject(mutex_, INFINITE);
-        list = ReadObjects(cache.printer_);
+        , lock_(TEXT("Valdrick Printer Objects"), kLongestWait) {
+        if (IsLocked()) list = ReadObjects(cache.printer_);
     }
-    ~Objects() {
-        if (mutex_) ReleaseMutex(mutex_);
-        if (mutex_) CloseHandle(mutex_);
-    }
-    Objects(const Objects&) = delete;
-    Objects& operator=(const Objects&) = delete;
+
+    // False if others did not let go of the list. Then it must stay as it is.
+    bool IsLocked() const { return lock_.IsHeld(); }
 
     [[nodiscard]] bool Store() const {
         return WritePrinterValue(cache_.name_.c_str(), kObjectsValue,
@@ -63,77 +118,70 @@ public:
     std::vector<KeptObject> list;
 
 private:
-    static constexpr uint32_t kNoNumber = UINT32_MAX;
-
-    uint32_t FreeNumber(KVCacheItemInfo::Kind kind, const KVCacheSettings& settings) const;
-    // Moves the object that has not been used for the longest time to `gone`: one of a kind, or of
-    // either kind for a null pointer. False if all are locked.
-    bool MakeRoom(const KVCacheItemInfo::Kind* kind, std::vector<KeptObject>& gone);
-
     const ObjectCache& cache_;
-    const HANDLE mutex_;
+    const MachineLock lock_;
 };
-
-uint32_t ObjectCache::Objects::FreeNumber(KVCacheItemInfo::Kind kind,
-                                          const KVCacheSettings& settings) const {
-    const bool format = kind == KVCacheItemInfo::FORMAT;
-    const uint32_t last = format ? settings.last_format : settings.last_graphic;
-    for (uint32_t number = format ? settings.first_format : settings.first_graphic; number <= last;
-         ++number)
-        if (std::none_of(list.begin(), list.end(), [&](const KeptObject& object) {
-                return object.info.kind == kind && object.info.number == number;
-            }))
-            return number;
-    return kNoNumber;
-}
-
-bool ObjectCache::Objects::MakeRoom(const KVCacheItemInfo::Kind* kind,
-                                    std::vector<KeptObject>& gone) {
-    auto oldest = list.end();
-    for (auto at = list.begin(); at != list.end(); ++at)
-        if (!at->info.locked && (!kind || at->info.kind == *kind) &&
-            (oldest == list.end() || at->info.counters[1] > oldest->info.counters[1]))
-            oldest = at;
-    if (oldest == list.end()) return false;
-    gone.push_back(*oldest);
-    list.erase(oldest);
-    return true;
-}
 
 void ObjectCache::Objects::Add(const ObjectEvent& event, const KVCacheSettings& settings,
                                std::vector<KeptObject>& gone) {
-    KeptObject object = {};
-    object.location = static_cast<unsigned char>(event.where.device);
-    object.info.kind = event.kind;
-    (event.where.name + '.' + event.where.extension)
-        .copy(object.info.name, sizeof object.info.name - 1);
-    object.info.number = kNoNumber;
-    uint32_t id = 1;
-    for (const KeptObject& other : list) id = std::max(id, other.info.id + 1);
-    object.info.id = id;
-    // What is stored again stays the same object.
+    const bool is_format = event.kind == KVCacheItemInfo::FORMAT;
+    const uint32_t location = is_format ? settings.format_location : settings.graphics_location;
+    const Range range = is_format ? Range{settings.first_format, settings.last_format}
+                                  : Range{settings.first_graphic, settings.last_graphic};
     const auto is_same = [&](const KeptObject& other) { return other.Where() == event.where; };
+    // It is in the printer again, and must not be erased at the end of the job.
+    std::erase_if(gone, is_same);
+
+    KeptObject object = {};
+    std::optional<uint32_t> number;
+    // What is stored again stays the same object.
     if (const auto same = std::find_if(list.begin(), list.end(), is_same); same != list.end()) {
         object = *same;
+        number = object.info.number;
         list.erase(same);
+    } else {
+        object.location = static_cast<unsigned char>(event.where.device);
+        object.info.id = FreeId(list);
+        object.info.kind = event.kind;
+        (event.where.name + '.' + event.where.extension)
+            .copy(object.info.name, sizeof object.info.name - 1);
+        number = FreeNumber(list, event.kind, range);
     }
     object.info.size = event.size;
-    const uint32_t location = event.kind == KVCacheItemInfo::FORMAT ? settings.format_location
-                                                                    : settings.graphics_location;
-    if (object.location != location || event.size > settings.memory) return;
+    if (object.location != location) return;
 
-    while (object.info.number == kNoNumber) {
-        object.info.number = FreeNumber(event.kind, settings);
-        if (object.info.number == kNoNumber && !MakeRoom(&event.kind, gone)) return;
-    }
-    const auto used = [this] {
-        uint64_t bytes = 0;
-        for (const KeptObject& other : list) bytes += other.info.size;
-        return bytes;
+    // Who makes room is found on a copy: if it is not enough, all stay.
+    std::vector<KeptObject> staying = list, going;
+    // Takes the object that has not been used for the longest time, of those that help. False if
+    // there is none that is not locked.
+    const auto make_room = [&](const auto& helps) {
+        auto oldest = staying.end();
+        for (auto at = staying.begin(); at != staying.end(); ++at)
+            if (!at->info.locked && helps(*at) &&
+                (oldest == staying.end() || at->info.counters[1] > oldest->info.counters[1]))
+                oldest = at;
+        if (oldest == staying.end()) return false;
+        going.push_back(*oldest);
+        staying.erase(oldest);
+        return true;
     };
-    while (used() + event.size > settings.memory || list.size() >= kMostObjects)
-        if (!MakeRoom(nullptr, gone)) return;
+    if (!number) {
+        if (!make_room([&](const KeptObject& other) {
+                return other.info.kind == event.kind && range.Has(other.info.number);
+            }))
+            return;
+        number = going.back().info.number;
+    }
+    uint64_t bytes = event.size;
+    for (const KeptObject& other : staying) bytes += other.info.size;
+    while (bytes > settings.memory || staying.size() >= kMostObjects) {
+        if (!make_room([](const KeptObject&) { return true; })) return;
+        bytes -= going.back().info.size;
+    }
+    object.info.number = *number;
+    list = std::move(staying);
     list.push_back(object);
+    gone.insert(gone.end(), going.begin(), going.end());
 }
 
 // ---- Jobs ---------------------------------------------------------------------------------------
@@ -143,6 +191,7 @@ bool ObjectCache::EndJob() {
     if (events.empty()) return true;
     const KVCacheSettings settings = ReadCacheSettings(printer_);
     Objects objects(*this);
+    if (!objects.IsLocked()) return true;
     for (KeptObject& object : objects.list) Raise(object.info.counters[1]);
     std::vector<KeptObject> gone;
     for (const ObjectEvent& event : events) {
@@ -192,6 +241,7 @@ int ObjectCache::Describe(unsigned char* output, ULONG size) const {
 
 bool ObjectCache::Clear() {
     Objects objects(*this);
+    if (!objects.IsLocked()) return false;
     for (const KeptObject& object : objects.list)
         if (!Erase(object)) return false;
     objects.list.clear();
@@ -200,6 +250,7 @@ bool ObjectCache::Clear() {
 
 bool ObjectCache::Forget(uint32_t location) {
     Objects objects(*this);
+    if (!objects.IsLocked()) return false;
     std::erase_if(objects.list,
                   [&](const KeptObject& object) { return object.location == location; });
     return objects.Store();
@@ -207,6 +258,7 @@ bool ObjectCache::Forget(uint32_t location) {
 
 bool ObjectCache::Act(const KVCacheItemAction& action) {
     Objects objects(*this);
+    if (!objects.IsLocked()) return false;
     const auto found =
         std::find_if(objects.list.begin(), objects.list.end(),
                      [&](const KeptObject& object) { return object.info.id == action.id; });

@@ -24,8 +24,8 @@ static_assert(sizeof(KeptObject) == 60);
 // What a job stores becomes an object if it lies in the memory that the settings name for its kind.
 // An object has a number within the range for its kind. If all numbers are taken, or the memory is,
 // the objects that have not been used for the longest time are erased; never those that are locked.
-// What still finds no place does not become an object, and stays in the printer for whoever stored
-// it.
+// Where even that makes no room, none is erased. What was stored then does not become an object,
+// and stays in the printer for whoever stored it.
 //
 // What the user changes, and what a job has changed by its end, is remembered for all devices of
 // the printer, if the user may change the printer's data.
@@ -56,7 +56,8 @@ public:
     [[nodiscard]] bool Act(const KVCacheItemAction& action);
 
 private:
-    // Another process may change the objects too, so that they are changed under a lock.
+    // Another process may change the objects too, so that they are changed under a lock. Whoever
+    // does not get it within a minute changes nothing.
     class Objects;
 
     bool Erase(const KeptObject& object);

@@ -19,6 +19,13 @@ Processor FirstProcessor();
 // Windows' word for the kind of processor: "AMD64", "x86", "ARM64". Linux's own for others.
 std::string ProcessorArchitecture();
 
+// The system that the host runs on.
+struct System {
+    std::string name;   // the distribution with its version: "Debian GNU/Linux 12 (bookworm)"
+    std::string kernel; // with its release: "Linux 6.1.0-18-amd64"
+};
+System RunningSystem();
+
 unsigned ProcessorCount(); // those in use
 
 uint64_t PhysicalMemory();  // in bytes

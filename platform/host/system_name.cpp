@@ -1,20 +1,13 @@
-// The system that the host runs on.
-#include "host/guarded.h"
-#include "host/text.h"
-
-#include <win32host/system_name.h>
+#include "host/machine.h"
 
 #include <sys/utsname.h>
 
-#include <algorithm>
-#include <cstring>
 #include <fstream>
 #include <map>
 #include <string>
 
+namespace win32host {
 namespace {
-
-using win32host::Utf16;
 
 // The values of an os-release file: shell assignments, with or without quotation marks.
 std::map<std::string, std::string> ReadRelease(const char* path) {
@@ -50,19 +43,10 @@ std::string Kernel() {
     return std::string(system.sysname) + " " + system.release;
 }
 
-void Answer(const std::u16string& text, LPWSTR buffer, DWORD size) {
-    if (!buffer || size == 0) return;
-    const size_t length = std::min<size_t>(text.size(), size - 1);
-    std::memcpy(buffer, text.data(), length * sizeof(WCHAR));
-    buffer[length] = 0;
-}
-
 } // namespace
 
-BOOL WINAPI GetHostSystemName(LPWSTR name, DWORD name_size, LPWSTR kernel, DWORD kernel_size) {
-    return win32host::Guarded(FALSE, [&] {
-        Answer(Utf16(Distribution()), name, name_size);
-        Answer(Utf16(Kernel()), kernel, kernel_size);
-        return TRUE;
-    });
+System RunningSystem() {
+    return {Distribution(), Kernel()};
 }
+
+} // namespace win32host

@@ -351,7 +351,7 @@ UINT WINAPI GetWindowsDirectoryW(LPWSTR path, UINT size);
 // processor. 0 with ERROR_ENVVAR_NOT_FOUND if there is none.
 DWORD WINAPI GetEnvironmentVariableW(LPCWSTR name, LPWSTR buffer, DWORD size);
 
-// The kind of a drive (DRIVE_), by its root ("C:") or, for null, of the current one.
+// The kind of a drive (DRIVE_), by its root ("C:\") or, for null, of the current one.
 UINT WINAPI GetDriveTypeW(LPCWSTR root);
 
 // Makes "PATH\PREnnnn.TMP" from three characters of the prefix and a number. With `unique` 0 an

@@ -6,7 +6,9 @@
 #include <windows.h>
 
 #include <atomic>
+#include <initializer_list>
 #include <string>
+#include <utility>
 
 namespace win32host::registry {
 namespace {
@@ -40,6 +42,15 @@ void SetText(Store& store, int64_t key, std::u16string_view name, const std::u16
     store.Write(key, name, REG_SZ, reinterpret_cast<const BYTE*>(wanted.data()), wanted.size());
 }
 
+using Texts = std::initializer_list<std::pair<std::u16string_view, std::u16string>>;
+
+void Describe(Store& store, int64_t machine_key, std::u16string_view path, const Texts& texts) {
+    KeyFound key;
+    bool is_new = false;
+    if (store.Create(machine_key, path, {}, key, is_new) != ERROR_SUCCESS) return;
+    for (const auto& [name, text] : texts) SetText(store, key.id, name, text);
+}
+
 } // namespace
 
 void DescribeHardware(Location location, int64_t machine_key, std::u16string_view path) {
@@ -47,14 +58,13 @@ void DescribeHardware(Location location, int64_t machine_key, std::u16string_vie
     try {
         Store& store = StoreOf(location);
         const Processor processor = FirstProcessor();
-        KeyFound key;
-        bool is_new = false;
-        if (store.Create(machine_key, u"HARDWARE\\DESCRIPTION\\System\\CentralProcessor\\0", {},
-                         key, is_new) != ERROR_SUCCESS)
-            return;
-        SetText(store, key.id, u"VendorIdentifier", Utf16(processor.vendor));
-        SetText(store, key.id, u"ProcessorNameString", Utf16(processor.name));
-        SetText(store, key.id, u"Identifier", Identifier(processor));
+        Describe(store, machine_key, u"HARDWARE\\DESCRIPTION\\System\\CentralProcessor\\0",
+                 {{u"VendorIdentifier", Utf16(processor.vendor)},
+                  {u"ProcessorNameString", Utf16(processor.name)},
+                  {u"Identifier", Identifier(processor)}});
+        const System system = RunningSystem();
+        Describe(store, machine_key, u"HARDWARE\\DESCRIPTION\\Host",
+                 {{u"Name", Utf16(system.name)}, {u"Kernel", Utf16(system.kernel)}});
     } catch (const Error&) {
         // The caller finds what is there.
     }

@@ -1,4 +1,4 @@
-// What the registry says of the machine's processor.
+// What the registry says of the machine's processor and of the system that the host runs on.
 #pragma once
 
 #include "registry/locations.h"
@@ -8,9 +8,9 @@
 namespace win32host::registry {
 
 // To be called before a key of the machine at `location` is opened. If the path leads to HARDWARE,
-// and for the first time in this process, the description of the first processor is brought up to
-// date: a root folder may have moved to another machine. Where it cannot be written, it stays as it
-// was.
+// the descriptions of the first processor and of the system are brought up to date: a root folder
+// may have moved to another machine. That is done again only after another location. Where they
+// cannot be written, they stay as they were.
 void DescribeHardware(Location location, int64_t machine_key, std::u16string_view path);
 
 } // namespace win32host::registry

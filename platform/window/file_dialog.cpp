@@ -53,27 +53,28 @@ DialogTemplate FileDialog::Template() const {
     const bool offers_read_only = !(wanted_.flags & OFN_HIDEREADONLY);
     DialogTemplate made =
         SystemDialog(wanted_.title, 300, offers_read_only ? 186 : 171, WS_SYSMENU);
-    AddControl(made, kStaticClass, stc4, wanted_.saves ? u"Save &in:" : u"Look &in:", SS_LEFT,
-               {7, 9, 52, 17});
+    AddSystemControl(made, kStaticClass, stc4, wanted_.saves ? u"Save &in:" : u"Look &in:", SS_LEFT,
+                     {7, 9, 52, 17});
     AddControl(made, kComboBoxClass, cmb2, u"", CBS_DROPDOWNLIST | WS_VSCROLL | WS_TABSTOP,
                {55, 7, 293, 107});
     AddControl(made, kListBoxClass, lst1, u"",
                LBS_NOTIFY | LBS_NOINTEGRALHEIGHT | WS_BORDER | WS_VSCROLL | WS_TABSTOP |
                    static_cast<DWORD>(SelectsMany() ? LBS_EXTENDEDSEL : 0),
                {7, 26, 293, 126});
-    AddControl(made, kStaticClass, stc3, u"File &name:", SS_LEFT, {7, 135, 52, 143});
+    AddSystemControl(made, kStaticClass, stc3, u"File &name:", SS_LEFT, {7, 135, 52, 143});
     AddControl(made, kEditClass, edt1, u"", ES_AUTOHSCROLL | WS_BORDER | WS_TABSTOP,
                {55, 133, 237, 146});
-    AddControl(made, kButtonClass, IDOK, wanted_.saves ? u"&Save" : u"&Open",
-               BS_DEFPUSHBUTTON | WS_TABSTOP, {243, 132, 293, 146});
-    AddControl(made, kStaticClass, stc2, wanted_.saves ? u"Save as &type:" : u"Files of &type:",
-               SS_LEFT, {7, 153, 52, 161});
+    AddSystemControl(made, kButtonClass, IDOK, wanted_.saves ? u"&Save" : u"&Open",
+                     BS_DEFPUSHBUTTON | WS_TABSTOP, {243, 132, 293, 146});
+    AddSystemControl(made, kStaticClass, stc2,
+                     wanted_.saves ? u"Save as &type:" : u"Files of &type:", SS_LEFT,
+                     {7, 153, 52, 161});
     AddControl(made, kComboBoxClass, cmb1, u"", CBS_DROPDOWNLIST | WS_VSCROLL | WS_TABSTOP,
                {55, 151, 237, 231});
-    AddControl(made, kButtonClass, IDCANCEL, u"Cancel", WS_TABSTOP, {243, 150, 293, 164});
+    AddSystemControl(made, kButtonClass, IDCANCEL, u"Cancel", WS_TABSTOP, {243, 150, 293, 164});
     if (offers_read_only)
-        AddControl(made, kButtonClass, chx1, u"Open as &read-only", BS_AUTOCHECKBOX | WS_TABSTOP,
-                   {55, 169, 237, 179});
+        AddSystemControl(made, kButtonClass, chx1, u"Open as &read-only",
+                         BS_AUTOCHECKBOX | WS_TABSTOP, {55, 169, 237, 179});
     return made;
 }
 

@@ -164,9 +164,9 @@ std::u16string FolderDialog::Run() {
                {7, 42, 211, 156});
     AddControl(made, kEditClass, kFolderField, u"", ES_AUTOHSCROLL | WS_BORDER | WS_TABSTOP,
                {7, 161, 211, 174});
-    AddControl(made, kButtonClass, IDOK, u"OK", BS_DEFPUSHBUTTON | WS_TABSTOP,
-               {107, 180, 157, 194});
-    AddControl(made, kButtonClass, IDCANCEL, u"Cancel", WS_TABSTOP, {161, 180, 211, 194});
+    AddSystemControl(made, kButtonClass, IDOK, u"OK", BS_DEFPUSHBUTTON | WS_TABSTOP,
+                     {107, 180, 157, 194});
+    AddSystemControl(made, kButtonClass, IDCANCEL, u"Cancel", WS_TABSTOP, {161, 180, 211, 194});
     const INT_PTR result =
         ShowModal(nullptr, made, request_.hwndOwner, Procedure, reinterpret_cast<LPARAM>(this));
     return result == IDOK ? folder_ : std::u16string();

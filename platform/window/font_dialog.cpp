@@ -68,7 +68,7 @@ private:
     int Size() const;
     int Dpi() const;
     bool Describe(LOGFONTW& font) const;
-    bool Complain(const std::u16string& text, int id);
+    void Complain(const std::u16string& text, int id);
     void Accept();
 
     CHOOSEFONTW& request_;
@@ -284,12 +284,10 @@ void FontDialog::Initialise() {
     ShowWindow(GetDlgItem(dialog_, pshHelp), Has(CF_SHOWHELP) ? SW_SHOWNA : SW_HIDE);
 }
 
-// Tells the user and goes to the control. Always false, so that callers can return it.
-bool FontDialog::Complain(const std::u16string& text, int id) {
-    MessageBoxW(dialog_, SystemText(text).c_str(), SystemText(u"Font").c_str(),
-                MB_OK | MB_ICONINFORMATION);
+// Tells the user and goes to the control.
+void FontDialog::Complain(const std::u16string& text, int id) {
+    MessageBoxW(dialog_, text.c_str(), SystemText(u"Font").c_str(), MB_OK | MB_ICONINFORMATION);
     if (IsWindow(dialog_)) SetFocus(GetDlgItem(dialog_, id));
-    return false;
 }
 
 void FontDialog::Accept() {
@@ -301,13 +299,15 @@ void FontDialog::Accept() {
     };
     SelectTyped(kFamily);
     if (!Family() || !SameName(TextOfControl(dialog_, kFamily), Family()->name)) {
-        Complain(u"There is no font with that name.\nChoose a font from the list of fonts.",
-                 kFamily);
+        Complain(
+            SystemText(u"There is no font with that name.\nChoose a font from the list of fonts."),
+            kFamily);
     } else if (!Describe(font)) {
-        Complain(u"There is no font with that style.\nChoose a style from the list of styles.",
+        Complain(SystemText(
+                     u"There is no font with that style.\nChoose a style from the list of styles."),
                  kStyle);
     } else if (size <= 0) {
-        Complain(u"Size must be a number.", kSize);
+        Complain(SystemText(u"Size must be a number."), kSize);
     } else if (Has(CF_LIMITSIZE) &&
                (size < request_.nSizeMin * 10 || size > request_.nSizeMax * 10)) {
         Complain(SystemText(u"Size must be between ") + number(request_.nSizeMin) +
@@ -417,21 +417,24 @@ INT_PTR CALLBACK FontDialog::Procedure(HWND dialog, UINT message, WPARAM first, 
 DialogTemplate UsualTemplate() {
     constexpr DWORD list = WS_VSCROLL | WS_TABSTOP | CBS_DISABLENOSCROLL;
     DialogTemplate made = SystemDialog(SystemText(u"Font"), 261, 180, WS_SYSMENU);
-    AddControl(made, kStaticClass, stc1, u"&Font:", SS_LEFT, {7, 7, 105, 15});
+    AddSystemControl(made, kStaticClass, stc1, u"&Font:", SS_LEFT, {7, 7, 105, 15});
     AddControl(made, kComboBoxClass, kFamily, u"", CBS_SIMPLE | CBS_AUTOHSCROLL | CBS_SORT | list,
                {7, 16, 105, 92});
-    AddControl(made, kStaticClass, stc2, u"Font st&yle:", SS_LEFT, {110, 7, 154, 15});
+    AddSystemControl(made, kStaticClass, stc2, u"Font st&yle:", SS_LEFT, {110, 7, 154, 15});
     AddControl(made, kComboBoxClass, kStyle, u"", CBS_SIMPLE | list, {110, 16, 160, 92});
-    AddControl(made, kStaticClass, stc3, u"&Size:", SS_LEFT, {165, 7, 195, 15});
+    AddSystemControl(made, kStaticClass, stc3, u"&Size:", SS_LEFT, {165, 7, 195, 15});
     AddControl(made, kComboBoxClass, kSize, u"", CBS_SIMPLE | list, {165, 16, 200, 92});
-    AddControl(made, kButtonClass, IDOK, u"OK", BS_DEFPUSHBUTTON | WS_TABSTOP | WS_GROUP,
-               {206, 16, 254, 30});
-    AddControl(made, kButtonClass, IDCANCEL, u"Cancel", WS_TABSTOP | WS_GROUP, {206, 34, 254, 48});
-    AddControl(made, kButtonClass, pshHelp, u"&Help", WS_TABSTOP | WS_GROUP, {206, 52, 254, 66});
-    AddControl(made, kButtonClass, grp2, u"Sample", BS_GROUPBOX | WS_GROUP, {110, 97, 254, 140});
+    AddSystemControl(made, kButtonClass, IDOK, u"OK", BS_DEFPUSHBUTTON | WS_TABSTOP | WS_GROUP,
+                     {206, 16, 254, 30});
+    AddSystemControl(made, kButtonClass, IDCANCEL, u"Cancel", WS_TABSTOP | WS_GROUP,
+                     {206, 34, 254, 48});
+    AddSystemControl(made, kButtonClass, pshHelp, u"&Help", WS_TABSTOP | WS_GROUP,
+                     {206, 52, 254, 66});
+    AddSystemControl(made, kButtonClass, grp2, u"Sample", BS_GROUPBOX | WS_GROUP,
+                     {110, 97, 254, 140});
     AddControl(made, kStaticClass, kSample, u"AaBbYyZz", SS_CENTER | SS_NOPREFIX,
                {118, 108, 246, 134});
-    AddControl(made, kStaticClass, stc6, u"Sc&ript:", SS_LEFT, {110, 147, 140, 155});
+    AddSystemControl(made, kStaticClass, stc6, u"Sc&ript:", SS_LEFT, {110, 147, 140, 155});
     AddControl(made, kComboBoxClass, kScript, u"", CBS_DROPDOWNLIST | WS_VSCROLL | WS_TABSTOP,
                {110, 157, 254, 227});
     return made;

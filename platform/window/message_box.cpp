@@ -111,7 +111,7 @@ DialogTemplate TemplateOf(const Box& box) {
     DialogTemplate made = SystemDialog(box.caption, 0, 0, system_menu);
     if (IconOf(box.type)) AddControl(made, kStaticClass, kIconId, u"", SS_ICON, {});
     for (size_t i = 0; i < box.buttons.size(); ++i)
-        AddControl(
+        AddSystemControl(
             made, kButtonClass, box.buttons[i].id, box.buttons[i].text,
             WS_TABSTOP | static_cast<DWORD>(i == 0 ? WS_GROUP : 0) |
                 static_cast<DWORD>(i == box.default_button ? BS_DEFPUSHBUTTON : BS_PUSHBUTTON),

@@ -92,7 +92,7 @@ BOOL TakeFor(LPMSG message, HWND window, UINT first, UINT last, bool remove) {
 }
 
 // False if the thread has ended.
-bool Enqueue(MessageQueue& target, const std::shared_ptr<SentMessage>& sent) {
+bool Enqueue(MessageQueue& target, const std::shared_ptr<SentWork>& sent) {
     std::lock_guard guard(target.lock);
     if (target.ended) return false;
     target.sent.push_back(sent);
@@ -100,36 +100,27 @@ bool Enqueue(MessageQueue& target, const std::shared_ptr<SentMessage>& sent) {
     return true;
 }
 
-// Sends it and waits for the answer, doing meanwhile what others send to this thread.
-LRESULT SendToOtherThread(MessageQueue& target, const std::shared_ptr<SentMessage>& sent) {
-    const std::shared_ptr<MessageQueue> own = ThisQueue();
-    sent->sender = own;
-    if (!Enqueue(target, sent)) return 0;
-    std::unique_lock guard(own->lock);
-    for (;;) {
-        own->arrived.wait(guard, [&] { return sent->done || !own->sent.empty(); });
-        if (sent->done) return sent->answer;
-        guard.unlock();
-        own->AnswerSent();
-        guard.lock();
-    }
-}
-
 } // namespace
 
 LRESULT DoInThread(const std::shared_ptr<MessageQueue>& queue, std::function<LRESULT()> work) {
     return Guarded(LRESULT(0), [&] {
-        auto sent = std::make_shared<SentMessage>();
-        sent->work = std::move(work);
-        return SendToOtherThread(*queue, sent);
+        const std::shared_ptr<MessageQueue> own = ThisQueue();
+        const auto sent = std::make_shared<SentWork>(SentWork{std::move(work), 0, false, own});
+        if (!Enqueue(*queue, sent)) return LRESULT{0};
+        std::unique_lock guard(own->lock);
+        for (;;) {
+            own->arrived.wait(guard, [&] { return sent->done || !own->sent.empty(); });
+            if (sent->done) return sent->answer;
+            guard.unlock();
+            own->AnswerSent();
+            guard.lock();
+        }
     });
 }
 
 void AskThread(const std::shared_ptr<MessageQueue>& queue, std::function<LRESULT()> work) {
     Guarded(false, [&] {
-        auto sent = std::make_shared<SentMessage>();
-        sent->work = std::move(work);
-        return Enqueue(*queue, sent);
+        return Enqueue(*queue, std::make_shared<SentWork>(SentWork{std::move(work), 0, false, {}}));
     });
 }
 
@@ -155,12 +146,7 @@ LRESULT WINAPI SendMessageW(HWND window, UINT message, WPARAM first, LPARAM seco
     if (!found) return 0;
     if (found->queue == ThisQueue()) return CallWindow(window, message, first, second);
     return Guarded(LRESULT(0), [&] {
-        auto sent = std::make_shared<SentMessage>();
-        sent->window = window;
-        sent->message = message;
-        sent->first = first;
-        sent->second = second;
-        return SendToOtherThread(*found->queue, sent);
+        return DoInThread(found->queue, [=] { return CallWindow(window, message, first, second); });
     });
 }
 

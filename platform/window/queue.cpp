@@ -31,17 +31,17 @@ struct QueueHolder {
             std::lock_guard guard(TheQueues().lock);
             TheQueues().by_thread.erase(queue->thread);
         }
-        std::deque<std::shared_ptr<SentMessage>> waiting;
+        std::deque<std::shared_ptr<SentWork>> waiting;
         {
             std::lock_guard guard(queue->lock);
             queue->ended = true;
             waiting.swap(queue->sent);
         }
-        for (const auto& message : waiting) {
-            if (!message->sender) continue;
-            std::lock_guard guard(message->sender->lock);
-            message->done = true;
-            message->sender->arrived.notify_all();
+        for (const auto& item : waiting) {
+            if (!item->sender) continue;
+            std::lock_guard guard(item->sender->lock);
+            item->done = true;
+            item->sender->arrived.notify_all();
         }
         DropWindowsOf(queue.get());
     }
@@ -76,16 +76,14 @@ void MessageQueue::Post(const MSG& message) {
 
 void MessageQueue::AnswerSent() {
     for (;;) {
-        std::shared_ptr<SentMessage> next;
+        std::shared_ptr<SentWork> next;
         {
             std::lock_guard guard(lock);
             if (sent.empty()) return;
             next = std::move(sent.front());
             sent.pop_front();
         }
-        const LRESULT answer =
-            next->work ? next->work()
-                       : CallWindow(next->window, next->message, next->first, next->second);
+        const LRESULT answer = next->work();
         if (!next->sender) continue;
         std::lock_guard guard(next->sender->lock);
         next->answer = answer;

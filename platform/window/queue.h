@@ -13,13 +13,9 @@
 
 namespace win32host {
 
-// A message from another thread, or something else that it wants done here.
-struct SentMessage {
-    HWND window = nullptr;
-    UINT message = 0;
-    WPARAM first = 0;
-    LPARAM second = 0;
-    std::function<LRESULT()> work; // in place of the message
+// Work that another thread wants done here: mostly a message for a window.
+struct SentWork {
+    std::function<LRESULT()> work;
     LRESULT answer = 0;
     bool done = false;                          // guarded by the sender's queue
     std::shared_ptr<class MessageQueue> sender; // waits for the answer; null if nobody does
@@ -47,7 +43,7 @@ public:
     std::mutex lock;
     std::condition_variable arrived;
     std::deque<MSG> posted;
-    std::deque<std::shared_ptr<SentMessage>> sent;
+    std::deque<std::shared_ptr<SentWork>> sent;
     bool ended = false;
 
     void Post(const MSG& message);
@@ -80,7 +76,8 @@ std::shared_ptr<MessageQueue> QueueOfThread(DWORD thread);
 LRESULT CallWindow(HWND window, UINT message, WPARAM first, LPARAM second);
 
 // Does something in the thread of a queue, between its messages, and answers the result: 0 if the
-// thread has ended. AskThread does not wait.
+// thread has ended. The caller waits, and meanwhile does what others send to its thread. AskThread
+// does not wait.
 LRESULT DoInThread(const std::shared_ptr<MessageQueue>& queue, std::function<LRESULT()> work);
 void AskThread(const std::shared_ptr<MessageQueue>& queue, std::function<LRESULT()> work);
 

@@ -39,9 +39,9 @@ void AddControl(DialogTemplate& dialog, uint16_t window_class, int id, const std
     dialog.items.push_back(std::move(item));
 }
 
-void AddControl(DialogTemplate& dialog, uint16_t window_class, int id, const char16_t* text,
-                DWORD style, RECT place) {
-    AddControl(dialog, window_class, id, SystemText(text), style, place);
+void AddSystemControl(DialogTemplate& dialog, uint16_t window_class, int id,
+                      std::u16string_view english, DWORD style, RECT place) {
+    AddControl(dialog, window_class, id, SystemText(english), style, place);
 }
 
 std::u16string TextOfControl(HWND dialog, int id) {

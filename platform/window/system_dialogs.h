@@ -6,6 +6,7 @@
 #include <windows.h>
 
 #include <string>
+#include <string_view>
 
 namespace win32host {
 
@@ -19,12 +20,12 @@ constexpr uint16_t kComboBoxClass = 0x85;
 // is added to that of every dialog.
 DialogTemplate SystemDialog(const std::u16string& title, int width, int height, DWORD style);
 
-// Adds a visible control; place and size are in dialog units. The second form is for texts of the
-// system's: it takes them in English and shows them in the user's language.
+// Adds a visible control; place and size are in dialog units.
 void AddControl(DialogTemplate& dialog, uint16_t window_class, int id, const std::u16string& text,
                 DWORD style, RECT place);
-void AddControl(DialogTemplate& dialog, uint16_t window_class, int id, const char16_t* text,
-                DWORD style, RECT place);
+// The same with a text of the system's, which is given in English and shown in the user's language.
+void AddSystemControl(DialogTemplate& dialog, uint16_t window_class, int id,
+                      std::u16string_view english, DWORD style, RECT place);
 
 // The text of a control, whatever its length.
 std::u16string TextOfControl(HWND dialog, int id);

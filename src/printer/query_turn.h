@@ -1,7 +1,7 @@
 // The turn of one query.
 #pragma once
 
-#include <windows.h>
+#include "core/machine_lock.h"
 
 // The answers of a query are stored in one place for the whole machine, for any printer. So queries
 // take turns: one holds its turn from before its job is made until it has read the answers. All
@@ -9,15 +9,12 @@
 class QueryTurn {
 public:
     // Waits for its turn: for an hour at most, which no query takes.
-    QueryTurn();
-    ~QueryTurn();
-    QueryTurn(const QueryTurn&) = delete;
-    QueryTurn& operator=(const QueryTurn&) = delete;
+    QueryTurn()
+        : lock_(TEXT("Valdrick Printer Query"), 60 * 60 * 1000) {}
 
     // False if the turn never came. Then nothing may be asked.
-    bool IsOwn() const { return own_; }
+    bool IsOwn() const { return lock_.IsHeld(); }
 
 private:
-    HANDLE mutex_;
-    bool own_ = false;
+    const MachineLock lock_;
 };

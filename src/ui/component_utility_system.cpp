@@ -5,9 +5,6 @@
 
 namespace {
 
-constexpr uint32_t kWindows95Family = 1; // dwPlatformId
-constexpr uint32_t kWindowsNTFamily = 2;
-
 enum Suite : uint32_t { ENTERPRISE = 0x2, DATACENTER = 0x80, PERSONAL = 0x200, BLADE = 0x400 };
 
 constexpr uint8_t kWorkstation = 1; // product
@@ -86,18 +83,13 @@ OString ServicePackOf(const OSVERSIONINFOEXW& system) {
     return pack << " (Build " << LOWORD(system.dwBuildNumber) << ")";
 }
 
-// Where the driver runs on another system, in a host that stands in for Windows, that host has a
-// function that names the system. False on Windows.
+// Where the driver runs on another system, in a host that stands in for Windows, the registry names
+// that system. False on Windows.
 bool NameOtherSystem(OString& name, OString& kernel) {
-    using Ask = BOOL WINAPI(WCHAR*, DWORD, WCHAR*, DWORD);
-    const HMODULE library = GetModuleHandleW(TEXT("kernel32.dll"));
-    auto* const ask = reinterpret_cast<Ask*>(
-        reinterpret_cast<void*>(library ? GetProcAddress(library, "GetHostSystemName") : nullptr));
-    WCHAR names[2][128] = {};
-    if (!ask || !ask(names[0], 128, names[1], 128)) return false;
-    name = names[0];
-    kernel = names[1];
-    return true;
+    ORegistry registry;
+    name = registry.GetString("LOCAL_MACHINE:HARDWARE/DESCRIPTION/Host/Name", OString());
+    kernel = registry.GetString("LOCAL_MACHINE:HARDWARE/DESCRIPTION/Host/Kernel", OString());
+    return !name.IsEmpty();
 }
 
 } // namespace
@@ -105,11 +97,11 @@ bool NameOtherSystem(OString& name, OString& kernel) {
 void DescribeSystem(const OSVERSIONINFOEXW& system, bool extended, OString& name, OString& edition,
                     OString& service_pack) {
     name = edition = service_pack = OString();
-    if (system.dwPlatformId == kWindows95Family) {
+    if (system.dwPlatformId == VER_PLATFORM_WIN32_WINDOWS) {
         if (system.dwMajorVersion == 4) DescribeWindows95(system, name, service_pack);
         return;
     }
-    if (system.dwPlatformId != kWindowsNTFamily) return;
+    if (system.dwPlatformId != VER_PLATFORM_WIN32_NT) return;
     name = NameOfWindowsNT(system);
     if (!extended)
         edition = EditionInRegistry();

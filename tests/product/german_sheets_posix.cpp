@@ -2,7 +2,6 @@
 #include "support/labelhost_test.h"
 
 #include <cctype>
-#include <regex>
 #include <set>
 
 namespace {
@@ -29,12 +28,23 @@ constexpr struct {
                  "click 624\nstate\nanswer Cancel\ncancel\npage #3\nstate\n"},
 };
 
-// What is the same in both languages begins so: names of symbologies, tags and stored things, and
-// some words.
-const std::regex kCommon(
-    "(203 dpi|Barcode |RFID|ISO 15693|EPC-|SGLN-|SGTIN-|SSCC-|Tag-It HF|I-CODE1|Picotag|ASCII|USER|"
-    "THAI|VIET|Draft|High quality|Wristband|Floyd-Steinberg|Jarvis|Copyright |&Name:|Na&me:|Name|"
-    "Normal|Position|Standard|&Version).*");
+// What is the same in both languages.
+const std::set<std::string> kCommon = {
+    // Words that are.
+    "&Name:", "Na&me:", "Normal", "Position", "Standard", "&Version...", "203 dpi x 203 dpi",
+    // Sheets, which the system calls so.
+    "Sprachen Properties",
+    // Names of stored presets, and of methods and formats.
+    "Draft", "High quality", "Wristband", "Floyd-Steinberg", "Jarvis", "ASCII", "I-CODE1",
+    "Picotag", "RFID", "SGLN-64", "SGTIN-64", "SSCC-64", "Tag-It HF", "THAI", "USER", "VIET",
+    // Names of fonts.
+    "Barcode Aztec", "Barcode Codabar", "Barcode Code 11", "Barcode Code 128", "Barcode Code 39",
+    "Barcode Code 49", "Barcode Code 93", "Barcode Data Matrix", "Barcode DataBar",
+    "Barcode DataBar Composite", "Barcode EAN-13", "Barcode EAN-8", "Barcode Interleaved 2 of 5",
+    "Barcode MSI", "Barcode MaxiCode", "Barcode MicroPDF417", "Barcode PDF417", "Barcode PLANET",
+    "Barcode POSTNET", "Barcode QR Code", "Barcode UPC-A", "Barcode UPC-E", "RFID EPC-64",
+    "RFID EPC-96", "RFID I-CODE1", "RFID ISO 15693", "RFID Picotag", "RFID SGLN-64",
+    "RFID SGTIN-64", "RFID SSCC-64", "RFID Tag-it"};
 
 class GermanSheets : public Labelhost {
 protected:
@@ -53,13 +63,13 @@ protected:
         if (told.is_structured())
             for (const auto& [name, value] : told.items())
                 if (name != "class" && name != "window" && name != "icon" && name != "buttons" &&
-                    name != "sheet" && name != "name")
+                    name != "name")
                     AddTexts(value, texts);
     }
 };
 
 bool MayBeEnglish(const std::string& text) {
-    if (std::regex_match(text, kCommon)) return false;
+    if (kCommon.contains(text) || text.starts_with("Copyright ©")) return false;
     const auto is_letter = [](unsigned char c) { return std::isalpha(c) != 0; };
     return std::count_if(text.begin(), text.end(), is_letter) > 3;
 }

@@ -171,6 +171,43 @@ sheet Dock3 --device
   cancel
   cancel
 
+# With one number for formats, each makes the one before go; the printer erases what is not stored
+# again later in the job. What finds no place beside what is locked erases nothing.
+file three.prn
+  ^XA^DFR:LABEL.ZPL^FS^XZ^XA^DFR:AGAIN.ZPL^FS^XZ^XA^DFR:LABEL.ZPL^FS^XZ
+file large.prn
+  ~DGR:LARGE.GRF,600000,8,FF
+file larger.prn
+  ~DGR:SMALL.GRF,300000,8,FF
+  ~DGR:LARGER.GRF,700000,8,FF
+sheet Dock3 --device
+  page "Tools"
+  click 616
+  type 643 "1"
+  apply
+  cancel
+  menu 612 28694
+  file "$FILES\\three.prn"
+  menu 612 28694
+  file "$FILES\\large.prn"
+  click 616
+  page "Cache Contents"
+  state
+  = 661 {"items": [["Graphic 1", "586 K", "0", "0", "LARGE.GRF"], ["Format 1", "0.0 K", "0", "1", "LABEL.ZPL"]]}
+  select 661 #0
+  menu 662 672
+  cancel
+  menu 612 28694
+  file "$FILES\\larger.prn"
+  click 616
+  page "Cache Contents"
+  state
+  = 661 {"items": [["Graphic 1 *", "586 K", "0", "1", "LARGE.GRF"], ["Graphic 2", "293 K", "0", "0", "SMALL.GRF"], ["Format 1", "0.0 K", "0", "2", "LABEL.ZPL"]]}
+  cancel
+  cancel
+jobs Dock3
+= {"/8/name": "three.prn", "/8/bytes": 95, "/10/name": "larger.prn", "/10/bytes": 55}
+
 # The numbers follow what is typed, not each digit on the way. This model keeps no formats.
 sheet Dock3 --device
   page "Tools"
